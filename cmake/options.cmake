@@ -1,0 +1,36 @@
+# tolvane_options: what every target of the project is compiled with.
+#
+# Warnings are errors in project code; code of others (GoogleTest) is included as SYSTEM.
+add_library(tolvane_options INTERFACE)
+target_compile_features(tolvane_options INTERFACE cxx_std_20)
+
+set(tolvane_warnings
+    -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wundef -Wold-style-cast -Woverloaded-virtual
+    -Wimplicit-fallthrough -Wcast-function-type)
+if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
+  list(APPEND tolvane_warnings -Wsuggest-override -Wduplicated-cond -Wlogical-op)
+endif()
+target_compile_options(tolvane_options INTERFACE ${tolvane_warnings} -Werror)
+
+if(WIN32)
+  target_compile_definitions(tolvane_options INTERFACE UNICODE _UNICODE WIN32_LEAN_AND_MEAN NOMINMAX
+                                                       WINVER=0x0601 _WIN32_WINNT=0x0601)
+  # The program folder holds no run-time libraries of the compiler.
+  target_link_options(tolvane_options INTERFACE -static)
+endif()
+
+if(TOLVANE_SANITIZE OR TOLVANE_FUZZ)
+  set(tolvane_sanitizers -fsanitize=address,undefined -fno-sanitize-recover=all
+                         -fno-omit-frame-pointer)
+  target_compile_options(tolvane_options INTERFACE ${tolvane_sanitizers})
+  target_link_options(tolvane_options INTERFACE ${tolvane_sanitizers})
+endif()
+
+# tolvane_library(name SOURCES ... USES ...): one static library of one floor of the program.
+# USES names the libraries of the floors below it; the include check compares the real includes.
+function(tolvane_library name)
+  cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "SOURCES;USES")
+  add_library(${name} STATIC ${arg_SOURCES})
+  target_include_directories(${name} PUBLIC "${CMAKE_SOURCE_DIR}/src")
+  target_link_libraries(${name} PUBLIC ${arg_USES} PRIVATE tolvane_options)
+endfunction()

@@ -1,0 +1,25 @@
+# GoogleTest: Debian's library natively, its source package compiled here for Windows.
+if(WIN32)
+  set(gtest_force_shared_crt ON)
+  add_subdirectory(/usr/src/googletest "${CMAKE_BINARY_DIR}/googletest" EXCLUDE_FROM_ALL SYSTEM)
+  if(NOT TARGET GTest::gtest_main)
+    add_library(GTest::gtest_main ALIAS gtest_main)
+  endif()
+else()
+  find_package(GTest REQUIRED)
+endif()
+include(GoogleTest)
+
+# tolvane_test(name SOURCES ... USES ...): one test binary. A ctest entry per case natively; one per
+# binary under Wine, where starting a process costs seconds.
+function(tolvane_test name)
+  cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "SOURCES;USES")
+  add_executable(${name} ${arg_SOURCES})
+  target_include_directories(${name} PRIVATE "${CMAKE_SOURCE_DIR}")
+  target_link_libraries(${name} PRIVATE ${arg_USES} tolvane_options GTest::gtest_main)
+  if(WIN32)
+    add_test(NAME ${name} COMMAND ${CMAKE_SOURCE_DIR}/scripts/lib/wine-run $<TARGET_FILE:${name}>)
+  else()
+    gtest_discover_tests(${name} DISCOVERY_TIMEOUT 60)
+  endif()
+endfunction()

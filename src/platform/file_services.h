@@ -1,0 +1,60 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <span>
+#include <vector>
+
+#include "platform/string.h"
+
+namespace tolvane::platform {
+
+/// A text file open for writing, 8-bit in the system code page.
+class TextStream {
+ public:
+  virtual ~TextStream() = default;
+  /// Characters that the code page cannot hold become "?". False when not all could be written.
+  [[nodiscard]] virtual bool Write(StringView text) = 0;
+  /// False when what was written may not have reached the file. Destruction closes silently.
+  [[nodiscard]] virtual bool Close() = 0;
+};
+
+/// Files and folders. Paths use the backslash. Nothing here pumps messages.
+class FileServices {
+ public:
+  virtual ~FileServices() = default;
+
+  [[nodiscard]] virtual bool FolderExists(StringView path) = 0;
+  [[nodiscard]] virtual bool FileExists(StringView path) = 0;
+  /// One level; false also when the folder exists already.
+  [[nodiscard]] virtual bool CreateFolder(StringView path) = 0;
+  /// Null on failure. With `overwrite` an existing file is replaced, without it refused. The
+  /// program writes 8-bit text only, so `unicode` is always false.
+  [[nodiscard]] virtual std::unique_ptr<TextStream> CreateTextFile(StringView path, bool overwrite,
+                                                                   bool unicode) = 0;
+  /// With `force` read-only files too.
+  virtual bool DeleteFile(StringView path, bool force) = 0;
+
+  /// The first `size` bytes of a file, fewer when it is shorter; empty when it cannot be read.
+  [[nodiscard]] virtual std::optional<std::vector<std::byte>> ReadBinary(StringView path,
+                                                                         std::size_t size) = 0;
+  /// Writes `bytes` at the start of a file, made if need be; what lies behind them stays.
+  [[nodiscard]] virtual bool WriteBinary(StringView path, std::span<const std::byte> bytes) = 0;
+
+  /// The attribute value of a file or folder (16 is a plain folder); empty when there is none.
+  [[nodiscard]] virtual std::optional<std::int32_t> Attributes(StringView path) = 0;
+};
+
+/// Folders that the system knows. None ends in a backslash; empty when the system has none.
+class SpecialFolders {
+ public:
+  virtual ~SpecialFolders() = default;
+  /// "Desktop" of the signed-in user.
+  [[nodiscard]] virtual String Desktop() = 0;
+  /// Where the vendors' libraries stand.
+  [[nodiscard]] virtual String System() = 0;
+};
+
+}  // namespace tolvane::platform

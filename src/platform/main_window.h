@@ -1,0 +1,63 @@
+#pragma once
+
+#include "platform/controls.h"
+#include "platform/rich_text_view.h"
+
+namespace tolvane::platform {
+
+/// The main window itself: what the logic does to it beside its controls.
+class Window {
+ public:
+  virtual ~Window() = default;
+  virtual void Caption(StringView text) = 0;
+  /// Starts the closing of the window: Form_QueryUnload, and unless that refuses, Form_Unload.
+  virtual void Unload() = 0;
+};
+
+/// The progress splash shown while adapters are searched.
+class Splash {
+ public:
+  virtual ~Splash() = default;
+  virtual void Lb_msg(StringView text) = 0;
+  /// 0.0 to 1.0 of the track's width, the bar's left edge being the rounded product.
+  virtual void Progress(double fraction) = 0;
+  virtual void Visible(bool visible) = 0;
+};
+
+/// The main window's controls under their own names, which are also their ids in resource.h.
+struct MainWindow {
+  Window& window;
+  Splash& Form2;
+
+  Button& Bt_Connect;
+  Button& Bt_Disconnect;
+  ComboBox& Cmb_Serect_Device;
+  TextBox& TB_ODB_Hard_Version;
+  TextBox& TB_Protocol;
+  TextBox& TB_Status;
+  TextBox& TB_LogComment;
+  Picture& Pic_Caution;
+  RichTextView& RTB_MainView;
+
+  MenuItem& menu_common_setting;
+  MenuItem& menu_opt_function1;
+  MenuItem& menu_opt_log1;
+
+  // The view's pop-up.
+  MenuItem& menu_View_All_Copy;
+  MenuItem& menu_View_Ctrl_Z;
+  MenuItem& menu_View_Ctrl_X;
+  MenuItem& menu_View_Ctrl_C;
+  MenuItem& menu_View_Ctrl_V;
+  MenuItem& menu_View_DEL;
+  MenuItem& menu_View_Text_Red;
+  MenuItem& menu_View_Text_Blue;
+  MenuItem& menu_View_Text_Black;
+  MenuItem& menu_View_Marker_Pink;
+  MenuItem& menu_View_Marker_Yellow;
+  MenuItem& menu_View_Marker_black;
+  MenuItem& menu_View_Marker_white;
+  MenuItem& menu_View_Date;
+};
+
+}  // namespace tolvane::platform

@@ -1,0 +1,61 @@
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+
+#include "platform/string.h"
+#include "run/column.h"
+
+namespace tolvane {
+
+/// Short text made on the stack, for the paths of a frame and of a tick, where nothing is
+/// allocated. Converts to a view that lives as long as the object.
+class ShortText {
+ public:
+  static constexpr std::size_t kCapacity = 32;  // characters; a double takes at most 22
+
+  void Append(char16_t character) { characters_[length_++] = character; }
+  void Append(StringView text) {
+    for (const char16_t character : text) Append(character);
+  }
+  [[nodiscard]] std::size_t Length() const { return length_; }
+  [[nodiscard]] StringView View() const { return {characters_.data(), length_}; }
+  operator StringView() const { return View(); }
+
+ private:
+  std::array<char16_t, kCapacity> characters_;
+  std::size_t length_ = 0;
+};
+
+/// Decimal text, no padding, no sign for what is not negative.
+[[nodiscard]] ShortText DecimalText(std::int64_t value);
+
+/// The general number form: at most 15 significant digits, no trailing zeros, "." always. Below
+/// 0.0001 and from 1E+15 on with an exponent of at least two digits, as 1.4E-14. What is not
+/// finite gives "0".
+[[nodiscard]] ShortText DecimalText(double value);
+
+/// Up to four decimals, no trailing zeros: "100", "100.25".
+[[nodiscard]] ShortText DecimalText(Currency value);
+
+/// Upper-case hexadecimal of the 32-bit two's complement, no padding.
+[[nodiscard]] ShortText HexText(std::int32_t value);
+
+/// Two upper-case digits.
+[[nodiscard]] ShortText HexByteText(std::uint8_t value);
+
+/// An 11-bit identifier: three digits up to 255, above that as it stands. A negative one is below
+/// 16 and so gets two zeros in front of its eight digits.
+[[nodiscard]] ShortText HexID11Text(std::int32_t id);
+
+/// Text of an ID in a settings box and in the foot of the page: as HexID11Text, but 0 is "0".
+[[nodiscard]] ShortText HexSettingText(std::int32_t id);
+
+/// Round half to even, in double precision; for any finite value.
+[[nodiscard]] double RoundHalfToEven(double value);
+
+/// Rounded to four decimals, halves to even. What does not fit 64 bits becomes the nearest bound.
+[[nodiscard]] Currency ToCurrency(double value);
+
+}  // namespace tolvane

@@ -1,0 +1,95 @@
+#include "run/number_text.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <limits>
+
+namespace tolvane {
+namespace {
+
+TEST(DecimalText, DoubleHasAtMostFifteenDigitsAndNoTrailingZeros) {
+  struct Row {
+    double value;
+    StringView text;
+  };
+  const Row rows[] = {{0.0, u"0"},
+                      {-0.0, u"0"},
+                      {100.0, u"100"},
+                      {1500.0 / 1000.0, u"1.5"},
+                      {-2.25, u"-2.25"},
+                      {0.1 + 0.2, u"0.3"},
+                      {1.0 / 3.0, u"0.333333333333333"},
+                      {12345678.9, u"12345678.9"},
+                      {999999999999999.0, u"999999999999999"},
+                      {1e15, u"1E+15"},
+                      {-1234567890123456.0, u"-1.23456789012346E+15"},
+                      {0.0001, u"0.0001"},
+                      {0.00001, u"1E-05"},
+                      {1.4e-14, u"1.4E-14"},
+                      {5e-324, u"4.94065645841247E-324"},
+                      {std::numeric_limits<double>::max(), u"1.79769313486232E+308"},
+                      {std::numeric_limits<double>::infinity(), u"0"},
+                      {std::nan(""), u"0"}};
+  for (const Row& row : rows) EXPECT_EQ(DecimalText(row.value).View(), row.text) << row.value;
+}
+
+TEST(DecimalText, WholeNumbersReachBothEndsOfTheRange) {
+  EXPECT_EQ(DecimalText(std::numeric_limits<std::int64_t>::min()).View(), u"-9223372036854775808");
+  EXPECT_EQ(DecimalText(std::int64_t{20001}).View(), u"20001");
+}
+
+TEST(DecimalText, CurrencyPrintsFourDecimalsWithoutTrailingZeros) {
+  EXPECT_EQ(DecimalText(Currency{1002500}).View(), u"100.25");
+  EXPECT_EQ(DecimalText(Currency{1000000}).View(), u"100");
+  EXPECT_EQ(DecimalText(Currency{1}).View(), u"0.0001");
+  EXPECT_EQ(DecimalText(Currency{-15000}).View(), u"-1.5");
+  EXPECT_EQ(DecimalText(Currency{std::numeric_limits<std::int64_t>::min()}).View(),
+            u"-922337203685477.5808");
+}
+
+TEST(HexText, IsUpperCaseAndUnpadded) {
+  EXPECT_EQ(HexText(0).View(), u"0");
+  EXPECT_EQ(HexText(0x1ABCDEF).View(), u"1ABCDEF");
+  EXPECT_EQ(HexText(-1).View(), u"FFFFFFFF");
+  EXPECT_EQ(HexByteText(0x0A).View(), u"0A");
+  EXPECT_EQ(HexByteText(0xA0).View(), u"A0");
+}
+
+TEST(HexID11Text, PadsToThreeDigits) {
+  EXPECT_EQ(HexID11Text(0).View(), u"000");
+  EXPECT_EQ(HexID11Text(0x00F).View(), u"00F");
+  EXPECT_EQ(HexID11Text(0x010).View(), u"010");
+  EXPECT_EQ(HexID11Text(0x0FF).View(), u"0FF");
+  EXPECT_EQ(HexID11Text(0x100).View(), u"100");
+  EXPECT_EQ(HexID11Text(0x7FF).View(), u"7FF");
+  EXPECT_EQ(HexID11Text(0x1FFFFFFF).View(), u"1FFFFFFF");
+  EXPECT_EQ(HexID11Text(-1).View(), u"00FFFFFFFF");
+}
+
+TEST(HexSettingText, ZeroAloneHasOneDigit) {
+  EXPECT_EQ(HexSettingText(0).View(), u"0");
+  EXPECT_EQ(HexSettingText(1).View(), u"001");
+}
+
+TEST(RoundHalfToEven, TakesTheEvenNeighbourOfAHalf) {
+  EXPECT_EQ(RoundHalfToEven(0.5), 0.0);
+  EXPECT_EQ(RoundHalfToEven(1.5), 2.0);
+  EXPECT_EQ(RoundHalfToEven(2.5), 2.0);
+  EXPECT_EQ(RoundHalfToEven(-0.5), 0.0);
+  EXPECT_EQ(RoundHalfToEven(-1.5), -2.0);
+  EXPECT_EQ(RoundHalfToEven(2.5000001), 3.0);
+  EXPECT_EQ(RoundHalfToEven(-2.5000001), -3.0);
+}
+
+TEST(ToCurrency, RoundsToFourDecimalsAndStaysInRange) {
+  EXPECT_EQ(ToCurrency(100.25).ten_thousandths, 1002500);
+  EXPECT_EQ(ToCurrency(0.03125).ten_thousandths, 312);
+  EXPECT_EQ(ToCurrency(0.09375).ten_thousandths, 938);
+  EXPECT_EQ(ToCurrency(1e300).ten_thousandths, std::numeric_limits<std::int64_t>::max());
+  EXPECT_EQ(ToCurrency(-1e300).ten_thousandths, std::numeric_limits<std::int64_t>::min());
+  EXPECT_EQ(ToCurrency(std::nan("")).ten_thousandths, std::numeric_limits<std::int64_t>::min());
+}
+
+}  // namespace
+}  // namespace tolvane
