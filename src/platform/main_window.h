@@ -1,5 +1,7 @@
 #pragma once
 
+#include <cstdint>
+
 #include "platform/controls.h"
 #include "platform/rich_text_view.h"
 
@@ -10,8 +12,39 @@ class Window {
  public:
   virtual ~Window() = default;
   virtual void Caption(StringView text) = 0;
-  /// Starts the closing of the window: Form_QueryUnload, and unless that refuses, Form_Unload.
+  /// Closes the window before it returns: Form_QueryUnload, and unless that refuses, Form_Unload.
+  /// May be called before the window was ever shown, by a start that fails; the object and its
+  /// controls stay usable until the process ends.
   virtual void Unload() = 0;
+};
+
+/// What is unloaded with the main window.
+enum class OtherForm : std::uint8_t {
+  Form2,
+  FormBG,
+  FormBG_29,
+  FormBG2,
+  FormBG2_29,
+  FormVersion,
+  FormCommonSetting,
+  FormOption1,
+  FormHelp
+};
+
+class OtherForms {
+ public:
+  virtual ~OtherForms() = default;
+  /// Destroys the window and what belongs to it, of a worker its timer. Without effect on a form
+  /// that was never loaded.
+  virtual void Unload(OtherForm form) = 0;
+};
+
+class PopupMenu {
+ public:
+  virtual ~PopupMenu() = default;
+  /// Shows the menu at the mouse pointer, or at the caret when the keyboard asked for it, and
+  /// returns when it is closed. Pumps messages; the chosen command has run or is waiting then.
+  virtual void PopUp() = 0;
 };
 
 /// The progress splash shown while adapters are searched.
@@ -28,6 +61,7 @@ class Splash {
 struct MainWindow {
   Window& window;
   Splash& Form2;
+  OtherForms& other_forms;
 
   Button& Bt_Connect;
   Button& Bt_Disconnect;
@@ -44,6 +78,7 @@ struct MainWindow {
   MenuItem& menu_opt_log1;
 
   // The view's pop-up.
+  PopupMenu& menu_View;
   MenuItem& menu_View_All_Copy;
   MenuItem& menu_View_Ctrl_Z;
   MenuItem& menu_View_Ctrl_X;

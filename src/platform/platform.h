@@ -3,12 +3,15 @@
 #include "platform/automation.h"
 #include "platform/canlib_library.h"
 #include "platform/canusb_library.h"
+#include "platform/clipboard.h"
 #include "platform/code_page.h"
+#include "platform/cursors.h"
 #include "platform/event_loop.h"
 #include "platform/file_services.h"
 #include "platform/ifcan_library.h"
 #include "platform/local_time.h"
 #include "platform/message_box.h"
+#include "platform/single_instance.h"
 #include "platform/support_library.h"
 #include "platform/timer.h"
 #include "platform/timer_resolution.h"
@@ -38,6 +41,9 @@ struct Platform {
   WallClock& wall_clock;
   CodePage& code_page;
   AutomationServers& automation;
+  Clipboard& clipboard;
+  SingleInstance& single_instance;
+  Cursors& cursors;
 };
 
 }  // namespace tolvane::platform

@@ -22,20 +22,56 @@ namespace tolvane {
 /// Handlers run on the user-interface thread, during a run nested inside its yields.
 class Form1 {
  public:
+  /// `executable_folder` without a trailing backslash.
   Form1(const platform::Platform& platform, const platform::MainWindow& window,
         String executable_folder);
 
-  // shell/application.cpp
-  void Application_Open();
-  /// Sets `Cancel` to 1 to refuse the closing of the window.
-  void Form_QueryUnload(std::int32_t& Cancel);
+  // shell/application.cpp: the life of the process
 
-  // run/form1.cpp
+  /// The whole start; returns when the program waits for the user, or when the start has failed
+  /// and the window is unloaded. Yields and shows message boxes. The window is not visible yet.
+  void Form_Load();
+  void Application_Open();
+  /// Sets `Cancel` to 1 to refuse the closing of the window; otherwise saves what the user had.
+  void Form_QueryUnload(std::int32_t& Cancel);
+  void Form_Unload();
+  void menu_file_close_Click();
+  /// What makes Form_QueryUnload refuse, without its saving: for the question at the end of a
+  /// Windows session.
+  [[nodiscard]] bool ClosingIsRefused() const;
+
+  // run/form1.cpp: a run
+
   /// The whole run: returns when it has ended and the window is put back.
   void Bt_Connect_Click();
   void Bt_Disconnect_Click();
   void Bt_ViewClear_Click();
+  void Bt_SaveFile_Click();
+  /// Raised by every selection of a line, by the user or in code.
   void Cmb_Serect_Device_Click();
+
+  // shell/view_commands.cpp: the notebook between runs
+
+  void RTB_MainView_SelChange();
+  /// A right click in the view, or the menu key while it has the focus.
+  void RTB_MainView_ContextMenu();
+  void RTB_MainView_GotFocus();
+  void menu_View_All_Copy_Click();
+  void menu_View_Ctrl_Z_Click();
+  void menu_View_Ctrl_X_Click();
+  void menu_View_Ctrl_C_Click();
+  void menu_View_Ctrl_V_Click();
+  void menu_View_DEL_Click();
+  void menu_View_Text_Red_Click();
+  void menu_View_Text_Blue_Click();
+  void menu_View_Text_Black_Click();
+  void menu_View_Marker_Pink_Click();
+  void menu_View_Marker_Yellow_Click();
+  void menu_View_Marker_black_Click();
+  void menu_View_Marker_white_Click();
+  void menu_View_Date_Click();
+  /// Background of the selection; components 0 to 255.
+  void View_Set_Char_Effect(std::int16_t red, std::int16_t green, std::int16_t blue);
 
   ELM327_Info device;
   std::int32_t ApplicationOpenFlag = 0;  // 1 after a successful start-up; nothing reads it
@@ -48,12 +84,17 @@ class Form1 {
   CAN_DB_Interface IfCan_d;
   KvaserCAN kvCan_u;
   CAN_DB_Kvaser kvCan_d;
+  std::int32_t mouseCursor = 0;  // the hand shown over the link of FormVersion
   std::unique_ptr<platform::AutomationObject> objExcel;  // empty outside a run
 
  private:
+  /// How far start-up came decides what closing may write.
+  enum class StartUp : std::uint8_t { kNotBegun, kBegun, kSettingsRead };
+
   platform::Platform platform_;
   platform::MainWindow window_;
   Workers workers_;
+  StartUp start_up_ = StartUp::kNotBegun;
 };
 
 }  // namespace tolvane
