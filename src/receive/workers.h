@@ -1,0 +1,83 @@
+#pragma once
+
+#include <cstdint>
+#include <memory>
+
+#include "logging/excel_outputdb.h"
+#include "platform/platform.h"
+#include "receive/can_readdb.h"
+#include "receive/can_readdb29.h"
+#include "receive/run_parts.h"
+#include "receive/worker.h"
+#include "run/worker_kind.h"
+#include "view/tick.h"
+
+namespace tolvane {
+
+template <WorkerKind kKind>
+struct FrameTableOf {
+  using Type = CAN_ReadDB;
+};
+template <>
+struct FrameTableOf<WorkerKind::FormBG_29> {
+  using Type = CAN_ReadDB29;
+};
+template <>
+struct FrameTableOf<WorkerKind::FormBG2_29> {
+  using Type = CAN_ReadDB29;
+};
+
+/// One of the four workers, with what it keeps for the life of its form. The tables hold what the
+/// last run left until the next run clears them.
+template <WorkerKind kKind>
+class WorkerForm final : public Worker {
+ public:
+  using Table = typename FrameTableOf<kKind>::Type;
+
+  WorkerForm(const RunParts& parts, platform::Timer& TimerBackView);
+
+  void Open_CANUSB(platform::AutomationObject* objExcel, ELM327_Info& device, const CANUSB& CAN_u,
+                   CAN_DB& CAN_d) override;
+  std::int32_t Open_InterfaceCAN(platform::AutomationObject* objExcel, ELM327_Info& device,
+                                 const InterfaceCAN& IfCan_u, CAN_DB_Interface& IfCan_d) override;
+  void Open_KvaserCAN(platform::AutomationObject* objExcel, ELM327_Info& device,
+                      const KvaserCAN& kvCan_u, CAN_DB_Kvaser& kvCan_d) override;
+
+  [[nodiscard]] platform::Timer& TimerBackView() override { return TimerBackView_; }
+  [[nodiscard]] const Table& Frames() const { return *frames_; }
+
+ private:
+  RunParts parts_;
+  platform::Timer& TimerBackView_;
+  std::int32_t Device_Timer_Kind_ = 0;  // 1 CANUSB, 2 Interface, 3 Kvaser
+  // On the heap, hundreds of kilobytes each, so that a main window fits on a stack.
+  std::unique_ptr<Table> frames_ = std::make_unique<Table>();
+  std::unique_ptr<typename ViewTableOf<Table>::Type> highlights_ =
+      std::make_unique<typename ViewTableOf<Table>::Type>();
+  Excel_OutputDB log_;
+  Tick<Table> tick_;
+};
+
+using FormBG = WorkerForm<WorkerKind::FormBG>;
+using FormBG2 = WorkerForm<WorkerKind::FormBG2>;
+using FormBG_29 = WorkerForm<WorkerKind::FormBG_29>;
+using FormBG2_29 = WorkerForm<WorkerKind::FormBG2_29>;
+
+extern template class WorkerForm<WorkerKind::FormBG>;
+extern template class WorkerForm<WorkerKind::FormBG2>;
+extern template class WorkerForm<WorkerKind::FormBG_29>;
+extern template class WorkerForm<WorkerKind::FormBG2_29>;
+
+/// The four of them, made once with the main window.
+struct Workers {
+  Workers(const RunParts& parts, const platform::WorkerTimers& timers);
+
+  [[nodiscard]] Worker& Of(WorkerKind kind);
+
+  tolvane::FormBG FormBG;
+  tolvane::FormBG2 FormBG2;
+  tolvane::FormBG_29 FormBG_29;
+  tolvane::FormBG2_29 FormBG2_29;
+};
+
+}  // namespace tolvane
