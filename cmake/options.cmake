@@ -34,3 +34,18 @@ function(tolvane_library name)
   target_include_directories(${name} PUBLIC "${CMAKE_SOURCE_DIR}/src")
   target_link_libraries(${name} PUBLIC ${arg_USES} PRIVATE tolvane_options)
 endfunction()
+
+# The target `program` is what scripts/build leaves behind: the program's folder and, beside it, the
+# folder of the simulated libraries.
+if(WIN32)
+  add_custom_target(program)
+endif()
+
+# tolvane_program_file(target FOLDER): puts an executable or library, without "lib" before its name,
+# into build/windows-*/FOLDER/ (program or simulator).
+function(tolvane_program_file target folder)
+  set_target_properties(
+    ${target} PROPERTIES PREFIX "" RUNTIME_OUTPUT_DIRECTORY "${CMAKE_BINARY_DIR}/${folder}"
+                         LIBRARY_OUTPUT_DIRECTORY "${CMAKE_BINARY_DIR}/${folder}")
+  add_dependencies(program ${target})
+endfunction()
