@@ -21,6 +21,12 @@ class TextStream {
   [[nodiscard]] virtual bool Close() = 0;
 };
 
+/// What was read of a file.
+struct BinaryRead {
+  std::vector<std::byte> bytes;
+  bool closed;  // false when the file was read but could not be closed
+};
+
 /// Files and folders. Paths use the backslash. Nothing here pumps messages.
 class FileServices {
  public:
@@ -38,8 +44,7 @@ class FileServices {
   virtual bool DeleteFile(StringView path, bool force) = 0;
 
   /// The first `size` bytes of a file, fewer when it is shorter; empty when it cannot be read.
-  [[nodiscard]] virtual std::optional<std::vector<std::byte>> ReadBinary(StringView path,
-                                                                         std::size_t size) = 0;
+  [[nodiscard]] virtual std::optional<BinaryRead> ReadBinary(StringView path, std::size_t size) = 0;
   /// Writes `bytes` at the start of a file, made if need be; what lies behind them stays.
   [[nodiscard]] virtual bool WriteBinary(StringView path, std::span<const std::byte> bytes) = 0;
 

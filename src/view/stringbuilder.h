@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 
 #include "platform/string.h"
@@ -23,6 +24,14 @@ class StringBuilder {
     mTextLength = static_cast<std::int32_t>(end);
   }
 
+  /// Room for `length` characters behind the text, at most mGrowStep, for text that is made in
+  /// place; Take counts in what was written there. Valid until the next change.
+  [[nodiscard]] char16_t* Reserve(std::size_t length) {
+    if (static_cast<std::size_t>(mTextLength) + length > mBuffer.size()) Grow();
+    return mBuffer.data() + mTextLength;
+  }
+  void Take(std::size_t length) { mTextLength += static_cast<std::int32_t>(length); }
+
   /// The first mTextLength characters. Valid until the next change.
   [[nodiscard]] StringView Text() const {
     return StringView(mBuffer).substr(0, static_cast<std::size_t>(mTextLength));
@@ -35,6 +44,7 @@ class StringBuilder {
   std::int32_t mTextLength = 0;  // characters in use
 
  private:
+  void Grow();
   void AppendGrown(StringView AppendString);
 
   String mBuffer;

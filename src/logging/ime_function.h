@@ -1,0 +1,23 @@
+#pragma once
+
+#include "platform/file_services.h"
+#include "platform/local_time.h"
+#include "platform/message_box.h"
+#include "platform/rich_text_view.h"
+#include "run/elm327_info.h"
+
+namespace tolvane::IME_Function {
+
+struct SnapshotServices {
+  platform::FileServices& files;
+  platform::SpecialFolders& folders;
+  platform::WallClock& wall_clock;
+  platform::MessageBox& message_box;
+  platform::RichTextView& RTB_MainView;
+};
+
+/// Saves what RTB_MainView shows to a new file and says so in a modal box, which pumps messages.
+/// A missing snapshot folder overwrites the setting of `device` with the desktop.
+void SaveSnapshotFile(ELM327_Info& device, const SnapshotServices& services);
+
+}  // namespace tolvane::IME_Function

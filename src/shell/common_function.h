@@ -1,0 +1,15 @@
+#pragma once
+
+#include "platform/automation.h"
+#include "run/elm327_info.h"
+
+namespace tolvane::Common_Function {
+
+/// Notes in `device` whether there is an Access server, and its major version.
+void Access_Install_Check(ELM327_Info& device, platform::AutomationServers& servers);
+
+/// Notes in `device` which spreadsheet servers there are, and Excel's major version. Without any,
+/// the log format is forced to comma-separated text.
+void Excel_Install_Check(ELM327_Info& device, platform::AutomationServers& servers);
+
+}  // namespace tolvane::Common_Function
