@@ -1,0 +1,166 @@
+#include "config/formoptionlog1.h"
+
+#include <gtest/gtest.h>
+
+namespace tolvane {
+namespace {
+
+constexpr std::int32_t kGreen = 0x0BA000;
+constexpr std::int32_t kRed = 0x0000FF;
+
+class FormOptionLog1Test : public testing::Test {
+ protected:
+  FormOptionLog1Test() { device.Param_ALL_Clear(); }
+
+  ELM327_Info device{u"C:\\Tolvane"};
+  FormOptionLog1 form;
+};
+
+TEST_F(FormOptionLog1Test, OpeningShowsTheDefaults) {
+  device.ExcelInstallCheck = 1;
+  device.ExcelInstallVersion = 16;
+  form.read_setting(device);
+  EXPECT_EQ(form.Caption, u"Tolvane Ver1.23　　- ログ機能 -");
+  EXPECT_TRUE(form.RB_SV_Format[1].checked);
+  EXPECT_FALSE(form.RB_SV_Format[0].checked);
+  EXPECT_TRUE(form.RB_SaveFilePath[0].checked);
+  EXPECT_EQ(form.TB_SaveFilePath.text, u"C:\\Tolvane");
+  EXPECT_TRUE(form.CB_LogFile_Enable.checked);
+  EXPECT_TRUE(form.RB_LogSV_Format[0].checked);
+  EXPECT_FALSE(form.RB_LogSV_Format[1].checked);
+  EXPECT_TRUE(form.RB_Excel_Format[0].checked);
+  EXPECT_TRUE(form.RB_LogSaveFilePath[0].checked);
+  EXPECT_EQ(form.TB_LogSaveFilePath.text, u"C:\\Tolvane");
+  EXPECT_FALSE(form.CB_LogSave_subFolder.checked);
+  EXPECT_FALSE(form.CB_Excel_soft_KO.checked);
+}
+
+struct Office {
+  const char* label;
+  std::int32_t excel_check;
+  std::int32_t excel_version;
+  std::int32_t access_check;
+  std::int32_t access_version;
+  StringView excel_status, excel_name, ket_status, access_status, access_name;
+};
+
+class FormOptionLog1Office : public FormOptionLog1Test,
+                             public testing::WithParamInterface<Office> {};
+
+TEST_P(FormOptionLog1Office, StatusLinesTellWhatStartUpFound) {
+  const Office& office = GetParam();
+  device.ExcelInstallCheck = office.excel_check;
+  device.ExcelInstallVersion = office.excel_version;
+  device.AccessInstallCheck = office.access_check;
+  device.AccessInstallVersion = office.access_version;
+  form.read_setting(device);
+  EXPECT_EQ(form.TB_Excel_Status.text, office.excel_status);
+  EXPECT_EQ(form.TB_Excel_Status.colour, office.excel_status == u" OK" ? kGreen : kRed);
+  EXPECT_EQ(form.TB_Excel_Ver.text, office.excel_name);
+  EXPECT_EQ(form.TB_Excel_Status2.text, office.ket_status);
+  EXPECT_EQ(form.TB_Excel_Status2.colour, office.ket_status == u" OK" ? kGreen : kRed);
+  EXPECT_EQ(form.TB_Access_Status.text, office.access_status);
+  EXPECT_EQ(form.TB_Access_Status.colour, office.access_status == u" OK" ? kGreen : kRed);
+  EXPECT_EQ(form.TB_Access_Ver.text, office.access_name);
+}
+
+const Office kOffices[] = {
+    {"Nothing", 0, 0, 0, 0, u" NG", u"---", u" NG", u" NG", u"---"},
+    {"KetOnly", 2, 0, 0, 0, u" NG", u"---", u" OK", u" NG", u"---"},
+    {"Both2016", 3, 16, 1, 16, u" OK", u"Excel2016", u" OK", u" OK", u"Access2016"},
+    {"Later", 1, 99, 1, 17, u" OK", u"Excel2016", u" NG", u" OK", u"Access2016"},
+    {"V15", 1, 15, 1, 15, u" OK", u"Excel2013", u" NG", u" OK", u"Access2013"},
+    {"V14", 1, 14, 1, 14, u" OK", u"Excel2010", u" NG", u" OK", u"Access2010"},
+    {"V13", 1, 13, 1, 13, u" OK", u"Excel2007", u" NG", u" OK", u"Access2007"},
+    {"V12", 1, 12, 1, 12, u" OK", u"Excel2007", u" NG", u" OK", u"Access2007"},
+    {"V11", 1, 11, 1, 11, u" OK", u"Excel2003", u" NG", u" OK", u"Access2003"},
+    {"V10", 1, 10, 1, 10, u" OK", u"Excel2002", u" NG", u" OK", u"Access2002"},
+    {"V9", 1, 9, 1, 9, u" OK", u"Excel2000", u" NG", u" OK", u"Access2000"},
+    {"V8", 1, 8, 1, 8, u" OK", u"8", u" NG", u" OK", u"8"},
+};
+INSTANTIATE_TEST_SUITE_P(Rows, FormOptionLog1Office, testing::ValuesIn(kOffices),
+                         [](const auto& row) { return row.param.label; });
+
+TEST_F(FormOptionLog1Test, WithoutAServerTheTextFormatIsSelectedWhateverTheSetting) {
+  device.t_LogSaveFormat = 1;
+  form.read_setting(device);
+  EXPECT_FALSE(form.RB_LogSV_Format[0].enabled);
+  EXPECT_FALSE(form.RB_LogSV_Format[0].checked);
+  EXPECT_TRUE(form.RB_LogSV_Format[1].checked);
+}
+
+bool LogControlsEnabled(const FormOptionLog1& form, bool expected) {
+  bool all = form.GB_LogSave_Format.enabled == expected &&
+             form.GB_LogSave_path.enabled == expected && form.GB_Excel_Format.enabled == expected &&
+             form.RB_LogSV_Format[1].enabled == expected &&
+             form.TB_LogSaveFilePath.enabled == expected;
+  for (const Choice& button : form.RB_Excel_Format) all = all && button.enabled == expected;
+  for (const Choice& button : form.RB_LogSaveFilePath) all = all && button.enabled == expected;
+  return all;
+}
+
+TEST_F(FormOptionLog1Test, LoggingOffDisablesItsControlsButNotTheTwoBoxesUntilAClick) {
+  device.ExcelInstallCheck = 3;
+  device.t_LogSave_Enable = 0;
+  form.read_setting(device);
+  EXPECT_TRUE(LogControlsEnabled(form, false));
+  EXPECT_FALSE(form.RB_LogSV_Format[0].enabled);
+  EXPECT_TRUE(form.CB_LogSave_subFolder.enabled);
+  EXPECT_TRUE(form.CB_Excel_soft_KO.enabled);
+
+  form.CB_LogFile_Enable.checked = true;
+  form.CB_LogFile_Enable_Click(device);
+  EXPECT_TRUE(LogControlsEnabled(form, true));
+  EXPECT_TRUE(form.RB_LogSV_Format[0].enabled);
+  EXPECT_TRUE(form.CB_LogSave_subFolder.enabled);
+
+  form.CB_LogFile_Enable.checked = false;
+  form.CB_LogFile_Enable_Click(device);
+  EXPECT_TRUE(LogControlsEnabled(form, false));
+  EXPECT_FALSE(form.RB_LogSV_Format[0].enabled);
+  EXPECT_FALSE(form.CB_LogSave_subFolder.enabled);
+  EXPECT_FALSE(form.CB_Excel_soft_KO.enabled);
+}
+
+TEST_F(FormOptionLog1Test, AClickWithoutAServerLeavesTheSpreadsheetFormatDisabled) {
+  form.read_setting(device);
+  form.CB_LogFile_Enable_Click(device);
+  EXPECT_FALSE(form.RB_LogSV_Format[0].enabled);
+}
+
+TEST_F(FormOptionLog1Test, OKWritesEveryControlAsItStands) {
+  device.ExcelInstallCheck = 3;
+  form.read_setting(device);
+  form.RB_SV_Format[1].checked = false;
+  form.RB_SV_Format[0].checked = true;
+  form.RB_Excel_Format[0].checked = false;
+  form.RB_Excel_Format[1].checked = true;
+  form.RB_SaveFilePath[0].checked = false;
+  form.RB_SaveFilePath[2].checked = true;
+  form.TB_SaveFilePath.text = u"no such place\\";
+  form.CB_LogFile_Enable.checked = false;
+  form.RB_LogSV_Format[0].checked = false;
+  form.RB_LogSV_Format[1].checked = true;
+  form.RB_LogSaveFilePath[0].checked = false;
+  form.RB_LogSaveFilePath[1].checked = true;
+  form.TB_LogSaveFilePath.text = u"";
+  form.CB_LogSave_subFolder.checked = true;
+  form.CB_Excel_soft_KO.checked = true;
+  form.Bt_OK_Click(device);
+  EXPECT_EQ(device.t_SaveFormat, 2);
+  EXPECT_EQ(device.t_Excel_Format, 2);
+  EXPECT_EQ(device.t_SaveFilePath_mode, 2);
+  EXPECT_EQ(device.t_SaveFilePath, u"no such place\\");
+  EXPECT_EQ(device.t_LogSave_Enable, 0);
+  EXPECT_EQ(device.t_LogSaveFormat, 2);
+  EXPECT_EQ(device.t_LogSaveFilePath_mode, 1);
+  EXPECT_EQ(device.t_LogSaveFilePath, u"");
+  EXPECT_EQ(device.t_LogSave_subFolder, 1);
+  EXPECT_EQ(device.t_Excel_soft, 2);
+  form.CB_Excel_soft_KO.checked = false;
+  form.Bt_OK_Click(device);
+  EXPECT_EQ(device.t_Excel_soft, 1);
+}
+
+}  // namespace
+}  // namespace tolvane
