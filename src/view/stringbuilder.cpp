@@ -1,14 +1,20 @@
 #include "view/stringbuilder.h"
 
+#include <algorithm>
+
 namespace tolvane {
 
-void StringBuilder::Grow() { mBuffer.resize(mBuffer.size() + static_cast<std::size_t>(mGrowStep)); }
-
 void StringBuilder::AppendGrown(StringView AppendString) {
-  if (AppendString.empty()) return;
-  Grow();
+  const std::size_t old_size = size_;
   const auto start = static_cast<std::size_t>(mTextLength);
-  if (start < mBuffer.size()) AppendString.copy(mBuffer.data() + start, mBuffer.size() - start);
+  size_ += static_cast<std::size_t>(mGrowStep);
+  if (mBuffer.size() < size_) mBuffer.resize(size_);
+  if (start > old_size) {
+    // An append longer than a block left a gap, and storage of an earlier text may lie in it.
+    std::fill_n(mBuffer.begin() + static_cast<std::ptrdiff_t>(old_size),
+                std::min(start, size_) - old_size, u'\0');
+  }
+  if (start < size_) AppendString.copy(mBuffer.data() + start, size_ - start);
   mTextLength += static_cast<std::int32_t>(AppendString.size());
 }
 

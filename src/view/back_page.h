@@ -1,0 +1,40 @@
+#pragma once
+
+#include <cstdint>
+#include <memory>
+
+#include "platform/rich_text_page.h"
+#include "platform/rich_text_view.h"
+#include "platform/string.h"
+
+namespace tolvane {
+
+/// RTB_MainView_Back, the page under construction. It is painted as a rich text control is:
+/// select, then colour. Positions are zero-based characters of the text, a line end being two.
+/// What of a selection lies outside the page is not painted; a length of 0 or less paints nothing.
+class BackPage {
+ public:
+  /// Replaces everything; all colours are gone.
+  void Text(StringView text);
+
+  void SelStart(std::int32_t position) { sel_start_ = position; }
+  /// Set after SelStart.
+  void SelLength(std::int32_t length) { sel_length_ = length; }
+  /// Colours are 0x00BBGGRR.
+  void SelColor(std::int32_t colour) { Paint(page_->colours, colour); }
+  void Back_Set_Char_Effect(std::int32_t colour) { Paint(page_->backgrounds, colour); }
+
+  [[nodiscard]] const platform::RichTextPage& Page() const { return *page_; }
+
+  /// Hands the finished page to `view`. What is left here is stale until Text is written.
+  void SwapInto(platform::RichTextView& view) { view.SwapPage(page_); }
+
+ private:
+  void Paint(platform::ColourRuns& runs, std::int32_t colour);
+
+  std::unique_ptr<platform::RichTextPage> page_ = std::make_unique<platform::RichTextPage>();
+  std::int32_t sel_start_ = 0;
+  std::int32_t sel_length_ = 0;
+};
+
+}  // namespace tolvane

@@ -1,0 +1,71 @@
+#include "view/page_colours.h"
+
+#include "receive/frame_columns.h"
+#include "view/highlight_columns.h"
+#include "view/message_marker.h"
+#include "view/optfunction1.h"
+#include "view/page_rows.h"
+#include "view/tick_traits.h"
+
+namespace tolvane {
+
+template <typename Table>
+void PageColours<Table>::Paint() {
+  using Rows = PageRows<Table>;
+  for (std::int32_t position = Rows::kFirst; position < Rows::End(frames_); ++position) {
+    const PageRow line = Rows::At(frames_, position);
+    if (!Passes(RowTest::kReceived, (frames_.*FrameColumns<Table>::Received)(line.row))) continue;
+    if (OptFunction1::Check_DisableID(line.id, device_) != 0) continue;
+    if (device_.t_DataChangeColorEnable == 1) PaintBytes(line.row);
+    PaintCycle(line.row);
+    PaintMarkers(line.id);
+  }
+}
+
+template <typename Table>
+void PageColours<Table>::PaintBytes(std::int16_t row) {
+  using Highlight = HighlightColumns<ViewTable>;
+  const auto bytes = static_cast<std::size_t>(ShownBytes((frames_.*FrameColumns<Table>::DLC)(row)));
+  for (std::size_t k = 0; k < bytes; ++k) {
+    const std::int32_t counter = (highlights_.*Highlight::d_timerCounter[k])(row);
+    if (counter <= 0) continue;
+    Select((highlights_.*Highlight::d_start[k])(row), (highlights_.*Highlight::d_end[k])(row));
+    RTB_MainView_Back_.SelColor(qxt100_.ColorAttenuation(device_.t_DataChangeColor, counter,
+                                                         device_.t_DataChangeColorTime));
+  }
+}
+
+// A stopped message has the flat colour or, with that switched off, none: never the late one.
+template <typename Table>
+void PageColours<Table>::PaintCycle(std::int16_t row) {
+  using Highlight = HighlightColumns<ViewTable>;
+  const std::uint8_t stopped = (frames_.*FrameColumns<Table>::BlackoutON)(row);
+  const std::int32_t counter = (highlights_.*Highlight::dt_timerCounter)(row);
+  const bool late = device_.t_MsgLateColorEnable == 1 && counter > 0 && stopped == 0;
+  if (!late && !(device_.t_MsgBlackout_Enable == 1 && stopped == 1)) return;
+  Select((highlights_.*Highlight::dt_start)(row), (highlights_.*Highlight::dt_end)(row));
+  RTB_MainView_Back_.SelColor(
+      late ? qxt100_.ColorAttenuation(device_.t_MsgLateColor, counter, device_.t_MsgLateColor_Time)
+           : device_.t_MsgBlackout_Color);
+}
+
+template <typename Table>
+void PageColours<Table>::PaintMarkers(std::int32_t id) {
+  using Highlight = HighlightColumns<ViewTable>;
+  for (const std::int16_t m : MarkersOf(id, device_)) {
+    Select((highlights_.*Highlight::MsgMarker_start)(m),
+           (highlights_.*Highlight::MsgMarker_end)(m));
+    RTB_MainView_Back_.Back_Set_Char_Effect(device_.t_MsgMarkerColor(m));
+  }
+}
+
+template <typename Table>
+void PageColours<Table>::Select(std::int32_t start, std::int32_t length) {
+  RTB_MainView_Back_.SelStart(start);
+  RTB_MainView_Back_.SelLength(length);
+}
+
+template class PageColours<CAN_ReadDB>;
+template class PageColours<CAN_ReadDB29>;
+
+}  // namespace tolvane

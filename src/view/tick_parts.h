@@ -1,0 +1,40 @@
+#pragma once
+
+#include <cstdint>
+
+#include "platform/event_loop.h"
+#include "platform/rich_text_view.h"
+#include "platform/support_library.h"
+#include "platform/timer.h"
+#include "receive/can_readdb.h"
+#include "receive/can_readdb29.h"
+#include "run/elm327_info.h"
+#include "view/can_viewdb.h"
+#include "view/can_viewdb29.h"
+
+namespace tolvane {
+
+/// What a tick uses of its worker and of the main window.
+struct TickParts {
+  ELM327_Info& device;
+  platform::Timer& TimerBackView;
+  platform::SupportLibrary& qxt100;
+  platform::EventLoop& events;
+  platform::RichTextView& RTB_MainView;
+  const std::int32_t& RxFlag;
+  const std::int32_t& Device_Timer_Kind;
+};
+
+/// The highlight table that belongs to a frame table.
+template <typename Table>
+struct ViewTableOf;
+template <>
+struct ViewTableOf<CAN_ReadDB> {
+  using Type = CAN_ViewDB;
+};
+template <>
+struct ViewTableOf<CAN_ReadDB29> {
+  using Type = CAN_ViewDB29;
+};
+
+}  // namespace tolvane
