@@ -14,13 +14,13 @@ class Clipboard {
 
   virtual ~Clipboard() = default;
 
-  [[nodiscard]] virtual bool Clear() = 0;
+  virtual bool Clear() = 0;
   /// Whether the clipboard holds something in `format`; false also when that cannot be learned.
   [[nodiscard]] virtual bool GetFormat(Format format) = 0;
   /// What it holds in `format`; empty when there is none or it cannot be read.
   [[nodiscard]] virtual String GetText(Format format) = 0;
   /// Adds `text` in `format`, beside what is there in other formats.
-  [[nodiscard]] virtual bool SetText(StringView text, Format format) = 0;
+  virtual bool SetText(StringView text, Format format) = 0;
 };
 
 }  // namespace tolvane::platform

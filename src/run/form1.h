@@ -1,5 +1,6 @@
 #pragma once
 
+#include <any>
 #include <cstdint>
 #include <memory>
 
@@ -74,6 +75,7 @@ class Form1 {
   void View_Set_Char_Effect(std::int16_t red, std::int16_t green, std::int16_t blue);
 
   ELM327_Info device;
+  std::any now_diagcodes;                // nothing reads or writes it
   std::int32_t ApplicationOpenFlag = 0;  // 1 after a successful start-up; nothing reads it
   std::int32_t SettingFileOpenFlag = 0;  // 1 when config.dat was read; nothing reads it
   std::int32_t DebugMode = 0;            // nothing reads it
@@ -90,6 +92,40 @@ class Form1 {
  private:
   /// How far start-up came decides what closing may write.
   enum class StartUp : std::uint8_t { kNotBegun, kBegun, kSettingsRead };
+
+  // The stages of Application_Open.
+  void Clear_All_Parameters();
+  void Search_Devices(std::int32_t libraries);
+  [[nodiscard]] bool Found_Any_Device() const;
+  void List_Devices();
+  std::int32_t Device_Select();
+  void Restore_View();
+  void Check_Office();
+  /// Moves the splash's bar and lets it repaint.
+  void Splash_Step(double progress);
+  /// The message of a start that cannot go on, and the closing of the window.
+  void End_Start(StringView reason);
+
+  // The stages of Bt_Connect_Click.
+  void Lock_Window();
+  /// False when the settings ask for a spreadsheet server that cannot be had, which is shown.
+  [[nodiscard]] bool Open_Spreadsheet_Server();
+  /// Moves the comment into the settings. False when one is missing, which is shown.
+  [[nodiscard]] bool Take_Comment();
+  void Run_Worker();
+  void Put_Window_Back();
+  void Close_Spreadsheet_Server();
+
+  /// What the comment's box holds, without the blanks at its ends.
+  [[nodiscard]] String Trimmed_Comment() const;
+  /// Cuts to 50 UTF-16 units.
+  void Store_Comment(StringView comment);
+
+  struct ViewMenuFacts;
+  void Set_View_Menu(const ViewMenuFacts& facts);
+  void Set_View_Menu_At_Start();
+  [[nodiscard]] bool Clipboard_Has_Text();
+  void To_Clipboard(StringView plain_text, StringView rich_text);
 
   platform::Platform platform_;
   platform::MainWindow window_;
