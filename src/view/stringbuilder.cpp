@@ -5,6 +5,7 @@
 namespace tolvane {
 
 void StringBuilder::AppendGrown(StringView AppendString) {
+  if (AppendString.empty()) return;
   const std::size_t old_size = size_;
   const auto start = static_cast<std::size_t>(mTextLength);
   size_ += static_cast<std::size_t>(mGrowStep);

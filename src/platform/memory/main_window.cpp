@@ -49,7 +49,7 @@ MainWindow::MainWindow(Journal& journal)
       menu_View_Marker_white(journal, "menu_View_Marker_white", true),
       menu_View_Date(journal, "menu_View_Date", true) {}
 
-platform::MainWindow MainWindow::Face(RichTextView& RTB_MainView) {
+platform::MainWindow MainWindow::Face(platform::RichTextView& RTB_MainView) {
   return {window,
           Form2,
           other_forms,

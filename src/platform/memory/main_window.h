@@ -61,7 +61,7 @@ class MainWindow {
   explicit MainWindow(Journal& journal);
 
   /// References into this object and to `RTB_MainView`; both must outlive the result.
-  [[nodiscard]] platform::MainWindow Face(RichTextView& RTB_MainView);
+  [[nodiscard]] platform::MainWindow Face(platform::RichTextView& RTB_MainView);
 
   Window window;
   Splash Form2;
