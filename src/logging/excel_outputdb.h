@@ -1,12 +1,11 @@
 #pragma once
 
-#include <array>
 #include <cstdint>
 #include <span>
-#include <vector>
 
+#include "logging/log_record.h"
+#include "logging/log_table.h"
 #include "platform/automation.h"
-#include "platform/code_page.h"
 #include "platform/event_loop.h"
 #include "platform/file_services.h"
 #include "platform/local_time.h"
@@ -28,8 +27,14 @@ struct LogServices {
 /// it is full it is written to a new file and the loop goes on in the other.
 class Excel_OutputDB {
  public:
-  static constexpr std::int32_t kRow_MAX = 20000;
-  static constexpr std::int32_t kColumn_MAX = 11;
+  static constexpr std::int32_t kRow_MAX = LogTable::kRow_MAX;
+  static constexpr std::int32_t kColumn_MAX = LogTable::kColumn_MAX;
+
+  /// Characters that a channel's csv text may have. Only a channel whose flushes keep failing, or
+  /// a log format that is never flushed, gets there: after some 30 times 20,001 records. Further
+  /// lines are lost whole. So the length stays far inside 32 bits, and both channels, growing by
+  /// doubling, inside the address space of the x86 program.
+  static constexpr std::int32_t kLogBuilder_MAX = 32 * 1024 * 1024;
 
   explicit Excel_OutputDB(const LogServices& services);
 
@@ -40,13 +45,21 @@ class Excel_OutputDB {
   String str_bitrate;                                 // such as "500k bps"
   String hardware_information;                        // adapter text of the run
 
+  /// Clears counters and record tables; headers and csv texts stay as they are.
   void Param_ALL_Clear();
+
+  /// Blanks rows 0 to `Arayy1_MAX`, columns 0 to `Arayy2_MAX`.
+  static void Arayy_ALL_Clear_zero_string(std::int32_t Arayy1_MAX, std::int32_t Arayy2_MAX,
+                                          LogTable& Arayy) {
+    Arayy.Clear(Arayy1_MAX, Arayy2_MAX);
+  }
 
   /// Decides the subfolder of a run and makes it. False when a folder could not be made; then
   /// `FolderName` is as it was.
   [[nodiscard]] bool Get_SubFolder_Name(ELM327_Info& device, String& FolderName);
 
-  /// 0 makes both headers from `device` and clears both builders, 1 and 2 clear one of them.
+  /// 0 makes both headers from `device` and clears both builders, 1 and 2 clear one of them,
+  /// anything else does nothing.
   void csv_DB_Initialize(std::int32_t cmd_ch, const ELM327_Info& device);
 
   /// Stores one record in the current channel and advances the counter. `now_time` is the message
@@ -60,13 +73,48 @@ class Excel_OutputDB {
   void csv_DataInput29(double now_time, std::int32_t can_ID, std::int32_t can_DLC,
                        std::span<const std::uint8_t, 8> can_DATA, std::int32_t can_Flag);
 
-  /// Writes channel `Output_ch` to a new file. Any error ends the flush without a word.
-  /// `objExcel` is null when the run has no spreadsheet server. May yield.
+  /// Writes channel `Output_ch` to a new file. Any error ends the flush without a word: a csv
+  /// channel then keeps its records for the next flush, a spreadsheet table is filled anew.
+  /// `objExcel` is null when the run has no spreadsheet server. Yields once for each taken file
+  /// name, and once before the save of a workbook.
   void Excel_DataOutput(std::int32_t Output_ch, ELM327_Info& device,
                         platform::AutomationObject* objExcel, String& FileName_Date,
                         String& FileName_No, const String& FolderName);
 
  private:
+  void Excel_DataStore1(const LogRecord& record, StringView identifier, std::int32_t can_Flag) {
+    Excel_DataStore(Time_ID_DLC_Data1, record, identifier, can_Flag);
+  }
+  void Excel_DataStore2(const LogRecord& record, StringView identifier, std::int32_t can_Flag) {
+    Excel_DataStore(Time_ID_DLC_Data2, record, identifier, can_Flag);
+  }
+  void csv_DataTail1(const LogRecord& record, StringView mark, StringView identifier) {
+    csv_DataTail(LogBuilder1, record, mark, identifier);
+  }
+  void csv_DataTail2(const LogRecord& record, StringView mark, StringView identifier) {
+    csv_DataTail(LogBuilder2, record, mark, identifier);
+  }
+
+  void StoreInChannel(const LogRecord& record, StringView identifier, std::int32_t can_Flag);
+  void Excel_DataStore(LogTable& table, const LogRecord& record, StringView identifier,
+                       std::int32_t can_Flag);
+  void csv_DataTail(StringBuilder& builder, const LogRecord& record, StringView mark,
+                    StringView identifier);
+
+  [[nodiscard]] String FreeLogPath(ELM327_Info& device, const platform::LocalTime& now,
+                                   String& FileName_Date, String& FileName_No,
+                                   const String& FolderName);
+  [[nodiscard]] bool WriteCsvFile(StringView path, StringView date, StringView records);
+  /// Table or builder of channel 1 or 2, null for any other.
+  [[nodiscard]] LogTable* TableOf(std::int32_t Output_ch);
+  [[nodiscard]] StringBuilder* BuilderOf(std::int32_t Output_ch);
+
+  LogTable Time_ID_DLC_Data1;
+  LogTable Time_ID_DLC_Data2;
+  String LogHeaderTop;     // up to the date of a flush
+  String LogHeaderBottom;  // behind it
+  StringBuilder LogBuilder1;
+  StringBuilder LogBuilder2;
   LogServices services_;
 };
 

@@ -1,0 +1,93 @@
+#include <span>
+#include <utility>
+
+#include "logging/excel_outputdb.h"
+#include "logging/excel_version.h"
+#include "logging/log_naming.h"
+#include "logging/log_workbook.h"
+
+namespace tolvane {
+
+namespace {
+
+StringView LogExtension(const ELM327_Info& device) {
+  if (device.t_LogSaveFormat == kLogFormatCsv) return u".csv";
+  if (device.t_LogSaveFormat != kLogFormatSpreadsheet) return {};
+  if (device.ExcelInstallVersion < kExcelVersionWithFormats) return u".xls";
+  if (device.t_Excel_Format == 1) return u".xls";
+  return device.t_Excel_Format == 2 ? StringView(u".xlsx") : StringView();
+}
+
+/// The number in a text that FileNumberText made.
+std::int32_t FileNumber(StringView text) {
+  std::int32_t number = 0;
+  for (const char16_t digit : text) {
+    if (digit < u'0' || digit > u'9' || number > kFileNumber_MAX) return 1;
+    number = number * 10 + (digit - u'0');
+  }
+  return number;
+}
+
+}  // namespace
+
+void Excel_OutputDB::Excel_DataOutput(std::int32_t Output_ch, ELM327_Info& device,
+                                      platform::AutomationObject* objExcel, String& FileName_Date,
+                                      String& FileName_No, const String& FolderName) {
+  const platform::LocalTime now = services_.wall_clock.Now();
+  const String path = FreeLogPath(device, now, FileName_Date, FileName_No, FolderName);
+  const String date = services_.wall_clock.GeneralDate(now);
+  if (device.t_LogSaveFormat == kLogFormatSpreadsheet && device.ExcelInstallCheck >= 1) {
+    LogTable* const table = TableOf(Output_ch);
+    const LogWorkbook workbook{path, date, str_bitrate, hardware_information,
+                               table != nullptr ? table->Cells() : std::span<const String>()};
+    if (WriteLogWorkbook(objExcel, workbook, device, services_.events) && table != nullptr) {
+      Arayy_ALL_Clear_zero_string(kRow_MAX, kColumn_MAX, *table);
+    }
+  } else if (device.t_LogSaveFormat == kLogFormatCsv) {
+    StringBuilder* const builder = BuilderOf(Output_ch);
+    const StringView records = builder != nullptr ? builder->Text() : StringView();
+    if (WriteCsvFile(path, date, records) && builder != nullptr) {
+      csv_DB_Initialize(Output_ch, device);
+    }
+  }
+}
+
+String Excel_OutputDB::FreeLogPath(ELM327_Info& device, const platform::LocalTime& now,
+                                   String& FileName_Date, String& FileName_No,
+                                   const String& FolderName) {
+  String folder = BaseFolder(device.t_LogSaveFilePath_mode, device.t_LogSaveFilePath,
+                             device.ExecutableFolder(), services_.files, services_.folders);
+  if (device.t_LogSave_subFolder == 1 && !FolderName.empty()) {
+    const String subfolder = folder + u'\\' + FolderName;
+    if (services_.files.FolderExists(subfolder)) folder = subfolder;
+  }
+  const ShortText date = DateHourText(now);
+  std::int32_t number = 1;
+  if (date.View() == FileName_Date) {
+    number = FileNumber(FileName_No);
+  } else {
+    FileName_Date = date.View();
+  }
+  NumberedPath found = FindFreePath(services_.files, folder + u"\\KL" + FileName_Date + u'-',
+                                    LogExtension(device), number, &services_.events);
+  FileName_No = FileNumberText(found.number).View();
+  return std::move(found.path);
+}
+
+bool Excel_OutputDB::WriteCsvFile(StringView path, StringView date, StringView records) {
+  const auto stream = services_.files.CreateTextFile(path, true, false);
+  return stream != nullptr && stream->Write(LogHeaderTop) && stream->Write(date) &&
+         stream->Write(LogHeaderBottom) && stream->Write(records) && stream->Close();
+}
+
+LogTable* Excel_OutputDB::TableOf(std::int32_t Output_ch) {
+  if (Output_ch == 1) return &Time_ID_DLC_Data1;
+  return Output_ch == 2 ? &Time_ID_DLC_Data2 : nullptr;
+}
+
+StringBuilder* Excel_OutputDB::BuilderOf(std::int32_t Output_ch) {
+  if (Output_ch == 1) return &LogBuilder1;
+  return Output_ch == 2 ? &LogBuilder2 : nullptr;
+}
+
+}  // namespace tolvane

@@ -1,0 +1,120 @@
+#include "logging/excel_outputdb.h"
+
+#include <algorithm>
+
+#include "logging/csv_line.h"
+
+namespace tolvane {
+
+namespace {
+
+constexpr StringView kColumnLine11 = u"  時間[ms] , ID  ,DLC,  D1,D2,D3,D4,D5,D6,D7,D8";
+constexpr StringView kColumnLine29 = u"  時間[ms] , E ,    ID    ,DLC,  D1,D2,D3,D4,D5,D6,D7,D8";
+
+/// True while a whole line, or the stray zeros of one, fits a channel's text.
+bool HasRoom(const StringBuilder& builder) {
+  return builder.mTextLength <=
+         Excel_OutputDB::kLogBuilder_MAX - static_cast<std::int32_t>(kCsvLine_MAX);
+}
+
+}  // namespace
+
+Excel_OutputDB::Excel_OutputDB(const LogServices& services) : services_(services) {}
+
+void Excel_OutputDB::Param_ALL_Clear() {
+  Excel_DB_ArayyCounter = 0;
+  Excel_DB_ArayyCounter_MAX = kRow_MAX;
+  Excel_DB_ArayyCh = 1;
+  StartTime = 0.0;
+  str_bitrate.clear();
+  Arayy_ALL_Clear_zero_string(kRow_MAX, kColumn_MAX, Time_ID_DLC_Data1);
+  Arayy_ALL_Clear_zero_string(kRow_MAX, kColumn_MAX, Time_ID_DLC_Data2);
+}
+
+void Excel_OutputDB::csv_DB_Initialize(std::int32_t cmd_ch, const ELM327_Info& device) {
+  if (cmd_ch == 0) {
+    LogHeaderTop = device.Application_title + u",,," + device.Copy_light + u",,,," +
+                   device.Homepage_URL + u"\r\n\r\n";
+    LogHeaderBottom = u",,,bit rate：," + str_bitrate + u"\r\n" + hardware_information +
+                      u"\r\n\r\n" + device.t_LogComment + u"\r\n\r\n";
+    LogHeaderBottom += device.t_msgID_type == kMsgIdType29Bit ? kColumnLine29 : kColumnLine11;
+    LogHeaderBottom += u"\r\n";
+  }
+  if (cmd_ch == 0 || cmd_ch == 1) LogBuilder1.AllClear();
+  if (cmd_ch == 0 || cmd_ch == 2) LogBuilder2.AllClear();
+}
+
+void Excel_OutputDB::Excel_DataInput(double now_time, std::int32_t can_ID, std::int32_t can_DLC,
+                                     std::span<const std::uint8_t, 8> can_DATA,
+                                     std::int32_t can_Flag) {
+  StoreInChannel({now_time, can_DLC, can_DATA}, HexID11Text(can_ID), can_Flag);
+}
+
+void Excel_OutputDB::Excel_DataInput29(double now_time, std::int32_t can_ID, std::int32_t can_DLC,
+                                       std::span<const std::uint8_t, 8> can_DATA,
+                                       std::int32_t can_Flag) {
+  StoreInChannel({now_time, can_DLC, can_DATA}, LogID29Text(can_ID), can_Flag);
+}
+
+void Excel_OutputDB::StoreInChannel(const LogRecord& record, StringView identifier,
+                                    std::int32_t can_Flag) {
+  if (Excel_DB_ArayyCh == 1) {
+    Excel_DataStore1(record, identifier, can_Flag);
+  } else {
+    Excel_DataStore2(record, identifier, can_Flag);
+  }
+}
+
+void Excel_OutputDB::csv_DataInput(double now_time, std::int32_t can_ID, std::int32_t can_DLC,
+                                   std::span<const std::uint8_t, 8> can_DATA) {
+  const LogRecord record{now_time, can_DLC, can_DATA};
+  const ShortText identifier = HexID11Text(can_ID);
+  if (Excel_DB_ArayyCh == 1) {
+    csv_DataTail1(record, {}, identifier);
+  } else {
+    csv_DataTail2(record, {}, identifier);
+  }
+}
+
+void Excel_OutputDB::csv_DataInput29(double now_time, std::int32_t can_ID, std::int32_t can_DLC,
+                                     std::span<const std::uint8_t, 8> can_DATA,
+                                     std::int32_t can_Flag) {
+  const LogRecord record{now_time, can_DLC, can_DATA};
+  const StringView mark = CsvMark29(can_Flag);
+  if (Excel_DB_ArayyCh == 1) {
+    csv_DataTail1(record, mark, LogID29Text(can_ID));
+    return;
+  }
+  // The zeros of channel 2 land in channel 1 and come out ahead of its next file. Readers of the
+  // logs know it so.
+  if (HasRoom(LogBuilder1)) LogBuilder1.Append(ZerosAhead29(can_ID));
+  csv_DataTail2(record, mark, HexText(can_ID));
+}
+
+void Excel_OutputDB::Excel_DataStore(LogTable& table, const LogRecord& record,
+                                     StringView identifier, std::int32_t can_Flag) {
+  const std::int32_t row = Excel_DB_ArayyCounter;
+  table(row, 2) = identifier;
+  if (can_Flag == 1) table(row, 1) = u"*";
+  table(row, 0) = DecimalText(record.now_time).View();
+  table(row, 3) = DecimalText(std::int64_t{record.can_DLC}).View();
+  for (std::int32_t i = 0; i < 8; ++i) {
+    String& cell = table(row, 4 + i);
+    if (i < record.can_DLC) {
+      cell = HexByteText(record.can_DATA[static_cast<std::size_t>(i)]).View();
+    } else {
+      cell.clear();
+    }
+  }
+  ++Excel_DB_ArayyCounter;
+}
+
+void Excel_OutputDB::csv_DataTail(StringBuilder& builder, const LogRecord& record, StringView mark,
+                                  StringView identifier) {
+  if (HasRoom(builder)) {
+    builder.Take(WriteCsvLine(record, mark, identifier, builder.Reserve(kCsvLine_MAX)));
+  }
+  ++Excel_DB_ArayyCounter;
+}
+
+}  // namespace tolvane

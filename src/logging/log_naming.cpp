@@ -1,0 +1,62 @@
+#include "logging/log_naming.h"
+
+namespace tolvane {
+
+namespace {
+
+void AppendPadded(std::int32_t number, std::int32_t limit, ShortText& text) {
+  for (; limit > 1; limit /= 10) {
+    if (number < limit) text.Append(u'0');
+  }
+  text.Append(DecimalText(std::int64_t{number}));
+}
+
+String NumberedName(StringView stem, std::int32_t number, StringView extension) {
+  String path(stem);
+  path.append(FileNumberText(number)).append(extension);
+  return path;
+}
+
+}  // namespace
+
+String BaseFolder(std::int32_t mode, String& path, const String& executable_folder,
+                  platform::FileServices& files, platform::SpecialFolders& folders) {
+  switch (mode) {
+    case 0:
+      return executable_folder;
+    case 1:
+      return folders.Desktop();
+    case 2:
+      if (path.empty() || !files.FolderExists(path)) path = folders.Desktop();
+      return path;
+    default:
+      return {};
+  }
+}
+
+ShortText DateHourText(const platform::LocalTime& time) {
+  ShortText text;
+  for (const std::int32_t part : {time.year % 100, time.month, time.day, time.hour}) {
+    AppendPadded(part, 10, text);
+  }
+  return text;
+}
+
+ShortText FileNumberText(std::int32_t number) {
+  ShortText text;
+  AppendPadded(number, 100, text);
+  return text;
+}
+
+NumberedPath FindFreePath(platform::FileServices& files, StringView stem, StringView extension,
+                          std::int32_t number, platform::EventLoop* events) {
+  String path = NumberedName(stem, number, extension);
+  while (files.FileExists(path) && number < kFileNumber_MAX) {
+    ++number;
+    path = NumberedName(stem, number, extension);
+    if (events != nullptr) events->YieldToEvents();
+  }
+  return {path, number};
+}
+
+}  // namespace tolvane

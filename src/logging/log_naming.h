@@ -1,0 +1,40 @@
+#pragma once
+
+#include <cstdint>
+
+#include "platform/event_loop.h"
+#include "platform/file_services.h"
+#include "platform/local_time.h"
+#include "platform/string.h"
+#include "run/number_text.h"
+
+namespace tolvane {
+
+// How log files and snapshots find their folder and a free name.
+
+constexpr std::int32_t kFileNumber_MAX = 1000;  // the search for a free name stops here
+
+/// Where a folder setting leads: mode 0 the executable's folder, 1 the desktop, 2 the folder named
+/// by `path`, any other nowhere (empty). In mode 2 a missing folder overwrites `path`, and thereby
+/// the setting, with the desktop.
+[[nodiscard]] String BaseFolder(std::int32_t mode, String& path, const String& executable_folder,
+                                platform::FileServices& files, platform::SpecialFolders& folders);
+
+/// "yymmddhh".
+[[nodiscard]] ShortText DateHourText(const platform::LocalTime& time);
+
+/// Three digits, four from 1000 on.
+[[nodiscard]] ShortText FileNumberText(std::int32_t number);
+
+struct NumberedPath {
+  String path;
+  std::int32_t number;
+};
+
+/// The first path `stem` + number + `extension` from `number` on that does not exist, or that of
+/// kFileNumber_MAX, existing or not. With `events`, yields once for each taken name.
+[[nodiscard]] NumberedPath FindFreePath(platform::FileServices& files, StringView stem,
+                                        StringView extension, std::int32_t number,
+                                        platform::EventLoop* events);
+
+}  // namespace tolvane

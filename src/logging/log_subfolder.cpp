@@ -1,0 +1,72 @@
+#include <algorithm>
+#include <iterator>
+
+#include "logging/excel_outputdb.h"
+#include "logging/log_naming.h"
+
+namespace tolvane {
+
+namespace {
+
+struct Replacement {
+  char16_t found;
+  StringView put;
+};
+
+// What a folder name cannot hold, in wide forms that it can.
+constexpr Replacement kReplacements[] = {
+    {u'\r', u""},  {u'\n', u""},  {u'\t', u"　　"}, {u'\\', u"￥"}, {u'/', u"／"}, {u':', u"："},
+    {u'*', u"＊"}, {u'?', u"？"}, {u'"', u" "},     {u'<', u"＜"},  {u'>', u"＞"}, {u'|', u"｜"}};
+
+String CleanedComment(StringView comment) {
+  String name;
+  for (const char16_t character : comment) {
+    const auto* replacement = std::ranges::find(kReplacements, character, &Replacement::found);
+    if (replacement == std::end(kReplacements)) {
+      name += character;
+    } else {
+      name += replacement->put;
+    }
+  }
+  return name;
+}
+
+constexpr std::int32_t kSubfolder_MAX = 1000;  // the count at which the last name is taken as it is
+
+/// The number behind a taken name: "002" to "099"; from 100 on each count is put behind the suffix
+/// so far, so that 100 gives "099100" and 101 "099100101".
+void AppendCount(std::int32_t count, String& suffix) {
+  if (count < 100) {
+    suffix = FileNumberText(count).View();
+  } else {
+    suffix += DecimalText(std::int64_t{count});
+  }
+}
+
+}  // namespace
+
+bool Excel_OutputDB::Get_SubFolder_Name(ELM327_Info& device, String& FolderName) {
+  const String base = BaseFolder(device.t_LogSaveFilePath_mode, device.t_LogSaveFilePath,
+                                 device.ExecutableFolder(), services_.files, services_.folders);
+  if (!services_.files.FolderExists(base)) return true;
+  const String clean = CleanedComment(device.t_LogComment);
+  if (!services_.files.FolderExists(base + u'\\' + clean)) {
+    // The setting and not the base: in modes 0 and 1 the folder goes wherever the setting points,
+    // and the log, which looks under the base, stays there.
+    if (!services_.files.CreateFolder(device.t_LogSaveFilePath + u'\\' + clean)) return false;
+    FolderName = clean;
+    return true;
+  }
+  std::int32_t count = 2;
+  String suffix(FileNumberText(count).View());
+  const String stem = clean + u'-';
+  while (count < kSubfolder_MAX && services_.files.FolderExists(base + u'\\' + stem + suffix)) {
+    AppendCount(++count, suffix);
+  }
+  const String path = base + u'\\' + stem + suffix;
+  if (!services_.files.FolderExists(path) && !services_.files.CreateFolder(path)) return false;
+  FolderName = stem + suffix;
+  return true;
+}
+
+}  // namespace tolvane
