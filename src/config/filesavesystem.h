@@ -15,7 +15,10 @@ constexpr std::int32_t kConfigLoaded = 0;
 constexpr std::int32_t kConfigMissing = -1;    // no file, or an error on the way
 constexpr std::int32_t kConfigRefused = -2;    // not ours or too old: the file is deleted
 constexpr std::int32_t kConfigLateError = -3;  // `device` is filled, but closing the file failed
-constexpr std::int32_t kConfigSaveError = -1;  // result of SaveConfigFile, which is 0 otherwise
+
+/// Results of SaveConfigFile.
+constexpr std::int32_t kConfigSaved = 0;  // also when the folder does not exist: nothing to write
+constexpr std::int32_t kConfigSaveError = -1;
 
 /// Reads config.dat of the executable's folder into `device`. The values are not checked. Before
 /// settings of an older version are taken over, the user is asked in a modal box, which pumps
@@ -24,7 +27,7 @@ constexpr std::int32_t kConfigSaveError = -1;  // result of SaveConfigFile, whic
                                           platform::CodePage& code_page,
                                           platform::MessageBox& message_box);
 
-/// Writes config.dat. 0 also when the folder does not exist and nothing was written.
+/// Writes config.dat over what stands there; a longer file keeps its tail.
 std::int32_t SaveConfigFile(const ELM327_Info& device, platform::FileServices& files,
                             platform::CodePage& code_page);
 

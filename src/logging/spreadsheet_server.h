@@ -12,7 +12,7 @@ namespace tolvane {
 
 /// Starts the server that the settings choose and makes it silent. False when no server could be
 /// started, `objExcel` then being empty, or when it refused a property; it is then in `objExcel`
-/// and wants to be ended. Does not pump messages.
+/// and wants to be ended. Lets no event through.
 [[nodiscard]] bool StartSpreadsheetServer(const ELM327_Info& device,
                                           platform::AutomationServers& servers,
                                           std::unique_ptr<platform::AutomationObject>& objExcel);

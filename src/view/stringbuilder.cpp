@@ -4,8 +4,7 @@
 
 namespace tolvane {
 
-void StringBuilder::AppendGrown(StringView AppendString) {
-  if (AppendString.empty()) return;
+void StringBuilder::Grow() {
   const std::size_t old_size = size_;
   const auto start = static_cast<std::size_t>(mTextLength);
   size_ += static_cast<std::size_t>(mGrowStep);
@@ -15,6 +14,12 @@ void StringBuilder::AppendGrown(StringView AppendString) {
     std::fill_n(mBuffer.begin() + static_cast<std::ptrdiff_t>(old_size),
                 std::min(start, size_) - old_size, u'\0');
   }
+}
+
+void StringBuilder::AppendGrown(StringView AppendString) {
+  if (AppendString.empty()) return;
+  Grow();
+  const auto start = static_cast<std::size_t>(mTextLength);
   if (start < size_) AppendString.copy(mBuffer.data() + start, size_ - start);
   mTextLength += static_cast<std::int32_t>(AppendString.size());
 }

@@ -25,6 +25,14 @@ class StringBuilder {
     mTextLength = static_cast<std::int32_t>(end);
   }
 
+  /// Room for `length` characters behind the text, for text that is made in place; Take counts in
+  /// what was written there. Valid until the next change. Grows by whole blocks.
+  [[nodiscard]] char16_t* Reserve(std::size_t length) {
+    while (static_cast<std::size_t>(mTextLength) + length > size_) Grow();
+    return mBuffer.data() + mTextLength;
+  }
+  void Take(std::size_t length) { mTextLength += static_cast<std::int32_t>(length); }
+
   /// The first mTextLength characters. Valid until the next change.
   [[nodiscard]] StringView Text() const {
     return StringView(mBuffer).substr(0, size_).substr(0, static_cast<std::size_t>(mTextLength));
@@ -39,6 +47,7 @@ class StringBuilder {
   std::int32_t mTextLength = 0;  // characters in use
 
  private:
+  void Grow();
   void AppendGrown(StringView AppendString);
 
   String mBuffer;                      // storage, never given back
