@@ -23,3 +23,14 @@ function(tolvane_test name)
     gtest_discover_tests(${name} DISCOVERY_TIMEOUT 60)
   endif()
 endfunction()
+
+# tolvane_check(folder script ARGS...): a Python script of this folder that checks the sources, or tests
+# such a script. Once is enough, so the Windows builds leave it out.
+function(tolvane_check folder script)
+  if(WIN32)
+    return()
+  endif()
+  find_package(Python3 REQUIRED COMPONENTS Interpreter)
+  add_test(NAME ${folder}.${script}
+           COMMAND Python3::Interpreter -B "${CMAKE_CURRENT_SOURCE_DIR}/${script}" ${ARGN})
+endfunction()
