@@ -5,8 +5,10 @@
 
 #include "logging/excel_outputdb.h"
 #include "platform/platform.h"
+#include "receive/adapters/binding.h"
 #include "receive/can_readdb.h"
 #include "receive/can_readdb29.h"
+#include "receive/open_traits.h"
 #include "receive/run_parts.h"
 #include "receive/worker.h"
 #include "run/worker_kind.h"
@@ -35,6 +37,8 @@ class WorkerForm final : public Worker {
   using Table = typename FrameTableOf<kKind>::Type;
 
   WorkerForm(const RunParts& parts, platform::Timer& TimerBackView);
+  WorkerForm(const WorkerForm&) = delete;  // the timer's handler and the tick point into it
+  WorkerForm& operator=(const WorkerForm&) = delete;
 
   void Open_CANUSB(platform::AutomationObject* objExcel, ELM327_Info& device, const CANUSB& CAN_u,
                    CAN_DB& CAN_d) override;
@@ -47,6 +51,9 @@ class WorkerForm final : public Worker {
   [[nodiscard]] const Table& Frames() const { return *frames_; }
 
  private:
+  std::int32_t Open(BindingKind kind, Binding& binding, ELM327_Info& device,
+                    platform::AutomationObject* objExcel);
+
   RunParts parts_;
   platform::Timer& TimerBackView_;
   std::int32_t Device_Timer_Kind_ = 0;  // 1 CANUSB, 2 Interface, 3 Kvaser

@@ -1,0 +1,84 @@
+#include "receive/adapters/interface_binding.h"
+
+#include <string>
+
+#include "receive/adapters/handle_text.h"
+
+namespace tolvane {
+namespace {
+
+constexpr std::int32_t kNoHandle = -1;
+constexpr std::int32_t kTimestampsPerMillisecond = 1000;
+
+}  // namespace
+
+bool InterfaceBinding::TakeRate(std::int32_t t_bitRate) {
+  switch (t_bitRate) {
+    case 0:
+      rate_ = IfCan_u_.CAN_BAUDRATE_1M;
+      return true;
+    case 2:
+      rate_ = IfCan_u_.CAN_BAUDRATE_500k;
+      return true;
+    case 3:
+      rate_ = IfCan_u_.CAN_BAUDRATE_250k;
+      return true;
+    case 4:
+      rate_ = IfCan_u_.CAN_BAUDRATE_100k;
+      return true;
+    case 5:
+      rate_ = IfCan_u_.CAN_BAUDRATE_50k;
+      return true;
+    case 8:
+      rate_ = IfCan_u_.CAN_BAUDRATE_125k;
+      return true;
+    default:
+      return false;
+  }
+}
+
+bool InterfaceBinding::Open(const ELM327_Info&) {
+  const std::string port = "IFCAN" + std::to_string(IfCan_d_.Interface_CAN_SelectNo);
+  IfCan_d_.Interface_CAN_Handle = HandleText(IFCan_.CanOpenPort(port));
+  if (IFCan_.CanGetConfig(Handle(), config_) != IfCan_u_.IFCAN_ERROR_SUCCESS) {
+    IFCan_.CanClosePort(Handle());
+    IfCan_d_.Interface_CAN_Handle = HandleText(kNoHandle);
+  }
+  return Handle() != kNoHandle;
+}
+
+void InterfaceBinding::Configure(const ELM327_Info& device) {
+  config_.baud_rate = rate_;
+  if (device.t_silent_mode == 0) config_.mode = IfCan_u_.CAN_NORMAL_MODE;
+  if (device.t_silent_mode == 1) config_.mode = IfCan_u_.CAN_LISTEN_ONLY_MODE;
+  IFCan_.CanSetConfig(Handle(), config_);
+}
+
+void InterfaceBinding::GoOnBus() { IFCan_.CanActivate(Handle()); }
+
+ReceivedFrame* InterfaceBinding::Read() {
+  std::int32_t count = 1;
+  if (IFCan_.CanReceiveMessage(Handle(), record_, count) != IfCan_u_.IFCAN_ERROR_SUCCESS) {
+    return nullptr;
+  }
+  const bool extended = (record_.id & IfCan_u_.CAN_EXT_FRAME) != 0;
+  frame_.id = record_.id;
+  frame_.can_DLC = record_.dlc;
+  frame_.flag = extended;
+  frame_.device_time = record_.timestamp / kTimestampsPerMillisecond;
+  frame_.key = KeyFlagsOf(extended);
+  return &frame_;
+}
+
+std::int32_t InterfaceBinding::Close() {
+  IFCan_.CanDeactivate(Handle());
+  return IFCan_.CanClosePort(Handle());
+}
+
+KeyFlags InterfaceBinding::KeyFlagsOf(bool extended) { return {extended, extended, extended}; }
+
+std::int32_t InterfaceBinding::Handle() const {
+  return HandleNumber(IfCan_d_.Interface_CAN_Handle);
+}
+
+}  // namespace tolvane

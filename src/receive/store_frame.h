@@ -1,0 +1,71 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+
+#include "platform/support_library.h"
+#include "receive/adapters/binding.h"
+#include "receive/can_readdb.h"
+#include "receive/can_readdb29.h"
+#include "receive/common_function2.h"
+#include "receive/frame_columns.h"
+#include "receive/key_list.h"
+#include "receive/time_line.h"
+#include "run/elm327_info.h"
+
+namespace tolvane {
+
+/// Where a frame goes: its row, and whether a frame of its kind stands there already.
+struct FrameSlot {
+  std::int16_t row;
+  bool found;
+};
+
+/// The row is the identifier, 0 to 2047.
+inline FrameSlot SlotOf(CAN_ReadDB& frames, const ReceivedFrame& frame) {
+  const auto row = static_cast<std::int16_t>(frame.id);
+  return {row, frames.CAN11_Received(row) != row_state::kNone};
+}
+
+/// The row of the frame's key, which is made if there is none. A frame that neither matches nor
+/// makes a key goes to row 0, whoever owns it, and so does a new key in a full table to the row of
+/// the lowest one.
+inline FrameSlot SlotOf(CAN_ReadDB29& frames, const ReceivedFrame& frame) {
+  if (frame.key.match != KeyFlags::kNone) {
+    const auto p = Find_CAN29_Slot(frames, frame.id, static_cast<std::uint8_t>(frame.key.match));
+    if (p) return {static_cast<std::int16_t>(frames.CAN29_ArrayNo(*p)), true};
+  }
+  if (frame.key.insert == KeyFlags::kNone) return {0, false};
+  const std::int16_t p =
+      Alloc_CAN29_Slot(frames, frame.id, static_cast<std::uint8_t>(frame.key.insert));
+  return {static_cast<std::int16_t>(frames.CAN29_ArrayNo(p)), false};
+}
+
+/// Writes an accepted frame into its row and moves the run's time line on. The two markers of a row
+/// half written, state 2 and _writting, are set and cleared in the order that the view counts on.
+template <typename Table>
+void StoreFrame(Table& frames, const ReceivedFrame& frame, TimeLine& time, double device_time_wrap,
+                const ELM327_Info& device, platform::SupportLibrary& qxt100) {
+  using C = FrameColumns<Table>;
+  const auto [row, found] = SlotOf(frames, frame);
+  (frames.*C::Received)(row, row_state::kWriting);
+  (frames.*C::DLC)(row, static_cast<std::uint8_t>(frame.can_DLC));
+  Common_Function2::Frame_Time_Update(device.t_Timer_Mode, time.Time_Origin, time.Message_Time,
+                                      time.Time_Last_Elapsed, frame.device_time, device_time_wrap,
+                                      device.t_dividend_ratio, qxt100);
+  (frames.*C::ReadTime_old)(row, qxt100.qx_timeGetTime());
+  (frames.*C::ReceivedTime_writting)(row, 1);
+  (frames.*C::ReceivedTime_old)(row, (frames.*C::ReceivedTime)(row));
+  (frames.*C::ReceivedTime)(row, time.Message_Time);
+  (frames.*C::ReceivedTime_writting)(row, 0);
+  // A first frame is its own predecessor, so that it shows no change.
+  for (std::size_t n = 0; n < C::Data.size(); ++n) {
+    (frames.*C::Data_old[n])(row, found ? (frames.*C::Data[n])(row) : frame.can_DATA[n]);
+  }
+  for (std::size_t n = 0; n < C::Data.size(); ++n) {
+    (frames.*C::Data[n])(row, frame.can_DATA[n]);
+  }
+  (frames.*C::Received)(row, found ? row_state::kMany : row_state::kFirst);
+}
+
+}  // namespace tolvane

@@ -1,0 +1,83 @@
+#include "receive/workers.h"
+
+#include "receive/adapters/canusb_binding.h"
+#include "receive/adapters/interface_binding.h"
+#include "receive/adapters/kvaser_binding.h"
+#include "receive/open_traits.h"
+#include "receive/receive.h"
+
+namespace tolvane {
+
+template <WorkerKind kKind>
+WorkerForm<kKind>::WorkerForm(const RunParts& parts, platform::Timer& TimerBackView)
+    : parts_(parts),
+      TimerBackView_(TimerBackView),
+      log_(parts.log),
+      tick_(kKind,
+            {.device = parts.device,
+             .TimerBackView = TimerBackView,
+             .qxt100 = parts.qxt100,
+             .events = parts.events,
+             .RTB_MainView = parts.RTB_MainView,
+             .RxFlag = parts.RxFlag,
+             .Device_Timer_Kind = Device_Timer_Kind_},
+            *frames_, *highlights_) {
+  TimerBackView_.OnTick([this] { tick_.TimerBackView_Timer(); });
+}
+
+template <WorkerKind kKind>
+void WorkerForm<kKind>::Open_CANUSB(platform::AutomationObject* objExcel, ELM327_Info& device,
+                                    const CANUSB& CAN_u, CAN_DB& CAN_d) {
+  CanusbBinding binding(parts_.canusbdrv, CAN_u, CAN_d);
+  Open(BindingKind::kCanusb, binding, device, objExcel);
+}
+
+template <WorkerKind kKind>
+std::int32_t WorkerForm<kKind>::Open_InterfaceCAN(platform::AutomationObject* objExcel,
+                                                  ELM327_Info& device, const InterfaceCAN& IfCan_u,
+                                                  CAN_DB_Interface& IfCan_d) {
+  InterfaceBinding binding(parts_.IFCan, IfCan_u, IfCan_d);
+  return Open(BindingKind::kInterface, binding, device, objExcel);
+}
+
+template <WorkerKind kKind>
+void WorkerForm<kKind>::Open_KvaserCAN(platform::AutomationObject* objExcel, ELM327_Info& device,
+                                       const KvaserCAN& kvCan_u, CAN_DB_Kvaser& kvCan_d) {
+  KvaserBinding binding(parts_.canlib32, kvCan_u, kvCan_d);
+  Open(BindingKind::kKvaser, binding, device, objExcel);
+}
+
+template <WorkerKind kKind>
+std::int32_t WorkerForm<kKind>::Open(BindingKind kind, Binding& binding, ELM327_Info& device,
+                                     platform::AutomationObject* objExcel) {
+  const WorkerParts<Table> worker = {*frames_, *highlights_, log_, TimerBackView_,
+                                     Device_Timer_Kind_};
+  return Receive(open_traits(kind, kKind), binding, parts_, worker, device, objExcel);
+}
+
+template class WorkerForm<WorkerKind::FormBG>;
+template class WorkerForm<WorkerKind::FormBG2>;
+template class WorkerForm<WorkerKind::FormBG_29>;
+template class WorkerForm<WorkerKind::FormBG2_29>;
+
+Workers::Workers(const RunParts& parts, const platform::WorkerTimers& timers)
+    : FormBG(parts, timers.FormBG),
+      FormBG2(parts, timers.FormBG2),
+      FormBG_29(parts, timers.FormBG_29),
+      FormBG2_29(parts, timers.FormBG2_29) {}
+
+Worker& Workers::Of(WorkerKind kind) {
+  switch (kind) {
+    case WorkerKind::FormBG:
+      return FormBG;
+    case WorkerKind::FormBG2:
+      return FormBG2;
+    case WorkerKind::FormBG_29:
+      return FormBG_29;
+    case WorkerKind::FormBG2_29:
+      break;
+  }
+  return FormBG2_29;
+}
+
+}  // namespace tolvane
