@@ -1,0 +1,90 @@
+#include "simulator/bench.h"
+
+#include <fstream>
+#include <iterator>
+#include <string>
+#include <utility>
+
+#include "simulator/vehicle.h"
+
+namespace tolvane::simulator {
+namespace {
+
+std::optional<std::string> ReadWholeFile(const std::filesystem::path& path) {
+  std::ifstream file(path, std::ios::binary);
+  if (!file) return std::nullopt;
+  return std::string(std::istreambuf_iterator<char>(file), {});
+}
+
+std::filesystem::path PathFrom(const std::filesystem::path& folder, std::string_view utf8) {
+  return folder / std::filesystem::path(std::u8string(utf8.begin(), utf8.end()));
+}
+
+}  // namespace
+
+std::optional<std::int32_t> CallScript::Next(std::string_view call) {
+  for (std::size_t i = 0; i < results_.size(); ++i) {
+    if (results_[i].call != call) continue;
+    if (calls_[i]++ >= results_[i].after) return results_[i].result;
+  }
+  return std::nullopt;
+}
+
+Bench::Bench(BenchConfig config, const std::filesystem::path& folder,
+             std::unique_ptr<Report> report, std::unique_ptr<BenchClock> clock)
+    : config_(std::move(config)),
+      folder_(folder),
+      report_(std::move(report)),
+      clock_(std::move(clock)) {
+  for (const std::string& problem : config_.problems) report_->Line("bench file " + problem);
+  if (clock_ != nullptr) return;
+  if (config_.counted_clock) {
+    clock_ = std::make_unique<CountedClock>(config_.clock_step_us);
+  } else {
+    clock_ = std::make_unique<SteadyClock>();
+  }
+}
+
+std::unique_ptr<BusTap> Bench::Listen(const AdapterPlan& plan) {
+  auto source = std::make_unique<DisturbedSource>(NewSource(), plan.disturbance);
+  return std::make_unique<BusTap>(*clock_, std::move(source), plan.tap);
+}
+
+std::unique_ptr<BusSource> Bench::NewSource() {
+  const BusPlan& bus = config_.bus;
+  if (bus.source == BusPlan::Source::kLog) {
+    return std::make_unique<LogSource>(Recording(), bus.repeat);
+  }
+  if (bus.source == BusPlan::Source::kGenerator) return std::make_unique<LoadGenerator>(bus.load);
+  return std::make_unique<Vehicle>(bus.load.seed, bus.load.format);
+}
+
+/// A recording that cannot be read is an empty one: a silent bus, told in the report.
+std::shared_ptr<const CandumpLog> Bench::Recording() {
+  if (recording_ != nullptr) return recording_;
+  const auto text = ReadWholeFile(PathFrom(folder_, config_.bus.log));
+  auto log = ParseCandumpLog(text.value_or(""));
+  report_->Line(!text ? "recording cannot be read"
+                      : "recording frames=" + std::to_string(log.frames.size()) +
+                            " refused_lines=" + std::to_string(log.refused_lines));
+  recording_ = std::make_shared<const CandumpLog>(std::move(log));
+  return recording_;
+}
+
+std::unique_ptr<Bench> LoadBench(std::string_view library, const std::filesystem::path& named,
+                                 const std::filesystem::path& folder) {
+  const std::filesystem::path file = named.empty() ? folder / "tolvane-bench.ini" : named;
+  const auto text = ReadWholeFile(file);
+  BenchConfig config = text ? ReadBenchConfig(*text) : DefaultBenchConfig();
+  const std::filesystem::path base = file.parent_path();
+  std::unique_ptr<std::ostream> out;
+  if (!config.report.empty()) {
+    out = std::make_unique<std::ofstream>(PathFrom(base, config.report),
+                                          std::ios::binary | std::ios::app);
+  }
+  auto report = std::make_unique<Report>(std::move(out), library);
+  if (!named.empty() && !text) report->Line("bench file cannot be read");
+  return std::make_unique<Bench>(std::move(config), base, std::move(report));
+}
+
+}  // namespace tolvane::simulator

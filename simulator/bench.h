@@ -1,0 +1,61 @@
+#pragma once
+
+#include <cstdint>
+#include <filesystem>
+#include <memory>
+#include <optional>
+#include <string_view>
+#include <vector>
+
+#include "simulator/bench_config.h"
+#include "simulator/bus_tap.h"
+#include "simulator/candump_log.h"
+#include "simulator/report.h"
+
+namespace tolvane::simulator {
+
+/// The calls that a bench file answers by itself, with how often each has come.
+class CallScript {
+ public:
+  explicit CallScript(std::vector<CallResult> results)
+      : results_(std::move(results)), calls_(results_.size()) {}
+
+  /// Counts the call; its result when the file gives one now.
+  std::optional<std::int32_t> Next(std::string_view call);
+
+ private:
+  std::vector<CallResult> results_;
+  std::vector<std::int64_t> calls_;
+};
+
+/// What the three simulated libraries share: the bench file, the clock, the bus and the report.
+class Bench {
+ public:
+  /// `clock` null: the one that the configuration names. Relative paths in `config` start at
+  /// `folder`.
+  Bench(BenchConfig config, const std::filesystem::path& folder, std::unique_ptr<Report> report,
+        std::unique_ptr<BenchClock> clock = nullptr);
+
+  const BenchConfig& Config() const { return config_; }
+  Report& Record() { return *report_; }
+
+  /// The adapter goes on the bus: bus time 0.
+  std::unique_ptr<BusTap> Listen(const AdapterPlan& plan);
+
+ private:
+  std::unique_ptr<BusSource> NewSource();
+  std::shared_ptr<const CandumpLog> Recording();
+
+  BenchConfig config_;
+  std::filesystem::path folder_;
+  std::unique_ptr<Report> report_;
+  std::unique_ptr<BenchClock> clock_;
+  std::shared_ptr<const CandumpLog> recording_;
+};
+
+/// The bench of `library`. The bench file is the one that `named` tells, else
+/// tolvane-bench.ini in `folder`; without either the default bench.
+std::unique_ptr<Bench> LoadBench(std::string_view library, const std::filesystem::path& named,
+                                 const std::filesystem::path& folder);
+
+}  // namespace tolvane::simulator

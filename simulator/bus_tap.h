@@ -1,0 +1,59 @@
+#pragma once
+
+#include <cstdint>
+#include <memory>
+
+#include "simulator/bench_clock.h"
+#include "simulator/bus_frame.h"
+#include "simulator/frame_queue.h"
+
+namespace tolvane::simulator {
+
+struct TapPlan {
+  static constexpr std::int64_t kNever = INT64_MAX;
+
+  std::int64_t queue = 4096;           // frames
+  double speed = 1.0;                  // bus time per real time
+  std::int64_t pulled_at_us = kNever;  // bus time from which on the adapter is gone
+  bool hears_errors_and_own = false;   // error frames and transmitted frames reach the queue
+};
+
+struct TapCounts {
+  std::int64_t reads = 0;
+  std::int64_t delivered = 0;
+  std::int64_t dropped = 0;         // found the queue full
+  std::int64_t longest_gap_us = 0;  // real time between two reads
+  std::int64_t high_water = 0;      // most frames that the queue ever held
+};
+
+/// One adapter's ear on the bus, from the moment it is made, which is bus time 0.
+class BusTap {
+ public:
+  enum class Result : std::uint8_t { kDelivered, kEmpty, kPulled };
+
+  /// `clock` outlives the tap.
+  BusTap(BenchClock& clock, std::unique_ptr<BusSource> source, const TapPlan& plan);
+
+  /// Moves every frame that is due into the queue, then takes the oldest one. Looks at the clock
+  /// once, never waits, allocates nothing, and gives no frame before its time.
+  Result Read(BusFrame& frame);
+
+  TapCounts Counts() const;
+
+ private:
+  void NoteRead(std::int64_t now_us);
+  void TakeDue(std::int64_t bus_us);
+  bool FetchHeard();
+
+  BenchClock& clock_;
+  std::unique_ptr<BusSource> source_;
+  TapPlan plan_;
+  FrameQueue queue_;
+  BusFrame pending_;
+  bool has_pending_;
+  std::int64_t began_us_;
+  std::int64_t last_read_us_ = 0;
+  TapCounts counts_;
+};
+
+}  // namespace tolvane::simulator

@@ -1,0 +1,48 @@
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <string_view>
+#include <vector>
+
+#include "simulator/bus_frame.h"
+
+namespace tolvane::simulator {
+
+/// A recording in the candump log form, one frame to a line:
+///
+///   line  = "(" seconds ["." fraction] ")" blanks channel blanks frame [blanks ("R" | "T")]
+///   frame = id "#" data ["_" dlc] | id "#R" [length]
+///
+/// An id of three hexadecimal digits has 11 bits, one of eight digits has 29; eight digits with
+/// 20000000 added are an error frame. `data` is up to eight bytes; `dlc` (9 to F, behind eight
+/// bytes) is a length code above 8. "T" at the end marks a frame that the recorder itself sent.
+struct CandumpLog {
+  std::vector<BusFrame> frames;    // times from the first frame on, never stepping back
+  std::int64_t refused_lines = 0;  // neither a frame nor blank
+};
+
+/// `frame.time_us` is the line's own time. False when the line is not a frame; `frame` is then
+/// unspecified.
+bool ParseCandumpLine(std::string_view line, BusFrame& frame);
+
+CandumpLog ParseCandumpLog(std::string_view text);
+
+/// Plays a recording, `repeat` times (0: without end), each pass one mean distance of frames
+/// behind the last.
+class LogSource : public BusSource {
+ public:
+  LogSource(std::shared_ptr<const CandumpLog> log, std::int64_t repeat);
+
+  bool Next(BusFrame& frame) override;
+
+ private:
+  std::shared_ptr<const CandumpLog> log_;
+  std::int64_t repeat_;
+  std::int64_t pass_us_ = 0;
+  std::int64_t passes_done_ = 0;
+  std::int64_t pass_began_us_ = 0;
+  std::size_t next_ = 0;
+};
+
+}  // namespace tolvane::simulator

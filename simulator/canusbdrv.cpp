@@ -1,0 +1,87 @@
+// The exports of the simulated canusbdrv.dll. Only they know Windows and the calling convention;
+// what they do is CanusbBench.
+
+#include <array>
+#include <cstdint>
+#include <cstring>
+#include <string>
+#include <type_traits>
+
+#include "platform/windows/abi/canusbdrv_abi.h"
+#include "simulator/canusb_bench.h"
+#include "simulator/module_bench.h"
+
+namespace {
+
+using tolvane::platform::CanusbMessage;
+using tolvane::simulator::CanusbBench;
+using Abi = tolvane::platform::windows::abi::Canusbdrv;
+
+CanusbBench& Library() {
+  static CanusbBench library(tolvane::simulator::LoadModuleBench("canusbdrv"));
+  return library;
+}
+
+/// The result register of a search: its upper half means nothing and may hold anything.
+std::int32_t Register(std::int16_t result) {
+  return Library().SearchUpperHalf() * 0x10000 + static_cast<std::uint16_t>(result);
+}
+
+void CopyOut(const std::array<char, CanusbBench::kSerialSize>& serial, char* buffer,
+             std::int32_t size) {
+  for (std::size_t i = 0; i < serial.size() && static_cast<std::int32_t>(i) < size; ++i) {
+    buffer[i] = serial[i];
+  }
+}
+
+}  // namespace
+
+#define SIMULATED_EXPORT extern "C" __declspec(dllexport)
+
+SIMULATED_EXPORT std::int32_t TOLVANE_STDCALL canusb_getFirstAdapter(char* serial,
+                                                                     std::int32_t size) {
+  std::array<char, CanusbBench::kSerialSize> text;
+  const std::int16_t result = Library().canusb_getFirstAdapter(text);
+  CopyOut(text, serial, size);
+  return Register(result);
+}
+
+SIMULATED_EXPORT std::int32_t TOLVANE_STDCALL canusb_getNextAdapter(char* serial,
+                                                                    std::int32_t size) {
+  std::array<char, CanusbBench::kSerialSize> text;
+  const std::int16_t result = Library().canusb_getNextAdapter(text);
+  CopyOut(text, serial, size);
+  return Register(result);
+}
+
+SIMULATED_EXPORT std::int32_t TOLVANE_STDCALL canusb_Open(const char* serial, char* rate,
+                                                          std::int32_t acceptance_code,
+                                                          std::int32_t acceptance_mask,
+                                                          std::int32_t flags) {
+  std::string rate_text = rate == nullptr ? "" : rate;
+  return Library().canusb_Open(serial == nullptr ? "" : serial, rate_text, acceptance_code,
+                               acceptance_mask, flags);
+}
+
+SIMULATED_EXPORT std::int32_t TOLVANE_STDCALL canusb_Close(std::int32_t handle) {
+  return Library().Close(handle);
+}
+
+SIMULATED_EXPORT std::int32_t TOLVANE_STDCALL canusb_Read(std::int32_t handle,
+                                                          CanusbMessage* message) {
+  return Library().canusb_Read(handle, *message);
+}
+
+SIMULATED_EXPORT std::int32_t TOLVANE_STDCALL canusb_VersionInfo(std::int32_t handle,
+                                                                 char* version) {
+  std::array<char, CanusbBench::kVersionSize> text;
+  const std::int32_t result = Library().canusb_VersionInfo(handle, text);
+  std::memcpy(version, text.data(), text.size());
+  return result;
+}
+
+// The searches are left out: their callers take half of the register that is given here.
+static_assert(std::is_same_v<decltype(&canusb_Open), decltype(Abi::canusb_Open)> &&
+              std::is_same_v<decltype(&canusb_Close), decltype(Abi::canusb_Close)> &&
+              std::is_same_v<decltype(&canusb_Read), decltype(Abi::canusb_Read)> &&
+              std::is_same_v<decltype(&canusb_VersionInfo), decltype(Abi::canusb_VersionInfo)>);

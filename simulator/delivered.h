@@ -1,0 +1,21 @@
+#pragma once
+
+#include <cstdint>
+
+#include "simulator/bench_config.h"
+#include "simulator/bus_frame.h"
+
+namespace tolvane::simulator {
+
+/// The length byte that the adapter gives out.
+inline std::uint8_t DeliveredDlc(const AdapterPlan& plan, const BusFrame& frame) {
+  return plan.force_dlc >= 0 ? static_cast<std::uint8_t>(plan.force_dlc) : frame.dlc;
+}
+
+/// The id word that the adapter gives out; `marks` are bits that the library adds.
+inline std::int32_t DeliveredId(const AdapterPlan& plan, const BusFrame& frame,
+                                std::uint32_t marks = 0) {
+  return static_cast<std::int32_t>(frame.id | marks | plan.or_id);
+}
+
+}  // namespace tolvane::simulator

@@ -1,0 +1,55 @@
+#include "simulator/report.h"
+
+#include <utility>
+
+#include "simulator/values.h"
+
+namespace tolvane::simulator {
+
+CallLine& CallLine::Text(std::string_view text) {
+  Add('"' + EscapeText(text) + '"');
+  return *this;
+}
+
+CallLine& CallLine::Number(std::int64_t number) {
+  Add(std::to_string(number));
+  return *this;
+}
+
+std::string CallLine::Gives(std::int32_t result) {
+  return std::move(line_) + ") = " + std::to_string(result);
+}
+
+std::string CallLine::Gives(std::int32_t result, std::string_view output) {
+  return Gives(result) + " \"" + EscapeText(output) + '"';
+}
+
+void CallLine::Add(std::string_view argument) {
+  if (!first_) line_ += ", ";
+  first_ = false;
+  line_ += argument;
+}
+
+Report::Report(std::unique_ptr<std::ostream> out, std::string_view library)
+    : out_(std::move(out)), library_(library) {
+  Line("load");
+}
+
+Report::~Report() { Line("unload"); }
+
+void Report::Line(std::string_view line) {
+  if (out_ == nullptr) return;
+  *out_ << library_ << ' ' << line << '\n';
+  out_->flush();
+}
+
+void Report::Run(std::string_view adapter, const TapCounts& counts) {
+  std::string thousandths = std::to_string(counts.longest_gap_us % 1000);
+  thousandths.insert(0, 3 - thousandths.size(), '0');
+  Line("run " + EscapeText(adapter) + " reads=" + std::to_string(counts.reads) + " delivered=" +
+       std::to_string(counts.delivered) + " dropped=" + std::to_string(counts.dropped) +
+       " longest_gap_ms=" + std::to_string(counts.longest_gap_us / 1000) + '.' + thousandths +
+       " queue_high_water=" + std::to_string(counts.high_water));
+}
+
+}  // namespace tolvane::simulator

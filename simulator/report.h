@@ -1,0 +1,50 @@
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <ostream>
+#include <string>
+#include <string_view>
+
+#include "simulator/bus_tap.h"
+
+namespace tolvane::simulator {
+
+/// Puts one library call together: canusb_Open("TV100001", "500", 0, -1, 1) = 1001.
+class CallLine {
+ public:
+  explicit CallLine(std::string_view call) : line_(call) { line_ += '('; }
+
+  CallLine& Text(std::string_view text);  // quoted, with \xNN outside ASCII
+  CallLine& Number(std::int64_t number);
+  std::string Gives(std::int32_t result);
+  std::string Gives(std::int32_t result, std::string_view output);  // what a buffer got
+
+ private:
+  void Add(std::string_view argument);
+  std::string line_;
+  bool first_ = true;
+};
+
+/// What happened, a line at a time, each preceded by the library's name. A reader may look at the
+/// file while the program runs.
+class Report {
+ public:
+  /// `out` null: nothing is kept.
+  Report(std::unique_ptr<std::ostream> out, std::string_view library);
+  ~Report();
+  Report(const Report&) = delete;
+  Report& operator=(const Report&) = delete;
+
+  void Line(std::string_view line);
+
+  /// The summary of one stretch on the bus:
+  /// "run TV100001 reads=N delivered=N dropped=N longest_gap_ms=N.NNN queue_high_water=N".
+  void Run(std::string_view adapter, const TapCounts& counts);
+
+ private:
+  std::unique_ptr<std::ostream> out_;
+  std::string library_;
+};
+
+}  // namespace tolvane::simulator
