@@ -1,0 +1,85 @@
+#pragma once
+
+#include <cstdint>
+#include <limits>
+#include <map>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "platform/code_page.h"
+#include "platform/file_services.h"
+
+namespace tolvane::platform::memory {
+
+// Attribute values.
+constexpr std::int32_t kReadOnly = 1;
+constexpr std::int32_t kPlainFolder = 16;
+constexpr std::int32_t kPlainFile = 32;
+
+/// A disk in memory, with the manners of Windows: names in any case, a backslash at the end of a
+/// folder's path without meaning, paths of at most 259 characters, 247 for new folders.
+class FileSystem final : public platform::FileServices {
+ public:
+  /// `code_page` is what text files are written in.
+  explicit FileSystem(platform::CodePage& code_page) : code_page_(code_page) {}
+
+  // What lies on the disk.
+  void AddFolder(StringView path);  // with the folders above it
+  void AddFile(StringView path, std::string_view bytes, std::int32_t attributes = kPlainFile);
+  void Remove(StringView path);  // a folder with all that is in it
+  [[nodiscard]] std::optional<std::string> Bytes(StringView path) const;
+  /// Paths of all files below `folder`, in the order of their names in capitals.
+  [[nodiscard]] std::vector<String> Files(StringView folder) const;
+
+  // Faults. Each stays until it is taken back.
+  void SetAttributes(StringView path, std::int32_t attributes);
+  /// Another program holds the file: it cannot be read, written or deleted.
+  void Lock(StringView path, bool locked);
+  /// Nothing can be made in the folder.
+  void Protect(StringView folder, bool is_protected);
+  /// Files can grow by so many bytes in all, then writing fails.
+  void FreeSpace(std::size_t bytes) { free_space_ = bytes; }
+  /// Files are written and read, but closing them fails.
+  void FailClose(bool fail) { fail_close_ = fail; }
+
+  /// Calls of TextStream::Write so far.
+  [[nodiscard]] std::int32_t TextWrites() const { return text_writes_; }
+
+  [[nodiscard]] bool FolderExists(StringView path) override;
+  [[nodiscard]] bool FileExists(StringView path) override;
+  [[nodiscard]] bool CreateFolder(StringView path) override;
+  [[nodiscard]] std::unique_ptr<TextStream> CreateTextFile(StringView path, bool overwrite,
+                                                           bool unicode) override;
+  bool DeleteFile(StringView path, bool force) override;
+  [[nodiscard]] std::optional<BinaryRead> ReadBinary(StringView path, std::size_t size) override;
+  [[nodiscard]] bool WriteBinary(StringView path, std::span<const std::byte> bytes) override;
+  [[nodiscard]] std::optional<std::int32_t> Attributes(StringView path) override;
+
+ private:
+  struct Entry {
+    String path = {};  // as it was made
+    bool is_folder = false;
+    std::int32_t attributes = 0;
+    std::string bytes = {};
+    bool locked = false;
+    bool is_protected = false;
+  };
+  class Stream;
+
+  [[nodiscard]] Entry* Find(StringView path);
+  [[nodiscard]] Entry* FindFile(StringView path);
+  [[nodiscard]] Entry* FindFolder(StringView path);
+  /// The file to be written, made if need be; null when that is not possible.
+  [[nodiscard]] Entry* OpenForWriting(StringView path);
+  /// Puts `bytes` at `position` as far as there is space for them.
+  [[nodiscard]] bool WriteAt(Entry& file, std::size_t position, std::string_view bytes);
+
+  platform::CodePage& code_page_;
+  std::map<String, Entry> entries_;  // by path in capitals, without the backslash at the end
+  std::size_t free_space_ = std::numeric_limits<std::size_t>::max();
+  bool fail_close_ = false;
+  std::int32_t text_writes_ = 0;
+};
+
+}  // namespace tolvane::platform::memory
