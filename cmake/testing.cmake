@@ -1,3 +1,10 @@
+# What runs a program of this build on this machine.
+if(CMAKE_SYSTEM_PROCESSOR STREQUAL "i686")
+  set(tolvane_runner x86-run)
+else()
+  set(tolvane_runner wine-run)
+endif()
+
 # GoogleTest: Debian's library natively, its source package compiled here for Windows.
 if(WIN32)
   set(gtest_force_shared_crt ON)
@@ -16,10 +23,10 @@ function(tolvane_test name)
   cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "SOURCES;USES")
   add_executable(${name} ${arg_SOURCES})
   target_include_directories(${name} PRIVATE "${CMAKE_SOURCE_DIR}")
-  target_link_libraries(${name} PRIVATE ${arg_USES} tolvane_options GTest::gtest_main
-                                        GTest::gmock)
+  target_link_libraries(${name} PRIVATE ${arg_USES} tolvane_options GTest::gtest_main)
   if(WIN32)
-    add_test(NAME ${name} COMMAND ${CMAKE_SOURCE_DIR}/scripts/lib/wine-run $<TARGET_FILE:${name}>)
+    add_test(NAME ${name} COMMAND "${CMAKE_SOURCE_DIR}/scripts/lib/${tolvane_runner}"
+                                  $<TARGET_FILE:${name}>)
   else()
     gtest_discover_tests(${name} DISCOVERY_TIMEOUT 60)
   endif()
@@ -34,4 +41,28 @@ function(tolvane_check folder script)
   find_package(Python3 REQUIRED COMPONENTS Interpreter)
   add_test(NAME ${folder}.${script}
            COMMAND Python3::Interpreter -B "${CMAKE_CURRENT_SOURCE_DIR}/${script}" ${ARGN})
+endfunction()
+
+# tolvane_fuzz(name SOURCES ... USES ... [CORPUS folder]): a fuzz target of the preset native-fuzz. Its test
+# plays the corpus and then tries a fixed number of mutations with a fixed seed, a few seconds' work;
+# to search on, start the binary by hand.
+function(tolvane_fuzz name)
+  if(NOT TOLVANE_FUZZ)
+    return()
+  endif()
+  cmake_parse_arguments(PARSE_ARGV 1 arg "" "CORPUS" "SOURCES;USES")
+  add_executable(${name} ${arg_SOURCES})
+  target_include_directories(${name} PRIVATE "${CMAKE_SOURCE_DIR}")
+  target_link_libraries(${name} PRIVATE ${arg_USES} tolvane_options)
+  target_compile_options(${name} PRIVATE -fsanitize=fuzzer)
+  target_link_options(${name} PRIVATE -fsanitize=fuzzer)
+  # New finds go to the first folder, never into the sources.
+  set(found "${CMAKE_CURRENT_BINARY_DIR}/${name}-found")
+  file(MAKE_DIRECTORY "${found}")
+  set(corpus "")
+  if(arg_CORPUS)
+    set(corpus "${CMAKE_CURRENT_SOURCE_DIR}/${arg_CORPUS}")
+  endif()
+  add_test(NAME fuzz.${name} COMMAND ${name} -runs=20000 -seed=1 -max_total_time=20
+                                     -artifact_prefix=${found}/ ${found} ${corpus})
 endfunction()

@@ -2,11 +2,10 @@
 # shellcheck shell=bash
 : "${build:?common.sh comes first}" "${WINEPREFIX:?wine.sh comes first}"
 
-# Every library that stands for a vendor's, as the program looks for them.
+# The libraries stand where the program looks for a vendor's.
 bench_install() {
   local arch=$1
-  cp "$build/windows-$arch/simulator/"{canusbdrv,IFCan,canlib32}.dll \
-    "$WINEPREFIX/drive_c/windows/system32/"
+  cp "$build/windows-$arch/simulator/"*.dll "$WINEPREFIX/drive_c/windows/system32/"
 }
 
 # bench_write FILE ADAPTER CLOCK_START LOG: one adapter of a kind (canusb, interface, kvaser), its clock

@@ -1,0 +1,169 @@
+# The stages of scripts/test. A stage adds to the three counts; one that cannot be built counts as one
+# failure, and the next stage runs all the same.
+# shellcheck shell=bash
+: "${build:?common.sh comes first}" "${root:?}"
+
+passed=0 failed=0 skipped=0
+results=$build/test-results
+
+run_stage() {
+  local began=$SECONDS before=$failed
+  say "stage $1"
+  "stage_$1"
+  say "stage $1: $((SECONDS - began)) s$([ "$failed" -eq "$before" ] || echo ", with failures")"
+}
+
+count_failed() {
+  say "failed: $*"
+  failed=$((failed + 1))
+}
+
+count_skipped() {
+  say "skipped: $*"
+  skipped=$((skipped + 1))
+}
+
+# count_command NAME COMMAND ARGS: one test that passes when the command does, and is skipped when it
+# ends with 77.
+count_command() {
+  local name=$1 log=$results/$1.log code=0
+  shift
+  mkdir -p "$results"
+  "$@" >"$log" 2>&1 || code=$?
+  case $code in
+    0) passed=$((passed + 1)) ;;
+    77) count_skipped "$name: $(tail -n 1 "$log")" ;;
+    *)
+      tail -n 60 "$log"
+      count_failed "$name (the whole output: $log)"
+      ;;
+  esac
+}
+
+# run_ctest NAME PRESET CTEST-ARGUMENTS: runs tests of a preset and counts each case.
+run_ctest() {
+  local name=$1 preset=$2 folder=$results/$1 counts p f s
+  shift 2
+  rm -rf "$folder"
+  mkdir -p "$folder"
+  # A Windows test binary runs as one entry and leaves its cases' results in this folder.
+  GTEST_OUTPUT=$(gtest_output "$preset" "$folder") ctest --test-dir "$build/$preset" --timeout 900 \
+    --no-tests=error --output-on-failure --output-junit "$folder/entries.junit" "$@" \
+    >"$folder.log" 2>&1 || true
+  counts=$(python3 "$root/scripts/lib/tally.py" "$folder/entries.junit" "$folder" 2>>"$folder.log") ||
+    counts="0 0 0"
+  read -r p f s <<<"$counts"
+  if [ $((p + f + s)) -eq 0 ]; then
+    tail -n 20 "$folder.log"
+    count_failed "$name: no tests ran"
+    return
+  fi
+  passed=$((passed + p)) failed=$((failed + f)) skipped=$((skipped + s))
+  say "$name: $p passed, $f failed, $s skipped"
+  tail -n +2 <<<"$counts"
+  # What the failed ones said, without the lines of those that passed.
+  [ "$f" -eq 0 ] || grep -vE '^ +Start +[0-9]+:|Test +#.* Passed ' "$folder.log" | tail -n 150
+}
+
+gtest_output() {
+  case $1 in
+    windows-*) echo "xml:Z:$2/" ;;
+  esac
+}
+
+# build_all PRESET [TARGET...]: false, and one failure counted, when it does not build.
+build_all() {
+  build_preset "$@" || {
+    count_failed "the preset $1 does not build (see $build/$1-build.log)"
+    return 1
+  }
+}
+
+# Entries of ctest that are no unit tests.
+other_entries='^(floors|docs|scripts|window|fuzz)\.|^window_tests$|^Soak'
+
+stage_checks() {
+  configure_preset native || { count_failed "the preset native cannot be configured"; return; }
+  run_ctest checks native -R '^(floors|docs|scripts|window)\.'
+  count_command format check_format
+  count_command shellcheck check_scripts
+}
+
+sources_of() { git -C "$root" ls-files -- "$@"; }
+
+check_format() {
+  (cd "$root" && sources_of '*.h' '*.cpp' | xargs clang-format --dry-run --Werror)
+}
+
+check_scripts() {
+  (cd "$root" && sources_of .ci/run scripts | grep -v '\.py$' | xargs shellcheck)
+}
+
+stage_unit() {
+  build_all native && run_ctest unit native -j2 -E "$other_entries"
+}
+
+stage_sanitizers() {
+  build_all native-sanitize && run_ctest sanitizers native-sanitize -j2 -E "$other_entries"
+}
+
+stage_fuzz() {
+  build_all native-fuzz && run_ctest fuzz native-fuzz -j2 -R '^fuzz\.'
+}
+
+stage_soak() {
+  build_all native && run_ctest soak native -R '^Soak'
+}
+
+# Wine and the X server stand from the first stage that needs them to the end of the script.
+need_wine() {
+  [ -z "${wine_lock:-}" ] || return 0
+  # shellcheck source=wine.sh
+  source "$root/scripts/lib/wine.sh"
+  wine_session
+}
+
+stage_wine() {
+  need_wine
+  build_all windows-x64 && run_ctest wine windows-x64 -E "$other_entries"
+}
+
+stage_window() {
+  need_wine
+  build_all windows-x64 && run_ctest window windows-x64 -R '^window_tests$'
+  keep_pictures
+}
+
+# The pictures of the windows, for looking at.
+keep_pictures() {
+  local picture
+  for picture in "$build"/windows-*/tests/window/pictures/*.bmp; do
+    [ -e "$picture" ] || continue
+    convert "$picture" "${picture%.bmp}.png" && rm "$picture"
+  done
+}
+
+stage_replay() {
+  count_command replay "$root/scripts/replay-check"
+  # The adapter's clock wraps on the way.
+  count_command replay-wrap "$root/scripts/replay-check" "" 55000
+}
+
+# Each program there starts a Wine server of its own and ends it; the X server is shared.
+stage_x86() {
+  # shellcheck source=wine.sh
+  source "$root/scripts/lib/wine.sh"
+  # shellcheck source=x86.sh
+  source "$root/scripts/lib/x86.sh"
+  local obstacle
+  obstacle=$(x86_obstacle)
+  if [ -n "$obstacle" ]; then
+    count_skipped "x86: $obstacle"
+  elif ! x86_make_root; then
+    count_skipped "x86: the 32-bit root cannot be made (see $build/x86-root.log)"
+  elif build_all windows-x86; then
+    display_start
+    run_ctest x86 windows-x86 -E "^Soak"
+    keep_pictures
+  fi
+}

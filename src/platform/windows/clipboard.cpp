@@ -1,0 +1,89 @@
+#include "platform/windows/clipboard.h"
+
+#include <algorithm>
+#include <cstring>
+#include <string>
+
+#include "platform/windows/handle.h"
+#include "platform/windows/rtf_bytes.h"
+#include "platform/windows/text.h"
+
+namespace tolvane::platform::windows {
+namespace {
+
+/// Holds the clipboard while it lives; false when another program does.
+class OpenedClipboard {
+ public:
+  explicit OpenedClipboard(HWND owner) : opened_(OpenClipboard(owner) != FALSE) {}
+  OpenedClipboard(const OpenedClipboard&) = delete;
+  OpenedClipboard& operator=(const OpenedClipboard&) = delete;
+  ~OpenedClipboard() {
+    if (opened_) CloseClipboard();
+  }
+  explicit operator bool() const { return opened_; }
+
+ private:
+  bool opened_;
+};
+
+/// The units of a block up to its first NUL. Another program made the block: its NUL may be
+/// missing.
+template <typename Unit>
+std::basic_string<Unit> BlockText(HANDLE block) {
+  const auto* begin = static_cast<const Unit*>(GlobalLock(block));
+  if (begin == nullptr) return {};
+  const Unit* end = begin + GlobalSize(block) / sizeof(Unit);
+  std::basic_string<Unit> text(begin, std::find(begin, end, Unit{}));
+  GlobalUnlock(block);
+  return text;
+}
+
+template <typename Unit>
+bool SetBlock(UINT format, const std::basic_string<Unit>& text) {
+  const std::size_t size = (text.size() + 1) * sizeof(Unit);
+  GlobalHandle block(GlobalAlloc(GMEM_MOVEABLE, size));
+  if (!block) return false;
+  void* bytes = GlobalLock(block.Get());
+  if (bytes == nullptr) return false;
+  std::memcpy(bytes, text.c_str(), size);
+  GlobalUnlock(block.Get());
+  if (SetClipboardData(format, block.Get()) == nullptr) return false;
+  static_cast<void>(block.Release());  // the clipboard's now
+  return true;
+}
+
+}  // namespace
+
+WindowsClipboard::WindowsClipboard(HWND owner)
+    : owner_(owner), rich_text_(RegisterClipboardFormatW(L"Rich Text Format")) {}
+
+UINT WindowsClipboard::FormatNumber(Format format) const {
+  return format == Format::kRichText ? rich_text_ : CF_UNICODETEXT;
+}
+
+bool WindowsClipboard::Clear() {
+  const OpenedClipboard opened(owner_);
+  return opened && EmptyClipboard();
+}
+
+bool WindowsClipboard::GetFormat(Format format) {
+  return IsClipboardFormatAvailable(FormatNumber(format)) != FALSE;
+}
+
+String WindowsClipboard::GetText(Format format) {
+  const OpenedClipboard opened(owner_);
+  if (!opened) return {};
+  const HANDLE block = GetClipboardData(FormatNumber(format));
+  if (block == nullptr) return {};
+  return format == Format::kRichText ? FromRtfBytes(BlockText<char>(block))
+                                     : BlockText<char16_t>(block);
+}
+
+bool WindowsClipboard::SetText(StringView text, Format format) {
+  const OpenedClipboard opened(owner_);
+  if (!opened) return false;
+  return format == Format::kRichText ? SetBlock(rich_text_, ToRtfBytes(text))
+                                     : SetBlock(CF_UNICODETEXT, String(text));
+}
+
+}  // namespace tolvane::platform::windows

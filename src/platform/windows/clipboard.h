@@ -1,0 +1,25 @@
+#pragma once
+
+#include "platform/clipboard.h"
+#include "platform/windows/win32.h"
+
+namespace tolvane::platform::windows {
+
+class WindowsClipboard final : public Clipboard {
+ public:
+  /// `owner`, the main window, must outlive this.
+  explicit WindowsClipboard(HWND owner);
+
+  [[nodiscard]] bool Clear() override;
+  [[nodiscard]] bool GetFormat(Format format) override;
+  [[nodiscard]] String GetText(Format format) override;
+  [[nodiscard]] bool SetText(StringView text, Format format) override;
+
+ private:
+  [[nodiscard]] UINT FormatNumber(Format format) const;
+
+  HWND owner_;
+  UINT rich_text_;
+};
+
+}  // namespace tolvane::platform::windows

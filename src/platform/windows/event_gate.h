@@ -1,0 +1,49 @@
+#pragma once
+
+#include <cstddef>
+#include <deque>
+#include <functional>
+
+namespace tolvane::platform::windows {
+
+/// Decides when an event may reach the logic.
+///
+/// Open while the program waits for the user, inside YieldToEvents, and inside the modal loops that
+/// the logic begins (a message box, the pop-up). Closed while a handler of the logic runs: whatever
+/// pumps messages then, an outgoing automation call for one, only fills the waiting line.
+class EventGate {
+ public:
+  using Event = std::function<void()>;
+
+  /// Hands `event` to the logic with the gate closed behind it, or puts it in the line when the
+  /// gate is closed already.
+  void Deliver(Event event);
+
+  /// Delivers what waits, in its order; each yield and each turn of the main loop begins so. Does
+  /// nothing while the gate is closed.
+  void DeliverWaiting();
+
+  [[nodiscard]] bool Open() const { return open_; }
+  [[nodiscard]] std::size_t Waiting() const { return waiting_.size(); }
+
+  /// Opens the gate for a scope: a yield or a modal loop of the logic's own.
+  class Opened {
+   public:
+    explicit Opened(EventGate& gate) : gate_(gate), before_(gate.open_) { gate_.open_ = true; }
+    Opened(const Opened&) = delete;
+    Opened& operator=(const Opened&) = delete;
+    ~Opened() { gate_.open_ = before_; }
+
+   private:
+    EventGate& gate_;
+    bool before_;
+  };
+
+ private:
+  void Run(const Event& event);
+
+  std::deque<Event> waiting_;
+  bool open_ = true;
+};
+
+}  // namespace tolvane::platform::windows

@@ -1,0 +1,38 @@
+#include "platform/windows/event_loop.h"
+
+#include <algorithm>
+
+namespace tolvane::platform::windows {
+
+void WindowsEventLoop::YieldToEvents() {
+  const EventGate::Opened opened(gate_);
+  gate_.DeliverWaiting();
+  MSG message;
+  while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) {
+    if (message.message == WM_QUIT) {
+      // Nobody in the program posts it; from outside it asks for the end of the loop.
+      ended_ = true;
+      continue;
+    }
+    Dispatch(message);
+  }
+}
+
+void WindowsEventLoop::RunUntilEnd() {
+  MSG message;
+  while (!ended_ && GetMessageW(&message, nullptr, 0, 0) > 0) {
+    Dispatch(message);
+    gate_.DeliverWaiting();
+  }
+}
+
+void WindowsEventLoop::Dispatch(MSG& message) {
+  const bool taken = std::ranges::any_of(keyboard_windows_, [&message](HWND window) {
+    return IsWindowVisible(window) && IsDialogMessageW(window, &message);
+  });
+  if (taken) return;
+  TranslateMessage(&message);
+  DispatchMessageW(&message);
+}
+
+}  // namespace tolvane::platform::windows

@@ -1,0 +1,37 @@
+#pragma once
+
+#include <functional>
+#include <vector>
+
+#include "platform/event_loop.h"
+#include "platform/windows/event_gate.h"
+#include "platform/windows/win32.h"
+
+namespace tolvane::platform::windows {
+
+/// The message loop of the one thread. Windows that are worked with the keyboard like a dialog
+/// (Tab, arrow keys, mnemonics) are registered here.
+class WindowsEventLoop final : public EventLoop {
+ public:
+  explicit WindowsEventLoop(EventGate& gate) : gate_(gate) {}
+
+  /// One pass over the queue. On some systems a look into an empty queue costs 70 us, so there is
+  /// exactly one such look in each yield.
+  void YieldToEvents() override;
+
+  /// Waits for events and hands them out until End was called.
+  void RunUntilEnd();
+  void End() { ended_ = true; }
+  [[nodiscard]] bool Ended() const { return ended_; }
+
+  void AddKeyboardWindow(HWND window) { keyboard_windows_.push_back(window); }
+
+ private:
+  void Dispatch(MSG& message);
+
+  EventGate& gate_;
+  std::vector<HWND> keyboard_windows_;  // not owned; destroyed ones match no message
+  bool ended_ = false;
+};
+
+}  // namespace tolvane::platform::windows

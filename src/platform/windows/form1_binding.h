@@ -1,0 +1,25 @@
+#pragma once
+
+#include "platform/windows/form1_events.h"
+#include "run/form1.h"
+
+namespace tolvane::platform::windows {
+
+/// Leads the events of the main window to the handlers of Form1.
+class Form1Binding final : public Form1Events {
+ public:
+  explicit Form1Binding(Form1& form) : form_(form) {}
+
+  void Command(int id) override;
+  void ViewSelectionChanged() override { form_.RTB_MainView_SelChange(); }
+  void ViewContextMenu() override { form_.RTB_MainView_ContextMenu(); }
+  void ViewGotFocus() override { form_.RTB_MainView_GotFocus(); }
+  [[nodiscard]] bool QueryUnload() override;
+  void Unload() override { form_.Form_Unload(); }
+  [[nodiscard]] bool ClosingIsRefused() const override { return form_.ClosingIsRefused(); }
+
+ private:
+  Form1& form_;
+};
+
+}  // namespace tolvane::platform::windows

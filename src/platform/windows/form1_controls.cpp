@@ -1,0 +1,138 @@
+// The controls of the main window: their making, their tool tips, their numbers.
+#include <iterator>
+
+#include "platform/windows/dialog_font.h"
+#include "platform/windows/form1_window.h"
+// Last, see there.
+#include "platform/windows/resources/resource.h"
+
+namespace tolvane::platform::windows {
+namespace {
+
+constexpr WPARAM kCommentLength = 50;  // characters
+constexpr int kPicture = 48;           // units of 96 dpi
+constexpr int kTipWidth = 420;
+
+constexpr wchar_t kCautionTip[] =
+    L"接続中にウィンドウを動かしたり、メニューバーを操作すると、受信が途絶します。";
+constexpr wchar_t kProtocolTip[] =
+    L"【通信モード】　通信速度の設定は、[ツール(T)] - [共通設定(S)] で変更できます";
+
+constexpr DWORD kLabel = SS_NOPREFIX | SS_CENTERIMAGE | SS_NOTIFY;
+constexpr DWORD kShown = WS_TABSTOP | ES_AUTOHSCROLL | ES_READONLY;
+constexpr DWORD kEdited = WS_TABSTOP | ES_AUTOHSCROLL;
+constexpr DWORD kButton = WS_TABSTOP | BS_PUSHBUTTON;
+constexpr DWORD kList = WS_TABSTOP | WS_VSCROLL | CBS_DROPDOWNLIST;
+constexpr DWORD kPictureStyle = SS_ICON | SS_REALSIZECONTROL | SS_NOTIFY;
+
+struct ChildControl {
+  int id;
+  const wchar_t* class_name;
+  const wchar_t* text;
+  DWORD style;
+};
+
+// In reading order, which is the tab order; the view comes behind them.
+constexpr ChildControl kChildren[] = {
+    {Lb_Serect_Device, WC_STATICW, L"機器No.", kLabel},
+    {Cmb_Serect_Device, WC_COMBOBOXW, L"", kList},
+    {Lb_ODB_Hard_Version, WC_STATICW, L"機器情報", kLabel},
+    {TB_ODB_Hard_Version, WC_EDITW, L"Nothing", kShown},
+    {Bt_Connect, WC_BUTTONW, L"接続", kButton},
+    {Bt_Disconnect, WC_BUTTONW, L"切断", kButton | WS_DISABLED},
+    {Lb_Protocol, WC_STATICW, L"通信モード", kLabel},
+    {TB_Protocol, WC_EDITW, L"---", kShown},
+    {Lb_Status, WC_STATICW, L"ステータス", kLabel},
+    {TB_Status, WC_EDITW, L"", kShown},
+    {Lb_LogComment, WC_STATICW, L"コメント", kLabel},
+    {TB_LogComment, WC_EDITW, L"", kEdited},
+    {Bt_SaveFile, WC_BUTTONW, L"スナップショット", kButton},
+    {Bt_ViewClear, WC_BUTTONW, L"画面クリア", kButton},
+    {Pic_Caution, WC_STATICW, L"", kPictureStyle},
+};
+
+// In the order of MainWindow's members.
+constexpr UINT kBarItems[] = {menu_common_setting, menu_opt_function1, menu_opt_log1};
+constexpr UINT kViewItems[] = {
+    menu_View_All_Copy,     menu_View_Ctrl_Z,      menu_View_Ctrl_X,        menu_View_Ctrl_C,
+    menu_View_Ctrl_V,       menu_View_DEL,         menu_View_Text_Red,      menu_View_Text_Blue,
+    menu_View_Text_Black,   menu_View_Marker_Pink, menu_View_Marker_Yellow, menu_View_Marker_black,
+    menu_View_Marker_white, menu_View_Date};
+
+}  // namespace
+
+HWND Form1Window::AddChild(const wchar_t* class_name, const wchar_t* text, int id, DWORD style) {
+  // Boxes get the sunken edge, drawn by the visual style where there is one.
+  const bool is_box = lstrcmpW(class_name, WC_EDITW) == 0;
+  const HWND child = CreateWindowExW(
+      is_box ? WS_EX_CLIENTEDGE : 0, class_name, text, WS_CHILD | WS_VISIBLE | style, 0, 0, 0, 0,
+      Hwnd(), reinterpret_cast<HMENU>(static_cast<INT_PTR>(id)), instance_, nullptr);
+  SendMessageW(child, WM_SETFONT, reinterpret_cast<WPARAM>(font_.Get()), FALSE);
+  return child;
+}
+
+bool Form1Window::CreateControls() {
+  font_ = DialogFont();
+  for (const ChildControl& child : kChildren) {
+    if (AddChild(child.class_name, child.text, child.id, child.style) == nullptr) return false;
+  }
+  const int size = dpi_.Pixels(kPicture);
+  caution_ = IconHandle(static_cast<HICON>(
+      LoadImageW(instance_, MAKEINTRESOURCEW(ICON_CAUTION), IMAGE_ICON, size, size, 0)));
+  SendDlgItemMessageW(Hwnd(), Pic_Caution, STM_SETICON, reinterpret_cast<WPARAM>(caution_.Get()),
+                      0);
+  ShowWindow(Child(Pic_Caution), SW_HIDE);
+  SendDlgItemMessageW(Hwnd(), TB_LogComment, EM_LIMITTEXT, kCommentLength, 0);
+
+  const bool view_made = view_.Create(
+      Hwnd(), RTB_MainView, [this] { DeliverSelectionChange(); },
+      [this](bool by_keyboard) { DeliverContextMenu(by_keyboard); });
+  if (!view_made) return false;
+  AttachControls();
+  AddToolTips();
+  return true;
+}
+
+void Form1Window::AttachControls() {
+  connect_.Attach(Child(Bt_Connect));
+  disconnect_.Attach(Child(Bt_Disconnect));
+  // In code a selection is told at once: the logic that selects is the one that listens.
+  device_.Attach(Child(Cmb_Serect_Device), [this] {
+    if (events_ != nullptr) events_->Command(Cmb_Serect_Device);
+  });
+  hard_version_.Attach(Child(TB_ODB_Hard_Version));
+  protocol_.Attach(Child(TB_Protocol));
+  status_.Attach(Child(TB_Status));
+  comment_.Attach(Child(TB_LogComment));
+  caution_picture_.Attach(Child(Pic_Caution));
+  static_assert(std::size(kBarItems) == std::tuple_size_v<decltype(bar_items_)>);
+  for (std::size_t i = 0; i < bar_items_.size(); ++i) {
+    bar_items_[i].Attach(GetMenu(Hwnd()), kBarItems[i]);
+  }
+  static_assert(std::size(kViewItems) == std::tuple_size_v<decltype(view_items_)>);
+  for (std::size_t i = 0; i < view_items_.size(); ++i) {
+    view_items_[i].Attach(view_menu_.Get(), kViewItems[i]);
+  }
+}
+
+void Form1Window::AddToolTips() {
+  tool_tips_ = CreateWindowExW(WS_EX_TOPMOST, TOOLTIPS_CLASSW, L"", WS_POPUP | TTS_NOPREFIX, 0, 0,
+                               0, 0, Hwnd(), nullptr, instance_, nullptr);
+  SendMessageW(tool_tips_, TTM_SETMAXTIPWIDTH, 0, dpi_.Pixels(kTipWidth));
+  const struct {
+    int id;
+    const wchar_t* text;
+  } tips[] = {{Pic_Caution, kCautionTip}, {TB_Protocol, kProtocolTip}, {Lb_Protocol, kProtocolTip}};
+  for (const auto& tip : tips) {
+    TTTOOLINFOW info{};
+    info.cbSize = sizeof(info);
+    info.uFlags = TTF_IDISHWND | TTF_SUBCLASS;
+    info.hwnd = Hwnd();
+    info.uId = reinterpret_cast<UINT_PTR>(Child(tip.id));
+    // Copied by the control.
+    info.lpszText = const_cast<wchar_t*>(tip.text);
+    SendMessageW(tool_tips_, TTM_ADDTOOLW, 0, reinterpret_cast<LPARAM>(&info));
+  }
+}
+
+}  // namespace tolvane::platform::windows

@@ -1,0 +1,248 @@
+#include "platform/windows/form1_window.h"
+
+#include "platform/windows/form1_layout.h"
+#include "platform/windows/text.h"
+
+namespace tolvane::platform::windows {
+
+// Before resource.h: its names are also the names of these members.
+MainWindow Form1Window::Face() {
+  return {*this,           splash_,          *this,
+          connect_,        disconnect_,      device_,
+          hard_version_,   protocol_,        status_,
+          comment_,        caution_picture_, view_,
+          bar_items_[0],   bar_items_[1],    bar_items_[2],
+          *this,           view_items_[0],   view_items_[1],
+          view_items_[2],  view_items_[3],   view_items_[4],
+          view_items_[5],  view_items_[6],   view_items_[7],
+          view_items_[8],  view_items_[9],   view_items_[10],
+          view_items_[11], view_items_[12],  view_items_[13]};
+}
+
+}  // namespace tolvane::platform::windows
+
+#include "platform/windows/resources/resource.h"
+
+namespace tolvane::platform::windows {
+namespace {
+
+constexpr UINT kStartRun = WM_APP + 1;
+constexpr DWORD kStyle = WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN;
+
+/// Size of a window whose client area has `client` units.
+SIZE WindowSize(const Dpi& dpi, SIZE client) {
+  RECT bounds{0, 0, dpi.Pixels(client.cx), dpi.Pixels(client.cy)};
+  AdjustWindowRectEx(&bounds, kStyle, TRUE, 0);
+  return {bounds.right - bounds.left, bounds.bottom - bounds.top};
+}
+
+}  // namespace
+
+void Form1Window::AdjustClass(WNDCLASSEXW& window_class) {
+  window_class.hbrBackground = GetSysColorBrush(COLOR_BTNFACE);
+  window_class.hCursor = LoadCursorW(nullptr, IDC_ARROW);
+  window_class.hIcon = LoadIconW(window_class.hInstance, MAKEINTRESOURCEW(ICON_TOLVANE));
+}
+
+Form1Window::Form1Window(HINSTANCE instance, EventGate& gate, WindowsEventLoop& loop,
+                         CodePage& code_page, SplashWindow& splash, WorkerWindows& workers)
+    : instance_(instance),
+      gate_(gate),
+      loop_(loop),
+      splash_(splash),
+      workers_(workers),
+      view_(code_page) {}
+
+bool Form1Window::CreateHidden() {
+  view_menu_ = MenuHandle(LoadMenuW(instance_, MAKEINTRESOURCEW(MENU_VIEW)));
+  const SIZE size = WindowSize(dpi_, kFirstClient);
+  if (!Create(instance_, {.style = kStyle,
+                          .bounds = {CW_USEDEFAULT, CW_USEDEFAULT, CW_USEDEFAULT, CW_USEDEFAULT},
+                          .menu = LoadMenuW(instance_, MAKEINTRESOURCEW(MENU_MAIN))})) {
+    return false;
+  }
+  if (!CreateControls()) return false;
+  SetWindowPos(Hwnd(), nullptr, 0, 0, size.cx, size.cy, SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
+  loop_.AddKeyboardWindow(Hwnd());
+  return true;
+}
+
+void Form1Window::Start(int show_command) {
+  started_ = true;
+  ShowWindow(Hwnd(), show_command);
+  UpdateWindow(Hwnd());
+  if (close_wanted_) OnClose();
+}
+
+void Form1Window::Caption(StringView text) { SetWindowTextW(Hwnd(), Wide(String(text))); }
+
+void Form1Window::Unload() {
+  if (unloading_ || events_ == nullptr) return;
+  unloading_ = true;
+  if (events_->QueryUnload()) {
+    events_->Unload();
+    // The object is used until the process ends, so the window goes with it and not now.
+    ShowWindow(Hwnd(), SW_HIDE);
+    loop_.End();
+  } else {
+    unloading_ = false;
+  }
+}
+
+void Form1Window::Unload(OtherForm form) {
+  switch (form) {
+    case OtherForm::Form2:
+      return splash_.Destroy();
+    case OtherForm::FormBG:
+      return workers_.FormBG.Destroy();
+    case OtherForm::FormBG2:
+      return workers_.FormBG2.Destroy();
+    case OtherForm::FormBG_29:
+      return workers_.FormBG_29.Destroy();
+    case OtherForm::FormBG2_29:
+      return workers_.FormBG2_29.Destroy();
+    case OtherForm::FormVersion:
+    case OtherForm::FormCommonSetting:
+    case OtherForm::FormOption1:
+    case OtherForm::FormHelp:
+      return;
+  }
+}
+
+LRESULT Form1Window::HandleMessage(UINT message, WPARAM wparam, LPARAM lparam) {
+  switch (message) {
+    case WM_COMMAND:
+      OnCommand(LOWORD(wparam), HIWORD(wparam));
+      return 0;
+    case kStartRun:
+      DeliverCommand(Bt_Connect);
+      return 0;
+    case WM_NOTIFY:
+      if (reinterpret_cast<const NMHDR*>(lparam)->code == EN_SELCHANGE && !view_.Writing()) {
+        DeliverSelectionChange();
+      }
+      return 0;
+    case WM_CLOSE:
+      OnClose();
+      return 0;
+    case WM_QUERYENDSESSION:
+      return events_ == nullptr || !events_->ClosingIsRefused();
+    case WM_ENDSESSION:
+      // Past the gate: the process is ended when this returns.
+      if (wparam != FALSE && started_) Unload();
+      return 0;
+    case WM_SIZE:
+      OnSize(LOWORD(lparam), HIWORD(lparam));
+      return 0;
+    case WM_GETMINMAXINFO: {
+      const SIZE smallest = WindowSize(dpi_, kSmallestClient);
+      reinterpret_cast<MINMAXINFO*>(lparam)->ptMinTrackSize = {smallest.cx, smallest.cy};
+      return 0;
+    }
+    case WM_ACTIVATE:
+      OnActivate(LOWORD(wparam) != WA_INACTIVE);
+      return 0;
+    case WM_SETFOCUS:
+      SetFocus(last_focus_ != nullptr ? last_focus_ : Child(Bt_Connect));
+      return 0;
+    default:
+      return DefaultHandling(message, wparam, lparam);
+  }
+}
+
+void Form1Window::OnCommand(int id, int notification) {
+  switch (id) {
+    case Cmb_Serect_Device:
+      if (notification == CBN_SELCHANGE) DeliverCommand(id);
+      return;
+    case RTB_MainView:
+      if (notification == EN_SETFOCUS && events_ != nullptr) {
+        gate_.Deliver([this] { events_->ViewGotFocus(); });
+      }
+      return;
+    default:
+      // A button's click, and a menu command, which bears the same code.
+      if (notification == BN_CLICKED) OnMenuOrClick(id);
+  }
+}
+
+void Form1Window::OnMenuOrClick(int id) {
+  const HWND button = Child(id);
+  if (button != nullptr && !IsWindowEnabled(button)) return;
+  if (button == nullptr && !MenuItemEnabled(id)) return;
+  if (id == Bt_Connect) {
+    // The run lasts as long as its handler. A program that sends the click must not wait for it.
+    connect_.Enabled(false);
+    PostMessageW(Hwnd(), kStartRun, 0, 0);
+    return;
+  }
+  DeliverCommand(id);
+}
+
+bool Form1Window::MenuItemEnabled(int id) const {
+  for (const HMENU menu : {GetMenu(Hwnd()), view_menu_.Get()}) {
+    const UINT state = GetMenuState(menu, static_cast<UINT>(id), MF_BYCOMMAND);
+    if (state != static_cast<UINT>(-1)) return (state & (MF_GRAYED | MF_DISABLED)) == 0;
+  }
+  return false;
+}
+
+void Form1Window::DeliverCommand(int id) {
+  if (events_ == nullptr) return;
+  gate_.Deliver([this, id] { events_->Command(id); });
+}
+
+void Form1Window::DeliverSelectionChange() {
+  if (events_ == nullptr || selection_waiting_) return;
+  selection_waiting_ = true;
+  gate_.Deliver([this] {
+    selection_waiting_ = false;
+    events_->ViewSelectionChanged();
+  });
+}
+
+void Form1Window::DeliverContextMenu(bool by_keyboard) {
+  if (events_ == nullptr) return;
+  gate_.Deliver([this, by_keyboard] {
+    by_keyboard_ = by_keyboard;
+    events_->ViewContextMenu();
+  });
+}
+
+void Form1Window::OnClose() {
+  close_wanted_ = !started_;
+  // During the start there is nothing to close yet; it is done when the start is through.
+  if (!started_ || events_ == nullptr) return;
+  gate_.Deliver([this] { Unload(); });
+}
+
+void Form1Window::OnSize(int width, int height) {
+  if (width > 0 && height > 0) LayOutForm1(Hwnd(), dpi_, {width, height});
+}
+
+void Form1Window::OnActivate(bool active) {
+  if (active) {
+    SetFocus(Hwnd());
+  } else if (const HWND focus = GetFocus(); IsChild(Hwnd(), focus)) {
+    last_focus_ = focus;
+  }
+}
+
+void Form1Window::PopUp() {
+  const POINT place = PopUpPlace();
+  const EventGate::Opened opened(gate_);
+  TrackPopupMenu(GetSubMenu(view_menu_.Get(), 0), TPM_RIGHTBUTTON, place.x, place.y, 0, Hwnd(),
+                 nullptr);
+}
+
+POINT Form1Window::PopUpPlace() const {
+  POINT place{};
+  if (by_keyboard_ && GetCaretPos(&place)) {
+    ClientToScreen(view_.Hwnd(), &place);
+  } else {
+    GetCursorPos(&place);
+  }
+  return place;
+}
+
+}  // namespace tolvane::platform::windows

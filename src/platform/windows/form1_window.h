@@ -1,0 +1,106 @@
+#pragma once
+
+#include <array>
+
+#include "platform/main_window.h"
+#include "platform/windows/base_window.h"
+#include "platform/windows/controls.h"
+#include "platform/windows/dpi.h"
+#include "platform/windows/event_loop.h"
+#include "platform/windows/form1_events.h"
+#include "platform/windows/rich_edit_view.h"
+#include "platform/windows/splash_window.h"
+#include "platform/windows/timer.h"
+
+namespace tolvane::platform::windows {
+
+/// Form1 on the screen: the window, its controls and its menus. Clicks and commands go through the
+/// gate to the events; before Listen nothing happens.
+class Form1Window final : public BaseWindow<Form1Window>,
+                          public platform::Window,
+                          public PopupMenu,
+                          public OtherForms {
+ public:
+  static constexpr const wchar_t* kClassName = L"TolvaneMainWindow";
+  static void AdjustClass(WNDCLASSEXW& window_class);
+
+  struct WorkerWindows {
+    WorkerWindow FormBG;
+    WorkerWindow FormBG2;
+    WorkerWindow FormBG_29;
+    WorkerWindow FormBG2_29;
+  };
+
+  Form1Window(HINSTANCE instance, EventGate& gate, WindowsEventLoop& loop, CodePage& code_page,
+              SplashWindow& splash, WorkerWindows& workers);
+
+  /// Makes the hidden window with all its controls. False when the system refuses one.
+  [[nodiscard]] bool CreateHidden();
+  void Listen(Form1Events* events) { events_ = events; }
+  /// What the logic works on.
+  [[nodiscard]] MainWindow Face();
+  /// Shows the window as the process was asked to, and does what came too early for it.
+  void Start(int show_command);
+
+  // platform::Window
+  void Caption(StringView text) override;
+  void Unload() override;
+  // PopupMenu
+  void PopUp() override;
+  // OtherForms
+  void Unload(OtherForm form) override;
+
+  LRESULT HandleMessage(UINT message, WPARAM wparam, LPARAM lparam);
+
+ private:
+  [[nodiscard]] bool CreateControls();
+  HWND AddChild(const wchar_t* class_name, const wchar_t* text, int id, DWORD style);
+  void AttachControls();
+  void AddToolTips();
+  [[nodiscard]] HWND Child(int id) const { return GetDlgItem(Hwnd(), id); }
+
+  void OnCommand(int id, int notification);
+  void OnMenuOrClick(int id);
+  void DeliverCommand(int id);
+  void DeliverSelectionChange();
+  void DeliverContextMenu(bool by_keyboard);
+  [[nodiscard]] bool MenuItemEnabled(int id) const;
+  void OnClose();
+  void OnSize(int width, int height);
+  void OnActivate(bool active);
+  [[nodiscard]] POINT PopUpPlace() const;
+
+  HINSTANCE instance_;
+  EventGate& gate_;
+  WindowsEventLoop& loop_;
+  SplashWindow& splash_;
+  WorkerWindows& workers_;
+  Form1Events* events_ = nullptr;
+
+  Dpi dpi_;
+  FontHandle font_;
+  IconHandle caution_;
+  MenuHandle view_menu_;  // the pop-up; the bar belongs to the window
+  HWND tool_tips_ = nullptr;
+  HWND last_focus_ = nullptr;
+
+  WindowsButton connect_;
+  WindowsButton disconnect_;
+  WindowsComboBox device_;
+  WindowsTextBox hard_version_;
+  WindowsTextBox protocol_;
+  WindowsTextBox status_;
+  WindowsTextBox comment_;
+  WindowsPicture caution_picture_;
+  RichEditView view_;
+  std::array<WindowsMenuItem, 3> bar_items_;    // in the order of MainWindow
+  std::array<WindowsMenuItem, 14> view_items_;  // likewise
+
+  bool selection_waiting_ = false;
+  bool by_keyboard_ = false;   // how the pop-up was asked for
+  bool started_ = false;       // Form_Load has returned
+  bool close_wanted_ = false;  // WM_CLOSE came before
+  bool unloading_ = false;
+};
+
+}  // namespace tolvane::platform::windows

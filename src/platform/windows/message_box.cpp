@@ -1,0 +1,22 @@
+#include "platform/windows/message_box.h"
+
+#include "platform/windows/text.h"
+
+namespace tolvane::platform::windows {
+
+void WindowsMessageBox::Critical(StringView text, StringView title) {
+  Show(text, title, MB_OK | MB_ICONSTOP);
+}
+
+void WindowsMessageBox::Plain(StringView text, StringView title) { Show(text, title, MB_OK); }
+
+bool WindowsMessageBox::AskYesNo(StringView text, StringView title) {
+  return Show(text, title, MB_YESNO | MB_ICONQUESTION | MB_DEFBUTTON2) == IDYES;
+}
+
+int WindowsMessageBox::Show(StringView text, StringView title, UINT style) {
+  const EventGate::Opened opened(gate_);
+  return MessageBoxW(owner_, Wide(String(text)), Wide(String(title)), style);
+}
+
+}  // namespace tolvane::platform::windows

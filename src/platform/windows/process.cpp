@@ -1,0 +1,21 @@
+#include "platform/windows/process.h"
+
+// After windows.h, which it needs.
+#include <mmsystem.h>
+
+namespace tolvane::platform::windows {
+
+WindowsSingleInstance::WindowsSingleInstance()
+    : mutex_(CreateMutexW(nullptr, FALSE, L"Local\\TolvaneRunning")),
+      previous_(GetLastError() == ERROR_ALREADY_EXISTS) {}
+
+std::int32_t WindowsCursors::LoadHand() {
+  // Handles of cursors fit 32 bits in both bitnesses.
+  return HandleToLong(LoadCursorW(nullptr, IDC_HAND));
+}
+
+void WindowsTimerResolution::timeBeginPeriod(std::uint32_t period) { ::timeBeginPeriod(period); }
+
+void WindowsTimerResolution::timeEndPeriod(std::uint32_t period) { ::timeEndPeriod(period); }
+
+}  // namespace tolvane::platform::windows

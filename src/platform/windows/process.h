@@ -1,0 +1,32 @@
+#pragma once
+
+#include "platform/cursors.h"
+#include "platform/single_instance.h"
+#include "platform/timer_resolution.h"
+#include "platform/windows/handle.h"
+
+namespace tolvane::platform::windows {
+
+/// A named mutex of the signed-in session marks the running program.
+class WindowsSingleInstance final : public SingleInstance {
+ public:
+  WindowsSingleInstance();
+  [[nodiscard]] bool PrevInstance() override { return previous_; }
+
+ private:
+  KernelHandle mutex_;
+  bool previous_;
+};
+
+class WindowsCursors final : public Cursors {
+ public:
+  [[nodiscard]] std::int32_t LoadHand() override;
+};
+
+class WindowsTimerResolution final : public TimerResolution {
+ public:
+  void timeBeginPeriod(std::uint32_t period) override;
+  void timeEndPeriod(std::uint32_t period) override;
+};
+
+}  // namespace tolvane::platform::windows

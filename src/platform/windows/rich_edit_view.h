@@ -1,0 +1,78 @@
+#pragma once
+
+#include <functional>
+
+#include "platform/code_page.h"
+#include "platform/rich_text_view.h"
+#include "platform/windows/handle.h"
+
+namespace tolvane::platform::windows {
+
+/// RTB_MainView on a rich edit control. The control counts a line end as one character; nobody
+/// outside this class sees that.
+///
+/// What the program writes raises no notification of the control at once: a change of the selection
+/// that it causes is told afterwards through `selection_changed`, which must not call back into the
+/// view before the writer has returned.
+class RichEditView final : public RichTextView {
+ public:
+  explicit RichEditView(CodePage& code_page) : code_page_(code_page) {}
+
+  /// Makes the control as child number `id` of `parent`. False when the system has no rich edit.
+  [[nodiscard]] bool Create(HWND parent, int id, std::function<void()> selection_changed,
+                            std::function<void(bool by_keyboard)> context_menu);
+  [[nodiscard]] HWND Hwnd() const { return window_; }
+  /// For the parent: whether EN_SELCHANGE now comes from the user.
+  [[nodiscard]] bool Writing() const { return writing_ > 0; }
+
+  [[nodiscard]] String Text() const override;
+  void Text(StringView text) override;
+  [[nodiscard]] String TextRTF() const override;
+  void TextRTF(StringView rtf) override;
+  void SwapPage(std::unique_ptr<RichTextPage>& page) override;
+  void SelStart(std::int32_t position) override;
+  [[nodiscard]] std::int32_t SelLength() const override;
+  void SelLength(std::int32_t length) override;
+  void SelColor(std::int32_t colour) override;
+  void SelBackColor(std::int32_t colour) override;
+  [[nodiscard]] String SelText() const override;
+  void SelText(StringView text) override;
+  [[nodiscard]] String SelRTF() const override;
+  [[nodiscard]] bool Locked() const override { return locked_; }
+  void Locked(bool locked) override;
+  void Refresh() override;
+  void ScrollToEnd() override;
+  void PlainCompositionColours() override;
+  [[nodiscard]] bool CanUndo() const override;
+  void Undo() override;
+  [[nodiscard]] bool SaveFile(StringView path, FileFormat format) override;
+  [[nodiscard]] bool LoadFile(StringView path) override;
+
+ private:
+  class Write;
+
+  static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM wparam, LPARAM lparam,
+                                    UINT_PTR id, DWORD_PTR object) noexcept;
+  LRESULT HandleMessage(UINT message, WPARAM wparam, LPARAM lparam);
+
+  LRESULT Send(UINT message, WPARAM wparam = 0, LPARAM lparam = 0) const {
+    return SendMessageW(window_, message, wparam, lparam);
+  }
+  void SetDefaultFormat();
+  [[nodiscard]] String ControlText() const;
+  [[nodiscard]] CHARRANGE Selection() const;
+  void Select(std::size_t start, std::size_t end);
+  void ReplaceContent(std::string_view rtf);
+  void FormatSelection(CHARFORMAT2W format);
+
+  CodePage& code_page_;
+  std::function<void()> selection_changed_;
+  std::function<void(bool)> context_menu_;
+  ModuleHandle library_;  // released after the parent has destroyed the control
+  std::string rtf_;       // of the last page, kept for its storage
+  HWND window_ = nullptr;
+  int writing_ = 0;
+  bool locked_ = false;
+};
+
+}  // namespace tolvane::platform::windows

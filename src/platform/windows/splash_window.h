@@ -1,0 +1,43 @@
+#pragma once
+
+#include "platform/main_window.h"
+#include "platform/windows/base_window.h"
+#include "platform/windows/dpi.h"
+#include "platform/windows/handle.h"
+
+namespace tolvane::platform::windows {
+
+/// Form2, the progress splash: a picture, the program's name, the phase text, and a bar whose
+/// moving part uncovers the filled track from the left.
+class SplashWindow final : public BaseWindow<SplashWindow>, public Splash {
+ public:
+  static constexpr const wchar_t* kClassName = L"TolvaneSplash";
+  static void AdjustClass(WNDCLASSEXW& window_class);
+
+  /// Hidden, in the middle of the work area.
+  explicit SplashWindow(HINSTANCE instance);
+
+  void Lb_msg(StringView text) override { ShowPhase(text); }
+  void Progress(double fraction) override;
+  void Visible(bool visible) override;
+
+  LRESULT HandleMessage(UINT message, WPARAM wparam, LPARAM lparam);
+
+ private:
+  void ShowPhase(StringView text);
+  HWND AddStatic(HWND parent, int id, DWORD style, int x, int y, int width, int height,
+                 const FontHandle& font);
+  void CreateContents();
+
+  HINSTANCE instance_;
+  Dpi dpi_;
+  FontHandle font_;
+  FontHandle title_font_;
+  IconHandle picture_;
+  BrushHandle track_brush_;
+  HWND message_ = nullptr;  // children, not owned
+  HWND track_ = nullptr;
+  HWND cover_ = nullptr;
+};
+
+}  // namespace tolvane::platform::windows

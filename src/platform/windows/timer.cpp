@@ -1,0 +1,41 @@
+#include "platform/windows/timer.h"
+
+namespace tolvane::platform::windows {
+
+WorkerWindow::WorkerWindow(EventGate& gate, HINSTANCE instance, std::int32_t interval)
+    : gate_(gate), interval_(interval) {
+  // Without its window the timer never ticks; memory is then so short that nothing else works.
+  static_cast<void>(Create(instance, {.parent = HWND_MESSAGE}));
+}
+
+void WorkerWindow::Enabled(bool enabled) {
+  if (enabled_) KillTimer(Hwnd(), id_);
+  enabled_ = enabled && Hwnd() != nullptr;
+  if (!enabled_) return;
+  ++id_;
+  SetTimer(Hwnd(), id_, static_cast<UINT>(interval_), nullptr);
+}
+
+LRESULT WorkerWindow::HandleMessage(UINT message, WPARAM wparam, LPARAM lparam) {
+  switch (message) {
+    case WM_TIMER:
+      Tick(wparam);
+      return 0;
+    case WM_DESTROY:
+      Enabled(false);
+      return 0;
+    default:
+      return DefaultHandling(message, wparam, lparam);
+  }
+}
+
+void WorkerWindow::Tick(UINT_PTR id) {
+  if (waiting_) return;
+  waiting_ = true;
+  gate_.Deliver([this, id] {
+    waiting_ = false;
+    if (enabled_ && id == id_ && handler_) handler_();
+  });
+}
+
+}  // namespace tolvane::platform::windows

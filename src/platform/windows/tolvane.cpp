@@ -1,0 +1,104 @@
+// The program's entry: makes everything from outside once, hands it to Form1, and runs the message
+// loop until the main window is unloaded.
+#include "platform/windows/automation.h"
+#include "platform/windows/clipboard.h"
+#include "platform/windows/code_page.h"
+#include "platform/windows/file_services.h"
+#include "platform/windows/form1_binding.h"
+#include "platform/windows/form1_window.h"
+#include "platform/windows/message_box.h"
+#include "platform/windows/process.h"
+#include "platform/windows/support_library.h"
+#include "platform/windows/vendor_libraries.h"
+#include "platform/windows/wall_clock.h"
+
+namespace tolvane::platform::windows {
+namespace {
+
+constexpr std::int32_t kViewInterval = 30;  // ms between two ticks of TimerBackView
+
+/// The thread's single-threaded apartment, for automation.
+class Apartment {
+ public:
+  Apartment() : entered_(SUCCEEDED(CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED))) {}
+  Apartment(const Apartment&) = delete;
+  Apartment& operator=(const Apartment&) = delete;
+  ~Apartment() {
+    if (entered_) CoUninitialize();
+  }
+
+ private:
+  bool entered_;
+};
+
+int Run(HINSTANCE instance, int show_command) {
+  // A library that cannot be loaded is told by the program, not by a box of the system.
+  SetErrorMode(SEM_FAILCRITICALERRORS | SEM_NOOPENFILEERRORBOX);
+  const INITCOMMONCONTROLSEX classes{sizeof(classes), ICC_STANDARD_CLASSES | ICC_WIN95_CLASSES};
+  InitCommonControlsEx(&classes);
+  const Apartment apartment;
+
+  WindowsSingleInstance single_instance;
+  WindowsSpecialFolders folders;
+  const String program_folder = ExecutableFolder();
+  const String system_folder = folders.System();
+
+  EventGate gate;
+  WindowsEventLoop loop(gate);
+  WindowsCodePage code_page;
+  WindowsFileServices files(code_page);
+  SplashWindow splash(instance);
+  Form1Window::WorkerWindows workers{{gate, instance, kViewInterval},
+                                     {gate, instance, kViewInterval},
+                                     {gate, instance, kViewInterval},
+                                     {gate, instance, kViewInterval}};
+  Form1Window window(instance, gate, loop, code_page, splash, workers);
+  if (!window.CreateHidden()) return 1;
+
+  WindowsSupportLibrary qxt100(program_folder + u"\\qxt100.dll");
+  WindowsTimerResolution winmm;
+  WindowsCanusb canusbdrv(system_folder + u"\\canusbdrv.dll");
+  WindowsIfcan ifcan(system_folder + u"\\IFCan.dll");
+  WindowsCanlib canlib32(system_folder + u"\\canlib32.dll");
+  WindowsMessageBox message_box(gate, window.Hwnd());
+  WindowsWallClock wall_clock;
+  WindowsAutomationServers automation;
+  WindowsClipboard clipboard(window.Hwnd());
+  WindowsCursors cursors;
+  const Platform platform{loop,
+                          {workers.FormBG, workers.FormBG2, workers.FormBG_29, workers.FormBG2_29},
+                          qxt100,
+                          winmm,
+                          canusbdrv,
+                          ifcan,
+                          canlib32,
+                          message_box,
+                          files,
+                          folders,
+                          wall_clock,
+                          code_page,
+                          automation,
+                          clipboard,
+                          single_instance,
+                          cursors};
+
+  Form1 form(platform, window.Face(), program_folder);
+  Form1Binding events(form);
+  window.Listen(&events);
+  // What comes in from outside during the start waits for a yield like anything else.
+  gate.Deliver([&form] { form.Form_Load(); });
+  if (!loop.Ended()) {
+    window.Start(show_command);
+    loop.RunUntilEnd();
+  }
+  window.Listen(nullptr);
+  return 0;
+}
+
+}  // namespace
+}  // namespace tolvane::platform::windows
+
+int WINAPI wWinMain(HINSTANCE instance, HINSTANCE /*previous*/, PWSTR /*command_line*/,
+                    int show_command) {
+  return tolvane::platform::windows::Run(instance, show_command);
+}
