@@ -23,7 +23,8 @@ function(tolvane_test name)
   cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "SOURCES;USES")
   add_executable(${name} ${arg_SOURCES})
   target_include_directories(${name} PRIVATE "${CMAKE_SOURCE_DIR}")
-  target_link_libraries(${name} PRIVATE ${arg_USES} tolvane_options GTest::gtest_main)
+  target_link_libraries(${name} PRIVATE ${arg_USES} tolvane_options GTest::gtest_main
+                                        GTest::gmock)
   if(WIN32)
     add_test(NAME ${name} COMMAND "${CMAKE_SOURCE_DIR}/scripts/lib/${tolvane_runner}"
                                   $<TARGET_FILE:${name}>)

@@ -36,8 +36,6 @@ void CopyOut(const std::array<char, CanusbBench::kSerialSize>& serial, char* buf
 
 }  // namespace
 
-#define SIMULATED_EXPORT extern "C" __declspec(dllexport)
-
 SIMULATED_EXPORT std::int32_t TOLVANE_STDCALL canusb_getFirstAdapter(char* serial,
                                                                      std::int32_t size) {
   std::array<char, CanusbBench::kSerialSize> text;

@@ -5,6 +5,9 @@
 
 #include "simulator/bench.h"
 
+/// In front of each function that a simulated library exports.
+#define SIMULATED_EXPORT extern "C" __declspec(dllexport)
+
 namespace tolvane::simulator {
 
 /// The bench of the library that this is linked into: the file that the environment variable

@@ -21,6 +21,7 @@ String WithoutExecutable(String folder) {
   for (std::size_t at; (at = folder.find(kExecutable)) != String::npos;) {
     folder.erase(at, kExecutable.size());
   }
+  if (folder.ends_with(u'\\')) folder.pop_back();
   return folder;
 }
 

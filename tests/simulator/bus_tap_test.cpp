@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "simulator/disturbed_source.h"
+#include "simulator/load_generator.h"
 #include "tests/simulator/frames.h"
 
 namespace tolvane::simulator {
@@ -132,6 +133,25 @@ TEST(BusTap, WithAClockOfReadsNothingDependsOnRealTime) {
   }
   EXPECT_EQ(ids, (Ids{1, 2, 3, 4}));
   EXPECT_EQ(empty, 10'000 / 50 - 4);
+}
+
+TEST(BusTap, AFullBusReadInTimeLosesNothing) {
+  constexpr std::int64_t kFrames = 1'000'000;  // 48 s of the shortest frames at 1 Mbit/s
+  const LoadPlan load{.bit_rate = 1'000'000, .frames = kFrames, .ids = 2'047, .payload = 0};
+  CountedClock clock(20);
+  BusTap tap(clock, std::make_unique<LoadGenerator>(load), {.queue = 4});
+  LoadGenerator expected(load);
+  BusFrame frame;
+  BusFrame wanted;
+  while (expected.Next(wanted)) {
+    while (tap.Read(frame) == BusTap::Result::kEmpty) {
+    }
+    ASSERT_EQ(frame, wanted);
+  }
+  EXPECT_EQ(tap.Read(frame), BusTap::Result::kEmpty);
+  EXPECT_EQ(tap.Counts().delivered, kFrames);
+  EXPECT_EQ(tap.Counts().dropped, 0);
+  EXPECT_EQ(tap.Counts().high_water, 1);
 }
 
 TEST(FrameQueue, KeepsOrderRoundTheRing) {

@@ -16,7 +16,7 @@ void CanlibLibrary::canInitializeLibrary() { journal_.Note("canInitializeLibrary
 
 std::int32_t CanlibLibrary::canGetNumberOfChannels(std::int32_t& count) {
   journal_.Note("canGetNumberOfChannels()");
-  count = static_cast<std::int32_t>(channels.size());
+  count = channel_count.value_or(static_cast<std::int32_t>(channels.size()));
   return call_result;
 }
 

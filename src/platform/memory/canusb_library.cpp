@@ -18,7 +18,7 @@ std::int16_t CanusbLibrary::canusb_getNextAdapter(std::array<char, kSerialSize>&
 std::int16_t CanusbLibrary::GiveAdapter(std::array<char, kSerialSize>& serial) {
   if (next_adapter_ >= serials.size()) return 0;
   CopyText(serials[next_adapter_++], serial);
-  return 1;
+  return search_result;
 }
 
 std::int32_t CanusbLibrary::canusb_Open(const std::string& serial, std::string& rate,

@@ -26,6 +26,7 @@ class CanusbLibrary final : public platform::CanusbLibrary {
 
   // The script.
   std::vector<std::string> serials;  // of the adapters found
+  std::int16_t search_result = 1;    // while an adapter is given
   std::int32_t open_result = 1;      // the handle
   std::int32_t version_result = 1;
   std::string version = "V1011";

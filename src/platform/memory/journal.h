@@ -21,6 +21,7 @@ class Journal {
   void Assign(const std::string& control, const char* property, double value);
 
   [[nodiscard]] const std::vector<std::string>& Lines() const { return lines_; }
+  void Clear() { lines_.clear(); }
   /// Hands over the lines so far and goes on empty.
   [[nodiscard]] std::vector<std::string> Take() { return std::exchange(lines_, {}); }
 

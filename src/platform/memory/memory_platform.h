@@ -1,0 +1,62 @@
+#pragma once
+
+#include "platform/main_window.h"
+#include "platform/memory/automation.h"
+#include "platform/memory/canlib_library.h"
+#include "platform/memory/canusb_library.h"
+#include "platform/memory/clipboard.h"
+#include "platform/memory/code_page_932.h"
+#include "platform/memory/cursors.h"
+#include "platform/memory/event_loop.h"
+#include "platform/memory/file_system.h"
+#include "platform/memory/ifcan_library.h"
+#include "platform/memory/journal.h"
+#include "platform/memory/main_window.h"
+#include "platform/memory/message_box.h"
+#include "platform/memory/rich_text_view.h"
+#include "platform/memory/single_instance.h"
+#include "platform/memory/special_folders.h"
+#include "platform/memory/support_library.h"
+#include "platform/memory/timer.h"
+#include "platform/memory/timer_resolution.h"
+#include "platform/memory/wall_clock.h"
+#include "platform/platform.h"
+
+namespace tolvane::platform::memory {
+
+/// A whole machine in memory: one of every facility, with one journal over all that is done to
+/// them. The disk is empty; the clock stands at nine in the morning of the first Monday of 2026.
+/// The references given out live as long as this object.
+class MemoryPlatform {
+ public:
+  [[nodiscard]] platform::Platform Platform();
+  [[nodiscard]] platform::MainWindow MainWindow() { return window.Face(RTB_MainView); }
+
+  static constexpr LocalTime kFirstMonday = {
+      .year = 2026, .month = 1, .day = 5, .weekday = 1, .hour = 9, .minute = 7, .second = 3};
+
+  Journal journal;
+  EventLoop events;
+  Timer FormBG{journal, "FormBG.TimerBackView"};
+  Timer FormBG2{journal, "FormBG2.TimerBackView"};
+  Timer FormBG_29{journal, "FormBG_29.TimerBackView"};
+  Timer FormBG2_29{journal, "FormBG2_29.TimerBackView"};
+  SupportLibrary qxt100;
+  TimerResolution winmm{journal};
+  CanusbLibrary canusbdrv{journal};
+  IfcanLibrary IFCan{journal};
+  CanlibLibrary canlib32{journal};
+  MessageBox message_box{journal};
+  CodePage932 code_page;
+  FileSystem files{code_page};
+  SpecialFolders folders{u"C:\\Users\\tester\\Desktop", u"C:\\Windows\\System32"};
+  WallClock wall_clock{kFirstMonday};
+  AutomationServers automation{journal};
+  Clipboard clipboard;
+  SingleInstance single_instance;
+  Cursors cursors;
+  memory::MainWindow window{journal};
+  RichTextView RTB_MainView{journal, files};
+};
+
+}  // namespace tolvane::platform::memory

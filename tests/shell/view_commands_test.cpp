@@ -1,0 +1,239 @@
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "tests/run/form1_bench.h"
+
+namespace tolvane {
+namespace {
+
+using Format = platform::Clipboard::Format;
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+class ViewCommands : public testing::Test {
+ protected:
+  ViewCommands() {
+    bench_.Start();
+    view_.Text(u"0123456789");
+  }
+  void Select(std::int32_t start, std::int32_t length) {
+    view_.SelStart(start);
+    view_.SelLength(length);
+    bench_.form.RTB_MainView_SelChange();
+  }
+  /// Names of the items that are enabled, without "menu_View_".
+  [[nodiscard]] std::vector<std::string> Enabled() const {
+    auto& window = bench_.memory.window;
+    const std::pair<const char*, const platform::memory::MenuItem&> items[] = {
+        {"All_Copy", window.menu_View_All_Copy},
+        {"Ctrl_Z", window.menu_View_Ctrl_Z},
+        {"Ctrl_X", window.menu_View_Ctrl_X},
+        {"Ctrl_C", window.menu_View_Ctrl_C},
+        {"Ctrl_V", window.menu_View_Ctrl_V},
+        {"DEL", window.menu_View_DEL},
+        {"Text_Red", window.menu_View_Text_Red},
+        {"Text_Blue", window.menu_View_Text_Blue},
+        {"Text_Black", window.menu_View_Text_Black},
+        {"Marker_Pink", window.menu_View_Marker_Pink},
+        {"Marker_Yellow", window.menu_View_Marker_Yellow},
+        {"Marker_black", window.menu_View_Marker_black},
+        {"Marker_white", window.menu_View_Marker_white},
+        {"Date", window.menu_View_Date}};
+    std::vector<std::string> names;
+    for (const auto& [name, item] : items) {
+      if (item.Enabled()) names.emplace_back(name);
+    }
+    return names;
+  }
+
+  Form1Bench bench_;
+  platform::memory::RichTextView& view_ = bench_.memory.RTB_MainView;
+  platform::memory::Clipboard& clipboard_ = bench_.memory.clipboard;
+};
+
+TEST_F(ViewCommands, ASelectionEnablesWhatWorksOnIt) {
+  clipboard_.SetText(u"x", Format::kPlainText);
+  view_.SelStart(1);
+  view_.SelLength(1);
+  view_.SelText(u"y");  // something to undo
+  Select(2, 1);
+  EXPECT_THAT(Enabled(),
+              ElementsAre("Ctrl_X", "Ctrl_C", "DEL", "Text_Red", "Text_Blue", "Text_Black",
+                          "Marker_Pink", "Marker_Yellow", "Marker_black", "Marker_white"));
+}
+
+TEST_F(ViewCommands, WithoutASelectionCopyAllAndTheDateAreThere) {
+  Select(2, 0);
+  EXPECT_THAT(Enabled(), ElementsAre("All_Copy", "Date"));
+}
+
+TEST_F(ViewCommands, PasteAndUndoComeWithTheirMeans) {
+  clipboard_.SetText(u"x", Format::kPlainText);
+  view_.SelText(u"y");
+  Select(2, 0);
+  EXPECT_THAT(Enabled(), ElementsAre("All_Copy", "Ctrl_Z", "Ctrl_V", "Date"));
+}
+
+TEST_F(ViewCommands, RichTextAloneDoesNotEnablePaste) {
+  clipboard_.SetText(u"{\\rtf1 x}", Format::kRichText);
+  Select(2, 0);
+  EXPECT_THAT(Enabled(), ElementsAre("All_Copy", "Date"));
+}
+
+TEST_F(ViewCommands, AnEmptyViewOffersTheDateOnly) {
+  view_.Text(u"");
+  Select(0, 0);
+  EXPECT_THAT(Enabled(), ElementsAre("Date"));
+}
+
+TEST_F(ViewCommands, BeforeAnySelectionChangeTheStateOfTheStartHolds) {
+  clipboard_.SetText(u"x", Format::kPlainText);
+  EXPECT_THAT(Enabled(), ElementsAre("Date")) << "the clipboard was empty at the start";
+}
+
+TEST_F(ViewCommands, TheMenuRestsWhileTheTimerOfFormBGRuns) {
+  Select(2, 0);
+  bench_.memory.FormBG.Enabled(true);
+  Select(2, 3);
+  EXPECT_THAT(Enabled(), ElementsAre("All_Copy", "Date"));
+  bench_.form.RTB_MainView_ContextMenu();
+  EXPECT_THAT(bench_.Noted("menu_View.PopUp"), IsEmpty());
+  bench_.form.RTB_MainView_GotFocus();
+  EXPECT_THAT(bench_.Noted("TB_Status.SetFocus"), testing::SizeIs(1));
+}
+
+TEST_F(ViewCommands, TheMenuLivesDuringRunsOfTheOtherWorkers) {
+  bench_.memory.FormBG2.Enabled(true);
+  bench_.memory.FormBG_29.Enabled(true);
+  bench_.memory.FormBG2_29.Enabled(true);
+  Select(2, 0);
+  EXPECT_THAT(Enabled(), ElementsAre("All_Copy", "Date"));
+  bench_.form.RTB_MainView_ContextMenu();
+  EXPECT_THAT(bench_.Noted("menu_View.PopUp"), testing::SizeIs(1));
+  bench_.form.RTB_MainView_GotFocus();
+  EXPECT_THAT(bench_.Noted("TB_Status.SetFocus"), IsEmpty());
+}
+
+TEST_F(ViewCommands, CopyReplacesTheClipboardByBothForms) {
+  clipboard_.SetText(u"old", Format::kPlainText);
+  Select(3, 4);
+  bench_.form.menu_View_Ctrl_C_Click();
+  EXPECT_EQ(clipboard_.GetText(Format::kPlainText), u"3456");
+  EXPECT_EQ(clipboard_.GetText(Format::kRichText), view_.SelRTF());
+  EXPECT_EQ(view_.Text(), u"0123456789");
+}
+
+TEST_F(ViewCommands, CutAlsoTakesTheSelectionAway) {
+  Select(3, 4);
+  bench_.form.menu_View_Ctrl_X_Click();
+  EXPECT_EQ(clipboard_.GetText(Format::kPlainText), u"3456");
+  EXPECT_EQ(view_.Text(), u"012789");
+}
+
+TEST_F(ViewCommands, CutGoesOnWhenTheClipboardIsHeldByAnother) {
+  clipboard_.HeldByAnother(true);
+  Select(3, 4);
+  bench_.form.menu_View_Ctrl_X_Click();
+  EXPECT_EQ(view_.Text(), u"012789");
+  EXPECT_THAT(bench_.memory.message_box.Boxes(), IsEmpty());
+}
+
+TEST_F(ViewCommands, CopyAllNeedsNoSelection) {
+  Select(3, 0);
+  bench_.form.menu_View_All_Copy_Click();
+  EXPECT_EQ(clipboard_.GetText(Format::kPlainText), u"0123456789");
+  EXPECT_EQ(clipboard_.GetText(Format::kRichText), view_.TextRTF());
+}
+
+TEST_F(ViewCommands, PastePrefersRichTextAndWritesItAsPlainText) {
+  clipboard_.SetText(u"plain", Format::kPlainText);
+  clipboard_.SetText(u"{\\rtf1 rich}", Format::kRichText);
+  Select(10, 0);
+  bench_.form.menu_View_Ctrl_V_Click();
+  EXPECT_EQ(view_.Text(), u"0123456789{\\rtf1 rich}");
+}
+
+TEST_F(ViewCommands, PasteTakesPlainTextWithoutRichText) {
+  clipboard_.SetText(u"plain", Format::kPlainText);
+  Select(5, 0);
+  bench_.form.menu_View_Ctrl_V_Click();
+  EXPECT_EQ(view_.Text(), u"01234plain56789");
+}
+
+TEST_F(ViewCommands, PasteOfNothingLeavesTheText) {
+  Select(2, 3);
+  bench_.form.menu_View_Ctrl_V_Click();
+  clipboard_.SetText(u"plain", Format::kPlainText);
+  clipboard_.HeldByAnother(true);
+  bench_.form.menu_View_Ctrl_V_Click();
+  EXPECT_EQ(view_.Text(), u"0123456789");
+}
+
+TEST_F(ViewCommands, DeleteAndUndo) {
+  Select(0, 9);
+  bench_.form.menu_View_DEL_Click();
+  EXPECT_EQ(view_.Text(), u"9");
+  EXPECT_THAT(clipboard_.GetFormat(Format::kPlainText), false);
+  bench_.form.menu_View_Ctrl_Z_Click();
+  EXPECT_EQ(view_.Text(), u"0123456789");
+}
+
+struct ColourRow {
+  const char* label;
+  void (Form1::*command)();
+  std::int32_t colour;  // 0x00BBGGRR
+};
+
+TEST_F(ViewCommands, TextColours) {
+  for (const ColourRow& row : {ColourRow{"red", &Form1::menu_View_Text_Red_Click, 0x0000FF},
+                               ColourRow{"blue", &Form1::menu_View_Text_Blue_Click, 0xFF0000},
+                               ColourRow{"black", &Form1::menu_View_Text_Black_Click, 0x000000}}) {
+    Select(1, 2);
+    (bench_.form.*row.command)();
+    EXPECT_THAT(view_.Page().colours.Runs(), ElementsAre(platform::ColourRun{1, 3, row.colour}))
+        << row.label;
+    EXPECT_THAT(view_.Page().backgrounds.Runs(), IsEmpty()) << row.label;
+  }
+}
+
+TEST_F(ViewCommands, Markers) {
+  for (const ColourRow& row :
+       {ColourRow{"pink", &Form1::menu_View_Marker_Pink_Click, 0xF8D3FF},
+        ColourRow{"yellow", &Form1::menu_View_Marker_Yellow_Click, 0xA3FAFF},
+        ColourRow{"black", &Form1::menu_View_Marker_black_Click, 0x000000},
+        ColourRow{"white", &Form1::menu_View_Marker_white_Click, 0xFFFFFF}}) {
+    Select(1, 2);
+    (bench_.form.*row.command)();
+    EXPECT_THAT(view_.Page().backgrounds.Runs(), ElementsAre(platform::ColourRun{1, 3, row.colour}))
+        << row.label;
+    EXPECT_THAT(view_.Page().colours.Runs(), IsEmpty()) << row.label;
+  }
+}
+
+TEST_F(ViewCommands, TheDateGoesInAtTheCaretWithABlankBehind) {
+  Select(10, 0);
+  bench_.form.menu_View_Date_Click();
+  EXPECT_EQ(view_.Text(), u"01234567892026年01月05日(月) 09:07 ");
+}
+
+TEST_F(ViewCommands, TheDateCountsTo24Hours) {
+  bench_.memory.wall_clock.Set(
+      {.year = 2031, .month = 12, .day = 31, .weekday = 3, .hour = 23, .minute = 59, .second = 58});
+  view_.Text(u"");
+  bench_.form.menu_View_Date_Click();
+  EXPECT_EQ(view_.Text(), u"2031年12月31日(水) 23:59 ");
+}
+
+TEST_F(ViewCommands, WriteOnALockedPage) {
+  view_.Locked(true);
+  Select(0, 1);
+  bench_.form.menu_View_DEL_Click();
+  EXPECT_EQ(view_.Text(), u"123456789");
+}
+
+}  // namespace
+}  // namespace tolvane

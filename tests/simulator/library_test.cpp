@@ -1,0 +1,225 @@
+// Loads the built libraries by name, as the program does, and drives them through their exports.
+
+#include <gtest/gtest.h>
+#include <windows.h>
+
+#include <array>
+#include <cstring>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <string>
+#include <string_view>
+
+#include "platform/windows/abi/canlib_abi.h"
+#include "platform/windows/abi/canusbdrv_abi.h"
+#include "platform/windows/abi/ifcan_abi.h"
+
+namespace tolvane::simulator {
+namespace {
+
+namespace abi = platform::windows::abi;
+namespace fs = std::filesystem;
+
+/// The build tree's simulator folder, found from this program's own place in it.
+fs::path SimulatorFolder() {
+  std::array<wchar_t, 1'024> path{};
+  GetModuleFileNameW(nullptr, path.data(), path.size());
+  return fs::path(path.data()).parent_path() / ".." / ".." / "simulator";
+}
+
+/// A library while it is loaded; its exports are those of `Abi`.
+template <typename Abi>
+class Loaded {
+ public:
+  explicit Loaded(const fs::path& file) : module_(LoadLibraryW(file.c_str())) {
+    if (module_ == nullptr) {
+      ADD_FAILURE() << "error " << GetLastError() << " loading " << file;
+      return;
+    }
+    ForEachExport(calls, [this](const char* name, auto& member) {
+      const FARPROC address = GetProcAddress(module_, name);
+      EXPECT_NE(address, nullptr) << name;
+      static_assert(sizeof(address) == sizeof(member));
+      std::memcpy(&member, &address, sizeof(member));
+    });
+  }
+  ~Loaded() {
+    if (module_ != nullptr) FreeLibrary(module_);
+  }
+  Loaded(const Loaded&) = delete;
+  Loaded& operator=(const Loaded&) = delete;
+
+  Abi calls{};
+
+ private:
+  HMODULE module_;
+};
+
+class SimulatedLibrary : public testing::Test {
+ protected:
+  void SetUp() override {
+    folder_ =
+        fs::temp_directory_path() /
+        (std::string("tolvane-") + testing::UnitTest::GetInstance()->current_test_info()->name());
+    fs::remove_all(folder_);
+    fs::create_directories(folder_);
+  }
+
+  void TearDown() override {
+    SetEnvironmentVariableW(L"TOLVANE_BENCH", nullptr);
+    fs::remove_all(folder_);
+  }
+
+  void WriteFile(const char* name, std::string_view text) {
+    std::ofstream(folder_ / name, std::ios::binary) << text;
+  }
+
+  void UseBench(std::string_view ini) {
+    WriteFile("bench.ini", ini);
+    SetEnvironmentVariableW(L"TOLVANE_BENCH", (folder_ / "bench.ini").c_str());
+  }
+
+  std::string Report() {
+    std::ifstream file(folder_ / "report.txt", std::ios::binary);
+    return {std::istreambuf_iterator<char>(file), {}};
+  }
+
+  fs::path folder_;
+};
+
+constexpr std::string_view kBus =
+    "[bench]\nclock=reads\nclock_step_us=1000\nreport=report.txt\n[bus]\nsource=log\nlog=bus.log\n";
+constexpr std::string_view kLog =
+    "(1.000) c 123#0102\n(1.002) c 1FFFFFFF#0102030405060708\n(1.003) c 7FF#R4\n";
+
+TEST_F(SimulatedLibrary, CanusbdrvGivesRecordsAndReports) {
+  WriteFile("bus.log", kLog);
+  UseBench(std::string(kBus) +
+           "[canusb]\nsearch_upper_half=0xBEEF\n"
+           "[canusb 1]\nserial=12345678901234567890123456789012\nversion=V5\n");
+  {
+    Loaded<abi::Canusbdrv> library(SimulatorFolder() / "canusbdrv.dll");
+    const abi::Canusbdrv& calls = library.calls;
+    std::array<char, 33> serial{};
+    serial.back() = '!';
+    EXPECT_EQ(calls.canusb_getFirstAdapter(serial.data(), 32), 1);
+    EXPECT_EQ(std::string_view(serial.data(), 33), "12345678901234567890123456789012!");
+    EXPECT_EQ(calls.canusb_getNextAdapter(serial.data(), 32), 0);
+    std::array<char, 4> rate{'5', '0', '0', '\0'};
+    const std::int32_t handle =
+        calls.canusb_Open("12345678901234567890123456789012", rate.data(), 0, -1, 1);
+    ASSERT_GT(handle, 0);
+    std::array<char, 64> version{};
+    EXPECT_EQ(calls.canusb_VersionInfo(handle, version.data()), 1);
+    EXPECT_STREQ(version.data(), "V5");
+    // One millisecond of bus time passes with each read.
+    platform::CanusbMessage message{};
+    EXPECT_EQ(calls.canusb_Read(handle, &message), 1);
+    EXPECT_EQ(message.id, 0x123);
+    EXPECT_EQ(message.len, 2);
+    EXPECT_EQ(calls.canusb_Read(handle, &message), 1);
+    EXPECT_EQ(message.id, 0x1FFFFFFF);
+    EXPECT_EQ(message.timestamp, 2);
+    EXPECT_EQ(message.flags, 128);
+    EXPECT_EQ(message.len, 8);
+    EXPECT_EQ(message.data, (std::array<std::uint8_t, 8>{1, 2, 3, 4, 5, 6, 7, 8}));
+    EXPECT_EQ(calls.canusb_Read(handle, &message), 1);
+    EXPECT_EQ(message.flags, 64);
+    EXPECT_EQ(calls.canusb_Read(handle, &message), -7);
+    EXPECT_NE(Report().find("canusb_Open("), std::string::npos) << "readable while loaded";
+    EXPECT_EQ(calls.canusb_Close(handle), 1);
+  }
+  EXPECT_NE(Report().find(" reads=4 delivered=3 dropped=0 longest_gap_ms=1.000"), std::string::npos)
+      << Report();
+  EXPECT_TRUE(Report().ends_with("canusbdrv unload\n")) << Report();
+}
+
+TEST_F(SimulatedLibrary, IfcanGivesRecordsAndReports) {
+  WriteFile("bus.log", kLog);
+  UseBench(std::string(kBus) + "[interface 7]\nconfig=0,1,2,3,4,5,295\n");
+  {
+    Loaded<abi::Ifcan> library(SimulatorFolder() / "IFCan.dll");
+    const abi::Ifcan& calls = library.calls;
+    EXPECT_EQ(calls.CanOpenPort("IFCAN1"), -1);
+    const std::int32_t handle = calls.CanOpenPort("IFCAN7");
+    ASSERT_NE(handle, -1);
+    platform::IfcanPortInformation information{};
+    EXPECT_EQ(calls.CanGetPortInformation(handle, &information), 0);
+    EXPECT_EQ(information.ulStructLength, 36);
+    EXPECT_EQ(information.ulPhysicalLayer, 1);
+    platform::IfcanConfig config{};
+    EXPECT_EQ(calls.CanGetConfig(handle, &config), 0);
+    EXPECT_EQ(config.passed_through[4], 5);
+    EXPECT_EQ(config.baud_rate, 295);
+    EXPECT_EQ(calls.CanSetConfig(handle, &config), 0);
+    EXPECT_EQ(calls.CanActivate(handle), 0);
+    platform::IfcanMessage message{};
+    std::int32_t count = 1;
+    EXPECT_EQ(calls.CanReceiveMessage(handle, &message, &count), 0);
+    EXPECT_EQ(message.id, 0x123);
+    EXPECT_EQ(message.dlc, 2);
+    count = 1;
+    EXPECT_EQ(calls.CanReceiveMessage(handle, &message, &count), 0);
+    EXPECT_EQ(static_cast<std::uint32_t>(message.id), 0x9FFFFFFFu);
+    EXPECT_EQ(message.data[7], 8);
+    EXPECT_EQ(message.timestamp, 2'000);
+    EXPECT_EQ(calls.CanDeactivate(handle), 0);
+    EXPECT_EQ(calls.CanClosePort(handle), 0);
+  }
+  EXPECT_NE(Report().find("IFCan CanSetConfig(1, 0, 1, 2, 3, 4, 5, 295) = 0\n"), std::string::npos);
+  EXPECT_TRUE(Report().ends_with("IFCan unload\n"));
+}
+
+TEST_F(SimulatedLibrary, Canlib32GivesRecordsAndReports) {
+  WriteFile("bus.log", kLog);
+  UseBench(std::string(kBus) + "[kvaser 0]\nname=zero\n[kvaser 1]\nupc=0x0733012345678905\n");
+  {
+    Loaded<abi::Canlib> library(SimulatorFolder() / "canlib32.dll");
+    const abi::Canlib& calls = library.calls;
+    calls.canInitializeLibrary();
+    std::int32_t count = 0;
+    EXPECT_EQ(calls.canGetNumberOfChannels(&count), 0);
+    EXPECT_EQ(count, 2);
+    std::array<char, 64> name{};
+    EXPECT_EQ(calls.canGetChannelData(0, 13, name.data(), name.size()), 0);
+    EXPECT_STREQ(name.data(), "zero");
+    std::array<std::uint32_t, 2> upc{};
+    EXPECT_EQ(calls.canGetChannelData(1, 11, upc.data(), 8), 0);
+    EXPECT_EQ(upc[0], 0x45678905u);
+    const std::int32_t handle = calls.canOpenChannel(1, 128);
+    EXPECT_EQ(handle, 0);
+    EXPECT_EQ(calls.canSetBusParams(handle, -2, 5, 2, 1, 1, 0), 0);
+    EXPECT_EQ(calls.canSetBusOutputControl(handle, 1), 0);
+    EXPECT_EQ(calls.canBusOn(handle), 0);
+    std::int32_t id = 0;
+    std::array<std::uint8_t, 8> data{};
+    std::int32_t dlc = 0;
+    std::int32_t flag = 0;
+    std::int32_t time = 0;
+    EXPECT_EQ(calls.canRead(handle, &id, data.data(), &dlc, &flag, &time), 0);
+    EXPECT_EQ(calls.canRead(handle, &id, data.data(), &dlc, &flag, &time), 0);
+    EXPECT_EQ(id, 0x1FFFFFFF);
+    EXPECT_EQ(data[7], 8);
+    EXPECT_EQ(dlc, 8);
+    EXPECT_EQ(flag, 4);
+    EXPECT_EQ(time, 2);
+    EXPECT_EQ(calls.canBusOff(handle), 0);
+    EXPECT_EQ(calls.canClose(handle), 0);
+  }
+  EXPECT_NE(Report().find("canlib32 canSetBusParams(0, -2, 5, 2, 1, 1, 0) = 0\n"),
+            std::string::npos);
+  EXPECT_TRUE(Report().ends_with("canlib32 unload\n"));
+}
+
+TEST_F(SimulatedLibrary, TheBenchFileBesideTheLibraryIsUsed) {
+  fs::copy_file(SimulatorFolder() / "canusbdrv.dll", folder_ / "canusbdrv.dll");
+  WriteFile("tolvane-bench.ini", "[canusb 1]\nserial=BESIDE1\n");
+  Loaded<abi::Canusbdrv> library(folder_ / "canusbdrv.dll");
+  std::array<char, 32> serial{};
+  EXPECT_GT(library.calls.canusb_getFirstAdapter(serial.data(), 32), 0);
+  EXPECT_STREQ(serial.data(), "BESIDE1");
+}
+
+}  // namespace
+}  // namespace tolvane::simulator
