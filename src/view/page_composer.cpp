@@ -1,5 +1,9 @@
 #include "view/page_composer.h"
 
+#include <array>
+#include <cstddef>
+#include <cstdint>
+
 #include "receive/frame_columns.h"
 #include "run/number_text.h"
 #include "view/highlight_columns.h"
@@ -15,6 +19,24 @@ constexpr std::int32_t kYieldStep = 400;  // positions
 constexpr StringView kLineEnd = u"\r\n";
 constexpr StringView kUnit = u"ms";
 constexpr StringView kCycleGap = u"   ";
+
+/// The text of every data cell: a blank and two digits.
+class CellTexts {
+ public:
+  constexpr CellTexts() {
+    constexpr StringView kDigits = u"0123456789ABCDEF";
+    for (std::size_t value = 0; value < texts_.size(); ++value) {
+      texts_[value] = {u' ', kDigits[value >> 4], kDigits[value & 0xF]};
+    }
+  }
+  [[nodiscard]] constexpr StringView operator[](std::uint8_t value) const {
+    return {texts_[value].data(), texts_[value].size()};
+  }
+
+ private:
+  std::array<std::array<char16_t, 3>, 256> texts_{};
+};
+constexpr CellTexts kCellTexts;
 
 template <typename Table>
 using Frame = FrameColumns<Table>;
@@ -69,8 +91,7 @@ void PageComposer<Table>::AppendCells(const PageRow& line) {
   for (std::size_t k = 0; k < cells; ++k) {
     ApplyDataChange(line.row, k);
     if (!markers.Empty()) RecordMarkerStarts(markers, static_cast<std::int32_t>(k) + 1);
-    text_.Append(u" ");
-    text_.Append(HexByteText((frames_.*Frame<Table>::Data[k])(line.row)));
+    text_.Append(kCellTexts[(frames_.*Frame<Table>::Data[k])(line.row)]);
   }
   RecordMarkerLengths(markers);
 }

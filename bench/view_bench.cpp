@@ -1,0 +1,105 @@
+// A tick with every byte and every cycle of every row lit, and the writing of such a page as rich
+// text. What is asked of them on a machine of two cores: the 11-bit tick (2,047 rows) at most
+// 1.0 ms, its page as rich text at most 2 ms, a 29-bit row at most 1.5 times an 11-bit row.
+#include <benchmark/benchmark.h>
+
+#include <cstdint>
+#include <string>
+
+#include "qxt100/colour_fade.h"
+#include "tests/view/tick_bed.h"
+#include "view/highlight_columns.h"
+#include "view/page_rtf.h"
+
+namespace tolvane {
+namespace {
+
+/// The fade of the real support library, and none of the records that tests keep.
+class FadingSupport final : public platform::SupportLibrary {
+ public:
+  [[nodiscard]] bool Load() override { return true; }
+  [[nodiscard]] double qx_timeGetTime() override { return 0.0; }
+  [[nodiscard]] std::int32_t ColorAttenuation(std::int32_t colour, std::int32_t remaining,
+                                              std::int32_t total) override {
+    return qxt100::FadeToBlack(colour, remaining, total);
+  }
+};
+
+template <WorkerKind kKind>
+class LitPage {
+ public:
+  using Bed = TickBed<kKind>;
+  using Highlight = HighlightColumns<typename Bed::ViewTable>;
+
+  explicit LitPage(bool fractions) {
+    bed_.timer.interval = 0;
+    if constexpr (std::is_same_v<typename Bed::Table, CAN_ReadDB>) {
+      for (std::int16_t id = 1; id <= 2047; ++id) Light(id, fractions);
+    } else {
+      for (std::int32_t key = 0; key <= 4000; ++key) {
+        Light(bed_.AddKey(0x100000 + key * 577, 1), fractions);
+      }
+    }
+  }
+
+  void Tick() {
+    bed_.calls.clear();
+    tick_.TimerBackView_Timer();
+  }
+  [[nodiscard]] const platform::RichTextPage& Page() const { return *bed_.view.page; }
+
+ private:
+  // Bytes and cycles moved some time ago, each row at another time, and the timer's step of 0 keeps
+  // them there: the fades of a bus in use, the same at each tick.
+  void Light(std::int16_t row, bool fractions) {
+    const double cycle = 10 + row % 1000 + (fractions ? 0.25 : 0.0);
+    for (int i = 0; i < 3; ++i) bed_.Receive(row, 8, kData, 1000.0 + i * cycle);
+    for (std::size_t k = 0; k < 8; ++k) {
+      ((*bed_.highlights).*Highlight::d_timerCounter[k])(
+          row, 1 + (row * 29 + 7000 * static_cast<int>(k)) % 60000);
+    }
+    ((*bed_.highlights).*Highlight::dt_timerCounter)(row, 1 + row * 14);
+  }
+
+  static constexpr Bytes8 kData = {0x08, 0x91, 0xA2, 0xB3, 0xC4, 0xD5, 0xE6, 0xF7};
+
+  Bed bed_;
+  FadingSupport support_;
+  tolvane::Tick<typename Bed::Table> tick_{kKind,
+                                           {bed_.device, bed_.timer, support_, bed_.events,
+                                            bed_.view, bed_.RxFlag, bed_.Device_Timer_Kind},
+                                           *bed_.frames,
+                                           *bed_.highlights};
+};
+
+template <WorkerKind kKind>
+void LitTick(benchmark::State& state, std::int64_t rows, bool fractions) {
+  LitPage<kKind> page(fractions);
+  for (auto _ : state) page.Tick();
+  state.SetItemsProcessed(state.iterations() * rows);
+  state.counters["runs"] = static_cast<double>(page.Page().colours.Runs().size());
+}
+
+void LitPageAsRtf(benchmark::State& state) {
+  LitPage<WorkerKind::FormBG> page(false);
+  page.Tick();
+  std::string rtf;
+  for (auto _ : state) WritePageRtf(page.Page(), rtf);
+  state.counters["bytes"] = static_cast<double>(rtf.size());
+}
+
+void Tick11Bit(benchmark::State& state) { LitTick<WorkerKind::FormBG>(state, 2047, false); }
+void Tick29Bit(benchmark::State& state) { LitTick<WorkerKind::FormBG2_29>(state, 4001, false); }
+void Tick29BitFractions(benchmark::State& state) {
+  LitTick<WorkerKind::FormBG_29>(state, 4001, true);
+}
+
+BENCHMARK(Tick11Bit)->Unit(benchmark::kMicrosecond);
+BENCHMARK(Tick29Bit)->Unit(benchmark::kMicrosecond);
+BENCHMARK(Tick29BitFractions)->Unit(benchmark::kMicrosecond);
+BENCHMARK(LitPageAsRtf)->Unit(benchmark::kMicrosecond);
+
+}  // namespace
+}  // namespace tolvane
+
+BENCHMARK_MAIN();

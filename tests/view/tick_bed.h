@@ -1,0 +1,223 @@
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "platform/rich_text_view.h"
+#include "receive/frame_columns.h"
+#include "run/elm327_info.h"
+#include "view/can_viewdb.h"
+#include "view/can_viewdb29.h"
+#include "view/tick.h"
+
+namespace tolvane {
+
+/// The order of what a tick does outside its tables.
+using TickCalls = std::vector<std::string>;
+
+class BedTimer final : public platform::Timer {
+ public:
+  explicit BedTimer(TickCalls& calls) : calls_(calls) {}
+  [[nodiscard]] bool Enabled() const override { return enabled_; }
+  void Enabled(bool enabled) override {
+    enabled_ = enabled;
+    calls_.emplace_back(enabled ? "timer on" : "timer off");
+  }
+  [[nodiscard]] std::int32_t Interval() const override { return interval; }
+  void OnTick(std::function<void()>) override {}
+
+  std::int32_t interval = 30;
+
+ private:
+  TickCalls& calls_;
+  bool enabled_ = true;
+};
+
+/// A clock that stands where it is put, and a fade whose colour is the remaining time, so that a
+/// paint list shows the counters.
+class BedSupport final : public platform::SupportLibrary {
+ public:
+  struct Fade {
+    std::int32_t colour, remaining, total;
+    friend bool operator==(const Fade&, const Fade&) = default;
+  };
+
+  explicit BedSupport(TickCalls& calls) : calls_(calls) {}
+  [[nodiscard]] bool Load() override { return true; }
+  [[nodiscard]] double qx_timeGetTime() override {
+    calls_.emplace_back("clock");
+    return now;
+  }
+  [[nodiscard]] std::int32_t ColorAttenuation(std::int32_t colour, std::int32_t remaining,
+                                              std::int32_t total) override {
+    if (keep_fades) fades.push_back({colour, remaining, total});
+    return remaining;
+  }
+
+  double now = 0.0;
+  bool keep_fades = true;
+  std::vector<Fade> fades;
+
+ private:
+  TickCalls& calls_;
+};
+
+class BedEvents final : public platform::EventLoop {
+ public:
+  explicit BedEvents(TickCalls& calls) : calls_(calls) {}
+  void YieldToEvents() override {
+    calls_.emplace_back("yield");
+    if (during_yield) during_yield();
+  }
+  std::function<void()> during_yield;
+
+ private:
+  TickCalls& calls_;
+};
+
+/// Takes the swapped page; nothing else of the view is a tick's business.
+class BedView final : public platform::RichTextView {
+ public:
+  explicit BedView(TickCalls& calls) : calls_(calls) {}
+  void SwapPage(std::unique_ptr<platform::RichTextPage>& next) override {
+    calls_.emplace_back("swap");
+    page.swap(next);
+  }
+  void Refresh() override { calls_.emplace_back("refresh"); }
+
+  [[nodiscard]] String Text() const override { return page->text; }
+  void Text(StringView) override { Unexpected("Text"); }
+  [[nodiscard]] String TextRTF() const override { return {}; }
+  void TextRTF(StringView) override { Unexpected("TextRTF"); }
+  void SelStart(std::int32_t) override { Unexpected("SelStart"); }
+  [[nodiscard]] std::int32_t SelLength() const override { return 0; }
+  void SelLength(std::int32_t) override { Unexpected("SelLength"); }
+  void SelColor(std::int32_t) override { Unexpected("SelColor"); }
+  void SelBackColor(std::int32_t) override { Unexpected("SelBackColor"); }
+  [[nodiscard]] String SelText() const override { return {}; }
+  void SelText(StringView) override { Unexpected("SelText"); }
+  [[nodiscard]] String SelRTF() const override { return {}; }
+  [[nodiscard]] bool Locked() const override { return true; }
+  void Locked(bool) override { Unexpected("Locked"); }
+  void ScrollToEnd() override { Unexpected("ScrollToEnd"); }
+  void PlainCompositionColours() override { Unexpected("PlainCompositionColours"); }
+  [[nodiscard]] bool CanUndo() const override { return false; }
+  void Undo() override { Unexpected("Undo"); }
+  [[nodiscard]] bool SaveFile(StringView, FileFormat) override { return false; }
+  [[nodiscard]] bool LoadFile(StringView) override { return false; }
+
+  std::unique_ptr<platform::RichTextPage> page = std::make_unique<platform::RichTextPage>();
+
+ private:
+  void Unexpected(const char* operation) { calls_.emplace_back(operation); }
+  TickCalls& calls_;
+};
+
+template <WorkerKind kKind>
+struct BedTable {
+  using Type = CAN_ReadDB;
+};
+template <>
+struct BedTable<WorkerKind::FormBG_29> {
+  using Type = CAN_ReadDB29;
+};
+template <>
+struct BedTable<WorkerKind::FormBG2_29> {
+  using Type = CAN_ReadDB29;
+};
+
+using Bytes8 = std::array<std::uint8_t, 8>;
+
+/// One worker's tables and its tick, on a simulated main window, as a CANUSB run starts it.
+template <WorkerKind kKind>
+class TickBed {
+ public:
+  using Table = typename BedTable<kKind>::Type;
+  using ViewTable = typename ViewTableOf<Table>::Type;
+  using Frame = FrameColumns<Table>;
+
+  TickBed() {
+    device.Param_ALL_Clear();
+    device.t_select_Vender = kVenderCanusb;
+    frames->Param_ALL_Clear();
+    highlights->Param_ALL_Clear();
+  }
+
+  /// What one accepted frame does to its row.
+  void Receive(std::int16_t row, std::uint8_t dlc, const Bytes8& data, double time) {
+    auto& state = (*frames).*Frame::Received;
+    const bool seen = state(row) != row_state::kNone;
+    ((*frames).*Frame::DLC)(row, dlc);
+    ((*frames).*Frame::ReadTime_old)(row, support.now);
+    ((*frames).*Frame::ReceivedTime_old)(row, ((*frames).*Frame::ReceivedTime)(row));
+    ((*frames).*Frame::ReceivedTime)(row, time);
+    for (std::size_t k = 0; k < 8; ++k) {
+      auto& bytes = (*frames).*Frame::Data[k];
+      ((*frames).*Frame::Data_old[k])(row, seen ? bytes(row) : data[k]);
+      bytes(row, data[k]);
+    }
+    state(row, seen ? row_state::kMany : row_state::kFirst);
+  }
+
+  /// Puts a key into the next free row at its place in the list, and gives the row.
+  std::int16_t AddKey(std::int32_t id,
+                      std::uint8_t extended) requires std::is_same_v<Table, CAN_ReadDB29> {
+    const std::int32_t row = frames->CAN29_Received_ID_Counter;
+    std::int32_t place = row;
+    for (; place > 0; --place) {
+      const auto below = static_cast<std::int16_t>(place - 1);
+      if (std::pair(frames->CAN29_Received_ID(below), frames->CAN29_ExtendFlag(below)) <
+          std::pair(id, extended)) {
+        break;
+      }
+      CopyKey(below, static_cast<std::int16_t>(place));
+    }
+    const auto p = static_cast<std::int16_t>(place);
+    frames->CAN29_Received_ID(p, id);
+    frames->CAN29_ExtendFlag(p, extended);
+    frames->CAN29_ArrayNo(p, row);
+    frames->CAN29_Received_ID_Counter = row + 1;
+    return static_cast<std::int16_t>(row);
+  }
+
+  /// One tick; the page's text.
+  const String& Page() {
+    tick.TimerBackView_Timer();
+    return view.page->text;
+  }
+  [[nodiscard]] const std::vector<platform::ColourRun>& Colours() const {
+    return view.page->colours.Runs();
+  }
+  [[nodiscard]] const std::vector<platform::ColourRun>& Backgrounds() const {
+    return view.page->backgrounds.Runs();
+  }
+
+  TickCalls calls;
+  ELM327_Info device{u"C:\\Tolvane"};
+  BedTimer timer{calls};
+  BedSupport support{calls};
+  BedEvents events{calls};
+  BedView view{calls};
+  std::int32_t RxFlag = 1;
+  std::int32_t Device_Timer_Kind = kVenderCanusb;
+  std::unique_ptr<Table> frames = std::make_unique<Table>();
+  std::unique_ptr<ViewTable> highlights = std::make_unique<ViewTable>();
+  Tick<Table> tick{kKind,
+                   {device, timer, support, events, view, RxFlag, Device_Timer_Kind},
+                   *frames,
+                   *highlights};
+
+ private:
+  void CopyKey(std::int16_t from, std::int16_t to) requires std::is_same_v<Table, CAN_ReadDB29> {
+    frames->CAN29_Received_ID(to, frames->CAN29_Received_ID(from));
+    frames->CAN29_ExtendFlag(to, frames->CAN29_ExtendFlag(from));
+    frames->CAN29_ArrayNo(to, frames->CAN29_ArrayNo(from));
+  }
+};
+
+}  // namespace tolvane
