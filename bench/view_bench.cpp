@@ -3,27 +3,17 @@
 // 1.0 ms, its page as rich text at most 2 ms, a 29-bit row at most 1.5 times an 11-bit row.
 #include <benchmark/benchmark.h>
 
+#include <cstddef>
 #include <cstdint>
 #include <string>
 
-#include "qxt100/colour_fade.h"
+#include "platform/memory/support_library.h"
 #include "tests/view/tick_bed.h"
 #include "view/highlight_columns.h"
 #include "view/page_rtf.h"
 
 namespace tolvane {
 namespace {
-
-/// The fade of the real support library, and none of the records that tests keep.
-class FadingSupport final : public platform::SupportLibrary {
- public:
-  [[nodiscard]] bool Load() override { return true; }
-  [[nodiscard]] double qx_timeGetTime() override { return 0.0; }
-  [[nodiscard]] std::int32_t ColorAttenuation(std::int32_t colour, std::int32_t remaining,
-                                              std::int32_t total) override {
-    return qxt100::FadeToBlack(colour, remaining, total);
-  }
-};
 
 template <WorkerKind kKind>
 class LitPage {
@@ -64,7 +54,7 @@ class LitPage {
   static constexpr Bytes8 kData = {0x08, 0x91, 0xA2, 0xB3, 0xC4, 0xD5, 0xE6, 0xF7};
 
   Bed bed_;
-  FadingSupport support_;
+  platform::memory::SupportLibrary support_;
   tolvane::Tick<typename Bed::Table> tick_{kKind,
                                            {bed_.device, bed_.timer, support_, bed_.events,
                                             bed_.view, bed_.RxFlag, bed_.Device_Timer_Kind},

@@ -4,7 +4,9 @@
 #include <cstdint>
 #include <functional>
 #include <memory>
+#include <ostream>
 #include <string>
+#include <type_traits>
 #include <utility>
 #include <vector>
 
@@ -14,6 +16,14 @@
 #include "view/can_viewdb.h"
 #include "view/can_viewdb29.h"
 #include "view/tick.h"
+
+namespace tolvane::platform {
+
+inline void PrintTo(const ColourRun& run, std::ostream* out) {
+  *out << run.start << " to " << run.end << " in " << run.colour;
+}
+
+}  // namespace tolvane::platform
 
 namespace tolvane {
 

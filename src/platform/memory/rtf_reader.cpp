@@ -155,15 +155,16 @@ void Reader::ReadControl() {
   }
 }
 
+// Two digits; a document broken in itself may have fewer.
 void Reader::ReadHexCharacter() {
-  std::int32_t value = 0;
+  std::optional<std::int32_t> value;
   for (int i = 0; i < 2 && !rest_.empty(); ++i) {
     const std::size_t digit = StringView(u"0123456789abcdefABCDEF").find(rest_.front());
     if (digit == StringView::npos) break;
-    value = value * 16 + static_cast<std::int32_t>(digit < 16 ? digit : digit - 6);
+    value = value.value_or(0) * 16 + static_cast<std::int32_t>(digit < 16 ? digit : digit - 6);
     rest_.remove_prefix(1);
   }
-  Literal(static_cast<char16_t>(value));
+  if (value) Literal(static_cast<char16_t>(*value));
 }
 
 // Letters, then perhaps a number, then perhaps one blank that belongs to the word.

@@ -1,0 +1,80 @@
+#include "view/back_page.h"
+
+#include <gtest/gtest.h>
+
+#include <cstdint>
+#include <limits>
+#include <vector>
+
+#include "tests/view/tick_bed.h"
+
+namespace tolvane {
+namespace {
+
+using Runs = std::vector<platform::ColourRun>;
+constexpr std::int32_t kLowest = std::numeric_limits<std::int32_t>::min();
+constexpr std::int32_t kHighest = std::numeric_limits<std::int32_t>::max();
+
+TEST(BackPage, PaintingIsClampedToThePage) {
+  struct Row {
+    const char* label;
+    std::int32_t start, length;
+    Runs painted;
+  };
+  const Row rows[] = {{"inside", 2, 3, {{2, 5, 7}}},
+                      {"whole", 0, 10, {{0, 10, 7}}},
+                      {"over the end", 8, 5, {{8, 10, 7}}},
+                      {"behind the end", 10, 1, {}},
+                      {"far behind", kHighest, kHighest, {}},
+                      {"without end", 1, kHighest, {{1, 10, 7}}},
+                      {"before the head", -5, 2, {{0, 2, 7}}},
+                      {"far before", kLowest, kHighest, {{0, 10, 7}}},
+                      {"length 0", 3, 0, {}},
+                      {"negative length", 3, -1, {}},
+                      {"lowest length", kHighest, kLowest, {}}};
+  for (const Row& row : rows) {
+    SCOPED_TRACE(row.label);
+    BackPage page;
+    page.Text(u"0123456789");
+    page.SelStart(row.start);
+    page.SelLength(row.length);
+    page.SelColor(7);
+    EXPECT_EQ(page.Page().colours.Runs(), row.painted);
+    EXPECT_EQ(page.Page().backgrounds.Runs(), Runs{});
+    page.Back_Set_Char_Effect(7);
+    EXPECT_EQ(page.Page().backgrounds.Runs(), row.painted);
+  }
+}
+
+TEST(BackPage, NewTextDropsAllFormats) {
+  BackPage page;
+  page.Text(u"0123456789");
+  page.SelStart(0);
+  page.SelLength(5);
+  page.SelColor(1);
+  page.Back_Set_Char_Effect(2);
+  page.Text(u"abc");
+  EXPECT_EQ(page.Page().text, u"abc");
+  EXPECT_EQ(page.Page().colours.Runs(), Runs{});
+  EXPECT_EQ(page.Page().backgrounds.Runs(), Runs{});
+  page.SelColor(1);
+  EXPECT_EQ(page.Page().colours.Runs(), Runs{});
+}
+
+TEST(BackPage, TheFinishedPageCrossesWhole) {
+  TickCalls calls;
+  BedView view(calls);
+  BackPage page;
+  page.Text(u"0123");
+  page.SelStart(1);
+  page.SelLength(2);
+  page.SelColor(5);
+  page.SwapInto(view);
+  EXPECT_EQ(view.page->text, u"0123");
+  EXPECT_EQ(view.page->colours.Runs(), (Runs{{1, 3, 5}}));
+  page.Text(u"next");
+  EXPECT_EQ(view.page->text, u"0123");
+}
+
+}  // namespace
+}  // namespace tolvane

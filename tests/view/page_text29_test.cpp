@@ -1,0 +1,167 @@
+#include <gtest/gtest.h>
+
+#include <cstdint>
+
+#include "tests/view/tick_bed.h"
+
+namespace tolvane {
+namespace {
+
+constexpr StringView kHeader = u"E    ID    DLC  D1 D2 D3 D4 D5 D6 D7 D8\r\n";
+constexpr Bytes8 kData = {0x01, 0x02, 0x03, 0x04, 0x05, 0x06, 0x07, 0x08};
+constexpr StringView kRest = u"  8   01 02 03 04 05 06 07 08   ----ms\r\n";
+
+using Bed = TickBed<WorkerKind::FormBG_29>;
+using Bed2 = TickBed<WorkerKind::FormBG2_29>;
+
+String Page(StringView rows) { return String(kHeader) + String(rows); }
+
+template <typename AnyBed>
+std::int16_t Add(AnyBed& bed, std::int32_t id, std::uint8_t extended) {
+  const std::int16_t row = bed.AddKey(id, extended);
+  bed.Receive(row, 8, kData, 5);
+  return row;
+}
+
+TEST(PageText29, AnEmptyTableGivesHeaderAndFoot) {
+  Bed bed;
+  bed.highlights->DisableID_Status_Buffer = u"foot\r\n";
+  EXPECT_EQ(bed.Page(), Page(u"foot\r\n"));
+}
+
+TEST(PageText29, IDsHaveEightDigitsBehindTheExtendedColumn) {
+  struct Row {
+    std::int32_t id;
+    std::uint8_t flag;
+    StringView text;
+  };
+  const Row rows[] = {{0, 0, u"  00000000"},          {0, 1, u"* 00000000"},
+                      {0xF, 0, u"  0000000F"},        {0x10, 0, u"  00000010"},
+                      {0xFF, 0, u"  000000FF"},       {0x100, 0, u"  00000100"},
+                      {0x123, 0, u"  00000123"},      {0xFFF, 1, u"* 00000FFF"},
+                      {0x1000, 1, u"* 00001000"},     {0xFFFF, 1, u"* 0000FFFF"},
+                      {0x10000, 1, u"* 00010000"},    {0xFFFFF, 1, u"* 000FFFFF"},
+                      {0x100000, 1, u"* 00100000"},   {0xFFFFFF, 1, u"* 00FFFFFF"},
+                      {0x1000000, 1, u"* 01000000"},  {0xFFFFFFF, 1, u"* 0FFFFFFF"},
+                      {0x10000000, 1, u"* 10000000"}, {0x1FFFFFFF, 1, u"* 1FFFFFFF"},
+                      {0x7FFFFFFF, 1, u"* 7FFFFFFF"}, {0x123, 2, u"  00000123"},
+                      {-1, 1, u"* 0000000FFFFFFFF"}};
+  for (const Row& row : rows) {
+    Bed bed;
+    Add(bed, row.id, row.flag);
+    EXPECT_EQ(bed.Page(), Page(String(row.text) + String(kRest))) << row.id;
+  }
+}
+
+TEST(PageText29, TheStandardFrameOfANumberStandsBeforeTheExtendedOne) {
+  Bed bed;
+  Add(bed, 0x123, 1);
+  Add(bed, 0x123, 0);
+  const String rest(kRest);
+  EXPECT_EQ(bed.Page(), Page(u"  00000123" + rest + u"* 00000123" + rest));
+}
+
+TEST(PageText29, LinesRiseByIDWhateverTheOrderOfArrival) {
+  Bed bed;
+  for (const std::int32_t id : {0x300, 0x100, 0x200}) Add(bed, id, 1);
+  const String rest(kRest);
+  EXPECT_EQ(bed.Page(), Page(u"* 00000100" + rest + u"* 00000200" + rest + u"* 00000300" + rest));
+}
+
+TEST(PageText29, CellsAndPaddingAreThoseOfTheElevenBitPage) {
+  Bed bed;
+  bed.Receive(bed.AddKey(1, 1), 2, kData, 5);
+  bed.Receive(bed.AddKey(2, 1), 9, kData, 5);
+  EXPECT_EQ(bed.Page(), Page(u"* 00000001  2   01 02                     ----ms\r\n"
+                             u"* 00000002  9   01 02 03 04 05 06 07   ----ms\r\n"));
+}
+
+TEST(PageText29, RowStatesMatterInFormBG2_29Only) {
+  for (const std::uint8_t state :
+       {row_state::kNone, row_state::kMany, row_state::kWriting, row_state::kFirst}) {
+    Bed bed;
+    bed.frames->CAN29_Received(bed.AddKey(5, 0), state);
+    EXPECT_NE(bed.Page(), kHeader) << int{state};
+    Bed2 bed2;
+    bed2.frames->CAN29_Received(bed2.AddKey(5, 0), state);
+    const bool shown = state == row_state::kMany || state == row_state::kFirst;
+    EXPECT_EQ(bed2.Page() != kHeader, shown) << int{state};
+  }
+}
+
+TEST(PageText29, ARowThatIsNotSettledHasNoCycle) {
+  Bed bed;
+  const std::int16_t row = Add(bed, 5, 0);
+  bed.frames->CAN29_Received(row, row_state::kWriting);
+  EXPECT_EQ(bed.Page(), Page(u"  00000005  8   01 02 03 04 05 06 07 08   ????ms\r\n"));
+}
+
+TEST(PageText29, ExclusionTakesTheWholeID) {
+  for (const std::int32_t id : {0x0FFFFFFF, 0x18DAF110}) {
+    Bed bed;
+    Add(bed, id, 1);
+    bed.device.t_DisableID_ON(0, 1);
+    bed.device.t_DisableID_Start(0, 0x18000000);
+    bed.device.t_DisableID_End(0, 0x18FFFFFF);
+    EXPECT_EQ(bed.Page() == kHeader, id == 0x18DAF110);
+  }
+}
+
+TEST(PageText29, CyclesHaveFourDecimalsInFormBG_29AndNoneInFormBG2_29) {
+  struct Row {
+    double time_next;
+    StringView fraction, whole;
+  };
+  const Row rows[] = {
+      {1100.25, u"100.25", u"100"},    {1100.03125, u"100.0312", u"100"},
+      {1000.5, u"0.5", u"????"},       {1101.5, u"101.5", u"102"},
+      {1000.0001, u"0.0001", u"????"}, {123457789.1234, u"123456789.1234", u"123456789"}};
+  for (const Row& row : rows) {
+    Bed bed;
+    const std::int16_t r = bed.AddKey(7, 1);
+    bed.Receive(r, 0, kData, 1000);
+    bed.Receive(r, 0, kData, row.time_next);
+    const String start = u"* 00000007  0  " + String(27, u' ');
+    EXPECT_EQ(bed.Page(), Page(start + String(row.fraction) + u"ms\r\n"));
+    Bed2 bed2;
+    const std::int16_t r2 = bed2.AddKey(7, 1);
+    bed2.Receive(r2, 0, kData, 1000);
+    bed2.Receive(r2, 0, kData, row.time_next);
+    EXPECT_EQ(bed2.Page(), Page(start + String(row.whole) + u"ms\r\n"));
+  }
+}
+
+TEST(PageText29, ACycleRegionIsTwoCharactersLongerThanItsFraction) {
+  Bed bed;
+  const std::int16_t row = bed.AddKey(7, 1);
+  bed.Receive(row, 8, kData, 1000);
+  bed.Receive(row, 8, kData, 1100.25);
+  bed.frames->CAN29_ReceivedTime_Delta(row, 10.0);
+  bed.Page();
+  const auto start = static_cast<std::int32_t>(kHeader.size() + 15 + 24 + 3);
+  EXPECT_EQ(bed.highlights->VColorlength_dt_start(row), start);
+  EXPECT_EQ(bed.highlights->VColorlength_dt_end(row), 8);
+  ASSERT_EQ(bed.Colours().size(), 1U);
+  EXPECT_EQ(bed.view.page->text.substr(static_cast<std::size_t>(start), 8), u"100.25ms");
+}
+
+TEST(PageText29, TwelveDigitsOfAFractionFitTheirRegion) {
+  Bed bed;
+  const std::int16_t row = bed.AddKey(7, 1);
+  bed.Receive(row, 8, kData, 0);
+  bed.Receive(row, 8, kData, 12345678.1234);
+  bed.frames->CAN29_ReceivedTime_Delta(row, 10.0);
+  EXPECT_TRUE(bed.Page().ends_with(u"   12345678.1234ms\r\n"));
+  EXPECT_EQ(bed.highlights->VColorlength_dt_end(row), 15);
+}
+
+TEST(PageText29, NegativeCyclesAreRepairedInBothWorkers) {
+  Bed bed;
+  const std::int16_t row = bed.AddKey(7, 1);
+  bed.Receive(row, 0, kData, 59990.5);
+  bed.Receive(row, 0, kData, 10);
+  EXPECT_TRUE(bed.Page().ends_with(u"   19.5ms\r\n"));
+}
+
+}  // namespace
+}  // namespace tolvane

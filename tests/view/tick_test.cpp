@@ -1,0 +1,182 @@
+#include "view/tick.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+
+#include "tests/counting/allocations.h"
+#include "tests/view/tick_bed.h"
+#include "view/tick_traits.h"
+
+namespace tolvane {
+namespace {
+
+constexpr Bytes8 kData = {0x01, 0x02, 0x03, 0x04, 0x05, 0x06, 0x07, 0x08};
+constexpr Bytes8 kOther = {0x11, 0x12, 0x13, 0x14, 0x15, 0x16, 0x17, 0x18};
+
+TEST(Tick, ClockThenTimerOffThenScanThenSwapThenTimerOn) {
+  TickBed<WorkerKind::FormBG> bed;
+  bed.Page();
+  EXPECT_EQ(bed.calls, (TickCalls{"clock", "timer off", "yield", "yield", "yield", "yield", "yield",
+                                  "swap", "refresh", "timer on"}));
+}
+
+TEST(Tick, OnlyFormBGRefreshesBehindTheSwap) {
+  TickBed<WorkerKind::FormBG2> bed;
+  bed.Page();
+  EXPECT_EQ(bed.calls, (TickCalls{"clock", "timer off", "yield", "yield", "yield", "yield", "yield",
+                                  "swap", "timer on"}));
+  TickBed<WorkerKind::FormBG_29> bed_29;
+  bed_29.Page();
+  EXPECT_EQ(bed_29.calls, (TickCalls{"clock", "timer off", "swap", "timer on"}));
+  TickBed<WorkerKind::FormBG2_29> bed2_29;
+  bed2_29.Page();
+  EXPECT_EQ(bed2_29.calls, (TickCalls{"clock", "timer off", "swap", "timer on"}));
+}
+
+TEST(Tick, ElevenBitScansYieldBeforeRows400To2000AndNotInTheColourPass) {
+  TickBed<WorkerKind::FormBG> bed;
+  bed.Receive(400, 8, kData, 5);
+  std::size_t yields = 0;
+  bed.events.during_yield = [&] {
+    // What the yield changes in the row behind it is on the page.
+    if (++yields == 1) bed.frames->CAN11_DLC(400, 1);
+  };
+  EXPECT_EQ(bed.Page().substr(34, 11), u"190  1   01");
+  EXPECT_EQ(yields, 5U);
+}
+
+TEST(Tick, ExtendedScansYieldAtPositions0And400AndSoOn) {
+  struct Row {
+    std::int32_t keys;
+    std::ptrdiff_t yields;
+  };
+  for (const Row& row : {Row{0, 0}, Row{1, 1}, Row{400, 1}, Row{401, 2}, Row{4001, 11}}) {
+    TickBed<WorkerKind::FormBG2_29> bed;
+    for (std::int32_t key = 0; key < row.keys; ++key) bed.AddKey(key, 1);
+    bed.Page();
+    EXPECT_EQ(std::count(bed.calls.begin(), bed.calls.end(), "yield"), row.yields) << row.keys;
+  }
+}
+
+TEST(Tick, TheEndOfAnExtendedScanIsReadAgainOnEachPass) {
+  TickBed<WorkerKind::FormBG_29> bed;
+  bed.Receive(bed.AddKey(0x100, 1), 0, kData, 5);
+  bed.events.during_yield = [&] { bed.Receive(bed.AddKey(0x200, 1), 0, kData, 5); };
+  const String blanks(27, u' ');
+  EXPECT_EQ(bed.Page(),
+            u"E    ID    DLC  D1 D2 D3 D4 D5 D6 D7 D8\r\n"
+            u"* 00000100  0  " +
+                blanks +
+                u"----ms\r\n"
+                u"* 00000200  0  " +
+                blanks + u"----ms\r\n");
+}
+
+TEST(Tick, TheTimerIsOffDuringTheYields) {
+  TickBed<WorkerKind::FormBG> bed;
+  bed.events.during_yield = [&] { EXPECT_FALSE(bed.timer.Enabled()); };
+  bed.Page();
+  EXPECT_TRUE(bed.timer.Enabled());
+}
+
+TEST(Tick, AfterADisconnectInAYieldThePageIsFinishedAndTheTimerStaysOff) {
+  TickBed<WorkerKind::FormBG> bed;
+  bed.Receive(0x7F0, 8, kData, 5);
+  bed.events.during_yield = [&] { bed.RxFlag = 0; };
+  EXPECT_EQ(bed.Page().substr(34), u"7F0  8   01 02 03 04 05 06 07 08   ----ms\r\n");
+  EXPECT_FALSE(bed.timer.Enabled());
+  EXPECT_EQ(bed.calls.back(), "refresh");
+}
+
+TEST(Tick, OnlyTheValueOneOfRxFlagTurnsTheTimerOnAgain) {
+  TickBed<WorkerKind::FormBG> bed;
+  bed.RxFlag = 2;
+  bed.Page();
+  EXPECT_FALSE(bed.timer.Enabled());
+}
+
+TEST(Tick, EachPageStartsWithoutTheColoursOfTheOneBefore) {
+  TickBed<WorkerKind::FormBG> bed;
+  bed.Receive(0x100, 8, kData, 1000);
+  bed.Receive(0x100, 8, kOther, 1100);
+  bed.Page();
+  EXPECT_EQ(bed.Colours().size(), 8U);
+  bed.device.t_DataChangeColorEnable = 0;
+  for (int i = 0; i < 3; ++i) {
+    bed.Page();
+    EXPECT_TRUE(bed.Colours().empty());
+  }
+}
+
+TEST(Tick, AMessagePositionCountsLineEndsAsTwo) {
+  TickBed<WorkerKind::FormBG> bed;
+  for (std::int16_t id = 1; id <= 10; ++id) {
+    bed.Receive(id, 8, kData, 1000);
+    bed.Receive(id, 8, id == 10 ? kOther : kData, 1100);
+  }
+  const String& page = bed.Page();
+  ASSERT_EQ(bed.Colours().size(), 8U);
+  const platform::ColourRun first = bed.Colours()[0];
+  EXPECT_EQ(page.substr(static_cast<std::size_t>(first.start), 2), u"11");
+  EXPECT_EQ(first.start, 34 + 9 * 42 + 9);
+}
+
+template <WorkerKind kKind>
+std::int64_t AllocationsOfALitTick() {
+  TickBed<kKind> bed;
+  bed.support.keep_fades = false;
+  for (std::int16_t i = 1; i <= 2000; ++i) {
+    std::int16_t row = i;
+    if constexpr (std::is_same_v<typename TickBed<kKind>::Table, CAN_ReadDB29>) {
+      row = bed.AddKey(i * 77, 1);
+    }
+    bed.Receive(row, 8, kData, 1000);
+    bed.Receive(row, 8, kOther, 1100.25);
+  }
+  bed.device.t_MsgMarker_ON(0, 1);
+  bed.device.t_MsgMarkerID(0, 0x4D);
+  for (int i = 0; i < 3; ++i) {
+    bed.Page();
+    bed.calls.clear();
+  }
+  const std::int64_t before = counting::Allocations();
+  bed.tick.TimerBackView_Timer();
+  const std::int64_t after = counting::Allocations();
+  EXPECT_EQ(bed.Colours().size(), 16000U);
+  return after - before;
+}
+
+TEST(Tick, TheSteadyStateAllocatesNothing) {
+  const std::int64_t before = counting::Allocations();
+  auto counted = std::make_unique<std::int32_t>(1);
+  EXPECT_EQ(counting::Allocations(), before + 1);
+  EXPECT_EQ(AllocationsOfALitTick<WorkerKind::FormBG>(), 0);
+  EXPECT_EQ(AllocationsOfALitTick<WorkerKind::FormBG_29>(), 0);
+}
+
+TEST(TickTraits, WhatDiffersFromWorkerToWorker) {
+  struct Row {
+    WorkerKind worker;
+    RowTest rows;
+    CycleType cycle;
+    bool refresh;
+  };
+  const Row rows[] = {
+      {WorkerKind::FormBG, RowTest::kReceived, CycleType::kWhole, true},
+      {WorkerKind::FormBG2, RowTest::kReceivedMany, CycleType::kWhole, false},
+      {WorkerKind::FormBG_29, RowTest::kEveryUsedPlace, CycleType::kFourDecimals, false},
+      {WorkerKind::FormBG2_29, RowTest::kReceived, CycleType::kWhole, false}};
+  for (const Row& row : rows) {
+    const TickTraits& traits = TickTraitsOf(row.worker);
+    EXPECT_EQ(traits.text_pass_rows, row.rows);
+    EXPECT_EQ(traits.cycle, row.cycle);
+    EXPECT_EQ(traits.refresh, row.refresh);
+  }
+}
+
+}  // namespace
+}  // namespace tolvane
