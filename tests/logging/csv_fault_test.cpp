@@ -1,0 +1,143 @@
+#include <gtest/gtest.h>
+
+#include "logging/log_naming.h"
+#include "tests/helpers/expect_bytes.h"
+#include "tests/logging/log_test.h"
+
+namespace tolvane {
+namespace {
+
+class CsvFault : public LogTest {
+ protected:
+  /// The records of a log, without its headers.
+  std::string Records(StringView number) {
+    const std::string bytes = LogBytes(number);
+    const std::size_t columns = bytes.find("D7,D8\r\n");
+    return columns == std::string::npos ? "no file" : bytes.substr(columns + 7);
+  }
+
+  const std::string first = "         1 , 100 , 0\r\n";
+  const std::string second = "         2 , 100 , 0\r\n";
+
+  /// A flush that fails under `fault`, then one that succeeds after `mended`.
+  template <typename Fault, typename Mended>
+  void KeepsTheRecords(Fault fault, Mended mended) {
+    db.csv_DataInput(1.0, 0x100, 0, kBytes);
+    fault();
+    Flush(1);
+    mended();
+    db.csv_DataInput(2.0, 0x100, 0, kBytes);
+    Flush(1);
+  }
+};
+
+TEST_F(CsvFault, RemovedFolderKeepsTheRecordsForTheNextFlush) {
+  KeepsTheRecords([&] { files.Remove(u"C:\\Tolvane"); }, [&] { files.AddFolder(u"C:\\Tolvane"); });
+  EXPECT_TRUE(SameBytes(Records(u"001"), first + second));
+}
+
+TEST_F(CsvFault, ReadOnlyFolderKeepsTheRecordsForTheNextFlush) {
+  KeepsTheRecords([&] { files.Protect(u"C:\\Tolvane", true); },
+                  [&] { files.Protect(u"C:\\Tolvane", false); });
+  EXPECT_TRUE(SameBytes(Records(u"001"), first + second));
+}
+
+TEST_F(CsvFault, FullDiskLeavesAPieceAndTheNextFileHasAll) {
+  KeepsTheRecords([&] { files.FreeSpace(100); }, [&] { files.FreeSpace(1'000'000); });
+  EXPECT_EQ(LogBytes(u"001").size(), 100U);
+  EXPECT_TRUE(SameBytes(Records(u"002"), first + second));
+}
+
+TEST_F(CsvFault, FailedCloseKeepsTheRecordsToo) {
+  KeepsTheRecords([&] { files.FailClose(true); }, [&] { files.FailClose(false); });
+  EXPECT_TRUE(SameBytes(Records(u"001"), first));
+  EXPECT_TRUE(SameBytes(Records(u"002"), first + second));
+}
+
+TEST_F(CsvFault, LockedFileOfNumber1000KeepsTheRecords) {
+  for (std::int32_t number = 1; number <= 1000; ++number) {
+    String path = u"C:\\Tolvane\\KL26112009-";
+    files.AddFile(path.append(FileNumberText(number)).append(u".csv"), "old");
+  }
+  const StringView last = u"C:\\Tolvane\\KL26112009-1000.csv";
+  KeepsTheRecords([&] { files.Lock(last, true); },
+                  [&] {
+                    EXPECT_EQ(LogBytes(u"1000"), "old");
+                    files.Lock(last, false);
+                  });
+  EXPECT_TRUE(SameBytes(Records(u"1000"), first + second));
+}
+
+TEST_F(CsvFault, PathTooLongKeepsTheRecords) {
+  const String deep = u"C:\\Tolvane\\" + String(230, u'x');
+  files.AddFolder(deep);
+  device.t_LogSaveFilePath_mode = 2;
+  device.t_LogSaveFilePath = deep;
+  KeepsTheRecords([] {}, [&] { device.t_LogSaveFilePath_mode = 0; });
+  EXPECT_TRUE(files.Files(deep).empty());
+  EXPECT_TRUE(SameBytes(Records(u"001"), first + second));
+}
+
+TEST_F(CsvFault, TheOtherChannelIsNotTouchedByAFailedFlush) {
+  db.csv_DataInput(1.0, 0x100, 0, kBytes);
+  files.Protect(u"C:\\Tolvane", true);
+  Flush(1);
+  files.Protect(u"C:\\Tolvane", false);
+  db.Excel_DB_ArayyCh = 2;
+  db.csv_DataInput(2.0, 0x100, 0, kBytes);
+  Flush(2);
+  EXPECT_TRUE(SameBytes(Records(u"001"), second));
+}
+
+TEST_F(CsvFault, FlushesThatFailForHoursStopAtTheBoundWithAWholeLine) {
+  files.Protect(u"C:\\Tolvane", true);
+  std::int64_t records = 0;
+  // 49 characters a line: well past the bound.
+  while (records < Excel_OutputDB::kLogBuilder_MAX / 49 + 2 * 20001) {
+    db.csv_DataInput(1.0, 0x100, 8, kBytes);
+    ++records;
+    if (db.Excel_DB_ArayyCounter > db.Excel_DB_ArayyCounter_MAX) {
+      db.Excel_DB_ArayyCounter = 0;
+      Flush(1);
+    }
+  }
+  EXPECT_EQ(db.Excel_DB_ArayyCounter, records % 20001) << "lost records count too";
+  files.Protect(u"C:\\Tolvane", false);
+  Flush(1);
+  const std::string kept = Records(u"001");
+  const std::string line = "         1 , 100 , 8 ,  00,1A,FF,03,44,55,66,77\r\n";
+  EXPECT_EQ(kept.size() % line.size(), 0U);
+  EXPECT_TRUE(kept.ends_with(line));
+  EXPECT_GT(kept.size() + 2 * 96, static_cast<std::size_t>(Excel_OutputDB::kLogBuilder_MAX));
+  EXPECT_LE(kept.size(), static_cast<std::size_t>(Excel_OutputDB::kLogBuilder_MAX));
+
+  db.csv_DataInput(2.0, 0x100, 0, kBytes);
+  Flush(1);
+  EXPECT_TRUE(SameBytes(Records(u"002"), second)) << "after a good flush all is as before";
+}
+
+TEST_F(CsvFault, StrayZerosStopAtTheBoundToo) {
+  db.Excel_DB_ArayyCh = 2;
+  for (std::int32_t i = 0; i < Excel_OutputDB::kLogBuilder_MAX / 7 + 1000; ++i) {
+    db.csv_DataInput29(0.0, 1, 0, kBytes, 1);
+    if (i % 20001 == 0) db.csv_DB_Initialize(2, device);
+  }
+  Flush(1);
+  const std::string zeros = Records(u"001");
+  EXPECT_LE(zeros.size(), static_cast<std::size_t>(Excel_OutputDB::kLogBuilder_MAX));
+  EXPECT_EQ(zeros.find_first_not_of('0'), std::string::npos);
+}
+
+TEST_F(CsvFault, AnUnknownFormatFlushesNothingAndKeepsTheLines) {
+  device.t_LogSaveFormat = 3;
+  db.csv_DataInput(1.0, 0x100, 0, kBytes);
+  Flush(1);
+  EXPECT_TRUE(files.Files(u"C:\\Tolvane").empty());
+  EXPECT_EQ(FileName_No, u"001") << "the name is searched all the same";
+  device.t_LogSaveFormat = kLogFormatCsv;
+  Flush(1);
+  EXPECT_TRUE(LogBytes(u"001").ends_with(first));
+}
+
+}  // namespace
+}  // namespace tolvane

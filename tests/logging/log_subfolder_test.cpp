@@ -1,0 +1,153 @@
+#include <gtest/gtest.h>
+
+#include "tests/logging/log_test.h"
+
+namespace tolvane {
+namespace {
+
+class LogSubfolder : public LogTest {
+ protected:
+  LogSubfolder() { device.t_LogComment = u"bench"; }
+
+  bool Decide() { return db.Get_SubFolder_Name(device, FolderName); }
+
+  /// bench and bench-002 to the folder of count `last`.
+  void AddNumberedFolders(std::int32_t last) {
+    files.AddFolder(u"C:\\Tolvane\\bench");
+    for (std::int32_t count = 2; count <= last; ++count) {
+      ASSERT_TRUE(Decide());
+      ASSERT_TRUE(files.FolderExists(u"C:\\Tolvane\\" + FolderName)) << count;
+    }
+  }
+};
+
+TEST_F(LogSubfolder, FirstRunGetsTheCommentAndLaterOnesANumberBehindIt) {
+  for (const StringView name : {u"bench", u"bench-002", u"bench-003"}) {
+    ASSERT_TRUE(Decide());
+    EXPECT_EQ(FolderName, name);
+    EXPECT_TRUE(files.FolderExists(u"C:\\Tolvane\\" + FolderName));
+  }
+}
+
+TEST_F(LogSubfolder, CharactersThatNoFolderMayHaveBecomeWide) {
+  device.t_LogComment = u"a\r\nb\rc\nd\te\\f/g:h*i?j\"k<l>m|n";
+  ASSERT_TRUE(Decide());
+  EXPECT_EQ(FolderName,
+            u"abcd\u3000\u3000e\uFFE5f\uFF0Fg\uFF1Ah\uFF0Ai\uFF1Fj k\uFF1Cl\uFF1Em"
+            u"\uFF5Cn");
+}
+
+TEST_F(LogSubfolder, CountsBelow100AreThreeDigits) {
+  AddNumberedFolders(99);
+  EXPECT_EQ(FolderName, u"bench-099");
+  EXPECT_TRUE(files.FolderExists(u"C:\\Tolvane\\bench-009"));
+  EXPECT_TRUE(files.FolderExists(u"C:\\Tolvane\\bench-010"));
+}
+
+TEST_F(LogSubfolder, From100OnEachCountIsPutBehindTheSuffixSoFar) {
+  AddNumberedFolders(102);
+  EXPECT_TRUE(files.FolderExists(u"C:\\Tolvane\\bench-099100"));
+  EXPECT_TRUE(files.FolderExists(u"C:\\Tolvane\\bench-099100101"));
+  EXPECT_EQ(FolderName, u"bench-099100101102");
+  EXPECT_FALSE(files.FolderExists(u"C:\\Tolvane\\bench-100"));
+}
+
+TEST_F(LogSubfolder, ASuffixThatGrewTooLongIsAFailureThatLeavesTheNameAsItWas) {
+  AddNumberedFolders(99);
+  bool made = true;
+  std::int32_t count = 99;
+  while (made && count < 1000) {
+    made = Decide();
+    ++count;
+  }
+  EXPECT_FALSE(made);
+  EXPECT_GT(FolderName.size(), 200U);
+  EXPECT_TRUE(files.FolderExists(u"C:\\Tolvane\\" + FolderName));
+}
+
+/// A disk on which every folder exists, as one without limits on the length of paths might.
+class FullDisk final : public platform::FileServices {
+ public:
+  bool FolderExists(StringView) override { return true; }
+  bool FileExists(StringView) override { return true; }
+  bool CreateFolder(StringView) override {
+    ++created;
+    return false;
+  }
+  std::unique_ptr<platform::TextStream> CreateTextFile(StringView, bool, bool) override {
+    return nullptr;
+  }
+  bool DeleteFile(StringView, bool) override { return false; }
+  std::optional<platform::BinaryRead> ReadBinary(StringView, std::size_t) override { return {}; }
+  bool WriteBinary(StringView, std::span<const std::byte>) override { return false; }
+  std::optional<std::int32_t> Attributes(StringView) override { return 16; }
+
+  std::int32_t created = 0;
+};
+
+TEST_F(LogSubfolder, AtCount1000TheLastNameIsUsedThoughItExists) {
+  FullDisk disk;
+  Excel_OutputDB log({events, disk, folders, wall_clock});
+  ASSERT_TRUE(log.Get_SubFolder_Name(device, FolderName));
+  EXPECT_TRUE(FolderName.starts_with(u"bench-099100101102"));
+  EXPECT_TRUE(FolderName.ends_with(u"9989991000"));
+  EXPECT_EQ(FolderName.size(), 6U + 3U + 900U * 3U + 4U);
+  EXPECT_EQ(disk.created, 0);
+}
+
+TEST_F(LogSubfolder, InModeZeroTheFolderIsMadeWhereTheSettingPoints) {
+  files.AddFolder(u"E:\\Elsewhere");
+  device.t_LogSaveFilePath = u"E:\\Elsewhere";
+  device.t_LogSave_subFolder = 1;
+  ASSERT_TRUE(Decide());
+  EXPECT_EQ(FolderName, u"bench");
+  EXPECT_TRUE(files.FolderExists(u"E:\\Elsewhere\\bench"));
+  EXPECT_FALSE(files.FolderExists(u"C:\\Tolvane\\bench"));
+  Flush(1);
+  EXPECT_TRUE(files.FileExists(u"C:\\Tolvane\\KL26112009-001.csv")) << "the log stays in the base";
+  EXPECT_FALSE(Decide()) << "the folder is there already, and cannot be made again";
+  EXPECT_EQ(FolderName, u"bench");
+}
+
+TEST_F(LogSubfolder, NumberedFoldersAreMadeUnderTheBase) {
+  files.AddFolder(u"E:\\Elsewhere");
+  device.t_LogSaveFilePath = u"E:\\Elsewhere";
+  files.AddFolder(u"C:\\Tolvane\\bench");
+  ASSERT_TRUE(Decide());
+  EXPECT_TRUE(files.FolderExists(u"C:\\Tolvane\\bench-002"));
+}
+
+TEST_F(LogSubfolder, WithoutABaseNothingHappens) {
+  device.t_LogSaveFilePath_mode = 5;
+  FolderName = u"kept";
+  EXPECT_TRUE(Decide());
+  EXPECT_EQ(FolderName, u"kept");
+}
+
+TEST_F(LogSubfolder, MissingNamedFolderIsReplacedByTheDesktop) {
+  device.t_LogSaveFilePath_mode = 2;
+  device.t_LogSaveFilePath = u"";
+  ASSERT_TRUE(Decide());
+  EXPECT_EQ(device.t_LogSaveFilePath, u"D:\\Desktop");
+  EXPECT_TRUE(files.FolderExists(u"D:\\Desktop\\bench"));
+}
+
+TEST_F(LogSubfolder, CommentOfLineEndsOnlyGivesNamesThatBeginWithTheHyphen) {
+  device.t_LogComment = u"\r\n\r\n";
+  ASSERT_TRUE(Decide());
+  EXPECT_EQ(FolderName, u"-002");
+  EXPECT_TRUE(files.FolderExists(u"C:\\Tolvane\\-002"));
+}
+
+TEST_F(LogSubfolder, ReadOnlyBaseIsAFailure) {
+  files.Protect(u"C:\\Tolvane", true);
+  FolderName = u"kept";
+  EXPECT_FALSE(Decide());
+  EXPECT_EQ(FolderName, u"kept");
+  files.AddFolder(u"C:\\Tolvane\\bench");
+  EXPECT_FALSE(Decide()) << "the numbered folder cannot be made either";
+  EXPECT_EQ(FolderName, u"kept");
+}
+
+}  // namespace
+}  // namespace tolvane

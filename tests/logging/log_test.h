@@ -1,0 +1,78 @@
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <array>
+#include <cstdint>
+#include <string>
+
+#include "logging/excel_outputdb.h"
+#include "platform/memory/automation.h"
+#include "platform/memory/code_page_932.h"
+#include "platform/memory/event_loop.h"
+#include "platform/memory/file_system.h"
+#include "platform/memory/journal.h"
+#include "platform/memory/special_folders.h"
+#include "platform/memory/wall_clock.h"
+#include "run/elm327_info.h"
+
+namespace tolvane {
+
+constexpr std::array<std::uint8_t, 8> kBytes = {0x00, 0x1A, 0xFF, 0x03, 0x44, 0x55, 0x66, 0x77};
+
+/// A log on a machine in memory: program in C:\Tolvane, desktop D:\Desktop, 20 November 2026 after
+/// nine. What a run would set is set here.
+class LogTest : public ::testing::Test {
+ protected:
+  LogTest() {
+    files.AddFolder(u"C:\\Tolvane");
+    files.AddFolder(u"D:\\Desktop");
+    device.Param_ALL_Clear();
+    device.t_LogSaveFormat = kLogFormatCsv;
+    StartRun();
+  }
+
+  void StartRun() {
+    FileName_Date.clear();
+    FileName_No.clear();
+    db.Param_ALL_Clear();
+    db.hardware_information = u"CANUSB ABCD 、V1.0";
+    db.str_bitrate = u"500k bps";
+    if (device.t_LogSaveFormat == kLogFormatCsv) db.csv_DB_Initialize(0, device);
+  }
+
+  void Flush(std::int32_t Output_ch, platform::AutomationObject* objExcel = nullptr) {
+    db.Excel_DataOutput(Output_ch, device, objExcel, FileName_Date, FileName_No, FolderName);
+  }
+
+  /// What the receive loop does behind each record.
+  void RollOver(platform::AutomationObject* objExcel = nullptr) {
+    if (db.Excel_DB_ArayyCounter <= db.Excel_DB_ArayyCounter_MAX) return;
+    db.Excel_DB_ArayyCounter = 0;
+    const std::int32_t full = db.Excel_DB_ArayyCh;
+    Flush(full, objExcel);
+    db.Excel_DB_ArayyCh = full == 1 ? 2 : 1;
+  }
+
+  /// The bytes of log number `number` of the hour, empty when there is none.
+  std::string LogBytes(StringView number, StringView extension = u".csv") {
+    String path = u"C:\\Tolvane\\KL26112009-";
+    path.append(number).append(extension);
+    return files.Bytes(path).value_or("");
+  }
+
+  platform::memory::Journal journal;
+  platform::memory::CodePage932 code_page;
+  platform::memory::FileSystem files{code_page};
+  platform::memory::SpecialFolders folders{u"D:\\Desktop", u"C:\\Windows\\system32"};
+  platform::memory::WallClock wall_clock{{2026, 11, 20, 5, 9, 5, 7}};
+  platform::memory::EventLoop events;
+  platform::memory::AutomationServers servers{journal};
+  ELM327_Info device{u"C:\\Tolvane"};
+  Excel_OutputDB db{{events, files, folders, wall_clock}};
+  String FileName_Date;
+  String FileName_No;
+  String FolderName;
+};
+
+}  // namespace tolvane
