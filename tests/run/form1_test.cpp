@@ -413,8 +413,10 @@ TEST_F(SpreadsheetRun, AServerThatRefusesAPropertyIsEndedAndTheRunDoesNotStart) 
 }
 
 TEST_F(SpreadsheetRun, AServerThatDoesNotQuitIsToldAndLetGo) {
-  constexpr std::int32_t kQuit = 7;  // after getting the application and putting a property, thrice
-  Connect({[this] { memory_.automation.FailAt(kQuit); }});
+  std::int32_t before = 0;
+  Connect({[&] { before = memory_.automation.Operations(); }});
+  const std::int32_t quit = memory_.automation.Operations() - before;  // the run's last operation
+  Connect({[&] { memory_.automation.FailAt(quit); }});
   const auto& boxes = memory_.message_box.Boxes();
   ASSERT_THAT(boxes, SizeIs(1));
   EXPECT_EQ(boxes[0].text, u"ログ出力用の表計算ソフトを正常に終了できませんでした。");

@@ -1,0 +1,117 @@
+#include "platform/memory/main_window.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "platform/memory/clipboard.h"
+#include "platform/memory/message_box.h"
+
+namespace tolvane::platform::memory {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+using Format = platform::Clipboard::Format;
+
+class MemoryWindow : public testing::Test {
+ protected:
+  Journal journal_;
+  MainWindow window_{journal_};
+};
+
+TEST_F(MemoryWindow, NotesEveryAssignmentAlsoWithoutAChange) {
+  window_.Bt_Connect.Enabled(false);
+  window_.Pic_Caution.Visible(true);
+  window_.TB_Status.Text(u"通信中");
+  window_.Form2.Progress(0.45);
+  window_.other_forms.Unload(OtherForm::FormBG2_29);
+  EXPECT_THAT(
+      journal_.Take(),
+      ElementsAre("Bt_Connect.Enabled = false", "Pic_Caution.Visible = true",
+                  "TB_Status.Text = \"通信中\"", "Form2.Progress = 0.45", "FormBG2_29.Unload()"));
+  EXPECT_THAT(journal_.Lines(), IsEmpty());
+}
+
+TEST_F(MemoryWindow, ALockedBoxTakesTheProgramsTextButNotTheUsers) {
+  window_.TB_LogComment.Locked(true);
+  window_.TB_LogComment.Type(u"user");
+  EXPECT_EQ(window_.TB_LogComment.Text(), u"");
+  window_.TB_LogComment.Text(u"program");
+  window_.TB_LogComment.Locked(false);
+  EXPECT_EQ(window_.TB_LogComment.Text(), u"program");
+}
+
+TEST_F(MemoryWindow, EverySelectionOfALineRaisesTheClickWithTheLineSelected) {
+  ComboBox& list = window_.Cmb_Serect_Device;
+  std::vector<std::int32_t> clicks;
+  list.OnClick([&] { clicks.push_back(list.ListIndex()); });
+  list.AddItem(u"first");
+  list.AddItem(u"second");
+  EXPECT_EQ(list.ListIndex(), -1);
+  EXPECT_EQ(list.Text(), u"");
+  list.ListIndex(1);
+  list.ListIndex(1);
+  EXPECT_EQ(list.Text(), u"second");
+  list.ListIndex(2);
+  EXPECT_EQ(list.ListIndex(), -1) << "there is no such line";
+  EXPECT_EQ(list.Text(), u"");
+  EXPECT_THAT(clicks, ElementsAre(1, 1));
+}
+
+TEST(MemoryMessageBox, AnswersFromItsScriptThenNo) {
+  Journal journal;
+  MessageBox box(journal);
+  box.Answer(true);
+  EXPECT_TRUE(box.AskYesNo(u"first?", u"title"));
+  EXPECT_FALSE(box.AskYesNo(u"second?", u"title"));
+  box.Plain(u"done", u"");
+  ASSERT_EQ(box.Boxes().size(), 3u);
+  EXPECT_EQ(box.Boxes()[0].kind, MessageBox::Kind::kYesNo);
+  EXPECT_EQ(box.Boxes()[0].title, u"title");
+  EXPECT_EQ(box.Boxes()[2].kind, MessageBox::Kind::kPlain);
+}
+
+TEST(MemoryMessageBox, LetsTheProgramBeReachedWhileItIsUp) {
+  Journal journal;
+  MessageBox box(journal);
+  int nested = 0;
+  box.WhileShown([&] { ++nested; });
+  box.Critical(u"stop", u"title");
+  EXPECT_EQ(nested, 1);
+}
+
+TEST(MemoryClipboard, HoldsOneTextPerFormat) {
+  Clipboard clipboard;
+  EXPECT_FALSE(clipboard.GetFormat(Format::kPlainText));
+  EXPECT_TRUE(clipboard.SetText(u"plain", Format::kPlainText));
+  EXPECT_TRUE(clipboard.SetText(u"rich", Format::kRichText));
+  EXPECT_EQ(clipboard.GetText(Format::kPlainText), u"plain");
+  EXPECT_EQ(clipboard.GetText(Format::kRichText), u"rich");
+  EXPECT_TRUE(clipboard.Clear());
+  EXPECT_FALSE(clipboard.GetFormat(Format::kRichText));
+}
+
+TEST(MemoryClipboard, HeldByAnotherRefusesEverything) {
+  Clipboard clipboard;
+  clipboard.SetText(u"theirs", Format::kPlainText);
+  clipboard.HeldByAnother(true);
+  EXPECT_FALSE(clipboard.Clear());
+  EXPECT_FALSE(clipboard.SetText(u"mine", Format::kPlainText));
+  EXPECT_FALSE(clipboard.GetFormat(Format::kPlainText));
+  EXPECT_EQ(clipboard.GetText(Format::kPlainText), u"");
+  clipboard.HeldByAnother(false);
+  EXPECT_EQ(clipboard.GetText(Format::kPlainText), u"theirs");
+}
+
+TEST(JournalText, IsUtf8) {
+  EXPECT_EQ(Narrow(u"aé機"), "a\xC3\xA9\xE6\xA9\x9F");
+  EXPECT_EQ(Narrow(u"\U0001F697"), "\xF0\x9F\x9A\x97");
+  EXPECT_EQ(Narrow(String(1, u'\xD83D') + u"x" + u'\xDE97'), "\xEF\xBF\xBDx\xEF\xBF\xBD");
+}
+
+}  // namespace
+}  // namespace tolvane::platform::memory
