@@ -27,6 +27,24 @@ bool IsBelow(const Key& left, const Key& right) {
 
 }  // namespace
 
+std::optional<std::int16_t> Find_CAN29_Slot(const CAN_ReadDB29& frames, std::int32_t id,
+                                            std::uint8_t flag) {
+  const std::int32_t counter = frames.CAN29_Received_ID_Counter;
+  std::int32_t first = 0;
+  for (std::int32_t count = counter; count > 0;) {
+    const std::int32_t half = count / 2;
+    const bool below = IsBelow(At(frames, static_cast<std::int16_t>(first + half)), {id, flag, 0});
+    if (below) first += half + 1;
+    count = below ? count - half - 1 : half;
+  }
+  for (const std::int32_t p : {first, counter}) {
+    if (p > CAN_ReadDB29::kArayy_MAX) continue;
+    const Key key = At(frames, static_cast<std::int16_t>(p));
+    if (key.id == id && key.ext == flag) return static_cast<std::int16_t>(p);
+  }
+  return std::nullopt;
+}
+
 std::int16_t Alloc_CAN29_Slot(CAN_ReadDB29& frames, std::int32_t id, std::uint8_t ext) {
   if (frames.CAN29_Received_ID_Counter > frames.CAN29_Received_ID_Counter_MAX) return 0;
   const Key key = {id, ext, frames.CAN29_Received_ID_Counter};

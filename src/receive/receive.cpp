@@ -80,6 +80,7 @@ class Run {
   ELM327_Info& device_;
   platform::AutomationObject* objExcel_;
   TimeLine time_;
+  SlotFinder<Table> slots_;
   String FileName_Date_;
   String FileName_No_;
   String FolderName_;
@@ -187,7 +188,8 @@ void Run<Table>::ReadWhileWanted() {
       continue;
     }
     if (traits_.exclusion && !PassesExclusion(frame->id, device_)) continue;
-    StoreFrame(worker_.frames, *frame, time_, traits_.device_time_wrap, device_, parts_.qxt100);
+    StoreFrame(worker_.frames, slots_, *frame, time_, traits_.device_time_wrap, device_,
+               parts_.qxt100);
     if (device_.t_LogSave_Enable == 1) Log(*frame);
   }
 }

@@ -21,33 +21,52 @@ struct FrameSlot {
   bool found;
 };
 
+/// Finds a frame's slot during one run.
+template <typename Table>
+class SlotFinder;
+
 /// The row is the identifier, 0 to 2047.
-inline FrameSlot SlotOf(CAN_ReadDB& frames, const ReceivedFrame& frame) {
-  const auto row = static_cast<std::int16_t>(frame.id);
-  return {row, frames.CAN11_Received(row) != row_state::kNone};
-}
+template <>
+class SlotFinder<CAN_ReadDB> {
+ public:
+  FrameSlot SlotOf(CAN_ReadDB& frames, const ReceivedFrame& frame) {
+    const auto row = static_cast<std::int16_t>(frame.id);
+    return {row, frames.CAN11_Received(row) != row_state::kNone};
+  }
+};
 
 /// The row of the frame's key, which is made if there is none. A frame that neither matches nor
 /// makes a key goes to row 0, whoever owns it, and so does a new key in a full table to the row of
 /// the lowest one.
-inline FrameSlot SlotOf(CAN_ReadDB29& frames, const ReceivedFrame& frame) {
-  if (frame.key.match != KeyFlags::kNone) {
-    const auto p = Find_CAN29_Slot(frames, frame.id, static_cast<std::uint8_t>(frame.key.match));
-    if (p) return {static_cast<std::int16_t>(frames.CAN29_ArrayNo(*p)), true};
+template <>
+class SlotFinder<CAN_ReadDB29> {
+ public:
+  FrameSlot SlotOf(CAN_ReadDB29& frames, const ReceivedFrame& frame) {
+    if (frame.key.match != KeyFlags::kNone) {
+      const auto p = search_.Find(frames, frame.id, static_cast<std::uint8_t>(frame.key.match));
+      if (p) return {RowAt(frames, *p), true};
+    }
+    if (frame.key.insert == KeyFlags::kNone) return {0, false};
+    const auto flag = static_cast<std::uint8_t>(frame.key.insert);
+    return {RowAt(frames, Alloc_CAN29_Slot(frames, frame.id, flag)), false};
   }
-  if (frame.key.insert == KeyFlags::kNone) return {0, false};
-  const std::int16_t p =
-      Alloc_CAN29_Slot(frames, frame.id, static_cast<std::uint8_t>(frame.key.insert));
-  return {static_cast<std::int16_t>(frames.CAN29_ArrayNo(p)), false};
-}
+
+ private:
+  static std::int16_t RowAt(const CAN_ReadDB29& frames, std::int16_t p) {
+    return static_cast<std::int16_t>(frames.CAN29_ArrayNo(p));
+  }
+
+  KeySearch search_;
+};
 
 /// Writes an accepted frame into its row and moves the run's time line on. The two markers of a row
 /// half written, state 2 and _writting, are set and cleared in the order that the view counts on.
 template <typename Table>
-void StoreFrame(Table& frames, const ReceivedFrame& frame, TimeLine& time, double device_time_wrap,
-                const ELM327_Info& device, platform::SupportLibrary& qxt100) {
+void StoreFrame(Table& frames, SlotFinder<Table>& slots, const ReceivedFrame& frame, TimeLine& time,
+                double device_time_wrap, const ELM327_Info& device,
+                platform::SupportLibrary& qxt100) {
   using C = FrameColumns<Table>;
-  const auto [row, found] = SlotOf(frames, frame);
+  const auto [row, found] = slots.SlotOf(frames, frame);
   (frames.*C::Received)(row, row_state::kWriting);
   (frames.*C::DLC)(row, static_cast<std::uint8_t>(frame.can_DLC));
   Common_Function2::Frame_Time_Update(device.t_Timer_Mode, time.Time_Origin, time.Message_Time,

@@ -27,7 +27,7 @@ class StoreFrames : public testing::Test {
   void Store(std::int32_t id, const Bytes& data, std::int32_t device_time, std::int32_t dlc = 8,
              KeyFlags key = kStandardKey) {
     StoreFrame(
-        *frames_,
+        *frames_, slots_,
         ReceivedFrame{
             .can_DATA = data, .id = id, .can_DLC = dlc, .device_time = device_time, .key = key},
         time_, kWrap, device_, qxt100_);
@@ -41,6 +41,7 @@ class StoreFrames : public testing::Test {
   ELM327_Info device_ = Defaults();
   platform::memory::SupportLibrary qxt100_;
   TimeLine time_;
+  SlotFinder<Table> slots_;
   std::unique_ptr<Table> frames_ = std::make_unique<Table>();
 
  private:

@@ -1,0 +1,66 @@
+// The receive path: read from an adapter in memory, accept, time base, table. No log. One frame is
+// one item; the argument is the number of identifiers on the bus.
+
+#include <benchmark/benchmark.h>
+
+#include <vector>
+
+#include "tests/receive/run_bench.h"
+
+namespace tolvane {
+namespace {
+
+constexpr std::int64_t kFramesPerRun = 4'000'000;
+constexpr std::int32_t kIdStep29 = 131'071;  // spreads the keys over the whole 29 bits
+
+void Receive(benchmark::State& state, BindingKind binding, WorkerKind worker,
+             std::int32_t t_Timer_Mode) {
+  const auto ids = static_cast<std::int32_t>(state.range(0));
+  RunBench bench;
+  bench.device.t_Timer_Mode = t_Timer_Mode;
+  bench.device.t_Save_ID_DisableMode = 1;  // the exclusion workers test eight ranges a frame
+  for (std::int16_t i = 0; i < 8; ++i) {
+    bench.device.t_DisableID_ON(i, 1);
+    bench.device.t_DisableID_Start(i, INT32_MAX);
+  }
+  const bool is29 = Is29Bit(worker);
+  std::vector<BusFrame> frames;
+  for (std::int32_t i = 0; i < ids; ++i) {
+    // Neighbours on the bus are no neighbours in the table.
+    const std::int32_t place = static_cast<std::int32_t>(std::int64_t{i} * 1213 % ids);
+    frames.push_back({.id = is29 ? place * kIdStep29 : place, .extended = is29, .time = i});
+  }
+  const std::int64_t times = kFramesPerRun / ids;
+  for (auto _ : state) {
+    state.PauseTiming();
+    bench.Play(binding, frames, times);
+    state.ResumeTiming();
+    bench.Run(binding, worker);
+  }
+  state.SetItemsProcessed(state.iterations() * times * ids);
+}
+
+BENCHMARK_CAPTURE(Receive, canusb_11bit, BindingKind::kCanusb, WorkerKind::FormBG, 0)
+    ->Arg(1)
+    ->Arg(60)
+    ->Arg(2047);
+BENCHMARK_CAPTURE(Receive, canusb_11bit_exclusion, BindingKind::kCanusb, WorkerKind::FormBG2, 0)
+    ->Arg(2047);
+BENCHMARK_CAPTURE(Receive, canusb_11bit_pc_clock, BindingKind::kCanusb, WorkerKind::FormBG, 1)
+    ->Arg(2047);
+BENCHMARK_CAPTURE(Receive, canusb_29bit, BindingKind::kCanusb, WorkerKind::FormBG_29, 0)
+    ->Arg(1)
+    ->Arg(60)
+    ->Arg(2047)
+    ->Arg(4001);
+BENCHMARK_CAPTURE(Receive, interface_11bit, BindingKind::kInterface, WorkerKind::FormBG, 0)
+    ->Arg(2047);
+BENCHMARK_CAPTURE(Receive, interface_29bit, BindingKind::kInterface, WorkerKind::FormBG_29, 0)
+    ->Arg(4001);
+BENCHMARK_CAPTURE(Receive, kvaser_11bit, BindingKind::kKvaser, WorkerKind::FormBG, 0)->Arg(2047);
+BENCHMARK_CAPTURE(Receive, kvaser_29bit, BindingKind::kKvaser, WorkerKind::FormBG_29, 0)->Arg(4001);
+
+}  // namespace
+}  // namespace tolvane
+
+BENCHMARK_MAIN();

@@ -1,0 +1,210 @@
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+#include "platform/memory/automation.h"
+#include "platform/memory/canlib_library.h"
+#include "platform/memory/canusb_library.h"
+#include "platform/memory/code_page_932.h"
+#include "platform/memory/event_loop.h"
+#include "platform/memory/file_system.h"
+#include "platform/memory/ifcan_library.h"
+#include "platform/memory/journal.h"
+#include "platform/memory/main_window.h"
+#include "platform/memory/message_box.h"
+#include "platform/memory/rich_text_view.h"
+#include "platform/memory/special_folders.h"
+#include "platform/memory/support_library.h"
+#include "platform/memory/timer.h"
+#include "platform/memory/timer_resolution.h"
+#include "platform/memory/wall_clock.h"
+#include "receive/open_traits.h"
+#include "receive/workers.h"
+#include "run/elm327_info.h"
+
+namespace tolvane {
+
+/// The wall clock is asked once by each flush of a log, so its note stands for the flush.
+class NotingWallClock final : public platform::WallClock {
+ public:
+  explicit NotingWallClock(platform::memory::Journal& journal) : journal_(journal) {}
+  [[nodiscard]] platform::LocalTime Now() override {
+    journal_.Note("flush");
+    return clock_.Now();
+  }
+  [[nodiscard]] String GeneralDate(const platform::LocalTime& time) override {
+    return clock_.GeneralDate(time);
+  }
+  [[nodiscard]] String ShortWeekday(const platform::LocalTime& time) override {
+    return clock_.ShortWeekday(time);
+  }
+
+ private:
+  platform::memory::Journal& journal_;
+  platform::memory::WallClock clock_{
+      {.year = 2026, .month = 11, .day = 20, .weekday = 5, .hour = 9, .minute = 5, .second = 7}};
+};
+
+/// A frame on the bus, whichever adapter brings it. `time` is in ms.
+struct BusFrame {
+  std::int32_t id;
+  bool extended = false;
+  std::int32_t time = 0;
+  std::int32_t dlc = 8;
+  std::array<std::uint8_t, 8> data = {1, 2, 3, 4, 5, 6, 7, 8};
+};
+
+/// The four workers on a memory platform, and the main window's share in a run. Each yield takes
+/// the next of `events`; with none left the user disconnects.
+class RunBench {
+ public:
+  RunBench() {
+    device.Param_ALL_Clear();
+    device.t_LogSave_Enable = 0;
+    files.AddFolder(u"C:\\Tolvane");
+    window.Cmb_Serect_Device.AddItem(u"CANUSB LWR12345");
+    window.Cmb_Serect_Device.ListIndex(0);
+    window.TB_ODB_Hard_Version.Text(u"V1011");
+    CAN_d.CAN_USB_SelectSerial = u"LWR12345";
+    IFCan.ports = {{.number = 1}};
+    IfCan_d.Interface_CAN_SelectNo = 1;
+    canlib32.channels = {5};
+    kvCan_d.KvCAN_SelectNo = 1;
+    journal.Forget();
+    loop.OnYield([this] {
+      if (events.empty()) {
+        RxFlag = 0;
+        return;
+      }
+      const auto event = std::move(events.front());
+      events.erase(events.begin());
+      event();
+    });
+  }
+
+  void Play(BindingKind binding, const std::vector<BusFrame>& frames, std::int64_t times = 1) {
+    std::vector<platform::CanusbMessage> canusb;
+    std::vector<platform::IfcanMessage> ifcan;
+    std::vector<platform::memory::CanlibFrame> canlib;
+    for (const BusFrame& frame : frames) {
+      const auto [id, extended, time, dlc, data] = frame;
+      canusb.push_back({id, time, static_cast<std::uint8_t>(extended ? 128 : 0),
+                        static_cast<std::uint8_t>(dlc), data});
+      ifcan.push_back({dlc, 0, extended ? id | INT32_MIN : id, data, time * 1000});
+      canlib.push_back({id, data, dlc, extended ? 4 : 2, time});
+    }
+    if (binding == BindingKind::kCanusb) canusbdrv.frames.Play(canusb, times);
+    if (binding == BindingKind::kInterface) IFCan.frames.Play(ifcan, times);
+    if (binding == BindingKind::kKvaser) canlib32.frames.Play(canlib, times);
+  }
+
+  /// A whole run, as the connect button starts it. The status of an Interface run, else 0.
+  std::int32_t Run(BindingKind binding, WorkerKind kind) {
+    RxFlag = 1;
+    Worker& worker = workers.Of(kind);
+    if (binding == BindingKind::kInterface) {
+      return worker.Open_InterfaceCAN(objExcel.get(), device, IfCan_u, IfCan_d);
+    }
+    if (binding == BindingKind::kCanusb) {
+      worker.Open_CANUSB(objExcel.get(), device, CAN_u, CAN_d);
+    } else {
+      worker.Open_KvaserCAN(objExcel.get(), device, kvCan_u, kvCan_d);
+    }
+    return 0;
+  }
+  std::int32_t Run(BindingKind binding, WorkerKind kind, const std::vector<BusFrame>& frames) {
+    Play(binding, frames);
+    return Run(binding, kind);
+  }
+
+  /// Bytes of the n-th log of the run, from 1, in the executable's folder.
+  [[nodiscard]] std::string Log(std::int32_t n = 1) const {
+    const String name =
+        u"C:\\Tolvane\\KL26112009-00" + String(1, static_cast<char16_t>(u'0' + n)) + u".csv";
+    return files.Bytes(name).value_or("no file");
+  }
+  /// Its records, behind the eight lines of the header.
+  [[nodiscard]] std::string Records(std::int32_t n = 1) const {
+    const std::string log = Log(n);
+    std::size_t start = 0;
+    for (int line = 0; line < 8; ++line) {
+      start = log.find("\r\n", start);
+      if (start == std::string::npos) return "no header";
+      start += 2;
+    }
+    return log.substr(start);
+  }
+
+  platform::memory::Journal journal;
+  platform::memory::CodePage932 code_page;
+  platform::memory::FileSystem files{code_page};
+  platform::memory::SpecialFolders folders{u"C:\\Desktop", u"C:\\Windows\\System32"};
+  NotingWallClock wall_clock{journal};
+  platform::memory::EventLoop loop;
+  platform::memory::SupportLibrary qxt100;
+  platform::memory::TimerResolution winmm{journal};
+  platform::memory::CanusbLibrary canusbdrv{journal};
+  platform::memory::IfcanLibrary IFCan{journal};
+  platform::memory::CanlibLibrary canlib32{journal};
+  platform::memory::MessageBox message_box{journal};
+  platform::memory::MainWindow window{journal};
+  platform::memory::RichTextView RTB_MainView{journal, files};
+  platform::memory::AutomationServers automation{journal};
+  platform::memory::Timer timers[4] = {
+      platform::memory::Timer(journal), platform::memory::Timer(journal),
+      platform::memory::Timer(journal), platform::memory::Timer(journal)};
+
+  ELM327_Info device{u"C:\\Tolvane"};
+  std::int32_t RxFlag = 0;
+  CANUSB CAN_u;
+  CAN_DB CAN_d;
+  InterfaceCAN IfCan_u;
+  CAN_DB_Interface IfCan_d;
+  KvaserCAN kvCan_u;
+  CAN_DB_Kvaser kvCan_d;
+  std::unique_ptr<platform::AutomationObject> objExcel;
+  std::vector<std::function<void()>> events;
+
+  RunParts parts = {.device = device,
+                    .RxFlag = RxFlag,
+                    .Cmb_Serect_Device = window.Cmb_Serect_Device,
+                    .TB_ODB_Hard_Version = window.TB_ODB_Hard_Version,
+                    .TB_Protocol = window.TB_Protocol,
+                    .TB_Status = window.TB_Status,
+                    .RTB_MainView = RTB_MainView,
+                    .message_box = message_box,
+                    .events = loop,
+                    .qxt100 = qxt100,
+                    .winmm = winmm,
+                    .canusbdrv = canusbdrv,
+                    .IFCan = IFCan,
+                    .canlib32 = canlib32,
+                    .log = {loop, files, folders, wall_clock}};
+  Workers workers{parts, {timers[0], timers[1], timers[2], timers[3]}};
+};
+
+constexpr BindingKind kAllBindings[] = {BindingKind::kCanusb, BindingKind::kInterface,
+                                        BindingKind::kKvaser};
+constexpr WorkerKind kAllWorkers[] = {WorkerKind::FormBG, WorkerKind::FormBG2,
+                                      WorkerKind::FormBG_29, WorkerKind::FormBG2_29};
+
+/// Name of one of the twelve ways, for failures and test names.
+inline std::string WayName(BindingKind binding, WorkerKind worker) {
+  const char* const kBindingNames[] = {"Canusb", "Interface", "Kvaser"};
+  const char* const kWorkerNames[] = {"FormBG", "FormBG2", "FormBG29", "FormBG229"};
+  return std::string(kBindingNames[static_cast<std::size_t>(binding)]) + "_" +
+         kWorkerNames[static_cast<std::size_t>(worker)];
+}
+
+inline bool Is29Bit(WorkerKind worker) {
+  return worker == WorkerKind::FormBG_29 || worker == WorkerKind::FormBG2_29;
+}
+
+}  // namespace tolvane

@@ -1,0 +1,364 @@
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+#include "receive/adapters/canusb_binding.h"
+#include "receive/receive.h"
+#include "tests/receive/run_bench.h"
+
+namespace tolvane {
+namespace {
+
+constexpr auto kCanusb = BindingKind::kCanusb;
+constexpr auto kFormBG = WorkerKind::FormBG;
+
+void LogToCsv(RunBench& bench) {
+  bench.device.t_LogSave_Enable = 1;
+  bench.device.t_LogSaveFormat = 2;
+}
+
+TEST(Yields, OnceForAnEmptyReadAndNeverWhileFramesWait) {
+  RunBench bench;
+  bench.Play(kCanusb, {{.id = 0x10}, {.id = 0x11}}, 1000);
+  bench.Run(kCanusb, kFormBG);
+  EXPECT_EQ(bench.loop.Yields(), 1);
+  EXPECT_EQ(bench.qxt100.Reads(), 2000);
+}
+
+TEST(Yields, OnceForEachRejectedFrame) {
+  for (const BindingKind binding : kAllBindings) {
+    RunBench bench;
+    const auto go_on = [] {};
+    bench.events = {go_on, go_on, go_on};
+    bench.Run(binding, kFormBG, {{.id = 0x800}, {.id = 0x10}, {.id = 0x10, .extended = true}});
+    EXPECT_EQ(bench.loop.Yields(), 4);  // two rejected, two empty
+  }
+}
+
+TEST(Yields, OnceForAFrameThatTheFormatFilterRejects) {
+  RunBench bench;
+  bench.device.t_MsgFmtTyp = 1;
+  bench.events = {[] {}};
+  bench.Run(BindingKind::kInterface, WorkerKind::FormBG2_29, {{.id = 0x10}});
+  EXPECT_EQ(bench.loop.Yields(), 2);
+}
+
+TEST(Disconnect, WaitsUntilTheQueueHasRunEmpty) {
+  RunBench bench;
+  bench.Play(kCanusb, {{.id = 0x10}}, 500);
+  bench.events = {[&] { bench.RxFlag = 0; }};
+  bench.Run(kCanusb, kFormBG);
+  EXPECT_EQ(bench.qxt100.Reads(), 500);
+}
+
+TEST(Disconnect, IsSeenOnlyAtTheTopOfAPass) {
+  RunBench bench;
+  LogToCsv(bench);
+  bench.Play(kCanusb, {{.id = 0x10}, {.id = 0x11}});
+  bench.qxt100.OnRead([&] { bench.RxFlag = 0; });  // in the middle of the first frame
+  bench.Run(kCanusb, kFormBG);
+  EXPECT_EQ(bench.workers.FormBG.Frames().CAN11_Received(0x10), 3);
+  EXPECT_EQ(bench.workers.FormBG.Frames().CAN11_Received(0x11), 0);
+  EXPECT_EQ(bench.Records(), "         0 , 010 , 8 ,  01,02,03,04,05,06,07,08\r\n");
+}
+
+TEST(Disconnect, AnyFlagButOneEndsTheLoop) {
+  for (const std::int32_t flag : {0, 2, -1}) {
+    RunBench bench;
+    bench.events = {[&] { bench.RxFlag = flag; }};
+    bench.Run(kCanusb, kFormBG);
+    EXPECT_EQ(bench.loop.Yields(), 1);
+    EXPECT_EQ(bench.RxFlag, 0);
+  }
+}
+
+TEST(Ticks, RunInsideAYieldAndShowTheTable) {
+  RunBench bench;
+  String page;
+  bench.events = {[&] {
+    bench.timers[0].Tick();
+    page = bench.RTB_MainView.Text();
+    bench.RxFlag = 0;
+  }};
+  bench.Run(kCanusb, kFormBG, {{.id = 0x123, .dlc = 2}});
+  EXPECT_NE(page.find(u"123"), String::npos);
+  EXPECT_EQ(bench.RTB_MainView.Swaps(), 1);
+}
+
+TEST(Ticks, EachWorkerHasItsOwnTimer) {
+  for (const WorkerKind kind : kAllWorkers) {
+    RunBench bench;
+    std::vector<bool> enabled;
+    bench.events = {[&] {
+      for (const auto& timer : bench.timers) enabled.push_back(timer.Enabled());
+      bench.RxFlag = 0;
+    }};
+    bench.Run(kCanusb, kind);
+    std::vector<bool> expected(4, false);
+    expected[static_cast<std::size_t>(kind)] = true;
+    EXPECT_EQ(enabled, expected);
+    EXPECT_EQ(&bench.workers.Of(kind).TimerBackView(),
+              &bench.timers[static_cast<std::size_t>(kind)]);
+  }
+}
+
+TEST(Settings, AreReadAfreshForEveryFrame) {
+  RunBench bench;
+  LogToCsv(bench);
+  bench.device.t_LogSave_Enable = 0;
+  const auto set_log = [&](std::int32_t enable, std::int32_t time) {
+    return [&bench, enable, time] {
+      bench.device.t_LogSave_Enable = enable;
+      bench.Play(kCanusb, {{.id = 0x10, .time = time}});
+    };
+  };
+  bench.events = {set_log(1, 110), set_log(0, 120), set_log(2, 130), set_log(1, 140)};
+  // Logging is off at the start, so no header is made; the records go to the builder all the same.
+  bench.Run(kCanusb, kFormBG, {{.id = 0x10, .time = 100}});
+  EXPECT_EQ(bench.Log().substr(bench.Log().find("        10")),
+            "        10 , 010 , 8 ,  01,02,03,04,05,06,07,08\r\n"
+            "        40 , 010 , 8 ,  01,02,03,04,05,06,07,08\r\n");
+}
+
+TEST(Logs, FinalHalfIsWrittenThoughEmpty) {
+  for (const BindingKind binding : kAllBindings) {
+    for (const WorkerKind worker : kAllWorkers) {
+      RunBench bench;
+      LogToCsv(bench);
+      bench.Run(binding, worker);
+      EXPECT_EQ(bench.Records(), "") << WayName(binding, worker);
+    }
+  }
+}
+
+TEST(Logs, FormatThatIsNeitherGetsRecordsButNoHeader) {
+  RunBench bench;
+  bench.device.t_LogSave_Enable = 1;
+  bench.device.t_LogSaveFormat = 3;
+  bench.events = {[&] {
+    bench.device.t_LogSaveFormat = 2;  // so that the final flush shows what was collected
+    bench.RxFlag = 0;
+  }};
+  bench.Run(kCanusb, kFormBG, {{.id = 0x10}});
+  EXPECT_EQ(bench.Log(), "2026/11/20 9:05:07         0 , 010 , 8 ,  01,02,03,04,05,06,07,08\r\n");
+}
+
+TEST(Logs, GetTheDlcAsTheAdapterReportedIt) {
+  const struct {
+    BindingKind binding;
+    std::int32_t dlc;
+    const char* text;
+  } kCases[] = {{kCanusb, 255, "255"},
+                {BindingKind::kInterface, 0x1208, "4616"},
+                {BindingKind::kKvaser, 15, "15"},
+                {BindingKind::kKvaser, 4616, "4616"}};
+  for (const auto& row : kCases) {
+    RunBench bench;
+    LogToCsv(bench);
+    bench.Run(row.binding, kFormBG, {{.id = 0x10, .dlc = row.dlc}});
+    EXPECT_EQ(bench.Records(),
+              std::string("         0 , 010 , ") + row.text + " ,  01,02,03,04,05,06,07,08\r\n");
+    EXPECT_EQ(bench.workers.FormBG.Frames().CAN11_DLC(0x10), row.dlc & 255);
+  }
+}
+
+TEST(Logs, NegativeDlcIsLoggedAsItIsWithoutBytes) {
+  RunBench bench;
+  LogToCsv(bench);
+  bench.Run(BindingKind::kKvaser, kFormBG, {{.id = 0x10, .dlc = -1}});
+  EXPECT_EQ(bench.Records(), "         0 , 010 , -1\r\n");
+  EXPECT_EQ(bench.workers.FormBG.Frames().CAN11_DLC(0x10), 255);
+}
+
+TEST(Logs, SpreadsheetGetsTheFramesOfBothKinds) {
+  for (const WorkerKind worker : {WorkerKind::FormBG, WorkerKind::FormBG_29}) {
+    RunBench bench;
+    bench.automation.Register(u"Excel.Application");
+    bench.objExcel = bench.automation.CreateObject(u"Excel.Application");
+    bench.device.ExcelInstallCheck = 1;
+    bench.device.t_LogSave_Enable = 1;
+    bench.device.t_LogSaveFormat = 1;
+    bench.Run(kCanusb, worker, {{.id = 0x10}, {.id = 0x11, .extended = Is29Bit(worker)}});
+    ASSERT_FALSE(bench.automation.Tables().empty());
+    const auto& cells = bench.automation.Tables().back().cells;  // the records, behind the header
+    ASSERT_EQ(cells.size(), 20001u * 12u);
+    EXPECT_EQ(cells[1], u"");
+    EXPECT_EQ(cells[2], Is29Bit(worker) ? u"00000010" : u"010");
+    EXPECT_EQ(cells[12 + 1], Is29Bit(worker) ? u"*" : u"");
+    EXPECT_EQ(cells[12 + 2], Is29Bit(worker) ? u"00000011" : u"011");
+  }
+}
+
+TEST(Logs, HalfIsFlushedInTheLoopAfterRecord20001AndThenTheOtherFills) {
+  for (const WorkerKind worker : {WorkerKind::FormBG, WorkerKind::FormBG_29}) {
+    RunBench bench;
+    LogToCsv(bench);
+    bench.Play(kCanusb, {{.id = 0x100}}, 20001);
+    bool flushed_at_20000 = true;
+    bench.qxt100.OnRead([&] {
+      if (bench.qxt100.Reads() == 20001) flushed_at_20000 = bench.Log() != "no file";
+    });
+    bench.events = {[&] { bench.Play(kCanusb, {{.id = 0x101}}, 20001); },
+                    [&] { bench.Play(kCanusb, {{.id = 0x102}}); }};
+    bench.Run(kCanusb, worker);
+    EXPECT_FALSE(flushed_at_20000);
+    const auto records = [&](std::int32_t n) {
+      const std::string text = bench.Records(n);
+      return std::count(text.begin(), text.end(), '\n');
+    };
+    EXPECT_EQ(records(1), 20001);
+    EXPECT_EQ(records(2), 20001);
+    EXPECT_EQ(records(3), 1);
+    EXPECT_NE(bench.Records(3).find("102"), std::string::npos);
+    EXPECT_EQ(bench.Log(4), "no file");
+  }
+}
+
+// The flush of a full half yields at a taken name; by then the counter is 0 and the channel still
+// the full one.
+TEST(Logs, ChannelIsFlippedOnlyAfterTheFlushOfTheFullHalf) {
+  RunBench bench;
+  LogToCsv(bench);
+  CAN_ReadDB frames;
+  CAN_ViewDB highlights;
+  Excel_OutputDB log(bench.parts.log);
+  std::int32_t Device_Timer_Kind = 0;
+  bench.files.AddFile(u"C:\\Tolvane\\KL26112009-001.csv", "taken");
+  std::vector<std::int32_t> seen;
+  bench.Play(kCanusb, {{.id = 0x100}}, 20001);
+  bench.events = {[&] { seen = {log.Excel_DB_ArayyCounter, log.Excel_DB_ArayyCh}; }};
+  CanusbBinding binding(bench.canusbdrv, bench.CAN_u, bench.CAN_d);
+  bench.RxFlag = 1;
+  Receive<CAN_ReadDB>(open_traits(kCanusb, kFormBG), binding, bench.parts,
+                      {frames, highlights, log, bench.timers[0], Device_Timer_Kind}, bench.device,
+                      nullptr);
+  EXPECT_EQ(seen, (std::vector<std::int32_t>{0, 1}));
+  EXPECT_EQ(log.Excel_DB_ArayyCh, 2);
+  EXPECT_EQ(Device_Timer_Kind, 1);
+}
+
+TEST(Logs, BytesAreThoseOfTheFrameWhateverWasReadBefore) {
+  RunBench bench;
+  LogToCsv(bench);
+  bench.Run(kCanusb, kFormBG,
+            {{.id = 0x10, .dlc = 3, .data = {0xAA, 0xBB, 0xCC, 0xDD}}, {.id = 0x11, .dlc = 1}});
+  EXPECT_EQ(bench.Records(),
+            "         0 , 010 , 3 ,  AA,BB,CC\r\n"
+            "         0 , 011 , 1 ,  01\r\n");
+}
+
+TEST(CanFlag, OfCanusbIsTheRoundedQuotientSoThatTwoIsNoStar) {
+  RunBench bench;
+  LogToCsv(bench);
+  const std::array<std::uint8_t, 8> data = {};
+  bench.canusbdrv.frames.Play(
+      {{1, 0, 0, 0, data}, {1, 0, 128, 0, data}, {1, 0, 64, 0, data}, {1, 0, 192, 0, data}});
+  bench.Run(kCanusb, WorkerKind::FormBG_29);
+  EXPECT_EQ(bench.Records(),
+            "         0 ,   , 00000001 , 0\r\n"
+            "         0 , * , 00000001 , 0\r\n"
+            "         0 ,   , 00000001 , 0\r\n"
+            "         0 ,   , 00000001 , 0\r\n");
+  const CAN_ReadDB29& frames = bench.workers.FormBG_29.Frames();
+  ASSERT_EQ(frames.CAN29_Received_ID_Counter, 4);
+  EXPECT_EQ(frames.CAN29_ExtendFlag(0), 0);
+  EXPECT_EQ(frames.CAN29_ExtendFlag(1), 0);
+  EXPECT_EQ(frames.CAN29_ExtendFlag(2), 1);
+  EXPECT_EQ(frames.CAN29_ExtendFlag(3), 2);
+}
+
+TEST(CanFlag, OfKvaserIsOneForAnyFlagButStandard) {
+  RunBench bench;
+  LogToCsv(bench);
+  const std::array<std::uint8_t, 8> data = {};
+  bench.canlib32.frames.Play(
+      {{1, data, 0, 2, 0}, {1, data, 0, 4, 0}, {1, data, 0, 3, 0}, {9, data, 0, 0x24, 0}});
+  bench.Run(BindingKind::kKvaser, WorkerKind::FormBG_29);
+  EXPECT_EQ(bench.Records(),
+            "         0 ,   , 00000001 , 0\r\n"
+            "         0 , * , 00000001 , 0\r\n"
+            "         0 , * , 00000001 , 0\r\n"
+            "         0 , * , 00000009 , 0\r\n");
+  EXPECT_EQ(bench.workers.FormBG_29.Frames().CAN29_Received_ID_Counter, 2);
+  EXPECT_EQ(bench.workers.FormBG_29.Frames().CAN29_Received(0), 3);
+}
+
+TEST(CanFlag, NegativeIdOfCanusbIsKeptAndLogged) {
+  RunBench bench;
+  LogToCsv(bench);
+  bench.Run(kCanusb, WorkerKind::FormBG_29, {{.id = -1, .extended = true, .dlc = 0}});
+  EXPECT_EQ(bench.workers.FormBG_29.Frames().CAN29_Received_ID(0), -1);
+  EXPECT_EQ(bench.Records(), "         0 , * , 0000000FFFFFFFF , 0\r\n");
+}
+
+struct Way {
+  BindingKind binding;
+  WorkerKind worker;
+};
+
+std::vector<Way> AllWays() {
+  std::vector<Way> ways;
+  for (const BindingKind binding : kAllBindings) {
+    for (const WorkerKind worker : kAllWorkers) ways.push_back({binding, worker});
+  }
+  return ways;
+}
+
+/// The same short bus on each of the twelve ways, from the adapter to table, page and log.
+class Matrix : public testing::TestWithParam<Way> {};
+
+TEST_P(Matrix, ReceivesShowsAndLogs) {
+  const auto [binding, worker] = GetParam();
+  const bool is29 = Is29Bit(worker);
+  RunBench bench;
+  LogToCsv(bench);
+  bench.device.t_msgID_type = is29 ? 128 : 0;
+  String page;
+  bench.events = {[&] {
+    bench.timers[static_cast<std::size_t>(worker)].Tick();
+    page = bench.RTB_MainView.Text();
+    bench.RxFlag = 0;
+  }};
+  bench.Run(binding, worker,
+            {{.id = 0x123, .time = 100, .dlc = 2},
+             {.id = is29 ? 0x18FF1234 : 0x124, .extended = is29, .time = 110},
+             {.id = 0x123, .time = 130, .dlc = 2, .data = {9, 8}},
+             {.id = is29 ? 0x18FF1234 : 0x124, .extended = is29, .time = 160}});
+  EXPECT_EQ(bench.Records(), is29 ? "         0 ,   , 00000123 , 2 ,  01,02\r\n"
+                                    "        10 , * , 18FF1234 , 8 ,  01,02,03,04,05,06,07,08\r\n"
+                                    "        30 ,   , 00000123 , 2 ,  09,08\r\n"
+                                    "        60 , * , 18FF1234 , 8 ,  01,02,03,04,05,06,07,08\r\n"
+                                  : "         0 , 123 , 2 ,  01,02\r\n"
+                                    "        10 , 124 , 8 ,  01,02,03,04,05,06,07,08\r\n"
+                                    "        30 , 123 , 2 ,  09,08\r\n"
+                                    "        60 , 124 , 8 ,  01,02,03,04,05,06,07,08\r\n");
+  EXPECT_NE(page.find(u"123"), String::npos);
+  EXPECT_NE(page.find(is29 ? u"18FF1234" : u"124"), String::npos);
+  EXPECT_NE(page.find(u"09 08"), String::npos);
+  EXPECT_TRUE(bench.message_box.Boxes().empty());
+}
+
+// 30000, 59990, 10: the wrap of CANUSB alone makes the line go on by 20; the board's timer is taken
+// for one that wraps later, and Kvaser's steps back.
+TEST_P(Matrix, StepsBackByTheAdaptersOwnRule) {
+  const auto [binding, worker] = GetParam();
+  RunBench bench;
+  LogToCsv(bench);
+  bench.Run(binding, worker,
+            {{.id = 1, .time = 30000, .dlc = 0},
+             {.id = 1, .time = 59990, .dlc = 0},
+             {.id = 1, .time = 10, .dlc = 0}});
+  const std::string times[] = {"     30010", "    399501", "    -29990"};
+  const std::string records = bench.Records();
+  const std::size_t last_line = records.rfind("\r\n", records.size() - 3) + 2;
+  EXPECT_EQ(records.substr(last_line, 10), times[static_cast<std::size_t>(binding)]);
+}
+
+INSTANTIATE_TEST_SUITE_P(ThreeAdaptersFourWorkers, Matrix, testing::ValuesIn(AllWays()),
+                         [](const auto& way) {
+                           return WayName(way.param.binding, way.param.worker);
+                         });
+
+}  // namespace
+}  // namespace tolvane

@@ -1,0 +1,283 @@
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+#include "tests/receive/run_bench.h"
+
+namespace tolvane {
+namespace {
+
+using Lines = std::vector<std::string>;
+
+// What a run does to the outside, in order: 500k bps, csv log, user disconnects at the first yield.
+const Lines kBeginShown = {"TB_Protocol.Text = \"500k bps\"",
+                           "TB_Status.Text = \"通信中　ログ出力(csv)\""};
+const Lines kFinishing = {"TB_Status.Text = \"終了処理中\""};
+const Lines kFlushAndTimer = {"flush", "TimerBackView.Enabled = false"};
+const Lines kInterfaceOpen = {"CanOpenPort(\"IFCAN1\")", "CanGetConfig(101)"};
+const Lines kInterfaceClose = {"CanDeactivate(101)", "CanClosePort(101)"};
+const Lines kKvaserClose = {"canBusOff(5)", "canClose(5)"};
+
+Lines Joined(const std::vector<Lines>& parts) {
+  Lines all;
+  for (const Lines& part : parts) all.insert(all.end(), part.begin(), part.end());
+  return all;
+}
+
+Lines ExpectedOrder(BindingKind binding, WorkerKind worker) {
+  if (binding == BindingKind::kCanusb) {
+    return Joined({{"canusb_Open(\"LWR12345\", \"500\", 0, -1, 1)"},
+                   kBeginShown,
+                   {"TimerBackView.Enabled = true", "timeBeginPeriod(1)", "timeEndPeriod(1)"},
+                   kFinishing,
+                   {"canusb_Close(1)"},
+                   kFlushAndTimer});
+  }
+  if (binding == BindingKind::kInterface) {
+    return Joined({kInterfaceOpen,
+                   kBeginShown,
+                   {"TimerBackView.Enabled = true", "CanSetConfig(101, 0, 11, 12, 13, 14, 15, 295)",
+                    "CanActivate(101)", "timeBeginPeriod(1)", "timeEndPeriod(1)"},
+                   kFinishing,
+                   kFlushAndTimer,
+                   kInterfaceClose});
+  }
+  const bool status_first = worker == WorkerKind::FormBG2;
+  return Joined(
+      {{"canOpenChannel(0, 128)"},
+       kBeginShown,
+       {"canSetBusParams(5, -2, 5, 2, 1, 1, 0)", "canSetBusOutputControl(5, 4)",
+        "TimerBackView.Enabled = true", "canBusOn(5)", "timeBeginPeriod(1)", "timeEndPeriod(1)"},
+       status_first ? kFinishing : kKvaserClose,
+       status_first ? kKvaserClose : kFinishing,
+       kFlushAndTimer});
+}
+
+TEST(RunOrder, EachOfTheTwelveWaysHasItsSequence) {
+  for (const BindingKind binding : kAllBindings) {
+    for (const WorkerKind worker : kAllWorkers) {
+      SCOPED_TRACE(WayName(binding, worker));
+      RunBench bench;
+      bench.device.t_LogSave_Enable = 1;
+      bench.device.t_LogSaveFormat = 2;
+      EXPECT_EQ(bench.Run(binding, worker), 0);
+      EXPECT_EQ(bench.journal.Lines(), ExpectedOrder(binding, worker));
+      EXPECT_EQ(bench.RxFlag, 0);
+    }
+  }
+}
+
+TEST(RunOrder, SilentKvaserRunSetsTheDriverBeforeTheTimerAndGoesOnBusAfterIt) {
+  RunBench bench;
+  bench.device.t_silent_mode = 1;
+  bench.Run(BindingKind::kKvaser, WorkerKind::FormBG);
+  const Lines lines = bench.journal.Take();
+  EXPECT_EQ(Lines(lines.begin() + 3, lines.begin() + 7),
+            (Lines{"canSetBusParams(5, -2, 5, 2, 1, 1, 0)", "canSetBusOutputControl(5, 1)",
+                   "TimerBackView.Enabled = true", "canBusOn(5)"}));
+}
+
+TEST(RunOrder, WithoutLogNothingIsFlushed) {
+  RunBench bench;
+  bench.Run(BindingKind::kCanusb, WorkerKind::FormBG);
+  const Lines lines = bench.journal.Take();
+  EXPECT_EQ(std::count(lines.begin(), lines.end(), "flush"), 0);
+  EXPECT_TRUE(bench.files.Files(u"C:\\Tolvane").empty());
+}
+
+TEST(RunOrder, TimerThatIsOffAtTheEndIsNotSwitchedOffAgain) {
+  RunBench bench;
+  bench.events = {[&] {
+    bench.timers[0].Enabled(false);
+    bench.RxFlag = 0;
+  }};
+  bench.Run(BindingKind::kCanusb, WorkerKind::FormBG);
+  const Lines lines = bench.journal.Take();
+  EXPECT_EQ(std::count(lines.begin(), lines.end(), "TimerBackView.Enabled = false"), 1);
+}
+
+TEST(RunOrder, CanusbTimerIsStillOnInTheFlushAfterTheClose) {
+  RunBench bench;
+  bench.device.t_LogSave_Enable = 1;
+  bench.device.t_LogSaveFormat = 2;
+  bench.files.AddFile(u"C:\\Tolvane\\KL26112009-001.csv", "taken");
+  bool timer_in_flush = false;
+  Lines before_flush;
+  bench.events = {[&] { bench.RxFlag = 0; },
+                  [&] {  // the search for a free name yields at the taken one
+                    timer_in_flush = bench.timers[0].Enabled();
+                    before_flush = bench.journal.Lines();
+                  }};
+  bench.Run(BindingKind::kCanusb, WorkerKind::FormBG);
+  EXPECT_TRUE(timer_in_flush);
+  ASSERT_GE(before_flush.size(), 2u);
+  EXPECT_EQ(before_flush[before_flush.size() - 2], "canusb_Close(1)");
+}
+
+TEST(RunOrder, FurtherSetUpResultsAreNotLookedAt) {
+  RunBench bench;
+  bench.IFCan.set_config_status = 3;
+  bench.IFCan.activate_status = 4;
+  EXPECT_EQ(bench.Run(BindingKind::kInterface, WorkerKind::FormBG, {{.id = 0x10}}), 0);
+  EXPECT_EQ(bench.workers.FormBG.Frames().CAN11_Received(0x10), 3);
+  bench.canlib32.call_result = -9;
+  bench.Run(BindingKind::kKvaser, WorkerKind::FormBG, {{.id = 0x11}});
+  EXPECT_EQ(bench.workers.FormBG.Frames().CAN11_Received(0x11), 3);
+}
+
+TEST(RunOrder, InterfaceRunGivesTheStatusOfItsClose) {
+  RunBench bench;
+  bench.IFCan.close_status = 55;
+  EXPECT_EQ(bench.Run(BindingKind::kInterface, WorkerKind::FormBG_29), 55);
+}
+
+TEST(RunStart, RateTextOfEachBitRate) {
+  const char16_t* const kTexts[] = {u"1M bps",  u"800k bps", u"500k bps", u"250k bps", u"100k bps",
+                                    u"50k bps", u"20k bps",  u"10k bps",  u"125k bps"};
+  for (std::int32_t t_bitRate = 0; t_bitRate < 9; ++t_bitRate) {
+    RunBench bench;
+    bench.device.t_bitRate = t_bitRate;
+    bench.device.t_LogSave_Enable = 1;
+    bench.device.t_LogSaveFormat = 2;
+    bench.Run(BindingKind::kCanusb, WorkerKind::FormBG);
+    EXPECT_EQ(bench.window.TB_Protocol.Text(), kTexts[t_bitRate]);
+    std::string log_line;
+    bench.code_page.Encode(u",,,bit rate：," + String(kTexts[t_bitRate]) + u"\r\n", log_line);
+    EXPECT_NE(bench.Log().find(log_line), std::string::npos) << t_bitRate;
+  }
+}
+
+TEST(RunStart, BitRateOutsideTheTableSetsNeitherBoxNorLog) {
+  for (const std::int32_t t_bitRate : {-1, 9, INT32_MAX, INT32_MIN}) {
+    RunBench bench;
+    bench.device.t_bitRate = t_bitRate;
+    bench.device.t_LogSave_Enable = 1;
+    bench.device.t_LogSaveFormat = 2;
+    bench.Run(BindingKind::kCanusb, WorkerKind::FormBG);
+    EXPECT_EQ(bench.journal.Lines().front(), "canusb_Open(\"LWR12345\", \"\", 0, -1, 1)");
+    EXPECT_EQ(bench.window.TB_Protocol.Text(), u"---");
+    std::string log_line;
+    bench.code_page.Encode(u",,,bit rate：,\r\n", log_line);
+    EXPECT_NE(bench.Log().find(log_line), std::string::npos) << t_bitRate;
+  }
+}
+
+TEST(RunStart, StatusSaysWhatIsLogged) {
+  const struct {
+    std::int32_t enable, format;
+    StringView status;
+  } kCases[] = {{1, 1, u"通信中　ログ出力(Excel)"},
+                {1, 2, u"通信中　ログ出力(csv)"},
+                {1, 3, u"通信中"},
+                {1, 0, u"通信中"},
+                {0, 1, u"通信中"},
+                {0, 2, u"通信中"},
+                {2, 2, u"通信中"}};
+  for (const auto& row : kCases) {
+    RunBench bench;
+    bench.device.t_LogSave_Enable = row.enable;
+    bench.device.t_LogSaveFormat = row.format;
+    String status;
+    bench.events = {[&] {
+      status = bench.window.TB_Status.Text();
+      bench.RxFlag = 0;
+    }};
+    bench.Run(BindingKind::kCanusb, WorkerKind::FormBG);
+    EXPECT_EQ(status, row.status) << row.enable << ' ' << row.format;
+  }
+}
+
+TEST(RunStart, HardwareTextIsDeviceAndVersionAndOnABoardTheVersionAlone) {
+  const struct {
+    BindingKind binding;
+    StringView line;
+  } kCases[] = {{BindingKind::kCanusb, u"\r\nCANUSB LWR12345 、V1011\r\n"},
+                {BindingKind::kInterface, u"\r\nV1011\r\n"},
+                {BindingKind::kKvaser, u"\r\nCANUSB LWR12345 、V1011\r\n"}};
+  for (const auto& row : kCases) {
+    for (const WorkerKind worker : kAllWorkers) {
+      RunBench bench;
+      bench.device.t_LogSave_Enable = 1;
+      bench.device.t_LogSaveFormat = 2;
+      bench.Run(row.binding, worker);
+      std::string line;
+      bench.code_page.Encode(row.line, line);
+      EXPECT_NE(bench.Log().find(line), std::string::npos) << WayName(row.binding, worker);
+    }
+  }
+}
+
+TEST(RunStart, EachRunBeginsWithClearedTablesAndTimes) {
+  for (const BindingKind binding : kAllBindings) {
+    RunBench bench;
+    bench.Run(binding, WorkerKind::FormBG, {{.id = 0x10, .time = 500}, {.id = 0x10, .time = 700}});
+    EXPECT_EQ(bench.workers.FormBG.Frames().CAN11_ReceivedTime(0x10), 200.0);
+    bench.Run(binding, WorkerKind::FormBG, {{.id = 0x11, .time = 900}});
+    EXPECT_EQ(bench.workers.FormBG.Frames().CAN11_Received(0x10), 0);
+    EXPECT_EQ(bench.workers.FormBG.Frames().CAN11_ReceivedTime(0x11), 0.0);
+    bench.Run(binding, WorkerKind::FormBG_29, {{.id = 0x10}, {.id = 0x12}});
+    bench.Run(binding, WorkerKind::FormBG_29, {{.id = 0x11, .time = 900}});
+    EXPECT_EQ(bench.workers.FormBG_29.Frames().CAN29_Received_ID_Counter, 1);
+    EXPECT_EQ(bench.workers.FormBG_29.Frames().CAN29_Received_ID(0), 0x11);
+  }
+}
+
+TEST(RunStart, TableSurvivesTheEndOfARun) {
+  RunBench bench;
+  bench.Run(BindingKind::kCanusb, WorkerKind::FormBG, {{.id = 0x10}});
+  EXPECT_EQ(bench.workers.FormBG.Frames().CAN11_Received(0x10), 3);
+}
+
+TEST(RunStart, FootOfThePageIsMadeOnceFromTheSettings) {
+  RunBench bench;
+  bench.device.t_DisableID_ON(2, 1);
+  bench.device.t_DisableID_Start(2, 0x100);
+  bench.device.t_DisableID_End(2, 0x1FF);
+  String page;
+  bench.events = {[&] {
+    bench.device.t_DisableID_ON(2, 0);
+    bench.timers[0].Tick();
+    page = bench.RTB_MainView.Text();
+    bench.RxFlag = 0;
+  }};
+  bench.Run(BindingKind::kCanusb, WorkerKind::FormBG);
+  EXPECT_NE(page.find(u"メッセージ除外範囲 3： 100 ～ 1FF"), String::npos);
+}
+
+TEST(RunStart, SubfolderIsMadeOncePerRunAlsoWithoutALog) {
+  for (const BindingKind binding : kAllBindings) {
+    RunBench bench;
+    bench.device.t_LogSave_subFolder = 1;
+    bench.device.t_LogComment = u"bench";
+    bench.Run(binding, WorkerKind::FormBG);
+    EXPECT_TRUE(bench.files.FolderExists(u"C:\\Tolvane\\bench"));
+    EXPECT_FALSE(bench.files.FolderExists(u"C:\\Tolvane\\bench-002"));
+  }
+}
+
+TEST(RunStart, LogsGoToTheSubfolder) {
+  RunBench bench;
+  bench.device.t_LogSave_Enable = 1;
+  bench.device.t_LogSaveFormat = 2;
+  bench.device.t_LogSave_subFolder = 1;
+  bench.device.t_LogComment = u"bench";
+  bench.Run(BindingKind::kCanusb, WorkerKind::FormBG);
+  EXPECT_TRUE(bench.files.FileExists(u"C:\\Tolvane\\bench\\KL26112009-001.csv"));
+}
+
+TEST(RunStart, PrecisionOfTheSumsIsRestored) {
+  std::uint16_t before = 0;
+  asm volatile("fnstcw %0" : "=m"(before));
+  const auto at_53_bits = static_cast<std::uint16_t>((before & ~0x0300) | 0x0200);
+  RunBench bench;
+  asm volatile("fldcw %0" : : "m"(at_53_bits));
+  bench.Run(BindingKind::kCanusb, WorkerKind::FormBG);
+  std::uint16_t after = 0;
+  asm volatile("fnstcw %0" : "=m"(after));
+  asm volatile("fldcw %0" : : "m"(before));
+  EXPECT_EQ(after & 0x0300, 0x0300);
+}
+
+}  // namespace
+}  // namespace tolvane
