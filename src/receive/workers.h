@@ -6,8 +6,7 @@
 #include "logging/excel_outputdb.h"
 #include "platform/platform.h"
 #include "receive/adapters/binding.h"
-#include "receive/can_readdb.h"
-#include "receive/can_readdb29.h"
+#include "receive/frame_table_of.h"
 #include "receive/open_traits.h"
 #include "receive/run_parts.h"
 #include "receive/worker.h"
@@ -15,19 +14,6 @@
 #include "view/tick.h"
 
 namespace tolvane {
-
-template <WorkerKind kKind>
-struct FrameTableOf {
-  using Type = CAN_ReadDB;
-};
-template <>
-struct FrameTableOf<WorkerKind::FormBG_29> {
-  using Type = CAN_ReadDB29;
-};
-template <>
-struct FrameTableOf<WorkerKind::FormBG2_29> {
-  using Type = CAN_ReadDB29;
-};
 
 /// One of the four workers, with what it keeps for the life of its form. The tables hold what the
 /// last run left until the next run clears them.

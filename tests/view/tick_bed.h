@@ -12,6 +12,7 @@
 
 #include "platform/rich_text_view.h"
 #include "receive/frame_columns.h"
+#include "receive/frame_table_of.h"
 #include "run/elm327_info.h"
 #include "view/can_viewdb.h"
 #include "view/can_viewdb29.h"
@@ -128,26 +129,13 @@ class BedView final : public platform::RichTextView {
   TickCalls& calls_;
 };
 
-template <WorkerKind kKind>
-struct BedTable {
-  using Type = CAN_ReadDB;
-};
-template <>
-struct BedTable<WorkerKind::FormBG_29> {
-  using Type = CAN_ReadDB29;
-};
-template <>
-struct BedTable<WorkerKind::FormBG2_29> {
-  using Type = CAN_ReadDB29;
-};
-
 using Bytes8 = std::array<std::uint8_t, 8>;
 
 /// One worker's tables and its tick, on a simulated main window, as a CANUSB run starts it.
 template <WorkerKind kKind>
 class TickBed {
  public:
-  using Table = typename BedTable<kKind>::Type;
+  using Table = typename FrameTableOf<kKind>::Type;
   using ViewTable = typename ViewTableOf<Table>::Type;
   using Frame = FrameColumns<Table>;
 
