@@ -46,7 +46,7 @@ Bench::Bench(BenchConfig config, const std::filesystem::path& folder,
 }
 
 std::unique_ptr<BusTap> Bench::Listen(const AdapterPlan& plan) {
-  auto source = std::make_unique<DisturbedSource>(NewSource(), plan.disturbance);
+  auto source = std::make_unique<BurstSource>(NewSource(), plan.burst);
   return std::make_unique<BusTap>(*clock_, std::move(source), plan.tap);
 }
 

@@ -91,10 +91,10 @@ AdapterPlan TakeAdapter(SectionReader& reader, const TapPlan& tap, const std::st
   reader.Take("clock_ppm", plan.clock.ppm, -900'000, 900'000);
   TakeClockSteps(reader, plan.clock.steps);
   reader.TakeSeconds("pulled_at", plan.tap.pulled_at_us);
-  reader.TakeSeconds("silence_from", plan.disturbance.silence_from_us);
-  reader.TakeSeconds("silence_to", plan.disturbance.silence_to_us);
-  reader.TakeSeconds("burst_at", plan.disturbance.burst_at_us);
-  reader.Take("burst_frames", plan.disturbance.burst_frames, 0, kAny);
+  reader.TakeSeconds("silence_from", plan.tap.silence_from_us);
+  reader.TakeSeconds("silence_to", plan.tap.silence_to_us);
+  reader.TakeSeconds("burst_at", plan.burst.at_us);
+  reader.Take("burst_frames", plan.burst.frames, 0, kAny);
   reader.Take("or_id", plan.or_id, 0, kInt32High);
   reader.Take("force_dlc", plan.force_dlc, 0, 255);
   TakeCallResults(reader, plan.results);
@@ -103,8 +103,8 @@ AdapterPlan TakeAdapter(SectionReader& reader, const TapPlan& tap, const std::st
 
 void TakeBench(SectionReader& reader, BenchConfig& config, TapPlan& tap) {
   reader.Enter("bench");
-  reader.Take("queue", tap.queue, 1, 10'000'000);
-  reader.TakeDecimal("speed", tap.speed, 0.001, 1e6);
+  reader.Take("queue", tap.queue, 1, 1'000'000);
+  reader.TakeDecimal("speed", tap.speed, 0.001, 1e3);
   reader.TakeChoice("clock", config.counted_clock, kClocks);
   reader.Take("clock_step_us", config.clock_step_us, 1, 1'000'000'000);
   reader.Take("report", config.report);

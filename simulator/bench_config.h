@@ -7,8 +7,8 @@
 
 #include "platform/ifcan_library.h"
 #include "simulator/adapter_clock.h"
+#include "simulator/burst_source.h"
 #include "simulator/bus_tap.h"
-#include "simulator/disturbed_source.h"
 #include "simulator/load_generator.h"
 
 namespace tolvane::simulator {
@@ -25,7 +25,7 @@ struct CallResult {
 struct AdapterPlan {
   TapPlan tap{};
   ClockFaults clock{};
-  Disturbance disturbance{};
+  BurstPlan burst{};
   std::vector<CallResult> results{};
   std::uint32_t or_id = 0;      // bits set in the id word of every frame given out
   std::int64_t force_dlc = -1;  // 0 to 255: the length given out with every frame

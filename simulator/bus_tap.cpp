@@ -10,7 +10,7 @@ BusTap::BusTap(BenchClock& clock, std::unique_ptr<BusSource> source, const TapPl
       source_(std::move(source)),
       plan_(plan),
       queue_(static_cast<std::size_t>(plan.queue)),
-      has_pending_(FetchHeard()),
+      has_pending_(source_->Next(pending_)),
       began_us_(clock.NowUs()) {}
 
 BusTap::Result BusTap::Read(BusFrame& frame) {
@@ -40,19 +40,16 @@ void BusTap::NoteRead(std::int64_t now_us) {
 
 void BusTap::TakeDue(std::int64_t bus_us) {
   while (has_pending_ && pending_.time_us <= bus_us) {
-    if (!queue_.Push(pending_)) ++counts_.dropped;
-    has_pending_ = FetchHeard();
+    if (Hears(pending_) && !queue_.Push(pending_)) ++counts_.dropped;
+    has_pending_ = source_->Next(pending_);
   }
 }
 
-bool BusTap::FetchHeard() {
-  while (source_->Next(pending_)) {
-    if (plan_.hears_errors_and_own || pending_.kind == FrameKind::kData ||
-        pending_.kind == FrameKind::kRemote) {
-      return true;
-    }
-  }
-  return false;
+/// Asked when a frame is due, not ahead: a source without end may hold nothing that is heard.
+bool BusTap::Hears(const BusFrame& frame) const {
+  if (frame.time_us >= plan_.silence_from_us && frame.time_us < plan_.silence_to_us) return false;
+  return plan_.hears_errors_and_own || frame.kind == FrameKind::kData ||
+         frame.kind == FrameKind::kRemote;
 }
 
 }  // namespace tolvane::simulator

@@ -15,6 +15,8 @@ struct TapPlan {
   std::int64_t queue = 4096;           // frames
   double speed = 1.0;                  // bus time per real time
   std::int64_t pulled_at_us = kNever;  // bus time from which on the adapter is gone
+  std::int64_t silence_from_us = 0;    // frames from here on
+  std::int64_t silence_to_us = 0;      // and before here do not reach the queue
   bool hears_errors_and_own = false;   // error frames and transmitted frames reach the queue
 };
 
@@ -43,7 +45,7 @@ class BusTap {
  private:
   void NoteRead(std::int64_t now_us);
   void TakeDue(std::int64_t bus_us);
-  bool FetchHeard();
+  bool Hears(const BusFrame& frame) const;
 
   BenchClock& clock_;
   std::unique_ptr<BusSource> source_;

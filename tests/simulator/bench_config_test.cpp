@@ -115,10 +115,10 @@ TEST(BenchConfig, AdapterKeys) {
   EXPECT_EQ(adapter.clock.steps[0].by_us, -500'000);
   EXPECT_EQ(adapter.clock.steps[1].by_us, 100'000);
   EXPECT_EQ(adapter.tap.pulled_at_us, 3'500'000);
-  EXPECT_EQ(adapter.disturbance.silence_from_us, 1'000'000);
-  EXPECT_EQ(adapter.disturbance.silence_to_us, 2'000'000);
-  EXPECT_EQ(adapter.disturbance.burst_at_us, 4'000'000);
-  EXPECT_EQ(adapter.disturbance.burst_frames, 5);
+  EXPECT_EQ(adapter.tap.silence_from_us, 1'000'000);
+  EXPECT_EQ(adapter.tap.silence_to_us, 2'000'000);
+  EXPECT_EQ(adapter.burst.at_us, 4'000'000);
+  EXPECT_EQ(adapter.burst.frames, 5);
   EXPECT_EQ(adapter.or_id, 0x80000000);
   EXPECT_EQ(adapter.force_dlc, 255);
   ASSERT_EQ(adapter.results.size(), 1u);

@@ -5,7 +5,7 @@
 #include <memory>
 #include <vector>
 
-#include "simulator/disturbed_source.h"
+#include "simulator/burst_source.h"
 #include "simulator/load_generator.h"
 #include "tests/simulator/frames.h"
 
@@ -118,6 +118,22 @@ TEST(BusTap, ErrorAndOwnFramesAreHeardOnlyWhereTheyAreWanted) {
   EXPECT_EQ(ReadAll(curious), (Ids{1, 2, 3, 4}));
 }
 
+TEST(BusTap, SilenceTakesFramesAway) {
+  HandClock clock;
+  BusTap tap(clock, At({9, 10, 19, 20}), {.silence_from_us = 10, .silence_to_us = 20});
+  clock.now_us += 100;
+  EXPECT_EQ(ReadAll(tap), (Ids{1, 4}));
+  EXPECT_EQ(tap.Counts().dropped, 0) << "what was not there is not lost";
+}
+
+TEST(BusTap, SilenceForEverOnABusWithoutEndBlocksNoRead) {
+  HandClock clock;
+  BusTap tap(clock, std::make_unique<LoadGenerator>(LoadPlan{.rate = 1'000}),
+             {.silence_to_us = TapPlan::kNever});
+  clock.now_us += 10'000'000;
+  EXPECT_EQ(ReadAll(tap), Ids{});
+}
+
 TEST(BusTap, WithAClockOfReadsNothingDependsOnRealTime) {
   CountedClock clock(50);
   BusTap tap(clock, At({50, 100, 150, 10'000}), {});
@@ -169,16 +185,8 @@ TEST(FrameQueue, KeepsOrderRoundTheRing) {
   EXPECT_EQ(queue.Count(), 1u);
 }
 
-TEST(DisturbedSource, SilenceTakesFramesAway) {
-  DisturbedSource source(At({9, 10, 19, 20}), {.silence_from_us = 10, .silence_to_us = 20});
-  const auto frames = Take(source, 10);
-  ASSERT_EQ(frames.size(), 2u);
-  EXPECT_EQ(frames[0].time_us, 9);
-  EXPECT_EQ(frames[1].time_us, 20);
-}
-
-TEST(DisturbedSource, ABurstComesAtItsMoment) {
-  DisturbedSource source(At({5, 10, 15}), {.burst_at_us = 10, .burst_frames = 300});
+TEST(BurstSource, ABurstComesAtItsMoment) {
+  BurstSource source(At({5, 10, 15}), {.at_us = 10, .frames = 300});
   const auto frames = Take(source, 1'000);
   ASSERT_EQ(frames.size(), 303u);
   EXPECT_EQ(frames[0].id, 1u);
@@ -187,8 +195,8 @@ TEST(DisturbedSource, ABurstComesAtItsMoment) {
   EXPECT_EQ(frames[301].id, 2u);
 }
 
-TEST(DisturbedSource, ABurstBehindTheLastFrameStillComes) {
-  DisturbedSource source(At({5}), {.burst_at_us = 10, .burst_frames = 2});
+TEST(BurstSource, ABurstBehindTheLastFrameStillComes) {
+  BurstSource source(At({5}), {.at_us = 10, .frames = 2});
   EXPECT_EQ(Take(source, 10).size(), 3u);
 }
 
