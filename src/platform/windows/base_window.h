@@ -17,8 +17,8 @@ struct WindowPlace {
 /// kClassName`, `static void AdjustClass(WNDCLASSEXW&)` and `LRESULT HandleMessage(UINT, WPARAM,
 /// LPARAM)`, which hands on to DefaultHandling what it does not know.
 ///
-/// The object must outlive the window or destroy it. Nothing is thrown across the procedure: an
-/// exception in a handler ends the program at once.
+/// `Derived`'s destructor calls Destroy, while its members still stand. Nothing is thrown across
+/// the procedure: an exception in a handler ends the program at once.
 template <typename Derived>
 class BaseWindow {
  public:
@@ -50,7 +50,7 @@ class BaseWindow {
   }
 
  protected:
-  ~BaseWindow() { Destroy(); }
+  ~BaseWindow() = default;
 
   LRESULT DefaultHandling(UINT message, WPARAM wparam, LPARAM lparam) {
     return DefWindowProcW(window_, message, wparam, lparam);

@@ -34,6 +34,8 @@ class Form1Window final : public BaseWindow<Form1Window>,
   Form1Window(HINSTANCE instance, EventGate& gate, WindowsEventLoop& loop, CodePage& code_page,
               SplashWindow& splash, WorkerWindows& workers);
 
+  ~Form1Window() override { Destroy(); }
+
   /// Makes the hidden window with all its controls. False when the system refuses one.
   [[nodiscard]] bool CreateHidden();
   void Listen(Form1Events* events) { events_ = events; }

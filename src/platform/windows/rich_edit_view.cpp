@@ -109,6 +109,7 @@ void RichEditView::Text(StringView text) {
   const Write write(*this);
   SetWindowTextW(window_, Wide(String(text)));
   SetDefaultFormat();
+  Send(EM_EMPTYUNDOBUFFER);
 }
 
 String RichEditView::TextRTF() const { return FromRtfBytes(StreamOut(window_, SF_RTF)); }

@@ -16,6 +16,7 @@ class SplashWindow final : public BaseWindow<SplashWindow>, public Splash {
 
   /// Hidden, in the middle of the work area.
   explicit SplashWindow(HINSTANCE instance);
+  ~SplashWindow() override { Destroy(); }
 
   void Lb_msg(StringView text) override { ShowPhase(text); }
   void Progress(double fraction) override;

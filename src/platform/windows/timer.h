@@ -13,6 +13,7 @@ class WorkerWindow final : public BaseWindow<WorkerWindow>, public Timer {
   static void AdjustClass(WNDCLASSEXW&) {}
 
   WorkerWindow(EventGate& gate, HINSTANCE instance, std::int32_t interval);
+  ~WorkerWindow() override { Destroy(); }
 
   [[nodiscard]] bool Enabled() const override { return enabled_; }
   void Enabled(bool enabled) override;

@@ -1,0 +1,75 @@
+// Small facilities of the desktop: clock texts, the clipboard, the mark of the running program.
+#include <gtest/gtest.h>
+
+#include "platform/windows/clipboard.h"
+#include "platform/windows/process.h"
+#include "platform/windows/wall_clock.h"
+
+namespace tolvane::platform::windows {
+namespace {
+
+class ClockTexts : public testing::Test {
+ protected:
+  void SetUp() override {
+    if (PRIMARYLANGID(GetUserDefaultLangID()) != LANG_JAPANESE) GTEST_SKIP() << "not Japanese";
+  }
+  WindowsWallClock clock_;
+};
+
+TEST_F(ClockTexts, GeneralDateIsShortDateBlankLongTime) {
+  EXPECT_EQ(clock_.GeneralDate({2026, 11, 20, 5, 8, 5, 7}), u"2026/11/20 8:05:07");
+}
+
+TEST_F(ClockTexts, WeekdaysCountFromSunday) {
+  const char16_t days[] = u"日月火水木金土";
+  for (std::int32_t weekday = 0; weekday < 7; ++weekday) {
+    EXPECT_EQ(clock_.ShortWeekday({2026, 3, 8 + weekday, weekday, 0, 0, 0}),
+              String(1, days[weekday]));
+  }
+}
+
+TEST(WallClock, NowIsAValidMoment) {
+  const LocalTime now = WindowsWallClock().Now();
+  EXPECT_GE(now.year, 2026);
+  EXPECT_LE(now.month, 12);
+  EXPECT_LE(now.weekday, 6);
+  EXPECT_LE(now.second, 59);
+}
+
+TEST(SingleInstance, TheSecondOneSeesTheFirst) {
+  WindowsSingleInstance first;
+  WindowsSingleInstance second;
+  EXPECT_FALSE(first.PrevInstance());
+  EXPECT_TRUE(second.PrevInstance());
+}
+
+class ClipboardTest : public testing::Test {
+ protected:
+  void SetUp() override {
+    owner_ = CreateWindowExW(0, WC_STATICW, L"", WS_OVERLAPPED, 0, 0, 10, 10, nullptr, nullptr,
+                             nullptr, nullptr);
+  }
+  void TearDown() override { DestroyWindow(owner_); }
+
+  HWND owner_ = nullptr;
+};
+
+using Format = Clipboard::Format;
+
+TEST_F(ClipboardTest, HoldsPlainAndRichTextSideBySide) {
+  WindowsClipboard clipboard(owner_);
+  ASSERT_TRUE(clipboard.Clear());
+  EXPECT_FALSE(clipboard.GetFormat(Format::kPlainText));
+  EXPECT_EQ(clipboard.GetText(Format::kPlainText), u"");
+  ASSERT_TRUE(clipboard.SetText(u"受信\r\n", Format::kPlainText));
+  ASSERT_TRUE(clipboard.SetText(u"{\\rtf1 x}", Format::kRichText));
+  EXPECT_TRUE(clipboard.GetFormat(Format::kPlainText));
+  EXPECT_TRUE(clipboard.GetFormat(Format::kRichText));
+  EXPECT_EQ(clipboard.GetText(Format::kPlainText), u"受信\r\n");
+  EXPECT_EQ(clipboard.GetText(Format::kRichText), u"{\\rtf1 x}");
+  EXPECT_TRUE(clipboard.Clear());
+  EXPECT_FALSE(clipboard.GetFormat(Format::kRichText));
+}
+
+}  // namespace
+}  // namespace tolvane::platform::windows

@@ -1,0 +1,68 @@
+#include "platform/windows/event_gate.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+namespace tolvane::platform::windows {
+namespace {
+
+using testing::ElementsAre;
+
+TEST(EventGate, DeliversAtOnceWhileTheProgramWaits) {
+  EventGate gate;
+  bool came = false;
+  gate.Deliver([&] { came = true; });
+  EXPECT_TRUE(came);
+  EXPECT_TRUE(gate.Open());
+}
+
+TEST(EventGate, HoldsEventsWhileAHandlerRunsAndGivesThemInTheirOrder) {
+  EventGate gate;
+  std::vector<std::string> journal;
+  gate.Deliver([&] {
+    gate.Deliver([&] { journal.emplace_back("first"); });
+    gate.Deliver([&] { journal.emplace_back("second"); });
+    gate.DeliverWaiting();
+    journal.emplace_back("handler ends");
+  });
+  EXPECT_EQ(gate.Waiting(), 2U);
+  gate.DeliverWaiting();
+  EXPECT_THAT(journal, ElementsAre("handler ends", "first", "second"));
+}
+
+TEST(EventGate, AScopeOfAYieldLetsEventsInAndClosesBehindItself) {
+  EventGate gate;
+  std::vector<std::string> journal;
+  gate.Deliver([&] {
+    {
+      const EventGate::Opened yield(gate);
+      gate.Deliver([&] {
+        journal.emplace_back("nested");
+        EXPECT_FALSE(gate.Open());
+      });
+    }
+    gate.Deliver([&] { journal.emplace_back("held"); });
+    journal.emplace_back("run ends");
+  });
+  gate.DeliverWaiting();
+  EXPECT_THAT(journal, ElementsAre("nested", "run ends", "held"));
+}
+
+TEST(EventGate, AnEventThatLeavesAnotherBehindIsFollowedByIt) {
+  EventGate gate;
+  std::vector<std::string> journal;
+  gate.Deliver([&] {
+    gate.Deliver([&] {
+      journal.emplace_back("first");
+      gate.Deliver([&] { journal.emplace_back("its child"); });
+    });
+  });
+  gate.DeliverWaiting();
+  EXPECT_THAT(journal, ElementsAre("first", "its child"));
+}
+
+}  // namespace
+}  // namespace tolvane::platform::windows

@@ -1,0 +1,91 @@
+#include "platform/windows/file_services.h"
+
+#include <gtest/gtest.h>
+
+#include <array>
+
+#include "platform/windows/code_page.h"
+#include "tests/platform/windows/scratch_folder.h"
+
+namespace tolvane::platform::windows {
+namespace {
+
+class Files : public testing::Test {
+ protected:
+  static std::span<const std::byte> Bytes(std::string_view text) {
+    return std::as_bytes(std::span(text));
+  }
+
+  WindowsCodePage code_page_;
+  WindowsFileServices files_{code_page_};
+  ScratchFolder folder_;
+};
+
+TEST_F(Files, TellsFoldersFromFiles) {
+  ASSERT_TRUE(folder_.Put(u"file.txt", "x"));
+  EXPECT_TRUE(files_.FileExists(folder_ / u"file.txt"));
+  EXPECT_FALSE(files_.FolderExists(folder_ / u"file.txt"));
+  EXPECT_TRUE(files_.CreateFolder(folder_ / u"コメント"));
+  EXPECT_TRUE(files_.FolderExists(folder_ / u"コメント"));
+  EXPECT_FALSE(files_.FileExists(folder_ / u"コメント"));
+  EXPECT_EQ(files_.Attributes(folder_ / u"コメント"), 16);
+  EXPECT_FALSE(files_.CreateFolder(folder_ / u"コメント")) << "it exists already";
+  EXPECT_FALSE(files_.CreateFolder(folder_ / u"a\\b")) << "one level only";
+  EXPECT_FALSE(files_.FileExists(folder_ / u"nothing"));
+  EXPECT_FALSE(files_.Attributes(folder_ / u"nothing").has_value());
+}
+
+TEST_F(Files, TextGoesOutInTheCodePageWithoutChange) {
+  const auto stream = files_.CreateTextFile(folder_ / u"KL.csv", true, false);
+  ASSERT_NE(stream, nullptr);
+  EXPECT_TRUE(stream->Write(u"a\r\n"));
+  EXPECT_TRUE(stream->Write(u"\U0001F697"));
+  EXPECT_TRUE(stream->Close());
+  EXPECT_EQ(folder_.Content(u"KL.csv"), "a\r\n?");
+}
+
+TEST_F(Files, OverwritingReplacesTheWholeFileAndIsRefusedOtherwise) {
+  ASSERT_TRUE(folder_.Put(u"old.csv", "a long old text"));
+  EXPECT_EQ(files_.CreateTextFile(folder_ / u"old.csv", false, false), nullptr);
+  EXPECT_TRUE(files_.CreateTextFile(folder_ / u"old.csv", true, false)->Write(u"new"));
+  EXPECT_EQ(folder_.Content(u"old.csv"), "new");
+  EXPECT_EQ(files_.CreateTextFile(folder_ / u"none\\x.csv", true, false), nullptr);
+}
+
+TEST_F(Files, BinaryWritingKeepsWhatLiesBehind) {
+  ASSERT_TRUE(files_.WriteBinary(folder_ / u"config.dat", Bytes("123456")));
+  ASSERT_TRUE(files_.WriteBinary(folder_ / u"config.dat", Bytes("ab")));
+  EXPECT_EQ(folder_.Content(u"config.dat"), "ab3456");
+}
+
+TEST_F(Files, BinaryReadingGivesAtMostTheWantedBytes) {
+  ASSERT_TRUE(folder_.Put(u"config.dat", "123456"));
+  const auto part = files_.ReadBinary(folder_ / u"config.dat", 4);
+  ASSERT_TRUE(part.has_value());
+  EXPECT_EQ(part->bytes.size(), 4U);
+  EXPECT_TRUE(part->closed);
+  EXPECT_EQ(files_.ReadBinary(folder_ / u"config.dat", 100)->bytes.size(), 6U);
+  EXPECT_FALSE(files_.ReadBinary(folder_ / u"nothing", 4).has_value());
+}
+
+TEST_F(Files, AReadOnlyFileIsDeletedByForceOnly) {
+  ASSERT_TRUE(folder_.Put(u"kept.dat", "x"));
+  SetFileAttributesW(Wide(folder_ / u"kept.dat"), FILE_ATTRIBUTE_READONLY);
+  EXPECT_FALSE(files_.DeleteFile(folder_ / u"kept.dat", false));
+  EXPECT_TRUE(files_.DeleteFile(folder_ / u"kept.dat", true));
+  EXPECT_FALSE(files_.FileExists(folder_ / u"kept.dat"));
+  EXPECT_FALSE(files_.DeleteFile(folder_ / u"kept.dat", true));
+}
+
+TEST(Folders, StandAndEndWithoutABackslash) {
+  WindowsCodePage code_page;
+  WindowsFileServices files(code_page);
+  WindowsSpecialFolders folders;
+  for (const String& folder : {folders.Desktop(), folders.System(), ExecutableFolder()}) {
+    EXPECT_TRUE(files.FolderExists(folder));
+    EXPECT_NE(folder.back(), u'\\');
+  }
+}
+
+}  // namespace
+}  // namespace tolvane::platform::windows

@@ -1,0 +1,331 @@
+#include "platform/windows/form1_window.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "platform/windows/code_page.h"
+#include "platform/windows/form1_layout.h"
+#include "platform/windows/text.h"
+#include "tests/platform/windows/pump.h"
+
+namespace tolvane::platform::windows {
+namespace {
+
+// Before resource.h: its names are also the names of these members.
+RichTextView& ViewOf(const MainWindow& face) { return face.RTB_MainView; }
+ComboBox& ComboBoxOf(const MainWindow& face) { return face.Cmb_Serect_Device; }
+OtherForms& OtherFormsOf(const MainWindow& face) { return face.other_forms; }
+
+}  // namespace
+}  // namespace tolvane::platform::windows
+
+// Last, see there.
+#include "platform/windows/resources/resource.h"
+
+namespace tolvane::platform::windows {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+class RecordedEvents final : public Form1Events {
+ public:
+  void Command(int id) override {
+    commands.push_back(id);
+    if (on_command) on_command(id);
+  }
+  void ViewSelectionChanged() override { ++selection_changes; }
+  void ViewContextMenu() override { ++context_menus; }
+  void ViewGotFocus() override { ++focuses; }
+  [[nodiscard]] bool QueryUnload() override {
+    ++queries;
+    return !refuse;
+  }
+  void Unload() override { ++unloads; }
+  [[nodiscard]] bool ClosingIsRefused() const override { return refuse; }
+
+  std::vector<int> commands;
+  std::function<void(int)> on_command;
+  int selection_changes = 0;
+  int context_menus = 0;
+  int focuses = 0;
+  int queries = 0;
+  int unloads = 0;
+  bool refuse = false;
+};
+
+class MainWindowTest : public testing::Test {
+ protected:
+  void SetUp() override {
+    ASSERT_TRUE(window_.CreateHidden());
+    window_.Listen(&events_);
+  }
+
+  [[nodiscard]] HWND Child(int id) const { return GetDlgItem(window_.Hwnd(), id); }
+  [[nodiscard]] String ChildText(int id) const { return WindowText(Child(id)); }
+  void Send(int id, int notification = BN_CLICKED) {
+    SendMessageW(window_.Hwnd(), WM_COMMAND,
+                 MAKEWPARAM(static_cast<WORD>(id), static_cast<WORD>(notification)),
+                 reinterpret_cast<LPARAM>(Child(id)));
+  }
+  void Click(int id) { SendMessageW(Child(id), BM_CLICK, 0, 0); }
+
+  HINSTANCE instance_ = GetModuleHandleW(nullptr);
+  EventGate gate_;
+  WindowsEventLoop loop_{gate_};
+  WindowsCodePage code_page_;
+  SplashWindow splash_{instance_};
+  Form1Window::WorkerWindows workers_{{gate_, instance_, 30},
+                                      {gate_, instance_, 30},
+                                      {gate_, instance_, 30},
+                                      {gate_, instance_, 30}};
+  Form1Window window_{instance_, gate_, loop_, code_page_, splash_, workers_};
+  RecordedEvents events_;
+};
+
+TEST_F(MainWindowTest, EveryControlStandsUnderItsNumberWithItsFirstText) {
+  const struct {
+    int id;
+    StringView text;
+  } rows[] = {{Lb_Serect_Device, u"機器No."},
+              {Lb_ODB_Hard_Version, u"機器情報"},
+              {Lb_Protocol, u"通信モード"},
+              {Lb_Status, u"ステータス"},
+              {Lb_LogComment, u"コメント"},
+              {Bt_Connect, u"接続"},
+              {Bt_Disconnect, u"切断"},
+              {Bt_SaveFile, u"スナップショット"},
+              {Bt_ViewClear, u"画面クリア"},
+              {Cmb_Serect_Device, u""},
+              {TB_ODB_Hard_Version, u"Nothing"},
+              {TB_Protocol, u"---"},
+              {TB_Status, u""},
+              {TB_LogComment, u""},
+              {RTB_MainView, u""}};
+  for (const auto& row : rows) {
+    ASSERT_NE(Child(row.id), nullptr) << row.id;
+    EXPECT_EQ(ChildText(row.id), row.text) << row.id;
+  }
+}
+
+TEST_F(MainWindowTest, IdleStateBeforeAnyRun) {
+  const MainWindow face = window_.Face();
+  EXPECT_TRUE(IsWindowEnabled(Child(Bt_Connect)));
+  EXPECT_FALSE(IsWindowEnabled(Child(Bt_Disconnect)));
+  EXPECT_EQ(GetWindowLongPtrW(Child(Pic_Caution), GWL_STYLE) & WS_VISIBLE, 0);
+  EXPECT_FALSE(IsWindowVisible(window_.Hwnd()));
+  EXPECT_FALSE(ViewOf(face).Locked());
+}
+
+TEST_F(MainWindowTest, CommentTakesFiftyCharacters) {
+  EXPECT_EQ(SendMessageW(Child(TB_LogComment), EM_GETLIMITTEXT, 0, 0), 50);
+}
+
+TEST_F(MainWindowTest, OnlyTheCommentCanBeTypedIn) {
+  for (const int id : {TB_ODB_Hard_Version, TB_Protocol, TB_Status}) {
+    EXPECT_NE(GetWindowLongPtrW(Child(id), GWL_STYLE) & ES_READONLY, 0) << id;
+  }
+  EXPECT_EQ(GetWindowLongPtrW(Child(TB_LogComment), GWL_STYLE) & ES_READONLY, 0);
+}
+
+TEST_F(MainWindowTest, AClickReachesTheLogic) {
+  Click(Bt_ViewClear);
+  Click(Bt_SaveFile);
+  EXPECT_THAT(events_.commands, ElementsAre(Bt_ViewClear, Bt_SaveFile));
+}
+
+TEST_F(MainWindowTest, ConnectIsDisabledAtOnceAndStartsFromThePostedMessage) {
+  Click(Bt_Connect);
+  EXPECT_FALSE(IsWindowEnabled(Child(Bt_Connect)));
+  EXPECT_THAT(events_.commands, IsEmpty()) << "the sender of the click would wait for the run";
+  loop_.YieldToEvents();
+  EXPECT_THAT(events_.commands, ElementsAre(Bt_Connect));
+  Send(Bt_Connect);
+  loop_.YieldToEvents();
+  EXPECT_THAT(events_.commands, ElementsAre(Bt_Connect)) << "disabled, yet it started a run";
+}
+
+TEST_F(MainWindowTest, DisabledButtonsAndMenuItemsSendNothing) {
+  Send(Bt_Disconnect);
+  EnableMenuItem(GetMenu(window_.Hwnd()), menu_common_setting, MF_BYCOMMAND | MF_GRAYED);
+  Send(menu_common_setting);
+  EXPECT_THAT(events_.commands, IsEmpty());
+  EnableMenuItem(GetMenu(window_.Hwnd()), menu_common_setting, MF_BYCOMMAND | MF_ENABLED);
+  Send(menu_common_setting);
+  Send(menu_View_Date);
+  EXPECT_THAT(events_.commands, ElementsAre(menu_common_setting, menu_View_Date));
+}
+
+TEST_F(MainWindowTest, ACommandDuringARunComesInItsYieldOnly) {
+  events_.on_command = [this](int id) {
+    if (id != Bt_Connect) return;
+    Send(Bt_ViewClear);
+    EXPECT_THAT(events_.commands, ElementsAre(Bt_Connect)) << "let in outside a yield";
+    loop_.YieldToEvents();
+    EXPECT_THAT(events_.commands, ElementsAre(Bt_Connect, Bt_ViewClear));
+  };
+  Click(Bt_Connect);
+  loop_.YieldToEvents();
+}
+
+TEST_F(MainWindowTest, TheUsersChoiceOfADeviceComesThroughTheGateAndTheCodesAtOnce) {
+  const MainWindow face = window_.Face();
+  ComboBoxOf(face).AddItem(u"CANUSB TV100001");
+  ComboBoxOf(face).AddItem(u"Interface PCI-485120 port:1");
+  EXPECT_EQ(ComboBoxOf(face).ListIndex(), -1);
+  ComboBoxOf(face).ListIndex(1);
+  EXPECT_THAT(events_.commands, ElementsAre(Cmb_Serect_Device));
+  EXPECT_EQ(ComboBoxOf(face).Text(), u"Interface PCI-485120 port:1");
+  ComboBoxOf(face).ListIndex(1);
+  EXPECT_EQ(events_.commands.size(), 2U) << "the selected line again raises it again";
+  gate_.Deliver([&] {
+    ComboBoxOf(face).ListIndex(0);
+    EXPECT_EQ(events_.commands.size(), 3U) << "in code it does not wait for a yield";
+    Send(Cmb_Serect_Device, CBN_SELCHANGE);
+    EXPECT_EQ(events_.commands.size(), 3U);
+  });
+  gate_.DeliverWaiting();
+  EXPECT_EQ(events_.commands.size(), 4U);
+}
+
+TEST_F(MainWindowTest, ClosingAsksAndARefusalLeavesTheWindow) {
+  window_.Start(SW_SHOW);
+  events_.refuse = true;
+  SendMessageW(window_.Hwnd(), WM_CLOSE, 0, 0);
+  EXPECT_EQ(events_.queries, 1);
+  EXPECT_EQ(events_.unloads, 0);
+  EXPECT_FALSE(loop_.Ended());
+  EXPECT_TRUE(IsWindowVisible(window_.Hwnd()));
+}
+
+TEST_F(MainWindowTest, ClosingUnloadsOnceAndEndsTheLoop) {
+  window_.Start(SW_SHOW);
+  SendMessageW(window_.Hwnd(), WM_CLOSE, 0, 0);
+  SendMessageW(window_.Hwnd(), WM_CLOSE, 0, 0);
+  EXPECT_EQ(events_.queries, 1);
+  EXPECT_EQ(events_.unloads, 1);
+  EXPECT_TRUE(loop_.Ended());
+  EXPECT_FALSE(IsWindowVisible(window_.Hwnd()));
+  EXPECT_NE(Child(TB_Status), nullptr) << "the controls must stay usable";
+}
+
+TEST_F(MainWindowTest, ClosingDuringTheStartWaitsForItsEnd) {
+  SendMessageW(window_.Hwnd(), WM_CLOSE, 0, 0);
+  EXPECT_EQ(events_.queries, 0);
+  window_.Start(SW_SHOW);
+  EXPECT_EQ(events_.unloads, 1);
+}
+
+TEST_F(MainWindowTest, TheEndOfTheSessionIsRefusedDuringARunAndElseClosesTheWindow) {
+  window_.Start(SW_SHOW);
+  events_.refuse = true;
+  EXPECT_EQ(SendMessageW(window_.Hwnd(), WM_QUERYENDSESSION, 0, 0), FALSE);
+  SendMessageW(window_.Hwnd(), WM_ENDSESSION, FALSE, 0);
+  EXPECT_EQ(events_.queries, 0);
+  events_.refuse = false;
+  EXPECT_EQ(SendMessageW(window_.Hwnd(), WM_QUERYENDSESSION, 0, 0), TRUE);
+  SendMessageW(window_.Hwnd(), WM_ENDSESSION, TRUE, 0);
+  EXPECT_EQ(events_.unloads, 1);
+}
+
+TEST_F(MainWindowTest, SelectionChangesOfOneWriteComeAsOneEventBehindIt) {
+  gate_.Deliver([this] {
+    const MainWindow face = window_.Face();
+    ViewOf(face).Text(u"abc");
+    ViewOf(face).SelStart(1);
+    ViewOf(face).SelLength(2);
+    EXPECT_EQ(events_.selection_changes, 0) << "let in by a write";
+  });
+  gate_.DeliverWaiting();
+  EXPECT_EQ(events_.selection_changes, 1);
+}
+
+TEST_F(MainWindowTest, RightButtonAndMenuKeyAskForThePopUp) {
+  const HWND view = Child(RTB_MainView);
+  SendMessageW(view, WM_RBUTTONUP, 0, MAKELPARAM(5, 5));
+  EXPECT_EQ(events_.context_menus, 1);
+  SendMessageW(view, WM_CONTEXTMENU, reinterpret_cast<WPARAM>(view), MAKELPARAM(5, 5));
+  EXPECT_EQ(events_.context_menus, 1) << "the button counted twice";
+  SendMessageW(view, WM_CONTEXTMENU, reinterpret_cast<WPARAM>(view), -1);
+  EXPECT_EQ(events_.context_menus, 2);
+}
+
+TEST_F(MainWindowTest, UnloadedFormsAreGone) {
+  workers_.FormBG_29.Enabled(true);
+  OtherFormsOf(window_.Face()).Unload(OtherForm::FormBG_29);
+  EXPECT_FALSE(workers_.FormBG_29.Enabled());
+  OtherFormsOf(window_.Face()).Unload(OtherForm::Form2);
+  EXPECT_EQ(splash_.Hwnd(), nullptr);
+  OtherFormsOf(window_.Face()).Unload(OtherForm::Form2);
+  OtherFormsOf(window_.Face()).Unload(OtherForm::FormHelp);
+}
+
+TEST_F(MainWindowTest, NothingIsClippedOrLiesOverAnotherAtTheSmallestSize) {
+  const Dpi dpi;
+  SetWindowPos(window_.Hwnd(), nullptr, 0, 0, 1, 1, SWP_NOMOVE | SWP_NOZORDER);
+  RECT client{};
+  GetClientRect(window_.Hwnd(), &client);
+  EXPECT_GE(client.right, dpi.Pixels(kSmallestClient.cx)) << "smaller than the minimum";
+
+  std::vector<RECT> taken;
+  for (HWND child = GetWindow(window_.Hwnd(), GW_CHILD); child != nullptr;
+       child = GetWindow(child, GW_HWNDNEXT)) {
+    RECT bounds{};
+    GetWindowRect(child, &bounds);
+    MapWindowPoints(nullptr, window_.Hwnd(), reinterpret_cast<POINT*>(&bounds), 2);
+    const int id = GetDlgCtrlID(child);
+    EXPECT_GE(bounds.left, 0) << id;
+    EXPECT_LE(bounds.right, client.right) << id;
+    EXPECT_LE(bounds.bottom, client.bottom) << id;
+    EXPECT_GT(bounds.right - bounds.left, dpi.Pixels(40)) << id;
+    for (const RECT& other : taken) {
+      RECT common{};
+      EXPECT_FALSE(IntersectRect(&common, &bounds, &other)) << id;
+    }
+    taken.push_back(bounds);
+
+    const String text = WindowText(child);
+    const HDC context = GetDC(child);
+    const HGDIOBJ before =
+        SelectObject(context, reinterpret_cast<HFONT>(SendMessageW(child, WM_GETFONT, 0, 0)));
+    SIZE size{};
+    GetTextExtentPoint32W(context, WideData(StringView(text)), static_cast<int>(text.size()),
+                          &size);
+    SelectObject(context, before);
+    ReleaseDC(child, context);
+    EXPECT_LE(size.cx, bounds.right - bounds.left) << id;
+    EXPECT_LE(size.cy, bounds.bottom - bounds.top) << id;
+  }
+  EXPECT_EQ(taken.size(), 16U);
+}
+
+TEST_F(MainWindowTest, TheViewTakesWhatALargerWindowGives) {
+  SetWindowPos(window_.Hwnd(), nullptr, 0, 0, 1000, 700, SWP_NOMOVE | SWP_NOZORDER);
+  RECT small{};
+  GetClientRect(Child(RTB_MainView), &small);
+  SetWindowPos(window_.Hwnd(), nullptr, 0, 0, 1100, 900, SWP_NOMOVE | SWP_NOZORDER);
+  RECT large{};
+  GetClientRect(Child(RTB_MainView), &large);
+  EXPECT_EQ(large.right - small.right, 100);
+  EXPECT_EQ(large.bottom - small.bottom, 200);
+}
+
+TEST_F(MainWindowTest, ProgressUncoversTheTrackFromTheLeft) {
+  const HWND track = GetDlgItem(splash_.Hwnd(), Pic_ProgressBar_0);
+  const HWND cover = GetDlgItem(track, Pic_ProgressBar_1);
+  RECT bounds{};
+  GetClientRect(track, &bounds);
+  for (const double fraction : {0.0, 0.15, 0.45, 1.0}) {
+    splash_.Progress(fraction);
+    POINT corner{0, 0};
+    MapWindowPoints(cover, track, &corner, 1);
+    EXPECT_NEAR(corner.x, bounds.right * fraction, 0.5) << fraction;
+  }
+}
+
+}  // namespace
+}  // namespace tolvane::platform::windows

@@ -1,0 +1,97 @@
+// The built program's resources, read back: Japanese text gets lost without an error when the
+// resource compiler takes the file for something else than UTF-8.
+#include <gtest/gtest.h>
+
+#include "platform/windows/file_services.h"
+#include "platform/windows/handle.h"
+#include "platform/windows/resources/resource.h"
+#include "platform/windows/text.h"
+
+namespace tolvane::platform::windows {
+namespace {
+
+class Resources : public testing::Test {
+ protected:
+  void SetUp() override { ASSERT_TRUE(program_) << "Tolvane.exe is not built"; }
+
+  static String ItemText(HMENU menu, UINT item, UINT by) {
+    String text(200, u'\0');
+    const int length =
+        GetMenuStringW(menu, item, WideData(text), static_cast<int>(text.size()), by);
+    text.resize(static_cast<std::size_t>(length));
+    return text;
+  }
+
+  ModuleHandle program_{
+      LoadLibraryExW(Wide(ExecutableFolder() + u"\\..\\..\\..\\program\\Tolvane.exe"), nullptr,
+                     LOAD_LIBRARY_AS_DATAFILE | LOAD_LIBRARY_AS_IMAGE_RESOURCE)};
+};
+
+TEST_F(Resources, MenuBarHasItsTexts) {
+  const MenuHandle menu(LoadMenuW(program_.Get(), MAKEINTRESOURCEW(MENU_MAIN)));
+  ASSERT_TRUE(menu);
+  EXPECT_EQ(ItemText(menu.Get(), 0, MF_BYPOSITION), u"ファイル(&F)");
+  EXPECT_EQ(ItemText(menu.Get(), 1, MF_BYPOSITION), u"ツール(&T)");
+  EXPECT_EQ(ItemText(menu.Get(), 2, MF_BYPOSITION), u"ヘルプ(&H)");
+  EXPECT_EQ(ItemText(menu.Get(), menu_file_close, MF_BYCOMMAND), u"終了(&X)");
+  EXPECT_EQ(ItemText(menu.Get(), menu_common_setting, MF_BYCOMMAND), u"共通設定(&S)");
+  EXPECT_EQ(ItemText(menu.Get(), menu_opt_function1, MF_BYCOMMAND), u"拡張機能１");
+  EXPECT_EQ(ItemText(menu.Get(), menu_opt_log1, MF_BYCOMMAND), u"ログ機能");
+  EXPECT_EQ(ItemText(menu.Get(), menu_help_version, MF_BYCOMMAND), u"バージョン情報(&A)");
+}
+
+TEST_F(Resources, PopUpHasItsItemsInOrder) {
+  const MenuHandle menu(LoadMenuW(program_.Get(), MAKEINTRESOURCEW(MENU_VIEW)));
+  const HMENU items = GetSubMenu(menu.Get(), 0);
+  const struct {
+    UINT id;
+    StringView text;
+  } rows[] = {{menu_View_All_Copy, u"すべてコピー"},
+              {menu_View_Ctrl_Z, u"元に戻す(&U)"},
+              {0, u""},
+              {menu_View_Ctrl_X, u"切り取り(&T)"},
+              {menu_View_Ctrl_C, u"コピー(&C)"},
+              {menu_View_Ctrl_V, u"貼り付け(&P)"},
+              {menu_View_DEL, u"削除(&D)"},
+              {0, u""},
+              {menu_View_Text_Red, u"赤字"},
+              {menu_View_Text_Blue, u"青字"},
+              {menu_View_Text_Black, u"黒字"},
+              {menu_View_Marker_Pink, u"マーカー ピンク"},
+              {menu_View_Marker_Yellow, u"マーカー 黄"},
+              {menu_View_Marker_black, u"マーカー 黒"},
+              {menu_View_Marker_white, u"マーカー 白"},
+              {0, u""},
+              {menu_View_Date, u"日時を挿入"}};
+  ASSERT_EQ(GetMenuItemCount(items), static_cast<int>(std::size(rows)));
+  for (UINT place = 0; place < std::size(rows); ++place) {
+    EXPECT_EQ(GetMenuItemID(items, static_cast<int>(place)), rows[place].id) << place;
+    EXPECT_EQ(ItemText(items, place, MF_BYPOSITION), rows[place].text) << place;
+  }
+}
+
+TEST_F(Resources, HelpTextsBeginWithTheirHeadings) {
+  const struct {
+    UINT id;
+    StringView heading;
+  } rows[] = {{101, u"- 共通設定 -"}, {102, u"- 拡張機能１ -"}, {103, u"- ログ機能 -"}};
+  for (const auto& row : rows) {
+    const wchar_t* text = nullptr;
+    const int length = LoadStringW(program_.Get(), row.id, reinterpret_cast<wchar_t*>(&text), 0);
+    ASSERT_GT(length, 100) << row.id;
+    EXPECT_EQ(FromWide(text, row.heading.size()), row.heading) << row.id;
+  }
+}
+
+TEST_F(Resources, IconsComeInTheSizesOfEachResolution) {
+  for (const int id : {ICON_TOLVANE, ICON_CAUTION, ICON_SPLASH}) {
+    const HRSRC group = FindResourceW(program_.Get(), MAKEINTRESOURCEW(id), RT_GROUP_ICON);
+    ASSERT_NE(group, nullptr) << id;
+    const auto* header =
+        static_cast<const WORD*>(LockResource(LoadResource(program_.Get(), group)));
+    EXPECT_GE(header[2], 4) << id;
+  }
+}
+
+}  // namespace
+}  // namespace tolvane::platform::windows

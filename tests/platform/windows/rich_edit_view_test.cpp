@@ -1,0 +1,230 @@
+#include "platform/windows/rich_edit_view.h"
+
+#include <gtest/gtest.h>
+
+#include "platform/windows/code_page.h"
+#include "tests/platform/windows/scratch_folder.h"
+
+namespace tolvane::platform::windows {
+namespace {
+
+class RichEdit : public testing::Test {
+ protected:
+  void SetUp() override {
+    parent_ = CreateWindowExW(0, WC_STATICW, L"", WS_OVERLAPPED, 0, 0, 600, 400, nullptr, nullptr,
+                              GetModuleHandleW(nullptr), nullptr);
+    ASSERT_TRUE(view_.Create(
+        parent_, 1, [this] { ++selection_changes_; }, [](bool) {}));
+    MoveWindow(view_.Hwnd(), 0, 0, 500, 300, FALSE);
+  }
+  void TearDown() override { DestroyWindow(parent_); }
+
+  /// Format of the character at a page position.
+  CHARFORMAT2W FormatAt(std::int32_t position) {
+    view_.SelStart(position);
+    view_.SelLength(1);
+    CHARFORMAT2W format{};
+    format.cbSize = sizeof(format);
+    SendMessageW(view_.Hwnd(), EM_GETCHARFORMAT, SCF_SELECTION, reinterpret_cast<LPARAM>(&format));
+    return format;
+  }
+  COLORREF ColourAt(std::int32_t position) {
+    const CHARFORMAT2W format = FormatAt(position);
+    return (format.dwEffects & CFE_AUTOCOLOR) != 0 ? 0 : format.crTextColor;
+  }
+
+  static std::unique_ptr<RichTextPage> Page(StringView text) {
+    auto page = std::make_unique<RichTextPage>();
+    page->text = text;
+    return page;
+  }
+
+  WindowsCodePage code_page_;
+  RichEditView view_{code_page_};
+  HWND parent_ = nullptr;
+  int selection_changes_ = 0;
+};
+
+TEST_F(RichEdit, TextComesBackWithItsLineEnds) {
+  view_.Text(u"ID  DLC\r\n1A0\r\n受信除外\r\n");
+  EXPECT_EQ(view_.Text(), u"ID  DLC\r\n1A0\r\n受信除外\r\n");
+  view_.Text(u"");
+  EXPECT_EQ(view_.Text(), u"");
+}
+
+TEST_F(RichEdit, SelectionCountsALineEndAsTwo) {
+  view_.Text(u"ab\r\ncd\r\nef");
+  view_.SelStart(8);
+  view_.SelLength(2);
+  EXPECT_EQ(view_.SelText(), u"ef");
+  view_.SelStart(1);
+  view_.SelLength(6);
+  EXPECT_EQ(view_.SelText(), u"b\r\ncd");
+  EXPECT_EQ(view_.SelLength(), 5) << "a cut inside a line end takes none of it";
+}
+
+TEST_F(RichEdit, PositionsOutsideTheTextAreTakenToItsEnds) {
+  view_.Text(u"ab");
+  view_.SelStart(-5);
+  view_.SelLength(-1);
+  EXPECT_EQ(view_.SelLength(), 0);
+  view_.SelStart(1000);
+  view_.SelLength(1000);
+  EXPECT_EQ(view_.SelLength(), 0);
+  view_.SelStart(1);
+  view_.SelLength(0x7FFFFFFF);
+  EXPECT_EQ(view_.SelText(), u"b");
+}
+
+TEST_F(RichEdit, ColoursOnlyTheSelection) {
+  view_.Text(u"ab\r\ncd");
+  view_.SelStart(4);
+  view_.SelLength(1);
+  view_.SelColor(0x0000FF);
+  view_.SelBackColor(0xF8D3FF);
+  EXPECT_EQ(ColourAt(4), 0x0000FFU);
+  EXPECT_EQ(FormatAt(4).crBackColor, 0xF8D3FFU);
+  EXPECT_EQ(FormatAt(4).dwEffects & CFE_AUTOBACKCOLOR, 0U);
+  EXPECT_EQ(ColourAt(5), 0U);
+  EXPECT_NE(FormatAt(5).dwEffects & CFE_AUTOBACKCOLOR, 0U);
+}
+
+TEST_F(RichEdit, SwappedPageStandsWithItsColoursAndSelectionAtTheTop) {
+  auto page = Page(u"ID\r\n1A0  01 02\r\n1A1  03 04\r\n");
+  page->colours.Paint(21, 23, 0x0000FF);
+  page->backgrounds.Paint(9, 11, 0x80FFFF);
+  view_.SwapPage(page);
+  ASSERT_NE(page, nullptr);
+  EXPECT_EQ(view_.Text(), u"ID\r\n1A0  01 02\r\n1A1  03 04\r\n");
+  EXPECT_EQ(view_.SelLength(), 0);
+  EXPECT_EQ(ColourAt(20), 0U);
+  EXPECT_EQ(ColourAt(21), 0x0000FFU);
+  EXPECT_EQ(ColourAt(22), 0x0000FFU);
+  EXPECT_EQ(ColourAt(23), 0U);
+  EXPECT_EQ(FormatAt(9).crBackColor, 0x80FFFFU);
+  EXPECT_FALSE(view_.CanUndo());
+}
+
+TEST_F(RichEdit, SwapScrollsToTheFirstLineAndDropsOldColours) {
+  String lines;
+  for (int i = 0; i < 200; ++i) lines += u"line\r\n";
+  auto page = Page(lines);
+  page->colours.Paint(0, 4, 0x0000FF);
+  view_.SwapPage(page);
+  view_.ScrollToEnd();
+  ASSERT_GT(SendMessageW(view_.Hwnd(), EM_GETFIRSTVISIBLELINE, 0, 0), 0);
+  page = Page(lines);
+  view_.SwapPage(page);
+  EXPECT_EQ(SendMessageW(view_.Hwnd(), EM_GETFIRSTVISIBLELINE, 0, 0), 0);
+  EXPECT_EQ(ColourAt(0), 0U);
+}
+
+TEST_F(RichEdit, LongLinesAreNotWrapped) {
+  view_.Text(String(2000, u'x') + u"\r\nend");
+  EXPECT_EQ(SendMessageW(view_.Hwnd(), EM_GETLINECOUNT, 0, 0), 2);
+}
+
+TEST_F(RichEdit, HoldsFarMoreThanAFullPage) {
+  const String text(300000, u'x');
+  auto page = Page(text);
+  view_.SwapPage(page);
+  EXPECT_EQ(view_.Text().size(), text.size());
+}
+
+TEST_F(RichEdit, LockStopsTheUserAndNotTheProgram) {
+  view_.Locked(true);
+  EXPECT_TRUE(view_.Locked());
+  EXPECT_NE(GetWindowLongPtrW(view_.Hwnd(), GWL_STYLE) & ES_READONLY, 0);
+  view_.Text(u"page");
+  view_.SelStart(0);
+  view_.SelLength(4);
+  view_.SelColor(0xFF0000);
+  EXPECT_EQ(ColourAt(0), 0xFF0000U);
+  view_.SelText(u"more");
+  EXPECT_EQ(view_.Text(), u"moreage");
+  SendMessageW(view_.Hwnd(), WM_CHAR, L'x', 0);
+  EXPECT_EQ(view_.Text(), u"moreage");
+  EXPECT_NE(GetWindowLongPtrW(view_.Hwnd(), GWL_STYLE) & ES_READONLY, 0);
+}
+
+TEST_F(RichEdit, UndoTakesBackAReplacedSelection) {
+  view_.Text(u"ab");
+  EXPECT_FALSE(view_.CanUndo());
+  view_.SelStart(1);
+  view_.SelText(u"X");
+  ASSERT_TRUE(view_.CanUndo());
+  view_.Undo();
+  EXPECT_EQ(view_.Text(), u"ab");
+}
+
+TEST_F(RichEdit, RichTextCarriesColoursFromHereToHere) {
+  view_.Text(u"色つき");
+  view_.SelStart(0);
+  view_.SelLength(1);
+  view_.SelColor(0x0000FF);
+  const String rtf = view_.TextRTF();
+  EXPECT_EQ(rtf.substr(0, 5), u"{\\rtf");
+  view_.Text(u"gone");
+  view_.TextRTF(rtf);
+  EXPECT_EQ(view_.Text().substr(0, 3), u"色つき");
+  EXPECT_EQ(ColourAt(0), 0x0000FFU);
+  view_.SelStart(1);
+  view_.SelLength(1);
+  EXPECT_NE(view_.SelRTF().find(u"{\\rtf"), String::npos);
+}
+
+TEST_F(RichEdit, SavesAndLoadsRichText) {
+  const ScratchFolder folder;
+  auto page = Page(u"1A0  01\r\n");
+  page->colours.Paint(5, 7, 0x0000FF);
+  view_.SwapPage(page);
+  ASSERT_TRUE(view_.SaveFile(folder / u"lglist.dat", RichTextView::FileFormat::kRichText));
+  view_.Text(u"");
+  ASSERT_TRUE(view_.LoadFile(folder / u"lglist.dat"));
+  EXPECT_EQ(view_.Text().substr(0, 7), u"1A0  01");
+  EXPECT_EQ(ColourAt(5), 0x0000FFU);
+}
+
+TEST_F(RichEdit, SavesPlainTextInTheCodePage) {
+  const ScratchFolder folder;
+  view_.Text(u"a\r\n\U0001F697\r\n");
+  ASSERT_TRUE(view_.SaveFile(folder / u"KS.txt", RichTextView::FileFormat::kPlainText));
+  EXPECT_EQ(folder.Content(u"KS.txt"), "a\r\n?\r\n");
+  EXPECT_FALSE(view_.SaveFile(folder / u"none\\KS.txt", RichTextView::FileFormat::kPlainText));
+}
+
+TEST_F(RichEdit, AFileThatIsNoRichTextLeavesTheContent) {
+  const ScratchFolder folder;
+  ASSERT_TRUE(folder.Put(u"lglist.dat", "\xFF\xFE broken"));
+  view_.Text(u"kept");
+  EXPECT_FALSE(view_.LoadFile(folder / u"lglist.dat"));
+  EXPECT_FALSE(view_.LoadFile(folder / u"missing.dat"));
+  EXPECT_EQ(view_.Text(), u"kept");
+}
+
+TEST_F(RichEdit, TellsASelectionThatAWriteMovedOnce) {
+  view_.Text(u"abc");
+  selection_changes_ = 0;
+  view_.SelStart(1);
+  EXPECT_EQ(selection_changes_, 1);
+  view_.SelText(u"");
+  EXPECT_EQ(selection_changes_, 1) << "nothing was selected, nothing moved";
+  auto page = Page(u"page");
+  view_.SwapPage(page);
+  EXPECT_EQ(selection_changes_, 2);
+  view_.SwapPage(page);
+  EXPECT_EQ(selection_changes_, 2);
+}
+
+TEST_F(RichEdit, TabLeavesTheViewAndEveryOtherKeyStays) {
+  MSG tab{};
+  tab.message = WM_KEYDOWN;
+  tab.wParam = VK_TAB;
+  const auto code =
+      SendMessageW(view_.Hwnd(), WM_GETDLGCODE, VK_TAB, reinterpret_cast<LPARAM>(&tab));
+  EXPECT_EQ(code & (DLGC_WANTTAB | DLGC_WANTALLKEYS), 0);
+  EXPECT_NE(SendMessageW(view_.Hwnd(), WM_GETDLGCODE, 0, 0) & DLGC_WANTALLKEYS, 0);
+}
+
+}  // namespace
+}  // namespace tolvane::platform::windows

@@ -1,0 +1,83 @@
+#include "platform/windows/timer.h"
+
+#include <gtest/gtest.h>
+
+#include "tests/platform/windows/pump.h"
+
+namespace tolvane::platform::windows {
+namespace {
+
+constexpr std::int32_t kInterval = 30;  // ms
+
+class WorkerTimer : public testing::Test {
+ protected:
+  WorkerTimer() {
+    timer_.OnTick([this] { ++ticks_; });
+  }
+
+  EventGate gate_;
+  WindowsEventLoop loop_{gate_};
+  WorkerWindow timer_{gate_, GetModuleHandleW(nullptr), kInterval};
+  int ticks_ = 0;
+};
+
+TEST_F(WorkerTimer, StartsDisabledAndThenTicksAgainAndAgain) {
+  EXPECT_FALSE(timer_.Enabled());
+  EXPECT_EQ(timer_.Interval(), kInterval);
+  PumpFor(loop_, 100);
+  EXPECT_EQ(ticks_, 0);
+  timer_.Enabled(true);
+  EXPECT_TRUE(PumpUntil(loop_, [this] { return ticks_ >= 3; }));
+}
+
+TEST_F(WorkerTimer, DisabledDropsTheTickThatIsDue) {
+  timer_.Enabled(true);
+  // The tick falls due while nobody yields.
+  const ULONGLONG due = GetTickCount64() + 3 * kInterval;
+  while (GetTickCount64() < due) {
+  }
+  timer_.Enabled(false);
+  PumpFor(loop_, 100);
+  EXPECT_EQ(ticks_, 0);
+}
+
+TEST_F(WorkerTimer, EnablingAgainStartsAWholeNewPeriod) {
+  timer_.Enabled(true);
+  const ULONGLONG due = GetTickCount64() + 3 * kInterval;
+  while (GetTickCount64() < due) {
+  }
+  timer_.Enabled(false);
+  timer_.Enabled(true);
+  loop_.YieldToEvents();
+  EXPECT_EQ(ticks_, 0) << "the old period's tick came through";
+  EXPECT_TRUE(PumpUntil(loop_, [this] { return ticks_ > 0; }));
+}
+
+TEST_F(WorkerTimer, WaitsForTheYieldWhenSomethingElsePumpsDuringAHandler) {
+  timer_.Enabled(true);
+  gate_.Deliver([this] {
+    // What an automation call does: hands out messages without opening the gate.
+    const ULONGLONG end = GetTickCount64() + 5 * kInterval;
+    MSG message;
+    while (GetTickCount64() < end) {
+      if (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) DispatchMessageW(&message);
+    }
+    EXPECT_EQ(ticks_, 0);
+    loop_.YieldToEvents();
+    EXPECT_GE(ticks_, 1);
+    EXPECT_LE(ticks_, 2) << "held ticks must not pile up";
+  });
+}
+
+TEST_F(WorkerTimer, NeverTicksAgainOnceItsWindowIsGone) {
+  timer_.Enabled(true);
+  timer_.Destroy();
+  EXPECT_FALSE(timer_.Enabled());
+  timer_.Enabled(true);
+  EXPECT_FALSE(timer_.Enabled());
+  PumpFor(loop_, 100);
+  EXPECT_EQ(ticks_, 0);
+}
+
+}  // namespace
+}  // namespace tolvane::platform::windows
