@@ -210,13 +210,8 @@ std::int32_t CanlibBench::canRead(std::int32_t handle, std::int32_t& id,
   return OnChannel("canRead", handle, [&](Channel& channel) {
     if (channel.tap == nullptr) return kNoMessage;
     BusFrame frame;
-    switch (channel.tap->Read(frame)) {
-      case BusTap::Result::kEmpty:
-        return kNoMessage;
-      case BusTap::Result::kPulled:
-        return kHardware;
-      case BusTap::Result::kDelivered:
-        break;
+    if (const auto failure = ReadFailure(*channel.tap, frame, kNoMessage, kHardware)) {
+      return *failure;
     }
     const AdapterPlan& plan = channel.plan->adapter;
     id = DeliveredId(plan, frame);

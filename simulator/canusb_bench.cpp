@@ -115,13 +115,8 @@ std::int32_t CanusbBench::canusb_Read(std::int32_t handle, platform::CanusbMessa
   if (adapter == nullptr) return kNotOpen;
   if (const auto scripted = adapter->script.Next("canusb_Read")) return *scripted;
   BusFrame frame;
-  switch (adapter->tap->Read(frame)) {
-    case BusTap::Result::kEmpty:
-      return kNoMessage;
-    case BusTap::Result::kPulled:
-      return kCommandSubsystem;
-    case BusTap::Result::kDelivered:
-      break;
+  if (const auto failure = ReadFailure(*adapter->tap, frame, kNoMessage, kCommandSubsystem)) {
+    return *failure;
   }
   const AdapterPlan& plan = adapter->plan->adapter;
   message.id = DeliveredId(plan, frame);

@@ -1,11 +1,21 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 
 #include "simulator/bench_config.h"
 #include "simulator/bus_frame.h"
+#include "simulator/bus_tap.h"
 
 namespace tolvane::simulator {
+
+/// Reads a frame; without one, which of the library's codes tells why.
+inline std::optional<std::int32_t> ReadFailure(BusTap& tap, BusFrame& frame, std::int32_t empty,
+                                               std::int32_t pulled) {
+  const BusTap::Result result = tap.Read(frame);
+  if (result == BusTap::Result::kDelivered) return std::nullopt;
+  return result == BusTap::Result::kEmpty ? empty : pulled;
+}
 
 /// The length byte that the adapter gives out.
 inline std::uint8_t DeliveredDlc(const AdapterPlan& plan, const BusFrame& frame) {

@@ -131,13 +131,8 @@ std::int32_t IfcanBench::CanReceiveMessage(std::int32_t handle, platform::IfcanM
   return OnPort("CanReceiveMessage", handle, [&](Port& port) {
     if (port.tap == nullptr) return kBufferIsEmpty;
     BusFrame frame;
-    switch (port.tap->Read(frame)) {
-      case BusTap::Result::kEmpty:
-        return kBufferIsEmpty;
-      case BusTap::Result::kPulled:
-        return kUsbioFailed;
-      case BusTap::Result::kDelivered:
-        break;
+    if (const auto failure = ReadFailure(*port.tap, frame, kBufferIsEmpty, kUsbioFailed)) {
+      return *failure;
     }
     const AdapterPlan& plan = port.plan->adapter;
     message.dlc = DeliveredDlc(plan, frame);
