@@ -1,0 +1,46 @@
+#pragma once
+
+#include <filesystem>
+#include <fstream>
+#include <string>
+#include <string_view>
+
+#include "simulator/office/value.h"
+
+namespace tolvane::office {
+
+/// The text file of everything that clients did, in UTF-8, one line each, written through at once.
+/// Several servers may append to one file.
+///
+///   line  = "create" name | "get" member | "put" member "=" value | "call" member
+///         | "name" member | "script" text | "end"
+///   member = object "." member-name [ "(" value { ", " value } ")" ]
+///   value  = "True" | "False" | number | text in quotes, a quote doubled | object | list
+///   list   = "table(" rows "x" columns ")" and its texts up to 64, else "crc=" 8 hex digits
+///
+/// A line of something that failed ends with " ! " and the HRESULT in 8 hex digits. The checksum is
+/// CRC-32 over the texts in UTF-8, row by row, a zero byte behind each.
+class Record {
+ public:
+  Record() = default;  // keeps nothing
+  explicit Record(const std::filesystem::path& path);
+
+  void Line(std::string_view line);
+
+ private:
+  std::ofstream file_;
+};
+
+std::string ValueText(const Value& value);
+
+/// "get ActiveSheet.Range("A1")" and the like; see the grammar above.
+std::string OperationText(const Object& object, Verb verb, StringView member,
+                          const Arguments& arguments);
+
+/// " ! 800A03EC", or nothing for kDone.
+std::string ResultText(std::uint32_t result);
+
+/// "ActiveSheet.cells(1, 2)".
+std::string MemberText(const Object& object, StringView member, const Arguments& arguments);
+
+}  // namespace tolvane::office

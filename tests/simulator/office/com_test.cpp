@@ -1,0 +1,214 @@
+// The stand-in as a process of its own: registered, created by name, driven across processes.
+#include <windows.h>
+
+#include <gtest/gtest.h>
+#include <tlhelp32.h>
+
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <string>
+
+#include "tests/simulator/office/com_client.h"
+#include "tests/simulator/office/direct_client.h"
+
+namespace tolvane::office {
+namespace {
+
+using Handle = SampleClient::Handle;
+
+constexpr wchar_t kExcel[] = L"Excel.Application";
+
+std::filesystem::path Program() { return std::filesystem::path(TOLVANE_OFFICE_EXE); }
+
+std::wstring Quoted(const std::wstring& text) { return L"\"" + text + L"\""; }
+
+/// The exit code of the stand-in run with these words.
+DWORD RunStandIn(const std::wstring& words) {
+  std::wstring line = Quoted(Program().wstring()) + L" " + words;
+  STARTUPINFOW startup{};
+  startup.cb = sizeof startup;
+  PROCESS_INFORMATION process{};
+  if (CreateProcessW(nullptr, line.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &startup,
+                     &process) == FALSE) {
+    return 0xFFFFFFFF;
+  }
+  WaitForSingleObject(process.hProcess, 30'000);
+  DWORD code = 0;
+  GetExitCodeProcess(process.hProcess, &code);
+  CloseHandle(process.hThread);
+  CloseHandle(process.hProcess);
+  return code;
+}
+
+int RunningServers() {
+  const HANDLE processes = CreateToolhelp32Snapshot(TH32CS_SNAPPROCESS, 0);
+  PROCESSENTRY32W entry{};
+  entry.dwSize = sizeof entry;
+  int count = 0;
+  for (BOOL more = Process32FirstW(processes, &entry); more != FALSE;
+       more = Process32NextW(processes, &entry)) {
+    if (lstrcmpiW(entry.szExeFile, Program().filename().c_str()) == 0) ++count;
+  }
+  CloseHandle(processes);
+  return count;
+}
+
+/// True when all servers are gone within ten seconds.
+bool ServersEnd() {
+  for (int tries = 0; tries < 100 && RunningServers() != 0; ++tries) Sleep(100);
+  return RunningServers() == 0;
+}
+
+class OfficeProcess : public testing::Test {
+ protected:
+  OfficeProcess() {
+    std::filesystem::remove_all(folder_);
+    std::filesystem::create_directories(folder_);
+    SetEnvironmentVariableW(L"TOLVANE_OFFICE_RECORD", (folder_ / "record.txt").c_str());
+    SetEnvironmentVariableW(L"TOLVANE_OFFICE_SCRIPT", (folder_ / "script.ini").c_str());
+    CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED);
+  }
+  ~OfficeProcess() override {
+    CoUninitialize();
+    RunStandIn(L"/unregister Excel.Application Ket.Application Access.Application");
+    std::error_code error;
+    std::filesystem::remove_all(folder_, error);
+  }
+
+  std::string Read(const char* name) const {
+    std::ifstream file(folder_ / name, std::ios::binary);
+    return {std::istreambuf_iterator<char>(file), {}};
+  }
+  void WriteScript(const char* text) const {
+    std::ofstream(folder_ / "script.ini") << "[office]\n" << text;
+  }
+  String Path(const char* name) const { return (folder_ / name).u16string(); }
+
+  const std::filesystem::path folder_ =
+      std::filesystem::temp_directory_path() / "tolvane_office_process";
+};
+
+TEST_F(OfficeProcess, AnswersTheVersionUnderEachNameAndEndsWithItsLastClient) {
+  ASSERT_EQ(
+      RunStandIn(L"/register Excel.Application --version 16.0 Ket.Application --version \"9 x\" "
+                 L"Access.Application --version \"\""),
+      0U);
+  struct Row {
+    const wchar_t* name;
+    const char16_t* version;
+  };
+  for (const Row& row :
+       {Row{kExcel, u"16.0"}, Row{L"Ket.Application", u"9 x"}, Row{L"Access.Application", u""}}) {
+    ComClient client(row.name);
+    ASSERT_EQ(client.Created(), S_OK);
+    EXPECT_EQ(client.GetText(kProgram, u"version"), row.version);
+    EXPECT_TRUE(client.failures.empty());
+    EXPECT_EQ(RunningServers(), 1);
+    client.Release();
+    EXPECT_TRUE(ServersEnd());
+  }
+  EXPECT_EQ(Read("record.txt"),
+            "create Excel.Application\nget Version\nend\n"
+            "create Ket.Application\nget Version\nend\n"
+            "create Access.Application\nget Version\nend\n");
+}
+
+TEST_F(OfficeProcess, AFlushAcrossProcessesGivesTheBytesOfOneInside) {
+  ASSERT_EQ(RunStandIn(L"/register Excel.Application"), 0U);
+  for (const VARTYPE element : {VT_BSTR, VT_VARIANT}) {
+    ComClient client(kExcel, element);
+    ASSERT_EQ(client.Created(), S_OK);
+    client.Put(kProgram, u"Visible", false);
+    client.Put(client.Get(kProgram, u"Application", {}), u"DisplayAlerts", false);
+    const ULONGLONG start = GetTickCount64();
+    WriteSampleBook(client, Path("outside.xlsx"), 51, 20'001);
+    const ULONGLONG middle = GetTickCount64();
+    WriteSampleBook(client, Path("outside.xls"), 0, 20'001);
+    std::printf("element type %d: .xlsx %llu ms, .xls %llu ms\n", element, middle - start,
+                GetTickCount64() - middle);
+    EXPECT_TRUE(client.failures.empty());
+    client.Call(kProgram, u"Quit", {}, {});
+    client.Release();
+
+    Record record;
+    Server server(u"Excel.Application", u"16.0", Script{}, record);
+    DirectClient inside(server);
+    inside.Put(kProgram, u"DisplayAlerts", false);
+    WriteSampleBook(inside, Path("inside.xlsx"), 51, 20'001);
+    WriteSampleBook(inside, Path("inside.xls"), 0, 20'001);
+    ASSERT_GT(Read("inside.xlsx").size(), 1'000'000U);
+    EXPECT_TRUE(Read("outside.xlsx") == Read("inside.xlsx")) << element;
+    EXPECT_TRUE(Read("outside.xls") == Read("inside.xls")) << element;
+    EXPECT_TRUE(ServersEnd());
+  }
+}
+
+TEST_F(OfficeProcess, AScriptedFailureReachesTheClientAsAnException) {
+  ASSERT_EQ(RunStandIn(L"/register Excel.Application"), 0U);
+  WriteScript("fail_at = 2\n");
+  ComClient client(kExcel);
+  ASSERT_EQ(client.Created(), S_OK);
+  client.Put(kProgram, u"Visible", false);
+  EXPECT_TRUE(client.failures.empty());
+  client.Put(kProgram, u"Interactive", false);
+  EXPECT_EQ(client.failures, std::vector<HRESULT>{static_cast<HRESULT>(kRefused)});
+  client.Put(kProgram, u"Interactive", false);
+  EXPECT_EQ(client.failures.size(), 1U);
+}
+
+TEST_F(OfficeProcess, AnUnknownNameIsToldAsSuch) {
+  ASSERT_EQ(RunStandIn(L"/register Excel.Application"), 0U);
+  ComClient client(kExcel);
+  ASSERT_EQ(client.Created(), S_OK);
+  client.Call(kProgram, u"Calculate", {}, {});
+  EXPECT_EQ(client.failures, std::vector<HRESULT>{DISP_E_UNKNOWNNAME});
+}
+
+TEST_F(OfficeProcess, ARefusedCreationFailsAndLeavesNoProcess) {
+  ASSERT_EQ(RunStandIn(L"/register Excel.Application"), 0U);
+  WriteScript("fail_creation = 1\n");
+  ComClient client(kExcel);
+  EXPECT_TRUE(FAILED(client.Created()));
+  EXPECT_TRUE(ServersEnd());
+}
+
+TEST_F(OfficeProcess, EndsSoonAfterQuitThoughTheClientHoldsOn) {
+  ASSERT_EQ(RunStandIn(L"/register Excel.Application"), 0U);
+  ComClient client(kExcel);
+  ASSERT_EQ(client.Created(), S_OK);
+  client.Call(kProgram, u"Quit", {}, {});
+  EXPECT_TRUE(client.failures.empty());
+  EXPECT_TRUE(ServersEnd());
+}
+
+TEST_F(OfficeProcess, AnUnregisteredNameIsNotThere) {
+  ASSERT_EQ(RunStandIn(L"/register Excel.Application"), 0U);
+  ASSERT_EQ(RunStandIn(L"/unregister Excel.Application"), 0U);
+  ComClient client(kExcel);
+  EXPECT_TRUE(FAILED(client.Created()));
+}
+
+TEST_F(OfficeProcess, ANameOfAnotherProgramIsLeftAlone) {
+  constexpr wchar_t kForeign[] = L"{00000000-1111-2222-3333-444444444444}";
+  RegSetKeyValueW(HKEY_CLASSES_ROOT, L"Ket.Application\\CLSID", nullptr, REG_SZ, kForeign,
+                  sizeof kForeign);
+  EXPECT_EQ(RunStandIn(L"/register Ket.Application"), 1U);
+  EXPECT_EQ(RunStandIn(L"/unregister Ket.Application"), 1U);
+  wchar_t owner[64] = L"";
+  DWORD size = sizeof owner;
+  RegGetValueW(HKEY_CLASSES_ROOT, L"Ket.Application\\CLSID", nullptr, RRF_RT_REG_SZ, nullptr, owner,
+               &size);
+  EXPECT_STREQ(owner, kForeign);
+  RegDeleteTreeW(HKEY_CLASSES_ROOT, L"Ket.Application");
+}
+
+TEST_F(OfficeProcess, WordsThatItDoesNotKnowAreRefused) {
+  for (const wchar_t* words : {L"", L"/register", L"/register Word.Application", L"/serve x",
+                               L"/register Excel.Application --version", L"/other x"}) {
+    EXPECT_EQ(RunStandIn(words), 2U) << std::filesystem::path(words).string();
+  }
+}
+
+}  // namespace
+}  // namespace tolvane::office

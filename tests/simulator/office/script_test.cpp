@@ -1,0 +1,41 @@
+#include "simulator/office/script.h"
+
+#include <gtest/gtest.h>
+
+namespace tolvane::office {
+namespace {
+
+TEST(OfficeScript, NothingMeansNoFault) {
+  const Script script = ParseScript("");
+  EXPECT_EQ(script.record, "");
+  EXPECT_EQ(script.delay_ms, 0);
+  EXPECT_EQ(script.fail_at, 0);
+  EXPECT_FALSE(script.fail_creation);
+  EXPECT_TRUE(script.problems.empty());
+}
+
+TEST(OfficeScript, ReadsAllKeys) {
+  const Script script = ParseScript(
+      "[office]\r\nrecord = C:\\a b\\record.txt\ndelay_ms=5\nfail_at=17\n"
+      "fail_with=80010001\nfail_creation=1\n");
+  EXPECT_EQ(script.record, "C:\\a b\\record.txt");
+  EXPECT_EQ(script.delay_ms, 5);
+  EXPECT_EQ(script.fail_at, 17);
+  EXPECT_EQ(script.fail_with, 0x80010001U);
+  EXPECT_TRUE(script.fail_creation);
+  EXPECT_TRUE(script.problems.empty());
+}
+
+TEST(OfficeScript, TellsWhatItDoesNotUnderstand) {
+  for (const char* line : {"delay_ms = -1", "delay_ms = 60001", "fail_at = 1x", "fail_at =",
+                           "fail_with = 1FFFFFFFF", "fail_creation = 2", "speed = 3"}) {
+    const Script script = ParseScript("[office]\n" + std::string(line) + "\n");
+    EXPECT_EQ(script.problems.size(), 1U) << line;
+    EXPECT_EQ(script.fail_at, 0) << line;
+    EXPECT_EQ(script.delay_ms, 0) << line;
+  }
+  EXPECT_EQ(ParseScript("[other]\nfail_at = 1\n").problems.size(), 1U);
+}
+
+}  // namespace
+}  // namespace tolvane::office
