@@ -1,5 +1,7 @@
 #include "platform/windows/form1_window.h"
 
+#include <algorithm>
+
 #include "platform/windows/form1_layout.h"
 #include "platform/windows/text.h"
 
@@ -36,6 +38,14 @@ SIZE WindowSize(const Dpi& dpi, SIZE client) {
   return {bounds.right - bounds.left, bounds.bottom - bounds.top};
 }
 
+/// The first size, less where the screen is smaller.
+SIZE FirstSize(const Dpi& dpi) {
+  RECT area{};
+  SystemParametersInfoW(SPI_GETWORKAREA, 0, &area, 0);
+  const SIZE size = WindowSize(dpi, kFirstClient);
+  return {std::min(size.cx, area.right - area.left), std::min(size.cy, area.bottom - area.top)};
+}
+
 }  // namespace
 
 void Form1Window::AdjustClass(WNDCLASSEXW& window_class) {
@@ -55,7 +65,7 @@ Form1Window::Form1Window(HINSTANCE instance, EventGate& gate, WindowsEventLoop& 
 
 bool Form1Window::CreateHidden() {
   view_menu_ = MenuHandle(LoadMenuW(instance_, MAKEINTRESOURCEW(MENU_VIEW)));
-  const SIZE size = WindowSize(dpi_, kFirstClient);
+  const SIZE size = FirstSize(dpi_);
   if (!Create(instance_, {.style = kStyle,
                           .bounds = {CW_USEDEFAULT, CW_USEDEFAULT, CW_USEDEFAULT, CW_USEDEFAULT},
                           .menu = LoadMenuW(instance_, MAKEINTRESOURCEW(MENU_MAIN))})) {

@@ -16,7 +16,8 @@ bool WindowsMessageBox::AskYesNo(StringView text, StringView title) {
 
 int WindowsMessageBox::Show(StringView text, StringView title, UINT style) {
   const EventGate::Opened opened(gate_);
-  return MessageBoxW(owner_, Wide(String(text)), Wide(String(title)), style);
+  // During the start no window of the program is active yet: the box would open behind others.
+  return MessageBoxW(owner_, Wide(String(text)), Wide(String(title)), style | MB_SETFOREGROUND);
 }
 
 }  // namespace tolvane::platform::windows

@@ -60,7 +60,7 @@ bool RichEditView::Create(HWND parent, int id, std::function<void()> selection_c
                           std::function<void(bool by_keyboard)> context_menu) {
   selection_changed_ = std::move(selection_changed);
   context_menu_ = std::move(context_menu);
-  library_ = ModuleHandle(LoadLibraryW(L"msftedit.dll"));
+  library_ = ModuleHandle(LoadLibraryExW(L"msftedit.dll", nullptr, LOAD_LIBRARY_SEARCH_SYSTEM32));
   const DWORD style = WS_CHILD | WS_VISIBLE | WS_TABSTOP | WS_VSCROLL | WS_HSCROLL | ES_MULTILINE |
                       ES_AUTOVSCROLL | ES_AUTOHSCROLL | ES_WANTRETURN | ES_NOHIDESEL;
   window_ = CreateWindowExW(WS_EX_CLIENTEDGE, MSFTEDIT_CLASS, L"", style, 0, 0, 0, 0, parent,
