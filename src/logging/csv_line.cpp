@@ -14,6 +14,10 @@ class LineWriter {
  public:
   explicit LineWriter(char16_t* at) : at_(at) {}
 
+  template <std::size_t N>
+  void Literal(const char16_t (&text)[N]) {
+    at_ = std::copy_n(text, N - 1, at_);
+  }
   void Text(StringView text) { at_ = std::copy(text.begin(), text.end(), at_); }
   void Blanks(std::size_t count) { at_ = std::fill_n(at_, count, u' '); }
   void HexByte(std::uint8_t value) {
@@ -34,18 +38,18 @@ std::size_t WriteCsvLine(const LogRecord& record, StringView mark, StringView id
   const ShortText time = DecimalText(record.now_time);
   if (time.Length() < kTimeWidth) writer.Blanks(kTimeWidth - time.Length());
   writer.Text(time);
-  writer.Text(u" , ");
+  writer.Literal(u" , ");
   writer.Text(mark);
   writer.Text(identifier);
-  writer.Text(u" , ");
+  writer.Literal(u" , ");
   writer.Text(DecimalText(std::int64_t{record.can_DLC}));
   const auto bytes = static_cast<std::size_t>(std::clamp(record.can_DLC, 0, 8));
-  if (bytes > 0) writer.Text(u" ,  ");
+  if (bytes > 0) writer.Literal(u" ,  ");
   for (std::size_t i = 0; i < bytes; ++i) {
-    if (i > 0) writer.Text(u",");
+    if (i > 0) writer.Literal(u",");
     writer.HexByte(record.can_DATA[i]);
   }
-  writer.Text(u"\r\n");
+  writer.Literal(u"\r\n");
   return static_cast<std::size_t>(writer.At() - line);
 }
 
