@@ -1,0 +1,65 @@
+// LoadConfigFile on any bytes: it must come back with a result as told, and what it took over must
+// be written and read again unchanged.
+#include <cstddef>
+#include <cstdint>
+#include <cstdlib>
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "config/filesavesystem.h"
+#include "platform/memory/code_page_932.h"
+#include "platform/memory/file_system.h"
+#include "platform/memory/journal.h"
+#include "platform/memory/message_box.h"
+#include "tests/fuzz/fuzz_entry.h"
+
+namespace {
+
+using namespace tolvane;
+
+constexpr StringView kPath = u"C:\\Tolvane\\config.dat";
+
+void Require(bool promise) {
+  if (!promise) std::abort();
+}
+
+struct Machine {
+  explicit Machine(std::string_view config) { files.AddFile(kPath, config); }
+
+  std::int32_t Load(bool answer) {
+    platform::memory::Journal journal;
+    platform::memory::MessageBox message_box(journal);
+    message_box.Answer(answer);
+    device.Param_ALL_Clear();
+    return FileSaveSystem::LoadConfigFile(device, files, code_page, message_box);
+  }
+
+  std::string Saved() {
+    files.Remove(kPath);
+    Require(FileSaveSystem::SaveConfigFile(device, files, code_page) ==
+            FileSaveSystem::kConfigSaved);
+    return files.Bytes(kPath).value_or("");
+  }
+
+  platform::memory::CodePage932 code_page;
+  platform::memory::FileSystem files{code_page};
+  ELM327_Info device{u"C:\\Tolvane"};
+};
+
+}  // namespace
+
+int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+  const std::string config(data, data + size);
+  Machine machine(config);
+  const std::int32_t result = machine.Load(size % 2 == 0);
+  const bool loaded = result == FileSaveSystem::kConfigLoaded;
+  Require(loaded || result == FileSaveSystem::kConfigRefused);
+  Require(machine.files.FileExists(kPath) == loaded);
+
+  const std::string saved = machine.Saved();
+  Machine again(saved);
+  Require(again.Load(false) == FileSaveSystem::kConfigLoaded);
+  Require(again.Saved() == saved);
+  return 0;
+}
