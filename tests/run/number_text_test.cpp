@@ -2,8 +2,10 @@
 
 #include <gtest/gtest.h>
 
+#include <charconv>
 #include <cmath>
 #include <limits>
+#include <random>
 
 namespace tolvane {
 namespace {
@@ -32,6 +34,42 @@ TEST(DecimalText, DoubleHasAtMostFifteenDigitsAndNoTrailingZeros) {
                       {std::numeric_limits<double>::infinity(), u"0"},
                       {std::nan(""), u"0"}};
   for (const Row& row : rows) EXPECT_EQ(DecimalText(row.value).View(), row.text) << row.value;
+}
+
+/// The general form as the standard library makes it, for numbers that need no exponent.
+String ReferenceText(double value) {
+  char digits[40];
+  const auto end =
+      std::to_chars(digits, digits + sizeof digits, value, std::chars_format::general, 15).ptr;
+  return String(digits, end);
+}
+
+TEST(DecimalText, TimesKeepFifteenDigitsExactlyWithHalvesToEven) {
+  std::mt19937_64 random(20261120);
+  for (int i = 0; i < 200'000; ++i) {
+    const std::uint64_t bits = random();
+    const double microseconds = static_cast<double>(bits >> 24) / 1000.0;
+    const double any = std::ldexp(1.0 + static_cast<double>(bits >> 12) * 0x1p-52,
+                                  static_cast<int>(bits % 42) - 1);
+    for (const double value : {microseconds, std::nextafter(microseconds, 0.0), any}) {
+      if (value < 0.001) continue;
+      ASSERT_EQ(String(DecimalText(value).View()), ReferenceText(value)) << value;
+    }
+  }
+  const double ties[] = {1000000000000.125, 1000000000000.375, 1000000000000.875,
+                         999999999999.9375, 100000000000.0625, 549755813888.00048828125};
+  for (const double value : ties) {
+    EXPECT_EQ(String(DecimalText(value).View()), ReferenceText(value)) << value;
+  }
+}
+
+TEST(DecimalText, RoundingCanReachTheWholeNumber) {
+  EXPECT_EQ(DecimalText(std::nextafter(10.0, 0.0)).View(), u"10");
+  EXPECT_EQ(DecimalText(std::nextafter(1000000.0, 0.0)).View(), u"1000000");
+  EXPECT_EQ(DecimalText(99999.9999999999).View(), u"99999.9999999999");
+  EXPECT_EQ(DecimalText(99999.99999999999).View(), u"100000");
+  EXPECT_EQ(DecimalText(std::nextafter(0x1p40, 0.0)).View(), u"1099511627776");
+  EXPECT_EQ(DecimalText(1.00000000000001).View(), u"1.00000000000001");
 }
 
 TEST(DecimalText, WholeNumbersReachBothEndsOfTheRange) {
