@@ -69,6 +69,21 @@ TEST_F(WorkerTimer, WaitsForTheYieldWhenSomethingElsePumpsDuringAHandler) {
   });
 }
 
+TEST_F(WorkerTimer, ATickHeldFromBeforeAStopIsDroppedAfterANewStart) {
+  timer_.Enabled(true);
+  gate_.Deliver([this] {
+    MSG message;
+    while (gate_.Waiting() == 0) {
+      if (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) DispatchMessageW(&message);
+    }
+    timer_.Enabled(false);
+    timer_.Enabled(true);
+  });
+  gate_.DeliverWaiting();
+  EXPECT_EQ(ticks_, 0) << "the old period's tick came through";
+  EXPECT_TRUE(PumpUntil(loop_, [this] { return ticks_ > 0; }));
+}
+
 TEST_F(WorkerTimer, NeverTicksAgainOnceItsWindowIsGone) {
   timer_.Enabled(true);
   timer_.Destroy();
