@@ -1,0 +1,137 @@
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+#include "platform/memory/canlib_library.h"
+#include "platform/memory/canusb_library.h"
+#include "platform/memory/event_loop.h"
+#include "platform/memory/frame_script.h"
+#include "platform/memory/ifcan_library.h"
+#include "platform/memory/support_library.h"
+#include "platform/memory/timer.h"
+
+namespace tolvane::platform::memory {
+namespace {
+
+TEST(MemoryEventLoop, YieldRunsTheHandlerButNotWithinItself) {
+  EventLoop loop;
+  loop.YieldToEvents();
+  int runs = 0;
+  loop.OnYield([&] {
+    ++runs;
+    loop.YieldToEvents();
+  });
+  loop.YieldToEvents();
+  loop.YieldToEvents();
+  EXPECT_EQ(runs, 2);
+  EXPECT_EQ(loop.Yields(), 5);
+}
+
+TEST(MemoryTimer, TicksOnlyWhileItIsOn) {
+  Journal journal;
+  Timer timer(journal);
+  int ticks = 0;
+  timer.OnTick([&] { ++ticks; });
+  timer.Tick();
+  timer.Enabled(true);
+  timer.Tick();
+  timer.Enabled(false);
+  timer.Tick();
+  EXPECT_EQ(ticks, 1);
+  EXPECT_EQ(timer.Interval(), 30);
+}
+
+TEST(MemorySupportLibrary, ClockMovesWhenItIsTold) {
+  SupportLibrary qxt100;
+  qxt100.Now(1000.0);
+  qxt100.Advance(30.0);
+  EXPECT_EQ(qxt100.qx_timeGetTime(), 1030.0);
+  EXPECT_EQ(qxt100.Reads(), 1);
+}
+
+TEST(MemorySupportLibrary, FadesEachChannelToBlack) {
+  SupportLibrary qxt100;
+  const struct {
+    std::int32_t colour, remaining, total, faded;
+  } kCases[] = {{0x00FF8040, 100, 100, 0x00FF8040},
+                {0x00FF8040, 50, 100, 0x007F4020},
+                {0x00FF8040, 0, 100, 0},
+                {0x00FF8040, -5, 100, 0},
+                {0x00FF8040, 200, 100, 0x00FF8040},
+                {0x00FF8040, 1, 0, 0x00FF8040},
+                {0x00FF8040, 1, -7, 0x00FF8040},
+                {0x00FFFFFF, INT32_MAX, INT32_MAX, 0x00FFFFFF}};
+  for (const auto& row : kCases) {
+    EXPECT_EQ(qxt100.ColorAttenuation(row.colour, row.remaining, row.total), row.faded)
+        << row.remaining << " of " << row.total;
+  }
+}
+
+TEST(FrameScript, PlaysInOrderAsOftenAsTold) {
+  FrameScript<int> script;
+  EXPECT_EQ(script.Take(), nullptr);
+  script.Play({1, 2}, 2);
+  std::vector<int> played;
+  while (const int* frame = script.Take()) played.push_back(*frame);
+  EXPECT_EQ(played, (std::vector<int>{1, 2, 1, 2}));
+  EXPECT_TRUE(script.Empty());
+  script.Play({}, 5);
+  EXPECT_EQ(script.Take(), nullptr);
+  script.Play({1}, 0);
+  EXPECT_EQ(script.Take(), nullptr);
+}
+
+TEST(MemoryCanusb, ListsItsAdaptersFromTheFirst) {
+  Journal journal;
+  CanusbLibrary library(journal);
+  library.serials = {"LWR12345", "0123456789012345678901234567890123456789"};
+  std::array<char, CanusbLibrary::kSerialSize> serial;
+  for (int round = 0; round < 2; ++round) {
+    EXPECT_GT(library.canusb_getFirstAdapter(serial), 0);
+    EXPECT_EQ(std::string(serial.data()), "LWR12345");
+    EXPECT_EQ(serial.back(), '\0');
+    EXPECT_GT(library.canusb_getNextAdapter(serial), 0);
+    EXPECT_EQ(std::string(serial.data(), serial.size()), "01234567890123456789012345678901");
+    EXPECT_EQ(library.canusb_getNextAdapter(serial), 0);
+  }
+  std::array<char, CanusbLibrary::kVersionSize> version;
+  library.version_result = -1;
+  EXPECT_EQ(library.canusb_VersionInfo(4, version), -1);
+  EXPECT_EQ(std::string(version.data()), "V1011");
+}
+
+TEST(MemoryIfcan, RefusesHandlesOfNoPort) {
+  Journal journal;
+  IfcanLibrary library(journal);
+  library.ports = {{.number = 3}};
+  library.ports.front().information.ulBoardID = 7;
+  EXPECT_EQ(library.CanOpenPort("IFCAN1"), -1);
+  EXPECT_EQ(library.CanOpenPort("IFCAN3"), 103);
+  IfcanPortInformation information = {};
+  EXPECT_EQ(library.CanGetPortInformation(103, information), 0);
+  EXPECT_EQ(information.ulBoardID, 7);
+  EXPECT_NE(library.CanGetPortInformation(101, information), 0);
+  EXPECT_NE(library.CanClosePort(-1), 0);
+  EXPECT_EQ(library.CanClosePort(103), 0);
+}
+
+TEST(MemoryCanlib, GivesTheDataOfItsChannels) {
+  Journal journal;
+  CanlibLibrary library(journal);
+  library.channels = {0, -3};
+  library.channel_data[{0, 13}] = {std::byte{'c'}, std::byte{'h'}};
+  std::int32_t count = 0;
+  EXPECT_EQ(library.canGetNumberOfChannels(count), 0);
+  EXPECT_EQ(count, 2);
+  EXPECT_EQ(library.canOpenChannel(1, 128), -3);
+  EXPECT_LT(library.canOpenChannel(2, 128), 0);
+  std::array<std::byte, 3> buffer = {std::byte{9}, std::byte{9}, std::byte{9}};
+  EXPECT_EQ(library.canGetChannelData(0, 13, buffer), 0);
+  EXPECT_EQ(buffer, (std::array<std::byte, 3>{std::byte{'c'}, std::byte{'h'}, std::byte{0}}));
+  EXPECT_LT(library.canGetChannelData(0, 14, buffer), 0);
+  EXPECT_EQ(journal.Lines().back(), "canGetChannelData(0, 14, 3)");
+}
+
+}  // namespace
+}  // namespace tolvane::platform::memory
