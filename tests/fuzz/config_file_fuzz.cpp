@@ -24,6 +24,12 @@ void Require(bool promise) {
   if (!promise) std::abort();
 }
 
+/// Opening the C library's converters takes longer than an input.
+platform::memory::CodePage932& SharedCodePage() {
+  static platform::memory::CodePage932 code_page;
+  return code_page;
+}
+
 struct Machine {
   explicit Machine(std::string_view config) { files.AddFile(kPath, config); }
 
@@ -42,7 +48,7 @@ struct Machine {
     return files.Bytes(kPath).value_or("");
   }
 
-  platform::memory::CodePage932 code_page;
+  platform::CodePage& code_page = SharedCodePage();
   platform::memory::FileSystem files{code_page};
   ELM327_Info device{u"C:\\Tolvane"};
 };
