@@ -89,6 +89,11 @@ class RunBench {
     });
   }
 
+  void LogToCsv() {
+    device.t_LogSave_Enable = 1;
+    device.t_LogSaveFormat = kLogFormatCsv;
+  }
+
   void Play(BindingKind binding, const std::vector<BusFrame>& frames, std::int64_t times = 1) {
     std::vector<platform::CanusbMessage> canusb;
     std::vector<platform::IfcanMessage> ifcan;

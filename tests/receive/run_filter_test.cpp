@@ -167,8 +167,7 @@ TEST_P(Exclusion, AnyOtherModeDropsEverything) {
 
 TEST_P(Exclusion, DroppedFramesReachNeitherTableNorLog) {
   bench_.device.t_Save_ID_DisableMode = 1;
-  bench_.device.t_LogSave_Enable = 1;
-  bench_.device.t_LogSaveFormat = 2;
+  bench_.LogToCsv();
   bench_.Run(GetParam(), WorkerKind::FormBG2);
   EXPECT_EQ(bench_.workers.FormBG2.Frames().CAN11_Received(0x100), 0);
   EXPECT_EQ(bench_.Records(),

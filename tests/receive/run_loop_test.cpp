@@ -13,11 +13,6 @@ namespace {
 constexpr auto kCanusb = BindingKind::kCanusb;
 constexpr auto kFormBG = WorkerKind::FormBG;
 
-void LogToCsv(RunBench& bench) {
-  bench.device.t_LogSave_Enable = 1;
-  bench.device.t_LogSaveFormat = 2;
-}
-
 TEST(Yields, OnceForAnEmptyReadAndNeverWhileFramesWait) {
   RunBench bench;
   bench.Play(kCanusb, {{.id = 0x10}, {.id = 0x11}}, 1000);
@@ -54,7 +49,7 @@ TEST(Disconnect, WaitsUntilTheQueueHasRunEmpty) {
 
 TEST(Disconnect, IsSeenOnlyAtTheTopOfAPass) {
   RunBench bench;
-  LogToCsv(bench);
+  bench.LogToCsv();
   bench.Play(kCanusb, {{.id = 0x10}, {.id = 0x11}});
   bench.qxt100.OnRead([&] { bench.RxFlag = 0; });  // in the middle of the first frame
   bench.Run(kCanusb, kFormBG);
@@ -105,7 +100,7 @@ TEST(Ticks, EachWorkerHasItsOwnTimer) {
 
 TEST(Settings, AreReadAfreshForEveryFrame) {
   RunBench bench;
-  LogToCsv(bench);
+  bench.LogToCsv();
   bench.device.t_LogSave_Enable = 0;
   const auto set_log = [&](std::int32_t enable, std::int32_t time) {
     return [&bench, enable, time] {
@@ -125,7 +120,7 @@ TEST(Logs, FinalHalfIsWrittenThoughEmpty) {
   for (const BindingKind binding : kAllBindings) {
     for (const WorkerKind worker : kAllWorkers) {
       RunBench bench;
-      LogToCsv(bench);
+      bench.LogToCsv();
       bench.Run(binding, worker);
       EXPECT_EQ(bench.Records(), "") << WayName(binding, worker);
     }
@@ -155,7 +150,7 @@ TEST(Logs, GetTheDlcAsTheAdapterReportedIt) {
                 {BindingKind::kKvaser, 4616, "4616"}};
   for (const auto& row : kCases) {
     RunBench bench;
-    LogToCsv(bench);
+    bench.LogToCsv();
     bench.Run(row.binding, kFormBG, {{.id = 0x10, .dlc = row.dlc}});
     EXPECT_EQ(bench.Records(),
               std::string("         0 , 010 , ") + row.text + " ,  01,02,03,04,05,06,07,08\r\n");
@@ -165,7 +160,7 @@ TEST(Logs, GetTheDlcAsTheAdapterReportedIt) {
 
 TEST(Logs, NegativeDlcIsLoggedAsItIsWithoutBytes) {
   RunBench bench;
-  LogToCsv(bench);
+  bench.LogToCsv();
   bench.Run(BindingKind::kKvaser, kFormBG, {{.id = 0x10, .dlc = -1}});
   EXPECT_EQ(bench.Records(), "         0 , 010 , -1\r\n");
   EXPECT_EQ(bench.workers.FormBG.Frames().CAN11_DLC(0x10), 255);
@@ -193,7 +188,7 @@ TEST(Logs, SpreadsheetGetsTheFramesOfBothKinds) {
 TEST(Logs, HalfIsFlushedInTheLoopAfterRecord20001AndThenTheOtherFills) {
   for (const WorkerKind worker : {WorkerKind::FormBG, WorkerKind::FormBG_29}) {
     RunBench bench;
-    LogToCsv(bench);
+    bench.LogToCsv();
     bench.Play(kCanusb, {{.id = 0x100}}, 20001);
     bool flushed_at_20000 = true;
     bench.qxt100.OnRead([&] {
@@ -219,7 +214,7 @@ TEST(Logs, HalfIsFlushedInTheLoopAfterRecord20001AndThenTheOtherFills) {
 // the full one.
 TEST(Logs, ChannelIsFlippedOnlyAfterTheFlushOfTheFullHalf) {
   RunBench bench;
-  LogToCsv(bench);
+  bench.LogToCsv();
   CAN_ReadDB frames;
   CAN_ViewDB highlights;
   Excel_OutputDB log(bench.parts.log);
@@ -240,125 +235,13 @@ TEST(Logs, ChannelIsFlippedOnlyAfterTheFlushOfTheFullHalf) {
 
 TEST(Logs, BytesAreThoseOfTheFrameWhateverWasReadBefore) {
   RunBench bench;
-  LogToCsv(bench);
+  bench.LogToCsv();
   bench.Run(kCanusb, kFormBG,
             {{.id = 0x10, .dlc = 3, .data = {0xAA, 0xBB, 0xCC, 0xDD}}, {.id = 0x11, .dlc = 1}});
   EXPECT_EQ(bench.Records(),
             "         0 , 010 , 3 ,  AA,BB,CC\r\n"
             "         0 , 011 , 1 ,  01\r\n");
 }
-
-TEST(CanFlag, OfCanusbIsTheRoundedQuotientSoThatTwoIsNoStar) {
-  RunBench bench;
-  LogToCsv(bench);
-  const std::array<std::uint8_t, 8> data = {};
-  bench.canusbdrv.frames.Play(
-      {{1, 0, 0, 0, data}, {1, 0, 128, 0, data}, {1, 0, 64, 0, data}, {1, 0, 192, 0, data}});
-  bench.Run(kCanusb, WorkerKind::FormBG_29);
-  EXPECT_EQ(bench.Records(),
-            "         0 ,   , 00000001 , 0\r\n"
-            "         0 , * , 00000001 , 0\r\n"
-            "         0 ,   , 00000001 , 0\r\n"
-            "         0 ,   , 00000001 , 0\r\n");
-  const CAN_ReadDB29& frames = bench.workers.FormBG_29.Frames();
-  ASSERT_EQ(frames.CAN29_Received_ID_Counter, 4);
-  EXPECT_EQ(frames.CAN29_ExtendFlag(0), 0);
-  EXPECT_EQ(frames.CAN29_ExtendFlag(1), 0);
-  EXPECT_EQ(frames.CAN29_ExtendFlag(2), 1);
-  EXPECT_EQ(frames.CAN29_ExtendFlag(3), 2);
-}
-
-TEST(CanFlag, OfKvaserIsOneForAnyFlagButStandard) {
-  RunBench bench;
-  LogToCsv(bench);
-  const std::array<std::uint8_t, 8> data = {};
-  bench.canlib32.frames.Play(
-      {{1, data, 0, 2, 0}, {1, data, 0, 4, 0}, {1, data, 0, 3, 0}, {9, data, 0, 0x24, 0}});
-  bench.Run(BindingKind::kKvaser, WorkerKind::FormBG_29);
-  EXPECT_EQ(bench.Records(),
-            "         0 ,   , 00000001 , 0\r\n"
-            "         0 , * , 00000001 , 0\r\n"
-            "         0 , * , 00000001 , 0\r\n"
-            "         0 , * , 00000009 , 0\r\n");
-  EXPECT_EQ(bench.workers.FormBG_29.Frames().CAN29_Received_ID_Counter, 2);
-  EXPECT_EQ(bench.workers.FormBG_29.Frames().CAN29_Received(0), 3);
-}
-
-TEST(CanFlag, NegativeIdOfCanusbIsKeptAndLogged) {
-  RunBench bench;
-  LogToCsv(bench);
-  bench.Run(kCanusb, WorkerKind::FormBG_29, {{.id = -1, .extended = true, .dlc = 0}});
-  EXPECT_EQ(bench.workers.FormBG_29.Frames().CAN29_Received_ID(0), -1);
-  EXPECT_EQ(bench.Records(), "         0 , * , 0000000FFFFFFFF , 0\r\n");
-}
-
-struct Way {
-  BindingKind binding;
-  WorkerKind worker;
-};
-
-std::vector<Way> AllWays() {
-  std::vector<Way> ways;
-  for (const BindingKind binding : kAllBindings) {
-    for (const WorkerKind worker : kAllWorkers) ways.push_back({binding, worker});
-  }
-  return ways;
-}
-
-/// The same short bus on each of the twelve ways, from the adapter to table, page and log.
-class Matrix : public testing::TestWithParam<Way> {};
-
-TEST_P(Matrix, ReceivesShowsAndLogs) {
-  const auto [binding, worker] = GetParam();
-  const bool is29 = Is29Bit(worker);
-  RunBench bench;
-  LogToCsv(bench);
-  bench.device.t_msgID_type = is29 ? 128 : 0;
-  String page;
-  bench.events = {[&] {
-    bench.timers[static_cast<std::size_t>(worker)].Tick();
-    page = bench.RTB_MainView.Text();
-    bench.RxFlag = 0;
-  }};
-  bench.Run(binding, worker,
-            {{.id = 0x123, .time = 100, .dlc = 2},
-             {.id = is29 ? 0x18FF1234 : 0x124, .extended = is29, .time = 110},
-             {.id = 0x123, .time = 130, .dlc = 2, .data = {9, 8}},
-             {.id = is29 ? 0x18FF1234 : 0x124, .extended = is29, .time = 160}});
-  EXPECT_EQ(bench.Records(), is29 ? "         0 ,   , 00000123 , 2 ,  01,02\r\n"
-                                    "        10 , * , 18FF1234 , 8 ,  01,02,03,04,05,06,07,08\r\n"
-                                    "        30 ,   , 00000123 , 2 ,  09,08\r\n"
-                                    "        60 , * , 18FF1234 , 8 ,  01,02,03,04,05,06,07,08\r\n"
-                                  : "         0 , 123 , 2 ,  01,02\r\n"
-                                    "        10 , 124 , 8 ,  01,02,03,04,05,06,07,08\r\n"
-                                    "        30 , 123 , 2 ,  09,08\r\n"
-                                    "        60 , 124 , 8 ,  01,02,03,04,05,06,07,08\r\n");
-  EXPECT_NE(page.find(u"123"), String::npos);
-  EXPECT_NE(page.find(is29 ? u"18FF1234" : u"124"), String::npos);
-  EXPECT_NE(page.find(u"09 08"), String::npos);
-  EXPECT_TRUE(bench.message_box.Boxes().empty());
-}
-
-// 30000, 59990, 10: the wrap of CANUSB alone makes the line go on by 20; the board's timer is taken
-// for one that wraps later, and Kvaser's steps back.
-TEST_P(Matrix, StepsBackByTheAdaptersOwnRule) {
-  const auto [binding, worker] = GetParam();
-  RunBench bench;
-  LogToCsv(bench);
-  bench.Run(binding, worker,
-            {{.id = 1, .time = 30000, .dlc = 0},
-             {.id = 1, .time = 59990, .dlc = 0},
-             {.id = 1, .time = 10, .dlc = 0}});
-  const std::string times[] = {"     30010", "    399501", "    -29990"};
-  const std::string records = bench.Records();
-  const std::size_t last_line = records.rfind("\r\n", records.size() - 3) + 2;
-  EXPECT_EQ(records.substr(last_line, 10), times[static_cast<std::size_t>(binding)]);
-}
-
-INSTANTIATE_TEST_SUITE_P(ThreeAdaptersFourWorkers, Matrix, testing::ValuesIn(AllWays()),
-                         [](const auto& way) {
-                           return WayName(way.param.binding, way.param.worker);
-                         });
 
 }  // namespace
 }  // namespace tolvane

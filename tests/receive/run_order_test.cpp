@@ -59,8 +59,7 @@ TEST(RunOrder, EachOfTheTwelveWaysHasItsSequence) {
     for (const WorkerKind worker : kAllWorkers) {
       SCOPED_TRACE(WayName(binding, worker));
       RunBench bench;
-      bench.device.t_LogSave_Enable = 1;
-      bench.device.t_LogSaveFormat = 2;
+      bench.LogToCsv();
       EXPECT_EQ(bench.Run(binding, worker), 0);
       EXPECT_EQ(bench.journal.Lines(), ExpectedOrder(binding, worker));
       EXPECT_EQ(bench.RxFlag, 0);
@@ -99,8 +98,7 @@ TEST(RunOrder, TimerThatIsOffAtTheEndIsNotSwitchedOffAgain) {
 
 TEST(RunOrder, CanusbTimerIsStillOnInTheFlushAfterTheClose) {
   RunBench bench;
-  bench.device.t_LogSave_Enable = 1;
-  bench.device.t_LogSaveFormat = 2;
+  bench.LogToCsv();
   bench.files.AddFile(u"C:\\Tolvane\\KL26112009-001.csv", "taken");
   bool timer_in_flush = false;
   Lines before_flush;
@@ -138,8 +136,7 @@ TEST(RunStart, RateTextOfEachBitRate) {
   for (std::int32_t t_bitRate = 0; t_bitRate < 9; ++t_bitRate) {
     RunBench bench;
     bench.device.t_bitRate = t_bitRate;
-    bench.device.t_LogSave_Enable = 1;
-    bench.device.t_LogSaveFormat = 2;
+    bench.LogToCsv();
     bench.Run(BindingKind::kCanusb, WorkerKind::FormBG);
     EXPECT_EQ(bench.window.TB_Protocol.Text(), kTexts[t_bitRate]);
     std::string log_line;
@@ -152,8 +149,7 @@ TEST(RunStart, BitRateOutsideTheTableSetsNeitherBoxNorLog) {
   for (const std::int32_t t_bitRate : {-1, 9, INT32_MAX, INT32_MIN}) {
     RunBench bench;
     bench.device.t_bitRate = t_bitRate;
-    bench.device.t_LogSave_Enable = 1;
-    bench.device.t_LogSaveFormat = 2;
+    bench.LogToCsv();
     bench.Run(BindingKind::kCanusb, WorkerKind::FormBG);
     EXPECT_EQ(bench.journal.Lines().front(), "canusb_Open(\"LWR12345\", \"\", 0, -1, 1)");
     EXPECT_EQ(bench.window.TB_Protocol.Text(), u"---");
@@ -198,8 +194,7 @@ TEST(RunStart, HardwareTextIsDeviceAndVersionAndOnABoardTheVersionAlone) {
   for (const auto& row : kCases) {
     for (const WorkerKind worker : kAllWorkers) {
       RunBench bench;
-      bench.device.t_LogSave_Enable = 1;
-      bench.device.t_LogSaveFormat = 2;
+      bench.LogToCsv();
       bench.Run(row.binding, worker);
       std::string line;
       bench.code_page.Encode(row.line, line);
@@ -258,8 +253,7 @@ TEST(RunStart, SubfolderIsMadeOncePerRunAlsoWithoutALog) {
 
 TEST(RunStart, LogsGoToTheSubfolder) {
   RunBench bench;
-  bench.device.t_LogSave_Enable = 1;
-  bench.device.t_LogSaveFormat = 2;
+  bench.LogToCsv();
   bench.device.t_LogSave_subFolder = 1;
   bench.device.t_LogComment = u"bench";
   bench.Run(BindingKind::kCanusb, WorkerKind::FormBG);
