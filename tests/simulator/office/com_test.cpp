@@ -23,9 +23,9 @@ std::filesystem::path Program() { return std::filesystem::path(TOLVANE_OFFICE_EX
 
 std::wstring Quoted(const std::wstring& text) { return L"\"" + text + L"\""; }
 
-/// The exit code of the stand-in run with these words.
-DWORD RunStandIn(const std::wstring& words) {
-  std::wstring line = Quoted(Program().wstring()) + L" " + words;
+/// The exit code of a program run with these words.
+DWORD RunProgram(const std::filesystem::path& program, const std::wstring& words) {
+  std::wstring line = Quoted(program.wstring()) + L" " + words;
   STARTUPINFOW startup{};
   startup.cb = sizeof startup;
   PROCESS_INFORMATION process{};
@@ -40,6 +40,8 @@ DWORD RunStandIn(const std::wstring& words) {
   CloseHandle(process.hProcess);
   return code;
 }
+
+DWORD RunStandIn(const std::wstring& words) { return RunProgram(Program(), words); }
 
 int RunningServers() {
   const HANDLE processes = CreateToolhelp32Snapshot(TH32CS_SNAPPROCESS, 0);
@@ -180,6 +182,13 @@ TEST_F(OfficeProcess, EndsSoonAfterQuitThoughTheClientHoldsOn) {
   client.Call(kProgram, u"Quit", {}, {});
   EXPECT_TRUE(client.failures.empty());
   EXPECT_TRUE(ServersEnd());
+}
+
+TEST_F(OfficeProcess, EndsWhenItsClientDiesWithoutReleasing) {
+  ASSERT_EQ(RunStandIn(L"/register Excel.Application"), 0U);
+  ASSERT_EQ(RunProgram(TOLVANE_ABANDONING_CLIENT_EXE, L""), 0U);
+  EXPECT_TRUE(ServersEnd());
+  EXPECT_EQ(Read("record.txt"), "create Excel.Application\nend\n");
 }
 
 TEST_F(OfficeProcess, AnUnregisteredNameIsNotThere) {
