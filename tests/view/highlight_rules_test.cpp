@@ -37,6 +37,20 @@ TEST(IsLate, CountsMovesInBothDirectionsFromTheRatioOn) {
   }
 }
 
+TEST(IsLate, ComputesInDoublePrecision) {
+  struct Row {
+    double stored, measured;
+    std::int32_t ratio;
+    bool late;
+  };
+  // On each of these a wider register would say the opposite.
+  const Row rows[] = {{3, 10, 70, true}, {6, 40, 85, true}, {7, 25, 72, false}, {7, 50, 86, false}};
+  for (const Row& row : rows) {
+    EXPECT_EQ(highlight_rules::IsLate(row.stored, row.measured, row.ratio), row.late)
+        << row.stored << " then " << row.measured;
+  }
+}
+
 TEST(IsLate, TakesAnyRatio) {
   EXPECT_TRUE(highlight_rules::IsLate(100, 100, 0));
   EXPECT_TRUE(highlight_rules::IsLate(100, 100, Int32::min()));
