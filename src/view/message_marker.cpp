@@ -6,7 +6,7 @@
 namespace tolvane {
 
 MarkersOf::MarkersOf(std::int32_t id, const ELM327_Info& device) {
-  // The record holds eight markers whatever a damaged settings record says of the bound.
+  // There are eight markers, whatever the bound says.
   for (std::int16_t m = 0; m <= std::min(device.t_MsgMarker_MAX, 7); ++m) {
     if (device.t_MsgMarker_ON(m) == 1 && device.t_MsgMarkerID(m) == id) markers_[count_++] = m;
   }

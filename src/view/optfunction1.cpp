@@ -8,10 +8,8 @@ namespace tolvane::OptFunction1 {
 
 namespace {
 
-// The record holds eight ranges whatever a damaged settings record says of the bound.
-std::int16_t LastRange(const ELM327_Info& device) {
-  return static_cast<std::int16_t>(std::min(device.t_DisableID_MAX, 7));
-}
+// There are eight ranges, whatever the bound says.
+std::int32_t LastRange(const ELM327_Info& device) { return std::min(device.t_DisableID_MAX, 7); }
 
 }  // namespace
 

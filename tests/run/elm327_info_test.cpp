@@ -5,8 +5,62 @@
 namespace tolvane {
 namespace {
 
-ELM327_Info FreshRecord() {
+/// A record in which no field has its default.
+ELM327_Info UsedRecord() {
   ELM327_Info device(u"C:\\Tolvane");
+  for (auto* text : {&device.Application_title, &device.Copy_light, &device.Application_title2,
+                     &device.Copy_light2, &device.Homepage_URL, &device.t_LogSaveFilePath,
+                     &device.t_LogComment, &device.t_SaveFilePath}) {
+    *text = u"used";
+  }
+  for (auto* number : {&device.install_version,
+                       &device.ExcelInstallCheck,
+                       &device.ExcelInstallVersion,
+                       &device.AccessInstallCheck,
+                       &device.AccessInstallVersion,
+                       &device.t_bitRate,
+                       &device.t_msgID_type,
+                       &device.t_MsgFmtTyp,
+                       &device.t_silent_mode,
+                       &device.t_ViewCaution,
+                       &device.t_Timer_Mode,
+                       &device.t_LogSaveFormat,
+                       &device.t_Excel_soft,
+                       &device.t_Excel_Format,
+                       &device.t_LogSaveFilePath_mode,
+                       &device.t_LogSave_Enable,
+                       &device.t_LogSave_subFolder,
+                       &device.t_SaveFormat,
+                       &device.t_SaveFilePath_mode,
+                       &device.t_Save_ID_DisableMode,
+                       &device.t_CmbBOX_device_SelectNo,
+                       &device.t_select_Vender,
+                       &device.t_DataChangeColorTime,
+                       &device.t_DataChangeColor,
+                       &device.t_DataChangeColorEnable,
+                       &device.t_MsgLateColor_Ratio,
+                       &device.t_MsgLateColor_Time,
+                       &device.t_MsgLateColor,
+                       &device.t_MsgLateColorEnable,
+                       &device.t_MsgBlackout_Ratio,
+                       &device.t_MsgBlackout_Color,
+                       &device.t_MsgBlackout_Enable,
+                       &device.t_DisableID_MAX,
+                       &device.t_MsgMarker_MAX}) {
+    *number = 99;
+  }
+  device.t_dividend_ratio = 9.9;
+  for (auto* table :
+       {&device.t_DisableID_ON, &device.t_DisableID_Start, &device.t_DisableID_End,
+        &device.t_MsgMarkerID, &device.t_MsgMarkerStartByte, &device.t_MsgMarkerEndByte,
+        &device.t_MsgMarkerColor, &device.t_MsgMarker_ON}) {
+    for (std::int16_t i = 0; i < 8; ++i) (*table)(i, 99);
+  }
+  return device;
+}
+
+ELM327_Info FreshRecord() {
+  ELM327_Info device = UsedRecord();
   device.Param_ALL_Clear();
   return device;
 }
@@ -84,14 +138,10 @@ TEST(ELM327_Info, AllEightRangesAndMarkersAreOffAndMarkersCoverByteOne) {
   }
 }
 
-TEST(ELM327_Info, ClearingOverwritesWhatWasSetButKeepsTheUnusedDriverField) {
+TEST(ELM327_Info, ClearingKeepsTheUnusedDriverField) {
   ELM327_Info device(u"C:\\Tolvane");
-  device.t_bitRate = 7;
-  device.t_MsgMarkerColor(7, 1);
   device.t_Hardware_Driver_Enable = 5;
   device.Param_ALL_Clear();
-  EXPECT_EQ(device.t_bitRate, 2);
-  EXPECT_EQ(device.t_MsgMarkerColor(7), 0xFFB3F3);
   EXPECT_EQ(std::any_cast<int>(device.t_Hardware_Driver_Enable), 5);
 }
 

@@ -70,6 +70,17 @@ TEST(DataChange, FullColourStandsUntilTheNextFrameThenFallsByTheInterval) {
   }
 }
 
+TEST(DataChange, TheStepIsTheIntervalOfTheTimer) {
+  Bed bed;
+  bed.timer.interval = 70;
+  Settle(bed, 0x100);
+  Next(bed, 0x100, kOther, 100);
+  bed.Page();
+  Next(bed, 0x100, kOther, 100);
+  bed.Page();
+  EXPECT_EQ(bed.highlights->ViewColorlength_d3_timerCounter(0x100), 60000 - 70);
+}
+
 TEST(DataChange, TheLastStepGoesBelowZeroAndNothingIsPaintedFromThereOn) {
   Bed bed;
   bed.device.t_DataChangeColorTime = 50;
@@ -213,6 +224,9 @@ TEST(Late, TheSwitchLeavesTheCounterRunning) {
   bed.Page();
   EXPECT_EQ(bed.Colours(), Runs{});
   EXPECT_EQ(bed.highlights->ViewColorlength_dt_timerCounter(0x100), 59970);
+  bed.device.t_MsgLateColorEnable = 2;
+  bed.Page();
+  EXPECT_EQ(bed.Colours(), Runs{});
 }
 
 TEST(Late, RowsWithoutACycleKeepTheirCounter) {
@@ -311,9 +325,11 @@ TEST(Stopped, OutranksALateColourEvenWithItsOwnColouringOff) {
   bed.Page();
   EXPECT_EQ(bed.highlights->ViewColorlength_dt_timerCounter(0x100), 60000);
   EXPECT_EQ(bed.Colours(), (Runs{{kCycle, kCycle + 5, 0x969696}}));
-  bed.device.t_MsgBlackout_Enable = 0;
-  bed.Page();
-  EXPECT_EQ(bed.Colours(), Runs{});
+  for (const std::int32_t enable : {0, 2}) {
+    bed.device.t_MsgBlackout_Enable = enable;
+    bed.Page();
+    EXPECT_EQ(bed.Colours(), Runs{});
+  }
 }
 
 TEST(Stopped, TheRatioOfOneTickUsesTheTimeTakenAtItsStart) {

@@ -151,6 +151,7 @@ TEST(Marker, OnANumberWithTwoRowsIsRecordedAtTheLaterOne) {
   bed.Page();
   constexpr std::int32_t kSecondCells = 41 + (15 + 24 + 3 + 6 + 2) + 15;
   EXPECT_EQ(bed.highlights->VColorMsgMarker_start(3), kSecondCells + 1);
+  EXPECT_EQ(bed.highlights->VColorMsgMarker_end(3), 5);
   EXPECT_EQ(bed.Backgrounds(), (Runs{{kSecondCells + 1, kSecondCells + 6, 7}}));
 }
 

@@ -51,19 +51,23 @@ TEST(CheckDisableID, NegativeIDsCompareAsSignedNumbers) {
 }
 
 TEST(CheckDisableID, AnyBoundStaysInsideTheEightRanges) {
-  ELM327_Info device = Record();
-  SetRange(device, 1, 5, 5);
   struct Row {
     const char* label;
+    std::int16_t range;
     std::int32_t bound;
     std::int32_t excluded;
   };
-  const Row rows[] = {
-      {"none", -1, 0},           {"lowest", std::numeric_limits<std::int32_t>::min(), 0},
-      {"below the range", 0, 0}, {"the range", 1, 1},
-      {"one too many", 8, 1},    {"highest", std::numeric_limits<std::int32_t>::max(), 1}};
+  const Row rows[] = {{"none", 0, -1, 0},
+                      {"none, with low bits", 0, -65536, 0},
+                      {"lowest", 0, std::numeric_limits<std::int32_t>::min(), 0},
+                      {"below the range", 1, 0, 0},
+                      {"the range", 1, 1, 1},
+                      {"one too many", 1, 8, 1},
+                      {"highest", 1, std::numeric_limits<std::int32_t>::max(), 1}};
   for (const Row& row : rows) {
     SCOPED_TRACE(row.label);
+    ELM327_Info device = Record();
+    SetRange(device, row.range, 5, 5);
     device.t_DisableID_MAX = row.bound;
     EXPECT_EQ(OptFunction1::Check_DisableID(5, device), row.excluded);
     EXPECT_EQ(OptFunction1::Make_DisableID_Text(device).empty(), row.excluded == 0);

@@ -161,6 +161,43 @@ TEST(PageText29, NegativeCyclesAreRepairedInBothWorkers) {
   bed.Receive(row, 0, kData, 59990.5);
   bed.Receive(row, 0, kData, 10);
   EXPECT_TRUE(bed.Page().ends_with(u"   19.5ms\r\n"));
+  Bed2 bed2;
+  const std::int16_t row2 = bed2.AddKey(7, 1);
+  bed2.Receive(row2, 0, kData, 59990.5);
+  bed2.Receive(row2, 0, kData, 10);
+  EXPECT_TRUE(bed2.Page().ends_with(u"   20ms\r\n"));
+}
+
+TEST(PageText29, CellsShowTheirOwnColumns) {
+  Bed bed;
+  const std::int16_t row = bed.AddKey(7, 1);
+  CAN_ReadDB29& frames = *bed.frames;
+  frames.CAN29_Received(row, row_state::kFirst);
+  frames.CAN29_DLC(row, 8);
+  frames.CAN29_Data1(row, 0x11);
+  frames.CAN29_Data2(row, 0x22);
+  frames.CAN29_Data3(row, 0x33);
+  frames.CAN29_Data4(row, 0x44);
+  frames.CAN29_Data5(row, 0x55);
+  frames.CAN29_Data6(row, 0x66);
+  frames.CAN29_Data7(row, 0x77);
+  frames.CAN29_Data8(row, 0x88);
+  EXPECT_EQ(bed.Page(), Page(u"* 00000007  8   11 22 33 44 55 66 77 88   ----ms\r\n"));
+}
+
+TEST(PageText29, SilenceCountsFromTheRowsOwnReadTime) {
+  Bed bed;
+  const std::int16_t row = bed.AddKey(7, 1);
+  bed.Receive(row, 0, kData, 1000);
+  bed.Receive(row, 0, kData, 1100);
+  bed.frames->CAN29_ReceivedTime_Delta(row, 100);
+  bed.frames->CAN29_ReadTime_old(row, 1e6);
+  bed.support.now = 1e6 + 250;
+  bed.Page();
+  EXPECT_EQ(bed.frames->CAN29_BlackoutON(row), 0);
+  bed.support.now = 1e6 + 251;
+  bed.Page();
+  EXPECT_EQ(bed.frames->CAN29_BlackoutON(row), 1);
 }
 
 }  // namespace

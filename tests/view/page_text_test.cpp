@@ -117,6 +117,22 @@ TEST(PageText, ExcludedIDsHaveNoLine) {
   EXPECT_EQ(bed.Page(), Page(u"0FF" + rest + u"200" + rest));
 }
 
+TEST(PageText, CellsShowTheirOwnColumns) {
+  Bed bed;
+  CAN_ReadDB& frames = *bed.frames;
+  frames.CAN11_Received(0x1A0, row_state::kFirst);
+  frames.CAN11_DLC(0x1A0, 8);
+  frames.CAN11_Data1(0x1A0, 0x11);
+  frames.CAN11_Data2(0x1A0, 0x22);
+  frames.CAN11_Data3(0x1A0, 0x33);
+  frames.CAN11_Data4(0x1A0, 0x44);
+  frames.CAN11_Data5(0x1A0, 0x55);
+  frames.CAN11_Data6(0x1A0, 0x66);
+  frames.CAN11_Data7(0x1A0, 0x77);
+  frames.CAN11_Data8(0x1A0, 0x88);
+  EXPECT_EQ(bed.Page(), Page(u"1A0  8   11 22 33 44 55 66 77 88   ----ms\r\n"));
+}
+
 /// What the table of the cycle texts says, case by case.
 TEST(PageText, CycleTexts) {
   struct Row {
@@ -134,6 +150,7 @@ TEST(PageText, CycleTexts) {
       {"halves to even, up", 1, 1, 1000, 1101.5, 1, 0, 0, u"102", 102},
       {"rounds to 0", 1, 1, 1000, 1000.5, 1, 0, 70, u"????", 70},
       {"CANUSB counter started over", 1, 1, 59990, 10, 1, 0, 0, u"20", 20},
+      {"Kvaser is repaired by the timer kind too", 3, 1, 59990, 10, 1, 0, 0, u"20", 20},
       {"Kvaser has no wrap", 3, 3, 59990, 10, 1, 0, 50, u"????", 50},
       {"Interface shows the stored cycle", 2, 2, 59990, 10, 1, 0, 50, u"50", 50},
       {"Interface before a cycle", 2, 2, 59990, 10, 1, 0, 0, u"0", 0},
