@@ -17,8 +17,9 @@ class Tick {
 
   Tick(WorkerKind worker, const TickParts& parts, Table& frames, ViewTable& highlights);
 
-  /// One tick. Yields up to five times over a full page of 11-bit rows; the timer is off meanwhile,
-  /// so that no second tick nests, and stays off when the run has ended.
+  /// One tick. Yields five times in an 11-bit scan, in an extended one once for every 400 keys
+  /// begun; the timer is off meanwhile, so that no second tick nests, and stays off when the run
+  /// has ended.
   void TimerBackView_Timer();
 
  private:

@@ -86,6 +86,14 @@ TEST(Marker, WithItsFirstByteBeyondTheLengthItPaintsTheHeadOfThePage) {
   EXPECT_EQ(bed.Backgrounds(), (Runs{{0, 5, 7}}));
 }
 
+TEST(Marker, OnAFrameWithoutBytesHasALengthAllTheSame) {
+  Bed bed;
+  bed.Receive(0x100, 0, kData, 5);
+  Mark(bed, 0, 0x100, 1, 2, 7);
+  bed.Page();
+  EXPECT_EQ(bed.Backgrounds(), (Runs{{0, 5, 7}}));
+}
+
 TEST(Marker, OfAShortenedFrameKeepsItsOldStart) {
   Bed bed;
   bed.Receive(0x100, 8, kData, 5);

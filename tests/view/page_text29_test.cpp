@@ -96,6 +96,14 @@ TEST(PageText29, ARowThatIsNotSettledHasNoCycle) {
   EXPECT_EQ(bed.Page(), Page(u"  00000005  8   01 02 03 04 05 06 07 08   ????ms\r\n"));
 }
 
+TEST(PageText29, TwoStampsOfZeroAreNoCycleInAnyState) {
+  Bed bed;
+  const std::int16_t row = bed.AddKey(5, 0);
+  bed.Receive(row, 8, kData, 0);
+  bed.frames->CAN29_Received(row, row_state::kWriting);
+  EXPECT_EQ(bed.Page(), Page(u"  00000005" + String(kRest)));
+}
+
 TEST(PageText29, ExclusionTakesTheWholeID) {
   for (const std::int32_t id : {0x0FFFFFFF, 0x18DAF110}) {
     Bed bed;
@@ -168,7 +176,7 @@ TEST(PageText29, NegativeCyclesAreRepairedInBothWorkers) {
   EXPECT_TRUE(bed2.Page().ends_with(u"   20ms\r\n"));
 }
 
-TEST(PageText29, CellsShowTheirOwnColumns) {
+TEST(PageText29, CellsShowAndCompareTheirOwnColumns) {
   Bed bed;
   const std::int16_t row = bed.AddKey(7, 1);
   CAN_ReadDB29& frames = *bed.frames;
@@ -182,7 +190,16 @@ TEST(PageText29, CellsShowTheirOwnColumns) {
   frames.CAN29_Data6(row, 0x66);
   frames.CAN29_Data7(row, 0x77);
   frames.CAN29_Data8(row, 0x88);
+  frames.CAN29_Data1_old(row, 0x11);
+  frames.CAN29_Data2_old(row, 0x22);
+  frames.CAN29_Data3_old(row, 0x33);
+  frames.CAN29_Data4_old(row, 0x44);
+  frames.CAN29_Data5_old(row, 0x55);
+  frames.CAN29_Data6_old(row, 0x66);
+  frames.CAN29_Data7_old(row, 0x77);
+  frames.CAN29_Data8_old(row, 0x88);
   EXPECT_EQ(bed.Page(), Page(u"* 00000007  8   11 22 33 44 55 66 77 88   ----ms\r\n"));
+  EXPECT_TRUE(bed.Colours().empty());
 }
 
 TEST(PageText29, SilenceCountsFromTheRowsOwnReadTime) {

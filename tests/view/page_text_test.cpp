@@ -117,7 +117,7 @@ TEST(PageText, ExcludedIDsHaveNoLine) {
   EXPECT_EQ(bed.Page(), Page(u"0FF" + rest + u"200" + rest));
 }
 
-TEST(PageText, CellsShowTheirOwnColumns) {
+TEST(PageText, CellsShowAndCompareTheirOwnColumns) {
   Bed bed;
   CAN_ReadDB& frames = *bed.frames;
   frames.CAN11_Received(0x1A0, row_state::kFirst);
@@ -130,7 +130,16 @@ TEST(PageText, CellsShowTheirOwnColumns) {
   frames.CAN11_Data6(0x1A0, 0x66);
   frames.CAN11_Data7(0x1A0, 0x77);
   frames.CAN11_Data8(0x1A0, 0x88);
+  frames.CAN11_Data1_old(0x1A0, 0x11);
+  frames.CAN11_Data2_old(0x1A0, 0x22);
+  frames.CAN11_Data3_old(0x1A0, 0x33);
+  frames.CAN11_Data4_old(0x1A0, 0x44);
+  frames.CAN11_Data5_old(0x1A0, 0x55);
+  frames.CAN11_Data6_old(0x1A0, 0x66);
+  frames.CAN11_Data7_old(0x1A0, 0x77);
+  frames.CAN11_Data8_old(0x1A0, 0x88);
   EXPECT_EQ(bed.Page(), Page(u"1A0  8   11 22 33 44 55 66 77 88   ----ms\r\n"));
+  EXPECT_TRUE(bed.Colours().empty());
 }
 
 /// What the table of the cycle texts says, case by case.
