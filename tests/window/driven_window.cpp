@@ -1,0 +1,138 @@
+#include "tests/window/driven_window.h"
+
+#include <array>
+#include <string_view>
+
+namespace tolvane::window {
+namespace {
+
+constexpr UINT kAnswerLimit = 30000;  // ms
+constexpr DWORD kPollPause = 20;      // ms
+
+std::wstring ClassOf(HWND window) {
+  std::array<wchar_t, 64> name{};
+  const int length = GetClassNameW(window, name.data(), static_cast<int>(name.size()));
+  return {name.data(), static_cast<std::size_t>(length)};
+}
+
+/// Calls `visit` for each window that an enumeration brings, until it returns false.
+template <typename Visitor>
+BOOL CALLBACK VisitWindow(HWND window, LPARAM visitor) {
+  return (*reinterpret_cast<Visitor*>(visitor))(window) ? TRUE : FALSE;
+}
+
+}  // namespace
+
+bool WaitUntil(const std::function<bool()>& condition, std::chrono::milliseconds limit) {
+  const auto end = std::chrono::steady_clock::now() + limit;
+  while (!condition()) {
+    if (std::chrono::steady_clock::now() > end) return false;
+    Sleep(kPollPause);
+  }
+  return true;
+}
+
+std::vector<HWND> TopWindows(const wchar_t* window_class, DWORD process) {
+  std::vector<HWND> found;
+  auto visit = [&](HWND window) {
+    DWORD owner = 0;
+    GetWindowThreadProcessId(window, &owner);
+    if ((process == 0 || owner == process) && IsWindowVisible(window) &&
+        ClassOf(window) == window_class) {
+      found.push_back(window);
+    }
+    return true;
+  };
+  EnumWindows(VisitWindow<decltype(visit)>, reinterpret_cast<LPARAM>(&visit));
+  return found;
+}
+
+HWND FindTopWindow(const wchar_t* window_class, DWORD process) {
+  const std::vector<HWND> found = TopWindows(window_class, process);
+  return found.empty() ? nullptr : found.front();
+}
+
+std::optional<LRESULT> Send(HWND window, UINT message, WPARAM wparam, LPARAM lparam) {
+  DWORD_PTR result = 0;
+  if (!SendMessageTimeoutW(window, message, wparam, lparam, SMTO_NORMAL, kAnswerLimit, &result)) {
+    return std::nullopt;
+  }
+  return static_cast<LRESULT>(result);
+}
+
+std::wstring TextOf(HWND window) {
+  const LRESULT length = Send(window, WM_GETTEXTLENGTH, 0, 0).value_or(0);
+  // The text may grow between the two questions, and the length may be told too high.
+  std::wstring text(static_cast<std::size_t>(length) + 4096, L'\0');
+  const LRESULT copied =
+      Send(window, WM_GETTEXT, text.size(), reinterpret_cast<LPARAM>(text.data())).value_or(0);
+  text.resize(static_cast<std::size_t>(copied));
+  return text;
+}
+
+HWND DrivenWindow::Control(int id) const {
+  HWND found = nullptr;
+  auto visit = [&](HWND window) {
+    if (GetDlgCtrlID(window) == id) found = window;
+    return found == nullptr;
+  };
+  EnumChildWindows(window_, VisitWindow<decltype(visit)>, reinterpret_cast<LPARAM>(&visit));
+  return found;
+}
+
+std::wstring DrivenWindow::Text() const { return TextOf(window_); }
+
+std::wstring DrivenWindow::Text(int id) const { return TextOf(Control(id)); }
+
+bool DrivenWindow::Enabled(int id) const { return IsWindowEnabled(Control(id)) != FALSE; }
+
+bool DrivenWindow::Visible(int id) const { return IsWindowVisible(Control(id)) != FALSE; }
+
+bool DrivenWindow::ReadOnly(int id) const {
+  return (GetWindowLongPtrW(Control(id), GWL_STYLE) & ES_READONLY) != 0;
+}
+
+bool DrivenWindow::HasFocus(int id) const {
+  GUITHREADINFO info{};
+  info.cbSize = sizeof(info);
+  const DWORD thread = GetWindowThreadProcessId(window_, nullptr);
+  return GetGUIThreadInfo(thread, &info) && info.hwndFocus != nullptr &&
+         info.hwndFocus == Control(id);
+}
+
+std::vector<std::wstring> DrivenWindow::ListLines(int id) const {
+  const HWND list = Control(id);
+  const LRESULT count = Send(list, CB_GETCOUNT, 0, 0).value_or(0);
+  std::vector<std::wstring> lines;
+  for (LRESULT i = 0; i < count; ++i) {
+    std::array<wchar_t, 512> line{};
+    const LRESULT length =
+        Send(list, CB_GETLBTEXT, static_cast<WPARAM>(i), reinterpret_cast<LPARAM>(line.data()))
+            .value_or(0);
+    lines.emplace_back(line.data(), static_cast<std::size_t>(length < 0 ? 0 : length));
+  }
+  return lines;
+}
+
+int DrivenWindow::SelectedLine(int id) const {
+  return static_cast<int>(Send(Control(id), CB_GETCURSEL, 0, 0).value_or(-1));
+}
+
+bool DrivenWindow::Click(int id) const {
+  const HWND button = Control(id);
+  return button != nullptr && IsWindowEnabled(button) && Send(button, BM_CLICK, 0, 0).has_value();
+}
+
+void DrivenWindow::Command(int id) const {
+  PostMessageW(window_, WM_COMMAND, static_cast<WPARAM>(id), 0);
+}
+
+void DrivenWindow::Type(int id, const std::wstring& text) const {
+  const HWND edit = Control(id);
+  (void)Send(edit, EM_SETSEL, 0, -1);
+  (void)Send(edit, EM_REPLACESEL, TRUE, reinterpret_cast<LPARAM>(text.c_str()));
+}
+
+void DrivenWindow::Close() const { PostMessageW(window_, WM_CLOSE, 0, 0); }
+
+}  // namespace tolvane::window

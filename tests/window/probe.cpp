@@ -1,0 +1,36 @@
+#include "tests/window/probe.h"
+
+#include <cstring>
+
+#include "tests/window/driven_window.h"
+
+namespace tolvane::window {
+
+MenuProbe::MenuProbe(const std::filesystem::path& library, HWND window)
+    : library_(LoadLibraryW(library.c_str())), window_(window) {
+  if (library_ == nullptr) return;
+  const FARPROC address = GetProcAddress(library_, kProbeProcedure);
+  HOOKPROC procedure = nullptr;
+  static_assert(sizeof(procedure) == sizeof(address));
+  std::memcpy(&procedure, &address, sizeof(procedure));
+  if (procedure == nullptr) return;
+  hook_ = SetWindowsHookExW(WH_CALLWNDPROC, procedure, library_,
+                            GetWindowThreadProcessId(window, nullptr));
+}
+
+MenuProbe::~MenuProbe() {
+  if (hook_ != nullptr) UnhookWindowsHookEx(hook_);
+  if (library_ != nullptr) FreeLibrary(library_);
+}
+
+std::optional<bool> MenuProbe::Enabled(int id) const {
+  RemovePropW(window_, kProbeName);
+  const UINT message = RegisterWindowMessageW(kProbeName);
+  if (hook_ == nullptr || !Send(window_, message, static_cast<WPARAM>(id), 0)) return std::nullopt;
+  const auto state = reinterpret_cast<WPARAM>(GetPropW(window_, kProbeName));
+  RemovePropW(window_, kProbeName);
+  if (state != kProbeDisabled && state != kProbeEnabled) return std::nullopt;
+  return state == kProbeEnabled;
+}
+
+}  // namespace tolvane::window

@@ -1,0 +1,13 @@
+#pragma once
+
+#include <windows.h>
+
+#include <filesystem>
+
+namespace tolvane::window {
+
+/// Saves what the screen shows where `window` stands, frame and title included, as a bitmap file
+/// of 24 bits a pixel. False when it could not be taken or written.
+[[nodiscard]] bool SaveScreenPicture(HWND window, const std::filesystem::path& file);
+
+}  // namespace tolvane::window

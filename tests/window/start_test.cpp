@@ -1,0 +1,124 @@
+// Start and end of the process, as a user sees them.
+#include <functional>
+#include <vector>
+
+#include "tests/window/text.h"
+#include "tests/window/window_fixture.h"
+// Last: its symbols are also names of controls elsewhere.
+#include "src/platform/windows/resources/resource.h"
+
+namespace tolvane::window {
+namespace {
+
+constexpr const wchar_t* kTitle = L"Tolvane Ver1.23";
+
+using Start = RealProgram;
+
+TEST_F(Start, OneCanusbAdapterIsListedWithItsVersionAndTheWindowWaits) {
+  PlugIn("[canusb 1]\nserial = TV700001\nversion = V1.02N0.93\n", {L"canusbdrv.dll"});
+  const DrivenWindow window = StartProgram();
+  ASSERT_TRUE(window.Exists());
+  ASSERT_TRUE(WaitUntil([&] { return window.Enabled(Bt_Connect); }));
+
+  EXPECT_EQ(window.Text(), kTitle);
+  EXPECT_EQ(window.ListLines(Cmb_Serect_Device), std::vector<std::wstring>{L"CANUSB TV700001"});
+  EXPECT_EQ(window.SelectedLine(Cmb_Serect_Device), 0);
+  EXPECT_EQ(window.Text(TB_ODB_Hard_Version), L"V1.02N0.93");
+  EXPECT_EQ(window.Text(TB_LogComment), L"ＣＡＮ受信ログ");
+  EXPECT_EQ(State(window), IdleState());
+  KeepPicture(window.Handle(), "window");
+
+  window.Close();
+  EXPECT_EQ(program_->WaitForEnd(), 0u);
+  EXPECT_TRUE(std::filesystem::exists(folder_.Path() / L"config.dat"));
+  EXPECT_TRUE(std::filesystem::exists(folder_.Path() / L"lglist.dat"));
+}
+
+TEST_F(Start, SecondInstanceEndsWithoutAWordAndTouchesNoFile) {
+  PlugIn(kOneCanusb, {L"canusbdrv.dll"});
+  const DrivenWindow window = StartProgram();
+  ASSERT_TRUE(window.Exists());
+
+  const DrivenProgram second(folder_.Executable());
+  ASSERT_TRUE(second.Started());
+  EXPECT_EQ(second.WaitForEnd(), 0u);
+  EXPECT_FALSE(std::filesystem::exists(folder_.Path() / L"lglist.dat"));
+  EXPECT_FALSE(std::filesystem::exists(folder_.Path() / L"config.dat"));
+  EXPECT_TRUE(window.Exists());
+}
+
+struct FailedStart {
+  const char* label;
+  std::string_view ini;
+  std::vector<const wchar_t*> libraries;
+  const wchar_t* missing_file;  // of the program's folder, null for none
+  std::function<std::wstring()> text;
+  bool writes_settings;
+};
+
+std::ostream& operator<<(std::ostream& stream, const FailedStart& row) {
+  return stream << row.label;
+}
+
+class StartFails : public RealProgram, public testing::WithParamInterface<FailedStart> {};
+
+TEST_P(StartFails, WithItsMessageAndEndsTheProgram) {
+  const FailedStart& row = GetParam();
+  PlugIn(row.ini, row.libraries);
+  if (row.missing_file != nullptr) std::filesystem::remove(folder_.Path() / row.missing_file);
+
+  const std::optional<ShownMessage> message = StartToMessage();
+  ASSERT_TRUE(message);
+  EXPECT_EQ(Utf8(message->title), Utf8(kTitle));
+  EXPECT_EQ(Utf8(message->text), Utf8(row.text()));
+  KeepPicture(message->box, "message");
+
+  ASSERT_TRUE(Press(*message, IDOK));
+  EXPECT_TRUE(program_->WaitForEnd());
+  // The view was not restored yet, so the empty one is kept; the settings only once they were read.
+  EXPECT_TRUE(std::filesystem::exists(folder_.Path() / L"lglist.dat"));
+  EXPECT_EQ(std::filesystem::exists(folder_.Path() / L"config.dat"), row.writes_settings);
+}
+
+const FailedStart kFailedStarts[] = {
+    {"SupportLibraryMissing",
+     kOneCanusb,
+     {L"canusbdrv.dll"},
+     L"qxt100.dll",
+     [] {
+       return std::wstring(
+           L"qxt100.dll が見つかりません。\r\nqxt100.dll は同梱のものを使用してください。\r\n"
+           L"アプリケーションを終了します。");
+     },
+     false},
+    {"NoAdapterLibrary",
+     "",
+     {},
+     nullptr,
+     [] {
+       return L"CANインタフェース用DLLが見つかりません。\r\n" + SystemFolder().wstring() +
+              L"\\canusbdrv.dll\r\nドライバがインストールされていません。\r\n"
+              L"アプリケーションを終了します。";
+     },
+     false},
+    {"NothingPluggedIn",
+     "[bus]\nsource = vehicle\n",
+     {L"canusbdrv.dll", L"IFCan.dll", L"canlib32.dll"},
+     nullptr,
+     [] { return std::wstring(L"デバイスが見つかりません。\r\nアプリケーションを終了します。"); },
+     true},
+    {"VersionQueryFails",
+     "[canusb 1]\ncanusb_VersionInfo = -1\n",
+     {L"canusbdrv.dll"},
+     nullptr,
+     [] {
+       return std::wstring(L"機器が正常に動作していません。\r\nアプリケーションを終了します。");
+     },
+     true},
+};
+
+INSTANTIATE_TEST_SUITE_P(Table, StartFails, testing::ValuesIn(kFailedStarts),
+                         [](const auto& row) { return row.param.label; });
+
+}  // namespace
+}  // namespace tolvane::window

@@ -1,0 +1,148 @@
+// tolvane_drive: drives a running Tolvane.exe from a script, one command at a time.
+//
+//   wait-window            until the main window stands; ends with 3 when a message box came
+//   instead click ID               presses a button wait-enabled ID        until a control is
+//   enabled wait-text ID TEXT      until a control's text begins with TEXT wait-same ID SECONDS
+//   until a control's text has stood still for so long text ID [FILE]         a control's text,
+//   UTF-8, LF line ends picture FILE           what the screen shows of the main window, as a
+//   bitmap file close                  closes the main window and waits until it has gone
+//
+// ID is a number or the symbol of resource.h; several commands may follow each other, separated by
+// "--". The first that fails ends the program with 1.
+#include <cstdio>
+#include <cstdlib>
+#include <fstream>
+#include <map>
+#include <string>
+#include <vector>
+
+#include "tests/window/control_ids.h"
+#include "tests/window/driven_program.h"
+#include "tests/window/message_box.h"
+#include "tests/window/screen_picture.h"
+#include "tests/window/text.h"
+
+namespace tolvane::window {
+namespace {
+
+using Arguments = std::vector<std::wstring>;
+
+constexpr int kFailed = 1;
+constexpr int kUsage = 2;
+constexpr int kMessageInstead = 3;
+
+int Complain(const std::wstring& what) {
+  std::fprintf(stderr, "tolvane_drive: %s\n", Utf8(what).c_str());
+  return kFailed;
+}
+
+DrivenWindow MainWindow() { return DrivenWindow(FindTopWindow(kMainWindowClass)); }
+
+int WaitWindow(const Arguments&) {
+  std::optional<ShownMessage> message;
+  const bool came = WaitUntil([&] {
+    message = FindMessage(0);
+    return message || MainWindow().Exists();
+  });
+  if (message) {
+    Complain(message->title + L": " + message->text);
+    return kMessageInstead;
+  }
+  return came ? 0 : Complain(L"no main window came");
+}
+
+int Click(const Arguments& arguments) {
+  return MainWindow().Click(ControlId(arguments[1]))
+             ? 0
+             : Complain(arguments[1] + L" is absent or disabled");
+}
+
+int WaitEnabled(const Arguments& arguments) {
+  const int id = ControlId(arguments[1]);
+  return WaitUntil([&] { return MainWindow().Enabled(id); })
+             ? 0
+             : Complain(arguments[1] + L" stays disabled");
+}
+
+int WaitText(const Arguments& arguments) {
+  const int id = ControlId(arguments[1]);
+  return WaitUntil([&] { return MainWindow().Text(id).starts_with(arguments[2]); })
+             ? 0
+             : Complain(arguments[1] + L" shows \"" + MainWindow().Text(id) + L"\"");
+}
+
+int WaitSame(const Arguments& arguments) {
+  const int id = ControlId(arguments[1]);
+  const DWORD still = static_cast<DWORD>(std::wcstoul(arguments[2].c_str(), nullptr, 10)) * 1000;
+  std::wstring last = MainWindow().Text(id);
+  for (DWORD since = GetTickCount(); GetTickCount() - since < still;) {
+    Sleep(200);
+    std::wstring text = MainWindow().Text(id);
+    if (text != last) since = GetTickCount();
+    last = std::move(text);
+    if (!MainWindow().Exists()) return Complain(L"the main window has gone");
+  }
+  return 0;
+}
+
+int Text(const Arguments& arguments) {
+  std::string text = Utf8(MainWindow().Text(ControlId(arguments[1])));
+  std::erase(text, '\r');
+  if (arguments.size() < 3) {
+    std::fwrite(text.data(), 1, text.size(), stdout);
+    return 0;
+  }
+  std::ofstream file(std::filesystem::path(arguments[2]), std::ios::binary);
+  file << text;
+  file.close();
+  return file.fail() ? Complain(arguments[2] + L" cannot be written") : 0;
+}
+
+int Picture(const Arguments& arguments) {
+  return SaveScreenPicture(MainWindow().Handle(), arguments[1])
+             ? 0
+             : Complain(arguments[1] + L" cannot be taken");
+}
+
+int Close(const Arguments&) {
+  const DrivenWindow window = MainWindow();
+  window.Close();
+  return WaitUntil([&] { return !window.Exists(); }) ? 0 : Complain(L"the window does not close");
+}
+
+struct Command {
+  int (*run)(const Arguments&);
+  std::size_t least;  // words, the command itself included
+};
+
+const std::map<std::wstring, Command> kCommands{
+    {L"wait-window", {WaitWindow, 1}},   {L"click", {Click, 2}},
+    {L"wait-enabled", {WaitEnabled, 2}}, {L"wait-text", {WaitText, 3}},
+    {L"wait-same", {WaitSame, 3}},       {L"text", {Text, 2}},
+    {L"picture", {Picture, 2}},          {L"close", {Close, 1}},
+};
+
+int RunCommand(const Arguments& arguments) {
+  const auto command = arguments.empty() ? kCommands.end() : kCommands.find(arguments.front());
+  if (command == kCommands.end() || arguments.size() < command->second.least) {
+    Complain(L"no such command" + (arguments.empty() ? L"" : L": " + arguments.front()));
+    return kUsage;
+  }
+  return command->second.run(arguments);
+}
+
+}  // namespace
+}  // namespace tolvane::window
+
+int wmain(int count, wchar_t** words) {
+  tolvane::window::Arguments arguments;
+  for (int i = 1; i <= count; ++i) {
+    if (i < count && std::wstring(words[i]) != L"--") {
+      arguments.emplace_back(words[i]);
+      continue;
+    }
+    if (const int result = tolvane::window::RunCommand(arguments); result != 0) return result;
+    arguments.clear();
+  }
+  return 0;
+}

@@ -1,0 +1,113 @@
+#include "tests/window/window_fixture.h"
+
+#include <algorithm>
+
+#include "src/platform/windows/resources/resource.h"
+#include "tests/window/screen_picture.h"
+#include "tests/window/text.h"
+
+namespace tolvane::window {
+
+std::ostream& operator<<(std::ostream& stream, const WindowState& state) {
+  return stream << "connect " << state.connect_enabled << ", disconnect "
+                << state.disconnect_enabled << ", list " << state.list_enabled << ", menus "
+                << state.settings_menus_enabled << ", comment locked " << state.comment_locked
+                << ", view locked " << state.view_locked << ", caution " << state.caution_visible
+                << ", always enabled " << state.always_enabled << ", protocol \""
+                << Utf8(state.protocol) << "\", status \"" << Utf8(state.status) << '"';
+}
+
+WindowState IdleState() {
+  return {.connect_enabled = true,
+          .disconnect_enabled = false,
+          .list_enabled = true,
+          .settings_menus_enabled = true,
+          .comment_locked = false,
+          .view_locked = false,
+          .caution_visible = false,
+          .always_enabled = true,
+          .protocol = L"---",
+          .status = L""};
+}
+
+WindowState ConnectedState() {
+  return {.connect_enabled = false,
+          .disconnect_enabled = true,
+          .list_enabled = false,
+          .settings_menus_enabled = false,
+          .comment_locked = true,
+          .view_locked = true,
+          .caution_visible = true,
+          .always_enabled = true,
+          .protocol = L"500k bps",
+          .status = L"通信中　ログ出力(csv)"};
+}
+
+RealProgram::RealProgram()
+    : folder_(OwnFolder() / L"..\\..\\program", OwnFolder() / L"program-under-test") {}
+
+void RealProgram::PlugIn(std::string_view ini, const std::vector<const wchar_t*>& libraries) {
+  bench_.emplace(folder_.Path(), ini, libraries);
+}
+
+DrivenWindow RealProgram::StartProgram() {
+  program_.emplace(folder_.Executable());
+  return program_->Started() ? program_->WaitForMainWindow() : DrivenWindow();
+}
+
+std::optional<ShownMessage> RealProgram::StartToMessage() {
+  program_.emplace(folder_.Executable());
+  return program_->Started() ? WaitForMessage(program_->Id()) : std::nullopt;
+}
+
+void RealProgram::Connect(const DrivenWindow& window) {
+  ASSERT_TRUE(window.Click(Bt_Connect));
+  ASSERT_TRUE(WaitUntil([&] { return window.Text(TB_Status).starts_with(L"通信中"); }))
+      << Utf8(window.Text(TB_Status));
+}
+
+void RealProgram::Disconnect(const DrivenWindow& window) {
+  ASSERT_TRUE(window.Click(Bt_Disconnect));
+  ASSERT_TRUE(WaitUntil([&] { return window.Enabled(Bt_Connect); }));
+}
+
+bool RealProgram::WaitForLines(const DrivenWindow& window, std::size_t lines) {
+  return WaitUntil([&] {
+    const std::wstring page = window.Text(RTB_MainView);
+    return static_cast<std::size_t>(std::count(page.begin(), page.end(), L'\n')) >= lines;
+  });
+}
+
+WindowState RealProgram::State(const DrivenWindow& window) const {
+  const MenuProbe probe(OwnFolder() / L"tolvane_probe.dll", window.Handle());
+  const auto menus = {probe.Enabled(menu_common_setting), probe.Enabled(menu_opt_function1),
+                      probe.Enabled(menu_opt_log1)};
+  const bool menus_enabled = *menus.begin() == true;
+  for (const std::optional<bool>& menu : menus) {
+    EXPECT_EQ(menu, std::optional(menus_enabled)) << "the three settings menus differ";
+  }
+  return {.connect_enabled = window.Enabled(Bt_Connect),
+          .disconnect_enabled = window.Enabled(Bt_Disconnect),
+          .list_enabled = window.Enabled(Cmb_Serect_Device),
+          .settings_menus_enabled = menus_enabled,
+          .comment_locked = window.ReadOnly(TB_LogComment),
+          .view_locked = window.ReadOnly(RTB_MainView),
+          .caution_visible = window.Visible(Pic_Caution),
+          .always_enabled = window.Enabled(Bt_SaveFile) && window.Enabled(Bt_ViewClear) &&
+                            probe.Enabled(menu_file_close) == true &&
+                            probe.Enabled(menu_help_version) == true,
+          .protocol = window.Text(TB_Protocol),
+          .status = window.Text(TB_Status)};
+}
+
+void RealProgram::KeepPicture(HWND window, std::string_view suffix) {
+  const testing::TestInfo& test = *testing::UnitTest::GetInstance()->current_test_info();
+  const std::filesystem::path pictures = OwnFolder() / L"pictures";
+  std::filesystem::create_directories(pictures);
+  std::string name = std::string(test.test_suite_name()) + "." + test.name();
+  std::replace(name.begin(), name.end(), '/', '-');
+  name.append("-").append(suffix).append(".bmp");
+  EXPECT_TRUE(SaveScreenPicture(window, pictures / Wide(name)));
+}
+
+}  // namespace tolvane::window

@@ -1,0 +1,65 @@
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <optional>
+#include <ostream>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "tests/window/driven_program.h"
+#include "tests/window/message_box.h"
+#include "tests/window/probe.h"
+#include "tests/window/simulated_bench.h"
+
+namespace tolvane::window {
+
+/// The state of every control of the main window that a run changes.
+struct WindowState {
+  bool connect_enabled;
+  bool disconnect_enabled;
+  bool list_enabled;
+  bool settings_menus_enabled;  // all three of them
+  bool comment_locked;
+  bool view_locked;
+  bool caution_visible;
+  bool always_enabled;  // snapshot and clear buttons, close and version menus
+  std::wstring protocol;
+  std::wstring status;
+
+  friend bool operator==(const WindowState&, const WindowState&) = default;
+};
+std::ostream& operator<<(std::ostream& stream, const WindowState& state);
+
+/// What the window shows when no run is on, and while one with default settings is on.
+[[nodiscard]] WindowState IdleState();
+[[nodiscard]] WindowState ConnectedState();
+
+/// A test with the real program in a folder of its own, on a simulated bench.
+class RealProgram : public testing::Test {
+ protected:
+  RealProgram();
+
+  void PlugIn(std::string_view ini, const std::vector<const wchar_t*>& libraries);
+  /// Starts the program; its main window, or one that does not exist.
+  DrivenWindow StartProgram();
+  /// Starts the program where it is to end with a message box, and gives that box.
+  std::optional<ShownMessage> StartToMessage();
+  /// Presses the button of the connect and waits until a run is on.
+  void Connect(const DrivenWindow& window);
+  void Disconnect(const DrivenWindow& window);
+  /// Waits until the page has at least so many lines.
+  static bool WaitForLines(const DrivenWindow& window, std::size_t lines);
+
+  [[nodiscard]] WindowState State(const DrivenWindow& window) const;
+  /// Keeps a picture of the window in build/.../pictures under the test's name and `suffix`.
+  static void KeepPicture(HWND window, std::string_view suffix);
+
+  ProgramFolder folder_;
+  std::optional<SimulatedBench> bench_;
+  std::optional<DrivenProgram> program_;
+};
+
+}  // namespace tolvane::window
