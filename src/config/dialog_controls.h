@@ -4,6 +4,7 @@
 #include <cstddef>
 #include <cstdint>
 
+#include "platform/colour_dialog.h"
 #include "platform/string.h"
 
 namespace tolvane {
@@ -27,6 +28,11 @@ struct TextControl {
 /// A push button whose back colour is the setting.
 struct ColourButton {
   std::int32_t back_colour = 0;
+
+  /// Takes the colour that the user chooses; a cancelled dialog changes nothing.
+  void Ask(platform::ColourDialog& dialog) {
+    if (const auto colour = dialog.ShowColor()) back_colour = *colour;
+  }
 };
 
 struct GroupBox {

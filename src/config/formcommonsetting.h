@@ -30,6 +30,15 @@ struct FormCommonSetting {
 
   /// Fills every control.
   void read_setting(const ELM327_Info& device);
+  void Bt_DataChangeColor_Dialog_Click(platform::ColourDialog& CommonDialog1) {
+    Bt_DataChangeColor_Dialog.Ask(CommonDialog1);
+  }
+  void Bt_MsgLateColor_Dialog_Click(platform::ColourDialog& CommonDialog1) {
+    Bt_MsgLateColor_Dialog.Ask(CommonDialog1);
+  }
+  void Bt_Msg_Blackout_Dialog_Click(platform::ColourDialog& CommonDialog1) {
+    Bt_Msg_Blackout_Dialog.Ask(CommonDialog1);
+  }
   /// Writes every control. A value outside its limits is ignored and the old one stays.
   void Bt_OK_Click(ELM327_Info& device) const;
 };

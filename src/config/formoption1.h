@@ -1,6 +1,8 @@
 #pragma once
 
 #include <array>
+#include <cstddef>
+#include <cstdint>
 
 #include "config/dialog_controls.h"
 #include "run/elm327_info.h"
@@ -23,6 +25,10 @@ struct FormOption1 {
   std::array<ColourButton, kRows> Bt_MarkerColor_Dialog;
 
   void read_setting(const ELM327_Info& device);
+  /// `Index` from 0 to 7.
+  void Bt_MarkerColor_Dialog_Click(std::int16_t Index, platform::ColourDialog& CommonDialog1) {
+    Bt_MarkerColor_Dialog[static_cast<std::size_t>(Index)].Ask(CommonDialog1);
+  }
   /// Writes what is good, row by row; a bad range, ID or byte pair is dropped and the old one
   /// stays, while its row's check box is taken. The last exclusion row is shown but never written
   /// back, so that a range in it stays in force until the settings file is gone.

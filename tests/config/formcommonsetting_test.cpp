@@ -4,6 +4,8 @@
 
 #include <algorithm>
 
+#include "platform/memory/colour_dialog.h"
+
 namespace tolvane {
 namespace {
 
@@ -16,6 +18,49 @@ class FormCommonSettingTest : public testing::Test {
   ELM327_Info device{u"C:\\Tolvane"};
   FormCommonSetting form;
 };
+
+TEST_F(FormCommonSettingTest, AChosenColourIsShownByItsButtonAloneAndWrittenOnOk) {
+  using Click = void (FormCommonSetting::*)(platform::ColourDialog&);
+  struct Row {
+    Click click;
+    ColourButton FormCommonSetting::*button;
+    std::int32_t ELM327_Info::*field;
+  };
+  const Row rows[] = {
+      {&FormCommonSetting::Bt_DataChangeColor_Dialog_Click,
+       &FormCommonSetting::Bt_DataChangeColor_Dialog, &ELM327_Info::t_DataChangeColor},
+      {&FormCommonSetting::Bt_MsgLateColor_Dialog_Click, &FormCommonSetting::Bt_MsgLateColor_Dialog,
+       &ELM327_Info::t_MsgLateColor},
+      {&FormCommonSetting::Bt_Msg_Blackout_Dialog_Click, &FormCommonSetting::Bt_Msg_Blackout_Dialog,
+       &ELM327_Info::t_MsgBlackout_Color},
+  };
+  for (const Row& row : rows) {
+    device.Param_ALL_Clear();
+    Open();
+    const std::int32_t before = device.*row.field;
+    platform::memory::ColourDialog dialog;
+    dialog.Answer(0x123456);
+    (form.*row.click)(dialog);
+    EXPECT_EQ((form.*row.button).back_colour, 0x123456);
+    EXPECT_EQ(device.*row.field, before);
+    for (const Row& other : rows) {
+      EXPECT_EQ((form.*other.button).back_colour == 0x123456, &other == &row);
+    }
+    form.Bt_OK_Click(device);
+    EXPECT_EQ(device.*row.field, 0x123456);
+  }
+}
+
+TEST_F(FormCommonSettingTest, ACancelledColourDialogChangesNothing) {
+  Open();
+  platform::memory::ColourDialog dialog;
+  form.Bt_DataChangeColor_Dialog_Click(dialog);
+  form.Bt_MsgLateColor_Dialog_Click(dialog);
+  form.Bt_Msg_Blackout_Dialog_Click(dialog);
+  EXPECT_EQ(form.Bt_DataChangeColor_Dialog.back_colour, device.t_DataChangeColor);
+  EXPECT_EQ(form.Bt_MsgLateColor_Dialog.back_colour, device.t_MsgLateColor);
+  EXPECT_EQ(form.Bt_Msg_Blackout_Dialog.back_colour, device.t_MsgBlackout_Color);
+}
 
 template <std::size_t N>
 void Select(std::array<Choice, N>& buttons, std::size_t index) {

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include "platform/memory/colour_dialog.h"
+
 namespace tolvane {
 namespace {
 
@@ -45,6 +47,18 @@ TEST_F(FormOption1Test, OpeningShowsIDsInCapitalHexadecimalWithZeroAsOneDigit) {
   EXPECT_EQ(form.TB_MsgMarkerEndByte[3].text, u"8");
   EXPECT_TRUE(form.CB_MsgMarker[3].checked);
   EXPECT_EQ(form.Bt_MarkerColor_Dialog[3].back_colour, 0xFFB3F3);
+}
+
+TEST_F(FormOption1Test, AMarkersColourGoesToItsOwnRow) {
+  form.read_setting(device);
+  const std::int32_t before = device.t_MsgMarkerColor(0);
+  platform::memory::ColourDialog dialog;
+  dialog.Answer(0x00FF00);
+  form.Bt_MarkerColor_Dialog_Click(7, dialog);
+  form.Bt_MarkerColor_Dialog_Click(6, dialog);  // cancelled
+  form.Bt_OK_Click(device);
+  EXPECT_EQ(device.t_MsgMarkerColor(7), 0x00FF00);
+  for (std::int16_t row = 0; row < 7; ++row) EXPECT_EQ(device.t_MsgMarkerColor(row), before) << row;
 }
 
 struct Range {

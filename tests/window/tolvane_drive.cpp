@@ -1,11 +1,17 @@
 // tolvane_drive: drives a running Tolvane.exe from a script, one command at a time.
 //
-//   wait-window            until the main window stands; ends with 3 when a message box came
-//   instead click ID               presses a button wait-enabled ID        until a control is
-//   enabled wait-text ID TEXT      until a control's text begins with TEXT wait-same ID SECONDS
-//   until a control's text has stood still for so long text ID [FILE]         a control's text,
-//   UTF-8, LF line ends picture FILE           what the screen shows of the main window, as a
-//   bitmap file close                  closes the main window and waits until it has gone
+// clang-format off
+//   wait-window            until the main window stands; ends with 3 when a message box came instead
+//   window CLASS           until a window of this class stands; the commands behind it act on that one
+//   command ID             chooses a menu item
+//   click ID               presses a button
+//   wait-enabled ID        until a control is enabled
+//   wait-text ID TEXT      until a control's text begins with TEXT
+//   wait-same ID SECONDS   until a control's text has stood still for so long
+//   text ID [FILE]         a control's text, UTF-8, LF line ends
+//   picture FILE           what the screen shows of the window, as a bitmap file
+//   close                  closes the window and waits until it has gone
+// clang-format on
 //
 // ID is a number or the symbol of resource.h; several commands may follow each other, separated by
 // "--". The first that fails ends the program with 1.
@@ -36,13 +42,28 @@ int Complain(const std::wstring& what) {
   return kFailed;
 }
 
-DrivenWindow MainWindow() { return DrivenWindow(FindTopWindow(kMainWindowClass)); }
+std::wstring& WindowClass() {
+  static std::wstring window_class = kMainWindowClass;
+  return window_class;
+}
+
+DrivenWindow Window() { return DrivenWindow(FindTopWindow(WindowClass().c_str())); }
+
+int ChooseWindow(const Arguments& arguments) {
+  WindowClass() = arguments[1];
+  return WaitUntil([] { return Window().Exists(); }) ? 0 : Complain(L"no window " + arguments[1]);
+}
+
+int ChooseCommand(const Arguments& arguments) {
+  Window().Command(ControlId(arguments[1]));
+  return 0;
+}
 
 int WaitWindow(const Arguments&) {
   std::optional<ShownMessage> message;
   const bool came = WaitUntil([&] {
     message = FindMessage(0);
-    return message || MainWindow().Exists();
+    return message || Window().Exists();
   });
   if (message) {
     Complain(message->title + L": " + message->text);
@@ -52,41 +73,41 @@ int WaitWindow(const Arguments&) {
 }
 
 int Click(const Arguments& arguments) {
-  return MainWindow().Click(ControlId(arguments[1]))
+  return Window().Click(ControlId(arguments[1]))
              ? 0
              : Complain(arguments[1] + L" is absent or disabled");
 }
 
 int WaitEnabled(const Arguments& arguments) {
   const int id = ControlId(arguments[1]);
-  return WaitUntil([&] { return MainWindow().Enabled(id); })
+  return WaitUntil([&] { return Window().Enabled(id); })
              ? 0
              : Complain(arguments[1] + L" stays disabled");
 }
 
 int WaitText(const Arguments& arguments) {
   const int id = ControlId(arguments[1]);
-  return WaitUntil([&] { return MainWindow().Text(id).starts_with(arguments[2]); })
+  return WaitUntil([&] { return Window().Text(id).starts_with(arguments[2]); })
              ? 0
-             : Complain(arguments[1] + L" shows \"" + MainWindow().Text(id) + L"\"");
+             : Complain(arguments[1] + L" shows \"" + Window().Text(id) + L"\"");
 }
 
 int WaitSame(const Arguments& arguments) {
   const int id = ControlId(arguments[1]);
   const DWORD still = static_cast<DWORD>(std::wcstoul(arguments[2].c_str(), nullptr, 10)) * 1000;
-  std::wstring last = MainWindow().Text(id);
+  std::wstring last = Window().Text(id);
   for (DWORD since = GetTickCount(); GetTickCount() - since < still;) {
     Sleep(200);
-    std::wstring text = MainWindow().Text(id);
+    std::wstring text = Window().Text(id);
     if (text != last) since = GetTickCount();
     last = std::move(text);
-    if (!MainWindow().Exists()) return Complain(L"the main window has gone");
+    if (!Window().Exists()) return Complain(L"the main window has gone");
   }
   return 0;
 }
 
 int Text(const Arguments& arguments) {
-  std::string text = Utf8(MainWindow().Text(ControlId(arguments[1])));
+  std::string text = Utf8(Window().Text(ControlId(arguments[1])));
   std::erase(text, '\r');
   if (arguments.size() < 3) {
     std::fwrite(text.data(), 1, text.size(), stdout);
@@ -99,13 +120,13 @@ int Text(const Arguments& arguments) {
 }
 
 int Picture(const Arguments& arguments) {
-  return SaveScreenPicture(MainWindow().Handle(), arguments[1])
+  return SaveScreenPicture(Window().Handle(), arguments[1])
              ? 0
              : Complain(arguments[1] + L" cannot be taken");
 }
 
 int Close(const Arguments&) {
-  const DrivenWindow window = MainWindow();
+  const DrivenWindow window = Window();
   window.Close();
   return WaitUntil([&] { return !window.Exists(); }) ? 0 : Complain(L"the window does not close");
 }
@@ -116,7 +137,8 @@ struct Command {
 };
 
 const std::map<std::wstring, Command> kCommands{
-    {L"wait-window", {WaitWindow, 1}},   {L"click", {Click, 2}},
+    {L"wait-window", {WaitWindow, 1}},   {L"window", {ChooseWindow, 2}},
+    {L"command", {ChooseCommand, 2}},    {L"click", {Click, 2}},
     {L"wait-enabled", {WaitEnabled, 2}}, {L"wait-text", {WaitText, 3}},
     {L"wait-same", {WaitSame, 3}},       {L"text", {Text, 2}},
     {L"picture", {Picture, 2}},          {L"close", {Close, 1}},

@@ -27,10 +27,10 @@ void WindowsEventLoop::RunUntilEnd() {
 }
 
 void WindowsEventLoop::Dispatch(MSG& message) {
-  const bool taken = std::ranges::any_of(keyboard_windows_, [&message](HWND window) {
-    return IsWindowVisible(window) && IsDialogMessageW(window, &message);
-  });
-  if (taken) return;
+  // The handler of a key may open or close such a window, so the list is left before.
+  const HWND window = message.hwnd == nullptr ? nullptr : GetAncestor(message.hwnd, GA_ROOT);
+  const bool by_keyboard = std::ranges::find(keyboard_windows_, window) != keyboard_windows_.end();
+  if (by_keyboard && IsWindowVisible(window) && IsDialogMessageW(window, &message)) return;
   TranslateMessage(&message);
   DispatchMessageW(&message);
 }

@@ -25,6 +25,7 @@ class WindowsEventLoop final : public EventLoop {
   [[nodiscard]] bool Ended() const { return ended_; }
 
   void AddKeyboardWindow(HWND window) { keyboard_windows_.push_back(window); }
+  void RemoveKeyboardWindow(HWND window) { std::erase(keyboard_windows_, window); }
 
  private:
   void Dispatch(MSG& message);

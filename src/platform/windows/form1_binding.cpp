@@ -1,6 +1,7 @@
 #include "platform/windows/form1_binding.h"
 
 #include <algorithm>
+#include <cstddef>
 #include <iterator>
 
 // Last, see there.
@@ -9,12 +10,13 @@
 namespace tolvane::platform::windows {
 namespace {
 
+template <typename Object>
 struct Handler {
   int id;
-  void (Form1::*click)();
+  void (Object::*click)();
 };
 
-constexpr Handler kHandlers[] = {
+constexpr Handler<Form1> kHandlers[] = {
     {Bt_Connect, &Form1::Bt_Connect_Click},
     {Bt_Disconnect, &Form1::Bt_Disconnect_Click},
     {Bt_SaveFile, &Form1::Bt_SaveFile_Click},
@@ -37,11 +39,25 @@ constexpr Handler kHandlers[] = {
     {menu_View_Date, &Form1::menu_View_Date_Click},
 };
 
+constexpr Handler<DialogWindows> kDialogHandlers[] = {
+    {menu_common_setting, &DialogWindows::menu_common_setting_Click},
+    {menu_opt_function1, &DialogWindows::menu_opt_function1_Click},
+    {menu_opt_log1, &DialogWindows::menu_opt_log1_Click},
+    {menu_help_version, &DialogWindows::menu_help_version_Click},
+};
+
+/// Calls the handler of the command, if there is one in the table.
+template <typename Object, std::size_t N>
+void Call(const Handler<Object> (&handlers)[N], int id, Object& object) {
+  const auto* handler = std::ranges::find(handlers, id, &Handler<Object>::id);
+  if (handler != std::end(handlers)) (object.*handler->click)();
+}
+
 }  // namespace
 
 void Form1Binding::Command(int id) {
-  const auto* handler = std::ranges::find(kHandlers, id, &Handler::id);
-  if (handler != std::end(kHandlers)) (form_.*handler->click)();
+  Call(kHandlers, id, form_);
+  Call(kDialogHandlers, id, dialogs_);
 }
 
 bool Form1Binding::QueryUnload() {

@@ -1,14 +1,16 @@
 #pragma once
 
+#include "platform/windows/dialog_windows.h"
 #include "platform/windows/form1_events.h"
 #include "run/form1.h"
 
 namespace tolvane::platform::windows {
 
-/// Leads the events of the main window to the handlers of Form1.
+/// Leads the events of the main window to the handlers of Form1 and to the windows that the menus
+/// open.
 class Form1Binding final : public Form1Events {
  public:
-  explicit Form1Binding(Form1& form) : form_(form) {}
+  Form1Binding(Form1& form, DialogWindows& dialogs) : form_(form), dialogs_(dialogs) {}
 
   void Command(int id) override;
   void ViewSelectionChanged() override { form_.RTB_MainView_SelChange(); }
@@ -20,6 +22,7 @@ class Form1Binding final : public Form1Events {
 
  private:
   Form1& form_;
+  DialogWindows& dialogs_;
 };
 
 }  // namespace tolvane::platform::windows

@@ -3,6 +3,7 @@
 
 #include "platform/windows/dialog_font.h"
 #include "platform/windows/form1_window.h"
+#include "platform/windows/tool_tips.h"
 // Last, see there.
 #include "platform/windows/resources/resource.h"
 
@@ -11,7 +12,6 @@ namespace {
 
 constexpr WPARAM kCommentLength = 50;  // characters
 constexpr int kPicture = 48;           // units of 96 dpi
-constexpr int kTipWidth = 420;
 
 constexpr wchar_t kCautionTip[] =
     L"接続中にウィンドウを動かしたり、メニューバーを操作すると、受信が途絶します。";
@@ -116,23 +116,10 @@ void Form1Window::AttachControls() {
 }
 
 void Form1Window::AddToolTips() {
-  tool_tips_ = CreateWindowExW(WS_EX_TOPMOST, TOOLTIPS_CLASSW, L"", WS_POPUP | TTS_NOPREFIX, 0, 0,
-                               0, 0, Hwnd(), nullptr, instance_, nullptr);
-  SendMessageW(tool_tips_, TTM_SETMAXTIPWIDTH, 0, dpi_.Pixels(kTipWidth));
-  const struct {
-    int id;
-    const wchar_t* text;
-  } tips[] = {{Pic_Caution, kCautionTip}, {TB_Protocol, kProtocolTip}, {Lb_Protocol, kProtocolTip}};
-  for (const auto& tip : tips) {
-    TTTOOLINFOW info{};
-    info.cbSize = sizeof(info);
-    info.uFlags = TTF_IDISHWND | TTF_SUBCLASS;
-    info.hwnd = Hwnd();
-    info.uId = reinterpret_cast<UINT_PTR>(Child(tip.id));
-    // Copied by the control.
-    info.lpszText = const_cast<wchar_t*>(tip.text);
-    SendMessageW(tool_tips_, TTM_ADDTOOLW, 0, reinterpret_cast<LPARAM>(&info));
-  }
+  const HWND tool_tips = CreateToolTips(Hwnd(), dpi_);
+  AddToolTip(tool_tips, Hwnd(), Child(Pic_Caution), kCautionTip);
+  AddToolTip(tool_tips, Hwnd(), Child(TB_Protocol), kProtocolTip);
+  AddToolTip(tool_tips, Hwnd(), Child(Lb_Protocol), kProtocolTip);
 }
 
 }  // namespace tolvane::platform::windows

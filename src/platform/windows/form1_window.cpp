@@ -115,6 +115,7 @@ void Form1Window::Unload(OtherForm form) {
     case OtherForm::FormCommonSetting:
     case OtherForm::FormOption1:
     case OtherForm::FormHelp:
+      if (dialogs_ != nullptr) dialogs_->Unload(form);
       return;
   }
 }
@@ -223,6 +224,8 @@ void Form1Window::OnClose() {
   close_wanted_ = !started_;
   // During the start there is nothing to close yet; it is done when the start is through.
   if (!started_ || events_ == nullptr) return;
+  // A settings dialog stands over the window.
+  if (!IsWindowEnabled(Hwnd())) return;
   gate_.Deliver([this] { Unload(); });
 }
 

@@ -39,6 +39,8 @@ class Form1Window final : public BaseWindow<Form1Window>,
   /// Makes the hidden window with all its controls. False when the system refuses one.
   [[nodiscard]] bool CreateHidden();
   void Listen(Form1Events* events) { events_ = events; }
+  /// Who unloads the windows that the menus open.
+  void Attach(OtherForms* dialogs) { dialogs_ = dialogs; }
   /// What the logic works on.
   [[nodiscard]] MainWindow Face();
   /// Shows the window as the process was asked to, and does what came too early for it.
@@ -78,12 +80,12 @@ class Form1Window final : public BaseWindow<Form1Window>,
   SplashWindow& splash_;
   WorkerWindows& workers_;
   Form1Events* events_ = nullptr;
+  OtherForms* dialogs_ = nullptr;
 
   Dpi dpi_;
   FontHandle font_;
   IconHandle caution_;
   MenuHandle view_menu_;  // the pop-up; the bar belongs to the window
-  HWND tool_tips_ = nullptr;
   HWND last_focus_ = nullptr;
 
   WindowsButton connect_;

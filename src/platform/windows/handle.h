@@ -66,6 +66,15 @@ struct IconTraits : NullIsNone<HICON> {
 struct MenuTraits : NullIsNone<HMENU> {
   static bool Close(HMENU value) { return DestroyMenu(value) != FALSE; }
 };
+struct ThemeTraits : NullIsNone<HTHEME> {
+  static bool Close(HTHEME value) { return SUCCEEDED(CloseThemeData(value)); }
+};
+struct DropTraits : NullIsNone<HDROP> {
+  static bool Close(HDROP value) {
+    DragFinish(value);
+    return true;
+  }
+};
 struct GlobalTraits : NullIsNone<HGLOBAL> {
   static bool Close(HGLOBAL value) { return GlobalFree(value) == nullptr; }
 };
@@ -84,6 +93,8 @@ using FontHandle = Handle<GdiTraits<HFONT>>;
 using BrushHandle = Handle<GdiTraits<HBRUSH>>;
 using IconHandle = Handle<IconTraits>;
 using MenuHandle = Handle<MenuTraits>;  // only for menus that no window owns
+using ThemeHandle = Handle<ThemeTraits>;
+using DropHandle = Handle<DropTraits>;
 using GlobalHandle = Handle<GlobalTraits>;
 template <typename Interface>
 using ComHandle = Handle<ComTraits<Interface>>;

@@ -83,7 +83,10 @@ int Run(HINSTANCE instance, int show_command) {
                           cursors};
 
   Form1 form(platform, window.Face(), program_folder);
-  Form1Binding events(form);
+  DialogWindows dialogs({instance, gate, loop, window.Hwnd()}, files, form.device,
+                        form.mouseCursor);
+  window.Attach(&dialogs);
+  Form1Binding events(form, dialogs);
   window.Listen(&events);
   // What comes in from outside during the start waits for a yield like anything else.
   gate.Deliver([&form] { form.Form_Load(); });

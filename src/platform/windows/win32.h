@@ -6,7 +6,11 @@
 
 // After windows.h, which they need.
 #include <commctrl.h>
+#include <commdlg.h>
 #include <richedit.h>
+#include <shellapi.h>
+#include <uxtheme.h>
+#include <vssym32.h>
 #include <windowsx.h>
 
 #undef CreateDialog

@@ -1,0 +1,15 @@
+#include "platform/windows/colour_dialog.h"
+
+namespace tolvane::platform::windows {
+
+std::optional<std::int32_t> WindowsColourDialog::ShowColor() {
+  CHOOSECOLORW choice{};
+  choice.lStructSize = sizeof(choice);
+  choice.hwndOwner = owner_;
+  choice.lpCustColors = own_colours_.data();
+  const EventGate::Opened opened(gate_);
+  if (!ChooseColorW(&choice)) return std::nullopt;
+  return static_cast<std::int32_t>(choice.rgbResult);
+}
+
+}  // namespace tolvane::platform::windows

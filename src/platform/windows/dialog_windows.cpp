@@ -1,0 +1,24 @@
+#include "platform/windows/dialog_windows.h"
+
+namespace tolvane::platform::windows {
+
+void DialogWindows::Unload(OtherForm form) {
+  switch (form) {
+    case OtherForm::FormVersion:
+      return FormVersion_.Unload();
+    case OtherForm::FormCommonSetting:
+      return FormCommonSetting_.Unload();
+    case OtherForm::FormOption1:
+      return FormOption1_.Unload();
+    case OtherForm::FormHelp:
+      return FormHelp_.Unload();
+    case OtherForm::Form2:
+    case OtherForm::FormBG:
+    case OtherForm::FormBG_29:
+    case OtherForm::FormBG2:
+    case OtherForm::FormBG2_29:
+      return;
+  }
+}
+
+}  // namespace tolvane::platform::windows

@@ -1,0 +1,50 @@
+#pragma once
+
+#include "platform/main_window.h"
+#include "platform/windows/formcommonsetting_window.h"
+#include "platform/windows/formhelp_window.h"
+#include "platform/windows/formoption1_window.h"
+#include "platform/windows/formoptionlog1_window.h"
+#include "platform/windows/formversion_window.h"
+#include "platform/windows/shell.h"
+
+namespace tolvane::platform::windows {
+
+/// The windows that the menus open.
+class DialogWindows final : public OtherForms {
+ public:
+  /// `device` and `mouseCursor` are those of Form1.
+  DialogWindows(const DialogSurroundings& surroundings, FileServices& files, ELM327_Info& device,
+                const std::int32_t& mouseCursor)
+      : surroundings_(surroundings),
+        FormHelp_(surroundings_, device),
+        FormVersion_(surroundings_, shell_, device, mouseCursor),
+        FormCommonSetting_(surroundings_, FormHelp_, resources_, device),
+        FormOption1_(surroundings_, FormHelp_, resources_, device),
+        FormOptionLog1_(surroundings_, FormHelp_, resources_, device, files) {}
+
+  void menu_common_setting_Click() { Open(FormCommonSetting_); }
+  void menu_opt_function1_Click() { Open(FormOption1_); }
+  void menu_opt_log1_Click() { Open(FormOptionLog1_); }
+  void menu_help_version_Click() { FormVersion_.Show(); }
+
+  /// Of the forms here; without effect on the others.
+  void Unload(OtherForm form) override;
+
+ private:
+  /// One at a time: a command that comes although the main window is disabled is dropped.
+  void Open(SettingsDialog& dialog) {
+    if (IsWindowEnabled(surroundings_.main_window)) dialog.Show();
+  }
+
+  DialogSurroundings surroundings_;
+  WindowsShell shell_;
+  WindowsStringResources resources_;
+  FormHelpWindow FormHelp_;
+  FormVersionWindow FormVersion_;
+  FormCommonSettingWindow FormCommonSetting_;
+  FormOption1Window FormOption1_;
+  FormOptionLog1Window FormOptionLog1_;
+};
+
+}  // namespace tolvane::platform::windows

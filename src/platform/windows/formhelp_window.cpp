@@ -1,0 +1,109 @@
+#include "platform/windows/formhelp_window.h"
+
+#include <tolvane_control_ids.h>
+#include "platform/windows/dialog_font.h"
+#include "platform/windows/dialog_part.h"
+#include "platform/windows/text.h"
+#include "platform/windows/window_place.h"
+
+namespace tolvane::platform::windows {
+namespace {
+
+// Units of 96 dpi.
+constexpr SIZE kClient{560, 480};
+constexpr SIZE kSmallest{320, 240};
+constexpr int kMargin = 12;
+
+constexpr DWORD kStyle = WS_POPUP | WS_CAPTION | WS_SYSMENU | WS_THICKFRAME;
+constexpr DWORD kExtendedStyle = WS_EX_CONTROLPARENT;
+constexpr DWORD kViewStyle =
+    WS_CHILD | WS_VISIBLE | WS_TABSTOP | WS_VSCROLL | ES_MULTILINE | ES_READONLY | ES_AUTOVSCROLL;
+
+}  // namespace
+
+void FormHelpWindow::AdjustClass(WNDCLASSEXW& window_class) {
+  window_class.hbrBackground = GetSysColorBrush(COLOR_BTNFACE);
+  window_class.hCursor = LoadCursorW(nullptr, IDC_ARROW);
+  window_class.hIcon = LoadIconW(window_class.hInstance, MAKEINTRESOURCEW(id::ICON_TOLVANE));
+}
+
+void FormHelpWindow::Show() {
+  if (Hwnd() == nullptr) Form_Load();
+  ShowWindow(Hwnd(), SW_SHOW);
+  SetForegroundWindow(Hwnd());
+}
+
+void FormHelpWindow::Form_Load() {
+  font_ = DialogFont();
+  if (!Create(surroundings_.instance,
+              PlaceOverOwner(surroundings_.main_window, dpi_, kClient, kStyle, kExtendedStyle))) {
+    return;
+  }
+  const HWND view = CreateWindowExW(WS_EX_CLIENTEDGE, WC_EDITW, L"", kViewStyle, 0, 0, 0, 0, Hwnd(),
+                                    reinterpret_cast<HMENU>(static_cast<INT_PTR>(id::TB_View)),
+                                    surroundings_.instance, nullptr);
+  SendMessageW(view, WM_SETFONT, reinterpret_cast<WPARAM>(font_.Get()), FALSE);
+  const DialogPart close[] = {
+      {id::Bt_Close, PartKind::kDefaultButton, L"OK", 0, 0, kButtonWidth, kButtonHeight}};
+  AddParts(Hwnd(), dpi_, font_.Get(), close);
+  RECT client{};
+  GetClientRect(Hwnd(), &client);
+  LayOut(client.right, client.bottom);
+  surroundings_.loop.AddKeyboardWindow(Hwnd());
+  // With its place: the window goes to the top left corner of the screen.
+  SetWindowPos(Hwnd(), HWND_TOPMOST, 0, 0, 0, 0, SWP_NOSIZE);
+  SetWindowTextW(Hwnd(), Wide(device_.Application_title + u"　　ヘルプ"));
+}
+
+void FormHelpWindow::TB_View(StringView text) {
+  const HWND view = GetDlgItem(Hwnd(), id::TB_View);
+  const String shown(text);
+  if (WindowText(view) != shown) SetWindowTextW(view, Wide(shown));
+}
+
+void FormHelpWindow::Unload() {
+  if (Hwnd() == nullptr) return;
+  surroundings_.loop.RemoveKeyboardWindow(Hwnd());
+  Destroy();
+}
+
+void FormHelpWindow::LayOut(int width, int height) {
+  const int margin = dpi_.Pixels(kMargin);
+  const int button_width = dpi_.Pixels(kButtonWidth);
+  const int button_height = dpi_.Pixels(kButtonHeight);
+  const int button_top = height - margin - button_height;
+  MoveWindow(GetDlgItem(Hwnd(), id::TB_View), margin, margin, width - 2 * margin,
+             button_top - 2 * margin, TRUE);
+  MoveWindow(GetDlgItem(Hwnd(), id::Bt_Close), width - margin - button_width, button_top,
+             button_width, button_height, TRUE);
+}
+
+LRESULT FormHelpWindow::HandleMessage(UINT message, WPARAM wparam, LPARAM lparam) {
+  switch (message) {
+    case WM_COMMAND:
+      if (HIWORD(wparam) != BN_CLICKED) return 0;
+      [[fallthrough]];
+    case WM_CLOSE:
+      surroundings_.gate.Deliver([this] { Hide(); });
+      return 0;
+    case WM_SIZE:
+      LayOut(LOWORD(lparam), HIWORD(lparam));
+      return 0;
+    case WM_GETMINMAXINFO:
+      reinterpret_cast<MINMAXINFO*>(lparam)->ptMinTrackSize = {dpi_.Pixels(kSmallest.cx),
+                                                               dpi_.Pixels(kSmallest.cy)};
+      return 0;
+    case WM_SETFOCUS:
+      SetFocus(GetDlgItem(Hwnd(), id::Bt_Close));
+      return 0;
+    case WM_CTLCOLORSTATIC:
+      // Read-only, but to be read like a page.
+      return reinterpret_cast<LRESULT>(GetSysColorBrush(COLOR_WINDOW));
+    case DM_GETDEFID:
+      return MAKELRESULT(id::Bt_Close, DC_HASDEFID);
+    default:
+      return DefaultHandling(message, wparam, lparam);
+  }
+}
+
+}  // namespace tolvane::platform::windows

@@ -1,0 +1,32 @@
+#include "platform/windows/shell.h"
+
+#include <string>
+
+#include "platform/windows/text.h"
+
+namespace tolvane::platform::windows {
+namespace {
+
+std::string Narrow(StringView text) {
+  std::string narrow;
+  for (const char16_t unit : text) narrow.push_back(unit < 0x80 ? static_cast<char>(unit) : '?');
+  return narrow;
+}
+
+}  // namespace
+
+void WindowsShell::ShellExecuteA(StringView verb, StringView file, std::int32_t show_command) {
+  ::ShellExecuteA(nullptr, Narrow(verb).c_str(), Narrow(file).c_str(), nullptr, nullptr,
+                  show_command);
+}
+
+String WindowsStringResources::LoadText(std::int32_t number) {
+  // With a length of 0 the call gives the place of the text in the program's memory.
+  const wchar_t* text = nullptr;
+  const int length = LoadStringW(GetModuleHandleW(nullptr), static_cast<UINT>(number),
+                                 reinterpret_cast<wchar_t*>(&text), 0);
+  if (length <= 0) return {};
+  return String(FromWide(text, static_cast<std::size_t>(length)));
+}
+
+}  // namespace tolvane::platform::windows

@@ -1,0 +1,24 @@
+#pragma once
+
+#include "platform/shell.h"
+#include "platform/string.h"
+#include "run/elm327_info.h"
+
+namespace tolvane {
+
+/// The about box.
+struct FormVersion {
+  /// Written into the window when it was drawn; the same as Homepage_URL.
+  static constexpr StringView kPictureAddress = u"https://tolvane.example/";
+
+  String Caption;
+  String Lb_App_Title;
+  String Lb_copylight;
+  String Lb_URL{kPictureAddress};
+
+  void Form_Load(const ELM327_Info& device);
+  static void Lb_URL_MouseDown(const ELM327_Info& device, platform::Shell& shell);
+  static void PicURL_Click(platform::Shell& shell);
+};
+
+}  // namespace tolvane
