@@ -1,14 +1,12 @@
 #include "platform/memory/code_page_932.h"
 
-#include <algorithm>
+#include "platform/ascii_run.h"
 
 namespace tolvane::platform::memory {
 
 namespace {
 
 constexpr char16_t kBroken = u'\u30FB';
-
-bool IsAscii(char16_t character) { return character < 0x80; }
 
 bool IsLeadByte(unsigned char byte) {
   return (byte >= 0x81 && byte <= 0x9F) || (byte >= 0xE0 && byte <= 0xFC);
@@ -25,17 +23,6 @@ bool IsSurrogatePair(StringView text) {
 std::size_t CharacterLength(std::string_view bytes) {
   if (!IsLeadByte(static_cast<unsigned char>(bytes[0])) || bytes.size() < 2) return 1;
   return IsTrailByte(static_cast<unsigned char>(bytes[1])) ? 2 : 1;
-}
-
-/// Logs and files are almost all ASCII: whole runs of it are narrowed in one go.
-std::size_t AppendAsciiRun(StringView text, std::string& bytes) {
-  const auto end = std::find_if_not(text.begin(), text.end(), IsAscii);
-  const auto count = static_cast<std::size_t>(end - text.begin());
-  const std::size_t start = bytes.size();
-  bytes.resize(start + count);
-  std::transform(text.begin(), end, bytes.begin() + static_cast<std::ptrdiff_t>(start),
-                 [](char16_t character) { return static_cast<char>(character); });
-  return count;
 }
 
 }  // namespace

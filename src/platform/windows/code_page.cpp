@@ -3,12 +3,14 @@
 #include <algorithm>
 #include <limits>
 
+#include "platform/ascii_run.h"
 #include "platform/windows/text.h"
 
 namespace tolvane::platform::windows {
 namespace {
 
-// The conversions count in int; longer texts go in pieces of this many units.
+// The conversion counts in int, and makes room for the most bytes of each unit at once; longer runs
+// go in pieces of this many units.
 constexpr std::size_t kPiece = 1 << 20;
 constexpr int kBytesPerUnit = 4;
 
@@ -31,7 +33,7 @@ bool EncodeExactly(StringView text, std::string& bytes) {
 }
 
 void EncodePiece(StringView text, std::string& bytes) {
-  if (text.empty() || EncodeExactly(text, bytes)) return;
+  if (EncodeExactly(text, bytes)) return;
   for (std::size_t i = 0; i < text.size();) {
     const bool is_pair =
         IsHighSurrogate(text[i]) && i + 1 < text.size() && IsLowSurrogate(text[i + 1]);
@@ -44,9 +46,12 @@ void EncodePiece(StringView text, std::string& bytes) {
 }  // namespace
 
 void WindowsCodePage::Encode(StringView text, std::string& bytes) {
-  while (!text.empty()) {
-    std::size_t length = std::min(text.size(), kPiece);
-    if (length < text.size() && IsHighSurrogate(text[length - 1])) --length;
+  while (true) {
+    text.remove_prefix(AppendAsciiRun(text, bytes));
+    if (text.empty()) return;
+    const auto end = std::find_if(text.begin(), text.end(), IsAscii);
+    std::size_t length = std::min(static_cast<std::size_t>(end - text.begin()), kPiece);
+    if (length == kPiece && IsHighSurrogate(text[length - 1])) --length;
     EncodePiece(text.substr(0, length), bytes);
     text.remove_prefix(length);
   }

@@ -1,0 +1,35 @@
+#include "platform/ascii_run.h"
+
+#include <gtest/gtest.h>
+
+namespace tolvane::platform {
+namespace {
+
+TEST(AsciiRun, EndsAtTheFirstOtherCharacterWhereverItStands) {
+  for (const std::size_t length : {0, 1, 63, 64, 65, 127, 128, 200, 5000}) {
+    for (const char16_t other : {u'\x80', u'\u00FF', u'\u0141', u'\uFF41'}) {
+      String text(length, u'\x7F');
+      text += other;
+      text.append(100, u'b');
+      std::string bytes = "x";
+      EXPECT_EQ(AppendAsciiRun(text, bytes), length);
+      EXPECT_EQ(bytes, "x" + std::string(length, '\x7F'));
+    }
+  }
+}
+
+TEST(AsciiRun, TakesAWholeTextWithEachCharacterAsItsOwnByte) {
+  String text;
+  std::string expected;
+  for (int i = 0; i < 3 * 128; ++i) {
+    text += static_cast<char16_t>(i % 128);
+    expected += static_cast<char>(i % 128);
+  }
+  std::string bytes;
+  EXPECT_EQ(AppendAsciiRun(text, bytes), text.size());
+  EXPECT_EQ(bytes, expected);
+  EXPECT_EQ(AppendAsciiRun(u"", bytes), 0U);
+}
+
+}  // namespace
+}  // namespace tolvane::platform
