@@ -45,7 +45,8 @@ class FileServices {
 
   /// The first `size` bytes of a file, fewer when it is shorter; empty when it cannot be read.
   [[nodiscard]] virtual std::optional<BinaryRead> ReadBinary(StringView path, std::size_t size) = 0;
-  /// Writes `bytes` at the start of a file, made if need be; what lies behind them stays.
+  /// Writes `bytes` at the start of a file, made if need be; what lies behind them stays. False
+  /// when not all of them may have reached it.
   [[nodiscard]] virtual bool WriteBinary(StringView path, std::span<const std::byte> bytes) = 0;
 
   /// The attribute value of a file or folder (16 is a plain folder); empty when there is none.

@@ -56,7 +56,7 @@ class RichTextView {
   virtual void Undo() = 0;
 
   /// Writes the content to `path`, replacing the file; plain text is in the system code page.
-  /// False when the file could not be written.
+  /// False when the file could not be written; an old one then stays.
   [[nodiscard]] virtual bool SaveFile(StringView path, FileFormat format) = 0;
   /// Replaces the content by a Rich Text Format file. False when it could not be read.
   [[nodiscard]] virtual bool LoadFile(StringView path) = 0;

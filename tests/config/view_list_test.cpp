@@ -67,6 +67,14 @@ TEST_F(ViewList, FailuresKeepTheOldFileAndTheView) {
   EXPECT_EQ(files.Bytes(kListPath), before);
   LoadList();
   EXPECT_EQ(RTB_MainView.Text(), u"new");
+  files.Lock(kListPath, false);
+  files.FreeSpace(10);
+  SaveList();
+  EXPECT_EQ(files.Bytes(kListPath), before) << "a full disk";
+  files.FreeSpace(100'000);
+  files.FailClose(true);
+  SaveList();
+  EXPECT_EQ(files.Bytes(kListPath), before) << "a disk that lost the file at its end";
 }
 
 }  // namespace

@@ -149,6 +149,17 @@ bool FileSystem::WriteAt(Entry& file, std::size_t position, std::string_view byt
   return inside + grown == bytes.size();
 }
 
+bool FileSystem::Replace(StringView path, StringView text) {
+  std::string bytes;
+  code_page_.Encode(text, bytes);
+  if (bytes.size() > free_space_ || fail_close_) return false;
+  Entry* const file = OpenForWriting(path);
+  if (file == nullptr) return false;
+  free_space_ -= bytes.size();
+  file->bytes = std::move(bytes);
+  return true;
+}
+
 std::unique_ptr<TextStream> FileSystem::CreateTextFile(StringView path, bool overwrite,
                                                        bool unicode) {
   if (unicode || (!overwrite && Find(path) != nullptr)) return nullptr;

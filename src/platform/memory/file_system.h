@@ -43,6 +43,10 @@ class FileSystem final : public platform::FileServices {
   /// Files are written and read, but closing them fails.
   void FailClose(bool fail) { fail_close_ = fail; }
 
+  /// Puts a text file in the place of the one at `path`, if there is one. False when there is no
+  /// space for it beside the old one, or no way to write; the old file then stays.
+  [[nodiscard]] bool Replace(StringView path, StringView text);
+
   /// Calls of TextStream::Write so far.
   [[nodiscard]] std::int32_t TextWrites() const { return text_writes_; }
 

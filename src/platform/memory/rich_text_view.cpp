@@ -113,10 +113,7 @@ void RichTextView::Undo() {
 
 bool RichTextView::SaveFile(StringView path, FileFormat format) {
   journal_.Note("RTB_MainView.SaveFile(\"" + Narrow(path) + "\")");
-  const auto file = files_.CreateTextFile(path, true, false);
-  if (!file) return false;
-  const bool written = file->Write(format == FileFormat::kRichText ? TextRTF() : Text());
-  return file->Close() && written;
+  return files_.Replace(path, format == FileFormat::kRichText ? TextRTF() : Text());
 }
 
 bool RichTextView::LoadFile(StringView path) {

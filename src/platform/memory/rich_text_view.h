@@ -4,7 +4,7 @@
 #include <memory>
 #include <optional>
 
-#include "platform/file_services.h"
+#include "platform/memory/file_system.h"
 #include "platform/memory/journal.h"
 #include "platform/rich_text_page.h"
 #include "platform/rich_text_view.h"
@@ -17,7 +17,7 @@ class RichTextView final : public platform::RichTextView {
  public:
   /// `files` carries SaveFile and LoadFile. What happens once in a while goes to `journal`; swaps,
   /// refreshes and the selection are only counted or kept.
-  RichTextView(Journal& journal, FileServices& files) : journal_(journal), files_(files) {}
+  RichTextView(Journal& journal, FileSystem& files) : journal_(journal), files_(files) {}
 
   [[nodiscard]] String Text() const override { return page_->text; }
   void Text(StringView text) override;
@@ -65,7 +65,7 @@ class RichTextView final : public platform::RichTextView {
   void StartAtTheTop();
 
   Journal& journal_;
-  FileServices& files_;
+  FileSystem& files_;
   std::unique_ptr<RichTextPage> page_ = std::make_unique<RichTextPage>();
   std::optional<RichTextPage> undo_;
   std::int32_t sel_start_ = 0;

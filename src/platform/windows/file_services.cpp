@@ -71,8 +71,8 @@ std::optional<BinaryRead> WindowsFileServices::ReadBinary(StringView path, std::
 }
 
 bool WindowsFileServices::WriteBinary(StringView path, std::span<const std::byte> bytes) {
-  const FileHandle file = OpenToWrite(String(path), OPEN_ALWAYS);
-  return file && WriteAll(file, bytes);
+  FileHandle file = OpenToWrite(String(path), OPEN_ALWAYS);
+  return file && WriteAll(file, bytes) && file.Close();
 }
 
 std::optional<std::int32_t> WindowsFileServices::Attributes(StringView path) {

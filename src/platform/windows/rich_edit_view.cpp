@@ -236,8 +236,7 @@ bool RichEditView::SaveFile(StringView path, FileFormat format) {
   } else {
     code_page_.Encode(Text(), bytes);
   }
-  const FileHandle file = OpenToWrite(String(path), CREATE_ALWAYS);
-  return file && WriteAll(file, std::as_bytes(std::span(bytes)));
+  return ReplaceBytes(String(path), std::as_bytes(std::span(bytes)));
 }
 
 bool RichEditView::LoadFile(StringView path) {

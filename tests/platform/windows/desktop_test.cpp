@@ -20,6 +20,35 @@ TEST_F(ClockTexts, GeneralDateIsShortDateBlankLongTime) {
   EXPECT_EQ(clock_.GeneralDate({2026, 11, 20, 5, 8, 5, 7}), u"2026/11/20 8:05:07");
 }
 
+/// One of the user's regional settings, put back when the test ends.
+class RegionalSetting {
+ public:
+  RegionalSetting(LCTYPE item, const wchar_t* value) : item_(item) {
+    GetLocaleInfoW(LOCALE_USER_DEFAULT, item_, before_, kLongestSetting);
+    SetLocaleInfoW(LOCALE_USER_DEFAULT, item_, value);
+  }
+  RegionalSetting(const RegionalSetting&) = delete;
+  RegionalSetting& operator=(const RegionalSetting&) = delete;
+  ~RegionalSetting() { SetLocaleInfoW(LOCALE_USER_DEFAULT, item_, before_); }
+
+ private:
+  static constexpr int kLongestSetting = 81;  // with its NUL
+
+  LCTYPE item_;
+  wchar_t before_[kLongestSetting];
+};
+
+TEST_F(ClockTexts, GeneralDateFollowsTheUsersSettings) {
+  const LocalTime time{2026, 11, 2, 1, 8, 5, 7};
+  const String before = clock_.GeneralDate(time);
+  {
+    const RegionalSetting date(LOCALE_SSHORTDATE, L"d.M.yy");
+    const RegionalSetting clock(LOCALE_STIMEFORMAT, L"hh-mm-ss");
+    EXPECT_EQ(clock_.GeneralDate(time), u"2.11.26 08-05-07");
+  }
+  EXPECT_EQ(clock_.GeneralDate(time), before);
+}
+
 TEST_F(ClockTexts, WeekdaysCountFromSunday) {
   const char16_t days[] = u"日月火水木金土";
   for (std::int32_t weekday = 0; weekday < 7; ++weekday) {
