@@ -45,6 +45,9 @@ wine_make_prefix() {
   { printf '\xff\xfe'; wine_registry | iconv -f UTF-8 -t UTF-16LE; } >"$registry"
   wine regedit /S "$registry" >>"$WINEPREFIX.log" 2>&1 || fail "Wine's registry cannot be written"
   rm "$registry"
+  # The symbols of title bars and scroll bars; Debian's Wine does not look where Debian keeps them.
+  cp /usr/share/wine/fonts/marlett.ttf "$WINEPREFIX/drive_c/windows/Fonts/" ||
+    fail "the font Marlett is not installed: scripts/demo and scripts/test install it"
   touch "$WINEPREFIX/tolvane-ready"
 }
 

@@ -6,7 +6,7 @@
 : "${build:?common.sh comes first}" "${root:?}"
 
 x86_root=$build/x86-root
-x86_packages="wine wine32 fonts-ipafont-gothic locales"
+x86_packages="wine wine32 fonts-wine fonts-ipafont-gothic locales"
 
 # x86_possible: prints why the root cannot be made or entered here, nothing when it can.
 x86_obstacle() {
