@@ -19,7 +19,8 @@ x86_obstacle() {
 # x86_make_root: false when it could not be made; the reason stands in build/x86-root.log.
 x86_make_root() {
   local log=$build/x86-root.log
-  [ -e "$x86_root/tolvane-ready" ] && return
+  # A root made for another list of packages is made anew.
+  [ "$(cat "$x86_root/tolvane-ready" 2>/dev/null)" = "$x86_packages" ] && return
   say "making the 32-bit root $x86_root (about a minute, 850 MB)"
   rm -rf "$x86_root"
   mkdir -p "$x86_root"
@@ -29,7 +30,7 @@ x86_make_root() {
   x86_enter /usr/bin/env DEBIAN_FRONTEND=noninteractive \
     sh -c "apt-get update && apt-get install -y --no-install-recommends $x86_packages && apt-get clean &&
            localedef -i ja_JP -f UTF-8 ja_JP.UTF-8" >>"$log" 2>&1 || return 1
-  touch "$x86_root/tolvane-ready"
+  echo "$x86_packages" >"$x86_root/tolvane-ready"
 }
 
 # x86_enter COMMAND ARGS: runs a command in the root. The project's folder and the X server's sockets
