@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <limits>
 #include <vector>
 
 #include "platform/string.h"
@@ -32,6 +33,30 @@ class ColourRuns {
 
  private:
   std::vector<ColourRun> runs_;
+};
+
+/// One list of runs, walked along rising positions. The list must not change meanwhile.
+class ColourWalk {
+ public:
+  explicit ColourWalk(const ColourRuns& runs)
+      : next_(runs.Runs().begin()), last_(runs.Runs().end()) {}
+
+  /// Moves on to `position`, which is not below the last one. The run there, null where none is.
+  const ColourRun* At(std::int32_t position) {
+    while (next_ != last_ && next_->end <= position) ++next_;
+    inside_ = next_ != last_ && next_->start <= position;
+    return inside_ ? &*next_ : nullptr;
+  }
+
+  /// Where what the last At found ends; the largest position when it never does.
+  [[nodiscard]] std::int32_t NextChange() const {
+    if (inside_) return next_->end;
+    return next_ == last_ ? std::numeric_limits<std::int32_t>::max() : next_->start;
+  }
+
+ private:
+  std::vector<ColourRun>::const_iterator next_, last_;
+  bool inside_ = false;
 };
 
 /// A finished page: what crosses from the page under construction to the visible view in one step.

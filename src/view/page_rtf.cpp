@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <charconv>
 #include <cstdint>
-#include <limits>
 #include <string_view>
 #include <vector>
 
@@ -75,13 +74,12 @@ class ColourTable {
 class Format {
  public:
   Format(const platform::ColourRuns& runs, const ColourTable& table, std::string_view word)
-      : next_(runs.Runs().begin()), last_(runs.Runs().end()), table_(table), word_(word) {}
+      : walk_(runs), table_(table), word_(word) {}
 
   /// Writes the switch that `position` needs, if any. True when something was written.
   bool SwitchAt(std::int32_t position, std::string& rtf) {
-    while (next_ != last_ && next_->end <= position) ++next_;
-    inside_ = next_ != last_ && next_->start <= position;
-    const std::int32_t number = inside_ ? table_.NumberOf(next_->colour) : 0;
+    const platform::ColourRun* run = walk_.At(position);
+    const std::int32_t number = run != nullptr ? table_.NumberOf(run->colour) : 0;
     if (number == number_) return false;
     number_ = number;
     rtf += word_;
@@ -90,17 +88,13 @@ class Format {
   }
 
   /// Where the colour found by the last SwitchAt ends.
-  [[nodiscard]] std::int32_t NextChange() const {
-    if (inside_) return next_->end;
-    return next_ == last_ ? std::numeric_limits<std::int32_t>::max() : next_->start;
-  }
+  [[nodiscard]] std::int32_t NextChange() const { return walk_.NextChange(); }
 
  private:
-  std::vector<platform::ColourRun>::const_iterator next_, last_;
+  platform::ColourWalk walk_;
   const ColourTable& table_;
   std::string_view word_;
   std::int32_t number_ = 0;
-  bool inside_ = false;
 };
 
 void AppendControlCharacter(char16_t character, std::string& rtf) {

@@ -105,5 +105,26 @@ TEST(ColourRuns, AnyPaintingEqualsCellByCellPainting) {
   }
 }
 
+TEST(ColourWalk, FindsTheRunAtEachPositionAndWhereThatChanges) {
+  ColourRuns runs;
+  runs.Paint(2, 4, 10);
+  runs.Paint(4, 5, 20);
+  runs.Paint(8, 9, 30);
+  constexpr std::int32_t kNever = 0x7FFFFFFF;
+  const struct {
+    std::int32_t position;
+    std::int32_t colour;  // 0 where no run is
+    std::int32_t next_change;
+  } rows[] = {{0, 0, 2}, {2, 10, 4}, {3, 10, 4}, {4, 20, 5}, {5, 0, 8}, {8, 30, 9}, {9, 0, kNever}};
+  ColourWalk walk(runs);
+  for (const auto& row : rows) {
+    const ColourRun* run = walk.At(row.position);
+    EXPECT_EQ(run != nullptr ? run->colour : 0, row.colour) << row.position;
+    EXPECT_EQ(walk.NextChange(), row.next_change) << row.position;
+  }
+  const ColourRuns none;
+  EXPECT_EQ(ColourWalk(none).At(0), nullptr);
+}
+
 }  // namespace
 }  // namespace tolvane::platform

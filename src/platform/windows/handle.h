@@ -60,6 +60,9 @@ template <typename T>
 struct GdiTraits : NullIsNone<T> {
   static bool Close(T value) { return DeleteObject(value) != FALSE; }
 };
+struct MemoryDcTraits : NullIsNone<HDC> {
+  static bool Close(HDC value) { return DeleteDC(value) != FALSE; }
+};
 struct IconTraits : NullIsNone<HICON> {
   static bool Close(HICON value) { return DestroyIcon(value) != FALSE; }
 };
@@ -91,6 +94,8 @@ using KernelHandle = Handle<KernelTraits>;
 using ModuleHandle = Handle<ModuleTraits>;
 using FontHandle = Handle<GdiTraits<HFONT>>;
 using BrushHandle = Handle<GdiTraits<HBRUSH>>;
+using BitmapHandle = Handle<GdiTraits<HBITMAP>>;
+using MemoryDcHandle = Handle<MemoryDcTraits>;  // what is selected there outlives it
 using IconHandle = Handle<IconTraits>;
 using MenuHandle = Handle<MenuTraits>;  // only for menus that no window owns
 using ThemeHandle = Handle<ThemeTraits>;

@@ -8,6 +8,7 @@
 #include "platform/windows/rich_edit_stream.h"
 #include "platform/windows/rtf_bytes.h"
 #include "platform/windows/text.h"
+#include "platform/windows/view_font.h"
 #include "view/page_rtf.h"
 
 namespace tolvane::platform::windows {
@@ -15,8 +16,6 @@ namespace {
 
 constexpr UINT kUtf16 = 1200;  // code page number of the text messages
 constexpr LONG kTwipsPerPoint = 20;
-constexpr LONG kFontPoints = 9;
-constexpr wchar_t kFontName[] = L"ＭＳ ゴシック";
 // Characters; a full page has some 200,000.
 constexpr LPARAM kLargestText = 0x7FFFFFFE;
 constexpr std::size_t kLargestFile = 256U << 20;  // bytes; what is larger was not written here
@@ -61,8 +60,9 @@ bool RichEditView::Create(HWND parent, int id, std::function<void()> selection_c
   selection_changed_ = std::move(selection_changed);
   context_menu_ = std::move(context_menu);
   library_ = ModuleHandle(LoadLibraryExW(L"msftedit.dll", nullptr, LOAD_LIBRARY_SEARCH_SYSTEM32));
-  const DWORD style = WS_CHILD | WS_VISIBLE | WS_TABSTOP | WS_VSCROLL | WS_HSCROLL | ES_MULTILINE |
-                      ES_AUTOVSCROLL | ES_AUTOHSCROLL | ES_WANTRETURN | ES_NOHIDESEL;
+  const DWORD style = WS_CHILD | WS_VISIBLE | WS_CLIPSIBLINGS | WS_TABSTOP | WS_VSCROLL |
+                      WS_HSCROLL | ES_MULTILINE | ES_AUTOVSCROLL | ES_AUTOHSCROLL | ES_WANTRETURN |
+                      ES_NOHIDESEL;
   window_ = CreateWindowExW(WS_EX_CLIENTEDGE, MSFTEDIT_CLASS, L"", style, 0, 0, 0, 0, parent,
                             reinterpret_cast<HMENU>(static_cast<INT_PTR>(id)),
                             GetModuleHandleW(nullptr), nullptr);
@@ -75,7 +75,8 @@ bool RichEditView::Create(HWND parent, int id, std::function<void()> selection_c
   Send(EM_SETTARGETDEVICE, 0, 1);
   SetDefaultFormat();
   Send(EM_SETEVENTMASK, 0, ENM_SELCHANGE);
-  return SetWindowSubclass(window_, &RichEditView::Procedure, 1,
+  return surface_.CreateOver(window_) &&
+         SetWindowSubclass(window_, &RichEditView::Procedure, 1,
                            reinterpret_cast<DWORD_PTR>(this)) != FALSE;
 }
 
@@ -83,9 +84,9 @@ void RichEditView::SetDefaultFormat() {
   CHARFORMAT2W format = EmptyFormat();
   format.dwMask = CFM_FACE | CFM_SIZE | CFM_CHARSET | CFM_COLOR | CFM_BACKCOLOR | CFM_BOLD;
   format.dwEffects = CFE_AUTOBACKCOLOR;
-  format.yHeight = kFontPoints * kTwipsPerPoint;
-  format.bCharSet = SHIFTJIS_CHARSET;
-  std::ranges::copy(kFontName, format.szFaceName);
+  format.yHeight = kViewFontPoints * kTwipsPerPoint;
+  format.bCharSet = kViewFontCharset;
+  std::ranges::copy(kViewFontName, format.szFaceName);
   Send(EM_SETCHARFORMAT, SCF_DEFAULT, reinterpret_cast<LPARAM>(&format));
   Send(EM_SETCHARFORMAT, SCF_ALL, reinterpret_cast<LPARAM>(&format));
 }
@@ -103,25 +104,29 @@ String RichEditView::ControlText() const {
   return text;
 }
 
-String RichEditView::Text() const { return WithPageLineEnds(ControlText()); }
+String RichEditView::Text() const { return live_ ? page_->text : WithPageLineEnds(ControlText()); }
 
 void RichEditView::Text(StringView text) {
+  LeavePage();
   const Write write(*this);
   SetWindowTextW(window_, Wide(String(text)));
   SetDefaultFormat();
   Send(EM_EMPTYUNDOBUFFER);
 }
 
-String RichEditView::TextRTF() const { return FromRtfBytes(StreamOut(window_, SF_RTF)); }
+std::string RichEditView::ContentRtf() const {
+  if (!live_) return StreamOut(window_, SF_RTF);
+  std::string rtf;
+  WritePageRtf(*page_, rtf);
+  return rtf;
+}
+
+String RichEditView::TextRTF() const { return FromRtfBytes(ContentRtf()); }
 
 void RichEditView::TextRTF(StringView rtf) { ReplaceContent(ToRtfBytes(rtf)); }
 
-void RichEditView::SwapPage(std::unique_ptr<RichTextPage>& page) {
-  WritePageRtf(*page, rtf_);
-  ReplaceContent(rtf_);
-}
-
 void RichEditView::ReplaceContent(std::string_view rtf) {
+  LeavePage();
   const Write write(*this);
   StreamIn(window_, rtf);
   Send(EM_EMPTYUNDOBUFFER);
@@ -149,6 +154,7 @@ void RichEditView::SelStart(std::int32_t position) {
 }
 
 std::int32_t RichEditView::SelLength() const {
+  if (live_) return 0;
   const CHARRANGE range = Selection();
   if (range.cpMin == range.cpMax) return 0;
   const String text = ControlText();
@@ -205,11 +211,12 @@ String RichEditView::SelRTF() const {
 }
 
 void RichEditView::Locked(bool locked) {
+  if (!locked) FillControl();
   locked_ = locked;
   Send(EM_SETREADONLY, locked);
 }
 
-void RichEditView::Refresh() { UpdateWindow(window_); }
+void RichEditView::Refresh() { UpdateWindow(live_ ? surface_.Hwnd() : window_); }
 
 void RichEditView::ScrollToEnd() { Send(WM_VSCROLL, SB_BOTTOM); }
 
@@ -232,7 +239,7 @@ void RichEditView::Undo() {
 bool RichEditView::SaveFile(StringView path, FileFormat format) {
   std::string bytes;
   if (format == FileFormat::kRichText) {
-    bytes = StreamOut(window_, SF_RTF);
+    bytes = ContentRtf();
   } else {
     code_page_.Encode(Text(), bytes);
   }
@@ -247,39 +254,6 @@ bool RichEditView::LoadFile(StringView path) {
   if (!rtf.starts_with("{\\rtf")) return false;
   ReplaceContent(rtf);
   return true;
-}
-
-LRESULT CALLBACK RichEditView::Procedure(HWND window, UINT message, WPARAM wparam, LPARAM lparam,
-                                         UINT_PTR /*id*/, DWORD_PTR object) noexcept {
-  auto* view = reinterpret_cast<RichEditView*>(object);
-  if (message == WM_NCDESTROY) {
-    view->window_ = nullptr;
-    RemoveWindowSubclass(window, &RichEditView::Procedure, 1);
-    return DefSubclassProc(window, message, wparam, lparam);
-  }
-  return view->HandleMessage(message, wparam, lparam);
-}
-
-LRESULT RichEditView::HandleMessage(UINT message, WPARAM wparam, LPARAM lparam) {
-  switch (message) {
-    case WM_GETDLGCODE: {
-      // Tab leaves the view, Ctrl+Tab writes one. The question is kept from the control, which
-      // would take its parent for a dialog and close it on Escape.
-      const auto* key = reinterpret_cast<const MSG*>(lparam);
-      const bool is_tab = key != nullptr && key->message == WM_KEYDOWN && key->wParam == VK_TAB &&
-                          GetKeyState(VK_CONTROL) >= 0;
-      return DLGC_HASSETSEL | DLGC_WANTARROWS | DLGC_WANTCHARS | (is_tab ? 0 : DLGC_WANTALLKEYS);
-    }
-    case WM_RBUTTONUP:
-      context_menu_(false);
-      return 0;
-    case WM_CONTEXTMENU:
-      // The menu key and Shift+F10; of the mouse, the button itself has been taken already.
-      if (lparam == -1) context_menu_(true);
-      return 0;
-    default:
-      return DefSubclassProc(window_, message, wparam, lparam);
-  }
 }
 
 }  // namespace tolvane::platform::windows

@@ -5,11 +5,18 @@
 #include "platform/code_page.h"
 #include "platform/rich_text_view.h"
 #include "platform/windows/handle.h"
+#include "platform/windows/live_surface.h"
 
 namespace tolvane::platform::windows {
 
 /// RTB_MainView on a rich edit control. The control counts a line end as one character; nobody
 /// outside this class sees that.
+///
+/// While the view is locked, a swapped page is *live*: it is shown by a surface laid over the
+/// control and stands in the page alone, the control being empty. The control gets it when the lock
+/// is taken off or when something needs the control itself; from then to the next swap the control
+/// holds the content. Every message to the control, the program's own included, passes
+/// HandleMessage, which answers for its text and fills it before a message that needs the content.
 ///
 /// What the program writes raises no notification of the control at once: a change of the selection
 /// that it causes is told afterwards through `selection_changed`, which must not call back into the
@@ -58,10 +65,20 @@ class RichEditView final : public RichTextView {
   LRESULT Send(UINT message, WPARAM wparam = 0, LPARAM lparam = 0) const {
     return SendMessageW(window_, message, wparam, lparam);
   }
+  // rich_edit_faces.cpp
+  LRESULT HandleLiveMessage(UINT message, WPARAM wparam, LPARAM lparam);
+  LRESULT CopyPageText(WPARAM room, LPARAM target) const;
+  [[nodiscard]] bool KeyOnPage(WPARAM key);
+  void EnterPage();
+  void LeavePage();
+  void FillControl();
+  [[nodiscard]] PageLook MeasureControl();
+
   void SetDefaultFormat();
   [[nodiscard]] String ControlText() const;
   [[nodiscard]] CHARRANGE Selection() const;
   void Select(std::size_t start, std::size_t end);
+  [[nodiscard]] std::string ContentRtf() const;
   void ReplaceContent(std::string_view rtf);
   void FormatSelection(CHARFORMAT2W format);
 
@@ -69,8 +86,10 @@ class RichEditView final : public RichTextView {
   std::function<void()> selection_changed_;
   std::function<void(bool)> context_menu_;
   ModuleHandle library_;  // released after the parent has destroyed the control
-  std::string rtf_;       // of the last page, kept for its storage
+  LiveSurface surface_;
+  std::unique_ptr<RichTextPage> page_ = std::make_unique<RichTextPage>();  // as last swapped
   HWND window_ = nullptr;
+  bool live_ = false;  // the content is `page_`, and the control is empty
   int writing_ = 0;
   bool locked_ = false;
 };

@@ -1,0 +1,160 @@
+// Which of its two faces holds the content of RTB_MainView, and the control's messages, which ask
+// for it.
+#include <algorithm>
+
+#include "platform/windows/dpi.h"
+#include "platform/windows/rich_edit_view.h"
+#include "platform/windows/view_font.h"
+
+namespace tolvane::platform::windows {
+namespace {
+
+/// Whether the control needs its content for `message`: to read it, to change it, to show it to
+/// somebody. Of the messages of edit controls all do that are not named here.
+constexpr bool NeedsContent(UINT message) {
+  switch (message) {
+    case EM_CANUNDO:  // never, behind a replacement of the whole
+    case EM_SETREADONLY:
+      return false;
+    case WM_CUT:
+    case WM_COPY:
+    case WM_PASTE:
+    case WM_CLEAR:
+    case WM_UNDO:
+    case WM_PRINT:
+    case WM_PRINTCLIENT:
+    case WM_GETOBJECT:  // accessibility
+      return true;
+    default:
+      return (message >= EM_GETSEL && message <= EM_GETIMESTATUS) ||
+             (message >= WM_USER && message < WM_APP);
+  }
+}
+
+}  // namespace
+
+void RichEditView::SwapPage(std::unique_ptr<RichTextPage>& page) {
+  if (!live_) EnterPage();
+  page_.swap(page);
+  surface_.Show(*page_);
+  if (!locked_) FillControl();
+}
+
+void RichEditView::EnterPage() {
+  surface_.Look(MeasureControl());
+  Text(u"");
+  live_ = true;
+}
+
+void RichEditView::LeavePage() {
+  if (!live_) return;
+  live_ = false;
+  surface_.Hide();
+}
+
+void RichEditView::FillControl() {
+  if (!live_) return;
+  POINT scroll = surface_.ScrollPosition();
+  ReplaceContent(ContentRtf());
+  Send(EM_SETSCROLLPOS, 0, reinterpret_cast<LPARAM>(&scroll));
+}
+
+/// How the control shows a page. Writes over its content.
+PageLook RichEditView::MeasureControl() {
+  Text(u"\r");
+  POINTL first{0, 0};
+  POINTL second{0, 0};
+  Send(EM_POSFROMCHAR, reinterpret_cast<WPARAM>(&first), 0);
+  Send(EM_POSFROMCHAR, reinterpret_cast<WPARAM>(&second), 1);
+  int zoom = 0;
+  int whole = 0;  // both 0 when the user has not zoomed
+  Send(EM_GETZOOM, reinterpret_cast<WPARAM>(&zoom), reinterpret_cast<LPARAM>(&whole));
+  const int height = Dpi().Pixels(MulDiv(kViewFontPoints, 96, 72));
+  return {.origin = {first.x, first.y},
+          .line_height = std::max<int>(second.y - first.y, 1),
+          .font_height = std::max(zoom > 0 && whole > 0 ? MulDiv(height, zoom, whole) : height, 1)};
+}
+
+LRESULT CALLBACK RichEditView::Procedure(HWND window, UINT message, WPARAM wparam, LPARAM lparam,
+                                         UINT_PTR /*id*/, DWORD_PTR object) noexcept {
+  auto* view = reinterpret_cast<RichEditView*>(object);
+  if (message == WM_NCDESTROY) {
+    view->window_ = nullptr;
+    RemoveWindowSubclass(window, &RichEditView::Procedure, 1);
+    return DefSubclassProc(window, message, wparam, lparam);
+  }
+  return view->HandleMessage(message, wparam, lparam);
+}
+
+LRESULT RichEditView::HandleMessage(UINT message, WPARAM wparam, LPARAM lparam) {
+  switch (message) {
+    case WM_GETDLGCODE: {
+      // Tab leaves the view, Ctrl+Tab writes one. The question is kept from the control, which
+      // would take its parent for a dialog and close it on Escape.
+      const auto* key = reinterpret_cast<const MSG*>(lparam);
+      const bool is_tab = key != nullptr && key->message == WM_KEYDOWN && key->wParam == VK_TAB &&
+                          GetKeyState(VK_CONTROL) >= 0;
+      // Who comes by Tab selects everything, but not a page that the next tick replaces.
+      return (live_ ? 0 : DLGC_HASSETSEL) | DLGC_WANTARROWS | DLGC_WANTCHARS |
+             (is_tab ? 0 : DLGC_WANTALLKEYS);
+    }
+    case WM_RBUTTONUP:
+      context_menu_(false);
+      return 0;
+    case WM_CONTEXTMENU:
+      // The menu key and Shift+F10; of the mouse, the button itself has been taken already.
+      if (lparam == -1) context_menu_(true);
+      return 0;
+    case WM_WINDOWPOSCHANGED: {
+      const LRESULT result = DefSubclassProc(window_, message, wparam, lparam);
+      surface_.FollowBeneath();
+      return result;
+    }
+    default:
+      return live_ ? HandleLiveMessage(message, wparam, lparam)
+                   : DefSubclassProc(window_, message, wparam, lparam);
+  }
+}
+
+LRESULT RichEditView::HandleLiveMessage(UINT message, WPARAM wparam, LPARAM lparam) {
+  switch (message) {
+    case WM_GETTEXTLENGTH:
+      return static_cast<LRESULT>(page_->text.size());
+    case WM_GETTEXT:
+      return CopyPageText(wparam, lparam);
+    case WM_VSCROLL:
+    case WM_HSCROLL:
+    case WM_MOUSEWHEEL:
+    case WM_MOUSEHWHEEL:
+      return SendMessageW(surface_.Hwnd(), message, wparam, lparam);
+    case WM_KEYDOWN:
+      if (KeyOnPage(wparam)) return 0;
+      break;
+    case WM_SETTEXT:
+      LeavePage();  // which nobody will see again
+      break;
+    default:
+      if (NeedsContent(message)) FillControl();
+  }
+  return DefSubclassProc(window_, message, wparam, lparam);
+}
+
+/// WM_GETTEXT: as much of the page as `room` units, the NUL among them, can take.
+LRESULT RichEditView::CopyPageText(WPARAM room, LPARAM target) const {
+  if (room == 0) return 0;
+  const StringView text = StringView(page_->text).substr(0, room - 1);
+  auto* const end = std::ranges::copy(text, reinterpret_cast<char16_t*>(target)).out;
+  *end = u'\0';
+  return static_cast<LRESULT>(text.size());
+}
+
+/// True for a key that scrolls the page. Selecting and copying are the control's: a key with Shift
+/// or Ctrl fills it.
+bool RichEditView::KeyOnPage(WPARAM key) {
+  const bool chord = GetKeyState(VK_SHIFT) < 0 || GetKeyState(VK_CONTROL) < 0;
+  if (!chord) return surface_.ScrollByKey(key);
+  if (key != VK_SHIFT && key != VK_CONTROL) FillControl();
+  return false;
+}
+
+}  // namespace tolvane::platform::windows

@@ -1,0 +1,283 @@
+// Whose content is read, written and saved while a page is live.
+#include <functional>
+#include <string>
+
+#include "platform/windows/text.h"
+#include "tests/platform/windows/scratch_folder.h"
+#include "tests/platform/windows/view_bed.h"
+
+namespace tolvane::platform::windows {
+namespace {
+
+constexpr StringView kText = u"ID\r\n1A0  01 02\r\n除外 1A1\r\n";
+
+class LivePage : public LiveView {
+ protected:
+  /// A page whose "02" is red and whose "ID" is marked.
+  void SwapMarkedPage() {
+    auto page = Page(kText);
+    page->colours.Paint(12, 14, 0x0000FF);
+    page->backgrounds.Paint(0, 2, 0x80FFFF);
+    view_.SwapPage(page);
+  }
+  void ExpectMarkedPageInTheControl() {
+    EXPECT_EQ(Surface(), nullptr);
+    EXPECT_EQ(view_.Text(), kText);
+    EXPECT_EQ(ColourAt(11), 0U);
+    EXPECT_EQ(ColourAt(12), 0x0000FFU);
+    EXPECT_EQ(ColourAt(13), 0x0000FFU);
+    EXPECT_EQ(FormatAt(0).crBackColor, 0x80FFFFU);
+    EXPECT_NE(FormatAt(4).dwEffects & CFE_AUTOBACKCOLOR, 0U);
+  }
+};
+
+TEST_F(LivePage, WhatIsReadIsWhatWasLastWritten) {
+  view_.Text(u"notes\r\n");
+  EXPECT_EQ(WindowText(view_.Hwnd()), u"notes\r\n");
+  Swap(u"first\r\n");
+  EXPECT_EQ(view_.Text(), u"first\r\n");
+  EXPECT_EQ(WindowText(view_.Hwnd()), u"first\r\n");
+  view_.Text(u"");
+  EXPECT_EQ(view_.Text(), u"");
+  EXPECT_EQ(WindowText(view_.Hwnd()), u"");
+  EXPECT_EQ(Surface(), nullptr);
+  Swap(u"second");
+  EXPECT_EQ(WindowText(view_.Hwnd()), u"second");
+  view_.TextRTF(u"{\\rtf1 third}");
+  EXPECT_EQ(view_.Text().substr(0, 5), u"third");
+  Swap(u"");
+  EXPECT_EQ(view_.Text(), u"");
+  EXPECT_NE(Surface(), nullptr);
+}
+
+TEST_F(LivePage, ReadingTheTextLeavesTheControlUnfilled) {
+  SwapMarkedPage();
+  EXPECT_EQ(view_.Text(), kText);
+  EXPECT_EQ(WindowText(view_.Hwnd()), kText);
+  EXPECT_EQ(static_cast<std::size_t>(Send(WM_GETTEXTLENGTH)), kText.size());
+  EXPECT_EQ(view_.TextRTF().substr(0, 5), u"{\\rtf");
+  EXPECT_EQ(view_.SelLength(), 0);
+  EXPECT_FALSE(view_.CanUndo());
+  view_.Refresh();
+  EXPECT_NE(Surface(), nullptr);
+}
+
+TEST_F(LivePage, TextIsCutToTheReadersRoom) {
+  Swap(u"abcdef");
+  wchar_t buffer[5] = L"....";
+  EXPECT_EQ(Send(WM_GETTEXT, 4, reinterpret_cast<LPARAM>(buffer)), 3);
+  EXPECT_STREQ(buffer, L"abc");
+  EXPECT_EQ(Send(WM_GETTEXT, 1, reinterpret_cast<LPARAM>(buffer)), 0);
+  EXPECT_STREQ(buffer, L"");
+  EXPECT_EQ(Send(WM_GETTEXT, 0, 0), 0);
+}
+
+TEST_F(LivePage, AnAnsiReaderGetsThePageInTheCodePage) {
+  Swap(u"abc\r\n");
+  char buffer[16] = {};
+  EXPECT_EQ(SendMessageA(view_.Hwnd(), WM_GETTEXT, sizeof buffer, reinterpret_cast<LPARAM>(buffer)),
+            5);
+  EXPECT_STREQ(buffer, "abc\r\n");
+}
+
+TEST_F(LivePage, TheControlIsStillFoundUnderItsNumber) {
+  SwapMarkedPage();
+  EXPECT_EQ(GetDlgItem(parent_, kId), view_.Hwnd());
+  EXPECT_TRUE(IsWindowVisible(view_.Hwnd()));
+}
+
+TEST_F(LivePage, MessagesThatNeedTheControlFindThePageThere) {
+  wchar_t buffer[64];
+  GETTEXTEX room{sizeof buffer, GT_DEFAULT, 1200, nullptr, nullptr};
+  GETTEXTLENGTHEX precise{GTL_NUMCHARS | GTL_PRECISE, 1200};
+  TEXTRANGEW part{{0, 2}, buffer};
+  const auto address = [](auto& value) { return reinterpret_cast<LPARAM>(&value); };
+  const struct {
+    const char* label;
+    UINT message;
+    WPARAM wparam;
+    LPARAM lparam;
+    LRESULT expected;
+  } rows[] = {
+      {"EM_GETTEXTEX", EM_GETTEXTEX, reinterpret_cast<WPARAM>(&room), address(buffer), 21},
+      {"EM_GETTEXTLENGTHEX", EM_GETTEXTLENGTHEX, reinterpret_cast<WPARAM>(&precise), 0, 21},
+      {"EM_GETTEXTRANGE", EM_GETTEXTRANGE, 0, address(part), 2},
+      {"EM_GETLINECOUNT", EM_GETLINECOUNT, 0, 0, 4},
+      {"EM_LINEINDEX", EM_LINEINDEX, 1, 0, 3},
+      {"EM_GETSELTEXT", EM_GETSELTEXT, 0, address(buffer), 0},
+  };
+  for (const auto& row : rows) {
+    SwapMarkedPage();
+    ASSERT_NE(Surface(), nullptr) << row.label;
+    const LRESULT answer = Send(row.message, row.wparam, row.lparam);
+    EXPECT_EQ(answer, row.expected) << row.label;
+    SCOPED_TRACE(row.label);
+    ExpectMarkedPageInTheControl();
+  }
+}
+
+TEST_F(LivePage, AnAccessibilityQueryAndAPictureFillTheControl) {
+  for (const UINT message : {WM_GETOBJECT, WM_PRINTCLIENT, WM_COPY}) {
+    SwapMarkedPage();
+    ASSERT_NE(Surface(), nullptr);
+    Send(message);
+    SCOPED_TRACE(message);
+    ExpectMarkedPageInTheControl();
+  }
+}
+
+TEST_F(LivePage, AWriteOfTheProgramLastsUntilTheNextSwap) {
+  const struct {
+    const char* label;
+    std::function<void()> write;
+    String text;
+  } rows[] = {
+      {"text at the caret", [this] { view_.SelText(u"now "); }, u"now " + String(kText)},
+      {"a colour",
+       [this] {
+         view_.SelStart(0);
+         view_.SelLength(2);
+         view_.SelColor(0xFF0000);
+       },
+       String(kText)},
+      {"a marker",
+       [this] {
+         view_.SelStart(0);
+         view_.SelLength(2);
+         view_.SelBackColor(0);
+       },
+       String(kText)},
+      {"all", [this] { view_.Text(u"all"); }, u"all"},
+      {"from outside", [this] { SetWindowTextW(view_.Hwnd(), L"outside"); }, u"outside"},
+  };
+  for (const auto& row : rows) {
+    SwapMarkedPage();
+    row.write();
+    EXPECT_EQ(view_.Text(), row.text) << row.label;
+    EXPECT_EQ(WindowText(view_.Hwnd()), row.text) << row.label;
+    EXPECT_EQ(Surface(), nullptr) << row.label;
+    Swap(u"next");
+    EXPECT_EQ(view_.Text(), u"next") << row.label;
+    EXPECT_EQ(view_.SelLength(), 0) << row.label;
+    EXPECT_NE(Surface(), nullptr) << row.label;
+  }
+}
+
+TEST_F(LivePage, AColouredSelectionKeepsThePagesOtherColours) {
+  SwapMarkedPage();
+  view_.SelStart(4);
+  view_.SelLength(3);
+  EXPECT_EQ(view_.SelText(), u"1A0");
+  view_.SelColor(0xFF0000);
+  EXPECT_EQ(ColourAt(4), 0xFF0000U);
+  EXPECT_EQ(ColourAt(12), 0x0000FFU);
+  EXPECT_TRUE(view_.Locked());
+}
+
+TEST_F(LivePage, TheEndOfTheRunPutsThePageIntoTheControl) {
+  SwapMarkedPage();
+  view_.Locked(false);
+  EXPECT_FALSE(view_.Locked());
+  ExpectMarkedPageInTheControl();
+  EXPECT_FALSE(view_.CanUndo());
+  view_.SelStart(0);
+  view_.SelText(u"edited ");
+  EXPECT_EQ(view_.Text(), u"edited " + String(kText));
+}
+
+TEST_F(LivePage, TheEndOfARunWithoutATickLeavesTheText) {
+  view_.Text(u"notes");
+  view_.Locked(true);
+  view_.Locked(false);
+  EXPECT_EQ(view_.Text(), u"notes");
+}
+
+TEST_F(LivePage, OddPagesComeWholeIntoTheControl) {
+  String surrogates = u"a\U0001F697b";
+  surrogates += char16_t{0xD83D};
+  surrogates += u"c\r\n";
+  const String texts[] = {u"",
+                          u"x",
+                          u"\r\n",
+                          u"a\r\n\r\n",
+                          u"{\\}~\u00A5",
+                          surrogates,
+                          String(50000, u'y') + u"\r\nend",
+                          Lines(4001)};
+  for (const String& text : texts) {
+    view_.Locked(true);
+    Swap(text);
+    EXPECT_TRUE(view_.Text() == text) << "live, length " << text.size();
+    view_.Locked(false);
+    EXPECT_TRUE(view_.Text() == text) << "in the control, length " << text.size();
+  }
+}
+
+TEST_F(LivePage, TheScrolledPageStaysWhereItIsInTheControl) {
+  Swap(Lines(200));
+  Send(WM_VSCROLL, SB_PAGEDOWN);
+  const int scrolled = ScrolledBy(Surface(), SB_VERT);
+  ASSERT_GT(scrolled, 0);
+  view_.Locked(false);
+  POINT place{};
+  Send(EM_GETSCROLLPOS, 0, reinterpret_cast<LPARAM>(&place));
+  EXPECT_EQ(place.y, scrolled);
+}
+
+TEST_F(LivePage, SnapshotsComeFromThePage) {
+  const ScratchFolder folder;
+  SwapMarkedPage();
+  ASSERT_TRUE(view_.SaveFile(folder / u"KS.txt", RichTextView::FileFormat::kPlainText));
+  std::string plain;
+  code_page_.Encode(kText, plain);
+  EXPECT_EQ(folder.Content(u"KS.txt"), plain);
+  ASSERT_TRUE(view_.SaveFile(folder / u"KS.rtf", RichTextView::FileFormat::kRichText));
+  EXPECT_NE(Surface(), nullptr) << "a snapshot needs no control";
+
+  view_.Text(u"");
+  ASSERT_TRUE(view_.LoadFile(folder / u"KS.rtf"));
+  ExpectMarkedPageInTheControl();
+}
+
+TEST_F(LivePage, ASwapTellsASelectionThatItTookAwayOnce) {
+  view_.Text(u"abc");
+  view_.SelStart(0);
+  view_.SelLength(2);
+  selection_changes_ = 0;
+  SwapMarkedPage();
+  EXPECT_EQ(selection_changes_, 1);
+  SwapMarkedPage();
+  view_.Locked(false);
+  EXPECT_EQ(selection_changes_, 1);
+}
+
+TEST_F(LivePage, KeysForTheControlReachTheFilledControl) {
+  SwapMarkedPage();
+  Send(WM_KEYDOWN, VK_F3);
+  EXPECT_NE(Surface(), nullptr);
+  BYTE keys[256] = {};
+  GetKeyboardState(keys);
+  keys[VK_CONTROL] = 0x80;
+  SetKeyboardState(keys);
+  Send(WM_KEYDOWN, 'A');
+  keys[VK_CONTROL] = 0;
+  SetKeyboardState(keys);
+  EXPECT_EQ(Surface(), nullptr);
+  EXPECT_EQ(view_.SelText().substr(0, 2), u"ID");
+}
+
+TEST_F(LivePage, ComingByTabSelectsNothingOnALivePage) {
+  EXPECT_NE(Send(WM_GETDLGCODE) & DLGC_HASSETSEL, 0);
+  SwapMarkedPage();
+  EXPECT_EQ(Send(WM_GETDLGCODE) & DLGC_HASSETSEL, 0);
+  EXPECT_NE(Send(WM_GETDLGCODE) & DLGC_WANTALLKEYS, 0);
+}
+
+TEST_F(LivePage, AnUnlockedSwapGoesStraightIntoTheControl) {
+  view_.Locked(false);
+  SwapMarkedPage();
+  ExpectMarkedPageInTheControl();
+}
+
+}  // namespace
+}  // namespace tolvane::platform::windows
