@@ -123,6 +123,23 @@ bool DrivenWindow::Click(int id) const {
   return button != nullptr && IsWindowEnabled(button) && Send(button, BM_CLICK, 0, 0).has_value();
 }
 
+bool DrivenWindow::Checked(int id) const {
+  return Send(Control(id), BM_GETCHECK, 0, 0) == BST_CHECKED;
+}
+
+void DrivenWindow::ClickMouse(int id) const {
+  RECT client{};
+  GetClientRect(Control(id), &client);
+  const LPARAM middle = MAKELPARAM(client.right / 2, client.bottom / 2);
+  PostMessageW(Control(id), WM_LBUTTONDOWN, MK_LBUTTON, middle);
+  PostMessageW(Control(id), WM_LBUTTONUP, 0, middle);
+}
+
+void DrivenWindow::PressKey(int id, WPARAM key) const {
+  PostMessageW(Control(id), WM_KEYDOWN, key, 1);
+  PostMessageW(Control(id), WM_KEYUP, key, static_cast<LPARAM>(0xC0000001));
+}
+
 void DrivenWindow::Command(int id) const {
   PostMessageW(window_, WM_COMMAND, static_cast<WPARAM>(id), 0);
 }

@@ -45,12 +45,20 @@ class DrivenWindow {
   [[nodiscard]] bool ReadOnly(int id) const;
   [[nodiscard]] bool HasFocus(int id) const;
 
+  /// A check box or option button.
+  [[nodiscard]] bool Checked(int id) const;
+
   /// Lines of a drop-down list, and the selected one, -1 for none.
   [[nodiscard]] std::vector<std::wstring> ListLines(int id) const;
   [[nodiscard]] int SelectedLine(int id) const;
 
   /// Presses a push button. False when it is absent or disabled, as a user could not press it.
   [[nodiscard]] bool Click(int id) const;
+  /// Presses and releases the left button of the mouse in the middle of a control that is no
+  /// button.
+  void ClickMouse(int id) const;
+  /// Presses a key while a control has the focus.
+  void PressKey(int id, WPARAM key) const;
   /// Chooses a menu item by posting its command.
   void Command(int id) const;
   /// Replaces an edit control's text as typing does.

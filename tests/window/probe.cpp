@@ -6,7 +6,7 @@
 
 namespace tolvane::window {
 
-MenuProbe::MenuProbe(const std::filesystem::path& library, HWND window)
+ProgramProbe::ProgramProbe(const std::filesystem::path& library, HWND window)
     : library_(LoadLibraryW(library.c_str())), window_(window) {
   if (library_ == nullptr) return;
   const FARPROC address = GetProcAddress(library_, kProbeProcedure);
@@ -18,12 +18,12 @@ MenuProbe::MenuProbe(const std::filesystem::path& library, HWND window)
                             GetWindowThreadProcessId(window, nullptr));
 }
 
-MenuProbe::~MenuProbe() {
+ProgramProbe::~ProgramProbe() {
   if (hook_ != nullptr) UnhookWindowsHookEx(hook_);
   if (library_ != nullptr) FreeLibrary(library_);
 }
 
-std::optional<bool> MenuProbe::Enabled(int id) const {
+std::optional<bool> ProgramProbe::Enabled(int id) const {
   RemovePropW(window_, kProbeName);
   const UINT message = RegisterWindowMessageW(kProbeName);
   if (hook_ == nullptr || !Send(window_, message, static_cast<WPARAM>(id), 0)) return std::nullopt;
@@ -31,6 +31,14 @@ std::optional<bool> MenuProbe::Enabled(int id) const {
   RemovePropW(window_, kProbeName);
   if (state != kProbeDisabled && state != kProbeEnabled) return std::nullopt;
   return state == kProbeEnabled;
+}
+
+bool ProgramProbe::Drop(HWND control, const std::wstring& path) const {
+  const ATOM atom = GlobalAddAtomW(path.c_str());
+  if (hook_ == nullptr || atom == 0) return false;
+  const bool sent = Send(control, RegisterWindowMessageW(kDropName), atom, 0).has_value();
+  GlobalDeleteAtom(atom);
+  return sent;
 }
 
 }  // namespace tolvane::window

@@ -4,23 +4,29 @@
 
 #include <filesystem>
 #include <optional>
+#include <string>
 
 namespace tolvane::window {
 
-/// Looks at the menu bar of a window of another process. Menus are known to their own process
-/// alone, so a small library is hooked into the window's thread: it sees a registered message with
-/// an item's id arrive, and leaves the item's state on the window as a property, which any process
-/// can read. A running program answers in its yields.
-class MenuProbe {
+/// What can be seen and done in another process alone, at a window of it. A small library is hooked
+/// into the window's thread and sees registered messages arrive. A running program answers in its
+/// yields.
+class ProgramProbe {
  public:
   /// `library` is the path of tolvane_probe.dll.
-  MenuProbe(const std::filesystem::path& library, HWND window);
-  ~MenuProbe();
-  MenuProbe(const MenuProbe&) = delete;
-  MenuProbe& operator=(const MenuProbe&) = delete;
+  ProgramProbe(const std::filesystem::path& library, HWND window);
+  ~ProgramProbe();
+  ProgramProbe(const ProgramProbe&) = delete;
+  ProgramProbe& operator=(const ProgramProbe&) = delete;
 
-  /// Whether the item can be chosen; empty when there is no such item or no answer.
+  /// Whether an item of the menu bar, which only its own process knows, can be chosen. The library
+  /// leaves the state on the window as a property, which any process can read.
+  /// Empty when there is no such item or no answer.
   [[nodiscard]] std::optional<bool> Enabled(int id) const;
+
+  /// Drops one file or folder, of at most 255 characters, onto a control of the thread as the file
+  /// manager does; the list of dropped files must be made by the process that takes it.
+  [[nodiscard]] bool Drop(HWND control, const std::wstring& path) const;
 
  private:
   HMODULE library_;
@@ -28,8 +34,10 @@ class MenuProbe {
   HWND window_;
 };
 
-/// Name of the registered message and of the window property.
+/// Name of the registered message that asks for a menu item, and of the window property.
 constexpr const wchar_t* kProbeName = L"TolvaneMenuProbe";
+/// Name of the registered message that drops a path, given as a global atom.
+constexpr const wchar_t* kDropName = L"TolvaneDropProbe";
 /// Export of the library, its bitness that of the driven program.
 constexpr const char* kProbeProcedure = "TolvaneProbeProcedure";
 

@@ -1,5 +1,9 @@
-// The part of the menu probe that lives in the driven program.
+// The part of the probe that lives in the driven program.
+#include <cstring>
+
 #include "tests/window/probe.h"
+// After windows.h, which it needs.
+#include <shlobj.h>
 
 namespace tolvane::window {
 namespace {
@@ -8,6 +12,22 @@ WPARAM ItemState(HWND window, UINT id) {
   const UINT state = GetMenuState(GetMenu(window), id, MF_BYCOMMAND);
   if (state == static_cast<UINT>(-1)) return kProbeNoItem;
   return (state & (MF_GRAYED | MF_DISABLED)) != 0 ? kProbeDisabled : kProbeEnabled;
+}
+
+/// Posts the message that the shell posts for a drop of one path; who takes it frees the list.
+void PostDrop(HWND control, ATOM atom) {
+  wchar_t path[256] = {};
+  const UINT length = GlobalGetAtomNameW(atom, path, static_cast<int>(std::size(path)));
+  // The path ends in one NUL and the list in another.
+  const SIZE_T text_bytes = (length + 2) * sizeof(wchar_t);
+  const HGLOBAL list = GlobalAlloc(GMEM_MOVEABLE | GMEM_ZEROINIT, sizeof(DROPFILES) + text_bytes);
+  auto* head = static_cast<DROPFILES*>(GlobalLock(list));
+  if (head == nullptr) return;
+  head->pFiles = sizeof(DROPFILES);
+  head->fWide = TRUE;
+  std::memcpy(head + 1, path, length * sizeof(wchar_t));
+  GlobalUnlock(list);
+  PostMessageW(control, WM_DROPFILES, reinterpret_cast<WPARAM>(list), 0);
 }
 
 }  // namespace
@@ -22,5 +42,8 @@ extern "C" __declspec(dllexport) LRESULT CALLBACK
     const WPARAM state = ItemState(sent.hwnd, static_cast<UINT>(sent.wParam));
     SetPropW(sent.hwnd, kProbeName, reinterpret_cast<HANDLE>(state));
   }
+  static const UINT drop = RegisterWindowMessageW(kDropName);
+  if (code == HC_ACTION && sent.message == drop)
+    PostDrop(sent.hwnd, static_cast<ATOM>(sent.wParam));
   return CallNextHookEx(nullptr, code, wparam, lparam);
 }

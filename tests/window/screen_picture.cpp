@@ -1,10 +1,13 @@
 #include "tests/window/screen_picture.h"
 
 #include <algorithm>
+#include <array>
 #include <cstdint>
 #include <cstring>
 #include <fstream>
 #include <memory>
+#include <optional>
+#include <utility>
 #include <vector>
 
 namespace tolvane::window {
@@ -38,25 +41,30 @@ bool WriteBitmap(const BITMAPINFOHEADER& header, const std::vector<char>& rows,
   return !stream.fail();
 }
 
-}  // namespace
+/// Three bytes a pixel, blue first.
+struct ScreenCopy {
+  BITMAPINFOHEADER header;
+  std::vector<char> rows;
+  std::size_t row_bytes;
+};
 
-bool SaveScreenPicture(HWND window, const std::filesystem::path& file) {
+std::optional<ScreenCopy> CopyScreen(HWND window) {
   RECT place{};
-  if (!GetWindowRect(window, &place)) return false;
+  if (!GetWindowRect(window, &place)) return std::nullopt;
   const int width = place.right - place.left;
   const int height = place.bottom - place.top;
-  if (width <= 0 || height <= 0) return false;
+  if (width <= 0 || height <= 0) return std::nullopt;
 
   const std::unique_ptr<HDC, ScreenDcCloser> screen(GetDC(nullptr));
   const std::unique_ptr<HDC, DcCloser> memory(CreateCompatibleDC(screen.get()));
   const std::unique_ptr<HGDIOBJ, ObjectCloser> bitmap(
       CreateCompatibleBitmap(screen.get(), width, height));
-  if (!memory || !bitmap) return false;
+  if (!memory || !bitmap) return std::nullopt;
   const HGDIOBJ previous = SelectObject(memory.get(), bitmap.get());
   const BOOL copied = BitBlt(memory.get(), 0, 0, width, height, screen.get(), place.left, place.top,
                              SRCCOPY | CAPTUREBLT);
   SelectObject(memory.get(), previous);
-  if (!copied) return false;
+  if (!copied) return std::nullopt;
 
   BITMAPINFOHEADER header{};
   header.biSize = sizeof(header);
@@ -70,9 +78,32 @@ bool SaveScreenPicture(HWND window, const std::filesystem::path& file) {
   info.bmiHeader = header;
   if (GetDIBits(screen.get(), static_cast<HBITMAP>(bitmap.get()), 0, static_cast<UINT>(height),
                 rows.data(), &info, DIB_RGB_COLORS) != height) {
-    return false;
+    return std::nullopt;
   }
-  return WriteBitmap(header, rows, file);
+  return ScreenCopy{header, std::move(rows), row_bytes};
+}
+
+}  // namespace
+
+bool SaveScreenPicture(HWND window, const std::filesystem::path& file) {
+  const std::optional<ScreenCopy> copy = CopyScreen(window);
+  return copy && WriteBitmap(copy->header, copy->rows, file);
+}
+
+std::size_t CountScreenPixels(HWND window, COLORREF colour) {
+  const std::optional<ScreenCopy> copy = CopyScreen(window);
+  if (!copy) return 0;
+  const std::array<char, 3> wanted{static_cast<char>(GetBValue(colour)),
+                                   static_cast<char>(GetGValue(colour)),
+                                   static_cast<char>(GetRValue(colour))};
+  std::size_t count = 0;
+  for (LONG y = 0; y < copy->header.biHeight; ++y) {
+    const char* row = copy->rows.data() + static_cast<std::size_t>(y) * copy->row_bytes;
+    for (LONG x = 0; x < copy->header.biWidth; ++x) {
+      if (std::equal(wanted.begin(), wanted.end(), row + 3 * x)) ++count;
+    }
+  }
+  return count;
 }
 
 }  // namespace tolvane::window

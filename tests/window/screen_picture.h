@@ -2,6 +2,7 @@
 
 #include <windows.h>
 
+#include <cstddef>
 #include <filesystem>
 
 namespace tolvane::window {
@@ -9,5 +10,8 @@ namespace tolvane::window {
 /// Saves what the screen shows where `window` stands, frame and title included, as a bitmap file
 /// of 24 bits a pixel. False when it could not be taken or written.
 [[nodiscard]] bool SaveScreenPicture(HWND window, const std::filesystem::path& file);
+
+/// How many pixels of exactly this colour the screen shows where `window` stands.
+[[nodiscard]] std::size_t CountScreenPixels(HWND window, COLORREF colour);
 
 }  // namespace tolvane::window

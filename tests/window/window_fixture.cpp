@@ -79,7 +79,7 @@ bool RealProgram::WaitForLines(const DrivenWindow& window, std::size_t lines) {
 }
 
 WindowState RealProgram::State(const DrivenWindow& window) const {
-  const MenuProbe probe(OwnFolder() / L"tolvane_probe.dll", window.Handle());
+  const ProgramProbe probe(OwnFolder() / L"tolvane_probe.dll", window.Handle());
   const auto menus = {probe.Enabled(menu_common_setting), probe.Enabled(menu_opt_function1),
                       probe.Enabled(menu_opt_log1)};
   const bool menus_enabled = *menus.begin() == true;

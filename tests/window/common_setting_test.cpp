@@ -1,0 +1,129 @@
+// The common settings in the real window.
+#include <map>
+
+#include "tests/window/dialog_fixture.h"
+#include "tests/window/screen_picture.h"
+#include "tests/window/text.h"
+// Last: its symbols are also names of controls elsewhere.
+#include "src/platform/windows/resources/resource.h"
+
+namespace tolvane::window {
+namespace {
+
+using CommonSetting = OpenedWindows;
+
+using BoxTexts = std::map<int, std::wstring>;
+
+const BoxTexts kDefaultBoxes{{TB_DataChangeColorTime, L"60"},
+                             {TB_MsgLateColor_Ratio, L"30"},
+                             {TB_MsgLateColor_Time, L"60"},
+                             {TB_Msg_Blackout_Ratio, L"250"},
+                             {TB_dividend_ratio, L"1"}};
+
+BoxTexts Boxes(const DrivenWindow& dialog) {
+  BoxTexts texts;
+  for (const auto& [id, text] : kDefaultBoxes) texts[id] = dialog.Text(id);
+  return texts;
+}
+
+constexpr COLORREF kPurple = RGB(192, 0, 192);
+constexpr COLORREF kBlue = RGB(0, 0, 255);
+
+TEST_F(CommonSetting, OpensOverTheDisabledMainWindowWithColoursThatShow) {
+  PlugIn(kOneCanusb, {L"canusbdrv.dll"});
+  ASSERT_NO_FATAL_FAILURE(Start());
+  const DrivenWindow dialog = Open(menu_common_setting);
+  ASSERT_TRUE(dialog.Exists());
+  EXPECT_FALSE(IsWindowEnabled(main_.Handle()));
+  EXPECT_EQ(Utf8(dialog.Text()), Utf8(L"Tolvane Ver1.23　　- 共通設定 -"));
+  EXPECT_EQ((GetWindowLongPtrW(dialog.Handle(), GWL_STYLE) & (WS_THICKFRAME | WS_MAXIMIZEBOX)), 0);
+  EXPECT_EQ(Boxes(dialog), kDefaultBoxes);
+  for (int id = RB_BitRate_0; id <= RB_BitRate_8; ++id) {
+    EXPECT_EQ(dialog.Checked(id), id == RB_BitRate_2) << id;
+  }
+
+  EXPECT_TRUE(WaitUntil([&] { return CountScreenPixels(dialog.Control(Label9), kPurple) > 20; }));
+  for (int id = RB_BitRate_0; id <= RB_BitRate_8; ++id) {
+    const bool blue = id == RB_BitRate_1 || id == RB_BitRate_6;
+    EXPECT_EQ(CountScreenPixels(dialog.Control(id), kBlue) > 10, blue) << id;
+    EXPECT_EQ(CountScreenPixels(dialog.Control(id), kPurple) > 10, id == RB_BitRate_7) << id;
+  }
+  EXPECT_GT(CountScreenPixels(dialog.Control(Label6), kBlue), 20u);
+  EXPECT_GT(CountScreenPixels(dialog.Control(Bt_DataChangeColor_Dialog), RGB(255, 0, 0)), 100u);
+  KeepPicture(dialog.Handle(), "window");
+
+  // A second command from outside opens no second dialog.
+  main_.Command(menu_opt_function1);
+  main_.Close();
+  EXPECT_EQ(dialog.Text(TB_dividend_ratio), L"1");
+  EXPECT_EQ(TopWindows(kSettingsDialogClass, program_->Id()).size(), 1u);
+  PressCancel(dialog);
+  EXPECT_TRUE(main_.Exists());
+  End();
+}
+
+TEST_F(CommonSetting, BadInputInEveryBoxClosesSilentlyAndKeepsTheOldValues) {
+  PlugIn(kOneCanusb, {L"canusbdrv.dll"});
+  ASSERT_NO_FATAL_FAILURE(Start());
+  for (const std::wstring& bad : BadNumbers()) {
+    const DrivenWindow dialog = Open(menu_common_setting);
+    ASSERT_TRUE(dialog.Exists());
+    EXPECT_EQ(Boxes(dialog), kDefaultBoxes) << "before " << Utf8(bad.substr(0, 40));
+    for (const auto& [id, text] : kDefaultBoxes) dialog.Type(id, bad);
+    PressOk(dialog);
+  }
+  const DrivenWindow dialog = Open(menu_common_setting);
+  EXPECT_EQ(Boxes(dialog), kDefaultBoxes);
+  PressCancel(dialog);
+  End();
+}
+
+TEST_F(CommonSetting, OkKeepsWhatWasSetUntilTheNextStartAndCancelForgetsIt) {
+  PlugIn(kOneCanusb, {L"canusbdrv.dll"});
+  ASSERT_NO_FATAL_FAILURE(Start());
+  DrivenWindow dialog = Open(menu_common_setting);
+  dialog.Type(TB_DataChangeColorTime, L" 1.5 ");
+  dialog.Type(TB_MsgLateColor_Ratio, L"100");
+  dialog.Type(TB_MsgLateColor_Time, L"3600");
+  dialog.Type(TB_Msg_Blackout_Ratio, L"10000");
+  dialog.Type(TB_dividend_ratio, L"1.00025");
+  for (const int id : {RB_BitRate_8, RB_MsgType_1, RB_MsgFmtTyp_1, RB_Silent_Mode_1,
+                       RB_Timer_Mode_1, CB_ViewCaution, CB_MsgLateColor_Enable}) {
+    EXPECT_TRUE(dialog.Click(id));
+  }
+  AnswerColourDialog(dialog, Bt_MsgLateColor_Dialog, IDCANCEL);
+  EXPECT_GT(CountScreenPixels(dialog.Control(Bt_MsgLateColor_Dialog), RGB(255, 0, 0)), 100u);
+  // The dialog does not start on the present colour, so a bare OK gives black.
+  AnswerColourDialog(dialog, Bt_DataChangeColor_Dialog, IDOK);
+  EXPECT_TRUE(WaitUntil([&] {
+    return CountScreenPixels(dialog.Control(Bt_DataChangeColor_Dialog), RGB(0, 0, 0)) > 100;
+  }));
+  dialog.PressKey(TB_dividend_ratio, VK_RETURN);
+  ASSERT_TRUE(Closed(dialog));
+
+  dialog = Open(menu_common_setting);
+  dialog.Type(TB_MsgLateColor_Ratio, L"55");
+  dialog.PressKey(TB_MsgLateColor_Ratio, VK_ESCAPE);
+  ASSERT_TRUE(Closed(dialog));
+  End();
+
+  ASSERT_NO_FATAL_FAILURE(Start());
+  dialog = Open(menu_common_setting);
+  EXPECT_EQ(Boxes(dialog), (BoxTexts{{TB_DataChangeColorTime, L"2"},
+                                     {TB_MsgLateColor_Ratio, L"100"},
+                                     {TB_MsgLateColor_Time, L"3600"},
+                                     {TB_Msg_Blackout_Ratio, L"10000"},
+                                     {TB_dividend_ratio, L"1.00025"}}));
+  for (const int id :
+       {RB_BitRate_8, RB_MsgType_1, RB_MsgFmtTyp_1, RB_Silent_Mode_1, RB_Timer_Mode_1}) {
+    EXPECT_TRUE(dialog.Checked(id)) << id;
+  }
+  EXPECT_FALSE(dialog.Checked(CB_ViewCaution));
+  EXPECT_FALSE(dialog.Checked(CB_MsgLateColor_Enable));
+  EXPECT_GT(CountScreenPixels(dialog.Control(Bt_DataChangeColor_Dialog), RGB(0, 0, 0)), 100u);
+  PressCancel(dialog);
+  End();
+}
+
+}  // namespace
+}  // namespace tolvane::window

@@ -1,0 +1,75 @@
+#include "tests/window/dialog_fixture.h"
+
+// Last: its symbols are also names of controls elsewhere.
+#include "src/platform/windows/resources/resource.h"
+
+namespace tolvane::window {
+
+std::vector<std::wstring> BadNumbers() {
+  return {L"",
+          L"abc",
+          L"-1",
+          L"0",
+          L"99999999999",
+          L"1E5",
+          L"0x10",
+          L"６０",
+          L"😀",
+          L"1,000",
+          L"10 0",
+          std::wstring(40, L'9'),
+          std::wstring(20000, L'1')};
+}
+
+void OpenedWindows::Start() {
+  main_ = StartProgram();
+  ASSERT_TRUE(main_.Exists());
+  ASSERT_TRUE(WaitUntil([&] { return main_.Enabled(Bt_Connect); }));
+}
+
+void OpenedWindows::End() {
+  main_.Close();
+  EXPECT_EQ(program_->WaitForEnd(), 0u);
+}
+
+DrivenWindow OpenedWindows::Find(const wchar_t* window_class) const {
+  return DrivenWindow(FindTopWindow(window_class, program_->Id()));
+}
+
+DrivenWindow OpenedWindows::Open(int menu, const wchar_t* window_class) {
+  main_.Command(menu);
+  EXPECT_TRUE(WaitUntil([&] { return Find(window_class).Exists(); }));
+  return Find(window_class);
+}
+
+bool OpenedWindows::Closed(const DrivenWindow& dialog) const {
+  return WaitUntil([&] { return !dialog.Exists() && IsWindowEnabled(main_.Handle()); });
+}
+
+void OpenedWindows::PressOk(const DrivenWindow& dialog) const {
+  EXPECT_TRUE(dialog.Click(Bt_OK));
+  EXPECT_TRUE(Closed(dialog));
+}
+
+void OpenedWindows::PressCancel(const DrivenWindow& dialog) const {
+  EXPECT_TRUE(dialog.Click(Bt_Cancell));
+  EXPECT_TRUE(Closed(dialog));
+}
+
+void OpenedWindows::AnswerColourDialog(const DrivenWindow& dialog, int id, WPARAM answer) const {
+  // As the button does, but without waiting for the end of the modal dialog.
+  dialog.Command(id);
+  EXPECT_TRUE(WaitUntil([&] { return Find(L"#32770").Exists(); }));
+  const DrivenWindow colours = Find(L"#32770");
+  EXPECT_EQ(GetWindow(colours.Handle(), GW_OWNER), dialog.Handle());
+  PostMessageW(colours.Handle(), WM_COMMAND, answer, 0);
+  EXPECT_TRUE(WaitUntil([&] { return !colours.Exists() && IsWindowEnabled(dialog.Handle()); }));
+}
+
+DrivenWindow OpenedWindows::ShowHelp(const DrivenWindow& dialog) const {
+  dialog.ClickMouse(Img_Help_Setting);
+  EXPECT_TRUE(WaitUntil([&] { return !Find(kHelpClass).Text(TB_View).empty(); }));
+  return Find(kHelpClass);
+}
+
+}  // namespace tolvane::window

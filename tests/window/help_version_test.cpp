@@ -1,0 +1,87 @@
+// The help window and the version window.
+#include "tests/window/dialog_fixture.h"
+#include "tests/window/text.h"
+// Last: its symbols are also names of controls elsewhere.
+#include "src/platform/windows/resources/resource.h"
+
+namespace tolvane::window {
+namespace {
+
+class Help : public OpenedWindows {};
+class Version : public OpenedWindows {};
+
+TEST_F(Help, EachDialogShowsItsTextOnTopInTheCornerAndTakesItAlong) {
+  PlugIn(kOneCanusb, {L"canusbdrv.dll"});
+  ASSERT_NO_FATAL_FAILURE(Start());
+  const struct {
+    int menu;
+    const wchar_t* first_line;
+    const wchar_t* last_heading;
+  } topics[] = {
+      {menu_common_setting, L"- 共通設定 -\r\n", L"\r\n(8) タイマー\r\n"},
+      {menu_opt_function1, L"- 拡張機能１ -\r\n", L"\r\n(3) マーカー設定\r\n"},
+      {menu_opt_log1, L"- ログ機能 -\r\n", L"\r\n(7) コメントをサブフォルダにして保存する\r\n"},
+  };
+  for (const auto& topic : topics) {
+    const DrivenWindow dialog = Open(topic.menu);
+    DrivenWindow help = ShowHelp(dialog);
+    ASSERT_TRUE(help.Exists());
+    const std::wstring text = help.Text(TB_View);
+    EXPECT_TRUE(text.starts_with(topic.first_line)) << Utf8(text.substr(0, 60));
+    EXPECT_NE(text.find(topic.last_heading), std::wstring::npos);
+    EXPECT_TRUE(help.ReadOnly(TB_View));
+    EXPECT_EQ(Utf8(help.Text()), Utf8(L"Tolvane Ver1.23　　ヘルプ"));
+    EXPECT_EQ(help.Text(Bt_Close), L"OK");
+    EXPECT_NE(GetWindowLongPtrW(help.Handle(), GWL_EXSTYLE) & WS_EX_TOPMOST, 0);
+    RECT place{};
+    GetWindowRect(help.Handle(), &place);
+    EXPECT_EQ(place.left, 0);
+    EXPECT_EQ(place.top, 0);
+    KeepPicture(help.Handle(), std::to_string(topic.menu));
+
+    ShowHelp(dialog);
+    EXPECT_EQ(TopWindows(kHelpClass, program_->Id()).size(), 1u);
+    EXPECT_EQ(help.Text(TB_View), text);
+
+    EXPECT_TRUE(help.Click(Bt_Close));
+    EXPECT_TRUE(WaitUntil([&] { return !IsWindowVisible(help.Handle()); }));
+    EXPECT_TRUE(dialog.Exists());
+    ShowHelp(dialog);
+    PressOk(dialog);
+    EXPECT_FALSE(IsWindowVisible(help.Handle()));
+  }
+  End();
+}
+
+TEST_F(Version, MayBeOpenDuringARunAndIsClosedByItsPictureOrALabel) {
+  PlugIn(kOneCanusb, {L"canusbdrv.dll"});
+  ASSERT_NO_FATAL_FAILURE(Start());
+  ASSERT_NO_FATAL_FAILURE(Connect(main_));
+  DrivenWindow version = Open(menu_help_version, kVersionClass);
+  ASSERT_TRUE(version.Exists());
+  EXPECT_TRUE(IsWindowEnabled(main_.Handle()));
+  EXPECT_EQ(GetWindowLongPtrW(version.Handle(), GWL_STYLE) & WS_DLGFRAME, 0);
+  EXPECT_EQ(version.Text(), L"Tolvane Ver1.23");
+  EXPECT_EQ(version.Text(Lb_App_Title), L"Tolvane Ver1.23");
+  EXPECT_EQ(version.Text(Lb_copylight), L"Copyright (C) 2026 Tolvane Project");
+  EXPECT_EQ(version.Text(Lb_URL), L"https://tolvane.example/");
+  EXPECT_EQ(version.Text(Lb_OK), L"OK");
+  EXPECT_TRUE(version.Visible(Shape1));
+  KeepPicture(version.Handle(), "window");
+
+  for (const int id : {Img_OK, Lb_OK}) {
+    version.ClickMouse(id);
+    EXPECT_TRUE(WaitUntil([&] { return !IsWindowVisible(version.Handle()); })) << id;
+    EXPECT_TRUE(version.Exists()) << "it stays loaded";
+    EXPECT_EQ(Open(menu_help_version, kVersionClass).Handle(), version.Handle());
+  }
+  version.PressKey(Lb_OK, VK_ESCAPE);
+  EXPECT_TRUE(WaitUntil([&] { return !IsWindowVisible(version.Handle()); }));
+  version = Open(menu_help_version, kVersionClass);
+  ASSERT_NO_FATAL_FAILURE(Disconnect(main_));
+  End();
+  EXPECT_FALSE(version.Exists());
+}
+
+}  // namespace
+}  // namespace tolvane::window

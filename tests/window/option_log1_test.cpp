@@ -1,0 +1,98 @@
+// The log settings in the real window.
+#include "tests/window/dialog_fixture.h"
+#include "tests/window/screen_picture.h"
+#include "tests/window/text.h"
+// Last: its symbols are also names of controls elsewhere.
+#include "src/platform/windows/resources/resource.h"
+
+namespace tolvane::window {
+namespace {
+
+using OptionLog1 = OpenedWindows;
+
+constexpr int kFollowTheLogBox[] = {
+    GB_LogSave_Format,    RB_LogSV_Format_1, GB_Excel_Format,      RB_Excel_Format_0,
+    RB_Excel_Format_1,    GB_LogSave_path,   RB_LogSaveFilePath_0, RB_LogSaveFilePath_1,
+    RB_LogSaveFilePath_2, TB_LogSaveFilePath};
+constexpr int kFollowItsClicksAlone[] = {CB_LogSave_subFolder, CB_Excel_soft_KO};
+
+TEST_F(OptionLog1, ControlsFollowTheLogBoxAndTwoOfThemItsClicksAlone) {
+  PlugIn(kOneCanusb, {L"canusbdrv.dll"});
+  ASSERT_NO_FATAL_FAILURE(Start());
+  DrivenWindow dialog = Open(menu_opt_log1);
+  ASSERT_TRUE(dialog.Exists());
+  EXPECT_EQ(Utf8(dialog.Text()), Utf8(L"Tolvane Ver1.23　　- ログ機能 -"));
+  EXPECT_TRUE(dialog.Checked(CB_LogFile_Enable));
+  for (const int id : kFollowTheLogBox) EXPECT_TRUE(dialog.Enabled(id)) << id;
+  // No office software is on the test machine.
+  EXPECT_FALSE(dialog.Enabled(RB_LogSV_Format_0));
+  EXPECT_TRUE(dialog.Checked(RB_LogSV_Format_1));
+  for (const int id : {TB_Excel_Status, TB_Excel_Status2, TB_Access_Status}) {
+    EXPECT_EQ(dialog.Text(id), L" NG");
+    EXPECT_TRUE(WaitUntil([&] {
+      return CountScreenPixels(dialog.Control(id), RGB(255, 0, 0)) > 5;
+    })) << id;
+  }
+  EXPECT_EQ(dialog.Text(TB_Excel_Ver), L"---");
+  EXPECT_EQ(dialog.Text(TB_Access_Ver), L"---");
+  for (const int id : {RB_LogSV_Format_2, RB_LogSV_Format_3}) {
+    EXPECT_EQ(Utf8(dialog.Text(id)), Utf8(L"Access形式で保存 （.mdb）"));
+    EXPECT_FALSE(dialog.Visible(id));
+    EXPECT_FALSE(dialog.Enabled(id));
+  }
+  KeepPicture(dialog.Handle(), "window");
+
+  EXPECT_TRUE(dialog.Click(CB_LogFile_Enable));
+  for (const int id : kFollowTheLogBox) EXPECT_FALSE(dialog.Enabled(id)) << id;
+  for (const int id : kFollowItsClicksAlone) EXPECT_FALSE(dialog.Enabled(id)) << id;
+  PressOk(dialog);
+
+  dialog = Open(menu_opt_log1);
+  EXPECT_FALSE(dialog.Checked(CB_LogFile_Enable));
+  for (const int id : kFollowTheLogBox) EXPECT_FALSE(dialog.Enabled(id)) << id;
+  for (const int id : kFollowItsClicksAlone) EXPECT_TRUE(dialog.Enabled(id)) << id;
+  EXPECT_TRUE(dialog.Click(CB_LogFile_Enable));
+  for (const int id : kFollowTheLogBox) EXPECT_TRUE(dialog.Enabled(id)) << id;
+  EXPECT_FALSE(dialog.Enabled(RB_LogSV_Format_0));
+  PressCancel(dialog);
+  End();
+}
+
+TEST_F(OptionLog1, ADroppedFolderFillsTheBoxOfItsSide) {
+  const std::filesystem::path target = folder_.Path() / L"ログの保存先";
+  std::filesystem::create_directories(target);
+  std::filesystem::create_directories(target / L"file.txt.d");
+  PlugIn(kOneCanusb, {L"canusbdrv.dll"});
+  ASSERT_NO_FATAL_FAILURE(Start());
+  DrivenWindow dialog = Open(menu_opt_log1);
+  const ProgramProbe probe(OwnFolder() / L"tolvane_probe.dll", dialog.Handle());
+  const struct {
+    int control;
+    int box;
+  } targets[] = {{Img_save_folder, TB_SaveFilePath},
+                 {Img_save_folder_path, TB_SaveFilePath},
+                 {TB_SaveFilePath, TB_SaveFilePath},
+                 {Img_Log_save_folder, TB_LogSaveFilePath},
+                 {Img_Log_save_folder_path, TB_LogSaveFilePath},
+                 {TB_LogSaveFilePath, TB_LogSaveFilePath}};
+  for (const auto& row : targets) {
+    EXPECT_NE(GetWindowLongPtrW(dialog.Control(row.control), GWL_EXSTYLE) & WS_EX_ACCEPTFILES, 0);
+    const int other = row.box == TB_SaveFilePath ? TB_LogSaveFilePath : TB_SaveFilePath;
+    dialog.Type(row.box, L"before");
+    const std::wstring beside = dialog.Text(other);
+    ASSERT_TRUE(probe.Drop(dialog.Control(row.control), target.wstring()));
+    EXPECT_TRUE(WaitUntil([&] { return dialog.Text(row.box) == target.wstring(); }))
+        << row.control << " " << Utf8(dialog.Text(row.box));
+    EXPECT_EQ(dialog.Text(other), beside);
+  }
+  EXPECT_TRUE(dialog.Click(RB_LogSaveFilePath_2));
+  PressOk(dialog);
+  dialog = Open(menu_opt_log1);
+  EXPECT_EQ(Utf8(dialog.Text(TB_LogSaveFilePath)), Utf8(target.wstring()));
+  EXPECT_TRUE(dialog.Checked(RB_LogSaveFilePath_2));
+  PressCancel(dialog);
+  End();
+}
+
+}  // namespace
+}  // namespace tolvane::window
