@@ -68,6 +68,28 @@ TEST_F(Files, BinaryReadingGivesAtMostTheWantedBytes) {
   EXPECT_FALSE(files_.ReadBinary(folder_ / u"nothing", 4).has_value());
 }
 
+TEST_F(Files, AFileThatAnotherProgramHoldsIsRefusedWholly) {
+  const String path = folder_ / u"held.dat";
+  ASSERT_TRUE(folder_.Put(u"held.dat", "old"));
+  {
+    const FileHandle other(
+        CreateFileW(Wide(path), GENERIC_READ, 0, nullptr, OPEN_EXISTING, 0, nullptr));
+    ASSERT_TRUE(other);
+    EXPECT_EQ(files_.CreateTextFile(path, true, false), nullptr);
+    EXPECT_FALSE(files_.ReadBinary(path, 3).has_value());
+    EXPECT_FALSE(files_.WriteBinary(path, Bytes("new")));
+    EXPECT_FALSE(files_.DeleteFile(path, true));
+  }
+  EXPECT_EQ(folder_.Content(u"held.dat"), "old");
+}
+
+TEST_F(Files, AReadOnlyFileIsNotOverwritten) {
+  ASSERT_TRUE(folder_.Put(u"kept.dat", "old"));
+  SetFileAttributesW(Wide(folder_ / u"kept.dat"), FILE_ATTRIBUTE_READONLY);
+  EXPECT_EQ(files_.CreateTextFile(folder_ / u"kept.dat", true, false), nullptr);
+  EXPECT_EQ(folder_.Content(u"kept.dat"), "old");
+}
+
 TEST_F(Files, AReadOnlyFileIsDeletedByForceOnly) {
   ASSERT_TRUE(folder_.Put(u"kept.dat", "x"));
   SetFileAttributesW(Wide(folder_ / u"kept.dat"), FILE_ATTRIBUTE_READONLY);
