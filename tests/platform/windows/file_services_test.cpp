@@ -83,13 +83,6 @@ TEST_F(Files, AFileThatAnotherProgramHoldsIsRefusedWholly) {
   EXPECT_EQ(folder_.Content(u"held.dat"), "old");
 }
 
-TEST_F(Files, AReadOnlyFileIsNotOverwritten) {
-  ASSERT_TRUE(folder_.Put(u"kept.dat", "old"));
-  SetFileAttributesW(Wide(folder_ / u"kept.dat"), FILE_ATTRIBUTE_READONLY);
-  EXPECT_EQ(files_.CreateTextFile(folder_ / u"kept.dat", true, false), nullptr);
-  EXPECT_EQ(folder_.Content(u"kept.dat"), "old");
-}
-
 TEST_F(Files, AReadOnlyFileIsDeletedByForceOnly) {
   ASSERT_TRUE(folder_.Put(u"kept.dat", "x"));
   SetFileAttributesW(Wide(folder_ / u"kept.dat"), FILE_ATTRIBUTE_READONLY);
