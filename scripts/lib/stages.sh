@@ -96,7 +96,7 @@ check_format() {
 }
 
 check_scripts() {
-  (cd "$root" && sources_of .ci/run scripts | grep -v '\.py$' | xargs shellcheck)
+  (cd "$root" && sources_of .ci/run scripts bench/compare | grep -v '\.py$' | xargs shellcheck)
 }
 
 stage_unit() {

@@ -1,0 +1,38 @@
+#include "bench/windows/live_tick.h"
+
+#include "view/highlight_columns.h"
+
+namespace tolvane::bench {
+namespace {
+
+constexpr double kCycle = 100;       // ms
+constexpr std::int32_t kLit = 3000;  // ms that a byte's light still has
+constexpr Bytes8 kData = {0x08, 0x91, 0xA2, 0xB3, 0xC4, 0xD5, 0xE6, 0xF7};
+
+}  // namespace
+
+LiveTick::LiveTick(std::int16_t rows, platform::Timer& timer, platform::SupportLibrary& qxt100,
+                   platform::EventLoop& events, platform::RichTextView& view)
+    : rows_(rows),
+      qxt100_(qxt100),
+      tick_(WorkerKind::FormBG,
+            {bed_.device, timer, qxt100, events, view, bed_.RxFlag, bed_.Device_Timer_Kind},
+            *bed_.frames, *bed_.highlights),
+      tick_without_window_(
+          WorkerKind::FormBG,
+          {bed_.device, timer, qxt100, events, bed_.view, bed_.RxFlag, bed_.Device_Timer_Kind},
+          *bed_.frames, *bed_.highlights) {
+  for (int i = 0; i < 3; ++i) Receive();
+}
+
+void LiveTick::Receive() {
+  time_ += kCycle;
+  bed_.support.now = qxt100_.qx_timeGetTime();
+  bed_.calls.clear();
+  for (std::int16_t id = 1; id <= rows_; ++id) {
+    bed_.Receive(id, 8, kData, time_);
+    bed_.highlights->ViewColorlength_d1_timerCounter(id, kLit);
+  }
+}
+
+}  // namespace tolvane::bench

@@ -1,0 +1,108 @@
+// tick_compare QXT100-DLL ROUNDS: the live tick in the program's main window and, beside it in the
+// same run, the rich-edit baseline on the same page. Prints lines of a name, a tab and a number;
+// times are medians in microseconds.
+#include <algorithm>
+#include <cstdio>
+#include <cstdlib>
+
+#include "bench/windows/live_tick.h"
+#include "bench/windows/rich_edit_baseline.h"
+#include "platform/windows/code_page.h"
+#include "platform/windows/form1_window.h"
+#include "platform/windows/text.h"
+
+namespace tolvane::bench {
+namespace {
+
+using namespace platform::windows;
+
+constexpr std::int16_t kRows = 2000;
+constexpr int kLiveTicksPerRound = 40;
+constexpr int kViewInterval = 30;  // ms
+
+template <typename Work>
+double Microseconds(Work work) {
+  LARGE_INTEGER frequency{};
+  LARGE_INTEGER start{};
+  LARGE_INTEGER end{};
+  QueryPerformanceFrequency(&frequency);
+  QueryPerformanceCounter(&start);
+  work();
+  GdiFlush();
+  QueryPerformanceCounter(&end);
+  return static_cast<double>(end.QuadPart - start.QuadPart) * 1e6 /
+         static_cast<double>(frequency.QuadPart);
+}
+
+double Median(std::vector<double>& values) {
+  const auto middle = values.begin() + static_cast<std::ptrdiff_t>(values.size() / 2);
+  std::ranges::nth_element(values, middle);
+  return *middle;
+}
+
+/// One tick of the baseline on `page`; 0 when it could not be made or shows something else.
+double BaselineTick(HWND like, platform::CodePage& code_page, WindowsEventLoop& loop,
+                    const platform::RichTextPage& page) {
+  RichEditBaseline baseline(code_page);
+  if (!baseline.Create(like)) return 0;
+  baseline.Prepare(page);
+  loop.YieldToEvents();
+  const double time = Microseconds([&baseline] { baseline.Tick(); });
+  return baseline.Shows(page) ? time : 0;
+}
+
+int Compare(const wchar_t* library, int rounds) {
+  const HINSTANCE instance = GetModuleHandleW(nullptr);
+  EventGate gate;
+  WindowsEventLoop loop(gate);
+  WindowsCodePage code_page;
+  SplashWindow splash(instance);
+  Form1Window::WorkerWindows workers{{gate, instance, kViewInterval},
+                                     {gate, instance, kViewInterval},
+                                     {gate, instance, kViewInterval},
+                                     {gate, instance, kViewInterval}};
+  Form1Window window(instance, gate, loop, code_page, splash, workers);
+  WindowsSupportLibrary qxt100{String(FromWide(library, std::wcslen(library)))};
+  if (!qxt100.Load() || !window.CreateHidden()) return EXIT_FAILURE;
+  window.Start(SW_SHOW);
+  platform::RichTextView& view = window.Face().RTB_MainView;
+  view.Locked(true);
+  LiveTick live(kRows, workers.FormBG, qxt100, loop, view);
+
+  std::vector<double> live_ticks;
+  std::vector<double> compositions;
+  std::vector<double> baseline_ticks;
+  for (int round = 0; round < rounds; ++round) {
+    loop.YieldToEvents();
+    for (int i = 0; i < kLiveTicksPerRound; ++i) {
+      live.Receive();
+      live_ticks.push_back(Microseconds([&live] { live.Tick(); }));
+      live.Receive();
+      compositions.push_back(Microseconds([&live] { live.Compose(); }));
+    }
+    baseline_ticks.push_back(BaselineTick(window.Hwnd(), code_page, loop, live.Page()));
+    if (view.Text() != live.Page().text || baseline_ticks.back() == 0) return EXIT_FAILURE;
+  }
+  const platform::RichTextPage& page = live.Page();
+  std::printf("rows\t%d\n", static_cast<int>(kRows));
+  std::printf("characters\t%zu\n", page.text.size());
+  std::printf("regions\t%zu\n", page.colours.Runs().size());
+  std::printf("live_ticks\t%zu\n", live_ticks.size());
+  std::printf("live_tick\t%.0f\n", Median(live_ticks));
+  std::printf("live_compose\t%.0f\n", Median(compositions));
+  std::printf("baseline_ticks\t%zu\n", baseline_ticks.size());
+  std::printf("baseline_tick\t%.0f\n", Median(baseline_ticks));
+  return EXIT_SUCCESS;
+}
+
+}  // namespace
+}  // namespace tolvane::bench
+
+int wmain(int count, wchar_t** arguments) {
+  const int rounds = count == 3 ? _wtoi(arguments[2]) : 0;
+  if (rounds < 1) {
+    std::fprintf(stderr, "usage: tick_compare QXT100-DLL ROUNDS\n");
+    return EXIT_FAILURE;
+  }
+  return tolvane::bench::Compare(arguments[1], rounds);
+}
