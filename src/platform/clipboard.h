@@ -15,7 +15,8 @@ class Clipboard {
   virtual ~Clipboard() = default;
 
   virtual bool Clear() = 0;
-  /// Whether the clipboard holds something in `format`; false also when that cannot be learned.
+  /// Whether the clipboard holds something in `format`, even while another program holds it open;
+  /// false also when that cannot be learned.
   [[nodiscard]] virtual bool GetFormat(Format format) = 0;
   /// What it holds in `format`; empty when there is none or it cannot be read.
   [[nodiscard]] virtual String GetText(Format format) = 0;

@@ -138,7 +138,9 @@ void Form1::menu_View_Ctrl_C_Click() {
 void Form1::menu_View_Ctrl_V_Click() {
   for (const auto format : {Clipboard::Format::kRichText, Clipboard::Format::kPlainText}) {
     if (!platform_.clipboard.GetFormat(format)) continue;
-    window_.RTB_MainView.SelText(platform_.clipboard.GetText(format));
+    // Empty also when another program holds the clipboard: the view then stays as it is.
+    const String text = platform_.clipboard.GetText(format);
+    if (!text.empty()) window_.RTB_MainView.SelText(text);
     return;
   }
 }

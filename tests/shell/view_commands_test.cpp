@@ -134,10 +134,23 @@ TEST_F(ViewCommands, CutAlsoTakesTheSelectionAway) {
   EXPECT_EQ(view_.Text(), u"012789");
 }
 
+TEST_F(ViewCommands, EveryCopyEmptiesTheClipboardBeforeItFillsIt) {
+  for (const auto command : {&Form1::menu_View_Ctrl_C_Click, &Form1::menu_View_Ctrl_X_Click,
+                             &Form1::menu_View_All_Copy_Click}) {
+    bench_.memory.journal.Clear();
+    (bench_.form.*command)();
+    EXPECT_THAT(bench_.Noted("Clipboard."),
+                ElementsAre("Clipboard.Clear()", "Clipboard.SetText(plain text)",
+                            "Clipboard.SetText(rich text)"));
+  }
+}
+
 TEST_F(ViewCommands, CutGoesOnWhenTheClipboardIsHeldByAnother) {
   clipboard_.HeldByAnother(true);
   Select(3, 4);
+  bench_.memory.journal.Clear();
   bench_.form.menu_View_Ctrl_X_Click();
+  EXPECT_THAT(bench_.Noted("Clipboard."), testing::SizeIs(3)) << "a step was left out";
   EXPECT_EQ(view_.Text(), u"012789");
   EXPECT_THAT(bench_.memory.message_box.Boxes(), IsEmpty());
 }

@@ -52,7 +52,7 @@ class MemoryPlatform {
   SpecialFolders folders{u"C:\\Users\\tester\\Desktop", u"C:\\Windows\\System32"};
   WallClock wall_clock{kFirstMonday};
   AutomationServers automation{journal};
-  Clipboard clipboard;
+  Clipboard clipboard{journal};
   SingleInstance single_instance;
   Cursors cursors;
   memory::MainWindow window{journal};

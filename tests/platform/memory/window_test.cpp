@@ -85,7 +85,8 @@ TEST(MemoryMessageBox, LetsTheProgramBeReachedWhileItIsUp) {
 }
 
 TEST(MemoryClipboard, HoldsOneTextPerFormat) {
-  Clipboard clipboard;
+  Journal journal;
+  Clipboard clipboard(journal);
   EXPECT_FALSE(clipboard.GetFormat(Format::kPlainText));
   EXPECT_TRUE(clipboard.SetText(u"plain", Format::kPlainText));
   EXPECT_TRUE(clipboard.SetText(u"rich", Format::kRichText));
@@ -95,16 +96,19 @@ TEST(MemoryClipboard, HoldsOneTextPerFormat) {
   EXPECT_FALSE(clipboard.GetFormat(Format::kRichText));
 }
 
-TEST(MemoryClipboard, HeldByAnotherRefusesEverything) {
-  Clipboard clipboard;
+TEST(MemoryClipboard, HeldByAnotherTellsItsFormatsAndRefusesTheRest) {
+  Journal journal;
+  Clipboard clipboard(journal);
   clipboard.SetText(u"theirs", Format::kPlainText);
   clipboard.HeldByAnother(true);
   EXPECT_FALSE(clipboard.Clear());
   EXPECT_FALSE(clipboard.SetText(u"mine", Format::kPlainText));
-  EXPECT_FALSE(clipboard.GetFormat(Format::kPlainText));
+  EXPECT_TRUE(clipboard.GetFormat(Format::kPlainText));
   EXPECT_EQ(clipboard.GetText(Format::kPlainText), u"");
   clipboard.HeldByAnother(false);
   EXPECT_EQ(clipboard.GetText(Format::kPlainText), u"theirs");
+  EXPECT_THAT(journal.Lines(), ElementsAre("Clipboard.SetText(plain text)", "Clipboard.Clear()",
+                                           "Clipboard.SetText(plain text)"));
 }
 
 TEST(JournalText, IsUtf8) {
