@@ -77,7 +77,7 @@ class RunBench {
     IfCan_d.Interface_CAN_SelectNo = 1;
     canlib32.channels = {5};
     kvCan_d.KvCAN_SelectNo = 1;
-    journal.Forget();
+    journal.Clear();
     loop.OnYield([this] {
       if (events.empty()) {
         RxFlag = 0;

@@ -25,8 +25,6 @@ class Journal {
   /// Hands over the lines so far and goes on empty.
   [[nodiscard]] std::vector<std::string> Take() { return std::exchange(lines_, {}); }
 
-  void Forget() { lines_.clear(); }
-
  private:
   std::vector<std::string> lines_;
 };

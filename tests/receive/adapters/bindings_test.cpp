@@ -150,7 +150,7 @@ TEST_F(InterfaceTest, SilentModeChoosesTheModeWord) {
   for (const auto& [t_silent_mode, mode] : kModes) {
     device_.t_silent_mode = t_silent_mode;
     EXPECT_TRUE(binding_.Open(device_));
-    journal_.Forget();
+    journal_.Clear();
     binding_.Configure(device_);
     EXPECT_EQ(journal_.Take(), Calls{"CanSetConfig(101, " + mode + ", 11, 12, 13, 14, 15, 295)"});
   }
@@ -178,7 +178,7 @@ TEST_F(InterfaceTest, PortWhoseConfigurationIsRefusedIsClosedAndForgotten) {
 TEST_F(InterfaceTest, HandleIsKeptAsDecimalText) {
   EXPECT_TRUE(binding_.Open(device_));
   EXPECT_EQ(IfCan_d_.Interface_CAN_Handle, u"101");
-  journal_.Forget();
+  journal_.Clear();
   IfCan_d_.Interface_CAN_Handle = u"42";
   binding_.GoOnBus();
   EXPECT_EQ(journal_.Take(), Calls{"CanActivate(42)"});
@@ -192,7 +192,7 @@ TEST_F(InterfaceTest, CloseGivesTheLibrarysStatus) {
 
 TEST_F(InterfaceTest, ReadsOneRecordWithACountOfOne) {
   EXPECT_TRUE(binding_.Open(device_));
-  journal_.Forget();
+  journal_.Clear();
   IFCan_.note_reads = true;
   IFCan_.frames.Play({{0x1208, 99, INT32_MIN | 0x123, kData, 2'345'999}});
   const ReceivedFrame* frame = binding_.Read();
@@ -270,7 +270,7 @@ TEST_F(KvaserTest, SilentModeChoosesTheDriverType) {
   EXPECT_TRUE(binding_.Open(device_));
   for (const auto& [t_silent_mode, driver] : kDrivers) {
     device_.t_silent_mode = t_silent_mode;
-    journal_.Forget();
+    journal_.Clear();
     binding_.Configure(device_);
     Calls expected = {"canSetBusParams(3, -2, 5, 2, 1, 1, 0)"};
     expected.insert(expected.end(), driver.begin(), driver.end());
@@ -299,7 +299,7 @@ TEST_F(KvaserTest, HandleZeroIsAHandleAndANegativeOneAFailure) {
 
 TEST_F(KvaserTest, GoesOnBusAndClosesBusFirst) {
   EXPECT_TRUE(binding_.Open(device_));
-  journal_.Forget();
+  journal_.Clear();
   binding_.GoOnBus();
   EXPECT_EQ(binding_.Close(), 0);
   EXPECT_EQ(journal_.Take(), (Calls{"canBusOn(3)", "canBusOff(3)", "canClose(3)"}));
@@ -315,7 +315,7 @@ TEST_F(KvaserTest, ResultsOfTheSetUpAreNotLookedAt) {
 
 TEST_F(KvaserTest, ReadsOneFrame) {
   EXPECT_TRUE(binding_.Open(device_));
-  journal_.Forget();
+  journal_.Clear();
   canlib32_.note_reads = true;
   canlib32_.frames.Play({{0x18FF0001, kData, -1, 4, -5}});
   const ReceivedFrame* frame = binding_.Read();
