@@ -265,6 +265,25 @@ TEST_F(KvaserSearch, AChannelWithoutAReadableNameCounts) {
   EXPECT_EQ(Kvaser_Line(kvCan_d_, 3), u"Third");
 }
 
+TEST_F(KvaserSearch, OnlyANegativeResultTakesTheNameAway) {
+  Plug("Leaf");
+  memory_.canlib32.data_result = -1;
+  Run();
+  EXPECT_EQ(kvCan_d_.Kvaser_FindCount, 1);
+  EXPECT_EQ(Kvaser_Line(kvCan_d_, 1), u"");
+
+  kvCan_d_.Param_ALL_Clear();
+  memory_.canlib32.data_result = 1;
+  Run();
+  EXPECT_EQ(Kvaser_Line(kvCan_d_, 1), u"Leaf");
+}
+
+TEST_F(KvaserSearch, EveryNulOfANameIsRemoved) {
+  Plug(std::string("Le\0af\0\0x", 8));
+  Run();
+  EXPECT_EQ(Kvaser_Line(kvCan_d_, 1), u"Leafx");
+}
+
 TEST_F(KvaserSearch, AFullNameBufferNeedsNoTerminator) {
   Plug(std::string(64, 'N'));
   Run();

@@ -12,20 +12,9 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-using Boxes = std::vector<platform::memory::MessageBox::Shown>;
-
-constexpr StringView kTitle = u"Tolvane Ver1.23";
-
-void ExpectOneStopBox(const Boxes& boxes, const String& text) {
-  ASSERT_EQ(boxes.size(), 1u);
-  EXPECT_EQ(boxes[0].kind, platform::memory::MessageBox::Kind::kCritical);
-  EXPECT_EQ(boxes[0].text, text) << platform::memory::Narrow(boxes[0].text);
-  EXPECT_EQ(boxes[0].title, kTitle);
-}
-
 TEST(Start, RunsItsStepsInOrder) {
   Form1Bench bench;
-  bench.Remove(kSystem, u"canlib32.dll");
+  bench.memory.canlib32.channels = {0};
   bench.memory.canusbdrv.serials = {"LAW00001", "LAW00002"};
   bench.memory.canusbdrv.version = "V1011";
   bench.memory.files.AddFile(bench.Path(kFolder, u"lglist.dat"), "{\\rtf1 kept}");
@@ -76,11 +65,31 @@ TEST(Start, RunsItsStepsInOrder) {
     expected.insert(expected.end(), lines.begin(), lines.end());
   };
   then(port_search);
-  then({"Form2.Progress = 0.4", "yield", "Form2.Progress = 0.45",
-        "Form2.Lb_msg = \"検索結果の判断処理中\"", "yield", "yield",
-        "Cmb_Serect_Device.AddItem(\"CANUSB LAW00001\")", "yield",
-        "Cmb_Serect_Device.AddItem(\"CANUSB LAW00002\")", "Form2.Progress = 0.6", "yield", "yield",
-        "Cmb_Serect_Device.AddItem(\"Interface  port:1\")", "Form2.Progress = 0.7", "yield",
+  then({"Form2.Progress = 0.4",
+        "yield",
+        "canInitializeLibrary()",
+        "yield",
+        "canGetNumberOfChannels()",
+        "canOpenChannel(0, 128)",
+        "canGetChannelData(0, 13, 64)",
+        "yield",
+        "canBusOff(0)",
+        "canClose(0)",
+        "Form2.Progress = 0.45",
+        "Form2.Lb_msg = \"検索結果の判断処理中\"",
+        "yield",
+        "yield",
+        "Cmb_Serect_Device.AddItem(\"CANUSB LAW00001\")",
+        "yield",
+        "Cmb_Serect_Device.AddItem(\"CANUSB LAW00002\")",
+        "Form2.Progress = 0.6",
+        "yield",
+        "yield",
+        "Cmb_Serect_Device.AddItem(\"Interface  port:1\")",
+        "yield",
+        "Cmb_Serect_Device.AddItem(\"\")",
+        "Form2.Progress = 0.7",
+        "yield",
         "Cmb_Serect_Device.ListIndex = 0"});
   then(version_query);
   then(version_query);
@@ -109,6 +118,30 @@ TEST(Start, LeavesTheProgramWaiting) {
   EXPECT_EQ(bench.form.device.t_CmbBOX_device_SelectNo, 1);
   EXPECT_EQ(bench.form.device.t_select_Vender, kVenderCanusb);
   EXPECT_EQ(bench.memory.RTB_MainView.Text(), u"kept");
+}
+
+TEST(Start, BeginsByClearingEveryRecordAndFlag) {
+  Form1Bench bench;
+  bench.Remove(kFolder, u"qxt100.dll");
+  Form1& form = bench.form;
+  form.ApplicationOpenFlag = form.SettingFileOpenFlag = 1;
+  form.device.t_bitRate = 7;
+  form.CAN_d.CAN_USB_FindCount = 5;
+  form.CAN_u.CAN_BAUD_500K = u"x";
+  form.IfCan_d.Interface_CAN_FindCount = 5;
+  form.IfCan_u.IFCAN_ERROR_SUCCESS = 5;
+  form.kvCan_d.Kvaser_FindCount = 5;
+  form.kvCan_u.canOPEN_REQUIRE_INIT_ACCESS = 5;
+  form.Form_Load();
+  EXPECT_EQ(form.ApplicationOpenFlag, 0);
+  EXPECT_EQ(form.SettingFileOpenFlag, 0);
+  EXPECT_EQ(form.device.t_bitRate, 2);
+  EXPECT_EQ(form.CAN_d.CAN_USB_FindCount, 0);
+  EXPECT_EQ(form.CAN_u.CAN_BAUD_500K, u"500");
+  EXPECT_EQ(form.IfCan_d.Interface_CAN_FindCount, 0);
+  EXPECT_EQ(form.IfCan_u.IFCAN_ERROR_SUCCESS, 0);
+  EXPECT_EQ(form.kvCan_d.Kvaser_FindCount, 0);
+  EXPECT_EQ(form.kvCan_u.canOPEN_REQUIRE_INIT_ACCESS, 128);
 }
 
 TEST(Start, TheClipboardDecidesOverPaste) {
@@ -206,182 +239,6 @@ TEST(Start, AnAdapterThatDoesNotOpenDoesNotEndTheProgram) {
   bench.Start();
   EXPECT_EQ(bench.form.ApplicationOpenFlag, 1);
   EXPECT_EQ(bench.memory.window.TB_ODB_Hard_Version.Text(), u"Nothing");
-}
-
-const String kSupportMissing =
-    u"qxt100.dll が見つかりません。\r\nqxt100.dll は同梱のものを使用してください。\r\n"
-    u"アプリケーションを終了します。";
-const String kLibrariesMissing =
-    u"CANインタフェース用DLLが見つかりません。\r\nC:\\Windows\\System32\\canusbdrv.dll\r\n"
-    u"ドライバがインストールされていません。\r\nアプリケーションを終了します。";
-const String kNoDevice = u"デバイスが見つかりません。\r\nアプリケーションを終了します。";
-const String kDeviceFails = u"機器が正常に動作していません。\r\nアプリケーションを終了します。";
-
-struct FailureRow {
-  const char* label;
-  void (*break_it)(Form1Bench& bench);
-  const String& text;
-  bool writes_config;
-};
-
-void RemoveAdapterLibraries(Form1Bench& bench) {
-  for (const StringView file : {u"canusbdrv.dll", u"IFCan.dll", u"canlib32.dll"}) {
-    bench.Remove(kSystem, file);
-  }
-}
-
-const FailureRow kFailures[] = {
-    {"NoSupportLibrary", [](Form1Bench& bench) { bench.Remove(kFolder, u"qxt100.dll"); },
-     kSupportMissing, false},
-    {"UnusableSupportLibrary", [](Form1Bench& bench) { bench.memory.qxt100.Usable(false); },
-     kSupportMissing, false},
-    {"NoSupportLibraryComesBeforeNoAdapterLibrary",
-     [](Form1Bench& bench) {
-       bench.Remove(kFolder, u"qxt100.dll");
-       RemoveAdapterLibraries(bench);
-     },
-     kSupportMissing, false},
-    {"NoAdapterLibrary", RemoveAdapterLibraries, kLibrariesMissing, false},
-    {"NothingPluggedIn", [](Form1Bench& bench) { bench.memory.canusbdrv.serials.clear(); },
-     kNoDevice, true},
-    {"OnlySerialsTooShort", [](Form1Bench& bench) { bench.memory.canusbdrv.serials = {"123456"}; },
-     kNoDevice, true},
-    {"OnlyChannelsThatDoNotOpen",
-     [](Form1Bench& bench) {
-       bench.memory.canusbdrv.serials.clear();
-       bench.memory.canlib32.channels = {-1, -3};
-     },
-     kNoDevice, true},
-    {"VersionQueryFails", [](Form1Bench& bench) { bench.memory.canusbdrv.version_result = -4; },
-     kDeviceFails, true},
-};
-
-class FailedStart : public testing::TestWithParam<FailureRow> {};
-
-TEST_P(FailedStart, SaysWhyAndClosesWritingWhatIsTold) {
-  Form1Bench bench;
-  bench.memory.canusbdrv.serials = {"LAW00001"};
-  bench.memory.files.AddFile(bench.Path(kFolder, u"lglist.dat"), "{\\rtf1 the user's notes}");
-  GetParam().break_it(bench);
-  bench.form.Form_Load();
-  ExpectOneStopBox(bench.memory.message_box.Boxes(), GetParam().text);
-  EXPECT_EQ(bench.form.ApplicationOpenFlag, 0);
-  EXPECT_EQ(bench.Noted("Form1.Unload").size(), 1u);
-  EXPECT_EQ(bench.Noted("FormHelp.Unload").size(), 1u);
-  EXPECT_THAT(bench.Noted("Bt_Connect"), IsEmpty());
-  // The page was not restored yet: an empty one takes the place of the notes.
-  const auto view = bench.memory.files.Bytes(bench.Path(kFolder, u"lglist.dat"));
-  ASSERT_TRUE(view.has_value());
-  EXPECT_EQ(view->find("notes"), std::string::npos);
-  EXPECT_EQ(bench.Wrote(u"config.dat"), GetParam().writes_config);
-}
-
-INSTANTIATE_TEST_SUITE_P(Reasons, FailedStart, testing::ValuesIn(kFailures),
-                         [](const auto& row) { return std::string(row.param.label); });
-
-TEST(FailedStartLater, SavesTheCommentOfTheStillEmptyBox) {
-  Form1Bench bench;
-  bench.form.Form_Load();
-  EXPECT_EQ(bench.form.device.t_LogComment, u"");
-}
-
-TEST(ExecutableFolder, ThatNamesTheExecutableIsCutBeforeTheSupportLibraryIsSought) {
-  platform::memory::MemoryPlatform memory;
-  memory.files.AddFolder(u"C:\\Tools");
-  memory.files.AddFile(u"C:\\Tools\\qxt100.dll", "MZ");
-  Form1 form(memory.Platform(), memory.MainWindow(), u"C:\\Tools\\Tolvane.exe");
-  form.Form_Load();
-  ExpectOneStopBox(memory.message_box.Boxes(), kLibrariesMissing);
-}
-
-class Closing : public testing::Test {
- protected:
-  Closing() {
-    bench_.Start();
-    bench_.memory.files.Remove(bench_.Path(kFolder, u"lglist.dat"));
-    bench_.memory.events.OnYield([this] { bench_.memory.journal.Note("yield"); });
-  }
-  std::int32_t Ask() {
-    std::int32_t Cancel = 0;
-    bench_.form.Form_QueryUnload(Cancel);
-    return Cancel;
-  }
-  void ExpectRefused() {
-    EXPECT_TRUE(bench_.form.ClosingIsRefused());
-    bench_.memory.journal.Clear();
-    EXPECT_EQ(Ask(), 1);
-    EXPECT_THAT(bench_.memory.journal.Lines(), IsEmpty());
-    EXPECT_THAT(bench_.memory.message_box.Boxes(), IsEmpty());
-    EXPECT_FALSE(bench_.Wrote(u"lglist.dat"));
-    EXPECT_FALSE(bench_.Wrote(u"config.dat"));
-  }
-
-  Form1Bench bench_;
-};
-
-TEST_F(Closing, IsRefusedWhileTheViewIsLocked) {
-  bench_.memory.RTB_MainView.Locked(true);
-  ExpectRefused();
-}
-
-TEST_F(Closing, IsRefusedWhileARunIsWanted) {
-  bench_.form.RxFlag = 1;
-  ExpectRefused();
-  EXPECT_EQ(bench_.form.RxFlag, 1);
-}
-
-TEST_F(Closing, IsRefusedWhileTheTimerOfFormBGRuns) {
-  bench_.memory.FormBG.Enabled(true);
-  ExpectRefused();
-  EXPECT_TRUE(bench_.memory.FormBG.Enabled());
-}
-
-TEST_F(Closing, DoesNotLookAtTheOtherTimers) {
-  bench_.memory.FormBG2.Enabled(true);
-  bench_.memory.FormBG_29.Enabled(true);
-  bench_.memory.FormBG2_29.Enabled(true);
-  EXPECT_FALSE(bench_.form.ClosingIsRefused());
-  EXPECT_EQ(Ask(), 0);
-}
-
-TEST_F(Closing, SavesThenUnloadsTheOtherFormsInOrder) {
-  bench_.form.menu_file_close_Click();
-  EXPECT_THAT(bench_.memory.journal.Lines(),
-              ElementsAre("Form1.Unload()", "yield", "FormBG.TimerBackView.Enabled = false",
-                          "RTB_MainView.SaveFile(\"C:\\Tolvane\\lglist.dat\")", "Form2.Unload()",
-                          "yield", "FormBG.Unload()", "yield", "FormBG_29.Unload()", "yield",
-                          "FormBG2.Unload()", "yield", "FormBG2_29.Unload()", "yield",
-                          "FormVersion.Unload()", "yield", "FormCommonSetting.Unload()", "yield",
-                          "FormOption1.Unload()", "yield", "FormHelp.Unload()", "yield"));
-  EXPECT_TRUE(bench_.Wrote(u"lglist.dat"));
-  EXPECT_TRUE(bench_.Wrote(u"config.dat"));
-}
-
-TEST_F(Closing, SavesTheViewBeforeTheSettings) {
-  Form1Bench measured;
-  measured.Start();
-  measured.form.menu_file_close_Click();
-  const auto view = measured.memory.files.Bytes(measured.Path(kFolder, u"lglist.dat"));
-  ASSERT_TRUE(view.has_value());
-
-  bench_.memory.files.FreeSpace(view->size());
-  bench_.form.menu_file_close_Click();
-  EXPECT_EQ(bench_.memory.files.Bytes(bench_.Path(kFolder, u"lglist.dat")), view);
-  EXPECT_EQ(bench_.memory.files.Bytes(bench_.Path(kFolder, u"config.dat")).value_or(""), "");
-  EXPECT_THAT(bench_.memory.message_box.Boxes(), IsEmpty());
-}
-
-TEST_F(Closing, TakesTheCommentTrimmedAndCut) {
-  bench_.memory.window.TB_LogComment.Type(u"  " + String(60, u'試') + u" ");
-  EXPECT_EQ(Ask(), 0);
-  EXPECT_EQ(bench_.form.device.t_LogComment, String(50, u'試'));
-}
-
-TEST_F(Closing, OfAFolderThatIsGoneHarmsNothing) {
-  bench_.memory.files.Remove(kFolder);
-  EXPECT_EQ(Ask(), 0);
-  EXPECT_THAT(bench_.memory.message_box.Boxes(), IsEmpty());
-  EXPECT_FALSE(bench_.Wrote(u"config.dat"));
 }
 
 }  // namespace

@@ -48,9 +48,9 @@ TEST_F(DeviceSelect, LinesRunOverTheThreeListsInOrder) {
   CAN_d_.CAN_USB_FindCount = 2;
   IfCan_d_.Interface_CAN_FindCount = 1;
   kvCan_d_.Kvaser_FindCount = 2;
-  for (const LineRow& row :
-       {LineRow{1, kVenderCanusb, 1}, LineRow{2, kVenderCanusb, 2}, LineRow{3, kVenderInterface, 1},
-        LineRow{4, kVenderKvaser, 1}, LineRow{5, kVenderKvaser, 2}}) {
+  for (const LineRow& row : {LineRow{0, kVenderCanusb, 0}, LineRow{1, kVenderCanusb, 1},
+                             LineRow{2, kVenderCanusb, 2}, LineRow{3, kVenderInterface, 1},
+                             LineRow{4, kVenderKvaser, 1}, LineRow{5, kVenderKvaser, 2}}) {
     Select(row.line);
     EXPECT_EQ(device_.t_select_Vender, row.vender) << row.line;
     const std::int32_t select_no = row.vender == kVenderCanusb ? CAN_d_.CAN_USB_SelectNo

@@ -28,7 +28,7 @@ std::int32_t CanlibLibrary::canGetChannelData(std::int32_t channel, std::int32_t
   const auto data = channel_data.find({channel, item});
   if (data == channel_data.end()) return kParam;
   std::copy_n(data->second.begin(), std::min(data->second.size(), buffer.size()), buffer.begin());
-  return 0;
+  return data_result;
 }
 
 std::int32_t CanlibLibrary::canOpenChannel(std::int32_t channel, std::int32_t flags) {

@@ -46,6 +46,7 @@ class CanlibLibrary final : public platform::CanlibLibrary {
   std::vector<std::int32_t> channels;         // what opening channel i gives: a handle or a failure
   std::optional<std::int32_t> channel_count;  // what the library says when not their number
   std::map<std::pair<std::int32_t, std::int32_t>, std::vector<std::byte>> channel_data;
+  std::int32_t data_result = 0;         // of a query that has its answer in channel_data
   std::int32_t call_result = 0;         // of the calls whose result nobody looks at
   std::int32_t empty_read_result = -2;  // canERR_NOMSG
   FrameScript<CanlibFrame> frames;
