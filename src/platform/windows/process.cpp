@@ -4,10 +4,18 @@
 #include <mmsystem.h>
 
 namespace tolvane::platform::windows {
+namespace {
+
+/// One that was started with higher rights shows by its refusal.
+bool AnotherHasIt(DWORD error) {
+  return error == ERROR_ALREADY_EXISTS || error == ERROR_ACCESS_DENIED;
+}
+
+}  // namespace
 
 WindowsSingleInstance::WindowsSingleInstance()
     : mutex_(CreateMutexW(nullptr, FALSE, L"Local\\TolvaneRunning")),
-      previous_(GetLastError() == ERROR_ALREADY_EXISTS) {}
+      previous_(AnotherHasIt(GetLastError())) {}
 
 std::int32_t WindowsCursors::LoadHand() {
   // Handles of cursors fit 32 bits in both bitnesses.

@@ -72,6 +72,18 @@ TEST(SingleInstance, TheSecondOneSeesTheFirst) {
   EXPECT_TRUE(second.PrevInstance());
 }
 
+TEST(SingleInstance, OneThatMayNotBeTouchedIsSeenToo) {
+  ACL nobody{};
+  ASSERT_TRUE(InitializeAcl(&nobody, sizeof(nobody), ACL_REVISION));
+  SECURITY_DESCRIPTOR descriptor{};
+  ASSERT_TRUE(InitializeSecurityDescriptor(&descriptor, SECURITY_DESCRIPTOR_REVISION));
+  ASSERT_TRUE(SetSecurityDescriptorDacl(&descriptor, TRUE, &nobody, FALSE));
+  SECURITY_ATTRIBUTES attributes{sizeof(attributes), &descriptor, FALSE};
+  const KernelHandle elevated(CreateMutexW(&attributes, FALSE, L"Local\\TolvaneRunning"));
+  ASSERT_TRUE(elevated);
+  EXPECT_TRUE(WindowsSingleInstance().PrevInstance());
+}
+
 class ClipboardTest : public testing::Test {
  protected:
   void SetUp() override {
@@ -98,6 +110,22 @@ TEST_F(ClipboardTest, HoldsPlainAndRichTextSideBySide) {
   EXPECT_EQ(clipboard.GetText(Format::kRichText), u"{\\rtf1 x}");
   EXPECT_TRUE(clipboard.Clear());
   EXPECT_FALSE(clipboard.GetFormat(Format::kRichText));
+}
+
+TEST_F(ClipboardTest, HeldOpenByAnotherItTellsItsFormatsAndRefusesTheRest) {
+  WindowsClipboard clipboard(owner_);
+  ASSERT_TRUE(clipboard.Clear());
+  ASSERT_TRUE(clipboard.SetText(u"theirs", Format::kPlainText));
+  const HWND another = CreateWindowExW(0, WC_STATICW, L"", WS_OVERLAPPED, 0, 0, 10, 10, nullptr,
+                                       nullptr, nullptr, nullptr);
+  ASSERT_TRUE(OpenClipboard(another));
+  EXPECT_FALSE(clipboard.Clear());
+  EXPECT_FALSE(clipboard.SetText(u"mine", Format::kPlainText));
+  EXPECT_TRUE(clipboard.GetFormat(Format::kPlainText));
+  EXPECT_EQ(clipboard.GetText(Format::kPlainText), u"");
+  CloseClipboard();
+  DestroyWindow(another);
+  EXPECT_EQ(clipboard.GetText(Format::kPlainText), u"theirs");
 }
 
 }  // namespace

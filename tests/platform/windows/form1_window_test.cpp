@@ -40,7 +40,10 @@ class RecordedEvents final : public Form1Events {
   }
   void ViewSelectionChanged() override { ++selection_changes; }
   void ViewContextMenu() override { ++context_menus; }
-  void ViewGotFocus() override { ++focuses; }
+  void ViewGotFocus() override {
+    ++focuses;
+    if (on_focus) on_focus();
+  }
   [[nodiscard]] bool QueryUnload() override {
     ++queries;
     return !refuse;
@@ -50,6 +53,7 @@ class RecordedEvents final : public Form1Events {
 
   std::vector<int> commands;
   std::function<void(int)> on_command;
+  std::function<void()> on_focus;
   int selection_changes = 0;
   int context_menus = 0;
   int focuses = 0;
@@ -232,6 +236,12 @@ TEST_F(MainWindowTest, TheEndOfTheSessionIsRefusedDuringARunAndElseClosesTheWind
   EXPECT_EQ(events_.unloads, 1);
 }
 
+TEST_F(MainWindowTest, TheEndOfTheSessionDuringTheStartSavesNothing) {
+  EXPECT_EQ(SendMessageW(window_.Hwnd(), WM_QUERYENDSESSION, 0, 0), TRUE);
+  SendMessageW(window_.Hwnd(), WM_ENDSESSION, TRUE, 0);
+  EXPECT_EQ(events_.queries, 0);
+}
+
 TEST_F(MainWindowTest, SelectionChangesOfOneWriteComeAsOneEventBehindIt) {
   gate_.Deliver([this] {
     const MainWindow face = window_.Face();
@@ -252,6 +262,14 @@ TEST_F(MainWindowTest, RightButtonAndMenuKeyAskForThePopUp) {
   EXPECT_EQ(events_.context_menus, 1) << "the button counted twice";
   SendMessageW(view, WM_CONTEXTMENU, reinterpret_cast<WPARAM>(view), -1);
   EXPECT_EQ(events_.context_menus, 2);
+}
+
+TEST_F(MainWindowTest, TheFocusOfTheViewIsToldAndCanBeSentOn) {
+  window_.Start(SW_SHOW);
+  events_.on_focus = [this] { SetFocus(Child(TB_Status)); };
+  SetFocus(Child(RTB_MainView));
+  EXPECT_EQ(events_.focuses, 1);
+  EXPECT_EQ(GetFocus(), Child(TB_Status));
 }
 
 TEST_F(MainWindowTest, UnloadedFormsAreGone) {
@@ -313,19 +331,6 @@ TEST_F(MainWindowTest, TheViewTakesWhatALargerWindowGives) {
   GetClientRect(Child(RTB_MainView), &large);
   EXPECT_EQ(large.right - small.right, 100);
   EXPECT_EQ(large.bottom - small.bottom, 200);
-}
-
-TEST_F(MainWindowTest, ProgressUncoversTheTrackFromTheLeft) {
-  const HWND track = GetDlgItem(splash_.Hwnd(), Pic_ProgressBar_0);
-  const HWND cover = GetDlgItem(track, Pic_ProgressBar_1);
-  RECT bounds{};
-  GetClientRect(track, &bounds);
-  for (const double fraction : {0.0, 0.15, 0.45, 1.0}) {
-    splash_.Progress(fraction);
-    POINT corner{0, 0};
-    MapWindowPoints(cover, track, &corner, 1);
-    EXPECT_NEAR(corner.x, bounds.right * fraction, 0.5) << fraction;
-  }
 }
 
 }  // namespace

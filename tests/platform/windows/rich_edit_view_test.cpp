@@ -2,6 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <array>
+
 #include "platform/windows/code_page.h"
 #include "tests/platform/windows/scratch_folder.h"
 
@@ -235,6 +238,33 @@ TEST_F(RichEdit, TellsASelectionThatAWriteMovedOnce) {
   EXPECT_EQ(selection_changes_, 2);
   view_.SwapPage(page);
   EXPECT_EQ(selection_changes_, 2);
+}
+
+/// Stands in for a control whose system has composition colours.
+LRESULT CALLBACK AnswerColours(HWND window, UINT message, WPARAM wparam, LPARAM lparam,
+                               UINT_PTR /*id*/, DWORD_PTR colours) {
+  auto* held = reinterpret_cast<COMPCOLOR*>(colours);
+  auto* asked = reinterpret_cast<COMPCOLOR*>(lparam);
+  if (message == EM_GETIMECOLOR) std::copy_n(held, 4, asked);
+  if (message == EM_SETIMECOLOR) std::copy_n(asked, 4, held);
+  const bool answered = message == EM_GETIMECOLOR || message == EM_SETIMECOLOR;
+  return answered ? TRUE : DefSubclassProc(window, message, wparam, lparam);
+}
+
+TEST_F(RichEdit, TheSecondCompositionColourBecomesBlackOnWhite) {
+  std::array<COMPCOLOR, 4> colours{};
+  for (DWORD i = 0; i < 4; ++i) colours[i] = {0x10 + i, 0x20 + i, 0x30 + i};
+  const std::array<COMPCOLOR, 4> before = colours;
+  SetWindowSubclass(view_.Hwnd(), &AnswerColours, 2, reinterpret_cast<DWORD_PTR>(colours.data()));
+  view_.PlainCompositionColours();
+  RemoveWindowSubclass(view_.Hwnd(), &AnswerColours, 2);
+  EXPECT_EQ(colours[1].crText, RGB(0, 0, 0));
+  EXPECT_EQ(colours[1].crBackground, RGB(255, 255, 255));
+  EXPECT_EQ(colours[1].dwEffects, before[1].dwEffects);
+  for (const std::size_t i : {0U, 2U, 3U}) {
+    EXPECT_EQ(colours[i].crText, before[i].crText) << i;
+    EXPECT_EQ(colours[i].crBackground, before[i].crBackground) << i;
+  }
 }
 
 TEST_F(RichEdit, TabLeavesTheViewAndEveryOtherKeyStays) {
