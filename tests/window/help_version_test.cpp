@@ -83,5 +83,40 @@ TEST_F(Version, MayBeOpenDuringARunAndIsClosedByItsPictureOrALabel) {
   EXPECT_FALSE(version.Exists());
 }
 
+bool IsBeingMoved(const DrivenWindow& window) {
+  GUITHREADINFO info{};
+  info.cbSize = sizeof(info);
+  const DWORD thread = GetWindowThreadProcessId(window.Handle(), nullptr);
+  return GetGUIThreadInfo(thread, &info) && (info.flags & GUI_INMOVESIZE) != 0;
+}
+
+TEST_F(Version, AMovementWithTheButtonDownOverItsFaceMovesItAndIsNoClick) {
+  PlugIn(kOneCanusb, {L"canusbdrv.dll"});
+  ASSERT_NO_FATAL_FAILURE(Start());
+  const DrivenWindow version = Open(menu_help_version, kVersionClass);
+  ASSERT_TRUE(version.Exists());
+  RECT place{};
+  GetWindowRect(version.Handle(), &place);
+  const HWND parts[] = {version.Handle(), version.Control(Lb_App_Title),
+                        version.Control(Lb_copylight), version.Control(Lb_OK),
+                        version.Control(Img_OK)};
+  for (const HWND part : parts) {
+    SetCursorPos(place.left + 100, place.top + 100);
+    (void)Send(part, WM_LBUTTONDOWN, MK_LBUTTON, 0);
+    // A movement that is none: the press can still become a click.
+    (void)Send(part, WM_MOUSEMOVE, MK_LBUTTON, 0);
+    EXPECT_FALSE(IsBeingMoved(version));
+    SetCursorPos(place.left + 110, place.top + 110);
+    PostMessageW(part, WM_MOUSEMOVE, MK_LBUTTON, 0);
+    EXPECT_TRUE(WaitUntil([&] { return IsBeingMoved(version); })) << GetDlgCtrlID(part);
+    PostMessageW(part, WM_LBUTTONUP, 0, 0);
+    EXPECT_TRUE(WaitUntil([&] { return !IsBeingMoved(version); }));
+    EXPECT_TRUE(IsWindowVisible(version.Handle()));
+  }
+  version.ClickMouse(Img_OK);
+  EXPECT_TRUE(WaitUntil([&] { return !IsWindowVisible(version.Handle()); }));
+  End();
+}
+
 }  // namespace
 }  // namespace tolvane::window

@@ -3,6 +3,8 @@
 namespace tolvane::platform::windows {
 namespace {
 
+constexpr int kAboveText = 2;  // in a box, and as much below; units of 96 dpi
+
 struct PartStyle {
   const wchar_t* class_name;
   DWORD style;
@@ -47,6 +49,24 @@ PartStyle StyleOf(PartKind kind) {
   return {WC_STATICW, kAlone | SS_ICON | SS_REALSIZECONTROL | SS_NOTIFY, 0};
 }
 
+/// An edit control writes at its top: it is made as high as its text wants it and stands in the
+/// middle of its line, where a label beside it has its own text.
+void FitToText(HWND edit, const Dpi& dpi, HFONT font, bool has_edge) {
+  const HDC screen = GetDC(nullptr);
+  const HGDIOBJ font_before = SelectObject(screen, font);
+  TEXTMETRICW metrics{};
+  GetTextMetricsW(screen, &metrics);
+  SelectObject(screen, font_before);
+  ReleaseDC(nullptr, screen);
+  const int around = has_edge ? 2 * (GetSystemMetrics(SM_CYEDGE) + dpi.Pixels(kAboveText)) : 0;
+  const int height = metrics.tmHeight + around;
+  RECT place{};
+  GetWindowRect(edit, &place);
+  MapWindowPoints(nullptr, GetParent(edit), reinterpret_cast<POINT*>(&place), 2);
+  MoveWindow(edit, place.left, (place.top + place.bottom - height) / 2, place.right - place.left,
+             height, FALSE);
+}
+
 }  // namespace
 
 void AddParts(HWND window, const Dpi& dpi, HFONT font, std::span<const DialogPart> parts) {
@@ -64,6 +84,9 @@ void AddRows(HWND window, const Dpi& dpi, HFONT font, std::span<const DialogPart
           dpi.Pixels(part.top + row * step), dpi.Pixels(part.width), dpi.Pixels(part.height),
           window, reinterpret_cast<HMENU>(id), GetModuleHandleW(nullptr), nullptr);
       SendMessageW(child, WM_SETFONT, reinterpret_cast<WPARAM>(font), FALSE);
+      if (lstrcmpW(style.class_name, WC_EDITW) == 0) {
+        FitToText(child, dpi, font, style.extended_style == WS_EX_CLIENTEDGE);
+      }
     }
   }
 }

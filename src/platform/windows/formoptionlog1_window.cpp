@@ -81,18 +81,15 @@ constexpr DialogPart kSnapshotParts[] = {
     {id::TB_SaveFilePath, kTextBox, L"", kLeftInside + kPathBox, kSnapshotPath + kPathBoxLine,
      kPathBoxWidth, kLine},
     {kNoId, kLabel, L"Excelインストール ・・・", kLeftInside, kStatusTop, kStatusLabel, kLine},
-    {id::TB_Excel_Status, kStatus, L"", kStatusLeft, kStatusTop + 3, kStatusWidth, kLine - 4},
-    {id::TB_Excel_Ver, kStatus, L"", kVersion, kStatusTop + 3, kVersionWidth, kLine - 4},
+    {id::TB_Excel_Status, kStatus, L"", kStatusLeft, kStatusTop, kStatusWidth, kLine},
+    {id::TB_Excel_Ver, kStatus, L"", kVersion, kStatusTop, kVersionWidth, kLine},
     {kNoId, kLabel, L"Kingsoft Officeインストール ・・・", kLeftInside, kStatusTop + kStep,
      kStatusLabel, kLine},
-    {id::TB_Excel_Status2, kStatus, L"", kStatusLeft, kStatusTop + kStep + 3, kStatusWidth,
-     kLine - 4},
+    {id::TB_Excel_Status2, kStatus, L"", kStatusLeft, kStatusTop + kStep, kStatusWidth, kLine},
     {kNoId, kLabel, L"Accessインストール ・・・", kLeftInside, kStatusTop + 2 * kStep, kStatusLabel,
      kLine},
-    {id::TB_Access_Status, kStatus, L"", kStatusLeft, kStatusTop + 2 * kStep + 3, kStatusWidth,
-     kLine - 4},
-    {id::TB_Access_Ver, kStatus, L"", kVersion, kStatusTop + 2 * kStep + 3, kVersionWidth,
-     kLine - 4},
+    {id::TB_Access_Status, kStatus, L"", kStatusLeft, kStatusTop + 2 * kStep, kStatusWidth, kLine},
+    {id::TB_Access_Ver, kStatus, L"", kVersion, kStatusTop + 2 * kStep, kVersionWidth, kLine},
 };
 
 constexpr DialogPart kLogParts[] = {
