@@ -210,6 +210,28 @@ TEST(Logs, HalfIsFlushedInTheLoopAfterRecord20001AndThenTheOtherFills) {
   }
 }
 
+TEST(Start, ClearsHighlightsAndLogOfTheRunBefore) {
+  RunBench bench;
+  bench.device.t_bitRate = 9;  // no rate text that would replace the old one
+  CAN_ReadDB frames;
+  CAN_ViewDB highlights;
+  Excel_OutputDB log(bench.parts.log);
+  std::int32_t Device_Timer_Kind = 0;
+  highlights.ViewColorlength_d1_timerCounter(0x10, 500);
+  log.Excel_DB_ArayyCounter = 7;
+  log.Excel_DB_ArayyCh = 2;
+  log.str_bitrate = u"1M bps";
+  CanusbBinding binding(bench.canusbdrv, bench.CAN_u, bench.CAN_d);
+  bench.RxFlag = 1;
+  Receive<CAN_ReadDB>(open_traits(kCanusb, kFormBG), binding, bench.parts,
+                      {frames, highlights, log, bench.timers[0], Device_Timer_Kind}, bench.device,
+                      nullptr);
+  EXPECT_EQ(highlights.ViewColorlength_d1_timerCounter(0x10), 0);
+  EXPECT_EQ(log.Excel_DB_ArayyCounter, 0);
+  EXPECT_EQ(log.Excel_DB_ArayyCh, 1);
+  EXPECT_EQ(log.str_bitrate, u"");
+}
+
 // The flush of a full half yields at a taken name; by then the counter is 0 and the channel still
 // the full one.
 TEST(Logs, ChannelIsFlippedOnlyAfterTheFlushOfTheFullHalf) {

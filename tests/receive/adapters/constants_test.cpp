@@ -7,7 +7,6 @@
 #include "receive/adapters/can_db_kvaser.h"
 #include "receive/adapters/canusb.h"
 #include "receive/adapters/interfacecan.h"
-#include "receive/adapters/kvasercan.h"
 
 namespace tolvane {
 namespace {
@@ -141,29 +140,6 @@ TEST(InterfaceConstants, HoldTheLibrarysValuesAfterAClear) {
   EXPECT_EQ(IfCan_u.CAN_SYNC_DISABLE, 0);
   EXPECT_EQ(IfCan_u.CAN_SYNC_RECV, 1);
   EXPECT_EQ(IfCan_u.CAN_PORT_INFORMATION_LENGTH, 36);
-}
-
-TEST(KvaserConstants, HoldTheLibrarysValuesAfterAClear) {
-  KvaserCAN kvCan_u;
-  kvCan_u.canBITRATE_500K = 99;
-  kvCan_u.Param_ALL_Clear();
-  EXPECT_EQ(kvCan_u.canBITRATE_1M, -1);
-  EXPECT_EQ(kvCan_u.canBITRATE_500K, -2);
-  EXPECT_EQ(kvCan_u.canBITRATE_250K, -3);
-  EXPECT_EQ(kvCan_u.canBITRATE_125K, -4);
-  EXPECT_EQ(kvCan_u.canBITRATE_100K, -5);
-  EXPECT_EQ(kvCan_u.canBITRATE_50K, -7);
-  EXPECT_EQ(kvCan_u.canBITRATE_10K, -9);
-  EXPECT_EQ(kvCan_u.canDRIVER_NORMAL, 4);
-  EXPECT_EQ(kvCan_u.canDRIVER_SILENT, 1);
-  EXPECT_EQ(kvCan_u.canMSG_STD, 2);
-  EXPECT_EQ(kvCan_u.canMSG_EXT, 4);
-  EXPECT_EQ(kvCan_u.canOPEN_REQUIRE_INIT_ACCESS, 128);
-  EXPECT_EQ(kvCan_u.canOK, 0);
-  EXPECT_EQ(kvCan_u.canCHANNELDATA_CARD_SERIAL_NO, 7);
-  EXPECT_EQ(kvCan_u.canCHANNELDATA_CARD_FIRMWARE_REV, 9);
-  EXPECT_EQ(kvCan_u.canCHANNELDATA_CARD_UPC_NO, 11);
-  EXPECT_EQ(kvCan_u.canCHANNELDATA_CHANNEL_NAME, 13);
 }
 
 TEST(CanusbRecord, StartsWithNothingFound) {
