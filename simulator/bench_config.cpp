@@ -104,6 +104,7 @@ AdapterPlan TakeAdapter(SectionReader& reader, const TapPlan& tap, const std::st
 void TakeBench(SectionReader& reader, BenchConfig& config, TapPlan& tap) {
   reader.Enter("bench");
   reader.Take("queue", tap.queue, 1, 1'000'000);
+  reader.Take("gaps", tap.gaps, 0, 100'000);
   reader.TakeDecimal("speed", tap.speed, 0.001, 1e3);
   reader.TakeChoice("clock", config.counted_clock, kClocks);
   reader.Take("clock_step_us", config.clock_step_us, 1, 1'000'000'000);

@@ -11,7 +11,9 @@ BusTap::BusTap(BenchClock& clock, std::unique_ptr<BusSource> source, const TapPl
       plan_(plan),
       queue_(static_cast<std::size_t>(plan.queue)),
       has_pending_(source_->Next(pending_)),
-      began_us_(clock.NowUs()) {}
+      began_us_(clock.NowUs()),
+      gaps_behind_frame_(static_cast<std::size_t>(plan.gaps)),
+      gaps_behind_empty_read_(static_cast<std::size_t>(plan.gaps)) {}
 
 BusTap::Result BusTap::Read(BusFrame& frame) {
   const std::int64_t now_us = clock_.NowUs();
@@ -20,7 +22,8 @@ BusTap::Result BusTap::Read(BusFrame& frame) {
       static_cast<std::int64_t>(static_cast<double>(now_us - began_us_) * plan_.speed);
   if (bus_us >= plan_.pulled_at_us) return Result::kPulled;
   TakeDue(bus_us);
-  if (!queue_.Pop(frame)) return Result::kEmpty;
+  last_read_delivered_ = queue_.Pop(frame);
+  if (!last_read_delivered_) return Result::kEmpty;
   ++counts_.delivered;
   return Result::kDelivered;
 }
@@ -28,12 +31,16 @@ BusTap::Result BusTap::Read(BusFrame& frame) {
 TapCounts BusTap::Counts() const {
   TapCounts counts = counts_;
   counts.high_water = static_cast<std::int64_t>(queue_.HighWater());
+  counts.gaps_behind_frame = gaps_behind_frame_.Longest();
+  counts.gaps_behind_empty_read = gaps_behind_empty_read_.Longest();
   return counts;
 }
 
 void BusTap::NoteRead(std::int64_t now_us) {
   if (counts_.reads++ > 0) {
-    counts_.longest_gap_us = std::max(counts_.longest_gap_us, now_us - last_read_us_);
+    const ReadGap gap{.us = now_us - last_read_us_, .delivered = counts_.delivered};
+    counts_.longest_gap_us = std::max(counts_.longest_gap_us, gap.us);
+    (last_read_delivered_ ? gaps_behind_frame_ : gaps_behind_empty_read_).Note(gap);
   }
   last_read_us_ = now_us;
 }

@@ -2,10 +2,12 @@
 
 #include <cstdint>
 #include <memory>
+#include <vector>
 
 #include "simulator/bench_clock.h"
 #include "simulator/bus_frame.h"
 #include "simulator/frame_queue.h"
+#include "simulator/gap_record.h"
 
 namespace tolvane::simulator {
 
@@ -17,15 +19,18 @@ struct TapPlan {
   std::int64_t pulled_at_us = kNever;  // bus time from which on the adapter is gone
   std::int64_t silence_from_us = 0;    // frames from here on
   std::int64_t silence_to_us = 0;      // and before here do not reach the queue
+  std::int64_t gaps = 0;               // how many of the longest gaps of each kind are kept
   bool hears_errors_and_own = false;   // error frames and transmitted frames reach the queue
 };
 
 struct TapCounts {
   std::int64_t reads = 0;
   std::int64_t delivered = 0;
-  std::int64_t dropped = 0;         // found the queue full
-  std::int64_t longest_gap_us = 0;  // real time between two reads
-  std::int64_t high_water = 0;      // most frames that the queue ever held
+  std::int64_t dropped = 0;                  // found the queue full
+  std::int64_t longest_gap_us = 0;           // real time between two reads
+  std::int64_t high_water = 0;               // most frames that the queue ever held
+  std::vector<ReadGap> gaps_behind_frame{};  // the longest ones first
+  std::vector<ReadGap> gaps_behind_empty_read{};
 };
 
 /// One adapter's ear on the bus, from the moment it is made, which is bus time 0.
@@ -55,6 +60,9 @@ class BusTap {
   bool has_pending_;
   std::int64_t began_us_;
   std::int64_t last_read_us_ = 0;
+  bool last_read_delivered_ = false;
+  GapRecord gaps_behind_frame_;
+  GapRecord gaps_behind_empty_read_;
   TapCounts counts_;
 };
 

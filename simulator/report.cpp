@@ -5,6 +5,15 @@
 #include "simulator/values.h"
 
 namespace tolvane::simulator {
+namespace {
+
+std::string Milliseconds(std::int64_t us) {
+  std::string thousandths = std::to_string(us % 1000);
+  thousandths.insert(0, 3 - thousandths.size(), '0');
+  return std::to_string(us / 1000) + '.' + thousandths;
+}
+
+}  // namespace
 
 CallLine& CallLine::Text(std::string_view text) {
   Add('"' + EscapeText(text) + '"');
@@ -44,12 +53,21 @@ void Report::Line(std::string_view line) {
 }
 
 void Report::Run(std::string_view adapter, const TapCounts& counts) {
-  std::string thousandths = std::to_string(counts.longest_gap_us % 1000);
-  thousandths.insert(0, 3 - thousandths.size(), '0');
-  Line("run " + EscapeText(adapter) + " reads=" + std::to_string(counts.reads) + " delivered=" +
+  const std::string name = EscapeText(adapter);
+  Line("run " + name + " reads=" + std::to_string(counts.reads) + " delivered=" +
        std::to_string(counts.delivered) + " dropped=" + std::to_string(counts.dropped) +
-       " longest_gap_ms=" + std::to_string(counts.longest_gap_us / 1000) + '.' + thousandths +
+       " longest_gap_ms=" + Milliseconds(counts.longest_gap_us) +
        " queue_high_water=" + std::to_string(counts.high_water));
+  Gaps(name, "frame", counts.gaps_behind_frame);
+  Gaps(name, "empty", counts.gaps_behind_empty_read);
+}
+
+void Report::Gaps(std::string_view adapter, std::string_view behind,
+                  const std::vector<ReadGap>& gaps) {
+  for (const ReadGap& gap : gaps) {
+    Line("gap " + std::string(adapter) + " behind=" + std::string(behind) +
+         " ms=" + Milliseconds(gap.us) + " delivered=" + std::to_string(gap.delivered));
+  }
 }
 
 }  // namespace tolvane::simulator

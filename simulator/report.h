@@ -5,6 +5,7 @@
 #include <ostream>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "simulator/bus_tap.h"
 
@@ -39,10 +40,13 @@ class Report {
   void Line(std::string_view line);
 
   /// The summary of one stretch on the bus:
-  /// "run TV100001 reads=N delivered=N dropped=N longest_gap_ms=N.NNN queue_high_water=N".
+  /// "run TV100001 reads=N delivered=N dropped=N longest_gap_ms=N.NNN queue_high_water=N", and
+  /// behind it a line "gap TV100001 behind=frame ms=N.NNN delivered=N" for each gap that is kept.
   void Run(std::string_view adapter, const TapCounts& counts);
 
  private:
+  void Gaps(std::string_view adapter, std::string_view behind, const std::vector<ReadGap>& gaps);
+
   std::unique_ptr<std::ostream> out_;
   std::string library_;
 };

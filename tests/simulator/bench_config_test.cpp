@@ -72,7 +72,7 @@ TEST(BenchConfig, AnEmptyFileHasNoAdapters) {
 
 TEST(BenchConfig, BenchAndBusKeys) {
   const BenchConfig config = ReadBenchConfig(
-      "[bench]\nqueue=16\nspeed=2.5\nclock=reads\nclock_step_us=20\nreport=r.txt\n"
+      "[bench]\nqueue=16\ngaps=8\nspeed=2.5\nclock=reads\nclock_step_us=20\nreport=r.txt\n"
       "[bus]\nsource=generator\nlog=a.log\nrepeat=0\nseed=9\nformat=both\nrate=100\n"
       "bit_rate=1000000\nframes=5\nids=7\nfirst_id=0x100\npayload=3\nburst=4\ncontent=random\n"
       "[canusb 1]\n");
@@ -81,6 +81,7 @@ TEST(BenchConfig, BenchAndBusKeys) {
   EXPECT_EQ(config.clock_step_us, 20);
   EXPECT_EQ(config.report, "r.txt");
   EXPECT_EQ(config.canusb.at(0).adapter.tap.queue, 16);
+  EXPECT_EQ(config.canusb.at(0).adapter.tap.gaps, 8);
   EXPECT_EQ(config.canusb.at(0).adapter.tap.speed, 2.5);
   EXPECT_EQ(config.bus.source, BusPlan::Source::kGenerator);
   EXPECT_EQ(config.bus.log, "a.log");

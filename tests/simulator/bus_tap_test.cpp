@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <memory>
+#include <utility>
 #include <vector>
 
 #include "simulator/burst_source.h"
@@ -84,6 +85,37 @@ TEST(BusTap, TheLongestGapIsBetweenTwoReads) {
   clock.now_us += 300;
   tap.Read(frame);
   EXPECT_EQ(tap.Counts().longest_gap_us, 700);
+}
+
+using Gaps = std::vector<std::pair<std::int64_t, std::int64_t>>;
+
+Gaps Pairs(const std::vector<ReadGap>& gaps) {
+  Gaps pairs;
+  for (const ReadGap& gap : gaps) pairs.emplace_back(gap.us, gap.delivered);
+  return pairs;
+}
+
+TEST(BusTap, KeepsTheLongestGapsBehindAFrameApartFromThoseBehindAnEmptyRead) {
+  HandClock clock;
+  BusTap tap(clock, At({1, 1, 1}), {.gaps = 2});
+  BusFrame frame;
+  tap.Read(frame);  // empty
+  for (const std::int64_t gap_us : {50, 10, 30, 20, 60, 40}) {
+    clock.now_us += gap_us;
+    tap.Read(frame);  // three frames, then empty
+  }
+  const TapCounts counts = tap.Counts();
+  EXPECT_EQ(Pairs(counts.gaps_behind_frame), (Gaps{{30, 2}, {20, 3}}));
+  EXPECT_EQ(Pairs(counts.gaps_behind_empty_read), (Gaps{{60, 3}, {50, 0}}));
+}
+
+TEST(BusTap, KeepsNoGapsUnlessTold) {
+  HandClock clock;
+  BusTap tap(clock, At({}), {});
+  ReadAll(tap);
+  clock.now_us += 9;
+  ReadAll(tap);
+  EXPECT_EQ(Pairs(tap.Counts().gaps_behind_empty_read), Gaps{});
 }
 
 TEST(BusTap, LooksAtTheClockOncePerRead) {

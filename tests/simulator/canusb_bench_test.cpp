@@ -193,6 +193,23 @@ TEST_F(CanusbBenchTest, AnAdapterLeftOpenIsReportedAtTheEnd) {
             std::string::npos);
 }
 
+TEST_F(CanusbBenchTest, TheReportEndsWithTheLongestGapsWhenTold) {
+  Plug("[bench]\ngaps=5\n[bus]\nsource=log\nlog=bus.log\n[canusb 1]\nserial=TV1\n","(0.000000) c 001#\n");
+  const std::int32_t handle = Open("TV1");
+  CanusbMessage message{};
+  library_->canusb_Read(handle, message);
+  bench_.Advance(2'050);
+  library_->canusb_Read(handle, message);
+  bench_.Advance(7);
+  library_->canusb_Read(handle, message);
+  library_->Close(handle);
+  EXPECT_NE(bench_.ReportText().find("queue_high_water=1\n"
+                                     "canusbdrv gap TV1 behind=frame ms=2.050 delivered=1\n"
+                                     "canusbdrv gap TV1 behind=empty ms=0.007 delivered=1\n"),
+            std::string::npos)
+      << bench_.ReportText();
+}
+
 TEST_F(CanusbBenchTest, AMissingRecordingIsASilentBus) {
   Plug("[bus]\nsource=log\nlog=absent.log\n[canusb 1]\nserial=TV1\n");
   const std::int32_t handle = Open("TV1");
