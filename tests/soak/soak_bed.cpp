@@ -1,0 +1,98 @@
+#include "tests/soak/soak_bed.h"
+
+#include <ostream>
+#include <utility>
+
+namespace tolvane::soak {
+namespace {
+
+const String kFolder = u"C:\\Tolvane";
+const String kSystem = u"C:\\Windows\\System32";
+constexpr std::int64_t kTickPeriodUs = 30'000;
+
+/// Moves on by a step at each read; whatever else takes its time moves it too.
+class ReadClock : public simulator::BenchClock {
+ public:
+  ReadClock(std::int64_t& now_us, std::int64_t step_us) : now_us_(now_us), step_us_(step_us) {}
+  std::int64_t NowUs() override { return now_us_ += step_us_; }
+
+ private:
+  std::int64_t& now_us_;
+  std::int64_t step_us_;
+};
+
+}  // namespace
+
+SoakBed::SoakBed(const std::string& ini, const Pauses& pauses)
+    : pauses_(pauses),
+      canusbdrv_(NewBench("canusbdrv", ini)),
+      IFCan_(NewBench("IFCan", ini)),
+      canlib32_(NewBench("canlib32", ini)),
+      form_(Platform(), memory_.MainWindow(), kFolder) {
+  memory_.files.AddFile(kFolder + u"\\qxt100.dll", "MZ");
+  for (const StringView library : {u"\\canusbdrv.dll", u"\\IFCan.dll", u"\\canlib32.dll"}) {
+    memory_.files.AddFile(kSystem + String(library), "MZ");
+  }
+  memory_.window.Cmb_Serect_Device.OnClick([this] { form_.Cmb_Serect_Device_Click(); });
+  memory_.qxt100.OnRead([this] { memory_.qxt100.Now(static_cast<double>(now_us_ / 1000)); });
+  memory_.events.OnYield([this] { Yield(); });
+}
+
+std::unique_ptr<simulator::Bench> SoakBed::NewBench(const char* library, const std::string& ini) {
+  auto report =
+      std::make_unique<simulator::Report>(std::make_unique<std::ostream>(&report_), library);
+  return std::make_unique<simulator::Bench>(simulator::ReadBenchConfig(ini), ".", std::move(report),
+                                            std::make_unique<ReadClock>(now_us_, pauses_.read_us));
+}
+
+platform::Platform SoakBed::Platform() {
+  const platform::Platform machine = memory_.Platform();
+  return {.events = machine.events,
+          .timers = machine.timers,
+          .qxt100 = machine.qxt100,
+          .winmm = machine.winmm,
+          .canusbdrv = canusbdrv_,
+          .IFCan = IFCan_,
+          .canlib32 = canlib32_,
+          .message_box = machine.message_box,
+          .files = machine.files,
+          .folders = machine.folders,
+          .wall_clock = wall_clock_,
+          .code_page = machine.code_page,
+          .automation = machine.automation,
+          .clipboard = machine.clipboard,
+          .single_instance = machine.single_instance,
+          .cursors = machine.cursors};
+}
+
+void SoakBed::Run(bool ids29, std::int64_t length_us) {
+  form_.Form_Load();
+  form_.device.t_bitRate = 0;
+  form_.device.t_msgID_type = ids29 ? kMsgIdType29Bit : 0;
+  form_.device.t_LogSave_Enable = 1;
+  form_.device.t_LogSaveFormat = kLogFormatCsv;
+  last_tick_us_ = now_us_;
+  end_us_ = now_us_ + length_us;
+  form_.Bt_Connect_Click();
+}
+
+void SoakBed::Yield() {
+  if (form_.RxFlag == 1 && now_us_ >= end_us_) form_.Bt_Disconnect_Click();
+  if (now_us_ - last_tick_us_ < kTickPeriodUs) return;
+  for (auto* timer : {&memory_.FormBG, &memory_.FormBG2, &memory_.FormBG_29, &memory_.FormBG2_29}) {
+    if (!timer->Enabled()) continue;
+    now_us_ += pauses_.tick_us;
+    timer->Tick();
+  }
+  last_tick_us_ = now_us_;
+}
+
+std::vector<std::string> SoakBed::Logs() const {
+  std::vector<std::string> logs;
+  for (const String& path : memory_.files.Files(kFolder)) {
+    if (path.ends_with(u".csv")) logs.push_back(memory_.files.Bytes(path).value_or(""));
+  }
+  return logs;
+}
+
+}  // namespace tolvane::soak

@@ -1,0 +1,87 @@
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <sstream>
+#include <string>
+#include <vector>
+
+#include "platform/memory/memory_platform.h"
+#include "run/form1.h"
+#include "simulator/canlib_bench.h"
+#include "simulator/canusb_bench.h"
+#include "simulator/ifcan_bench.h"
+#include "tests/soak/bench_report.h"
+
+namespace tolvane::soak {
+
+/// How long the program keeps the adapter waiting, in bench time.
+struct Pauses {
+  std::int64_t read_us;   // each read
+  std::int64_t tick_us;   // each tick of the page
+  std::int64_t flush_us;  // each log file
+};
+
+/// The whole program on a machine in memory with one simulated adapter. The bench's clock is moved
+/// by the program's own doings, so a run comes out the same on every machine.
+class SoakBed {
+ public:
+  /// `ini` describes bus and adapter.
+  SoakBed(const std::string& ini, const Pauses& pauses);
+  SoakBed(const SoakBed&) = delete;
+  SoakBed& operator=(const SoakBed&) = delete;
+
+  /// Start, a run of `length_us` of bench time with ticks in its yields and the csv log on, and the
+  /// click on Bt_Disconnect.
+  void Run(bool ids29, std::int64_t length_us);
+
+  /// The whole bytes of all logs, in the order in which they were written.
+  [[nodiscard]] std::vector<std::string> Logs() const;
+
+  /// What the bench counted in the run.
+  [[nodiscard]] BenchRun Counts() const { return LastRun(report_.str()).value_or(BenchRun{}); }
+
+  [[nodiscard]] std::int32_t Pages() const { return memory_.RTB_MainView.Swaps(); }
+
+ private:
+  /// Asked once by each flush of a log, which takes its time then.
+  class FlushClock final : public platform::WallClock {
+   public:
+    FlushClock(platform::WallClock& clock, std::int64_t& now_us, std::int64_t flush_us)
+        : clock_(clock), now_us_(now_us), flush_us_(flush_us) {}
+    [[nodiscard]] platform::LocalTime Now() override {
+      now_us_ += flush_us_;
+      return clock_.Now();
+    }
+    [[nodiscard]] String GeneralDate(const platform::LocalTime& time) override {
+      return clock_.GeneralDate(time);
+    }
+    [[nodiscard]] String ShortWeekday(const platform::LocalTime& time) override {
+      return clock_.ShortWeekday(time);
+    }
+
+   private:
+    platform::WallClock& clock_;
+    std::int64_t& now_us_;
+    std::int64_t flush_us_;
+  };
+
+  [[nodiscard]] std::unique_ptr<simulator::Bench> NewBench(const char* library,
+                                                           const std::string& ini);
+  [[nodiscard]] platform::Platform Platform();
+  void Yield();
+
+  Pauses pauses_;
+  std::int64_t now_us_ = 0;
+  std::int64_t last_tick_us_ = 0;
+  std::int64_t end_us_ = 0;
+  std::stringbuf report_;
+  platform::memory::MemoryPlatform memory_;
+  FlushClock wall_clock_{memory_.wall_clock, now_us_, pauses_.flush_us};
+  simulator::CanusbBench canusbdrv_;
+  simulator::IfcanBench IFCan_;
+  simulator::CanlibBench canlib32_;
+  Form1 form_;
+};
+
+}  // namespace tolvane::soak

@@ -1,0 +1,99 @@
+// The whole program at full bus load on a scaled clock: what the bus said stands in the logs, all
+// of it, and nothing else. No times are measured here.
+#include <gtest/gtest.h>
+
+#include <string>
+
+#include "simulator/bench_config.h"
+#include "tests/soak/adapter_times.h"
+#include "tests/soak/expected_log.h"
+#include "tests/soak/soak_bed.h"
+
+namespace tolvane::soak {
+namespace {
+
+struct Load {
+  const char* label;
+  const char* bus;
+  const char* adapter;
+  bool ids29;
+  std::int64_t frames;
+  std::int64_t frame_us;  // what a frame takes on the bus, in the mean
+};
+
+constexpr const char* kShortest = "payload=0\nids=2047\nfirst_id=1\n";
+constexpr const char* kEightBytes = "payload=8\nids=2047\nfirst_id=1\ncontent=random\n";
+// On both sides of FFFFFFF, whose text is a digit short.
+constexpr const char* kKeys29 =
+    "format=extended\npayload=8\nids=4001\nfirst_id=0x0FFFF000\ncontent=random\n";
+constexpr const char* kBothFormats =
+    "format=both\npayload=2\nids=2000\nfirst_id=1\ncontent=random\n";
+
+const Load kLoads[] = {
+    {"ShortestOnCanusb", kShortest, "[canusb 1]\nclock_start=58000\n", false, 90'000, 48},
+    {"EightBytesOnCanusb", kEightBytes, "[canusb 1]\n", false, 90'000, 115},
+    {"EightBytesOnInterface", kEightBytes, "[interface 1]\nclock_start=428000000\n", false, 90'000,
+     115},
+    {"EightBytesOnKvaser", kEightBytes, "[kvaser 0]\n", false, 60'000, 115},
+    {"Keys29OnCanusb", kKeys29, "[canusb 1]\nclock_start=55000\n", true, 90'000, 135},
+    {"Keys29OnInterface", kKeys29, "[interface 1]\n", true, 60'000, 135},
+    {"Keys29OnKvaser", kKeys29, "[kvaser 0]\n", true, 60'000, 135},
+    {"BothFormatsOnCanusb", kBothFormats, "[canusb 1]\n", true, 90'000, 75},
+    {"AWholeNumberOfFiles", kShortest, "[canusb 1]\n", false, 2 * ExpectedLog::kRecordsPerFile, 48},
+};
+
+std::string BenchFile(const Load& load) {
+  return "[bench]\nqueue=4096\n[bus]\nsource=generator\nbit_rate=1000000\nframes=" +
+         std::to_string(load.frames) + "\n" + load.bus + load.adapter;
+}
+
+class Soak : public testing::TestWithParam<Load> {};
+
+TEST_P(Soak, EveryFrameOfTheBusIsDeliveredAndLogged) {
+  const Load& load = GetParam();
+  const std::string ini = BenchFile(load);
+  const std::int64_t covered_us = 4096 * load.frame_us;
+  SoakBed bed(
+      ini,
+      {.read_us = load.frame_us / 4, .tick_us = covered_us / 10, .flush_us = covered_us * 8 / 10});
+  bed.Run(load.ids29, load.frames * load.frame_us + 2'000'000);
+
+  const BenchRun counts = bed.Counts();
+  EXPECT_EQ(counts.delivered, load.frames);
+  EXPECT_EQ(counts.dropped, 0);
+  EXPECT_GT(counts.high_water, 2500) << "the pauses did not load the queue";
+  EXPECT_GT(bed.Pages(), 10) << "no page was painted meanwhile";
+
+  const simulator::BenchConfig config = simulator::ReadBenchConfig(ini);
+  ASSERT_EQ(config.problems, std::vector<std::string>{});
+  ExpectedLog expected(config.bus.load, TimeOfAdapter(config), load.ids29);
+  const std::vector<std::string> logs = bed.Logs();
+  ASSERT_EQ(static_cast<std::int64_t>(logs.size()), expected.Files());
+  for (const std::string& log : logs) {
+    EXPECT_EQ(FirstDifference(log, expected.NextFile()), "") << "log " << &log - logs.data() + 1;
+  }
+}
+
+INSTANTIATE_TEST_SUITE_P(SoakLoads, Soak, testing::ValuesIn(kLoads),
+                         [](const auto& load) { return load.param.label; });
+
+TEST(SoakFaults, AFlushLongerThanTheQueueLosesFramesAndTheComparisonSaysWhich) {
+  const Load load = kLoads[0];
+  const std::string ini = BenchFile(load);
+  SoakBed bed(ini, {.read_us = 12, .tick_us = 0, .flush_us = 250'000});
+  bed.Run(load.ids29, load.frames * load.frame_us + 2'000'000);
+
+  const BenchRun counts = bed.Counts();
+  EXPECT_GT(counts.dropped, 0);
+  EXPECT_EQ(counts.delivered + counts.dropped, load.frames);
+  EXPECT_EQ(counts.high_water, 4096);
+  const simulator::BenchConfig config = simulator::ReadBenchConfig(ini);
+  ExpectedLog expected(config.bus.load, TimeOfAdapter(config), load.ids29);
+  const std::vector<std::string> logs = bed.Logs();
+  ASSERT_GE(logs.size(), 2u);
+  EXPECT_EQ(FirstDifference(logs[0], expected.NextFile()), "") << "before the first flush";
+  EXPECT_EQ(FirstDifference(logs[1], expected.NextFile()).substr(0, 12), "record 4097:");
+}
+
+}  // namespace
+}  // namespace tolvane::soak
