@@ -8,7 +8,6 @@
 namespace tolvane::soak {
 namespace {
 
-constexpr int kHeaderLines = 8;
 constexpr std::size_t kShownOfLine = 100;
 constexpr std::size_t kDigits29 = 8;
 constexpr std::uint32_t kSevenDigitId = 0xFFFFFFF;  // the one that gets no zero in front
@@ -22,7 +21,7 @@ void AppendPrinted(std::string& text, const char* format, Values... values) {
 
 std::size_t HeaderSize(const std::string& file) {
   std::size_t end = 0;
-  for (int line = 0; line < kHeaderLines; ++line) {
+  for (int line = 0; line < ExpectedLog::kHeaderLines; ++line) {
     end = file.find('\n', end);
     if (end == std::string::npos) return file.size();
     ++end;

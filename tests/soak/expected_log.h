@@ -20,6 +20,7 @@ struct AdapterTime {
 class ExpectedLog {
  public:
   static constexpr std::int64_t kRecordsPerFile = 20'001;
+  static constexpr int kHeaderLines = 8;
 
   /// `plan.frames` is finite. `ids29`: the run is one in 29-bit mode.
   ExpectedLog(const simulator::LoadPlan& plan, const AdapterTime& time, bool ids29);

@@ -2,6 +2,7 @@
 // of it, and nothing else. No times are measured here.
 #include <gtest/gtest.h>
 
+#include <ostream>
 #include <string>
 
 #include "simulator/bench_config.h"
@@ -20,6 +21,8 @@ struct Load {
   std::int64_t frames;
   std::int64_t frame_us;  // what a frame takes on the bus, in the mean
 };
+
+void PrintTo(const Load& load, std::ostream* out) { *out << load.label; }
 
 constexpr const char* kShortest = "payload=0\nids=2047\nfirst_id=1\n";
 constexpr const char* kEightBytes = "payload=8\nids=2047\nfirst_id=1\ncontent=random\n";
