@@ -3,16 +3,12 @@
 #include <benchmark/benchmark.h>
 
 #include <array>
-#include <cstdio>
 #include <filesystem>
-#include <memory>
-#include <string>
-#include <utility>
 
+#include "bench/local_files.h"
 #include "logging/excel_outputdb.h"
 #include "platform/memory/code_page_932.h"
 #include "platform/memory/event_loop.h"
-#include "platform/memory/file_system.h"
 #include "platform/memory/special_folders.h"
 #include "platform/memory/wall_clock.h"
 
@@ -22,68 +18,26 @@ namespace {
 constexpr std::array<std::uint8_t, 8> kData = {0x00, 0x1A, 0xFF, 0x03, 0x44, 0x55, 0x66, 0x77};
 constexpr std::int32_t kRecords = 20001;
 
-/// A text file on the real disk, in code page 932, written through in large pieces.
-class LocalTextStream final : public platform::TextStream {
+/// A folder of its own, gone at the end.
+class ScratchFolder {
  public:
-  LocalTextStream(const std::string& path, platform::CodePage& code_page)
-      : file_(std::fopen(path.c_str(), "wb")), code_page_(code_page) {}
-  ~LocalTextStream() override { (void)Close(); }
-  LocalTextStream(const LocalTextStream&) = delete;
-  LocalTextStream& operator=(const LocalTextStream&) = delete;
+  ScratchFolder() { Empty(); }
+  ~ScratchFolder() { std::filesystem::remove_all(path_); }
+  ScratchFolder(const ScratchFolder&) = delete;
+  ScratchFolder& operator=(const ScratchFolder&) = delete;
 
-  bool Write(StringView text) override {
-    bytes_.clear();
-    code_page_.Encode(text, bytes_);
-    return std::fwrite(bytes_.data(), 1, bytes_.size(), file_) == bytes_.size();
-  }
-  bool Close() override {
-    std::FILE* const file = std::exchange(file_, nullptr);
-    return file == nullptr || std::fclose(file) == 0;
+  [[nodiscard]] const std::filesystem::path& Path() const { return path_; }
+  void Empty() {
+    std::filesystem::remove_all(path_);
+    std::filesystem::create_directories(path_);
   }
 
  private:
-  std::FILE* file_;
-  platform::CodePage& code_page_;
-  std::string bytes_;
-};
-
-/// Finds and numbers names in memory, and puts every log into one local file.
-class LocalFiles final : public platform::FileServices {
- public:
-  LocalFiles(platform::FileServices& names, platform::CodePage& code_page)
-      : names_(names),
-        code_page_(code_page),
-        path_((std::filesystem::temp_directory_path() / "tolvane_logging_bench.csv").string()) {}
-  ~LocalFiles() override { std::filesystem::remove(path_); }
-  LocalFiles(const LocalFiles&) = delete;
-  LocalFiles& operator=(const LocalFiles&) = delete;
-
-  bool FolderExists(StringView path) override { return names_.FolderExists(path); }
-  bool FileExists(StringView path) override { return names_.FileExists(path); }
-  bool CreateFolder(StringView path) override { return names_.CreateFolder(path); }
-  std::unique_ptr<platform::TextStream> CreateTextFile(StringView, bool, bool) override {
-    return std::make_unique<LocalTextStream>(path_, code_page_);
-  }
-  bool DeleteFile(StringView path, bool force) override { return names_.DeleteFile(path, force); }
-  std::optional<platform::BinaryRead> ReadBinary(StringView path, std::size_t size) override {
-    return names_.ReadBinary(path, size);
-  }
-  bool WriteBinary(StringView path, std::span<const std::byte> bytes) override {
-    return names_.WriteBinary(path, bytes);
-  }
-  std::optional<std::int32_t> Attributes(StringView path) override {
-    return names_.Attributes(path);
-  }
-
- private:
-  platform::FileServices& names_;
-  platform::CodePage& code_page_;
-  std::string path_;
+  std::filesystem::path path_ = std::filesystem::temp_directory_path() / "tolvane_logging_bench";
 };
 
 struct Bench {
   Bench() {
-    names.AddFolder(u"C:\\Tolvane");
     device.Param_ALL_Clear();
     device.t_LogSaveFormat = kLogFormatCsv;
     db.Param_ALL_Clear();
@@ -91,8 +45,8 @@ struct Bench {
   }
 
   platform::memory::CodePage932 code_page;
-  platform::memory::FileSystem names{code_page};
-  LocalFiles files{names, code_page};
+  ScratchFolder scratch;
+  LocalFiles files{scratch.Path(), code_page};
   platform::memory::SpecialFolders folders{u"D:\\Desktop", u"C:\\Windows"};
   platform::memory::WallClock wall_clock{{2026, 11, 20, 5, 9, 5, 7}};
   platform::memory::EventLoop events;
@@ -136,6 +90,7 @@ void FlushChannel(benchmark::State& state) {
   Bench bench;
   for (auto _ : state) {
     state.PauseTiming();
+    bench.scratch.Empty();
     for (std::int32_t i = 0; i < kRecords; ++i) Csv29(bench.db, NowTime(i, 0.125), i);
     state.ResumeTiming();
     bench.db.Excel_DataOutput(1, bench.device, nullptr, bench.FileName_Date, bench.FileName_No, {});

@@ -10,8 +10,10 @@ namespace tolvane {
 namespace {
 
 /// What the frames of a run allocate, from the first to the empty queue behind the last.
-std::int64_t AllocationsInLoop(BindingKind binding, WorkerKind worker, std::int64_t times) {
+std::int64_t AllocationsInLoop(BindingKind binding, WorkerKind worker, std::int64_t times,
+                               bool logging) {
   RunBench bench;
+  if (logging) bench.LogToCsv();
   std::vector<BusFrame> frames;
   for (std::int32_t id = 0; id < 1000; ++id) frames.push_back({.id = id, .time = id});
   bench.Play(binding, frames, times);
@@ -31,7 +33,15 @@ std::int64_t AllocationsInLoop(BindingKind binding, WorkerKind worker, std::int6
 TEST(Allocations, AFrameMakesNone) {
   for (const BindingKind binding : kAllBindings) {
     for (const WorkerKind worker : kAllWorkers) {
-      EXPECT_EQ(AllocationsInLoop(binding, worker, 100), 0) << WayName(binding, worker);
+      EXPECT_EQ(AllocationsInLoop(binding, worker, 100, false), 0) << WayName(binding, worker);
+    }
+  }
+}
+
+TEST(Allocations, AChannelOfTheLogMakesOneBlockOfText) {
+  for (const BindingKind binding : kAllBindings) {
+    for (const WorkerKind worker : kAllWorkers) {
+      EXPECT_EQ(AllocationsInLoop(binding, worker, 20, true), 1) << WayName(binding, worker);
     }
   }
 }

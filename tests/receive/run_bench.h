@@ -65,7 +65,9 @@ struct BusFrame {
 /// the next of `events`; with none left the user disconnects.
 class RunBench {
  public:
-  RunBench() {
+  /// Logs go to the bench's own disk in memory, or to `other_files`, which must outlive the bench.
+  explicit RunBench(platform::FileServices* other_files = nullptr)
+      : log_files(other_files != nullptr ? *other_files : files) {
     device.Param_ALL_Clear();
     device.t_LogSave_Enable = 0;
     files.AddFolder(u"C:\\Tolvane");
@@ -150,6 +152,7 @@ class RunBench {
   platform::memory::Journal journal;
   platform::memory::CodePage932 code_page;
   platform::memory::FileSystem files{code_page};
+  platform::FileServices& log_files;
   platform::memory::SpecialFolders folders{u"C:\\Desktop", u"C:\\Windows\\System32"};
   NotingWallClock wall_clock{journal};
   platform::memory::EventLoop loop;
@@ -191,7 +194,7 @@ class RunBench {
                     .canusbdrv = canusbdrv,
                     .IFCan = IFCan,
                     .canlib32 = canlib32,
-                    .log = {loop, files, folders, wall_clock}};
+                    .log = {loop, log_files, folders, wall_clock}};
   Workers workers{parts, {timers[0], timers[1], timers[2], timers[3]}};
 };
 
