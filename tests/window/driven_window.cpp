@@ -140,6 +140,13 @@ void DrivenWindow::PressKey(int id, WPARAM key) const {
   PostMessageW(Control(id), WM_KEYUP, key, static_cast<LPARAM>(0xC0000001));
 }
 
+void DrivenWindow::SelectLine(int id, int line) const {
+  const HWND list = Control(id);
+  (void)Send(list, CB_SETCURSEL, static_cast<WPARAM>(line), 0);
+  (void)Send(GetParent(list), WM_COMMAND, MAKEWPARAM(id, CBN_SELCHANGE),
+             reinterpret_cast<LPARAM>(list));
+}
+
 void DrivenWindow::Command(int id) const {
   PostMessageW(window_, WM_COMMAND, static_cast<WPARAM>(id), 0);
 }

@@ -59,6 +59,8 @@ class DrivenWindow {
   void ClickMouse(int id) const;
   /// Presses a key while a control has the focus.
   void PressKey(int id, WPARAM key) const;
+  /// Selects a line of a drop-down list, from 0, as a user does: the list tells its window.
+  void SelectLine(int id, int line) const;
   /// Chooses a menu item by posting its command.
   void Command(int id) const;
   /// Replaces an edit control's text as typing does.

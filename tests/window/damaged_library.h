@@ -1,0 +1,17 @@
+#pragma once
+
+#include <filesystem>
+#include <string_view>
+
+namespace tolvane::window {
+
+/// What can be wrong with a library that stands where it belongs.
+enum class Damage { kNone, kNoLibrary, kOtherMachine, kLacksExport };
+
+/// Leaves a copy of the library `source` at `target` with that damage done. `lost_export` is the
+/// export that kLacksExport takes away; the library must have it. False when this cannot be done.
+[[nodiscard]] bool CopyDamaged(const std::filesystem::path& source,
+                               const std::filesystem::path& target, Damage damage,
+                               std::string_view lost_export);
+
+}  // namespace tolvane::window
