@@ -10,6 +10,9 @@ namespace tolvane::platform::windows::abi {
 
 /// The called exports of canlib32.dll, each member under its exported name. Handles, statuses and
 /// the `long` parameters are 32 bits in both bitnesses, the buffer size as wide as a pointer.
+///
+/// Exported too, never called and so never demanded: canSetBitrate, canGetBusParams, canSetNotify,
+/// canWrite, canGetTimestamp, canIoCtl, canResetBus.
 struct Canlib {
   void(TOLVANE_STDCALL* canInitializeLibrary)();
   std::int32_t(TOLVANE_STDCALL* canGetNumberOfChannels)(std::int32_t* count);

@@ -9,6 +9,10 @@ namespace tolvane::platform::windows::abi {
 
 /// The called exports of canusbdrv.dll, each member under its exported name. The simulated library
 /// checks its functions against the same members.
+///
+/// The library also exports canusb_ReadFirst, canusb_Write, canusb_Status and canusb_Flush. The
+/// program sends nothing and reads no adapter status: they are never called, and a library that
+/// lacks them serves as well.
 struct Canusbdrv {
   /// Only the low half of the result register means anything, hence the 16-bit type.
   std::int16_t(TOLVANE_STDCALL* canusb_getFirstAdapter)(char* serial, std::int32_t size);

@@ -9,6 +9,13 @@ namespace tolvane::platform::windows::abi {
 
 /// The called exports of IFCan.dll, each member under its exported name. Handles and statuses are
 /// 32 bits in both bitnesses.
+///
+/// Exported too, never called and so never demanded: CanGetStatus, CanSendMessage,
+/// CanGetErrorEvent, CanSetEvent, CanKillEvent, CanSetEventMask, CanGetEventMask,
+/// CanSetAcceptanceFilter, CanGetAcceptanceFilter, CanClearBuffer, CanSetFifoTrigger,
+/// CanGetFifoTrigger, CanCyclicSendMessage, CanStopCyclicSendMessage, CanSetTimerConfig,
+/// CanGetCompletionMessage, CanMultiCyclicSendMessage, CanStopMultiCyclicSendMessage,
+/// CanSetTransmissionCycle, CanGetTimerCount, CanControlTimer, CanOutputSync.
 struct Ifcan {
   std::int32_t(TOLVANE_STDCALL* CanOpenPort)(const char* name);
   std::int32_t(TOLVANE_STDCALL* CanClosePort)(std::int32_t handle);
