@@ -57,10 +57,7 @@ int Compare(const wchar_t* library, int rounds) {
   WindowsEventLoop loop(gate);
   WindowsCodePage code_page;
   SplashWindow splash(instance);
-  Form1Window::WorkerWindows workers{{gate, instance, kViewInterval},
-                                     {gate, instance, kViewInterval},
-                                     {gate, instance, kViewInterval},
-                                     {gate, instance, kViewInterval}};
+  Form1Window::WorkerWindows workers(gate, instance, kViewInterval);
   Form1Window window(instance, gate, loop, code_page, splash, workers);
   WindowsSupportLibrary qxt100{String(FromWide(library, std::wcslen(library)))};
   if (!qxt100.Load() || !window.CreateHidden()) return EXIT_FAILURE;

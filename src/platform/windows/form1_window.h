@@ -25,6 +25,13 @@ class Form1Window final : public BaseWindow<Form1Window>,
   static void AdjustClass(WNDCLASSEXW& window_class);
 
   struct WorkerWindows {
+    /// `interval` of their timers, in ms.
+    WorkerWindows(EventGate& gate, HINSTANCE instance, std::int32_t interval)
+        : FormBG(gate, instance, interval),
+          FormBG2(gate, instance, interval),
+          FormBG_29(gate, instance, interval),
+          FormBG2_29(gate, instance, interval) {}
+
     WorkerWindow FormBG;
     WorkerWindow FormBG2;
     WorkerWindow FormBG_29;

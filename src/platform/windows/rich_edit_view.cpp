@@ -29,19 +29,17 @@ CHARFORMAT2W EmptyFormat() {
 
 }  // namespace
 
-/// A write of the program: passes a lock that is meant for the user, and shows the result once.
+/// A write of the program: shows its result once and tells once that the selection moved.
 class RichEditView::Write {
  public:
   explicit Write(RichEditView& view) : view_(view), before_(view.Selection()) {
     if (view_.writing_++ > 0) return;
     view_.Send(WM_SETREDRAW, FALSE);
-    if (view_.locked_) view_.Send(EM_SETREADONLY, FALSE);
   }
   Write(const Write&) = delete;
   Write& operator=(const Write&) = delete;
   ~Write() {
     if (--view_.writing_ > 0) return;
-    if (view_.locked_) view_.Send(EM_SETREADONLY, TRUE);
     view_.Send(WM_SETREDRAW, TRUE);
     // With the frame: the scroll bars may have come or gone unseen.
     RedrawWindow(view_.window_, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_FRAME);
@@ -53,6 +51,23 @@ class RichEditView::Write {
  private:
   RichEditView& view_;
   CHARRANGE before_;
+};
+
+/// Lifts a lock that is meant for the user. What replaces the whole content passes it anyway; it
+/// stays on there, so that nobody who looks on from outside sees an unlocked view during a run.
+class RichEditView::Unlocked {
+ public:
+  explicit Unlocked(RichEditView& view) : view_(view) {
+    if (view_.locked_) view_.Send(EM_SETREADONLY, FALSE);
+  }
+  Unlocked(const Unlocked&) = delete;
+  Unlocked& operator=(const Unlocked&) = delete;
+  ~Unlocked() {
+    if (view_.locked_) view_.Send(EM_SETREADONLY, TRUE);
+  }
+
+ private:
+  RichEditView& view_;
 };
 
 bool RichEditView::Create(HWND parent, int id, std::function<void()> selection_changed,
@@ -173,6 +188,7 @@ void RichEditView::SelLength(std::int32_t length) {
 
 void RichEditView::FormatSelection(CHARFORMAT2W format) {
   const Write write(*this);
+  const Unlocked unlocked(*this);
   Send(EM_SETCHARFORMAT, SCF_SELECTION, reinterpret_cast<LPARAM>(&format));
 }
 
@@ -202,6 +218,7 @@ String RichEditView::SelText() const {
 
 void RichEditView::SelText(StringView text) {
   const Write write(*this);
+  const Unlocked unlocked(*this);
   const String replacement(text);
   Send(EM_REPLACESEL, TRUE, reinterpret_cast<LPARAM>(Wide(replacement)));
 }
@@ -233,6 +250,7 @@ bool RichEditView::CanUndo() const { return Send(EM_CANUNDO) == TRUE; }
 
 void RichEditView::Undo() {
   const Write write(*this);
+  const Unlocked unlocked(*this);
   Send(EM_UNDO);
 }
 

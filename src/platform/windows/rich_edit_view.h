@@ -57,6 +57,7 @@ class RichEditView final : public RichTextView {
 
  private:
   class Write;
+  class Unlocked;
 
   static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM wparam, LPARAM lparam,
                                     UINT_PTR id, DWORD_PTR object) noexcept;

@@ -48,10 +48,7 @@ int Run(HINSTANCE instance, int show_command) {
   WindowsCodePage code_page;
   WindowsFileServices files(code_page);
   SplashWindow splash(instance);
-  Form1Window::WorkerWindows workers{{gate, instance, kViewInterval},
-                                     {gate, instance, kViewInterval},
-                                     {gate, instance, kViewInterval},
-                                     {gate, instance, kViewInterval}};
+  Form1Window::WorkerWindows workers(gate, instance, kViewInterval);
   Form1Window window(instance, gate, loop, code_page, splash, workers);
   if (!window.CreateHidden()) return 1;
 

@@ -83,10 +83,7 @@ class MainWindowTest : public testing::Test {
   WindowsEventLoop loop_{gate_};
   WindowsCodePage code_page_;
   SplashWindow splash_{instance_};
-  Form1Window::WorkerWindows workers_{{gate_, instance_, 30},
-                                      {gate_, instance_, 30},
-                                      {gate_, instance_, 30},
-                                      {gate_, instance_, 30}};
+  Form1Window::WorkerWindows workers_{gate_, instance_, 30};
   Form1Window window_{instance_, gate_, loop_, code_page_, splash_, workers_};
   RecordedEvents events_;
 };

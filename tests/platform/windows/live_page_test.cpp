@@ -174,6 +174,30 @@ TEST_F(LivePage, AColouredSelectionKeepsThePagesOtherColours) {
   EXPECT_TRUE(view_.Locked());
 }
 
+/// Counts into the int whose address comes with the subclass.
+LRESULT CALLBACK CountUnlockings(HWND window, UINT message, WPARAM wparam, LPARAM lparam,
+                                 UINT_PTR /*id*/, DWORD_PTR count) {
+  if (message == EM_SETREADONLY && wparam == FALSE) ++*reinterpret_cast<int*>(count);
+  return DefSubclassProc(window, message, wparam, lparam);
+}
+
+TEST_F(LivePage, WritesOfTheWholeContentLeaveTheLockOn) {
+  int unlockings = 0;
+  ASSERT_TRUE(SetWindowSubclass(view_.Hwnd(), &CountUnlockings, 2,
+                                reinterpret_cast<DWORD_PTR>(&unlockings)));
+  SwapMarkedPage();
+  EXPECT_EQ(Send(EM_GETLINECOUNT), 4);  // fills the control
+  SwapMarkedPage();
+  view_.Text(u"text");
+  EXPECT_EQ(view_.Text(), u"text");
+  view_.TextRTF(u"{\\rtf1 rich}");
+  EXPECT_EQ(view_.Text().substr(0, 4), u"rich");
+  EXPECT_EQ(unlockings, 0);
+  view_.SelText(u"x");
+  EXPECT_EQ(unlockings, 1);
+  RemoveWindowSubclass(view_.Hwnd(), &CountUnlockings, 2);
+}
+
 TEST_F(LivePage, TheEndOfTheRunPutsThePageIntoTheControl) {
   SwapMarkedPage();
   view_.Locked(false);
