@@ -42,14 +42,16 @@ TEST_F(CommonSetting, OpensOverTheDisabledMainWindowWithColoursThatShow) {
     EXPECT_EQ(dialog.Checked(id), id == RB_BitRate_2) << id;
   }
 
-  EXPECT_TRUE(WaitUntil([&] { return CountScreenPixels(dialog.Control(Label9), kPurple) > 20; }));
+  EXPECT_TRUE(Shows(dialog, Label9, kPurple, 20));
   for (int id = RB_BitRate_0; id <= RB_BitRate_8; ++id) {
     const bool blue = id == RB_BitRate_1 || id == RB_BitRate_6;
-    EXPECT_EQ(CountScreenPixels(dialog.Control(id), kBlue) > 10, blue) << id;
-    EXPECT_EQ(CountScreenPixels(dialog.Control(id), kPurple) > 10, id == RB_BitRate_7) << id;
+    const COLORREF black = GetSysColor(COLOR_BTNTEXT);
+    EXPECT_TRUE(Shows(dialog, id, blue ? kBlue : id == RB_BitRate_7 ? kPurple : black)) << id;
+    EXPECT_EQ(CountScreenPixels(dialog.Control(id), kBlue) > 0, blue) << id;
+    EXPECT_EQ(CountScreenPixels(dialog.Control(id), kPurple) > 0, id == RB_BitRate_7) << id;
   }
-  EXPECT_GT(CountScreenPixels(dialog.Control(Label6), kBlue), 20u);
-  EXPECT_GT(CountScreenPixels(dialog.Control(Bt_DataChangeColor_Dialog), RGB(255, 0, 0)), 100u);
+  EXPECT_TRUE(Shows(dialog, Label6, kBlue, 20));
+  EXPECT_TRUE(Shows(dialog, Bt_DataChangeColor_Dialog, RGB(255, 0, 0), 100));
   KeepPicture(dialog.Handle(), "window");
 
   // A second command from outside opens no second dialog.
@@ -92,12 +94,10 @@ TEST_F(CommonSetting, OkKeepsWhatWasSetUntilTheNextStartAndCancelForgetsIt) {
     EXPECT_TRUE(dialog.Click(id));
   }
   AnswerColourDialog(dialog, Bt_MsgLateColor_Dialog, IDCANCEL);
-  EXPECT_GT(CountScreenPixels(dialog.Control(Bt_MsgLateColor_Dialog), RGB(255, 0, 0)), 100u);
+  EXPECT_TRUE(Shows(dialog, Bt_MsgLateColor_Dialog, RGB(255, 0, 0), 100));
   // The dialog does not start on the present colour, so a bare OK gives black.
   AnswerColourDialog(dialog, Bt_DataChangeColor_Dialog, IDOK);
-  EXPECT_TRUE(WaitUntil([&] {
-    return CountScreenPixels(dialog.Control(Bt_DataChangeColor_Dialog), RGB(0, 0, 0)) > 100;
-  }));
+  EXPECT_TRUE(Shows(dialog, Bt_DataChangeColor_Dialog, RGB(0, 0, 0), 100));
   dialog.PressKey(TB_dividend_ratio, VK_RETURN);
   ASSERT_TRUE(Closed(dialog));
 
@@ -120,7 +120,7 @@ TEST_F(CommonSetting, OkKeepsWhatWasSetUntilTheNextStartAndCancelForgetsIt) {
   }
   EXPECT_FALSE(dialog.Checked(CB_ViewCaution));
   EXPECT_FALSE(dialog.Checked(CB_MsgLateColor_Enable));
-  EXPECT_GT(CountScreenPixels(dialog.Control(Bt_DataChangeColor_Dialog), RGB(0, 0, 0)), 100u);
+  EXPECT_TRUE(Shows(dialog, Bt_DataChangeColor_Dialog, RGB(0, 0, 0), 100));
   PressCancel(dialog);
   End();
 }

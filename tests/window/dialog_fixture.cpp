@@ -1,5 +1,6 @@
 #include "tests/window/dialog_fixture.h"
 
+#include "tests/window/screen_picture.h"
 // Last: its symbols are also names of controls elsewhere.
 #include "src/platform/windows/resources/resource.h"
 
@@ -19,6 +20,10 @@ std::vector<std::wstring> BadNumbers() {
           L"10 0",
           std::wstring(40, L'9'),
           std::wstring(20000, L'1')};
+}
+
+bool Shows(const DrivenWindow& dialog, int id, COLORREF colour, std::size_t pixels) {
+  return WaitUntil([&] { return CountScreenPixels(dialog.Control(id), colour) >= pixels; });
 }
 
 void OpenedWindows::Start() {

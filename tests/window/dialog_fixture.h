@@ -14,6 +14,11 @@ constexpr const wchar_t* kVersionClass = L"TolvaneVersion";
 /// What no box of a settings dialog takes: no number, a number outside every limit, or neither.
 [[nodiscard]] std::vector<std::wstring> BadNumbers();
 
+/// Waits until the control shows at least so many pixels of the colour: windows are painted when
+/// the program has nothing better to do.
+[[nodiscard]] bool Shows(const DrivenWindow& dialog, int id, COLORREF colour,
+                         std::size_t pixels = 10);
+
 /// A test with the real program that opens its other windows.
 class OpenedWindows : public RealProgram {
  protected:

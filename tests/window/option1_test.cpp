@@ -1,6 +1,5 @@
 // The extension settings in the real window.
 #include "tests/window/dialog_fixture.h"
-#include "tests/window/screen_picture.h"
 #include "tests/window/text.h"
 // Last: its symbols are also names of controls elsewhere.
 #include "src/platform/windows/resources/resource.h"
@@ -53,11 +52,8 @@ TEST_F(Option1, TakesGoodRowsDropsBadOnesAndNeverWritesTheLastRange) {
   EXPECT_EQ(dialog.Text(TB_MsgMarkerEndByte_7), L"8");
   EXPECT_EQ(dialog.Text(TB_MsgMarkerStartByte_0), L"1");
   EXPECT_TRUE(dialog.Checked(CB_MsgMarker_0));
-  EXPECT_TRUE(WaitUntil([&] {
-    return CountScreenPixels(dialog.Control(Bt_MarkerColor_Dialog_7), RGB(0, 0, 0)) > 100;
-  }));
-  EXPECT_GT(CountScreenPixels(dialog.Control(Bt_MarkerColor_Dialog_6), RGB(0xF3, 0xB3, 0xFF)),
-            100u);
+  EXPECT_TRUE(Shows(dialog, Bt_MarkerColor_Dialog_7, RGB(0, 0, 0), 100));
+  EXPECT_TRUE(Shows(dialog, Bt_MarkerColor_Dialog_6, RGB(0xF3, 0xB3, 0xFF), 100));
   KeepPicture(dialog.Handle(), "window");
   PressCancel(dialog);
   End();

@@ -1,6 +1,5 @@
 // The log settings in the real window.
 #include "tests/window/dialog_fixture.h"
-#include "tests/window/screen_picture.h"
 #include "tests/window/text.h"
 // Last: its symbols are also names of controls elsewhere.
 #include "src/platform/windows/resources/resource.h"
@@ -29,9 +28,7 @@ TEST_F(OptionLog1, ControlsFollowTheLogBoxAndTwoOfThemItsClicksAlone) {
   EXPECT_TRUE(dialog.Checked(RB_LogSV_Format_1));
   for (const int id : {TB_Excel_Status, TB_Excel_Status2, TB_Access_Status}) {
     EXPECT_EQ(dialog.Text(id), L" NG");
-    EXPECT_TRUE(WaitUntil([&] {
-      return CountScreenPixels(dialog.Control(id), RGB(255, 0, 0)) > 5;
-    })) << id;
+    EXPECT_TRUE(Shows(dialog, id, RGB(255, 0, 0), 5)) << id;
   }
   EXPECT_EQ(dialog.Text(TB_Excel_Ver), L"---");
   EXPECT_EQ(dialog.Text(TB_Access_Ver), L"---");
