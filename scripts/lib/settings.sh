@@ -1,0 +1,9 @@
+# Settings of the running program, chosen in its dialogs by tolvane_drive.
+# shellcheck shell=bash
+
+# drive_ids BITS: identifiers of 11 or 29 bits, for the runs that follow.
+drive_ids() {
+  drive wait-window -- wait-enabled Bt_Connect -- command menu_common_setting -- \
+    window TolvaneSettingsDialog -- click "RB_MsgType_$(($1 == 29))" -- click Bt_OK ||
+    fail "the settings cannot be changed"
+}
