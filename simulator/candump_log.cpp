@@ -19,7 +19,8 @@ bool IsDigit(char character) { return character >= '0' && character <= '9'; }
 /// Cuts the text up to the first blank off the front of `rest`, and the blanks around it.
 std::string_view TakeWord(std::string_view& rest) {
   rest = Trim(rest);
-  const std::string_view word = rest.substr(0, rest.find_first_of(" \t"));
+  const auto blank = std::ranges::find_if(rest, [](char c) { return c == ' ' || c == '\t'; });
+  const std::string_view word(rest.begin(), blank);
   rest = Trim(rest.substr(word.size()));
   return word;
 }

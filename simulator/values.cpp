@@ -7,10 +7,10 @@
 namespace tolvane::simulator {
 
 std::string_view Trim(std::string_view text) {
-  constexpr std::string_view kBlanks = " \t\r";
-  const std::size_t first = text.find_first_not_of(kBlanks);
-  if (first == std::string_view::npos) return {};
-  return text.substr(first, text.find_last_not_of(kBlanks) - first + 1);
+  const auto is_blank = [](char c) { return c == ' ' || c == '\t' || c == '\r'; };
+  while (!text.empty() && is_blank(text.front())) text.remove_prefix(1);
+  while (!text.empty() && is_blank(text.back())) text.remove_suffix(1);
+  return text;
 }
 
 std::optional<std::int64_t> ParseInteger(std::string_view text) {
