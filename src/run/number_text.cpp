@@ -112,7 +112,7 @@ ShortText DecimalText(std::int64_t value) {
   } while (magnitude != 0);
   if (negative) digits[--first] = u'-';
   ShortText text;
-  for (; first < digits.size(); ++first) text.Append(digits[first]);
+  text.Append(StringView(digits.data() + first, digits.size() - first));
   return text;
 }
 

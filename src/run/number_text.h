@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <array>
 #include <cstddef>
 #include <cstdint>
@@ -17,7 +18,8 @@ class ShortText {
 
   void Append(char16_t character) { characters_[length_++] = character; }
   void Append(StringView text) {
-    for (const char16_t character : text) Append(character);
+    std::copy(text.begin(), text.end(), characters_.data() + length_);
+    length_ += text.size();
   }
   [[nodiscard]] std::size_t Length() const { return length_; }
   [[nodiscard]] StringView View() const { return {characters_.data(), length_}; }
