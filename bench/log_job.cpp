@@ -4,7 +4,6 @@
 #include <cstdio>
 #include <filesystem>
 #include <fstream>
-#include <iterator>
 #include <string>
 #include <string_view>
 
@@ -57,9 +56,16 @@ class LogJob {
   std::int64_t first_us_ = -1;
 };
 
+std::string ReadFile(const char* path) {
+  std::ifstream file(path, std::ios::binary | std::ios::ate);
+  std::string text(file ? static_cast<std::size_t>(file.tellg()) : 0, '\0');
+  file.seekg(0);
+  file.read(text.data(), static_cast<std::streamsize>(text.size()));
+  return text;
+}
+
 int Run(const char* recording, const char* folder) {
-  std::ifstream file(recording, std::ios::binary);
-  const std::string text(std::istreambuf_iterator<char>(file), {});
+  const std::string text = ReadFile(recording);
   LogJob job(folder);
   simulator::BusFrame frame;
   for (std::string_view rest = text; !rest.empty();) {

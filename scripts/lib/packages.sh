@@ -10,6 +10,8 @@ packages_run="wine wine64 fonts-wine xvfb fonts-ipafont-gothic imagemagick local
 # libFuzzer; debootstrap makes the root in which the 32-bit program runs.
 packages_test="git libgtest-dev libgmock-dev libbenchmark-dev clang libclang-rt-14-dev
   clang-format shellcheck debootstrap"
+# What bench/compare measures beside Tolvane.
+packages_compare="can-utils python3-can"
 
 package_installed() {
   [ "$(dpkg-query -W -f '${db:Status-Status}' "$1" 2>/dev/null)" = installed ]
@@ -19,7 +21,7 @@ install_packages() {
   as_root env DEBIAN_FRONTEND=noninteractive apt-get install -y --no-install-recommends "$@"
 }
 
-# need_packages GROUP...: installs what misses of the groups build, run and test, after saying so.
+# need_packages GROUP...: installs what misses of the groups above, after saying so.
 need_packages() {
   local group list package missing=() log=$build/packages.log
   for group in "$@"; do
