@@ -28,6 +28,12 @@ std::string LongestOf(const std::vector<ReadGap>& gaps) {
          " kept: " + Milliseconds(gaps[gaps.size() / 2].us) + ")";
 }
 
+std::int64_t LongerThan(std::int64_t us, const BenchRun& run) {
+  const auto is_longer = [us](const ReadGap& gap) { return gap.us >= us; };
+  return std::ranges::count_if(run.behind_frame, is_longer) +
+         std::ranges::count_if(run.behind_empty_read, is_longer);
+}
+
 std::int64_t LastFrameUs(const simulator::LoadPlan& plan) {
   simulator::LoadGenerator bus(plan);
   simulator::BusFrame frame;
@@ -94,10 +100,11 @@ SoakVerdict Judge(const SoakEvidence& evidence) {
                     (logs.difference.empty() ? "as the bus said it" : logs.difference),
                 "queue covers:               " + Milliseconds(covered_us) + ", a quarter is " +
                     Milliseconds(covered_us / 4),
-                "longest gap between reads:  " + Milliseconds(run.longest_gap_us),
+                "longest gap between reads:  " + Milliseconds(run.longest_gap_us) + "; " +
+                    number(LongerThan(covered_us / 4, run)) + " are longer than the quarter",
                 "queue's high-water mark:    " + number(run.high_water) + " of " + number(queue),
                 "longest flush:              " + LongestOf(Flushes(run)),
-                "longest tick:               " + LongestOf(run.behind_empty_read),
+                "longest tick with its paint: " + LongestOf(run.behind_empty_read),
                 "longest gap behind a frame that filled no file: " + LongestOf(others)},
       .passed = all_there && quick};
 }
