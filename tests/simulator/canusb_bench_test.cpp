@@ -194,7 +194,8 @@ TEST_F(CanusbBenchTest, AnAdapterLeftOpenIsReportedAtTheEnd) {
 }
 
 TEST_F(CanusbBenchTest, TheReportEndsWithTheLongestGapsWhenTold) {
-  Plug("[bench]\ngaps=5\n[bus]\nsource=log\nlog=bus.log\n[canusb 1]\nserial=TV1\n","(0.000000) c 001#\n");
+  Plug("[bench]\ngaps=5\n[bus]\nsource=log\nlog=bus.log\n[canusb 1]\nserial=TV1\n",
+       "(0.000000) c 001#\n");
   const std::int32_t handle = Open("TV1");
   CanusbMessage message{};
   library_->canusb_Read(handle, message);
