@@ -38,8 +38,7 @@ TEST(ToolTips, OfTheCautionAndOfTheProtocolWithItsLabel) {
   WindowsEventLoop loop(gate);
   WindowsCodePage code_page;
   SplashWindow splash(instance);
-  Form1Window::WorkerWindows workers{
-      {gate, instance, 30}, {gate, instance, 30}, {gate, instance, 30}, {gate, instance, 30}};
+  Form1Window::WorkerWindows workers{gate, instance, 30};
   Form1Window window(instance, gate, loop, code_page, splash, workers);
   ASSERT_TRUE(window.CreateHidden());
   const HWND tool_tips = ToolTipsOf(window.Hwnd());
