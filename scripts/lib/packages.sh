@@ -7,9 +7,9 @@ packages_build="cmake ninja-build g++-mingw-w64-x86-64-posix g++-mingw-w64-i686-
   binutils-mingw-w64 g++ python3"
 packages_run="wine wine64 fonts-wine xvfb fonts-ipafont-gothic imagemagick locales"
 # libgtest-dev brings GoogleTest's source, which is compiled for Windows here; libclang-rt holds
-# libFuzzer; debootstrap makes the root in which the 32-bit program runs.
+# libFuzzer; openpyxl reads the workbooks; debootstrap makes the root in which the 32-bit program runs.
 packages_test="git libgtest-dev libgmock-dev libbenchmark-dev clang libclang-rt-14-dev
-  clang-format shellcheck debootstrap"
+  clang-format shellcheck debootstrap python3-openpyxl"
 # What bench/compare measures beside Tolvane.
 packages_compare="can-utils python3-can"
 

@@ -149,6 +149,12 @@ stage_replay() {
   count_command replay-wrap "$root/scripts/replay-check" "" 55000
 }
 
+stage_logs() {
+  # Both roll over, and the adapter's clock wraps on the way.
+  count_command log-csv "$root/scripts/log-check" --times 2 --clock-start 50000
+  count_command log-xlsx "$root/scripts/log-check" --times 2 --clock-start 50000 --format xlsx
+}
+
 # Each program there starts a Wine server of its own and ends it; the X server is shared.
 stage_x86() {
   # shellcheck source=wine.sh

@@ -44,10 +44,14 @@ class TimeLine:
         return self.time
 
 
-def read_recording(lines: list[str], clock_start: int) -> dict[int, Seen]:
-    """What the last two frames of each identifier say."""
-    table: dict[int, Seen] = {}
-    line_of_time = TimeLine()
+class Frame(NamedTuple):
+    microseconds: int  # since the recording's first frame
+    identifier: int
+    data: bytes
+
+
+def read_frames(lines: list[str]) -> list[Frame]:
+    frames: list[Frame] = []
     first = None
     for number, line in enumerate(lines, 1):
         match = FRAME.match(line.strip())
@@ -55,11 +59,23 @@ def read_recording(lines: list[str], clock_start: int) -> dict[int, Seen]:
             raise ValueError(f"line {number} is no 11-bit data frame: {line.strip()}")
         microseconds = int(match[1]) * 1_000_000 + int(match[2])
         first = microseconds if first is None else first
-        stamp = (clock_start + (microseconds - first) // 1000) % CLOCK_RANGE
-        identifier = int(match[3], 16)
-        before = table.get(identifier)
-        table[identifier] = Seen(bytes.fromhex(match[4]), line_of_time.add(stamp),
-                                 before.time if before else None)
+        frames.append(Frame(microseconds - first, int(match[3], 16), bytes.fromhex(match[4])))
+    return frames
+
+
+def stamp_of(microseconds: int, clock_start: int) -> int:
+    """The adapter's stamp so long after its first frame."""
+    return (clock_start + microseconds // 1000) % CLOCK_RANGE
+
+
+def read_recording(lines: list[str], clock_start: int) -> dict[int, Seen]:
+    """What the last two frames of each identifier say."""
+    table: dict[int, Seen] = {}
+    line_of_time = TimeLine()
+    for frame in read_frames(lines):
+        before = table.get(frame.identifier)
+        time = line_of_time.add(stamp_of(frame.microseconds, clock_start))
+        table[frame.identifier] = Seen(frame.data, time, before.time if before else None)
     return table
 
 

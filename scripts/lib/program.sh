@@ -1,0 +1,28 @@
+# The real program in a folder of its own, driven by tolvane_drive.
+# shellcheck shell=bash
+: "${build:?common.sh comes first}" "${WINEPREFIX:?wine.sh comes first}"
+
+# program_install FOLDER: the built program there, beside settings and logs that stand there already.
+program_install() {
+  mkdir -p "$1"
+  cp "$build/windows-x64/program/"{Tolvane.exe,qxt100.dll} "$1/"
+}
+
+# program_start FOLDER: starts it without waiting; it is awaited as $program.
+program_start() {
+  (cd "$1" && wine Tolvane.exe) &
+  program=$!
+}
+
+drive() { wine "$build/windows-x64/tests/window/tolvane_drive.exe" "$@"; }
+
+drive_connect() {
+  drive wait-window -- wait-enabled Bt_Connect -- click Bt_Connect -- wait-text TB_Status 通信中 ||
+    fail "the program did not start a run"
+}
+
+# drive_end: ends the run and the program.
+drive_end() {
+  drive click Bt_Disconnect -- wait-enabled Bt_Connect -- close || fail "the run does not end"
+  wait "$program" || fail "the program ended with an error"
+}
