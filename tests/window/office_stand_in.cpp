@@ -1,0 +1,90 @@
+#include "tests/window/office_stand_in.h"
+
+#include <windows.h>
+
+#include <algorithm>
+#include <fstream>
+
+#include "tests/window/driven_program.h"
+#include "tests/window/driven_window.h"
+
+namespace tolvane::window {
+namespace {
+
+constexpr DWORD kRegistrationLimit = 60000;  // ms
+
+bool RunStandIn(const std::wstring& words) {
+  const std::filesystem::path program = OwnFolder() / L"..\\..\\simulator\\tolvane_office.exe";
+  std::wstring line = L"\"" + program.wstring() + L"\" " + words;
+  STARTUPINFOW startup{};
+  startup.cb = sizeof(startup);
+  PROCESS_INFORMATION process{};
+  if (!CreateProcessW(nullptr, line.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &startup,
+                      &process)) {
+    return false;
+  }
+  DWORD code = 1;
+  if (WaitForSingleObject(process.hProcess, kRegistrationLimit) == WAIT_OBJECT_0) {
+    GetExitCodeProcess(process.hProcess, &code);
+  }
+  CloseHandle(process.hThread);
+  CloseHandle(process.hProcess);
+  return code == 0;
+}
+
+}  // namespace
+
+OfficeStandIn::OfficeStandIn(const std::filesystem::path& folder, const std::wstring& names)
+    : record_(folder / L"office-record.txt"), script_(folder / L"office-script.ini") {
+  SetEnvironmentVariableW(L"TOLVANE_OFFICE_RECORD", record_.c_str());
+  SetEnvironmentVariableW(L"TOLVANE_OFFICE_SCRIPT", script_.c_str());
+  registered_ = RunStandIn(L"/register " + names);
+}
+
+OfficeStandIn::~OfficeStandIn() {
+  RunStandIn(L"/unregister Excel.Application Ket.Application Access.Application");
+  SetEnvironmentVariableW(L"TOLVANE_OFFICE_RECORD", nullptr);
+  SetEnvironmentVariableW(L"TOLVANE_OFFICE_SCRIPT", nullptr);
+}
+
+void OfficeStandIn::Script(std::string_view lines) const {
+  std::ofstream(script_, std::ios::binary) << "[office]\n" << lines;
+}
+
+std::vector<std::string> OfficeStandIn::Lines() const {
+  std::ifstream file(record_, std::ios::binary);
+  std::vector<std::string> lines;
+  for (std::string line; std::getline(file, line);) lines.push_back(line);
+  return lines;
+}
+
+bool OfficeStandIn::WaitForEnd() const {
+  return WaitUntil([this] {
+    const std::vector<std::string> lines = Lines();
+    const auto begun = std::count_if(lines.begin(), lines.end(), [](const std::string& line) {
+      return line.starts_with("create ");
+    });
+    return begun == std::count(lines.begin(), lines.end(), "end");
+  });
+}
+
+bool OfficeStandIn::Forget() const {
+  if (!WaitForEnd()) return false;
+  std::error_code error;
+  // The last server lets go of its record a moment behind its last line.
+  return WaitUntil([&] {
+    std::filesystem::remove(record_, error);
+    return !std::filesystem::exists(record_);
+  });
+}
+
+bool OfficeStandIn::WaitForLine(std::string_view text) const {
+  return WaitUntil([&] {
+    const std::vector<std::string> lines = Lines();
+    return std::any_of(lines.begin(), lines.end(), [&](const std::string& line) {
+      return line.find(text) != std::string::npos;
+    });
+  });
+}
+
+}  // namespace tolvane::window

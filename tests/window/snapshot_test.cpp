@@ -1,0 +1,74 @@
+// Snapshots of the real program in both formats.
+#include <fstream>
+
+#include "tests/helpers/expect_bytes.h"
+#include "tests/window/log_fixture.h"
+#include "tests/window/text.h"
+// Last: its symbols are also names of controls elsewhere.
+#include "src/platform/windows/resources/resource.h"
+
+namespace tolvane::window {
+namespace {
+
+class Snapshot : public LogRun {
+ protected:
+  /// Presses the button and answers the message, whose text it gives.
+  std::string PressSnapshot() {
+    main_.Command(Bt_SaveFile);
+    const auto message = WaitForMessage(program_->Id());
+    if (!message) return "no message";
+    EXPECT_EQ(Utf8(message->title), "Tolvane");
+    EXPECT_EQ(message->owner, main_.Handle());
+    EXPECT_TRUE(Press(*message, IDOK));
+    return Utf8(message->text);
+  }
+  std::vector<std::filesystem::path> Snapshots(const wchar_t* extension) const {
+    return FilesOf(folder_.Path(), L"KS", extension);
+  }
+};
+
+TEST_F(Snapshot, HoldsTheWholePageInBothFormatsDuringARunAndAfter) {
+  ASSERT_NO_FATAL_FAILURE(StartOnRecording("(0.0) can0 123#0A0B\n(0.1) can0 123#0AFF\n"));
+  ASSERT_NO_FATAL_FAILURE(Connect(main_));
+  ASSERT_TRUE(WaitForShown(L"0A FF"));
+  EXPECT_EQ(PressSnapshot(), Utf8(L"保存しました"));
+  auto rich = Snapshots(L"-001.rtf");
+  ASSERT_EQ(rich.size(), 1u);
+  const std::string live = FileBytes(rich[0]);
+  EXPECT_EQ(live.substr(0, 6), "{\\rtf1");
+  EXPECT_NE(live.find("100ms"), std::string::npos);
+  // The byte that changed is red.
+  EXPECT_NE(live.find("\\red255\\green0\\blue0"), std::string::npos);
+  ASSERT_NO_FATAL_FAILURE(Disconnect(main_));
+
+  DrivenWindow dialog = OpenLogSettings();
+  EXPECT_TRUE(dialog.Click(RB_SV_Format_0));
+  PressOk(dialog);
+  main_.Type(RTB_MainView, L"変更 ABC ｶﾅ①\r\n2行目\r\n");
+  EXPECT_EQ(PressSnapshot(), Utf8(L"保存しました"));
+  EXPECT_EQ(PressSnapshot(), Utf8(L"保存しました"));
+  const auto plain = Snapshots(L".txt");
+  ASSERT_EQ(plain.size(), 2u);
+  for (const auto& file : plain) {
+    EXPECT_TRUE(SameBytes(FileBytes(file),
+                          "\x95\xcf\x8d\x58 ABC \xb6\xc5\x87\x40\r\n2\x8d\x73\x96\xda\r\n"));
+  }
+  End();
+}
+
+TEST_F(Snapshot, AFullFolderIsToldAndNothingIsSaved) {
+  ASSERT_NO_FATAL_FAILURE(StartOnRecording("(0.0) can0 123#\n"));
+  for (const int hour : {0, 1}) {
+    for (int number = 1; number < 1000; ++number) {
+      std::wstring text = std::to_wstring(number);
+      text.insert(0, text.size() < 3 ? 3 - text.size() : 0, L'0');
+      std::ofstream(folder_.Path() / (L"KS" + HourText(hour) + L"-" + text + L".rtf")).flush();
+    }
+  }
+  EXPECT_EQ(PressSnapshot(), Utf8(L"ファイルがいっぱいです"));
+  EXPECT_TRUE(Snapshots(L"-1000.rtf").empty());
+  End();
+}
+
+}  // namespace
+}  // namespace tolvane::window
