@@ -8,11 +8,10 @@
 #include <iterator>
 #include <regex>
 
+// Last: its symbols are also names of controls elsewhere.
 #include "src/platform/windows/resources/resource.h"
 
 namespace tolvane::window {
-
-const int LogRun::menu_ = menu_opt_log1;
 
 std::vector<std::filesystem::path> FilesOf(const std::filesystem::path& folder,
                                            std::wstring_view prefix, std::wstring_view extension) {
@@ -31,19 +30,30 @@ std::string FileBytes(const std::filesystem::path& file) {
   return {std::istreambuf_iterator<char>(stream), {}};
 }
 
-std::wstring HourText(int hours_ahead) {
-  SYSTEMTIME now;
-  GetLocalTime(&now);
+std::wstring NumberedName(const wchar_t* prefix, int hours_ahead, int number,
+                          const wchar_t* extension) {
+  constexpr ULONGLONG kHour = 36'000'000'000;  // 100 ns
+  SYSTEMTIME time;
+  GetLocalTime(&time);
   FILETIME file_time;
-  SystemTimeToFileTime(&now, &file_time);
+  SystemTimeToFileTime(&time, &file_time);
   ULARGE_INTEGER ticks{{file_time.dwLowDateTime, file_time.dwHighDateTime}};
-  ticks.QuadPart += 36'000'000'000ULL * static_cast<unsigned>(hours_ahead);
+  ticks.QuadPart += kHour * static_cast<unsigned>(hours_ahead);
   file_time = {ticks.LowPart, ticks.HighPart};
-  FileTimeToSystemTime(&file_time, &now);
-  std::array<wchar_t, 9> text{};
-  swprintf(text.data(), text.size(), L"%02d%02d%02d%02d", now.wYear % 100, now.wMonth, now.wDay,
-           now.wHour);
-  return text.data();
+  FileTimeToSystemTime(&file_time, &time);
+  std::array<wchar_t, 64> name{};
+  swprintf(name.data(), name.size(), L"%ls%02d%02d%02d%02d-%03d%ls", prefix, time.wYear % 100,
+           time.wMonth, time.wDay, time.wHour, number, extension);
+  return name.data();
+}
+
+void FillNumbers(const std::filesystem::path& folder, const wchar_t* prefix,
+                 const wchar_t* extension) {
+  for (const int hour : {0, 1}) {
+    for (int number = 1; number < 1000; ++number) {
+      std::ofstream(folder / NumberedName(prefix, hour, number, extension)).flush();
+    }
+  }
 }
 
 std::string WithoutDate(std::string log) {
@@ -108,6 +118,8 @@ void LogRun::StartOnRecording(std::string_view lines) {
   std::ofstream(folder_.Path() / L"frames.log", std::ios::binary) << lines;
   StartOn("[bus]\nsource = log\nlog = frames.log\n");
 }
+
+DrivenWindow LogRun::OpenLogSettings() { return Open(menu_opt_log1); }
 
 bool LogRun::WaitForShown(const std::wstring& text) const {
   return WaitUntil([&] { return main_.Text(RTB_MainView).find(text) != std::wstring::npos; });

@@ -18,8 +18,12 @@ namespace tolvane::window {
 /// Empty when the file cannot be read.
 [[nodiscard]] std::string FileBytes(const std::filesystem::path& file);
 
-/// The hour as file names bear it, "yymmddhh", so many hours from now.
-[[nodiscard]] std::wstring HourText(int hours_ahead);
+/// A file name such as "KL26112023-001.csv", of the present hour or so many hours later.
+[[nodiscard]] std::wstring NumberedName(const wchar_t* prefix, int hours_ahead, int number,
+                                        const wchar_t* extension);
+/// Takes the numbers 1 to 999 of this hour and the next with empty files.
+void FillNumbers(const std::filesystem::path& folder, const wchar_t* prefix,
+                 const wchar_t* extension);
 
 /// A log whose date, where its shape is that of a date and time, is replaced by "DATE".
 [[nodiscard]] std::string WithoutDate(std::string log);
@@ -54,15 +58,12 @@ class LogRun : public OpenedWindows {
   void RunUntilShown(const std::wstring& text);
 
   /// Opens the log settings, which a test then changes and closes by PressOk.
-  DrivenWindow OpenLogSettings() { return Open(menu_); }
+  DrivenWindow OpenLogSettings();
 
   [[nodiscard]] std::vector<std::filesystem::path> Logs(
       std::wstring_view extension = L".csv") const {
     return FilesOf(folder_.Path(), L"KL", extension);
   }
-
- private:
-  static const int menu_;
 };
 
 /// A folder beside the program's, made anew and removed with the object.

@@ -198,15 +198,9 @@ std::wstring LastShownOfBurst(int burst) {
 TEST_F(LogRun, WhatAHeldFileKeptBackComesWithTheNextFileOfItsChannel) {
   ASSERT_NO_FATAL_FAILURE(StartOn(kBursts));
   // With a full folder every flush goes to the file of number 1000. The hour may change meanwhile.
-  const auto path = [this](int hours_ahead, int number) {
-    std::wstring text = std::to_wstring(number);
-    text.insert(0, text.size() < 3 ? 3 - text.size() : 0, L'0');
-    return folder_.Path() / (L"KL" + HourText(hours_ahead) + L"-" + text + L".csv");
-  };
-  for (const int hour : {0, 1}) {
-    for (int number = 1; number < 1000; ++number) std::ofstream(path(hour, number)).flush();
-  }
-  const std::filesystem::path files[] = {path(0, 1000), path(1, 1000)};
+  FillNumbers(folder_.Path(), L"KL", L".csv");
+  const std::filesystem::path files[] = {folder_.Path() / NumberedName(L"KL", 0, 1000, L".csv"),
+                                         folder_.Path() / NumberedName(L"KL", 1, 1000, L".csv")};
   HeldFile held(files[0]);
   HeldFile held_next_hour(files[1]);
   ASSERT_TRUE(held.Holds() && held_next_hour.Holds());

@@ -1,6 +1,4 @@
 // Snapshots of the real program in both formats.
-#include <fstream>
-
 #include "tests/helpers/expect_bytes.h"
 #include "tests/window/log_fixture.h"
 #include "tests/window/text.h"
@@ -32,7 +30,7 @@ TEST_F(Snapshot, HoldsTheWholePageInBothFormatsDuringARunAndAfter) {
   ASSERT_NO_FATAL_FAILURE(Connect(main_));
   ASSERT_TRUE(WaitForShown(L"0A FF"));
   EXPECT_EQ(PressSnapshot(), Utf8(L"保存しました"));
-  auto rich = Snapshots(L"-001.rtf");
+  const auto rich = Snapshots(L"-001.rtf");
   ASSERT_EQ(rich.size(), 1u);
   const std::string live = FileBytes(rich[0]);
   EXPECT_EQ(live.substr(0, 6), "{\\rtf1");
@@ -40,6 +38,7 @@ TEST_F(Snapshot, HoldsTheWholePageInBothFormatsDuringARunAndAfter) {
   // The byte that changed is red.
   EXPECT_NE(live.find("\\red255\\green0\\blue0"), std::string::npos);
   ASSERT_NO_FATAL_FAILURE(Disconnect(main_));
+  const std::wstring page = main_.Text(RTB_MainView);
 
   DrivenWindow dialog = OpenLogSettings();
   EXPECT_TRUE(dialog.Click(RB_SV_Format_0));
@@ -54,17 +53,17 @@ TEST_F(Snapshot, HoldsTheWholePageInBothFormatsDuringARunAndAfter) {
                           "\x95\xcf\x8d\x58 ABC \xb6\xc5\x87\x40\r\n2\x8d\x73\x96\xda\r\n"));
   }
   End();
+
+  // Read back as the kept page of the next start.
+  ASSERT_TRUE(CopyFileW(rich[0].c_str(), (folder_.Path() / L"lglist.dat").c_str(), FALSE));
+  ASSERT_NO_FATAL_FAILURE(Start());
+  EXPECT_EQ(Utf8(main_.Text(RTB_MainView)), Utf8(page));
+  End();
 }
 
 TEST_F(Snapshot, AFullFolderIsToldAndNothingIsSaved) {
   ASSERT_NO_FATAL_FAILURE(StartOnRecording("(0.0) can0 123#\n"));
-  for (const int hour : {0, 1}) {
-    for (int number = 1; number < 1000; ++number) {
-      std::wstring text = std::to_wstring(number);
-      text.insert(0, text.size() < 3 ? 3 - text.size() : 0, L'0');
-      std::ofstream(folder_.Path() / (L"KS" + HourText(hour) + L"-" + text + L".rtf")).flush();
-    }
-  }
+  FillNumbers(folder_.Path(), L"KS", L".rtf");
   EXPECT_EQ(PressSnapshot(), Utf8(L"ファイルがいっぱいです"));
   EXPECT_TRUE(Snapshots(L"-1000.rtf").empty());
   End();
