@@ -104,8 +104,7 @@ TEST_F(Restart, KeepsTheSettingsOfTheLogAndExtensionDialogs) {
   EXPECT_TRUE(SameBytes(FileBytes(ConfigFile()), written));
 }
 
-/// Writes another version into a settings file and a mark by which to see whether it was taken
-/// over: the comment box is filled from it.
+/// Writes another version, below 128, into a settings file.
 void SetVersion(const std::filesystem::path& file, char version) {
   constexpr std::string_view kTitle = "Tolvane Ver1.23";
   constexpr std::string_view kCopyright = "Copyright (C) 2026 Tolvane Project";
