@@ -19,7 +19,12 @@ bool WindowsPicture::Visible() const {
 
 String WindowsTextBox::Text() const { return WindowText(window_); }
 
-void WindowsTextBox::Text(StringView text) { SetWindowTextW(window_, Wide(String(text))); }
+void WindowsTextBox::Text(StringView text) {
+  SetWindowTextW(window_, Wide(String(text)));
+  // Whoever shows a text may be busy for a while: opening an adapter, writing a log. And what is
+  // painted here is not painted in the first yield of a run, when frames are waiting already.
+  RedrawWindow(GetAncestor(window_, GA_ROOT), nullptr, nullptr, RDW_UPDATENOW | RDW_ALLCHILDREN);
+}
 
 bool WindowsTextBox::Locked() const {
   return (GetWindowLongPtrW(window_, GWL_STYLE) & ES_READONLY) != 0;

@@ -18,6 +18,7 @@ namespace {
 // Before resource.h: its names are also the names of these members.
 RichTextView& ViewOf(const MainWindow& face) { return face.RTB_MainView; }
 ComboBox& ComboBoxOf(const MainWindow& face) { return face.Cmb_Serect_Device; }
+TextBox& StatusOf(const MainWindow& face) { return face.TB_Status; }
 OtherForms& OtherFormsOf(const MainWindow& face) { return face.other_forms; }
 
 }  // namespace
@@ -267,6 +268,16 @@ TEST_F(MainWindowTest, TheFocusOfTheViewIsToldAndCanBeSentOn) {
   SetFocus(Child(RTB_MainView));
   EXPECT_EQ(events_.focuses, 1);
   EXPECT_EQ(GetFocus(), Child(TB_Status));
+}
+
+TEST_F(MainWindowTest, ATextOfTheLogicIsSeenAtOnceWithAllThatWaitsToBePainted) {
+  window_.Start(SW_SHOW);
+  loop_.YieldToEvents();
+  InvalidateRect(Child(Bt_Connect), nullptr, TRUE);
+  ASSERT_TRUE(GetUpdateRect(Child(Bt_Connect), nullptr, FALSE));
+  StatusOf(window_.Face()).Text(u"通信初期処理中");
+  EXPECT_FALSE(GetUpdateRect(Child(TB_Status), nullptr, FALSE));
+  EXPECT_FALSE(GetUpdateRect(Child(Bt_Connect), nullptr, FALSE));
 }
 
 TEST_F(MainWindowTest, UnloadedFormsAreGone) {
