@@ -110,6 +110,24 @@ TEST_F(FormOption1Test, TheLastExclusionRowIsNeverWrittenBack) {
   EXPECT_EQ(device.t_DisableID_End(7), 0x3FF);
 }
 
+TEST_F(FormOption1Test, ClearedBoxesSwitchOffEveryRowButTheLastRange) {
+  for (std::int16_t row = 0; row < 8; ++row) {
+    device.t_DisableID_ON(row, 1);
+    device.t_MsgMarker_ON(row, 1);
+  }
+  device.t_Save_ID_DisableMode = 1;
+  form.read_setting(device);
+  for (Choice& box : form.CB_DisableID) box.checked = false;
+  for (Choice& box : form.CB_MsgMarker) box.checked = false;
+  form.CB_Save_ID_DisableMode.checked = false;
+  form.Bt_OK_Click(device);
+  for (std::int16_t row = 0; row < 8; ++row) {
+    EXPECT_EQ(device.t_DisableID_ON(row), row == 7 ? 1 : 0) << row;
+    EXPECT_EQ(device.t_MsgMarker_ON(row), 0) << row;
+  }
+  EXPECT_EQ(device.t_Save_ID_DisableMode, 0);
+}
+
 TEST_F(FormOption1Test, AllEightMarkersAreWritten) {
   form.read_setting(device);
   for (std::size_t i = 0; i < FormOption1::kRows; ++i) {

@@ -2,6 +2,11 @@
 
 #include <gtest/gtest.h>
 
+#include <vector>
+
+#include "platform/memory/code_page_932.h"
+#include "platform/memory/file_system.h"
+
 namespace tolvane {
 namespace {
 
@@ -77,6 +82,7 @@ const Office kOffices[] = {
     {"V10", 1, 10, 1, 10, u" OK", u"Excel2002", u" NG", u" OK", u"Access2002"},
     {"V9", 1, 9, 1, 9, u" OK", u"Excel2000", u" NG", u" OK", u"Access2000"},
     {"V8", 1, 8, 1, 8, u" OK", u"8", u" NG", u" OK", u"8"},
+    {"AccessNotCounted", 0, 16, 2, 16, u" NG", u"---", u" NG", u" NG", u"---"},
 };
 INSTANTIATE_TEST_SUITE_P(Rows, FormOptionLog1Office, testing::ValuesIn(kOffices),
                          [](const auto& row) { return row.param.label; });
@@ -160,6 +166,84 @@ TEST_F(FormOptionLog1Test, OKWritesEveryControlAsItStands) {
   form.CB_Excel_soft_KO.checked = false;
   form.Bt_OK_Click(device);
   EXPECT_EQ(device.t_Excel_soft, 1);
+}
+
+TEST_F(FormOptionLog1Test, OpeningShowsEverySettingAndABareOKKeepsIt) {
+  device.ExcelInstallCheck = 2;
+  device.t_SaveFormat = 2;
+  device.t_SaveFilePath_mode = 1;
+  device.t_SaveFilePath = u"D:\\pages";
+  device.t_LogSaveFormat = 2;
+  device.t_Excel_Format = 2;
+  device.t_LogSaveFilePath_mode = 2;
+  device.t_LogSaveFilePath = u"D:\\logs";
+  device.t_LogSave_subFolder = 1;
+  device.t_Excel_soft = 2;
+  form.read_setting(device);
+  EXPECT_TRUE(form.RB_LogSV_Format[0].enabled);
+  EXPECT_FALSE(form.RB_LogSV_Format[0].checked);
+  form.Bt_OK_Click(device);
+  EXPECT_EQ(device.t_SaveFormat, 2);
+  EXPECT_EQ(device.t_SaveFilePath_mode, 1);
+  EXPECT_EQ(device.t_SaveFilePath, u"D:\\pages");
+  EXPECT_EQ(device.t_LogSave_Enable, 1);
+  EXPECT_EQ(device.t_LogSaveFormat, 2);
+  EXPECT_EQ(device.t_Excel_Format, 2);
+  EXPECT_EQ(device.t_LogSaveFilePath_mode, 2);
+  EXPECT_EQ(device.t_LogSaveFilePath, u"D:\\logs");
+  EXPECT_EQ(device.t_LogSave_subFolder, 1);
+  EXPECT_EQ(device.t_Excel_soft, 2);
+  EXPECT_TRUE(form.RB_SV_Format[0].checked);
+  EXPECT_TRUE(form.RB_SaveFilePath[1].checked);
+  EXPECT_TRUE(form.RB_LogSV_Format[1].checked);
+  EXPECT_TRUE(form.RB_Excel_Format[1].checked);
+  EXPECT_TRUE(form.RB_LogSaveFilePath[2].checked);
+}
+
+class FormOptionLog1Drop : public FormOptionLog1Test {
+ protected:
+  FormOptionLog1Drop() {
+    files.AddFolder(u"D:\\logs\\plain");
+    files.AddFolder(u"D:\\logs\\shut");
+    files.SetAttributes(u"D:\\logs\\shut", 16 + 1);
+    files.AddFile(u"D:\\logs\\notes.txt", "");
+    files.AddFile(u"D:\\top.txt", "");
+    form.TB_SaveFilePath.text = u"before";
+    form.TB_LogSaveFilePath.text = u"before";
+  }
+
+  platform::memory::CodePage932 code_page;
+  platform::memory::FileSystem files{code_page};
+};
+
+TEST_F(FormOptionLog1Drop, APlainFolderIsTakenAndAnythingElseGivesWhatItLiesIn) {
+  struct Row {
+    const char* label;
+    std::vector<String> paths;
+    StringView expected;
+  };
+  const Row rows[] = {
+      {"plain folder", {u"D:\\logs\\plain"}, u"D:\\logs\\plain"},
+      {"backslash at the end", {u"D:\\logs\\plain\\"}, u"D:\\logs\\plain"},
+      {"read-only folder", {u"D:\\logs\\shut"}, u"D:\\logs"},
+      {"file", {u"D:\\logs\\notes.txt"}, u"D:\\logs"},
+      {"file at the top", {u"D:\\top.txt"}, u"D:"},
+      {"the first of two", {u"D:\\logs\\plain", u"D:\\logs"}, u"D:\\logs\\plain"},
+      {"no file list", {}, u"before"},
+      {"gone meanwhile", {u"D:\\logs\\gone"}, u"before"},
+      {"the first one gone", {u"D:\\logs\\gone", u"D:\\logs"}, u"before"},
+  };
+  for (const Row& row : rows) {
+    FormOptionLog1 dropped = form;
+    dropped.Folder_Drop(row.paths, files);
+    EXPECT_EQ(dropped.TB_SaveFilePath.text, row.expected) << row.label;
+    EXPECT_EQ(dropped.TB_LogSaveFilePath.text, u"before") << row.label;
+
+    dropped = form;
+    dropped.Log_Folder_Drop(row.paths, files);
+    EXPECT_EQ(dropped.TB_LogSaveFilePath.text, row.expected) << row.label;
+    EXPECT_EQ(dropped.TB_SaveFilePath.text, u"before") << row.label;
+  }
 }
 
 }  // namespace
