@@ -29,6 +29,9 @@ function(tolvane_test name)
     add_test(NAME ${name} COMMAND "${CMAKE_SOURCE_DIR}/scripts/lib/${tolvane_runner}"
                                   $<TARGET_FILE:${name}>)
   else()
+    # The tests' own code needs no optimizer, and without it compiles in half the time; under the
+    # sanitizers in a quarter.
+    target_compile_options(${name} PRIVATE $<IF:$<BOOL:${TOLVANE_SANITIZE}>,-O0,-O1> -g1)
     gtest_discover_tests(${name} DISCOVERY_TIMEOUT 60)
   endif()
 endfunction()
@@ -44,6 +47,11 @@ function(tolvane_check folder script)
            COMMAND Python3::Interpreter -B "${CMAKE_CURRENT_SOURCE_DIR}/${script}" ${ARGN})
 endfunction()
 
+# The target `fuzzers` builds all fuzz targets and nothing else.
+if(TOLVANE_FUZZ)
+  add_custom_target(fuzzers)
+endif()
+
 # tolvane_fuzz(name SOURCES ... USES ... [CORPUS folder]): a fuzz target of the preset native-fuzz. Its test
 # plays the corpus and then tries a fixed number of mutations with a fixed seed, a few seconds' work;
 # to search on, start the binary by hand.
@@ -57,6 +65,7 @@ function(tolvane_fuzz name)
   target_link_libraries(${name} PRIVATE ${arg_USES} tolvane_options)
   target_compile_options(${name} PRIVATE -fsanitize=fuzzer)
   target_link_options(${name} PRIVATE -fsanitize=fuzzer)
+  add_dependencies(fuzzers ${name})
   # New finds go to the first folder, never into the sources.
   set(found "${CMAKE_CURRENT_BINARY_DIR}/${name}-found")
   file(MAKE_DIRECTORY "${found}")

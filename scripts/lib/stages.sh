@@ -108,7 +108,7 @@ stage_sanitizers() {
 }
 
 stage_fuzz() {
-  build_all native-fuzz && run_ctest fuzz native-fuzz -j2 -R '^fuzz\.'
+  build_all native-fuzz fuzzers && run_ctest fuzz native-fuzz -j2 -R '^fuzz\.'
 }
 
 stage_soak() {

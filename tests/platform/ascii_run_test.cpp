@@ -6,7 +6,7 @@ namespace tolvane::platform {
 namespace {
 
 TEST(AsciiRun, EndsAtTheFirstOtherCharacterWhereverItStands) {
-  for (const std::size_t length : {0, 1, 63, 64, 65, 127, 128, 200, 5000}) {
+  for (const std::size_t length : {0u, 1u, 63u, 64u, 65u, 127u, 128u, 200u, 5000u}) {
     for (const char16_t other : {u'\x80', u'\u00FF', u'\u0141', u'\uFF41'}) {
       String text(length, u'\x7F');
       text += other;
