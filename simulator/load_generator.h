@@ -10,7 +10,7 @@ namespace tolvane::simulator {
 struct LoadPlan {
   enum class Content : std::uint8_t {
     kCounter,  // the frame's number from 0, low byte first
-    kRandom,   // bytes that follow from the seed and the frame's number: all change all the time
+    kRandom,   // bytes made from a seed and the frame's number: all change all the time
   };
 
   std::int64_t rate = 0;            // frames per second; 0: as many as the bus holds
