@@ -8,10 +8,14 @@ program_install() {
   cp "$build/windows-x64/program/"{Tolvane.exe,qxt100.dll} "$1/"
 }
 
-# program_start FOLDER: starts it without waiting; it is awaited as $program.
+# program_start FOLDER: starts it without waiting; it is awaited as $program, and ends with the script.
 program_start() {
-  (cd "$1" && wine Tolvane.exe) &
+  # The process id must be the program's own, so the function wine, which keeps the lock back, does
+  # not serve here.
+  # shellcheck disable=SC2154 # the lock is from wine_session
+  (cd "$1" && exec {wine_lock}>&- && exec wine Tolvane.exe) &
   program=$!
+  at_exit "kill $program 2>/dev/null"
 }
 
 drive() { wine "$build/windows-x64/tests/window/tolvane_drive.exe" "$@"; }
