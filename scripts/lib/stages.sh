@@ -23,6 +23,9 @@ count_skipped() {
   skipped=$((skipped + 1))
 }
 
+# Seconds after which a script that plays a recording is stuck; one takes half a minute to two.
+stuck=600
+
 # count_command NAME COMMAND ARGS: one test that passes when the command does, and is skipped when it
 # ends with 77.
 count_command() {
@@ -144,15 +147,16 @@ keep_pictures() {
 }
 
 stage_replay() {
-  count_command replay "$root/scripts/replay-check"
+  count_command replay timeout "$stuck" "$root/scripts/replay-check"
   # The adapter's clock wraps on the way.
-  count_command replay-wrap "$root/scripts/replay-check" "" 55000
+  count_command replay-wrap timeout "$stuck" "$root/scripts/replay-check" "" 55000
 }
 
 stage_logs() {
   # Both roll over, and the adapter's clock wraps on the way.
-  count_command log-csv "$root/scripts/log-check" --times 2 --clock-start 50000
-  count_command log-xlsx "$root/scripts/log-check" --times 2 --clock-start 50000 --format xlsx
+  count_command log-csv timeout "$stuck" "$root/scripts/log-check" --times 2 --clock-start 50000
+  count_command log-xlsx timeout "$stuck" "$root/scripts/log-check" --times 2 --clock-start 50000 \
+    --format xlsx
 }
 
 # Each program there starts a Wine server of its own and ends it; the X server is shared.
