@@ -30,6 +30,8 @@ TEST_F(SpreadsheetServer, IsUsedOnlyForSpreadsheetLogsWithAServerInstalled) {
   device.t_LogSave_Enable = 1;
   device.ExcelInstallCheck = 0;
   EXPECT_FALSE(UsesSpreadsheetServer(device));
+  device.ExcelInstallCheck = -1;
+  EXPECT_FALSE(UsesSpreadsheetServer(device));
   device.ExcelInstallCheck = 2;
   EXPECT_TRUE(UsesSpreadsheetServer(device));
   device.t_LogSaveFormat = kLogFormatCsv;

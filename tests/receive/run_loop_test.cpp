@@ -1,10 +1,9 @@
 #include <gtest/gtest.h>
 
+#include <cstdint>
 #include <string>
 #include <vector>
 
-#include "receive/adapters/canusb_binding.h"
-#include "receive/receive.h"
 #include "tests/receive/run_bench.h"
 
 namespace tolvane {
@@ -210,49 +209,28 @@ TEST(Logs, HalfIsFlushedInTheLoopAfterRecord20001AndThenTheOtherFills) {
   }
 }
 
-TEST(Start, ClearsHighlightsAndLogOfTheRunBefore) {
-  RunBench bench;
-  bench.device.t_bitRate = 9;  // no rate text that would replace the old one
-  CAN_ReadDB frames;
-  CAN_ViewDB highlights;
-  Excel_OutputDB log(bench.parts.log);
-  std::int32_t Device_Timer_Kind = 0;
-  highlights.ViewColorlength_d1_timerCounter(0x10, 500);
-  log.Excel_DB_ArayyCounter = 7;
-  log.Excel_DB_ArayyCh = 2;
-  log.str_bitrate = u"1M bps";
-  CanusbBinding binding(bench.canusbdrv, bench.CAN_u, bench.CAN_d);
-  bench.RxFlag = 1;
-  Receive<CAN_ReadDB>(open_traits(kCanusb, kFormBG), binding, bench.parts,
-                      {frames, highlights, log, bench.timers[0], Device_Timer_Kind}, bench.device,
-                      nullptr);
-  EXPECT_EQ(highlights.ViewColorlength_d1_timerCounter(0x10), 0);
-  EXPECT_EQ(log.Excel_DB_ArayyCounter, 0);
-  EXPECT_EQ(log.Excel_DB_ArayyCh, 1);
-  EXPECT_EQ(log.str_bitrate, u"");
-}
-
-// The flush of a full half yields at a taken name; by then the counter is 0 and the channel still
-// the full one.
-TEST(Logs, ChannelIsFlippedOnlyAfterTheFlushOfTheFullHalf) {
+// One full half, written in the loop, and a frame in the other.
+TEST(Logs, HalfBeingFilledIsTheOneWrittenAtTheEnd) {
   RunBench bench;
   bench.LogToCsv();
-  CAN_ReadDB frames;
-  CAN_ViewDB highlights;
-  Excel_OutputDB log(bench.parts.log);
-  std::int32_t Device_Timer_Kind = 0;
-  bench.files.AddFile(u"C:\\Tolvane\\KL26112009-001.csv", "taken");
-  std::vector<std::int32_t> seen;
   bench.Play(kCanusb, {{.id = 0x100}}, 20001);
-  bench.events = {[&] { seen = {log.Excel_DB_ArayyCounter, log.Excel_DB_ArayyCh}; }};
-  CanusbBinding binding(bench.canusbdrv, bench.CAN_u, bench.CAN_d);
-  bench.RxFlag = 1;
-  Receive<CAN_ReadDB>(open_traits(kCanusb, kFormBG), binding, bench.parts,
-                      {frames, highlights, log, bench.timers[0], Device_Timer_Kind}, bench.device,
-                      nullptr);
-  EXPECT_EQ(seen, (std::vector<std::int32_t>{0, 1}));
-  EXPECT_EQ(log.Excel_DB_ArayyCh, 2);
-  EXPECT_EQ(Device_Timer_Kind, 1);
+  bench.events = {[&] { bench.Play(kCanusb, {{.id = 0x101}}); }};
+  bench.Run(kCanusb, kFormBG);
+  EXPECT_EQ(bench.Records(2), "         0 , 101 , 8 ,  01,02,03,04,05,06,07,08\r\n");
+  EXPECT_EQ(bench.Log(3), "no file");
+}
+
+TEST(Logs, FlagOtherThanOneAtTheEndWritesNothing) {
+  for (const std::int32_t enable : {0, 2, -1}) {
+    RunBench bench;
+    bench.LogToCsv();
+    bench.events = {[&] {
+      bench.device.t_LogSave_Enable = enable;
+      bench.RxFlag = 0;
+    }};
+    bench.Run(kCanusb, kFormBG, {{.id = 0x10}});
+    EXPECT_EQ(bench.Log(), "no file") << enable;
+  }
 }
 
 TEST(Logs, BytesAreThoseOfTheFrameWhateverWasReadBefore) {

@@ -251,6 +251,18 @@ TEST(RunStart, SubfolderIsMadeOncePerRunAlsoWithoutALog) {
   }
 }
 
+TEST(RunStart, SubfolderFlagOtherThanOneMakesNone) {
+  for (const std::int32_t flag : {0, 2, -1}) {
+    RunBench bench;
+    bench.LogToCsv();
+    bench.device.t_LogSave_subFolder = flag;
+    bench.device.t_LogComment = u"bench";
+    bench.Run(BindingKind::kCanusb, WorkerKind::FormBG);
+    EXPECT_FALSE(bench.files.FolderExists(u"C:\\Tolvane\\bench")) << flag;
+    EXPECT_NE(bench.Log(), "no file") << flag;
+  }
+}
+
 TEST(RunStart, LogsGoToTheSubfolder) {
   RunBench bench;
   bench.LogToCsv();

@@ -138,9 +138,13 @@ TEST_F(RunControl, TheCutCountsUnitsNotCharacters) {
 
 TEST_F(RunControl, AnEmptyCommentIsFineWithoutSubfolders) {
   window_.TB_LogComment.Type(u"   ");
-  Connect();
-  EXPECT_EQ(form_.device.t_LogComment, u"");
-  EXPECT_THAT(bench_.Noted("canusb_Open"), SizeIs(1));
+  for (const std::int32_t option : {0, 2}) {
+    form_.device.t_LogSave_subFolder = option;
+    memory_.journal.Clear();
+    Connect();
+    EXPECT_EQ(form_.device.t_LogComment, u"") << option;
+    EXPECT_THAT(bench_.Noted("canusb_Open"), SizeIs(1)) << option;
+  }
 }
 
 TEST_F(RunControl, AnEmptyCommentIsRefusedWithSubfolders) {

@@ -38,6 +38,19 @@ TEST_F(RunControl, AWholeRunLeavesItsLastPage) {
             u"7FF  8   01 02 03 04 05 06 07 F8   ----ms\r\n");
 }
 
+TEST_F(RunControl, TheNextTickWritesAClearedPageAnew) {
+  memory_.canusbdrv.frames.Play({Frame(0x123, 1, 1)});
+  Connect({[this] {
+    memory_.FormBG.Tick();
+    const String page = memory_.RTB_MainView.Text();
+    form_.Bt_ViewClear_Click();
+    EXPECT_EQ(memory_.RTB_MainView.Text(), u"");
+    memory_.FormBG.Tick();
+    EXPECT_EQ(memory_.RTB_MainView.Text(), page);
+    EXPECT_FALSE(page.empty());
+  }});
+}
+
 TEST_F(RunControl, AfterTheRunThePageCanBeEditedAndKept) {
   memory_.canusbdrv.frames.Play({Frame(0x123, 1, 1)});
   Connect({[this] { memory_.FormBG.Tick(); }});

@@ -76,7 +76,7 @@ std::int32_t CanlibLibrary::canRead(std::int32_t handle, std::int32_t& id,
   dlc = frame->dlc;
   flag = frame->flag;
   time = frame->time;
-  return 0;
+  return read_result;
 }
 
 }  // namespace tolvane::platform::memory

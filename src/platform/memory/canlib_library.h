@@ -48,6 +48,7 @@ class CanlibLibrary final : public platform::CanlibLibrary {
   std::map<std::pair<std::int32_t, std::int32_t>, std::vector<std::byte>> channel_data;
   std::int32_t data_result = 0;         // of a query that has its answer in channel_data
   std::int32_t call_result = 0;         // of the calls whose result nobody looks at
+  std::int32_t read_result = 0;         // of a read that delivers a frame
   std::int32_t empty_read_result = -2;  // canERR_NOMSG
   FrameScript<CanlibFrame> frames;
   bool note_reads = false;

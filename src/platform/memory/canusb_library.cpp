@@ -39,7 +39,7 @@ std::int32_t CanusbLibrary::canusb_Read(std::int32_t handle, CanusbMessage& mess
   const CanusbMessage* frame = frames.Take();
   if (frame == nullptr) return empty_read_result;
   message = *frame;
-  return 1;
+  return read_result;
 }
 
 std::int32_t CanusbLibrary::canusb_VersionInfo(std::int32_t handle,

@@ -30,6 +30,7 @@ class CanusbLibrary final : public platform::CanusbLibrary {
   std::int32_t open_result = 1;      // the handle
   std::int32_t version_result = 1;
   std::string version = "V1011";
+  std::int32_t read_result = 1;         // of a read that delivers a frame
   std::int32_t empty_read_result = -7;  // ERROR_CANUSB_NO_MESSAGE
   FrameScript<CanusbMessage> frames;
   bool note_reads = false;

@@ -79,6 +79,14 @@ TEST_F(CanusbTest, ReadResultOfZeroOrLessIsNoFrame) {
   }
 }
 
+TEST_F(CanusbTest, AnyReadResultAboveZeroIsAFrame) {
+  for (const std::int32_t result : {1, 2, INT32_MAX}) {
+    canusbdrv_.read_result = result;
+    canusbdrv_.frames.Play({{0x10, 0, 0, 8, kFrameBytes}});
+    EXPECT_NE(binding_.Read(), nullptr) << result;
+  }
+}
+
 TEST_F(CanusbTest, ClosesItsHandle) {
   CAN_d_.CAN_USB_Handle = 5;
   EXPECT_EQ(binding_.Close(), 0);

@@ -116,6 +116,15 @@ TEST_F(KvaserTest, ReadsOneFrame) {
   EXPECT_EQ(journal_.Take(), (Calls{"canRead(3)", "canRead(3)"}));
 }
 
+TEST_F(KvaserTest, AReadFromCanOkOnIsAFrameAndBelowIsNone) {
+  EXPECT_TRUE(binding_.Open(device_));
+  for (const std::int32_t result : {INT32_MIN, -2, -1, 0, 1, INT32_MAX}) {
+    canlib32_.read_result = result;
+    canlib32_.frames.Play({{0x10, kFrameBytes, 8, 2, 0}});
+    EXPECT_EQ(binding_.Read() != nullptr, result >= 0) << result;
+  }
+}
+
 TEST(KvaserKeyFlags, TakeExactlyStandardAndExtended) {
   const KvaserCAN kvCan_u;
   EXPECT_EQ(KvaserBinding::KeyFlagsOf(kvCan_u, 2), (KeyFlags{0, 0, 0}));
