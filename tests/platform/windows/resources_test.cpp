@@ -2,6 +2,11 @@
 // resource compiler takes the file for something else than UTF-8.
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <cstddef>
+#include <string>
+#include <vector>
+
 #include "platform/windows/file_services.h"
 #include "platform/windows/handle.h"
 #include "platform/windows/resources/resource.h"
@@ -70,17 +75,67 @@ TEST_F(Resources, PopUpHasItsItemsInOrder) {
   }
 }
 
-TEST_F(Resources, HelpTextsBeginWithTheirHeadings) {
+/// The lines of a help text that begin a section, and its first line.
+String Headings(const String& text) {
+  String headings;
+  for (std::size_t start = 0; start < text.size();) {
+    const std::size_t end = std::min(text.find(u"\r\n", start), text.size());
+    const String line = text.substr(start, end - start);
+    if (start == 0 || line.starts_with(u'(')) headings += line + u'\n';
+    start = end + 2;
+  }
+  return headings;
+}
+
+TEST_F(Resources, HelpTextsHaveTheirHeadingsInOrderAndNameTheProgram) {
   const struct {
     UINT id;
-    StringView heading;
-  } rows[] = {{101, u"- 共通設定 -"}, {102, u"- 拡張機能１ -"}, {103, u"- ログ機能 -"}};
+    StringView headings;
+  } rows[] = {{101,
+               u"- 共通設定 -\n(1) 通信速度\n(2) メッセージ仕様\n(3) 拡張ＣＡＮ 受信フィルタ\n"
+               u"(3) サイレントモード\n(4) データ変化時の色表示\n(5) 受信周期遅れの色表示\n"
+               u"(6) 受信途絶の色表示\n(7) 接続中に警告表示をする\n(8) タイマー\n"},
+              {102,
+               u"- 拡張機能１ -\n(1) メッセージ除外設定\n(2) 除外設定をログ出力にも適用する\n"
+               u"(3) マーカー設定\n"},
+              {103,
+               u"- ログ機能 -\n(1) スナップショット形式\n(2) スナップショットの保存先\n"
+               u"(3) ログファイルを保存する\n(4) ログファイルの形式\n(5) Excelインストール状態\n"
+               u"(6) ログファイルの保存先\n(7) コメントをサブフォルダにして保存する\n"}};
   for (const auto& row : rows) {
-    const wchar_t* text = nullptr;
-    const int length = LoadStringW(program_.Get(), row.id, reinterpret_cast<wchar_t*>(&text), 0);
+    const wchar_t* start = nullptr;
+    const int length = LoadStringW(program_.Get(), row.id, reinterpret_cast<wchar_t*>(&start), 0);
     ASSERT_GT(length, 100) << row.id;
-    EXPECT_EQ(FromWide(text, row.heading.size()), row.heading) << row.id;
+    const String text(FromWide(start, static_cast<std::size_t>(length)));
+    EXPECT_EQ(Headings(text), row.headings) << row.id;
+    EXPECT_EQ(text.find(u"Tolvane.EXE"), String::npos) << row.id;
+    const bool names_the_program = text.find(u"Tolvane．EXE") != String::npos;
+    EXPECT_EQ(names_the_program, row.id != 102) << row.id;
   }
+}
+
+/// A text of a file's version resource, empty without one.
+String VersionText(StringView file, StringView name) {
+  const String path = ExecutableFolder() + u"\\..\\..\\..\\program\\" + String(file);
+  std::vector<std::byte> info(GetFileVersionInfoSizeW(Wide(path), nullptr));
+  if (!GetFileVersionInfoW(Wide(path), 0, static_cast<DWORD>(info.size()), info.data())) return {};
+  const String query = u"\\StringFileInfo\\041104B0\\" + String(name);
+  void* text = nullptr;
+  UINT length = 0;  // with the NUL
+  if (!VerQueryValueW(info.data(), Wide(query), &text, &length) || length == 0) return {};
+  return String(FromWide(static_cast<const wchar_t*>(text), length - 1));
+}
+
+TEST(VersionResource, OfTheProgramAndItsLibraryTellsTheSameVersion) {
+  for (const StringView file : {u"Tolvane.exe", u"qxt100.dll"}) {
+    EXPECT_EQ(VersionText(file, u"OriginalFilename"), file);
+    EXPECT_EQ(VersionText(file, u"ProductName"), u"Tolvane");
+    EXPECT_EQ(VersionText(file, u"ProductVersion"), u"1.23");
+    EXPECT_EQ(VersionText(file, u"FileVersion"), u"1.23");
+    EXPECT_EQ(VersionText(file, u"LegalCopyright"), u"Copyright (C) 2026 Tolvane Project");
+  }
+  EXPECT_EQ(VersionText(u"Tolvane.exe", u"FileDescription"), u"Tolvane CANバスモニター");
+  EXPECT_EQ(VersionText(u"qxt100.dll", u"FileDescription"), u"Tolvane 補助ライブラリ");
 }
 
 TEST_F(Resources, IconsComeInTheSizesOfEachResolution) {

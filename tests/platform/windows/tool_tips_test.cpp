@@ -3,7 +3,11 @@
 #include <iterator>
 
 #include "platform/windows/code_page.h"
+#include "platform/windows/file_services.h"
 #include "platform/windows/form1_window.h"
+#include "platform/windows/formhelp_window.h"
+#include "platform/windows/formoptionlog1_window.h"
+#include "platform/windows/shell.h"
 #include "platform/windows/text.h"
 // Last, see there.
 #include "platform/windows/resources/resource.h"
@@ -57,6 +61,34 @@ TEST(ToolTips, OfTheCautionAndOfTheProtocolWithItsLabel) {
   for (const auto& row : rows) {
     EXPECT_EQ(TipOf(tool_tips, window.Hwnd(), row.id), row.tip) << row.id;
   }
+}
+
+TEST(ToolTips, OfTheDropTargetsOfTheLogSettings) {
+  const HINSTANCE instance = GetModuleHandleW(nullptr);
+  EventGate gate;
+  WindowsEventLoop loop(gate);
+  WindowsCodePage code_page;
+  WindowsFileServices files(code_page);
+  WindowsStringResources resources;
+  ELM327_Info device(u"C:\\Tolvane");
+  device.Param_ALL_Clear();
+  const HWND owner = CreateWindowExW(0, WC_STATICW, L"", WS_OVERLAPPED, 0, 0, 10, 10, nullptr,
+                                     nullptr, instance, nullptr);
+  const DialogSurroundings surroundings{instance, gate, loop, owner};
+  FormHelpWindow help(surroundings, device);
+  FormOptionLog1Window dialog(surroundings, help, resources, device, files);
+  dialog.Show();
+  const HWND tool_tips = ToolTipsOf(dialog.Hwnd());
+  ASSERT_NE(tool_tips, nullptr);
+  for (const int id : {Img_save_folder, Img_save_folder_path, TB_SaveFilePath, Img_Log_save_folder,
+                       Img_Log_save_folder_path, TB_LogSaveFilePath}) {
+    EXPECT_EQ(TipOf(tool_tips, dialog.Hwnd(), id),
+              u"保存先のフォルダをドラッグ＆ドロップしてください")
+        << id;
+  }
+  EXPECT_EQ(TipOf(tool_tips, dialog.Hwnd(), Img_Help_Setting), u"");
+  dialog.Unload();
+  DestroyWindow(owner);
 }
 
 }  // namespace
