@@ -1,5 +1,8 @@
 // The help window and the version window.
-#include "tests/window/dialog_fixture.h"
+#include <array>
+#include <filesystem>
+
+#include "tests/window/log_fixture.h"
 #include "tests/window/text.h"
 // Last: its symbols are also names of controls elsewhere.
 #include "src/platform/windows/resources/resource.h"
@@ -115,6 +118,74 @@ TEST_F(Version, AMovementWithTheButtonDownOverItsFaceMovesItAndIsNoClick) {
   }
   version.ClickMouse(Img_OK);
   EXPECT_TRUE(WaitUntil([&] { return !IsWindowVisible(version.Handle()); }));
+  End();
+}
+
+TEST_F(Version, TheMouseIsAHandOverTheLinksAlone) {
+  PlugIn(kOneCanusb, {L"canusbdrv.dll"});
+  ASSERT_NO_FATAL_FAILURE(Start());
+  const DrivenWindow version = Open(menu_help_version, kVersionClass);
+  ASSERT_TRUE(version.Exists());
+  const ProgramProbe probe(OwnFolder() / L"tolvane_probe.dll", version.Handle());
+  for (const int id : {PicURL, Lb_URL}) EXPECT_EQ(probe.HandOver(id), true) << id;
+  for (const int id : {Lb_App_Title, Lb_copylight, Lb_OK, Img_OK, Shape1}) {
+    EXPECT_EQ(probe.HandOver(id), false) << id;
+  }
+  End();
+}
+
+/// Has addresses of the web opened, while the object lives, by a command that writes them into a
+/// file.
+class AddressesGoTo {
+ public:
+  explicit AddressesGoTo(const std::filesystem::path& file) {
+    DWORD size = sizeof(before_);
+    ready_ = RegGetValueW(HKEY_CLASSES_ROOT, kCommand, nullptr, RRF_RT_REG_SZ, nullptr,
+                          before_.data(), &size) == ERROR_SUCCESS &&
+             Store(L"cmd.exe /c echo %1>>\"" + file.wstring() + L"\"");
+  }
+  ~AddressesGoTo() {
+    if (ready_) Store(before_.data());
+  }
+  AddressesGoTo(const AddressesGoTo&) = delete;
+  AddressesGoTo& operator=(const AddressesGoTo&) = delete;
+  [[nodiscard]] bool Ready() const { return ready_; }
+
+ private:
+  static constexpr const wchar_t* kCommand = L"https\\shell\\open\\command";
+
+  static bool Store(const std::wstring& command) {
+    return RegSetKeyValueW(HKEY_CLASSES_ROOT, kCommand, nullptr, REG_SZ, command.c_str(),
+                           static_cast<DWORD>((command.size() + 1) * sizeof(wchar_t))) ==
+           ERROR_SUCCESS;
+  }
+
+  std::array<wchar_t, 512> before_{};
+  bool ready_ = false;
+};
+
+/// Windows itself keeps the choice of the browser to its user.
+bool OnWine() {
+  return GetProcAddress(GetModuleHandleW(L"ntdll.dll"), "wine_get_version") != nullptr;
+}
+
+TEST_F(Version, APressOnTheAddressAndAClickOnItsPictureOpenTheHomePage) {
+  if (!OnWine()) GTEST_SKIP() << "would open the user's browser";
+  PlugIn(kOneCanusb, {L"canusbdrv.dll"});
+  const std::filesystem::path opened = folder_.Path() / L"opened.txt";
+  const AddressesGoTo file(opened);
+  ASSERT_TRUE(file.Ready());
+  ASSERT_NO_FATAL_FAILURE(Start());
+  const DrivenWindow version = Open(menu_help_version, kVersionClass);
+  ASSERT_TRUE(version.Exists());
+  const std::string line = "https://tolvane.example/\r\n";
+  // The picture wants the whole click, the text only the press.
+  PostMessageW(version.Control(PicURL), WM_LBUTTONDOWN, MK_LBUTTON, 0);
+  PostMessageW(version.Control(Lb_URL), WM_LBUTTONDOWN, MK_LBUTTON, 0);
+  EXPECT_TRUE(WaitUntil([&] { return FileBytes(opened) == line; })) << FileBytes(opened);
+  version.ClickMouse(PicURL);
+  EXPECT_TRUE(WaitUntil([&] { return FileBytes(opened) == line + line; })) << FileBytes(opened);
+  EXPECT_TRUE(IsWindowVisible(version.Handle()));
   End();
 }
 

@@ -23,14 +23,14 @@ ProgramProbe::~ProgramProbe() {
   if (library_ != nullptr) FreeLibrary(library_);
 }
 
-std::optional<bool> ProgramProbe::Enabled(int id) const {
+std::optional<bool> ProgramProbe::Ask(const wchar_t* question, int id) const {
   RemovePropW(window_, kProbeName);
-  const UINT message = RegisterWindowMessageW(kProbeName);
+  const UINT message = RegisterWindowMessageW(question);
   if (hook_ == nullptr || !Send(window_, message, static_cast<WPARAM>(id), 0)) return std::nullopt;
   const auto state = reinterpret_cast<WPARAM>(GetPropW(window_, kProbeName));
   RemovePropW(window_, kProbeName);
-  if (state != kProbeDisabled && state != kProbeEnabled) return std::nullopt;
-  return state == kProbeEnabled;
+  if (state != kProbeNo && state != kProbeYes) return std::nullopt;
+  return state == kProbeYes;
 }
 
 bool ProgramProbe::Drop(HWND control, const std::wstring& path) const {

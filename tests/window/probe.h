@@ -8,6 +8,11 @@
 
 namespace tolvane::window {
 
+/// Name of the registered message that asks for a menu item, and of the window property.
+constexpr const wchar_t* kProbeName = L"TolvaneMenuProbe";
+/// Name of the registered message that asks for the cursor over a control.
+constexpr const wchar_t* kHandName = L"TolvaneHandProbe";
+
 /// What can be seen and done in another process alone, at a window of it. A small library is hooked
 /// into the window's thread and sees registered messages arrive. A running program answers in its
 /// yields.
@@ -19,31 +24,35 @@ class ProgramProbe {
   ProgramProbe(const ProgramProbe&) = delete;
   ProgramProbe& operator=(const ProgramProbe&) = delete;
 
-  /// Whether an item of the menu bar, which only its own process knows, can be chosen. The library
-  /// leaves the state on the window as a property, which any process can read.
-  /// Empty when there is no such item or no answer.
-  [[nodiscard]] std::optional<bool> Enabled(int id) const;
+  /// Whether an item of the menu bar or of the pop-up that is open, which only its own process
+  /// knows, can be chosen. The library leaves the state on the window as a property, which any
+  /// process can read. Empty when there is no such item or no answer.
+  [[nodiscard]] std::optional<bool> Enabled(int id) const { return Ask(kProbeName, id); }
+
+  /// Whether the mouse is a hand over a control of the window. Empty without such a control or
+  /// answer.
+  [[nodiscard]] std::optional<bool> HandOver(int id) const { return Ask(kHandName, id); }
 
   /// Drops one file or folder, of at most 255 characters, onto a control of the thread as the file
   /// manager does; the list of dropped files must be made by the process that takes it.
   [[nodiscard]] bool Drop(HWND control, const std::wstring& path) const;
 
  private:
+  [[nodiscard]] std::optional<bool> Ask(const wchar_t* question, int id) const;
+
   HMODULE library_;
   HHOOK hook_ = nullptr;
   HWND window_;
 };
 
-/// Name of the registered message that asks for a menu item, and of the window property.
-constexpr const wchar_t* kProbeName = L"TolvaneMenuProbe";
 /// Name of the registered message that drops a path, given as a global atom.
 constexpr const wchar_t* kDropName = L"TolvaneDropProbe";
 /// Export of the library, its bitness that of the driven program.
 constexpr const char* kProbeProcedure = "TolvaneProbeProcedure";
 
-// Values of the property; it is absent until a question has been answered.
+// Values of the property, the answer to either question; it is absent until one has been answered.
 constexpr WPARAM kProbeNoItem = 1;
-constexpr WPARAM kProbeDisabled = 2;
-constexpr WPARAM kProbeEnabled = 3;
+constexpr WPARAM kProbeNo = 2;
+constexpr WPARAM kProbeYes = 3;
 
 }  // namespace tolvane::window

@@ -8,10 +8,34 @@
 namespace tolvane::window {
 namespace {
 
+constexpr UINT kAbsent = static_cast<UINT>(-1);
+
+/// The pop-up menu that this thread shows, null for none.
+HMENU ShownPopUp() {
+  HWND shown = nullptr;
+  while ((shown = FindWindowExW(nullptr, shown, L"#32768", nullptr)) != nullptr) {
+    if (GetWindowThreadProcessId(shown, nullptr) == GetCurrentThreadId()) {
+      return reinterpret_cast<HMENU>(SendMessageW(shown, MN_GETHMENU, 0, 0));
+    }
+  }
+  return nullptr;
+}
+
 WPARAM ItemState(HWND window, UINT id) {
-  const UINT state = GetMenuState(GetMenu(window), id, MF_BYCOMMAND);
-  if (state == static_cast<UINT>(-1)) return kProbeNoItem;
-  return (state & (MF_GRAYED | MF_DISABLED)) != 0 ? kProbeDisabled : kProbeEnabled;
+  UINT state = GetMenuState(GetMenu(window), id, MF_BYCOMMAND);
+  if (state == kAbsent) state = GetMenuState(ShownPopUp(), id, MF_BYCOMMAND);
+  if (state == kAbsent) return kProbeNoItem;
+  return (state & (MF_GRAYED | MF_DISABLED)) != 0 ? kProbeNo : kProbeYes;
+}
+
+/// As when the mouse moves over a part of the window: whether the cursor becomes the hand.
+WPARAM HandOver(HWND window, int id) {
+  const HWND part = GetDlgItem(window, id);
+  if (part == nullptr) return kProbeNoItem;
+  SetCursor(nullptr);
+  SendMessageW(part, WM_SETCURSOR, reinterpret_cast<WPARAM>(part),
+               MAKELPARAM(HTCLIENT, WM_MOUSEMOVE));
+  return GetCursor() == LoadCursorW(nullptr, IDC_HAND) ? kProbeYes : kProbeNo;
 }
 
 /// Posts the message that the shell posts for a drop of one path; who takes it frees the list.
@@ -40,6 +64,11 @@ extern "C" __declspec(dllexport) LRESULT CALLBACK
   static const UINT question = RegisterWindowMessageW(kProbeName);
   if (code == HC_ACTION && sent.message == question) {
     const WPARAM state = ItemState(sent.hwnd, static_cast<UINT>(sent.wParam));
+    SetPropW(sent.hwnd, kProbeName, reinterpret_cast<HANDLE>(state));
+  }
+  static const UINT hand = RegisterWindowMessageW(kHandName);
+  if (code == HC_ACTION && sent.message == hand) {
+    const WPARAM state = HandOver(sent.hwnd, static_cast<int>(sent.wParam));
     SetPropW(sent.hwnd, kProbeName, reinterpret_cast<HANDLE>(state));
   }
   static const UINT drop = RegisterWindowMessageW(kDropName);

@@ -1,0 +1,79 @@
+#include "tests/window/page_fixture.h"
+
+#include "tests/window/system_clipboard.h"
+#include "tests/window/text.h"
+// Last: its symbols are also names of controls elsewhere.
+#include "src/platform/windows/resources/resource.h"
+
+namespace tolvane::window {
+namespace {
+
+constexpr const wchar_t* kPopUpClass = L"#32768";
+constexpr int kAllItems[] = {
+    menu_View_All_Copy,     menu_View_Ctrl_Z,      menu_View_Ctrl_X,        menu_View_Ctrl_C,
+    menu_View_Ctrl_V,       menu_View_DEL,         menu_View_Text_Red,      menu_View_Text_Blue,
+    menu_View_Text_Black,   menu_View_Marker_Pink, menu_View_Marker_Yellow, menu_View_Marker_black,
+    menu_View_Marker_white, menu_View_Date};
+
+}  // namespace
+
+void PageCommandsBase::StartWith(const std::wstring& page) {
+  StartOnRecording("");
+  WriteOver(page);
+}
+
+void PageCommandsBase::WriteOver(const std::wstring& page) const { main_.Type(RTB_MainView, page); }
+
+std::wstring PageCommandsBase::Page() const { return main_.Text(RTB_MainView); }
+
+void PageCommandsBase::Select(int start, int end) const {
+  (void)Send(main_.Control(RTB_MainView), EM_SETSEL, static_cast<WPARAM>(start), end);
+}
+
+void PageCommandsBase::SetCaret(int position) const {
+  Select(0, 1);
+  Select(position, position);
+}
+
+void PageCommandsBase::Do(int command) const {
+  (void)Send(main_.Handle(), WM_COMMAND, static_cast<WPARAM>(command), 0);
+}
+
+HWND PageCommandsBase::PopUp() const { return FindTopWindow(kPopUpClass, program_->Id()); }
+
+PageCommandsBase::Items PageCommandsBase::EnabledItems() const {
+  const ProgramProbe probe(OwnFolder() / L"tolvane_probe.dll", main_.Handle());
+  Items enabled;
+  for (const int id : kAllItems) {
+    const std::optional<bool> state = probe.Enabled(id);
+    EXPECT_TRUE(state.has_value()) << id;
+    if (state == true) enabled.push_back(id);
+  }
+  return enabled;
+}
+
+PageCommandsBase::Items PageCommandsBase::OpenPopUp(HWND target, UINT message,
+                                                    LPARAM lparam) const {
+  PostMessageW(target, message, 0, lparam);
+  EXPECT_TRUE(WaitUntil([&] { return PopUp() != nullptr; }));
+  const Items enabled = EnabledItems();
+  (void)Send(main_.Handle(), WM_CANCELMODE, 0, 0);
+  EXPECT_TRUE(WaitUntil([&] { return PopUp() == nullptr; }));
+  return enabled;
+}
+
+PageCommandsBase::Items PageCommandsBase::OpenPopUp() const {
+  return OpenPopUp(main_.Control(RTB_MainView));
+}
+
+void PageCommandsBase::ExpectCopied(int command, const std::wstring& text) const {
+  std::wstring plain;
+  EXPECT_TRUE(WaitUntil([&] {
+    Do(command);
+    const HeldClipboard held;
+    plain = held.Plain();
+    return plain == text && !held.Rich().empty();
+  })) << Utf8(plain);
+}
+
+}  // namespace tolvane::window

@@ -1,0 +1,121 @@
+// The commands of the page over the locked, live page of a run, and the rule of its focus.
+#include <ostream>
+
+#include "tests/window/page_fixture.h"
+#include "tests/window/system_clipboard.h"
+#include "tests/window/text.h"
+// Last: its symbols are also names of controls elsewhere.
+#include "src/platform/windows/resources/resource.h"
+
+namespace tolvane::window {
+namespace {
+
+constexpr const wchar_t* kLivePageClass = L"TolvaneLiveSurface";
+
+struct WorkerRow {
+  const char* name;
+  bool ids_of_29_bits;
+  bool excluding;
+};
+std::ostream& operator<<(std::ostream& stream, const WorkerRow& row) { return stream << row.name; }
+
+class PageCommandsInARun : public PageCommandsBase {
+ protected:
+  /// Starts the program and a run whose page, all frames through, stays as it is.
+  void StartRun(const WorkerRow& worker) {
+    StartOnRecording(
+        "(0.0) can0 123#0A0B\n(0.1) can0 123#0AFF\n(0.1) can0 456#01\n(0.2) can0 456#02\n");
+    if (worker.ids_of_29_bits) {
+      const DrivenWindow dialog = Open(menu_common_setting);
+      EXPECT_TRUE(dialog.Click(RB_MsgType_1));
+      PressOk(dialog);
+    }
+    if (worker.excluding) {
+      const DrivenWindow dialog = Open(menu_opt_function1);
+      EXPECT_TRUE(dialog.Click(CB_Save_ID_DisableMode));
+      PressOk(dialog);
+    }
+    ASSERT_NO_FATAL_FAILURE(Connect(main_));
+    ASSERT_TRUE(WaitForShown(L"0A FF"));
+    ASSERT_TRUE(WaitForShown(L"456  1   02"));
+    ASSERT_NE(LivePage(), nullptr);
+  }
+  /// What lies over the control while a page is live; null before and after.
+  [[nodiscard]] HWND LivePage() const {
+    const HWND page = FindWindowExW(main_.Handle(), nullptr, kLivePageClass, nullptr);
+    return IsWindowVisible(page) ? page : nullptr;
+  }
+  /// Gives a box the focus by the mouse.
+  void FocusComment() const {
+    main_.ClickMouse(TB_LogComment);
+    EXPECT_TRUE(WaitUntil([&] { return main_.HasFocus(TB_LogComment); }));
+  }
+  void ClickPage() const { PostMessageW(LivePage(), WM_LBUTTONDOWN, MK_LBUTTON, 0); }
+};
+
+class OtherWorker : public PageCommandsInARun, public testing::WithParamInterface<WorkerRow> {};
+
+TEST_P(OtherWorker, ThePopUpOpensOverTheLockedPageAndItsWritesLastUntilTheNextTick) {
+  ASSERT_NO_FATAL_FAILURE(StartRun(GetParam()));
+  const std::wstring page = Page();
+  EXPECT_TRUE(main_.ReadOnly(RTB_MainView));
+  HeldClipboard().Put(L"text");
+  // Over the live page as over the control itself, where ticks come too.
+  SetCaret(0);
+  ASSERT_TRUE(WaitUntil([&] { return LivePage() != nullptr; })) << "no tick behind the selection";
+  for (const HWND face : {LivePage(), main_.Control(RTB_MainView)}) {
+    EXPECT_EQ(OpenPopUp(face), (Items{menu_View_All_Copy, menu_View_Ctrl_V, menu_View_Date}));
+  }
+  EXPECT_TRUE(main_.ReadOnly(RTB_MainView));
+
+  // Between the selection and the copy a tick may come, which ends the selection.
+  std::wstring copied;
+  EXPECT_TRUE(WaitUntil([&] {
+    Select(0, -1);
+    Do(menu_View_Ctrl_C);
+    copied = HeldClipboard().Plain();
+    return copied == page;
+  })) << Utf8(copied);
+  HeldClipboard().Put(L"text");
+  SetCaret(0);
+  ExpectCopied(menu_View_All_Copy, page);
+  EXPECT_TRUE(RichTextReader(HeldClipboard().Rich()).Text().starts_with(page));
+
+  EXPECT_TRUE(WaitUntil([&] {
+    Select(0, -1);
+    Do(menu_View_DEL);
+    return Page().empty();
+  })) << "no writing command was seen";
+  EXPECT_TRUE(WaitUntil([&] { return Page() == page; })) << "the next tick did not restore it";
+  EXPECT_TRUE(main_.ReadOnly(RTB_MainView));
+
+  FocusComment();
+  ClickPage();
+  EXPECT_TRUE(WaitUntil([&] { return main_.HasFocus(RTB_MainView); }));
+  ASSERT_NO_FATAL_FAILURE(Disconnect(main_));
+  EXPECT_EQ(Utf8(Page()), Utf8(page));
+  End();
+}
+
+INSTANTIATE_TEST_SUITE_P(Workers, OtherWorker,
+                         testing::Values(WorkerRow{"FormBG2", false, true},
+                                         WorkerRow{"FormBG_29", true, false},
+                                         WorkerRow{"FormBG2_29", true, true}),
+                         [](const auto& row) { return row.param.name; });
+
+TEST_F(PageCommandsInARun, OfFormBGThePopUpStaysAwayAndTheFocusGoesToTheStatus) {
+  ASSERT_NO_FATAL_FAILURE(StartRun({"FormBG", false, false}));
+  PostMessageW(LivePage(), WM_RBUTTONUP, 0, MAKELPARAM(5, 5));
+  PostMessageW(main_.Control(RTB_MainView), WM_CONTEXTMENU, 0, -1);
+  FocusComment();
+  ClickPage();
+  EXPECT_TRUE(WaitUntil([&] { return main_.HasFocus(TB_Status); }));
+  EXPECT_EQ(PopUp(), nullptr) << "what was posted before the click";
+  ASSERT_NO_FATAL_FAILURE(Disconnect(main_));
+  // The same click opens it now.
+  EXPECT_FALSE(OpenPopUp().empty());
+  End();
+}
+
+}  // namespace
+}  // namespace tolvane::window
