@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <array>
 #include <cstdint>
 #include <limits>
 
@@ -39,6 +40,42 @@ TEST(ColourPass, RowsWithoutFramesAndExcludedOnesAreNotPainted) {
   bed.Page();
   EXPECT_EQ(bed.Colours(), Runs{});
   EXPECT_EQ(bed.highlights->ViewColorlength_d3_timerCounter(0x100), 0);
+}
+
+TEST(ColourPass, ALitByteThatAShorterFrameNoLongerHasIsNotPainted) {
+  for (const std::uint8_t dlc : std::to_array<std::uint8_t>({0, 2, 9})) {
+    Bed bed;
+    Settle(bed, 0x100);
+    Next(bed, 0x100, kOther, 100);
+    bed.Page();
+    ASSERT_EQ(bed.Colours().size(), 2U);
+    bed.Receive(0x100, dlc, kOther, 1300);
+    bed.Page();
+    // Byte 3 is there in a frame of length 9, byte 8 in none of them.
+    EXPECT_EQ(bed.Colours(), dlc == 9 ? Runs({{kCells + 7, kCells + 9, 59970}}) : Runs{})
+        << int{dlc};
+    EXPECT_EQ(bed.highlights->ViewColorlength_d8_timerCounter(0x100), 60000) << int{dlc};
+  }
+}
+
+TEST(ColourPass, FormBG_29PaintsNothingOnARowThatIsNotSettledThoughItHasALine) {
+  for (const std::uint8_t state : {row_state::kNone, row_state::kWriting}) {
+    TickBed<WorkerKind::FormBG_29> bed;
+    const std::int16_t row = bed.AddKey(0x300, 1);
+    bed.Receive(row, 8, kData, 1000);
+    bed.Receive(row, 8, kOther, 1100);
+    bed.device.t_MsgMarker_ON(0, 1);
+    bed.device.t_MsgMarkerID(0, 0x300);
+    bed.device.t_MsgMarkerStartByte(0, 1);
+    bed.device.t_MsgMarkerEndByte(0, 1);
+    bed.Page();
+    EXPECT_EQ(bed.Colours().size(), 2U);
+    EXPECT_EQ(bed.Backgrounds().size(), 1U);
+    bed.frames->CAN29_Received(row, state);
+    EXPECT_NE(bed.Page().find(u"* 00000300"), String::npos);
+    EXPECT_EQ(bed.Colours(), Runs{});
+    EXPECT_EQ(bed.Backgrounds(), Runs{});
+  }
 }
 
 TEST(ColourPass, StalePositionsBeyondThePageAreClamped) {

@@ -142,6 +142,10 @@ TEST(MarkersOf, FindsTheEnabledMarkersOfOneIDInRisingOrder) {
             (std::vector<std::int16_t>{1, 7}));
   EXPECT_TRUE(MarkersOf(0x124, device).Empty());
 
+  device.t_MsgMarker_MAX = 6;
+  const MarkersOf bounded(0x123, device);
+  EXPECT_EQ(std::vector<std::int16_t>(bounded.begin(), bounded.end()),
+            (std::vector<std::int16_t>{1}));
   device.t_MsgMarker_MAX = Int32::max();
   EXPECT_FALSE(MarkersOf(0x123, device).Empty());
   device.t_MsgMarker_MAX = Int32::min();

@@ -46,6 +46,18 @@ TEST(Late, TheReferenceIsTheLastAcceptedCycleAndTheCounterFallsFromTheNextTick) 
   EXPECT_EQ(bed.support.fades.back(), (BedSupport::Fade{0x0000FF, 59940, 60000}));
 }
 
+TEST(Late, AnotherMoveSetsARunningCounterBackToTheFullDuration) {
+  Bed bed;
+  Settle(bed, 0x100);
+  Next(bed, 0x100, kData, 200);
+  bed.Page();
+  bed.Page();
+  EXPECT_EQ(bed.highlights->ViewColorlength_dt_timerCounter(0x100), 59970);
+  Next(bed, 0x100, kData, 400);
+  bed.Page();
+  EXPECT_EQ(bed.highlights->ViewColorlength_dt_timerCounter(0x100), 60000);
+}
+
 TEST(Late, TheFadeGetsItsOwnColourAndDuration) {
   Bed bed;
   bed.device.t_MsgLateColor = 0x123456;
