@@ -1,6 +1,7 @@
 #pragma once
 
 #include <functional>
+#include <utility>
 #include <vector>
 
 #include "platform/event_loop.h"
@@ -21,8 +22,12 @@ class WindowsEventLoop final : public EventLoop {
 
   /// Waits for events and hands them out until End was called.
   void RunUntilEnd();
-  void End() { ended_ = true; }
+  void End();
   [[nodiscard]] bool Ended() const { return ended_; }
+
+  /// WM_QUIT does not end the loop. Nothing in the program posts it: from outside it is a wish to
+  /// close, and the handler decides about it, once for each.
+  void OnQuit(std::function<void()> handler) { on_quit_ = std::move(handler); }
 
   void AddKeyboardWindow(HWND window) { keyboard_windows_.push_back(window); }
   void RemoveKeyboardWindow(HWND window) { std::erase(keyboard_windows_, window); }
@@ -31,6 +36,7 @@ class WindowsEventLoop final : public EventLoop {
   void Dispatch(MSG& message);
 
   EventGate& gate_;
+  std::function<void()> on_quit_;
   std::vector<HWND> keyboard_windows_;  // not owned; destroyed ones match no message
   bool ended_ = false;
 };

@@ -38,7 +38,7 @@ constexpr ChildControl kChildren[] = {
     {Cmb_Serect_Device, WC_COMBOBOXW, L"", kList},
     {Lb_ODB_Hard_Version, WC_STATICW, L"機器情報", kLabel},
     {TB_ODB_Hard_Version, WC_EDITW, L"Nothing", kShown},
-    {Bt_Connect, WC_BUTTONW, L"接続", kButton},
+    {Bt_Connect, WC_BUTTONW, L"接続", kButton | WS_DISABLED},  // until the start is through
     {Bt_Disconnect, WC_BUTTONW, L"切断", kButton | WS_DISABLED},
     {Lb_Protocol, WC_STATICW, L"通信モード", kLabel},
     {TB_Protocol, WC_EDITW, L"---", kShown},

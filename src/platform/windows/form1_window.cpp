@@ -74,6 +74,7 @@ bool Form1Window::CreateHidden() {
   if (!CreateControls()) return false;
   SetWindowPos(Hwnd(), nullptr, 0, 0, size.cx, size.cy, SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
   loop_.AddKeyboardWindow(Hwnd());
+  loop_.OnQuit([this] { OnClose(); });
   return true;
 }
 
@@ -90,6 +91,8 @@ void Form1Window::Unload() {
   if (unloading_ || events_ == nullptr) return;
   unloading_ = true;
   if (events_->QueryUnload()) {
+    // An open menu would stay on the screen and keep the program alive until the user's next click.
+    EndMenu();
     events_->Unload();
     // The object is used until the process ends, so the window goes with it and not now.
     ShowWindow(Hwnd(), SW_HIDE);

@@ -3,14 +3,10 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <functional>
-#include <string>
 #include <vector>
 
-#include "platform/windows/code_page.h"
 #include "platform/windows/form1_layout.h"
-#include "platform/windows/text.h"
-#include "tests/platform/windows/pump.h"
+#include "tests/platform/windows/main_window_bed.h"
 
 namespace tolvane::platform::windows {
 namespace {
@@ -32,62 +28,6 @@ namespace {
 
 using testing::ElementsAre;
 using testing::IsEmpty;
-
-class RecordedEvents final : public Form1Events {
- public:
-  void Command(int id) override {
-    commands.push_back(id);
-    if (on_command) on_command(id);
-  }
-  void ViewSelectionChanged() override { ++selection_changes; }
-  void ViewContextMenu() override { ++context_menus; }
-  void ViewGotFocus() override {
-    ++focuses;
-    if (on_focus) on_focus();
-  }
-  [[nodiscard]] bool QueryUnload() override {
-    ++queries;
-    return !refuse;
-  }
-  void Unload() override { ++unloads; }
-  [[nodiscard]] bool ClosingIsRefused() const override { return refuse; }
-
-  std::vector<int> commands;
-  std::function<void(int)> on_command;
-  std::function<void()> on_focus;
-  int selection_changes = 0;
-  int context_menus = 0;
-  int focuses = 0;
-  int queries = 0;
-  int unloads = 0;
-  bool refuse = false;
-};
-
-class MainWindowTest : public testing::Test {
- protected:
-  void SetUp() override {
-    ASSERT_TRUE(window_.CreateHidden());
-    window_.Listen(&events_);
-  }
-
-  [[nodiscard]] HWND Child(int id) const { return GetDlgItem(window_.Hwnd(), id); }
-  [[nodiscard]] String ChildText(int id) const { return WindowText(Child(id)); }
-  void Send(int id, int notification = BN_CLICKED) {
-    SendMessageW(window_.Hwnd(), WM_COMMAND,
-                 MAKEWPARAM(static_cast<WORD>(id), static_cast<WORD>(notification)),
-                 reinterpret_cast<LPARAM>(Child(id)));
-  }
-  void Click(int id) { SendMessageW(Child(id), BM_CLICK, 0, 0); }
-
-  HINSTANCE instance_ = GetModuleHandleW(nullptr);
-  EventGate gate_;
-  WindowsEventLoop loop_{gate_};
-  WindowsCodePage code_page_;
-  SplashWindow splash_{instance_};
-  Form1Window::WorkerWindows workers_{gate_, instance_, 30};
-  Form1Window window_{instance_, gate_, loop_, code_page_, splash_, workers_};
-  RecordedEvents events_;
-};
 
 TEST_F(MainWindowTest, EveryControlStandsUnderItsNumberWithItsFirstText) {
   const struct {
@@ -114,9 +54,9 @@ TEST_F(MainWindowTest, EveryControlStandsUnderItsNumberWithItsFirstText) {
   }
 }
 
-TEST_F(MainWindowTest, IdleStateBeforeAnyRun) {
+TEST_F(MainWindowTest, NothingRunsOrCanBeConnectedBeforeTheStartIsThrough) {
   const MainWindow face = window_.Face();
-  EXPECT_TRUE(IsWindowEnabled(Child(Bt_Connect)));
+  EXPECT_FALSE(IsWindowEnabled(Child(Bt_Connect)));
   EXPECT_FALSE(IsWindowEnabled(Child(Bt_Disconnect)));
   EXPECT_EQ(GetWindowLongPtrW(Child(Pic_Caution), GWL_STYLE) & WS_VISIBLE, 0);
   EXPECT_FALSE(IsWindowVisible(window_.Hwnd()));
@@ -141,6 +81,7 @@ TEST_F(MainWindowTest, AClickReachesTheLogic) {
 }
 
 TEST_F(MainWindowTest, ConnectIsDisabledAtOnceAndStartsFromThePostedMessage) {
+  EnableWindow(Child(Bt_Connect), TRUE);
   Click(Bt_Connect);
   EXPECT_FALSE(IsWindowEnabled(Child(Bt_Connect)));
   EXPECT_THAT(events_.commands, IsEmpty()) << "the sender of the click would wait for the run";
@@ -152,6 +93,8 @@ TEST_F(MainWindowTest, ConnectIsDisabledAtOnceAndStartsFromThePostedMessage) {
 }
 
 TEST_F(MainWindowTest, DisabledButtonsAndMenuItemsSendNothing) {
+  Send(Bt_Connect);
+  loop_.YieldToEvents();
   Send(Bt_Disconnect);
   EnableMenuItem(GetMenu(window_.Hwnd()), menu_common_setting, MF_BYCOMMAND | MF_GRAYED);
   Send(menu_common_setting);
@@ -170,8 +113,10 @@ TEST_F(MainWindowTest, ACommandDuringARunComesInItsYieldOnly) {
     loop_.YieldToEvents();
     EXPECT_THAT(events_.commands, ElementsAre(Bt_Connect, Bt_ViewClear));
   };
+  EnableWindow(Child(Bt_Connect), TRUE);
   Click(Bt_Connect);
   loop_.YieldToEvents();
+  EXPECT_EQ(events_.commands.size(), 2U);
 }
 
 TEST_F(MainWindowTest, TheUsersChoiceOfADeviceComesThroughTheGateAndTheCodesAtOnce) {
@@ -192,52 +137,6 @@ TEST_F(MainWindowTest, TheUsersChoiceOfADeviceComesThroughTheGateAndTheCodesAtOn
   });
   gate_.DeliverWaiting();
   EXPECT_EQ(events_.commands.size(), 4U);
-}
-
-TEST_F(MainWindowTest, ClosingAsksAndARefusalLeavesTheWindow) {
-  window_.Start(SW_SHOW);
-  events_.refuse = true;
-  SendMessageW(window_.Hwnd(), WM_CLOSE, 0, 0);
-  EXPECT_EQ(events_.queries, 1);
-  EXPECT_EQ(events_.unloads, 0);
-  EXPECT_FALSE(loop_.Ended());
-  EXPECT_TRUE(IsWindowVisible(window_.Hwnd()));
-}
-
-TEST_F(MainWindowTest, ClosingUnloadsOnceAndEndsTheLoop) {
-  window_.Start(SW_SHOW);
-  SendMessageW(window_.Hwnd(), WM_CLOSE, 0, 0);
-  SendMessageW(window_.Hwnd(), WM_CLOSE, 0, 0);
-  EXPECT_EQ(events_.queries, 1);
-  EXPECT_EQ(events_.unloads, 1);
-  EXPECT_TRUE(loop_.Ended());
-  EXPECT_FALSE(IsWindowVisible(window_.Hwnd()));
-  EXPECT_NE(Child(TB_Status), nullptr) << "the controls must stay usable";
-}
-
-TEST_F(MainWindowTest, ClosingDuringTheStartWaitsForItsEnd) {
-  SendMessageW(window_.Hwnd(), WM_CLOSE, 0, 0);
-  EXPECT_EQ(events_.queries, 0);
-  window_.Start(SW_SHOW);
-  EXPECT_EQ(events_.unloads, 1);
-}
-
-TEST_F(MainWindowTest, TheEndOfTheSessionIsRefusedDuringARunAndElseClosesTheWindow) {
-  window_.Start(SW_SHOW);
-  events_.refuse = true;
-  EXPECT_EQ(SendMessageW(window_.Hwnd(), WM_QUERYENDSESSION, 0, 0), FALSE);
-  SendMessageW(window_.Hwnd(), WM_ENDSESSION, FALSE, 0);
-  EXPECT_EQ(events_.queries, 0);
-  events_.refuse = false;
-  EXPECT_EQ(SendMessageW(window_.Hwnd(), WM_QUERYENDSESSION, 0, 0), TRUE);
-  SendMessageW(window_.Hwnd(), WM_ENDSESSION, TRUE, 0);
-  EXPECT_EQ(events_.unloads, 1);
-}
-
-TEST_F(MainWindowTest, TheEndOfTheSessionDuringTheStartSavesNothing) {
-  EXPECT_EQ(SendMessageW(window_.Hwnd(), WM_QUERYENDSESSION, 0, 0), TRUE);
-  SendMessageW(window_.Hwnd(), WM_ENDSESSION, TRUE, 0);
-  EXPECT_EQ(events_.queries, 0);
 }
 
 TEST_F(MainWindowTest, SelectionChangesOfOneWriteComeAsOneEventBehindIt) {

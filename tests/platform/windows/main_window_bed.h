@@ -1,0 +1,72 @@
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <functional>
+#include <vector>
+
+#include "platform/windows/code_page.h"
+#include "platform/windows/form1_window.h"
+#include "platform/windows/text.h"
+
+namespace tolvane::platform::windows {
+
+/// Counts what the main window tells the logic.
+class RecordedEvents final : public Form1Events {
+ public:
+  void Command(int id) override {
+    commands.push_back(id);
+    if (on_command) on_command(id);
+  }
+  void ViewSelectionChanged() override { ++selection_changes; }
+  void ViewContextMenu() override { ++context_menus; }
+  void ViewGotFocus() override {
+    ++focuses;
+    if (on_focus) on_focus();
+  }
+  [[nodiscard]] bool QueryUnload() override {
+    ++queries;
+    return !refuse;
+  }
+  void Unload() override { ++unloads; }
+  [[nodiscard]] bool ClosingIsRefused() const override { return refuse; }
+
+  std::vector<int> commands;
+  std::function<void(int)> on_command;
+  std::function<void()> on_focus;
+  int selection_changes = 0;
+  int context_menus = 0;
+  int focuses = 0;
+  int queries = 0;
+  int unloads = 0;
+  bool refuse = false;
+};
+
+/// The main window as the program makes it, before its start.
+class MainWindowTest : public testing::Test {
+ protected:
+  void SetUp() override {
+    ASSERT_TRUE(window_.CreateHidden());
+    window_.Listen(&events_);
+  }
+
+  [[nodiscard]] HWND Child(int id) const { return GetDlgItem(window_.Hwnd(), id); }
+  [[nodiscard]] String ChildText(int id) const { return WindowText(Child(id)); }
+  void Send(int id, int notification = BN_CLICKED) {
+    SendMessageW(window_.Hwnd(), WM_COMMAND,
+                 MAKEWPARAM(static_cast<WORD>(id), static_cast<WORD>(notification)),
+                 reinterpret_cast<LPARAM>(Child(id)));
+  }
+  void Click(int id) { SendMessageW(Child(id), BM_CLICK, 0, 0); }
+
+  HINSTANCE instance_ = GetModuleHandleW(nullptr);
+  EventGate gate_;
+  WindowsEventLoop loop_{gate_};
+  WindowsCodePage code_page_;
+  SplashWindow splash_{instance_};
+  Form1Window::WorkerWindows workers_{gate_, instance_, 30};
+  Form1Window window_{instance_, gate_, loop_, code_page_, splash_, workers_};
+  RecordedEvents events_;
+};
+
+}  // namespace tolvane::platform::windows
