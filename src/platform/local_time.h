@@ -15,6 +15,10 @@ struct LocalTime {
   std::int32_t hour;     // 0 to 23
   std::int32_t minute;
   std::int32_t second;
+
+  [[nodiscard]] constexpr bool IsMidnight() const {
+    return hour == 0 && minute == 0 && second == 0;
+  }
 };
 
 class WallClock {
@@ -22,7 +26,7 @@ class WallClock {
   virtual ~WallClock() = default;
   [[nodiscard]] virtual LocalTime Now() = 0;
   /// Date and time as the user's settings write them ("general date": short date, a blank, long
-  /// time).
+  /// time). A moment without a time of day, 0:00:00, is the date alone.
   [[nodiscard]] virtual String GeneralDate(const LocalTime& time) = 0;
   /// The weekday's short name in the locale's language, such as "月".
   [[nodiscard]] virtual String ShortWeekday(const LocalTime& time) = 0;

@@ -209,6 +209,13 @@ TEST_F(CsvLog, AnotherChannelNumberWritesTheHeadersAndClearsNothing) {
   EXPECT_TRUE(SameBytes(LogBytes(u"004"), kHead + kColumns11 + "         1 , 100 , 0\r\n"));
 }
 
+TEST_F(CsvLog, AFlushAtMidnightHasTheDateWithoutATime) {
+  wall_clock.Set({2026, 11, 21, 6, 0, 0, 0});
+  Flush(1);
+  const std::string bytes = files.Bytes(u"C:\\Tolvane\\KL26112100-001.csv").value_or("");
+  EXPECT_NE(bytes.find("\r\n2026/11/21,,,bit rate"), std::string::npos);
+}
+
 TEST_F(CsvLog, AFlushWritesFourLargePieces) {
   for (std::int32_t i = 0; i < 20001; ++i) db.csv_DataInput(i, 0x100, 8, kBytes);
   Flush(1);

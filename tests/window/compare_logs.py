@@ -28,7 +28,7 @@ HEAD_CELLS = {
     "C1": ("Copyright (C) 2026 Tolvane Project", 8), "D2": ("bit rate：500k bps", 10),
 }
 WIDTHS = dict(zip("ABCDEFGHIJKL", (11, 4, 7, 5, 4, 4, 4, 4, 4, 4, 4, 4)))
-DATE = re.compile(r"\d{4}/\d{1,2}/\d{1,2} \d{1,2}:\d{2}:\d{2}")
+DATE = re.compile(r"\d{4}/\d{1,2}/\d{1,2}( \d{1,2}:\d{2}:\d{2})?")  # no time at midnight
 COLUMNS = "  時間[ms] , ID  ,DLC,  D1,D2,D3,D4,D5,D6,D7,D8"
 FIRST_ROW, LAST_ROW = 7, 20007
 

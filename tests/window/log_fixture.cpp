@@ -61,7 +61,7 @@ std::string WithoutDate(std::string log) {
   const std::size_t end = log.find(kBehindTheDate);
   if (end == std::string::npos) return log;
   const std::size_t begin = log.rfind('\n', end) + 1;
-  static const std::regex kDate(R"(\d{4}/\d{1,2}/\d{1,2} \d{1,2}:\d{2}:\d{2})");
+  static const std::regex kDate(R"(\d{4}/\d{1,2}/\d{1,2}( \d{1,2}:\d{2}:\d{2})?)");
   if (std::regex_match(log.substr(begin, end - begin), kDate)) {
     log.replace(begin, end - begin, "DATE");
   }

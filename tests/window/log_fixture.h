@@ -25,7 +25,8 @@ namespace tolvane::window {
 void FillNumbers(const std::filesystem::path& folder, const wchar_t* prefix,
                  const wchar_t* extension);
 
-/// A log whose date, where its shape is that of a date and time, is replaced by "DATE".
+/// A log whose date, where its shape is that of a date and time or, as at midnight, of a date
+/// alone, is replaced by "DATE".
 [[nodiscard]] std::string WithoutDate(std::string log);
 
 /// What stands ahead of the records of a log without its date, in code page 932; the comment too.

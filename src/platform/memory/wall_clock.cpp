@@ -15,8 +15,9 @@ String TwoDigits(std::int32_t number) {
 
 String WallClock::GeneralDate(const LocalTime& time) {
   String text(DecimalText(std::int64_t{time.year}).View());
-  text += u"/" + TwoDigits(time.month) + u"/" + TwoDigits(time.day) + u" ";
-  text.append(DecimalText(std::int64_t{time.hour}));
+  text += u"/" + TwoDigits(time.month) + u"/" + TwoDigits(time.day);
+  if (time.IsMidnight()) return text;
+  text.append(u" ").append(DecimalText(std::int64_t{time.hour}));
   return text + u":" + TwoDigits(time.minute) + u":" + TwoDigits(time.second);
 }
 

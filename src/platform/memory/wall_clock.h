@@ -10,7 +10,7 @@ class WallClock final : public platform::WallClock {
   explicit WallClock(const LocalTime& now) : now_(now) {}
 
   [[nodiscard]] LocalTime Now() override { return now_; }
-  /// "2026/11/20 9:05:07".
+  /// "2026/11/20 9:05:07", at midnight "2026/11/20".
   [[nodiscard]] String GeneralDate(const LocalTime& time) override;
   [[nodiscard]] String ShortWeekday(const LocalTime& time) override;
 

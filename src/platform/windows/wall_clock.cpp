@@ -43,6 +43,7 @@ String WindowsWallClock::GeneralDate(const LocalTime& time) {
   const String date = LocaleText([&system](wchar_t* buffer) {
     return GetDateFormatW(LOCALE_USER_DEFAULT, DATE_SHORTDATE, &system, nullptr, buffer, kRoom);
   });
+  if (time.IsMidnight()) return date;
   return date + u' ' + LocaleText([&system](wchar_t* buffer) {
            return GetTimeFormatW(LOCALE_USER_DEFAULT, 0, &system, nullptr, buffer, kRoom);
          });

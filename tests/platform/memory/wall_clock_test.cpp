@@ -14,5 +14,12 @@ TEST(WallClock, WritesDatesAsJapaneseSystemsDo) {
   EXPECT_EQ(clock.ShortWeekday(clock.Now()), u"日");
 }
 
+TEST(WallClock, MidnightIsTheDateAlone) {
+  WallClock clock({});
+  EXPECT_EQ(clock.GeneralDate({2027, 1, 3, 0, 0, 0, 0}), u"2027/01/03");
+  EXPECT_EQ(clock.GeneralDate({2027, 1, 3, 0, 0, 0, 1}), u"2027/01/03 0:00:01");
+  EXPECT_EQ(clock.GeneralDate({2027, 1, 3, 0, 0, 1, 0}), u"2027/01/03 0:01:00");
+}
+
 }  // namespace
 }  // namespace tolvane::platform::memory

@@ -3,7 +3,11 @@
 
 #include "platform/windows/clipboard.h"
 #include "platform/windows/process.h"
+#include "platform/windows/text.h"
 #include "platform/windows/wall_clock.h"
+
+// After windows.h, which it needs.
+#include <oleauto.h>
 
 namespace tolvane::platform::windows {
 namespace {
@@ -18,6 +22,32 @@ class ClockTexts : public testing::Test {
 
 TEST_F(ClockTexts, GeneralDateIsShortDateBlankLongTime) {
   EXPECT_EQ(clock_.GeneralDate({2026, 11, 20, 5, 8, 5, 7}), u"2026/11/20 8:05:07");
+}
+
+/// What the system's own conversion of a moment to text gives for a time of 20 November 2026.
+String SystemGeneralDate(WORD hour, WORD minute, WORD second) {
+  SYSTEMTIME system{2026, 11, 5, 20, hour, minute, second, 0};
+  DATE moment = 0;
+  BSTR written = nullptr;
+  if (!SystemTimeToVariantTime(&system, &moment) ||
+      VarBstrFromDate(moment, LOCALE_USER_DEFAULT, 0, &written) != S_OK) {
+    return u"no date";
+  }
+  const String text(FromWide(written, SysStringLen(written)));
+  SysFreeString(written);
+  return text;
+}
+
+TEST_F(ClockTexts, GeneralDateIsThatOfTheSystemAndAtMidnightTheDateAlone) {
+  EXPECT_EQ(clock_.GeneralDate({2026, 11, 20, 5, 0, 0, 0}), u"2026/11/20");
+  const struct {
+    WORD hour, minute, second;
+  } rows[] = {{0, 0, 0}, {0, 0, 1}, {0, 1, 0}, {12, 0, 0}, {23, 59, 59}};
+  for (const auto& [hour, minute, second] : rows) {
+    EXPECT_EQ(clock_.GeneralDate({2026, 11, 20, 5, hour, minute, second}),
+              SystemGeneralDate(hour, minute, second))
+        << hour << ':' << minute << ':' << second;
+  }
 }
 
 /// One of the user's regional settings, put back when the test ends.
