@@ -233,6 +233,21 @@ TEST(Start, NotesTheOfficeServersFound) {
   EXPECT_EQ(bench.memory.automation.LiveObjects(), 0);
 }
 
+TEST(Start, OnlyTheSecondAnswerOfTheAdapterCounts) {
+  Form1Bench bench;
+  auto& version_result = bench.memory.canusbdrv.version_result;
+  version_result = 1;
+  bench.memory.window.Cmb_Serect_Device.OnClick([&] {
+    version_result = -4;
+    bench.form.Cmb_Serect_Device_Click();
+    version_result = 1;
+  });
+  bench.memory.canusbdrv.serials = {"LAW00001"};
+  bench.form.Form_Load();
+  EXPECT_EQ(bench.Noted("canusb_VersionInfo").size(), 2u);
+  EXPECT_EQ(bench.form.ApplicationOpenFlag, 1);
+}
+
 TEST(Start, AnAdapterThatDoesNotOpenDoesNotEndTheProgram) {
   Form1Bench bench;
   bench.memory.canusbdrv.open_result = 0;
