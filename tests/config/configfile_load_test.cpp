@@ -91,6 +91,15 @@ TEST_F(ConfigLoad, RefusedFileIsDeletedThoughItIsReadOnly) {
   EXPECT_FALSE(files.FileExists(kPath));
 }
 
+TEST_F(ConfigLoad, RefusedFileThatCannotBeDeletedIsAnError) {
+  SetVersion(121);
+  message_box.Answer(false);
+  message_box.WhileShown([&] { files.Lock(kPath, true); });
+  EXPECT_EQ(Load(), FileSaveSystem::kConfigMissing);
+  EXPECT_TRUE(files.FileExists(kPath));
+  ExpectDefaults();
+}
+
 TEST_F(ConfigLoad, VersionDecidesWhetherTheUserIsAsked) {
   struct Row {
     std::int32_t version;

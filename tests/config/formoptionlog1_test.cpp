@@ -200,6 +200,40 @@ TEST_F(FormOptionLog1Test, OpeningShowsEverySettingAndABareOKKeepsIt) {
   EXPECT_TRUE(form.RB_LogSaveFilePath[2].checked);
 }
 
+TEST_F(FormOptionLog1Test, AValueThatNoButtonHasSelectsNoneAndStaysAtOK) {
+  device.ExcelInstallCheck = 1;
+  device.t_SaveFormat = 3;
+  device.t_SaveFilePath_mode = 3;
+  device.t_LogSaveFormat = 3;
+  device.t_Excel_Format = 3;
+  device.t_LogSaveFilePath_mode = -1;
+  form.read_setting(device);
+  for (const Choice& button : form.RB_SV_Format) EXPECT_FALSE(button.checked);
+  for (const Choice& button : form.RB_SaveFilePath) EXPECT_FALSE(button.checked);
+  for (const Choice& button : form.RB_LogSV_Format) EXPECT_FALSE(button.checked);
+  for (const Choice& button : form.RB_Excel_Format) EXPECT_FALSE(button.checked);
+  for (const Choice& button : form.RB_LogSaveFilePath) EXPECT_FALSE(button.checked);
+  form.Bt_OK_Click(device);
+  EXPECT_EQ(device.t_SaveFormat, 3);
+  EXPECT_EQ(device.t_SaveFilePath_mode, 3);
+  EXPECT_EQ(device.t_LogSaveFormat, 3);
+  EXPECT_EQ(device.t_Excel_Format, 3);
+  EXPECT_EQ(device.t_LogSaveFilePath_mode, -1);
+}
+
+TEST_F(FormOptionLog1Test, BoxesAreCheckedByTheirOneValueAlone) {
+  for (const std::int32_t value : {0, 3, -1}) {
+    device.t_LogSave_Enable = value;
+    device.t_LogSave_subFolder = value;
+    device.t_Excel_soft = value;
+    form.read_setting(device);
+    EXPECT_FALSE(form.CB_LogFile_Enable.checked) << value;
+    EXPECT_FALSE(form.TB_LogSaveFilePath.enabled) << value;
+    EXPECT_FALSE(form.CB_LogSave_subFolder.checked) << value;
+    EXPECT_FALSE(form.CB_Excel_soft_KO.checked) << value;
+  }
+}
+
 class FormOptionLog1Drop : public FormOptionLog1Test {
  protected:
   FormOptionLog1Drop() {
