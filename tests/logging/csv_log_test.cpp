@@ -164,6 +164,13 @@ TEST_F(CsvLog, WhatCodePage932CannotHoldBecomesQuestionMarks) {
   EXPECT_NE(LogBytes(u"001").find("\r\n\r\n???\x95\x5c\r\n\r\n"), std::string::npos);
 }
 
+TEST_F(CsvLog, OnlyTheSettingOf29BitModeGivesItsColumnLine) {
+  device.t_msgID_type = 1;
+  StartRun();
+  Flush(1);
+  EXPECT_TRUE(SameBytes(LogBytes(u"001"), kHead + kColumns11));
+}
+
 TEST_F(CsvLog, InitializingOneChannelKeepsTheOtherAndTheHeaders) {
   db.csv_DataInput(1.0, 0x100, 0, kBytes);
   db.Excel_DB_ArayyCh = 2;

@@ -118,14 +118,17 @@ TEST_F(LogNaming, FolderOfTheRunIsUsedWhileItStands) {
       << "the removed folder took the first file along, and its name was free again in the base";
 }
 
-TEST_F(LogNaming, FolderOfTheRunIsIgnoredWithTheSettingOff) {
+TEST_F(LogNaming, FolderOfTheRunIsIgnoredUnlessTheSettingIsOne) {
   FolderName = u"bench";
   files.AddFolder(u"C:\\Tolvane\\bench");
-  Flush(1);
+  for (const std::int32_t setting : {0, 2, -1}) {
+    device.t_LogSave_subFolder = setting;
+    Flush(1);
+  }
   device.t_LogSave_subFolder = 1;
   FolderName.clear();
   Flush(1);
-  EXPECT_EQ(files.Files(u"C:\\Tolvane").size(), 2U);
+  EXPECT_EQ(files.Files(u"C:\\Tolvane").size(), 4U);
   EXPECT_TRUE(files.Files(u"C:\\Tolvane\\bench").empty());
 }
 

@@ -1,16 +1,15 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <memory>
 #include <string>
 #include <vector>
 
-#include "tests/logging/log_test.h"
+#include "tests/logging/workbook_test.h"
 
 namespace tolvane {
 namespace {
 
-using platform::memory::AutomationServers;
+class Workbook : public WorkbookTest {};
 
 /// One value with its font size, as the head of the sheet is filled.
 void AppendHeadCell(std::vector<std::string>& lines, const std::string& address,
@@ -21,30 +20,6 @@ void AppendHeadCell(std::vector<std::string>& lines, const std::string& address,
   lines.push_back("get " + cell + ".Font");
   lines.push_back("put " + cell + ".Font.size = " + std::to_string(size));
 }
-
-class Workbook : public LogTest {
- protected:
-  Workbook() {
-    device.t_LogSaveFormat = kLogFormatSpreadsheet;
-    device.ExcelInstallCheck = 1;
-    device.ExcelInstallVersion = 16;
-    device.t_Excel_Format = 2;
-    StartRun();
-    servers.Register(u"Excel.Application", String(u"16.0"));
-    objExcel = servers.CreateObject(u"Excel.Application");
-    (void)journal.Take();
-  }
-
-  void FlushWorkbook(std::int32_t Output_ch) { Flush(Output_ch, objExcel.get()); }
-
-  /// Text of a cell of the last records that crossed, rows from 0 and columns from 0.
-  String Cell(std::size_t row, std::size_t column) {
-    const AutomationServers::Table& table = servers.Tables().back();
-    return table.cells[row * table.columns + column];
-  }
-
-  std::unique_ptr<platform::AutomationObject> objExcel;
-};
 
 std::vector<std::string> WholeFlush() {
   const std::string sheet = "Excel.Application.ActiveSheet";
@@ -126,62 +101,6 @@ TEST_F(Workbook, TakesTheSameNumberOfCallsWhateverTheRecords) {
   EXPECT_EQ(servers.LiveObjects(), 1) << "all but the server itself are let go";
 }
 
-TEST_F(Workbook, HeadOfTheTableNamesTheColumns) {
-  FlushWorkbook(1);
-  EXPECT_EQ(servers.Tables().front().cells,
-            (std::vector<String>{u"経過時間 [ms]", u"EX", u"CAN ID", u"DLC", u"D1", u"D2", u"D3",
-                                 u"D4", u"D5", u"D6", u"D7", u"D8"}));
-}
-
-TEST_F(Workbook, RecordsCrossAsTextsAndEmptyRowsAsEmptyTexts) {
-  db.Excel_DataInput(0.5, 0x00F, 0, kBytes, 0);
-  db.Excel_DataInput(12.0, 0x7FF, 9, kBytes, 0);
-  db.Excel_DataInput29(13.0, 0x1ABCDEF, 2, kBytes, 1);
-  FlushWorkbook(1);
-  ASSERT_EQ(servers.Tables().back().cells.size(), 20001U * 12U);
-  const std::vector<std::vector<String>> rows = {
-      {u"0.5", u"", u"00F", u"0", u"", u"", u"", u"", u"", u"", u"", u""},
-      {u"12", u"", u"7FF", u"9", u"00", u"1A", u"FF", u"03", u"44", u"55", u"66", u"77"},
-      {u"13", u"*", u"01ABCDEF", u"2", u"00", u"1A", u"", u"", u"", u"", u"", u""},
-      {u"", u"", u"", u"", u"", u"", u"", u"", u"", u"", u"", u""}};
-  for (std::size_t row = 0; row < rows.size(); ++row) {
-    for (std::size_t column = 0; column < 12; ++column) {
-      EXPECT_EQ(Cell(row, column), rows[row][column]) << row << ' ' << column;
-    }
-  }
-  EXPECT_EQ(Cell(20000, 11), u"");
-}
-
-TEST_F(Workbook, ChannelTwoKeepsItsZeros) {
-  db.Excel_DB_ArayyCh = 2;
-  db.Excel_DataInput29(1.0, 1, 1, kBytes, 1);
-  FlushWorkbook(1);
-  EXPECT_EQ(Cell(0, 2), u"");
-  FlushWorkbook(2);
-  EXPECT_EQ(Cell(0, 2), u"00000001");
-}
-
-TEST_F(Workbook, AWrittenTableIsBlankAgain) {
-  db.Excel_DataInput29(1.0, 1, 8, kBytes, 1);
-  FlushWorkbook(1);
-  FlushWorkbook(1);
-  for (std::size_t column = 0; column < 12; ++column) EXPECT_EQ(Cell(0, column), u"") << column;
-}
-
-TEST_F(Workbook, AFailedFlushLeavesTheStarOfAnExtendedFrame) {
-  db.Excel_DataInput29(1.0, 0x100, 8, kBytes, 1);
-  servers.FailAt(1);
-  FlushWorkbook(1);
-  db.Excel_DB_ArayyCounter = 0;
-  db.Excel_DataInput29(2.0, 0x200, 1, kBytes, 0);
-  FlushWorkbook(1);
-  EXPECT_EQ(Cell(0, 0), u"2");
-  EXPECT_EQ(Cell(0, 1), u"*") << "stale: nobody blanked it";
-  EXPECT_EQ(Cell(0, 2), u"00000200");
-  EXPECT_EQ(Cell(0, 4), u"00");
-  EXPECT_EQ(Cell(0, 5), u"") << "bytes behind the length are blanked";
-}
-
 TEST_F(Workbook, EveryRefusedCallEndsTheFlushAndTheNextOneWorks) {
   const std::int32_t calls = static_cast<std::int32_t>(WholeFlush().size()) - 1;
   for (std::int32_t n = 1; n <= calls; ++n) {
@@ -218,16 +137,6 @@ TEST_F(Workbook, WithoutAnInstalledServerNothingIsWrittenOrCleared) {
   EXPECT_EQ(Cell(0, 2), u"123");
 }
 
-TEST_F(Workbook, AnotherChannelNumberFillsNoRecordsAndClearsNothing) {
-  db.Excel_DataInput(1.0, 0x123, 8, kBytes, 0);
-  for (const std::int32_t Output_ch : {0, 3}) {
-    FlushWorkbook(Output_ch);
-    EXPECT_EQ(servers.Tables().back().cells.size(), 12U) << "only the head of the table";
-  }
-  FlushWorkbook(1);
-  EXPECT_EQ(Cell(0, 2), u"123");
-}
-
 TEST_F(Workbook, ExclusionInForceIsMarked) {
   device.t_Save_ID_DisableMode = 1;
   FlushWorkbook(1);
@@ -239,13 +148,32 @@ TEST_F(Workbook, ExclusionInForceIsMarked) {
             "put Excel.Application.ActiveSheet.Range(\"H1:K2\").HorizontalAlignment = -4152");
 }
 
-TEST_F(Workbook, IdentifierColumnIsWiderIn29BitMode) {
-  device.t_msgID_type = kMsgIdType29Bit;
-  FlushWorkbook(1);
-  const auto& lines = journal.Lines();
-  EXPECT_NE(std::find(lines.begin(), lines.end(),
-                      "put Excel.Application.ActiveSheet.Columns(3).ColumnWidth = 9"),
-            lines.end());
+TEST_F(Workbook, AnExclusionModeOtherThanOneLeavesNoMark) {
+  for (const std::int32_t mode : {0, 2, -1}) {
+    device.t_Save_ID_DisableMode = mode;
+    FlushWorkbook(1);
+    for (const std::string& line : journal.Take()) {
+      EXPECT_EQ(line.find("Range(\"K2\")"), std::string::npos) << mode << ": " << line;
+    }
+  }
+}
+
+TEST_F(Workbook, IdentifierColumnIsWiderIn29BitModeOnly) {
+  struct Row {
+    std::int32_t t_msgID_type;
+    const char* width;
+  };
+  for (const Row& row : {Row{kMsgIdType29Bit, "9"}, Row{0, "7"}, Row{1, "7"}}) {
+    device.t_msgID_type = row.t_msgID_type;
+    FlushWorkbook(1);
+    const auto lines = journal.Take();
+    EXPECT_EQ(
+        std::count(
+            lines.begin(), lines.end(),
+            std::string("put Excel.Application.ActiveSheet.Columns(3).ColumnWidth = ") + row.width),
+        1)
+        << row.t_msgID_type;
+  }
 }
 
 TEST_F(Workbook, SaveFollowsVersionAndFormat) {

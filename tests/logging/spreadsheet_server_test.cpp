@@ -25,8 +25,10 @@ class SpreadsheetServer : public ::testing::Test {
 
 TEST_F(SpreadsheetServer, IsUsedOnlyForSpreadsheetLogsWithAServerInstalled) {
   EXPECT_TRUE(UsesSpreadsheetServer(device));
-  device.t_LogSave_Enable = 0;
-  EXPECT_FALSE(UsesSpreadsheetServer(device));
+  for (const std::int32_t enable : {0, 2, -1}) {
+    device.t_LogSave_Enable = enable;
+    EXPECT_FALSE(UsesSpreadsheetServer(device)) << enable;
+  }
   device.t_LogSave_Enable = 1;
   device.ExcelInstallCheck = 0;
   EXPECT_FALSE(UsesSpreadsheetServer(device));
