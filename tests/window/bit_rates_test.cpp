@@ -1,0 +1,43 @@
+// Each bit rate on each kind of adapter, in the real program.
+#include <string>
+
+#include "tests/window/adapter_runs.h"
+#include "tests/window/text.h"
+// Last: its symbols are also names of controls elsewhere.
+#include "src/platform/windows/resources/resource.h"
+
+namespace tolvane::window {
+namespace {
+
+using BitRates = AdapterRuns;
+
+TEST_F(BitRates, ReachEachLibraryOrAreRefused) {
+  ASSERT_NO_FATAL_FAILURE(StartOn("(0.000) can0 123#01\n"));
+  for (int bit_rate = 0; bit_rate < 9; ++bit_rate) {
+    const RateRow& rate = kRates[static_cast<std::size_t>(bit_rate)];
+    const Settings settings{.bit_rate = bit_rate, .silent = bit_rate % 2 == 1};
+    Set(settings);
+    for (const Kind kind : kKinds) {
+      SCOPED_TRACE(std::string(kKindNames[kind]) + " " + Utf8(rate.shown));
+      Select(Good(kind));
+      const bool refused =
+          (kind == kInterface && rate.interface_code == 0) || (kind == kKvaser && rate.kvaser == 0);
+      if (refused) {
+        EXPECT_EQ(Utf8(ConnectToMessage(kind == kInterface && bit_rate == 7 ? "refused" : "")),
+                  Utf8(L"非対応の通信速度が選択されています。\r\n接続をを終了します。"));
+        EXPECT_EQ(CallsSinceSelection(), Calls{});
+        EXPECT_EQ(main_.Text(TB_Status), L"");
+        continue;
+      }
+      ASSERT_NO_FATAL_FAILURE(Connect(main_));
+      EXPECT_EQ(main_.Text(TB_Protocol), rate.shown);
+      ASSERT_NO_FATAL_FAILURE(Disconnect(main_));
+      const Calls made = CallsSinceSelection();
+      EXPECT_EQ(made, ExpectedCalls(kind, settings, made));
+    }
+  }
+  End();
+}
+
+}  // namespace
+}  // namespace tolvane::window
