@@ -58,7 +58,6 @@ TEST_F(OptionLog1, ControlsFollowTheLogBoxAndTwoOfThemItsClicksAlone) {
 TEST_F(OptionLog1, ADroppedFolderFillsTheBoxOfItsSide) {
   const std::filesystem::path target = folder_.Path() / L"ログの保存先";
   std::filesystem::create_directories(target);
-  std::filesystem::create_directories(target / L"file.txt.d");
   PlugIn(kOneCanusb, {L"canusbdrv.dll"});
   ASSERT_NO_FATAL_FAILURE(Start());
   DrivenWindow dialog = Open(menu_opt_log1);

@@ -2,6 +2,7 @@
 #include <fstream>
 
 #include "tests/window/log_fixture.h"
+#include "tests/window/office_calls.h"
 #include "tests/window/office_stand_in.h"
 #include "tests/window/screen_picture.h"
 #include "tests/window/text.h"
@@ -11,118 +12,9 @@
 namespace tolvane::window {
 namespace {
 
-using Lines = std::vector<std::string>;
-
-void Append(Lines& lines, const Lines& more) {
-  lines.insert(lines.end(), more.begin(), more.end());
-}
-
-/// A value and a font size for one cell.
-Lines HeadCell(const std::string& cell, const std::string& value, int size) {
-  const std::string range = "ActiveSheet.Range(\"" + cell + "\")";
-  return {"get " + range, "put " + range + ".Value = \"" + value + "\"", "get " + range + ".Font",
-          "put " + range + ".Font.size = " + std::to_string(size)};
-}
-
-Lines Rows(int first, int last) {
-  const std::string from = "ActiveSheet.cells(" + std::to_string(first) + ", 1)";
-  const std::string to = "ActiveSheet.cells(" + std::to_string(last) + ", 12)";
-  return {"get " + from, "get " + to, "get ActiveSheet.Range(" + from + ", " + to + ")"};
-}
-
-Lines Width(const std::string& columns, int width) {
-  const std::string range = "ActiveSheet.Columns(" + columns + ")";
-  return {"get " + range, "put " + range + ".ColumnWidth = " + std::to_string(width)};
-}
-
-Lines ScreenState(const char* value) {
-  Lines lines;
-  for (const char* name : {"ScreenUpdating", "Interactive", "DisplayAlerts"}) {
-    Append(lines, {"get Application", "put Application." + std::string(name) + " = " + value});
-  }
-  return lines;
-}
-
-Lines Connecting(const std::string& server) {
-  Lines lines{"create " + server, "put Visible = False"};
-  Append(lines, ScreenState("False"));
-  return lines;
-}
-
-Lines Disconnecting() {
-  Lines lines = ScreenState("True");
-  Append(lines, {"call Quit", "end"});
-  return lines;
-}
-
-/// What one flush asks of the server, in order; `saving` are the words behind SaveAs. The checksum
-/// of the records and the date are blanked, as Normal leaves them.
-Lines Flush(const std::string& saving) {
-  Lines lines{"get Workbooks",
-              "call Workbooks.Add",
-              "get ActiveSheet",
-              "get ActiveSheet.cells",
-              "get ActiveSheet.cells.Font",
-              "put ActiveSheet.cells.Font.size = 10"};
-  Append(lines, HeadCell("A1", "Tolvane Ver1.23", 10));
-  Append(lines, HeadCell("A2", "https://tolvane.example/", 8));
-  Append(lines, HeadCell("A3", Utf8(L"CANUSB TV100001 、V1.02N0.93"), 9));
-  Append(lines, HeadCell("A4", Utf8(L"ＣＡＮ受信ログ"), 10));
-  Append(lines, HeadCell("C1", "Copyright (C) 2026 Tolvane Project", 8));
-  Append(lines, HeadCell("D2", Utf8(L"bit rate：500k bps"), 10));
-  Append(lines, HeadCell("H1", "DATE", 10));
-  Append(lines,
-         {"get ActiveSheet.Range(\"H1:K1\")", "put ActiveSheet.Range(\"H1:K1\").MergeCells = True",
-          "get ActiveSheet.Range(\"H1:K2\")",
-          "put ActiveSheet.Range(\"H1:K2\").HorizontalAlignment = -4152"});
-  const Lines head = Rows(6, 6);
-  const std::string head_range = head.back().substr(4);
-  Append(lines, head);
-  Append(lines,
-         {"put " + head_range + ".Value = table(1x12) \"" + Utf8(L"経過時間") +
-              " [ms]\" \"EX\" \"CAN ID\" \"DLC\" \"D1\" \"D2\" \"D3\" \"D4\" \"D5\" \"D6\" "
-              "\"D7\" \"D8\"",
-          "get " + head_range + ".Interior", "put " + head_range + ".Interior.ColorIndex = 36",
-          "get " + head_range + ".Borders", "put " + head_range + ".Borders.LineStyle = 1",
-          "get " + head_range + ".Font", "put " + head_range + ".Font.size = 9"});
-  for (const auto& [columns, width] : {std::pair("1", 11), std::pair("2", 4), std::pair("3", 7),
-                                       std::pair("4", 5), std::pair("\"E:L\"", 4)}) {
-    Append(lines, Width(columns, width));
-  }
-  const Lines records = Rows(7, 20007);
-  Append(lines, records);
-  Append(lines, {"put " + records.back().substr(4) + ".Value = table(20001x12) crc=*",
-                 "get ActiveSheet.cells(7, 1)", "call ActiveSheet.cells(7, 1).AutoFilter(1)",
-                 "get ActiveWorkbook", "call ActiveWorkbook.SaveAs(" + saving + ")",
-                 "get ActiveWorkbook", "call ActiveWorkbook.Close"});
-  return lines;
-}
-
 /// Calls from the first of a flush to the last.
-const std::size_t kCallsPerFlush = Flush("").size();
-constexpr std::size_t kCallsAtConnect = 7;
-
-void Blank(std::string& line, std::string_view ahead, std::size_t length, std::string_view shown) {
-  const std::size_t at = line.find(ahead);
-  if (at != std::string::npos) line.replace(at + ahead.size(), length, shown);
-}
-
-/// The lines without what differs from run to run: date, checksum, folder and hour of the file.
-Lines Normal(Lines lines) {
-  for (std::string& line : lines) {
-    Blank(line, "20001x12) crc=", 8, "*");
-    constexpr std::string_view kDate = "Range(\"H1\").Value = \"";
-    const std::size_t date = line.find(kDate);
-    if (date != std::string::npos)
-      Blank(line, kDate, line.rfind('"') - date - kDate.size(), "DATE");
-    const std::size_t file = line.rfind("\\KL");
-    if (file != std::string::npos) {
-      const std::size_t begin = line.find('"') + 1;
-      line.replace(begin, file + 11 - begin, "...\\KLyymmddhh");
-    }
-  }
-  return lines;
-}
+const std::size_t kCallsPerFlush = FlushCalls("").size();
+const std::size_t kCallsAtConnect = ConnectCalls("").size() - 1;
 
 class SpreadsheetLog : public LogRun {
  protected:
@@ -140,7 +32,7 @@ class SpreadsheetLog : public LogRun {
     EXPECT_TRUE(office_->Forget());
   }
   /// The lines of the record between two marks, neither included.
-  static Lines Between(const Lines& lines, std::size_t from, std::size_t to) {
+  static Calls Between(const Calls& lines, std::size_t from, std::size_t to) {
     return {lines.begin() + static_cast<std::ptrdiff_t>(from),
             lines.begin() + static_cast<std::ptrdiff_t>(to)};
   }
@@ -178,10 +70,10 @@ TEST_P(SpreadsheetServer, IsAskedForExactlyTheseCallsInThisOrder) {
   ASSERT_NO_FATAL_FAILURE(Disconnect(main_));
   ASSERT_TRUE(office_->WaitForLine("end"));
 
-  Lines expected = Connecting(row.server);
-  Append(expected, Flush(row.saving));
-  Append(expected, Disconnecting());
-  EXPECT_EQ(Normal(office_->Lines()), expected);
+  Calls expected = ConnectCalls(row.server);
+  Append(expected, FlushCalls(row.saving));
+  Append(expected, DisconnectCalls());
+  EXPECT_EQ(NormalCalls(office_->Lines()), expected);
   EXPECT_EQ(Logs(row.extension).size(), 1u);
   End();
 }
@@ -237,14 +129,14 @@ TEST_F(SpreadsheetLog, AFlushTakesAsManyCallsForFourRecordsAsFor20001) {
   Choose({RB_Excel_Format_1});
   ASSERT_NO_FATAL_FAILURE(RunUntilShown(kLastOfTwoFlushes));
   ASSERT_TRUE(office_->WaitForLine("end"));
-  const Lines lines = Normal(office_->Lines());
+  const Calls lines = NormalCalls(office_->Lines());
   EXPECT_EQ(kCallsPerFlush, 68u);
-  Lines expected = Connecting("Excel.Application");
+  Calls expected = ConnectCalls("Excel.Application");
   for (const char* number : {"001", "002"}) {
-    Append(expected,
-           Flush("FileName:=\"...\\KLyymmddhh-" + std::string(number) + ".xlsx\", FileFormat:=51"));
+    Append(expected, FlushCalls("FileName:=\"...\\KLyymmddhh-" + std::string(number) +
+                                ".xlsx\", FileFormat:=51"));
   }
-  Append(expected, Disconnecting());
+  Append(expected, DisconnectCalls());
   EXPECT_EQ(lines, expected);
   EXPECT_EQ(Logs(L".xlsx").size(), 2u);
   End();
@@ -300,15 +192,15 @@ TEST_F(SpreadsheetLog, ACallThatFailsCostsItsFlushAndNothingElse) {
     ASSERT_NO_FATAL_FAILURE(Disconnect(main_));
     ASSERT_TRUE(office_->WaitForLine("end"));
 
-    const Lines lines = Normal(office_->Lines());
+    const Calls lines = NormalCalls(office_->Lines());
     ASSERT_GT(lines.size(), failing);
     EXPECT_TRUE(lines[failing].ends_with(" ! 800A03EC")) << failing << ": " << lines[failing];
     // From the failure on nothing of that flush follows; the next one is whole. What was closed in
     // vain was saved before.
     const char* const number = failing == last ? "002" : "001";
-    Lines rest =
-        Flush("FileName:=\"...\\KLyymmddhh-" + std::string(number) + ".xls\", FileFormat:=56");
-    Append(rest, Disconnecting());
+    Calls rest =
+        FlushCalls("FileName:=\"...\\KLyymmddhh-" + std::string(number) + ".xls\", FileFormat:=56");
+    Append(rest, DisconnectCalls());
     EXPECT_EQ(Between(lines, failing + 1, lines.size()), rest) << failing;
     EXPECT_EQ(Logs(L".xls").size(), failing == last ? 2u : 1u) << failing;
     ASSERT_TRUE(main_.Click(Bt_ViewClear));
