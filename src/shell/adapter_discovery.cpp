@@ -65,8 +65,7 @@ void Find_CANUSB_Adapters(const platform::Platform& platform, CAN_DB& CAN_d) {
 void Find_Interface_Ports(const platform::Platform& platform, const InterfaceCAN& IfCan_u,
                           CAN_DB_Interface& IfCan_d) {
   for (std::int32_t n = 1; n <= kLastInterfacePort; ++n) {
-    const std::int32_t handle =
-        platform.IFCan.CanOpenPort(NarrowText(u"IFCAN" + String(DecimalText(std::int64_t{n}))));
+    const std::int32_t handle = platform.IFCan.CanOpenPort(PortName(n));
     if (handle != -1) {
       const auto count = static_cast<std::int16_t>(++IfCan_d.Interface_CAN_FindCount);
       IfCan_d.Interface_CAN_FindNo(count, n);

@@ -1,6 +1,8 @@
 // Three kinds of adapters in four workers, in the real program: what each shows of one recording,
-// which calls its library gets, and how it tells that the adapter does not open.
+// which calls its library gets, that its run refuses to be closed, and how it tells that the adapter
+// does not open.
 #include <array>
+#include <filesystem>
 #include <string>
 
 #include "tests/window/adapter_runs.h"
@@ -89,6 +91,15 @@ const WorkerRow kWorkers[] = {
 
 class Matrix : public AdapterRuns {
  protected:
+  /// Every way of closing the window; a run refuses them all.
+  void TryToClose() const {
+    EXPECT_EQ(Send(main_.Handle(), WM_QUERYENDSESSION, 0, 0), FALSE);
+    (void)Send(main_.Handle(), WM_CLOSE, 0, 0);
+    (void)Send(main_.Handle(), WM_COMMAND, menu_file_close, 0);
+    PostThreadMessageW(GetWindowThreadProcessId(main_.Handle(), nullptr), WM_QUIT, 0, 0);
+    EXPECT_FALSE(std::filesystem::exists(folder_.Path() / L"lglist.dat"));
+  }
+
   void Exclude() {
     const DrivenWindow dialog = Open(menu_opt_function1);
     dialog.Type(TB_DisableID_Start_0, L"700");
@@ -121,6 +132,7 @@ TEST_F(Matrix, EachKindInEachWorkerShowsItsPageAndMakesItsCalls) {
           << Utf8(main_.Text(RTB_MainView)) << "instead of\n"
           << Utf8(expected);
       KeepPicture(main_.Handle(), cell);
+      TryToClose();
       ASSERT_NO_FATAL_FAILURE(Disconnect(main_));
       EXPECT_EQ(main_.Text(RTB_MainView), expected);
       EXPECT_EQ(main_.Text(TB_Status), L"");

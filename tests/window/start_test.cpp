@@ -47,6 +47,36 @@ TEST_F(Start, SecondInstanceEndsWithoutAWordAndTouchesNoFile) {
   EXPECT_TRUE(window.Exists());
 }
 
+// A message that is sent is handled while the program waits for one that is posted.
+TEST_F(Start, EveryWayOfClosingSavesAndEndsTheProgram) {
+  PlugIn(kOneCanusb, {L"canusbdrv.dll"});
+  const struct {
+    const char* label;
+    std::function<void(HWND)> close;
+  } rows[] = {
+      {"close", [](HWND window) { SendNotifyMessageW(window, WM_CLOSE, 0, 0); }},
+      {"menu", [](HWND window) { SendNotifyMessageW(window, WM_COMMAND, menu_file_close, 0); }},
+      {"end of the session",
+       [](HWND window) {
+         EXPECT_EQ(SendMessageW(window, WM_QUERYENDSESSION, 0, 0), TRUE);
+         SendNotifyMessageW(window, WM_ENDSESSION, TRUE, 0);
+       }},
+      {"quit",
+       [](HWND window) {
+         PostThreadMessageW(GetWindowThreadProcessId(window, nullptr), WM_QUIT, 0, 0);
+       }},
+  };
+  for (const auto& row : rows) {
+    const DrivenWindow window = StartProgram();
+    ASSERT_TRUE(window.Exists()) << row.label;
+    ASSERT_TRUE(WaitUntil([&] { return window.Enabled(Bt_Connect); })) << row.label;
+    row.close(window.Handle());
+    EXPECT_EQ(program_->WaitForEnd(), 0u) << row.label;
+    EXPECT_TRUE(std::filesystem::remove(folder_.Path() / L"config.dat")) << row.label;
+    EXPECT_TRUE(std::filesystem::remove(folder_.Path() / L"lglist.dat")) << row.label;
+  }
+}
+
 struct FailedStart {
   const char* label;
   std::string_view ini;

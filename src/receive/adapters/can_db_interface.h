@@ -1,11 +1,15 @@
 #pragma once
 
 #include <cstdint>
+#include <string>
 
 #include "platform/string.h"
 #include "run/column.h"
 
 namespace tolvane {
+
+/// What the library calls port number `n`.
+[[nodiscard]] inline std::string PortName(std::int32_t n) { return "IFCAN" + std::to_string(n); }
 
 /// What is known of the ports of the Interface boards: those found at start-up, and the selected
 /// one. The columns are filled from 1.
@@ -21,7 +25,7 @@ class CAN_DB_Interface : public ArayyClear {
   std::int32_t Interface_CAN_FindCount_MAX = kArayy_MAX;
   std::int32_t Interface_CAN_SelectNo = 0;  // 1-based place of the selected port in the found list
   String Interface_CAN_Handle = u"0";       // decimal text, converted at every use
-  Ports Interface_CAN_FindNo;               // n of the port's name, "IFCAN" and n
+  Ports Interface_CAN_FindNo;               // n of PortName
 
   // The found ports' information records.
   Ports IfCAN_info_ulStructLength;

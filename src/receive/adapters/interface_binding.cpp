@@ -1,7 +1,5 @@
 #include "receive/adapters/interface_binding.h"
 
-#include <string>
-
 #include "receive/adapters/handle_text.h"
 
 namespace tolvane {
@@ -38,8 +36,8 @@ bool InterfaceBinding::TakeRate(std::int32_t t_bitRate) {
 }
 
 bool InterfaceBinding::Open(const ELM327_Info&) {
-  const std::string port = "IFCAN" + std::to_string(IfCan_d_.Interface_CAN_SelectNo);
-  IfCan_d_.Interface_CAN_Handle = HandleText(IFCan_.CanOpenPort(port));
+  const std::int32_t handle = IFCan_.CanOpenPort(PortName(IfCan_d_.Interface_CAN_SelectNo));
+  IfCan_d_.Interface_CAN_Handle = HandleText(handle);
   if (IFCan_.CanGetConfig(Handle(), config_) != IfCan_u_.IFCAN_ERROR_SUCCESS) {
     IFCan_.CanClosePort(Handle());
     IfCan_d_.Interface_CAN_Handle = HandleText(kNoHandle);
