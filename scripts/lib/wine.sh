@@ -48,6 +48,9 @@ wine_make_prefix() {
   # The symbols of title bars and scroll bars; Debian's Wine does not look where Debian keeps them.
   cp /usr/share/wine/fonts/marlett.ttf "$WINEPREFIX/drive_c/windows/Fonts/" ||
     fail "the font Marlett is not installed: scripts/demo and scripts/test install it"
+  # In the session that made the prefix Wine's COM services answer late or never.
+  command wineserver -k {wine_lock}>&- || true
+  command wineserver -w {wine_lock}>&-
   touch "$WINEPREFIX/tolvane-ready"
 }
 

@@ -98,19 +98,15 @@ TEST_F(Version, AMovementWithTheButtonDownOverItsFaceMovesItAndIsNoClick) {
   ASSERT_NO_FATAL_FAILURE(Start());
   const DrivenWindow version = Open(menu_help_version, kVersionClass);
   ASSERT_TRUE(version.Exists());
-  RECT place{};
-  GetWindowRect(version.Handle(), &place);
   const HWND parts[] = {version.Handle(), version.Control(Lb_App_Title),
                         version.Control(Lb_copylight), version.Control(Lb_OK),
                         version.Control(Img_OK)};
   for (const HWND part : parts) {
-    SetCursorPos(place.left + 100, place.top + 100);
-    (void)Send(part, WM_LBUTTONDOWN, MK_LBUTTON, 0);
+    (void)Send(part, WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(2, 3));
     // A movement that is none: the press can still become a click.
-    (void)Send(part, WM_MOUSEMOVE, MK_LBUTTON, 0);
+    (void)Send(part, WM_MOUSEMOVE, MK_LBUTTON, MAKELPARAM(2, 3));
     EXPECT_FALSE(IsBeingMoved(version));
-    SetCursorPos(place.left + 110, place.top + 110);
-    PostMessageW(part, WM_MOUSEMOVE, MK_LBUTTON, 0);
+    PostMessageW(part, WM_MOUSEMOVE, MK_LBUTTON, MAKELPARAM(2, 4));
     EXPECT_TRUE(WaitUntil([&] { return IsBeingMoved(version); })) << GetDlgCtrlID(part);
     PostMessageW(part, WM_LBUTTONUP, 0, 0);
     EXPECT_TRUE(WaitUntil([&] { return !IsBeingMoved(version); }));

@@ -101,7 +101,7 @@ LRESULT FormVersionWindow::HandleMessage(UINT message, WPARAM wparam, LPARAM lpa
     case WM_LBUTTONDOWN:
     case WM_LBUTTONUP:
     case WM_MOUSEMOVE:
-      OnMouse(message, wparam, kFace);
+      OnMouse(message, wparam, lparam, kFace);
       return 0;
     case WM_COMMAND:
       // Enter and Escape; the parts' own notes come with their ids.
@@ -140,7 +140,8 @@ LRESULT CALLBACK FormVersionWindow::PartProcedure(HWND part, UINT message, WPARA
     case WM_LBUTTONDOWN:
     case WM_LBUTTONUP:
     case WM_MOUSEMOVE:
-      reinterpret_cast<FormVersionWindow*>(object)->OnMouse(message, wparam, static_cast<int>(id));
+      reinterpret_cast<FormVersionWindow*>(object)->OnMouse(message, wparam, lparam,
+                                                            static_cast<int>(id));
       return 0;
     case WM_NCDESTROY:
       RemoveWindowSubclass(part, &PartProcedure, id);
@@ -151,10 +152,10 @@ LRESULT CALLBACK FormVersionWindow::PartProcedure(HWND part, UINT message, WPARA
   return DefSubclassProc(part, message, wparam, lparam);
 }
 
-void FormVersionWindow::OnMouse(UINT message, WPARAM keys, int id) {
+void FormVersionWindow::OnMouse(UINT message, WPARAM keys, LPARAM place, int id) {
   switch (message) {
     case WM_LBUTTONDOWN:
-      return OnPress(id);
+      return OnPress(place, id);
     case WM_LBUTTONUP:
       return OnRelease(id);
     default:
@@ -162,14 +163,12 @@ void FormVersionWindow::OnMouse(UINT message, WPARAM keys, int id) {
   }
   // Windows tells a movement now and then though the mouse has not moved: a press that such a one
   // turned into a drag would never become a click.
-  POINT now{};
-  GetCursorPos(&now);
-  const bool moved = now.x != pressed_at_.x || now.y != pressed_at_.y;
+  const bool moved = pressed_ != id || place != pressed_at_;
   if ((keys & MK_LBUTTON) != 0 && moved && !IsLink(id)) Drag();
 }
 
-void FormVersionWindow::OnPress(int id) {
-  GetCursorPos(&pressed_at_);
+void FormVersionWindow::OnPress(LPARAM place, int id) {
+  pressed_at_ = place;
   pressed_ = id;
   if (id == id::Lb_URL) Deliver([this] { FormVersion::Lb_URL_MouseDown(device_, shell_); });
 }

@@ -36,8 +36,8 @@ class FormVersionWindow final : public BaseWindow<FormVersionWindow> {
   static LRESULT CALLBACK PartProcedure(HWND part, UINT message, WPARAM wparam, LPARAM lparam,
                                         UINT_PTR id, DWORD_PTR object) noexcept;
   /// Mouse messages over a part, or over the form's own face with id 0.
-  void OnMouse(UINT message, WPARAM keys, int id);
-  void OnPress(int id);
+  void OnMouse(UINT message, WPARAM keys, LPARAM place, int id);
+  void OnPress(LPARAM place, int id);
   void OnRelease(int id);
   void Drag();
   void Deliver(EventGate::Event event) { surroundings_.gate.Deliver(std::move(event)); }
@@ -55,8 +55,8 @@ class FormVersionWindow final : public BaseWindow<FormVersionWindow> {
   IconHandle ok_picture_;
   IconHandle link_picture_;
   BrushHandle ok_brush_;
-  POINT pressed_at_{};  // of the screen
-  int pressed_ = -1;    // the part, 0 for the face, -1 for none
+  LPARAM pressed_at_ = 0;  // the place within the part that the press told
+  int pressed_ = -1;       // the part, 0 for the face, -1 for none
 };
 
 }  // namespace tolvane::platform::windows
