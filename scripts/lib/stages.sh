@@ -140,7 +140,7 @@ stage_window() {
 # The pictures of the windows, for looking at.
 keep_pictures() {
   local picture
-  for picture in "$build"/windows-*/tests/window/pictures/*.bmp; do
+  for picture in "$build"/windows-*/tests/{window,platform/windows}/pictures/*.bmp; do
     [ -e "$picture" ] || continue
     convert "$picture" "${picture%.bmp}.png" && rm "$picture"
   done

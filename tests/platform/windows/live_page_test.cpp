@@ -2,34 +2,11 @@
 #include <functional>
 #include <string>
 
-#include "platform/windows/text.h"
+#include "tests/platform/windows/live_page_bed.h"
 #include "tests/platform/windows/scratch_folder.h"
-#include "tests/platform/windows/view_bed.h"
 
 namespace tolvane::platform::windows {
 namespace {
-
-constexpr StringView kText = u"ID\r\n1A0  01 02\r\n除外 1A1\r\n";
-
-class LivePage : public LiveView {
- protected:
-  /// A page whose "02" is red and whose "ID" is marked.
-  void SwapMarkedPage() {
-    auto page = Page(kText);
-    page->colours.Paint(12, 14, 0x0000FF);
-    page->backgrounds.Paint(0, 2, 0x80FFFF);
-    view_.SwapPage(page);
-  }
-  void ExpectMarkedPageInTheControl() {
-    EXPECT_EQ(Surface(), nullptr);
-    EXPECT_EQ(view_.Text(), kText);
-    EXPECT_EQ(ColourAt(11), 0U);
-    EXPECT_EQ(ColourAt(12), 0x0000FFU);
-    EXPECT_EQ(ColourAt(13), 0x0000FFU);
-    EXPECT_EQ(FormatAt(0).crBackColor, 0x80FFFFU);
-    EXPECT_NE(FormatAt(4).dwEffects & CFE_AUTOBACKCOLOR, 0U);
-  }
-};
 
 TEST_F(LivePage, WhatIsReadIsWhatWasLastWritten) {
   view_.Text(u"notes\r\n");
@@ -198,56 +175,6 @@ TEST_F(LivePage, WritesOfTheWholeContentLeaveTheLockOn) {
   RemoveWindowSubclass(view_.Hwnd(), &CountUnlockings, 2);
 }
 
-TEST_F(LivePage, TheEndOfTheRunPutsThePageIntoTheControl) {
-  SwapMarkedPage();
-  view_.Locked(false);
-  EXPECT_FALSE(view_.Locked());
-  ExpectMarkedPageInTheControl();
-  EXPECT_FALSE(view_.CanUndo());
-  view_.SelStart(0);
-  view_.SelText(u"edited ");
-  EXPECT_EQ(view_.Text(), u"edited " + String(kText));
-}
-
-TEST_F(LivePage, TheEndOfARunWithoutATickLeavesTheText) {
-  view_.Text(u"notes");
-  view_.Locked(true);
-  view_.Locked(false);
-  EXPECT_EQ(view_.Text(), u"notes");
-}
-
-TEST_F(LivePage, OddPagesComeWholeIntoTheControl) {
-  String surrogates = u"a\U0001F697b";
-  surrogates += char16_t{0xD83D};
-  surrogates += u"c\r\n";
-  const String texts[] = {u"",
-                          u"x",
-                          u"\r\n",
-                          u"a\r\n\r\n",
-                          u"{\\}~\u00A5",
-                          surrogates,
-                          String(50000, u'y') + u"\r\nend",
-                          Lines(4001)};
-  for (const String& text : texts) {
-    view_.Locked(true);
-    Swap(text);
-    EXPECT_TRUE(view_.Text() == text) << "live, length " << text.size();
-    view_.Locked(false);
-    EXPECT_TRUE(view_.Text() == text) << "in the control, length " << text.size();
-  }
-}
-
-TEST_F(LivePage, TheScrolledPageStaysWhereItIsInTheControl) {
-  Swap(Lines(200));
-  Send(WM_VSCROLL, SB_PAGEDOWN);
-  const int scrolled = ScrolledBy(Surface(), SB_VERT);
-  ASSERT_GT(scrolled, 0);
-  view_.Locked(false);
-  POINT place{};
-  Send(EM_GETSCROLLPOS, 0, reinterpret_cast<LPARAM>(&place));
-  EXPECT_EQ(place.y, scrolled);
-}
-
 TEST_F(LivePage, SnapshotsComeFromThePage) {
   const ScratchFolder folder;
   SwapMarkedPage();
@@ -295,12 +222,6 @@ TEST_F(LivePage, ComingByTabSelectsNothingOnALivePage) {
   SwapMarkedPage();
   EXPECT_EQ(Send(WM_GETDLGCODE) & DLGC_HASSETSEL, 0);
   EXPECT_NE(Send(WM_GETDLGCODE) & DLGC_WANTALLKEYS, 0);
-}
-
-TEST_F(LivePage, AnUnlockedSwapGoesStraightIntoTheControl) {
-  view_.Locked(false);
-  SwapMarkedPage();
-  ExpectMarkedPageInTheControl();
 }
 
 }  // namespace

@@ -40,15 +40,15 @@ class LiveSurfaceTest : public LiveView {
 
   /// The same page on the surface, then on the control. Pictures are left under `name`. Gives the
   /// number of pixels that differ, the first few of them told.
-  int Difference(const RichTextPage& page, const std::wstring& name) {
+  int Difference(const RichTextPage& page, const String& name) {
     auto copy = std::make_unique<RichTextPage>(page);
     view_.SwapPage(copy);
     const WindowPicture surface = SurfacePicture();
     view_.Locked(false);
     EXPECT_EQ(Surface(), nullptr);
     const WindowPicture control = PaintedAnew(view_.Hwnd());
-    EXPECT_TRUE(surface.Save(name + L"-surface"));
-    EXPECT_TRUE(control.Save(name + L"-control"));
+    EXPECT_TRUE(surface.Save(name + u"-surface"));
+    EXPECT_TRUE(control.Save(name + u"-control"));
     EXPECT_EQ(surface.Width(), control.Width());
     EXPECT_EQ(surface.Height(), control.Height());
     int differing = 0;
@@ -98,7 +98,7 @@ TEST_F(LiveSurfaceTest, LooksAsTheControlDoes) {
   }
   text += u"\r\n【受信除外】 100 - 1FF, 7FF\r\nｱｲｳ 漢字 ABC\r\n";
   page.text = text;
-  EXPECT_EQ(Difference(page, L"page"), 0);
+  EXPECT_EQ(Difference(page, u"page"), 0);
 }
 
 TEST_F(LiveSurfaceTest, LooksAsTheControlDoesWithoutScrollBars) {
@@ -106,7 +106,7 @@ TEST_F(LiveSurfaceTest, LooksAsTheControlDoesWithoutScrollBars) {
   page.text = u"ID  DLC\r\n\r\n1A0  8   01 02\r\n受信除外 100 - 1FF";
   page.colours.Paint(20, 22, 0x0000FF);
   page.backgrounds.Paint(30, 34, 0xA3FAFF);
-  EXPECT_EQ(Difference(page, L"small"), 0);
+  EXPECT_EQ(Difference(page, u"small"), 0);
 }
 
 TEST_F(LiveSurfaceTest, OddPagesLookAsInTheControlToo) {
@@ -136,7 +136,7 @@ TEST_F(LiveSurfaceTest, OddPagesLookAsInTheControlToo) {
   for (const auto& row : rows) {
     SCOPED_TRACE(row.label);
     view_.Locked(true);
-    EXPECT_EQ(Difference(row.page, L"odd"), 0);
+    EXPECT_EQ(Difference(row.page, u"odd"), 0);
   }
 }
 

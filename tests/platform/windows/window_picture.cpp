@@ -1,7 +1,9 @@
 #include "tests/platform/windows/window_picture.h"
 
 #include "platform/windows/file_bytes.h"
+#include "platform/windows/file_services.h"
 #include "platform/windows/handle.h"
+#include "platform/windows/text.h"
 
 namespace tolvane::platform::windows {
 namespace {
@@ -54,15 +56,15 @@ bool WindowPicture::Has(const RECT& area, COLORREF colour) const {
   return false;
 }
 
-bool WindowPicture::Save(const std::wstring& name) const {
-  CreateDirectoryW(L"pictures", nullptr);
+bool WindowPicture::Save(const String& name) const {
+  const String folder = ExecutableFolder() + u"\\pictures";
+  CreateDirectoryW(Wide(folder), nullptr);
   const BITMAPINFO info = Description(width_, height_);
   BITMAPFILEHEADER head{};
   head.bfType = 0x4D42;  // "BM"
   head.bfOffBits = sizeof(head) + sizeof(info.bmiHeader);
   head.bfSize = head.bfOffBits + static_cast<DWORD>(pixels_.size() * sizeof(pixels_[0]));
-  const std::wstring path = L"pictures\\" + name + L".bmp";
-  const FileHandle file = OpenToWrite({path.begin(), path.end()}, CREATE_ALWAYS);
+  const FileHandle file = OpenToWrite(folder + u"\\" + name + u".bmp", CREATE_ALWAYS);
   return file && WriteAll(file, std::as_bytes(std::span(&head, 1))) &&
          WriteAll(file, std::as_bytes(std::span(&info.bmiHeader, 1))) &&
          WriteAll(file, std::as_bytes(std::span(pixels_)));

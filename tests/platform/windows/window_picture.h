@@ -2,9 +2,9 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <string>
 #include <vector>
 
+#include "platform/string.h"
 #include "platform/windows/win32.h"
 
 namespace tolvane::platform::windows {
@@ -21,8 +21,8 @@ class WindowPicture {
   /// Whether any pixel of the area has the colour.
   [[nodiscard]] bool Has(const RECT& area, COLORREF colour) const;
 
-  /// Leaves it for looking at: pictures/`name`.bmp in the working folder. False when that fails.
-  [[nodiscard]] bool Save(const std::wstring& name) const;
+  /// Leaves it for looking at: pictures/`name`.bmp beside the test program. False when that fails.
+  [[nodiscard]] bool Save(const String& name) const;
 
  private:
   int width_ = 0;
