@@ -1,6 +1,6 @@
 // Three kinds of adapters in four workers, in the real program: what each shows of one recording,
-// which calls its library gets, that its run refuses to be closed, and how it tells that the adapter
-// does not open.
+// which calls its library gets, that its run refuses to be closed, and how it tells that the
+// adapter does not open.
 #include <array>
 #include <filesystem>
 #include <string>
