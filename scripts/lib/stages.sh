@@ -146,17 +146,25 @@ keep_pictures() {
   done
 }
 
+# A recording of 29-bit frames.
+boat=$root/../shared/data/boat-29bit.log
+
 stage_replay() {
   count_command replay timeout "$stuck" "$root/scripts/replay-check"
   # The adapter's clock wraps on the way.
-  count_command replay-wrap timeout "$stuck" "$root/scripts/replay-check" "" 55000
+  count_command replay-wrap timeout "$stuck" "$root/scripts/replay-check" --clock-start 55000
+  count_command replay-29 timeout "$stuck" "$root/scripts/replay-check" "$boat" --ids 29 \
+    --adapter kvaser
 }
 
 stage_logs() {
-  # Both roll over, and the adapter's clock wraps on the way.
+  # All roll over, and the adapter's clock wraps on the way.
   count_command log-csv timeout "$stuck" "$root/scripts/log-check" --times 2 --clock-start 50000
   count_command log-xlsx timeout "$stuck" "$root/scripts/log-check" --times 2 --clock-start 50000 \
     --format xlsx
+  # Three files: what the second one's identifiers lose comes in the third.
+  count_command log-29 timeout "$stuck" "$root/scripts/log-check" "$boat" --ids 29 \
+    --adapter interface --times 17 --speed 20 --clock-start 300000000
 }
 
 # Each program there starts a Wine server of its own and ends it; the X server is shared.

@@ -1,12 +1,5 @@
 #!/usr/bin/env python3
-"""Compares the logs of a replay with the recording: every frame once, in order, with its time.
-
-usage: compare_logs.py RECORDING FOLDER TIMES CLOCK_START
-
-FOLDER holds the logs of one run, .csv or .xlsx, in which RECORDING was played TIMES times over. The
-adapter's clock counts milliseconds from 0 to 59,999, CLOCK_START at the beginning; after its first
-wrap the time line jumps once, by the first stamp.
-"""
+"""Compares the logs of a replay with the recording: every frame once, in order, with its time."""
 
 import os
 import pathlib
@@ -15,59 +8,115 @@ import sys
 from collections.abc import Iterator
 
 import compare_replay as replay
+import recording as rec
 
 SKIPPED = 77
 DEBIANS_PYTHON = "/usr/bin/python3"  # the one that python3-openpyxl belongs to
 RECORDS_PER_FILE = 20001
 HEAD_LINES = 8
 TITLES = ("経過時間 [ms]", "EX", "CAN ID", "DLC", "D1", "D2", "D3", "D4", "D5", "D6", "D7", "D8")
+# What the logs say of the bench's adapters.
+HARDWARE = {
+    "canusb": "CANUSB TV100001 、V1.02N0.93",
+    "interface": "Interface PCI-485120 RevID:1 ch:1 高速CAN対応",
+    "kvaser": "Kvaser virtual bench (channel 0) 、P/N：733-01300-09810-7  S/N：10000  FW：3.18.0",
+}
+RATE = "bit rate：500k bps"
 # Text and font size.
 HEAD_CELLS = {
-    "A1": ("Tolvane Ver1.23", 10), "A2": ("https://tolvane.example/", 8),
-    "A3": ("CANUSB TV100001 、V1.02N0.93", 9), "A4": ("ＣＡＮ受信ログ", 10),
-    "C1": ("Copyright (C) 2026 Tolvane Project", 8), "D2": ("bit rate：500k bps", 10),
+    "A1": ("Tolvane Ver1.23", 10), "A2": ("https://tolvane.example/", 8), "A4": ("ＣＡＮ受信ログ", 10),
+    "C1": ("Copyright (C) 2026 Tolvane Project", 8), "D2": (RATE, 10),
 }
 WIDTHS = dict(zip("ABCDEFGHIJKL", (11, 4, 7, 5, 4, 4, 4, 4, 4, 4, 4, 4)))
+WIDE_IDENTIFIERS = {"C": 9}
 DATE = re.compile(r"\d{4}/\d{1,2}/\d{1,2}( \d{1,2}:\d{2}:\d{2})?")  # no time at midnight
-COLUMNS = "  時間[ms] , ID  ,DLC,  D1,D2,D3,D4,D5,D6,D7,D8"
+FIRST_LINE = "Tolvane Ver1.23,,,Copyright (C) 2026 Tolvane Project,,,,https://tolvane.example/"
+COLUMNS = {
+    11: "  時間[ms] , ID  ,DLC,  D1,D2,D3,D4,D5,D6,D7,D8",
+    29: "  時間[ms] , E ,    ID    ,DLC,  D1,D2,D3,D4,D5,D6,D7,D8",
+}
 FIRST_ROW, LAST_ROW = 7, 20007
 
 # Time, mark, identifier, length, and the bytes that there are.
 Record = tuple[str, ...]
 
 
-def pass_length(frames: list[replay.Frame]) -> int:
+def identifier_text(identifier: int, ids: int) -> str:
+    """FFFFFFF alone has seven digits of its 29 bits."""
+    digits = 3 if ids == 11 else 7 if identifier == 0xFFFFFFF else 8
+    return f"{identifier:0{digits}X}"
+
+
+def pass_length(frames: list[rec.Frame]) -> int:
     """From one beginning of the recording to the next, in µs: its length and one mean distance."""
     span = frames[-1].microseconds
     return span + max(span // (len(frames) - 1), 1)
 
 
-def expected_records(frames: list[replay.Frame], times: int, clock_start: int) -> Iterator[Record]:
-    line_of_time = replay.TimeLine()
+def expected_records(frames: list[rec.Frame], times: int, time_line: rec.TimeLine,
+                     ids: int) -> Iterator[Record]:
     for repetition in range(times):
         began = repetition * pass_length(frames)
         for frame in frames:
-            time = line_of_time.add(replay.stamp_of(began + frame.microseconds, clock_start))
-            yield (str(time), "", f"{frame.identifier:03X}", str(len(frame.data)),
-                   *(f"{byte:02X}" for byte in frame.data))
+            time = time_line.add(began + frame.microseconds)
+            yield (str(time), "*" if frame.extended else "", identifier_text(frame.identifier, ids),
+                   str(len(frame.data)), *(f"{byte:02X}" for byte in frame.data))
 
 
-def csv_line(record: Record) -> str:
-    time, _, identifier, length, *data = record
-    line = f"{time:>10} , {identifier} , {length}"
+def csv_line(record: Record, ids: int) -> str:
+    time, mark, identifier, length, *data = record
+    marked = "" if ids == 11 else f"{mark or ' '} , "
+    line = f"{time:>10} , {marked}{identifier} , {length}"
     return line + " ,  " + ",".join(data) if data else line
 
 
-def csv_faults(path: pathlib.Path, expected: list[Record]) -> Iterator[str]:
-    lines = path.read_bytes().decode("cp932").split("\r\n")
-    if lines[HEAD_LINES - 1] != COLUMNS or lines[-1] != "" or "\n" in "".join(lines):
-        yield f"{path.name}: head or line ends are not those of a log"
-    lines = lines[HEAD_LINES:-1]
-    if len(lines) != len(expected):
-        yield f"{path.name}: {len(lines)} records instead of {len(expected)}"
-    for number, (line, record) in enumerate(zip(lines, expected), HEAD_LINES + 1):
-        if line != csv_line(record):
-            yield f"{path.name} line {number}: {line!r}, recording {csv_line(record)!r}"
+class CsvLogs:
+    """The files of a run, in order. They alternate between the log's two channels, and of identifiers
+    of 29 bits the second one loses its leading zeros to the next file of the first."""
+
+    def __init__(self, adapter: str, ids: int) -> None:
+        self.adapter, self.ids = adapter, ids
+        self.strays = ""
+
+    def lines(self, place: int, records: list[Record]) -> list[str]:
+        if self.ids == 11:
+            return [csv_line(record, self.ids) for record in records]
+        if place % 2 == 0:
+            lines = [csv_line(record, self.ids) for record in records]
+            if lines:
+                lines[0] = self.strays + lines[0]
+            self.strays = ""
+            return lines
+        lines = []
+        for time, mark, identifier, *rest in records:
+            bare = identifier.lstrip("0") or "0"
+            self.strays += "0" * (len(identifier) - len(bare))
+            lines.append(csv_line((time, mark, bare, *rest), self.ids))
+        return lines
+
+    def head_faults(self, head: list[str]) -> Iterator[str]:
+        date, _, rate = head[2].partition(",,,")
+        if not DATE.fullmatch(date):
+            yield f"line 3 begins with {date!r}, no date and time"
+        found = [head[0], head[1], rate, *head[3:]]
+        expected = [FIRST_LINE, "", RATE.replace("：", "：,"), HARDWARE[self.adapter], "", "", "",
+                    COLUMNS[self.ids]]
+        if found != expected:
+            yield f"the head is {found}, not {expected}"
+
+    def faults(self, path: pathlib.Path, place: int, records: list[Record]) -> Iterator[str]:
+        lines = path.read_bytes().decode("cp932").split("\r\n")
+        expected = self.lines(place, records)
+        if len(lines) <= HEAD_LINES or lines[-1] != "" or "\n" in "".join(lines):
+            yield f"{path.name}: its lines are not those of a log"
+            return
+        yield from (f"{path.name}: {fault}" for fault in self.head_faults(lines[:HEAD_LINES]))
+        lines = lines[HEAD_LINES:-1]
+        if len(lines) != len(expected):
+            yield f"{path.name}: {len(lines)} records instead of {len(expected)}"
+        for number, (line, want) in enumerate(zip(lines, expected), HEAD_LINES + 1):
+            if line != want:
+                yield f"{path.name} line {number}: {line!r}, recording {want!r}"
 
 
 def cell_looks(cell) -> tuple:
@@ -77,14 +126,16 @@ def cell_looks(cell) -> tuple:
     return cell.font.size, cell.alignment.horizontal, filled, lines
 
 
-def sheet_head_faults(sheet) -> Iterator[str]:
+def sheet_head_faults(sheet, adapter: str, ids: int) -> Iterator[str]:
     """Rows 1 to 6, and what belongs to the sheet as a whole."""
+    head = HEAD_CELLS | {"A3": (HARDWARE[adapter], 9)}
+    widths = WIDTHS | (WIDE_IDENTIFIERS if ids == 29 else {})
     texts = {cell.coordinate: cell.value for row in sheet["A1:L5"] for cell in row if cell.value}
     if not DATE.fullmatch(texts.pop("H1", "")):
         yield "H1 holds no date and time"
-    if texts != {name: text for name, (text, _) in HEAD_CELLS.items()}:
+    if texts != {name: text for name, (text, _) in head.items()}:
         yield f"the head holds {texts}"
-    looks = {name: (size, None, None, {None}) for name, (_, size) in HEAD_CELLS.items()}
+    looks = {name: (size, None, None, {None}) for name, (_, size) in head.items()}
     looks["H1"] = looks["K2"] = (10, "right", None, {None})
     looks |= {f"{column}6": (9, None, "FFFFFF99", {"thin"}) for column in WIDTHS}
     looks |= {name: (10, None, None, {None}) for name in ("A5", "A7", "L7")}
@@ -93,17 +144,17 @@ def sheet_head_faults(sheet) -> Iterator[str]:
             yield f"{name} looks {cell_looks(sheet[name])}, not {expected}"
     if tuple(cell.value for cell in sheet["A6:L6"][0]) != TITLES:
         yield "row 6 holds other titles"
-    whole = ({name: sheet.column_dimensions[name].width for name in WIDTHS},
+    whole = ({name: sheet.column_dimensions[name].width for name in widths},
              [str(area) for area in sheet.merged_cells.ranges], sheet.auto_filter.ref)
-    if whole != (WIDTHS, ["H1:K1"], "A7:L20007"):
+    if whole != (widths, ["H1:K1"], "A7:L20007"):
         yield f"widths, merged cells and filter are {whole}"
 
 
-def xlsx_faults(path: pathlib.Path, expected: list[Record]) -> Iterator[str]:
+def xlsx_faults(path: pathlib.Path, expected: list[Record], adapter: str, ids: int) -> Iterator[str]:
     import openpyxl
 
     sheet = openpyxl.load_workbook(path).active
-    yield from (f"{path.name}: {fault}" for fault in sheet_head_faults(sheet))
+    yield from (f"{path.name}: {fault}" for fault in sheet_head_faults(sheet, adapter, ids))
     found = [tuple(cell or "" for cell in row) for row in
              sheet.iter_rows(min_row=FIRST_ROW, max_row=LAST_ROW, max_col=12, values_only=True)]
     records = [row for row in found if row[0] != ""]
@@ -114,14 +165,19 @@ def xlsx_faults(path: pathlib.Path, expected: list[Record]) -> Iterator[str]:
             yield f"{path.name} row {number}: {row}, recording {record}"
 
 
-def faults(logs: list[pathlib.Path], expected: list[Record]) -> Iterator[str]:
+def faults(logs: list[pathlib.Path], expected: list[Record], adapter: str = "canusb",
+           ids: int = 11) -> Iterator[str]:
     """The last file holds what is left over, maybe nothing."""
     needed = len(expected) // RECORDS_PER_FILE + 1
     if len(logs) != needed:
         yield f"{len(logs)} log files instead of {needed}"
+    csv_logs = CsvLogs(adapter, ids)
     for place, path in enumerate(logs):
         part = expected[place * RECORDS_PER_FILE:(place + 1) * RECORDS_PER_FILE]
-        yield from (xlsx_faults if path.suffix == ".xlsx" else csv_faults)(path, part)
+        if path.suffix == ".xlsx":
+            yield from xlsx_faults(path, part, adapter, ids)
+        else:
+            yield from csv_logs.faults(path, place, part)
 
 
 def logs_of(folder: pathlib.Path) -> list[pathlib.Path]:
@@ -141,14 +197,17 @@ def change_to_a_python_with_openpyxl() -> None:
         os.execv(DEBIANS_PYTHON, [DEBIANS_PYTHON, "-B", *sys.argv])
 
 
-def main(recording: str, folder: str, times: str, clock_start: str) -> int:
-    logs = logs_of(pathlib.Path(folder))
+def main() -> int:
+    options = replay.run_options(__doc__)
+    options.add_argument("folder", help="holds the logs of one run, .csv or .xlsx")
+    options.add_argument("--times", type=int, default=1, help="how often the recording was played over")
+    given = options.parse_args()
+    logs = logs_of(pathlib.Path(given.folder))
     if any(path.suffix == ".xlsx" for path in logs):
         change_to_a_python_with_openpyxl()
-    with open(recording, encoding="ascii") as file:
-        frames = replay.read_frames(file.readlines())
-    expected = list(expected_records(frames, int(times), int(clock_start)))
-    found = list(faults(logs, expected))
+    time_line = rec.TimeLine(rec.CLOCKS[given.adapter], given.clock_start)
+    expected = list(expected_records(rec.read_file(given.recording), given.times, time_line, given.ids))
+    found = list(faults(logs, expected, given.adapter, given.ids))
     for fault in found[:20]:
         print(fault)
     print(f"{len(expected)} frames sent, {len(logs)} log files compared, {len(found)} faults")
@@ -156,4 +215,4 @@ def main(recording: str, folder: str, times: str, clock_start: str) -> int:
 
 
 if __name__ == "__main__":
-    sys.exit(main(*sys.argv[1:]))
+    sys.exit(main())

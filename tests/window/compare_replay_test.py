@@ -4,10 +4,12 @@
 import unittest
 
 import compare_replay as replay
+import recording as rec
 
 
-def page(*frames: str, clock_start: int = 0) -> list[str]:
-    return replay.expected_page(replay.read_recording(list(frames), clock_start))[1:]
+def page(*frames: str, clock_start: int = 0, ids: int = 11, adapter: str = "canusb") -> list[str]:
+    time_line = rec.TimeLine(rec.CLOCKS[adapter], clock_start)
+    return replay.expected_page(replay.last_of_each(rec.read_frames(list(frames)), time_line), ids)[1:]
 
 
 class Page(unittest.TestCase):
@@ -33,6 +35,32 @@ class Page(unittest.TestCase):
 
     def test_identifier_0_has_no_line(self):
         self.assertEqual([], page("(1.000000) can0 000#"))
+
+
+class WidePage(unittest.TestCase):
+    def test_standard_and_extended_frames_of_a_number_have_a_line_each(self):
+        self.assertEqual(["  00000123  1   01" + " " * 21 + "   ----ms",
+                          "* 00000123  1   02" + " " * 21 + "   ----ms",
+                          "* 1FFFFFFF  0  " + " " * 24 + "   ----ms"],
+                         page("(1.000000) can0 1FFFFFFF#",
+                              "(1.000000) can0 00000123#02", "(1.000000) can0 123#01", ids=29))
+
+    def test_identifier_0_has_a_line(self):
+        self.assertEqual(1, len(page("(1.000000) can0 00000000#", ids=29)))
+
+
+class Clocks(unittest.TestCase):
+    def test_each_kind_counts_in_its_own_ticks(self):
+        frames = "(0.000000) can0 100#", "(0.000600) can0 100#"
+        for adapter, start, cycle in (("canusb", 500, "----"), ("interface", 0, "----"),
+                                      ("interface", 500, "1"), ("kvaser", 500, "----")):
+            line = page(*frames, adapter=adapter, clock_start=start)[0]
+            self.assertTrue(line.endswith(f"   {cycle}ms"), (adapter, start, line))
+
+    def test_interface_wraps_behind_429490_ms(self):
+        line = page("(0.000000) can0 100#", "(0.002000) can0 100#", adapter="interface",
+                    clock_start=429_490_000)[0]
+        self.assertTrue(line.endswith("   2ms"), line)
 
 
 class Differences(unittest.TestCase):

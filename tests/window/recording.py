@@ -1,0 +1,81 @@
+"""Recordings of bus traffic, and what a run makes of their times.
+
+A frame's time in a log and the cycles of the page lie on the run's time line, which is summed up from
+the stamps of the adapter's clock.
+"""
+
+import re
+from typing import NamedTuple
+
+LINE = re.compile(r"\((\d+)\.(\d{6})\) \S+ ([0-9A-F]{3}|[0-9A-F]{8})#((?:[0-9A-F]{2}){0,8})$")
+EXTENDED_DIGITS = 8
+
+
+class Frame(NamedTuple):
+    microseconds: int  # since the recording's first frame
+    identifier: int
+    extended: bool
+    data: bytes
+
+
+class Clock(NamedTuple):
+    """How a kind of adapter counts its time, and what the program makes of it."""
+
+    tick: int   # µs
+    range: int  # ticks; the count runs from 0 to one below and starts over
+    wrap: int   # ms that are added when a stamp is below the one before
+
+    def milliseconds(self, microseconds: int, start: int) -> int:
+        """The stamp so long after the first frame, at which the clock stood at `start` ticks."""
+        ticks = (start + microseconds // self.tick) % self.range
+        return ticks * self.tick // 1000
+
+
+CLOCKS = {
+    "canusb": Clock(1000, 60_000, 60_000),
+    "interface": Clock(1, 429_491_000, 429_491),
+    "kvaser": Clock(1000, 1 << 31, 0),
+}
+
+
+class TimeLine:
+    """The run's time line at ratio 1. After the clock's first wrap it jumps once, by the first stamp."""
+
+    def __init__(self, clock: Clock, start: int) -> None:
+        self.clock, self.start = clock, start
+        self.origin: int | None = None
+        self.last = 0
+        self.time = 0
+
+    def add(self, microseconds: int) -> int:
+        """The time of the next frame, so long after the first, ms."""
+        stamp = self.clock.milliseconds(microseconds, self.start)
+        if self.origin is None:
+            self.origin = stamp
+        elapsed = stamp - self.origin
+        if elapsed >= self.last:
+            self.time += elapsed - self.last
+        else:
+            self.time += elapsed + self.clock.wrap - self.last
+            self.origin = 0
+        self.last = elapsed
+        return self.time
+
+
+def read_frames(lines: list[str]) -> list[Frame]:
+    frames: list[Frame] = []
+    first = None
+    for number, line in enumerate(lines, 1):
+        match = LINE.match(line.strip())
+        if not match:
+            raise ValueError(f"line {number} is no data frame: {line.strip()}")
+        microseconds = int(match[1]) * 1_000_000 + int(match[2])
+        first = microseconds if first is None else first
+        frames.append(Frame(microseconds - first, int(match[3], 16),
+                            len(match[3]) == EXTENDED_DIGITS, bytes.fromhex(match[4])))
+    return frames
+
+
+def read_file(path: str) -> list[Frame]:
+    with open(path, encoding="ascii") as file:
+        return read_frames(file.readlines())
