@@ -5,7 +5,9 @@
 # shellcheck shell=bash
 : "${build:?common.sh comes first}"
 
-export WINEPREFIX="${TOLVANE_WINE_PREFIX:-$build/wine-prefix}"
+# Pixels per inch that the screen claims: 96, 120, 144 and 192 are usual on Windows.
+wine_dpi=${TOLVANE_DPI:-96}
+export WINEPREFIX="${TOLVANE_WINE_PREFIX:-$build/wine-prefix${TOLVANE_DPI:+-$wine_dpi}}"
 export WINEARCH="${WINEARCH:-win64}" WINEDEBUG=-all
 export LANG=ja_JP.UTF-8 LC_ALL=ja_JP.UTF-8
 # Set by the wine launcher's caller on machines that want it; here it would name a 32-bit loader.
@@ -28,6 +30,7 @@ wine_registry() {
   for name in "MS Shell Dlg" "MS Shell Dlg 2"; do
     printf '"%s"="%s"\r\n' "$name" "$proportional"
   done
+  printf '\r\n[HKEY_CURRENT_USER\\Control Panel\\Desktop]\r\n"LogPixels"=dword:%08x\r\n' "$wine_dpi"
   # A bare X server has no window manager to draw a title bar: Wine draws its own.
   printf '\r\n[HKEY_CURRENT_USER\\Software\\Wine\\X11 Driver]\r\n"Managed"="N"\r\n'
 }
