@@ -22,9 +22,10 @@ HARDWARE = {
     "kvaser": "Kvaser virtual bench (channel 0) 、P/N：733-01300-09810-7  S/N：10000  FW：3.18.0",
 }
 RATE = "bit rate：500k bps"
+COMMENT = "ＣＡＮ受信ログ"  # a fresh installation's
 # Text and font size.
 HEAD_CELLS = {
-    "A1": ("Tolvane Ver1.23", 10), "A2": ("https://tolvane.example/", 8), "A4": ("ＣＡＮ受信ログ", 10),
+    "A1": ("Tolvane Ver1.23", 10), "A2": ("https://tolvane.example/", 8), "A4": (COMMENT, 10),
     "C1": ("Copyright (C) 2026 Tolvane Project", 8), "D2": (RATE, 10),
 }
 WIDTHS = dict(zip("ABCDEFGHIJKL", (11, 4, 7, 5, 4, 4, 4, 4, 4, 4, 4, 4)))
@@ -99,8 +100,8 @@ class CsvLogs:
         if not DATE.fullmatch(date):
             yield f"line 3 begins with {date!r}, no date and time"
         found = [head[0], head[1], rate, *head[3:]]
-        expected = [FIRST_LINE, "", RATE.replace("：", "：,"), HARDWARE[self.adapter], "", "", "",
-                    COLUMNS[self.ids]]
+        expected = [FIRST_LINE, "", RATE.replace("：", "：,"), HARDWARE[self.adapter], "",
+                    COMMENT, "", COLUMNS[self.ids]]
         if found != expected:
             yield f"the head is {found}, not {expected}"
 

@@ -15,7 +15,7 @@ LINES = ["         0 , 00F , 0\r\n", "        10 , 7FF , 8 ,  01,02,03,04,05,06,
 
 
 def head(adapter: str = "canusb", ids: int = 11, date: str = "2026/01/02 3:04:05") -> str:
-    lines = [logs.FIRST_LINE, "", date + ",,,bit rate：,500k bps", logs.HARDWARE[adapter], "", "", "",
+    lines = [logs.FIRST_LINE, "", date + ",,,bit rate：,500k bps", logs.HARDWARE[adapter], "", logs.COMMENT, "",
              logs.COLUMNS[ids], ""]
     return "\r\n".join(lines)
 
