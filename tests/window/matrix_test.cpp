@@ -2,6 +2,8 @@
 // which calls its library gets, that its run refuses to be closed, and how it tells that the
 // adapter does not open.
 #include <array>
+#include <chrono>
+#include <cstdio>
 #include <filesystem>
 #include <string>
 
@@ -89,6 +91,8 @@ const WorkerRow kWorkers[] = {
      {kProgramEnds, kConnectionEnds, kProgramEnds}},
 };
 
+const char* AsStated(bool right) { return right ? "as stated" : "differs"; }
+
 class Matrix : public AdapterRuns {
  protected:
   /// Every way of closing the window; a run refuses them all.
@@ -127,17 +131,19 @@ TEST_F(Matrix, EachKindInEachWorkerShowsItsPageAndMakesItsCalls) {
                 kRates[static_cast<std::size_t>(worker.settings.bit_rate)].shown);
       const std::wstring expected = (worker.settings.ids_of_29_bits ? kHeader29 : kHeader) +
                                     worker.pages[kind] + (worker.excluding ? kFoot : L"");
-      EXPECT_TRUE(
-          WaitUntil([&] { return main_.Text(RTB_MainView) == expected; }, std::chrono::seconds(10)))
-          << Utf8(main_.Text(RTB_MainView)) << "instead of\n"
-          << Utf8(expected);
+      const bool shown =
+          WaitUntil([&] { return main_.Text(RTB_MainView) == expected; }, std::chrono::seconds(10));
+      EXPECT_TRUE(shown) << Utf8(main_.Text(RTB_MainView)) << "instead of\n" << Utf8(expected);
       KeepPicture(main_.Handle(), cell);
       TryToClose();
       ASSERT_NO_FATAL_FAILURE(Disconnect(main_));
       EXPECT_EQ(main_.Text(RTB_MainView), expected);
       EXPECT_EQ(main_.Text(TB_Status), L"");
       const Calls made = CallsSinceSelection();
-      EXPECT_EQ(made, ExpectedCalls(kind, worker.settings, made));
+      const Calls wanted = ExpectedCalls(kind, worker.settings, made);
+      EXPECT_EQ(made, wanted);
+      std::printf("matrix: %-20s page %-9s  %2zu calls %s\n", cell.c_str(), AsStated(shown),
+                  made.size(), AsStated(made == wanted));
     }
   }
   End();

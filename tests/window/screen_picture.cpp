@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <chrono>
 #include <cstdint>
 #include <cstring>
 #include <fstream>
@@ -9,6 +10,8 @@
 #include <optional>
 #include <utility>
 #include <vector>
+
+#include "tests/window/driven_window.h"
 
 namespace tolvane::window {
 namespace {
@@ -83,7 +86,37 @@ std::optional<ScreenCopy> CopyScreen(HWND window) {
   return ScreenCopy{header, std::move(rows), row_bytes};
 }
 
+bool HasUnpaintedPart(HWND window) {
+  bool unpainted = GetUpdateRect(window, nullptr, FALSE) != FALSE;
+  EnumChildWindows(
+      window,
+      [](HWND child, LPARAM found) -> BOOL {
+        if (IsWindowVisible(child) && GetUpdateRect(child, nullptr, FALSE)) {
+          *reinterpret_cast<bool*>(found) = true;
+        }
+        return TRUE;
+      },
+      reinterpret_cast<LPARAM>(&unpainted));
+  return unpainted;
+}
+
 }  // namespace
+
+bool AwaitPainted(HWND window) {
+  constexpr DWORD kStill = 100;  // ms
+  std::vector<char> before;
+  return WaitUntil(
+      [&] {
+        if (HasUnpaintedPart(window)) return false;
+        Sleep(kStill);
+        std::optional<ScreenCopy> copy = CopyScreen(window);
+        if (!copy) return false;
+        const bool still = copy->rows == before;
+        before = std::move(copy->rows);
+        return still;
+      },
+      std::chrono::seconds(2));
+}
 
 bool SaveScreenPicture(HWND window, const std::filesystem::path& file) {
   const std::optional<ScreenCopy> copy = CopyScreen(window);

@@ -7,6 +7,10 @@
 
 namespace tolvane::window {
 
+/// Whether the window and all in it are painted and what the screen shows there has stood still for
+/// a tenth of a second; waits for it, at most two seconds.
+bool AwaitPainted(HWND window);
+
 /// Saves what the screen shows where `window` stands, frame and title included, as a bitmap file
 /// of 24 bits a pixel. False when it could not be taken or written.
 [[nodiscard]] bool SaveScreenPicture(HWND window, const std::filesystem::path& file);

@@ -107,6 +107,8 @@ void RealProgram::KeepPicture(HWND window, std::string_view suffix) {
   std::string name = std::string(test.test_suite_name()) + "." + test.name();
   std::replace(name.begin(), name.end(), '/', '-');
   name.append("-").append(suffix).append(".bmp");
+  // A page in a run may never stand still.
+  (void)AwaitPainted(window);
   EXPECT_TRUE(SaveScreenPicture(window, pictures / Wide(name)));
 }
 
