@@ -5,7 +5,8 @@
 # shellcheck shell=bash
 : "${build:?common.sh comes first}"
 
-# Pixels per inch that the screen claims: 96, 120, 144 and 192 are usual on Windows.
+# Pixels per inch that the screen claims: 96, 120, 144 and 192 are usual on Windows. An X server of our
+# own grows with them.
 wine_dpi=${TOLVANE_DPI:-96}
 export WINEPREFIX="${TOLVANE_WINE_PREFIX:-$build/wine-prefix${TOLVANE_DPI:+-$wine_dpi}}"
 export WINEARCH="${WINEARCH:-win64}" WINEDEBUG=-all
@@ -92,9 +93,9 @@ wine() {
 display_start() {
   [ -n "${DISPLAY:-}" ] && return
   command -v Xvfb >/dev/null || fail "Xvfb is not installed: scripts/demo and scripts/test install it"
-  local numbers
+  local numbers screen=$((1280 * wine_dpi / 96))x$((1024 * wine_dpi / 96))x24
   numbers=$(mktemp)
-  Xvfb -displayfd 3 -screen 0 1280x1024x24 -nolisten tcp 3>"$numbers" >/dev/null 2>&1 &
+  Xvfb -displayfd 3 -screen 0 "$screen" -nolisten tcp 3>"$numbers" >/dev/null 2>&1 &
   xvfb_process=$!
   at_exit display_stop
   for _ in {1..200}; do
