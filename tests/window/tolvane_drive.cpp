@@ -5,6 +5,7 @@
 //   window CLASS           until a window of this class stands; the commands behind it act on that one
 //   command ID             chooses a menu item
 //   click ID               presses a button
+//   press ID               the same by the mouse, for pictures and for what stays open; does not wait
 //   wait-enabled ID        until a control is enabled
 //   wait-text ID TEXT      until a control's text begins with TEXT
 //   wait-same ID SECONDS   until a control's text has stood still for so long
@@ -78,6 +79,11 @@ int Click(const Arguments& arguments) {
              : Complain(arguments[1] + L" is absent or disabled");
 }
 
+int Press(const Arguments& arguments) {
+  Window().ClickMouse(ControlId(arguments[1]));
+  return 0;
+}
+
 int WaitEnabled(const Arguments& arguments) {
   const int id = ControlId(arguments[1]);
   return WaitUntil([&] { return Window().Enabled(id); })
@@ -120,6 +126,8 @@ int Text(const Arguments& arguments) {
 }
 
 int Picture(const Arguments& arguments) {
+  // A page in a run may never stand still.
+  (void)AwaitPainted(Window().Handle());
   return SaveScreenPicture(Window().Handle(), arguments[1])
              ? 0
              : Complain(arguments[1] + L" cannot be taken");
@@ -137,11 +145,17 @@ struct Command {
 };
 
 const std::map<std::wstring, Command> kCommands{
-    {L"wait-window", {WaitWindow, 1}},   {L"window", {ChooseWindow, 2}},
-    {L"command", {ChooseCommand, 2}},    {L"click", {Click, 2}},
-    {L"wait-enabled", {WaitEnabled, 2}}, {L"wait-text", {WaitText, 3}},
-    {L"wait-same", {WaitSame, 3}},       {L"text", {Text, 2}},
-    {L"picture", {Picture, 2}},          {L"close", {Close, 1}},
+    {L"wait-window", {WaitWindow, 1}},
+    {L"window", {ChooseWindow, 2}},
+    {L"command", {ChooseCommand, 2}},
+    {L"click", {Click, 2}},
+    {L"press", {Press, 2}},
+    {L"wait-enabled", {WaitEnabled, 2}},
+    {L"wait-text", {WaitText, 3}},
+    {L"wait-same", {WaitSame, 3}},
+    {L"text", {Text, 2}},
+    {L"picture", {Picture, 2}},
+    {L"close", {Close, 1}},
 };
 
 int RunCommand(const Arguments& arguments) {

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "platform/windows/text.h"
+#include "tests/platform/windows/window_picture.h"
 
 namespace tolvane::platform::windows {
 namespace {
@@ -30,6 +31,7 @@ TEST_F(SplashTest, ShowsThePhaseOnlyWhileItIsVisible) {
   splash_.Visible(true);
   EXPECT_TRUE(IsWindowVisible(splash_.Hwnd()));
   EXPECT_EQ(WindowText(GetDlgItem(splash_.Hwnd(), Lb_msg)), u"デバイスの初期処理中");
+  EXPECT_TRUE(WindowPicture(splash_.Hwnd()).Save(u"splash"));
   splash_.Visible(false);
   EXPECT_FALSE(IsWindowVisible(splash_.Hwnd()));
 }
