@@ -1,0 +1,1 @@
+// The headers that cmake/testing.cmake has compiled once for all tests are compiled with this file.
