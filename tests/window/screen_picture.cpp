@@ -86,17 +86,16 @@ std::optional<ScreenCopy> CopyScreen(HWND window) {
   return ScreenCopy{header, std::move(rows), row_bytes};
 }
 
+BOOL CALLBACK NoteUnpainted(HWND child, LPARAM found) {
+  if (IsWindowVisible(child) && GetUpdateRect(child, nullptr, FALSE)) {
+    *reinterpret_cast<bool*>(found) = true;
+  }
+  return TRUE;
+}
+
 bool HasUnpaintedPart(HWND window) {
   bool unpainted = GetUpdateRect(window, nullptr, FALSE) != FALSE;
-  EnumChildWindows(
-      window,
-      [](HWND child, LPARAM found) -> BOOL {
-        if (IsWindowVisible(child) && GetUpdateRect(child, nullptr, FALSE)) {
-          *reinterpret_cast<bool*>(found) = true;
-        }
-        return TRUE;
-      },
-      reinterpret_cast<LPARAM>(&unpainted));
+  EnumChildWindows(window, NoteUnpainted, reinterpret_cast<LPARAM>(&unpainted));
   return unpainted;
 }
 
