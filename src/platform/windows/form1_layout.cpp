@@ -89,13 +89,14 @@ RECT PixelPlace(const Place& place, const Dpi& dpi, SIZE client) {
 }  // namespace
 
 void LayOutForm1(HWND window, const Dpi& dpi, SIZE client) {
+  // Painted anew: what a control showed may be covered by one that moved before it.
   HDWP moves = BeginDeferWindowPos(static_cast<int>(std::size(kPlaces)));
   for (const Place& place : kPlaces) {
     const RECT bounds = PixelPlace(place, dpi, client);
     if (moves == nullptr) return;
     moves = DeferWindowPos(moves, GetDlgItem(window, place.id), nullptr, bounds.left, bounds.top,
                            bounds.right - bounds.left, bounds.bottom - bounds.top,
-                           SWP_NOZORDER | SWP_NOACTIVATE);
+                           SWP_NOZORDER | SWP_NOACTIVATE | SWP_NOCOPYBITS);
   }
   if (moves != nullptr) EndDeferWindowPos(moves);
 }

@@ -74,8 +74,9 @@ void FormHelpWindow::LayOut(int width, int height) {
   const int button_top = height - margin - button_height;
   MoveWindow(GetDlgItem(Hwnd(), id::TB_View), margin, margin, width - 2 * margin,
              button_top - 2 * margin, TRUE);
-  MoveWindow(GetDlgItem(Hwnd(), id::Bt_Close), width - margin - button_width, button_top,
-             button_width, button_height, TRUE);
+  // Painted anew, as the text may cover by now what the button showed.
+  SetWindowPos(GetDlgItem(Hwnd(), id::Bt_Close), nullptr, width - margin - button_width, button_top,
+               button_width, button_height, SWP_NOZORDER | SWP_NOACTIVATE | SWP_NOCOPYBITS);
 }
 
 LRESULT FormHelpWindow::HandleMessage(UINT message, WPARAM wparam, LPARAM lparam) {

@@ -7,6 +7,8 @@
 
 #include "platform/windows/form1_layout.h"
 #include "tests/platform/windows/main_window_bed.h"
+#include "tests/platform/windows/pump.h"
+#include "tests/platform/windows/window_picture.h"
 
 namespace tolvane::platform::windows {
 namespace {
@@ -238,6 +240,22 @@ TEST_F(MainWindowTest, TheViewTakesWhatALargerWindowGives) {
   GetClientRect(Child(RTB_MainView), &large);
   EXPECT_EQ(large.right - small.right, 100);
   EXPECT_EQ(large.bottom - small.bottom, 200);
+}
+
+TEST_F(MainWindowTest, ControlsThatMoveAreSeenWhole) {
+  window_.Start(SW_SHOW);
+  PumpFor(loop_, 100);
+  const int controls[] = {Bt_Connect, Bt_Disconnect, Bt_SaveFile, Bt_ViewClear, Lb_Status};
+  std::vector<WindowPicture> before;
+  for (const int id : controls) before.emplace_back(Child(id));
+  // By half a button, by more than one, and back.
+  for (const int width : {1000, 1272, 1000, 940}) {
+    SetWindowPos(window_.Hwnd(), nullptr, 0, 0, width, 700, SWP_NOMOVE | SWP_NOZORDER);
+    PumpFor(loop_, 100);
+    for (std::size_t i = 0; i < std::size(controls); ++i) {
+      EXPECT_TRUE(WindowPicture(Child(controls[i])) == before[i]) << controls[i] << " at " << width;
+    }
+  }
 }
 
 }  // namespace

@@ -21,6 +21,8 @@ class WindowPicture {
   /// Whether any pixel of the area has the colour.
   [[nodiscard]] bool Has(const RECT& area, COLORREF colour) const;
 
+  [[nodiscard]] bool operator==(const WindowPicture&) const = default;
+
   /// Leaves it for looking at: pictures/`name`.bmp beside the test program. False when that fails.
   [[nodiscard]] bool Save(const String& name) const;
 
