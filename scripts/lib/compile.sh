@@ -13,18 +13,25 @@ quietly() {
   fi
 }
 
+# configure_preset PRESET [CMAKE-ARGUMENT...]
 configure_preset() {
-  (cd "$root" && quietly "$build/$1-configure.log" cmake --preset "$1")
+  (cd "$root" && quietly "$build/$1-configure.log" cmake --preset "$@")
 }
 
-# build_preset PRESET [TARGET...]: everything when no target is named.
-build_preset() {
+# build_configured PRESET [TARGET...]: everything when no target is named.
+build_configured() {
   local preset=$1 targets=()
   shift
   [ $# -eq 0 ] || targets=(--target "$@")
-  configure_preset "$preset" &&
-    (cd "$root" && quietly "$build/$preset-build.log" cmake --build --preset "$preset" "${targets[@]}")
+  (cd "$root" && quietly "$build/$preset-build.log" cmake --build --preset "$preset" "${targets[@]}")
 }
+
+# build_preset PRESET [TARGET...]: the Windows presets need no test package, unless tests were built
+# there before.
+build_preset() { configure_preset "$1" && build_configured "$@"; }
+
+# build_tests PRESET [TARGET...]: the same with tests and benchmarks, which need the packages `test`.
+build_tests() { configure_preset "$1" -DTOLVANE_TESTS=ON && build_configured "$@"; }
 
 # build_program ARCH: the program's folder and the simulated libraries.
 build_program() {

@@ -18,7 +18,7 @@ program_start() {
   at_exit "kill $program 2>/dev/null"
 }
 
-drive() { wine "$build/windows-x64/tests/window/tolvane_drive.exe" "$@"; }
+drive() { wine "$build/windows-x64/tools/tolvane_drive.exe" "$@"; }
 
 drive_connect() {
   drive wait-window -- wait-enabled Bt_Connect -- click Bt_Connect -- wait-text TB_Status 通信中 ||

@@ -76,7 +76,7 @@ gtest_output() {
 
 # build_all PRESET [TARGET...]: false, and one failure counted, when it does not build.
 build_all() {
-  build_preset "$@" || {
+  build_tests "$@" || {
     count_failed "the preset $1 does not build (see $build/$1-build.log)"
     return 1
   }

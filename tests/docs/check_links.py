@@ -12,7 +12,7 @@ import re
 import sys
 
 LINK = re.compile(r"!?\[[^\]]*\]\(([^)\s]+)(?:\s+\"[^\"]*\")?\)")
-CODE_PATH = re.compile(r"`((?:src|scripts|tests|bench|docs|cmake|simulator|support|\.ci)/[\w./-]*)")
+CODE_PATH = re.compile(r"`((?:src|scripts|tests|bench|docs|cmake|simulator|support|tools|\.ci)/[\w./-]*)")
 FENCE = re.compile(r"^```.*?^```", re.MULTILINE | re.DOTALL)
 HEADING = re.compile(r"^#+\s+(.*?)\s*#*$", re.MULTILINE)
 

@@ -2,7 +2,7 @@
 
 #include <fstream>
 
-#include "tests/window/text.h"
+#include "tools/drive/text.h"
 // Last: its symbols are also names of controls elsewhere.
 #include "src/platform/windows/resources/resource.h"
 

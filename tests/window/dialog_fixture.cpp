@@ -1,6 +1,6 @@
 #include "tests/window/dialog_fixture.h"
 
-#include "tests/window/screen_picture.h"
+#include "tools/drive/screen_picture.h"
 // Last: its symbols are also names of controls elsewhere.
 #include "src/platform/windows/resources/resource.h"
 

@@ -3,7 +3,7 @@
 #include <filesystem>
 
 #include "tests/window/log_fixture.h"
-#include "tests/window/text.h"
+#include "tools/drive/text.h"
 // Last: its symbols are also names of controls elsewhere.
 #include "src/platform/windows/resources/resource.h"
 

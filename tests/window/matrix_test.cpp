@@ -8,7 +8,7 @@
 #include <string>
 
 #include "tests/window/adapter_runs.h"
-#include "tests/window/text.h"
+#include "tools/drive/text.h"
 // Last: its symbols are also names of controls elsewhere.
 #include "src/platform/windows/resources/resource.h"
 

@@ -4,7 +4,7 @@
 #include <string>
 
 #include "tests/window/dialog_fixture.h"
-#include "tests/window/text.h"
+#include "tools/drive/text.h"
 // Last: its symbols are also names of controls elsewhere.
 #include "src/platform/windows/resources/resource.h"
 

@@ -3,7 +3,7 @@
 #include <string_view>
 #include <utility>
 
-#include "tests/window/text.h"
+#include "tools/drive/text.h"
 
 namespace tolvane::window {
 namespace {

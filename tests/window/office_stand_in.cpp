@@ -5,8 +5,8 @@
 #include <algorithm>
 #include <fstream>
 
-#include "tests/window/driven_program.h"
-#include "tests/window/driven_window.h"
+#include "tools/drive/driven_program.h"
+#include "tools/drive/driven_window.h"
 
 namespace tolvane::window {
 namespace {

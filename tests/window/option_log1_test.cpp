@@ -1,6 +1,6 @@
 // The log settings in the real window.
 #include "tests/window/dialog_fixture.h"
-#include "tests/window/text.h"
+#include "tools/drive/text.h"
 // Last: its symbols are also names of controls elsewhere.
 #include "src/platform/windows/resources/resource.h"
 

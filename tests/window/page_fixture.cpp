@@ -1,7 +1,7 @@
 #include "tests/window/page_fixture.h"
 
 #include "tests/window/system_clipboard.h"
-#include "tests/window/text.h"
+#include "tools/drive/text.h"
 // Last: its symbols are also names of controls elsewhere.
 #include "src/platform/windows/resources/resource.h"
 

@@ -2,7 +2,7 @@
 
 #include <cstring>
 
-#include "tests/window/driven_window.h"
+#include "tools/drive/driven_window.h"
 
 namespace tolvane::window {
 

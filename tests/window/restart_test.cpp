@@ -3,8 +3,8 @@
 
 #include "tests/helpers/expect_bytes.h"
 #include "tests/window/log_fixture.h"
-#include "tests/window/screen_picture.h"
-#include "tests/window/text.h"
+#include "tools/drive/screen_picture.h"
+#include "tools/drive/text.h"
 // Last: its symbols are also names of controls elsewhere.
 #include "src/platform/windows/resources/resource.h"
 

@@ -2,8 +2,8 @@
 #include <fstream>
 #include <string>
 
-#include "tests/window/text.h"
 #include "tests/window/window_fixture.h"
+#include "tools/drive/text.h"
 // Last: its symbols are also names of controls elsewhere.
 #include "src/platform/windows/resources/resource.h"
 

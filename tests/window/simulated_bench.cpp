@@ -6,7 +6,7 @@
 #include <fstream>
 #include <iterator>
 
-#include "tests/window/driven_program.h"
+#include "tools/drive/driven_program.h"
 
 namespace tolvane::window {
 namespace {

@@ -1,7 +1,7 @@
 // Snapshots of the real program in both formats.
 #include "tests/helpers/expect_bytes.h"
 #include "tests/window/log_fixture.h"
-#include "tests/window/text.h"
+#include "tools/drive/text.h"
 // Last: its symbols are also names of controls elsewhere.
 #include "src/platform/windows/resources/resource.h"
 

@@ -4,8 +4,8 @@
 #include "tests/window/log_fixture.h"
 #include "tests/window/office_calls.h"
 #include "tests/window/office_stand_in.h"
-#include "tests/window/screen_picture.h"
-#include "tests/window/text.h"
+#include "tools/drive/screen_picture.h"
+#include "tools/drive/text.h"
 // Last: its symbols are also names of controls elsewhere.
 #include "src/platform/windows/resources/resource.h"
 

@@ -8,8 +8,8 @@
 
 #include "tests/window/damaged_library.h"
 #include "tests/window/message_icon.h"
-#include "tests/window/text.h"
 #include "tests/window/window_fixture.h"
+#include "tools/drive/text.h"
 // Last: its symbols are also names of controls elsewhere.
 #include "src/platform/windows/resources/resource.h"
 

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <cstring>
 
-#include "tests/window/driven_window.h"
+#include "tools/drive/driven_window.h"
 
 namespace tolvane::window {
 namespace {

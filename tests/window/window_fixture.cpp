@@ -3,8 +3,8 @@
 #include <algorithm>
 
 #include "src/platform/windows/resources/resource.h"
-#include "tests/window/screen_picture.h"
-#include "tests/window/text.h"
+#include "tools/drive/screen_picture.h"
+#include "tools/drive/text.h"
 
 namespace tolvane::window {
 

@@ -9,10 +9,10 @@
 #include <string_view>
 #include <vector>
 
-#include "tests/window/driven_program.h"
-#include "tests/window/message_box.h"
 #include "tests/window/probe.h"
 #include "tests/window/simulated_bench.h"
+#include "tools/drive/driven_program.h"
+#include "tools/drive/message_box.h"
 
 namespace tolvane::window {
 

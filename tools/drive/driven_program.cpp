@@ -1,4 +1,4 @@
-#include "tests/window/driven_program.h"
+#include "tools/drive/driven_program.h"
 
 #include <array>
 

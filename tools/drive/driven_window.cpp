@@ -1,4 +1,4 @@
-#include "tests/window/driven_window.h"
+#include "tools/drive/driven_window.h"
 
 #include <array>
 #include <string_view>

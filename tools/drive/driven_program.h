@@ -6,7 +6,7 @@
 #include <optional>
 #include <string>
 
-#include "tests/window/driven_window.h"
+#include "tools/drive/driven_window.h"
 
 namespace tolvane::window {
 

@@ -1,8 +1,8 @@
-#include "tests/window/message_box.h"
+#include "tools/drive/message_box.h"
 
 #include <array>
 
-#include "tests/window/driven_window.h"
+#include "tools/drive/driven_window.h"
 
 namespace tolvane::window {
 namespace {

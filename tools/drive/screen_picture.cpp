@@ -1,4 +1,4 @@
-#include "tests/window/screen_picture.h"
+#include "tools/drive/screen_picture.h"
 
 #include <algorithm>
 #include <array>
@@ -11,7 +11,7 @@
 #include <utility>
 #include <vector>
 
-#include "tests/window/driven_window.h"
+#include "tools/drive/driven_window.h"
 
 namespace tolvane::window {
 namespace {

@@ -23,11 +23,11 @@
 #include <string>
 #include <vector>
 
-#include "tests/window/control_ids.h"
-#include "tests/window/driven_program.h"
-#include "tests/window/message_box.h"
-#include "tests/window/screen_picture.h"
-#include "tests/window/text.h"
+#include "tools/drive/control_ids.h"
+#include "tools/drive/driven_program.h"
+#include "tools/drive/message_box.h"
+#include "tools/drive/screen_picture.h"
+#include "tools/drive/text.h"
 
 namespace tolvane::window {
 namespace {

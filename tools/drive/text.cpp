@@ -1,4 +1,4 @@
-#include "tests/window/text.h"
+#include "tools/drive/text.h"
 
 #include <windows.h>
 
