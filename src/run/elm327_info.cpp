@@ -1,5 +1,7 @@
 #include "run/elm327_info.h"
 
+#include <tolvane_product.h>
+
 #include <utility>
 
 namespace tolvane {
@@ -8,12 +10,12 @@ ELM327_Info::ELM327_Info(String executable_folder)
     : executable_folder_(std::move(executable_folder)) {}
 
 void ELM327_Info::Param_ALL_Clear() {
-  install_version = 123;
-  Application_title = u"Tolvane Ver1.23";
-  Copy_light = u"Copyright (C) 2026 Tolvane Project";
+  install_version = product::kVersion;
+  Application_title = u"Tolvane Ver" + String(product::kVersionText);
+  Copy_light = product::kCopyright;
   Application_title2 = u"Tolvane";
-  Copy_light2 = u"Tolvane Project";
-  Homepage_URL = u"https://tolvane.example/";
+  Copy_light2 = product::kCompany;
+  Homepage_URL = product::kHomePage;
   ExcelInstallCheck = 0;
   ExcelInstallVersion = 0;
   AccessInstallCheck = 0;

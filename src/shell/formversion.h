@@ -1,5 +1,7 @@
 #pragma once
 
+#include <tolvane_product.h>
+
 #include "platform/shell.h"
 #include "platform/string.h"
 #include "run/elm327_info.h"
@@ -9,7 +11,7 @@ namespace tolvane {
 /// The about box.
 struct FormVersion {
   /// Written into the window when it was drawn; the same as Homepage_URL.
-  static constexpr StringView kPictureAddress = u"https://tolvane.example/";
+  static constexpr StringView kPictureAddress = product::kHomePage;
 
   String Caption;
   String Lb_App_Title;

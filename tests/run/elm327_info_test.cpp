@@ -79,6 +79,19 @@ TEST(ELM327_Info, DefaultsOfIdentityAndInstallation) {
   EXPECT_EQ(device.AccessInstallVersion, 0);
 }
 
+TEST(ELM327_Info, VersionIsTheOneThatTheBuildGivesToFilesAndReleases) {
+  const ELM327_Info device = FreshRecord();
+  const String version = TOLVANE_PROJECT_VERSION;  // "1.23"
+  EXPECT_EQ(device.Application_title, u"Tolvane Ver" + version);
+  const std::size_t dot = version.find(u'.');
+  ASSERT_EQ(dot + 3, version.size());
+  std::int32_t number = 0;
+  for (const char16_t digit : version) {
+    if (digit != u'.') number = 10 * number + (digit - u'0');
+  }
+  EXPECT_EQ(device.install_version, number);
+}
+
 TEST(ELM327_Info, DefaultsOfCommunication) {
   const ELM327_Info device = FreshRecord();
   EXPECT_EQ(device.t_bitRate, 2);

@@ -1,8 +1,10 @@
 // The built program's resources, read back: Japanese text gets lost without an error when the
 // resource compiler takes the file for something else than UTF-8.
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <array>
 #include <cstddef>
 #include <string>
 #include <vector>
@@ -114,11 +116,18 @@ TEST_F(Resources, HelpTextsHaveTheirHeadingsInOrderAndNameTheProgram) {
   }
 }
 
-/// A text of a file's version resource, empty without one.
-String VersionText(StringView file, StringView name) {
+/// The version resource of a file of the program, empty without one.
+std::vector<std::byte> VersionResource(StringView file) {
   const String path = ExecutableFolder() + u"\\..\\..\\..\\program\\" + String(file);
   std::vector<std::byte> info(GetFileVersionInfoSizeW(Wide(path), nullptr));
   if (!GetFileVersionInfoW(Wide(path), 0, static_cast<DWORD>(info.size()), info.data())) return {};
+  return info;
+}
+
+/// A text of a file's version resource, empty without one.
+String VersionText(StringView file, StringView name) {
+  const std::vector<std::byte> info = VersionResource(file);
+  if (info.empty()) return {};
   const String query = u"\\StringFileInfo\\041104B0\\" + String(name);
   void* text = nullptr;
   UINT length = 0;  // with the NUL
@@ -126,8 +135,21 @@ String VersionText(StringView file, StringView name) {
   return String(FromWide(static_cast<const wchar_t*>(text), length - 1));
 }
 
+/// The version as numbers, in the order in which they are written: 1, 23, 0, 0.
+std::array<int, 4> VersionNumbers(StringView file) {
+  const std::vector<std::byte> info = VersionResource(file);
+  void* data = nullptr;
+  UINT length = 0;
+  if (info.empty() || !VerQueryValueW(info.data(), L"\\", &data, &length)) return {};
+  const auto* fixed = static_cast<const VS_FIXEDFILEINFO*>(data);
+  return {HIWORD(fixed->dwFileVersionMS), LOWORD(fixed->dwFileVersionMS),
+          HIWORD(fixed->dwFileVersionLS), LOWORD(fixed->dwFileVersionLS)};
+}
+
 TEST(VersionResource, OfTheProgramAndItsLibraryTellsTheSameVersion) {
   for (const StringView file : {u"Tolvane.exe", u"qxt100.dll"}) {
+    EXPECT_THAT(VersionNumbers(file), testing::ElementsAre(1, 23, 0, 0));
+    EXPECT_EQ(VersionText(file, u"CompanyName"), u"Tolvane Project");
     EXPECT_EQ(VersionText(file, u"OriginalFilename"), file);
     EXPECT_EQ(VersionText(file, u"ProductName"), u"Tolvane");
     EXPECT_EQ(VersionText(file, u"ProductVersion"), u"1.23");
@@ -136,6 +158,15 @@ TEST(VersionResource, OfTheProgramAndItsLibraryTellsTheSameVersion) {
   }
   EXPECT_EQ(VersionText(u"Tolvane.exe", u"FileDescription"), u"Tolvane CANバスモニター");
   EXPECT_EQ(VersionText(u"qxt100.dll", u"FileDescription"), u"Tolvane 補助ライブラリ");
+}
+
+TEST_F(Resources, ManifestTellsTheVersionToo) {
+  const HRSRC manifest =
+      FindResourceW(program_.Get(), MAKEINTRESOURCEW(TOLVANE_MANIFEST), RT_MANIFEST);
+  ASSERT_NE(manifest, nullptr);
+  const auto* text = static_cast<const char*>(LockResource(LoadResource(program_.Get(), manifest)));
+  EXPECT_THAT(std::string(text, SizeofResource(program_.Get(), manifest)),
+              testing::HasSubstr("name=\"Tolvane\" version=\"1.23.0.0\""));
 }
 
 TEST_F(Resources, IconsComeInTheSizesOfEachResolution) {
