@@ -10,6 +10,8 @@ packages_run="wine wine64 fonts-wine xvfb fonts-ipafont-gothic imagemagick local
 # libFuzzer; openpyxl reads the workbooks; debootstrap makes the root in which the 32-bit program runs.
 packages_test="git libgtest-dev libgmock-dev libbenchmark-dev clang libclang-rt-14-dev
   clang-format shellcheck debootstrap python3-openpyxl"
+# pandoc makes the manual's page.
+packages_package="git pandoc"
 # What bench/compare measures beside Tolvane.
 packages_compare="can-utils python3-can"
 

@@ -83,11 +83,11 @@ build_all() {
 }
 
 # Entries of ctest that are no unit tests.
-other_entries='^(floors|docs|scripts|window|fuzz)\.|^window_tests$|(^|/)Soak'
+other_entries='^(floors|docs|scripts|window|release|fuzz)\.|^window_tests$|(^|/)Soak'
 
 stage_checks() {
   configure_preset native || { count_failed "the preset native cannot be configured"; return; }
-  run_ctest checks native -R '^(floors|docs|scripts|window)\.'
+  run_ctest checks native -R '^(floors|docs|scripts|window|release)\.'
   count_command format check_format
   count_command shellcheck check_scripts
 }
