@@ -1,0 +1,138 @@
+"""Recordings of bus traffic in the candump log form, read line for line as the simulated adapters read
+them: simulator/candump_log.h tells the form, tests/simulator/candump_lines.inc holds the two together."""
+
+import re
+from typing import NamedTuple
+
+GOOD_LINE = "a line looks like \"(1502984866.421964) can0 123#0102\", as candump -L writes it"
+ERROR_FRAME = 0x2000_0000
+MAX_STANDARD, MAX_EXTENDED = 0x7FF, 0x1FFF_FFFF
+
+BLANKS = rb"[ \t][ \t\r]*"
+LINE = re.compile(
+    rb"\((?P<seconds>\d{1,12})(?:\.(?P<fraction>\d*))?\)" + BLANKS
+    + rb"[^ \t\r][^ \t]*" + BLANKS  # the channel
+    + rb"(?P<identifier>[0-9A-Fa-f]{3}|[0-9A-Fa-f]{8})#"
+    + rb"(?:(?P<remote>[Rr])(?P<remote_length>[0-8]?)"
+    + rb"|(?P<data>(?:[0-9A-Fa-f]{2}){0,8})(?:_(?P<length_code>[9A-Fa-f]))?)"
+    + rb"(?:" + BLANKS + rb"(?P<direction>[RT]))?")
+# What else people take for such a recording.
+FOREIGN_LINES = (
+    (re.compile(rb"(?:\([^)]*\)\s+)?[^\s#]+\s+[0-9A-Fa-f]{3,8}\s+\[\d+\]"),
+     "is candump's output for the screen"),
+    (re.compile(rb"\(\S+\)\s+\S+\s+[0-9A-Fa-f]+##"), "is a frame of the flexible data rate"),
+)
+
+
+class Refused(Exception):
+    """Why a recording is of no use, in one sentence."""
+
+
+class Frame(NamedTuple):
+    microseconds: int  # the line's own time, or in a Recording that since its first frame
+    identifier: int
+    extended: bool
+    data: bytes
+    kind: str          # "data", "remote", "error", or "sent" by the recorder itself
+    length: int        # 0 to 15; above 8 still means eight bytes
+    line: int = 0      # from 1
+
+
+class Recording(NamedTuple):
+    name: str
+    frames: list[Frame]   # their times never step back
+    bad_lines: int
+    first_bad_line: int
+    first_bad_text: bytes
+
+
+def parse_line(text: bytes) -> Frame | None:
+    match = LINE.fullmatch(text.strip(b" \t\r"))
+    if match is None:
+        return None
+    identifier = int(match["identifier"], 16)
+    extended = len(match["identifier"]) == 8
+    kind = "remote" if match["remote"] else "data"
+    if extended and identifier & ERROR_FRAME:
+        if match["remote"]:
+            return None
+        identifier -= ERROR_FRAME
+        kind = "error"
+    if identifier > (MAX_EXTENDED if extended else MAX_STANDARD):
+        return None
+    data = bytes.fromhex((match["data"] or b"").decode("ascii"))
+    length = int(match["remote_length"] or b"0") if match["remote"] else len(data)
+    if match["length_code"]:
+        if len(data) < 8:
+            return None
+        length = int(match["length_code"], 16)
+    if match["direction"] == b"T" and kind == "data":
+        kind = "sent"
+    fraction = (match["fraction"] or b"")[:6].ljust(6, b"0")
+    return Frame(int(match["seconds"] + fraction), identifier, extended and kind != "error", data, kind,
+                 length)
+
+
+def parse(name: str, text: bytes) -> Recording:
+    frames: list[Frame] = []
+    bad_lines, first_bad_line, first_bad_text = 0, 0, b""
+    origin = 0
+    for number, line in enumerate(text.split(b"\n"), 1):
+        frame = parse_line(line)
+        if frame is not None:
+            origin = origin if frames else frame.microseconds
+            last = frames[-1].microseconds if frames else 0
+            frames.append(frame._replace(microseconds=max(frame.microseconds - origin, last), line=number))
+        elif line.strip(b" \t\r"):
+            bad_lines += 1
+            if bad_lines == 1:
+                first_bad_line, first_bad_text = number, line
+    return Recording(name, frames, bad_lines, first_bad_line, first_bad_text)
+
+
+def read(path: str) -> Recording:
+    try:
+        with open(path, "rb") as file:
+            return parse(path, file.read())
+    except FileNotFoundError:
+        raise Refused(f"there is no recording {path}") from None
+    except IsADirectoryError:
+        raise Refused(f"{path} is a folder, and a recording is a file") from None
+    except OSError as error:
+        raise Refused(f"the recording {path} cannot be read: {error.strerror}") from None
+
+
+def what_is_wrong(text: bytes) -> str:
+    for form, reason in FOREIGN_LINES:
+        if form.match(text.strip()):
+            return reason
+    return "is no frame"
+
+
+def shown_frames(recording: Recording, ids: int) -> list[Frame]:
+    """The frames that every kind of adapter receives and that a run with identifiers of so many bits
+    shows. Never empty: a recording without any is refused."""
+    name = recording.name
+    if not recording.frames:
+        if recording.bad_lines == 0:
+            raise Refused(f"{name} is empty; {GOOD_LINE}")
+        raise Refused(f"{name}, line {recording.first_bad_line}: this {what_is_wrong(recording.first_bad_text)}"
+                      f", and no other line can be played; {GOOD_LINE}")
+    received = [frame for frame in recording.frames if frame.kind in ("data", "remote")]
+    line = recording.frames[0].line
+    if not received:
+        raise Refused(f"{name}, from line {line} on: only error frames and frames that the recorder itself "
+                      "sent, and not each adapter receives these; data frames are needed")
+    shown = [frame for frame in received if ids == 29 or not frame.extended]
+    if not shown:
+        raise Refused(f"{name}, from line {line} on: only identifiers of 29 bits, of which a run with 11 bits "
+                      "shows nothing; it needs --ids 29")
+    return shown
+
+
+def bad_lines_text(recording: Recording) -> str:
+    """For the end of a message; empty without any."""
+    if recording.bad_lines == 0:
+        return ""
+    lines = "1 bad line" if recording.bad_lines == 1 else f"{recording.bad_lines} bad lines"
+    return f"; {lines} left out, the first is line {recording.first_bad_line}"
