@@ -3,6 +3,7 @@
 #include <fstream>
 #include <iterator>
 #include <string>
+#include <system_error>
 #include <utility>
 
 #include "simulator/vehicle.h"
@@ -11,6 +12,8 @@ namespace tolvane::simulator {
 namespace {
 
 std::optional<std::string> ReadWholeFile(const std::filesystem::path& path) {
+  std::error_code missing;                                                // told by the opening
+  if (std::filesystem::is_directory(path, missing)) return std::nullopt;  // some systems open it
   std::ifstream file(path, std::ios::binary);
   if (!file) return std::nullopt;
   return std::string(std::istreambuf_iterator<char>(file), {});
@@ -18,6 +21,17 @@ std::optional<std::string> ReadWholeFile(const std::filesystem::path& path) {
 
 std::filesystem::path PathFrom(const std::filesystem::path& folder, std::string_view utf8) {
   return folder / std::filesystem::path(std::u8string(utf8.begin(), utf8.end()));
+}
+
+/// What the report tells of a recording.
+std::string Told(const CandumpLog& log) {
+  const std::string lead =
+      log.frames.empty() ? "error: recording holds nothing to play," : "recording";
+  std::string told = lead + " frames=" + std::to_string(log.frames.size()) +
+                     " refused_lines=" + std::to_string(log.refused_lines);
+  if (log.refused_lines > 0)
+    told += " first_refused_line=" + std::to_string(log.first_refused_line);
+  return told;
 }
 
 }  // namespace
@@ -59,14 +73,12 @@ std::unique_ptr<BusSource> Bench::NewSource() {
   return std::make_unique<Vehicle>(bus.load.seed, bus.load.format);
 }
 
-/// A recording that cannot be read is an empty one: a silent bus, told in the report.
+/// A recording that cannot be read is an empty one: a silent bus. The report tells both as errors.
 std::shared_ptr<const CandumpLog> Bench::Recording() {
   if (recording_ != nullptr) return recording_;
   const auto text = ReadWholeFile(PathFrom(folder_, config_.bus.log));
   auto log = ParseCandumpLog(text.value_or(""));
-  report_->Line(!text ? "recording cannot be read"
-                      : "recording frames=" + std::to_string(log.frames.size()) +
-                            " refused_lines=" + std::to_string(log.refused_lines));
+  report_->Line(text ? Told(log) : "error: recording cannot be read");
   recording_ = std::make_shared<const CandumpLog>(std::move(log));
   return recording_;
 }

@@ -108,14 +108,14 @@ bool ParseCandumpLine(std::string_view line, BusFrame& frame) {
 CandumpLog ParseCandumpLog(std::string_view text) {
   CandumpLog log;
   std::int64_t origin_us = 0;
-  while (!text.empty()) {
+  for (std::int64_t number = 1; !text.empty(); ++number) {
     const std::size_t end = std::min(text.find('\n'), text.size());
     const std::string_view line = Trim(text.substr(0, end));
     text.remove_prefix(std::min(end + 1, text.size()));
     if (line.empty()) continue;
     BusFrame frame;
     if (!ParseCandumpLine(line, frame)) {
-      ++log.refused_lines;
+      if (log.refused_lines++ == 0) log.first_refused_line = number;
       continue;
     }
     if (log.frames.empty()) origin_us = frame.time_us;

@@ -18,8 +18,9 @@ namespace tolvane::simulator {
 /// 20000000 added are an error frame. `data` is up to eight bytes; `dlc` (9 to F, behind eight
 /// bytes) is a length code above 8. "T" at the end marks a frame that the recorder itself sent.
 struct CandumpLog {
-  std::vector<BusFrame> frames;    // times from the first frame on, never stepping back
-  std::int64_t refused_lines = 0;  // neither a frame nor blank
+  std::vector<BusFrame> frames;         // times from the first frame on, never stepping back
+  std::int64_t refused_lines = 0;       // neither a frame nor blank
+  std::int64_t first_refused_line = 0;  // counted from 1; 0 without any
 };
 
 /// `frame.time_us` is the line's own time. False when the line is not a frame; `frame` is then

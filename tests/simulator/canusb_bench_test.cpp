@@ -176,7 +176,7 @@ TEST_F(CanusbBenchTest, TheReportTellsCallsInOrderAndTheCountsOfARun) {
             "canusbdrv load\n"
             "canusbdrv bench file line 9: nonsense: no such key in this section\n"
             "canusbdrv canusb_getFirstAdapter() = 1 \"T\\xE9\"\n"
-            "canusbdrv recording frames=3 refused_lines=1\n"
+            "canusbdrv recording frames=3 refused_lines=1 first_refused_line=4\n"
             "canusbdrv canusb_Open(\"T\\xE9\", \"250\", 0, -1, 1) = 1\n"
             "canusbdrv canusb_VersionInfo(1) = 1 \"V1\"\n"
             "canusbdrv canusb_Close(1) = 1\n"
@@ -217,7 +217,24 @@ TEST_F(CanusbBenchTest, AMissingRecordingIsASilentBus) {
   bench_.Advance(60'000'000);
   CanusbMessage message{};
   EXPECT_EQ(library_->canusb_Read(handle, message), -7);
-  EXPECT_NE(bench_.ReportText().find("recording cannot be read"), std::string::npos);
+  EXPECT_NE(bench_.ReportText().find("canusbdrv error: recording cannot be read\n"),
+            std::string::npos);
+}
+
+TEST_F(CanusbBenchTest, AFolderForARecordingCannotBeRead) {
+  Plug("[bus]\nsource=log\nlog=.\n[canusb 1]\nserial=TV1\n");
+  EXPECT_GT(Open("TV1"), 0);
+  EXPECT_NE(bench_.ReportText().find("canusbdrv error: recording cannot be read\n"),
+            std::string::npos);
+}
+
+TEST_F(CanusbBenchTest, ARecordingWithoutAnyFrameIsAnErrorInTheReport) {
+  Plug("[bus]\nsource=log\nlog=bus.log\n[canusb 1]\nserial=TV1\n",
+       "\n  can0  123   [1]  01\nbad\n");
+  EXPECT_GT(Open("TV1"), 0) << "the adapter is there, its bus is silent";
+  EXPECT_NE(bench_.ReportText().find("canusbdrv error: recording holds nothing to play, frames=0 "
+                                     "refused_lines=2 first_refused_line=2\n"),
+            std::string::npos);
 }
 
 }  // namespace
