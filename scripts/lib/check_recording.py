@@ -25,10 +25,13 @@ def main() -> int:
     options.add_argument("recording")
     options.add_argument("--ids", choices=("11", "29", "both"), default="both",
                          help="bits of the run's identifiers")
+    options.add_argument("--comparable", action="store_true",
+                         help="refuses also what page and logs cannot be compared with")
     given = options.parse_args()
     try:
         recording = rec.read(given.recording)
-        rec.shown_frames(recording, 11 if given.ids == "11" else 29)
+        ids = 11 if given.ids == "11" else 29
+        (rec.comparable_frames if given.comparable else rec.shown_frames)(recording, ids)
     except rec.Refused as refused:
         print(f"error: {refused}", file=sys.stderr)
         return 1

@@ -22,6 +22,9 @@ FOREIGN_LINES = (
      "is candump's output for the screen"),
     (re.compile(rb"\(\S+\)\s+\S+\s+[0-9A-Fa-f]+##"), "is a frame of the flexible data rate"),
 )
+# What a frame that cannot be compared is called.
+NAMES = {"data": "a frame with a length code above 8", "remote": "a remote frame", "error": "an error frame",
+         "sent": "a frame that the recorder itself sent"}
 
 
 class Refused(Exception):
@@ -128,6 +131,17 @@ def shown_frames(recording: Recording, ids: int) -> list[Frame]:
         raise Refused(f"{name}, from line {line} on: only identifiers of 29 bits, of which a run with 11 bits "
                       "shows nothing; it needs --ids 29")
     return shown
+
+
+def comparable_frames(recording: Recording, ids: int) -> list[Frame]:
+    """All frames, when page and logs of a run can be compared with them: what an adapter makes of others
+    than plain data frames is its own affair."""
+    shown_frames(recording, ids)
+    for frame in recording.frames:
+        if frame.kind != "data" or frame.length > 8:
+            raise Refused(f"{recording.name}, line {frame.line}: this is {NAMES[frame.kind]}, and only data "
+                          "frames of up to eight bytes can be compared")
+    return recording.frames
 
 
 def bad_lines_text(recording: Recording) -> str:

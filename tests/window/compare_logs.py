@@ -1,19 +1,22 @@
 #!/usr/bin/env python3
 """Compares the logs of a replay with the recording: every frame once, in order, with its time."""
 
-import os
+import argparse
 import pathlib
 import re
 import sys
 from collections.abc import Iterator
 
-import compare_replay as replay
-import recording as rec
+import played
+from played import rec
+from time_line import TimeLine
 
-SKIPPED = 77
-DEBIANS_PYTHON = "/usr/bin/python3"  # the one that python3-openpyxl belongs to
+import debians_python
+
 RECORDS_PER_FILE = 20001
 HEAD_LINES = 8
+LONE_FRAME = 1_000_000  # µs
+MOST_TIMES = 1_000_000
 TITLES = ("経過時間 [ms]", "EX", "CAN ID", "DLC", "D1", "D2", "D3", "D4", "D5", "D6", "D7", "D8")
 # What the logs say of the bench's adapters.
 HARDWARE = {
@@ -49,16 +52,19 @@ def identifier_text(identifier: int, ids: int) -> str:
 
 
 def pass_length(frames: list[rec.Frame]) -> int:
-    """From one beginning of the recording to the next, in µs: its length and one mean distance."""
+    """From one beginning of the recording to the next, in µs: its length and one mean distance. A single
+    frame comes once a second."""
+    if len(frames) == 1:
+        return LONE_FRAME
     span = frames[-1].microseconds
     return span + max(span // (len(frames) - 1), 1)
 
 
-def expected_records(frames: list[rec.Frame], times: int, time_line: rec.TimeLine,
+def expected_records(frames: list[rec.Frame], times: int, time_line: TimeLine,
                      ids: int) -> Iterator[Record]:
     for repetition in range(times):
         began = repetition * pass_length(frames)
-        for frame in frames:
+        for frame in played.accepted(frames, ids):
             time = time_line.add(began + frame.microseconds)
             yield (str(time), "*" if frame.extended else "", identifier_text(frame.identifier, ids),
                    str(len(frame.data)), *(f"{byte:02X}" for byte in frame.data))
@@ -106,7 +112,7 @@ class CsvLogs:
             yield f"the head is {found}, not {expected}"
 
     def faults(self, path: pathlib.Path, place: int, records: list[Record]) -> Iterator[str]:
-        lines = path.read_bytes().decode("cp932").split("\r\n")
+        lines = path.read_bytes().decode("cp932", errors="replace").split("\r\n")
         expected = self.lines(place, records)
         if len(lines) <= HEAD_LINES or lines[-1] != "" or "\n" in "".join(lines):
             yield f"{path.name}: its lines are not those of a log"
@@ -154,7 +160,11 @@ def sheet_head_faults(sheet, adapter: str, ids: int) -> Iterator[str]:
 def xlsx_faults(path: pathlib.Path, expected: list[Record], adapter: str, ids: int) -> Iterator[str]:
     import openpyxl
 
-    sheet = openpyxl.load_workbook(path).active
+    try:
+        sheet = openpyxl.load_workbook(path).active
+    except Exception as error:  # whatever a damaged file makes of the reader
+        yield f"{path.name}: cannot be read as a workbook: {error}"
+        return
     yield from (f"{path.name}: {fault}" for fault in sheet_head_faults(sheet, adapter, ids))
     found = [tuple(cell or "" for cell in row) for row in
              sheet.iter_rows(min_row=FIRST_ROW, max_row=LAST_ROW, max_col=12, values_only=True)]
@@ -187,32 +197,26 @@ def logs_of(folder: pathlib.Path) -> list[pathlib.Path]:
                   if re.fullmatch(r"KL\d{8}-\d{3}\.(csv|xlsx)", path.name))
 
 
-def change_to_a_python_with_openpyxl() -> None:
-    try:
-        import openpyxl  # noqa: F401
-    except ImportError:
-        if sys.executable == DEBIANS_PYTHON or not os.path.exists(DEBIANS_PYTHON):
-            print("skipped: python3-openpyxl is not installed")
-            sys.exit(SKIPPED)
-        sys.stdout.flush()
-        os.execv(DEBIANS_PYTHON, [DEBIANS_PYTHON, "-B", *sys.argv])
-
-
-def main() -> int:
-    options = replay.run_options(__doc__)
-    options.add_argument("folder", help="holds the logs of one run, .csv or .xlsx")
-    options.add_argument("--times", type=int, default=1, help="how often the recording was played over")
-    given = options.parse_args()
+def compare(recording: rec.Recording, given: argparse.Namespace) -> int:
     logs = logs_of(pathlib.Path(given.folder))
-    if any(path.suffix == ".xlsx" for path in logs):
-        change_to_a_python_with_openpyxl()
-    time_line = rec.TimeLine(rec.CLOCKS[given.adapter], given.clock_start)
-    expected = list(expected_records(rec.read_file(given.recording), given.times, time_line, given.ids))
+    if any(path.suffix == ".xlsx" for path in logs) and not debians_python.has("openpyxl"):
+        raise rec.Refused("workbooks are read with openpyxl, which is not installed")
+    expected = list(expected_records(recording.frames, given.times, played.time_line(given), given.ids))
     found = list(faults(logs, expected, given.adapter, given.ids))
     for fault in found[:20]:
         print(fault)
-    print(f"{len(expected)} frames sent, {len(logs)} log files compared, {len(found)} faults")
+    print(f"{len(expected)} frames sent, {len(logs)} log files compared, {len(found)} faults"
+          f"{rec.bad_lines_text(recording)}")
     return 1 if found else 0
+
+
+def main() -> int:
+    options = played.options(__doc__)
+    options.add_argument("folder", help="holds the logs of one run, .csv or .xlsx")
+    options.add_argument("--times", type=played.whole_number(1, MOST_TIMES), default=1,
+                         help="how often the recording was played over (1)")
+    given = options.parse_args()
+    return played.compare(lambda recording: compare(recording, given), given)
 
 
 if __name__ == "__main__":

@@ -2,12 +2,14 @@
 """Tests of compare_logs: the records are the stated ones, and logs that differ are found."""
 
 import pathlib
+import sys
 import tempfile
 import unittest
 import unittest.mock
 
 import compare_logs as logs
-import recording as rec
+from played import rec
+from time_line import CLOCKS, TimeLine
 
 RECORDING = ["(5.000000) can0 00F#", "(5.010900) can0 7FF#0102030405060708", "(5.020000) can0 1A0#0A"]
 LINES = ["         0 , 00F , 0\r\n", "        10 , 7FF , 8 ,  01,02,03,04,05,06,07,08\r\n",
@@ -24,8 +26,9 @@ HEAD = head()
 
 
 def records(times: int = 1, clock_start: int = 0, recording=RECORDING, ids: int = 11) -> list[logs.Record]:
-    time_line = rec.TimeLine(rec.CLOCKS["canusb"], clock_start)
-    return list(logs.expected_records(rec.read_frames(recording), times, time_line, ids))
+    time_line = TimeLine(CLOCKS["canusb"], clock_start)
+    frames = rec.parse("", "\n".join(recording).encode()).frames
+    return list(logs.expected_records(frames, times, time_line, ids))
 
 
 def faults(*files: str, expected: list[logs.Record] | None = None, adapter: str = "canusb",
@@ -44,6 +47,16 @@ class Records(unittest.TestCase):
     def test_the_time_line_jumps_once_by_the_first_stamp(self):
         times = [record[0] for record in records(2, clock_start=59985)]
         self.assertEqual(["0", "10", "20", "60015", "60025", "60035"], times)
+
+    def test_a_single_frame_comes_once_a_second(self):
+        found = records(3, recording=["(5.000000) can0 00F#"])
+        self.assertEqual(["0", "1000", "2000"], [record[0] for record in found])
+
+    def test_with_11_bits_extended_frames_are_dropped_and_their_times_too(self):
+        mixed = ["(5.000000) can0 00000123#", "(5.010000) can0 00F#", "(5.020000) can0 000000FF#",
+                 "(5.030000) can0 010#"]
+        self.assertEqual([("0", "00F"), ("20", "010"), ("40", "00F"), ("60", "010")],
+                         [(record[0], record[2]) for record in records(2, recording=mixed)])
 
 
 class WideRecords(unittest.TestCase):
@@ -98,6 +111,19 @@ class Faults(unittest.TestCase):
         self.assertEqual([], faults(head("kvaser") + text, adapter="kvaser"))
         self.assertEqual(1, len(faults(head(date="today") + text)))
         self.assertEqual([], faults(head(date="2026/1/2") + text), "midnight has no time")
+
+    def test_bytes_that_are_no_text_are_found(self):
+        with tempfile.TemporaryDirectory() as folder:
+            path = pathlib.Path(folder) / "KL26010203-001.csv"
+            path.write_bytes(bytes(range(256)) * 8)
+            self.assertNotEqual([], list(logs.faults([path], records())))
+
+    def test_a_workbook_that_cannot_be_read_is_found(self):
+        reader = unittest.mock.Mock()
+        reader.load_workbook.side_effect = KeyError("no sheet")
+        with unittest.mock.patch.dict(sys.modules, openpyxl=reader):
+            found = list(logs.faults([pathlib.Path("KL26010203-001.xlsx")], records()))
+        self.assertEqual(["KL26010203-001.xlsx: cannot be read as a workbook: 'no sheet'"], found)
 
 
 if __name__ == "__main__":

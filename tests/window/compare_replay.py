@@ -7,10 +7,13 @@ Interface board keeps the cycle that an earlier tick saw, which may be any of th
 """
 
 import argparse
+import pathlib
 import sys
 from typing import NamedTuple
 
-import recording as rec
+import played
+from played import rec
+from time_line import TimeLine
 
 HEADERS = {
     11: "ID  DLC  D1 D2 D3 D4 D5 D6 D7 D8",
@@ -27,7 +30,7 @@ class Seen(NamedTuple):
     cycles: frozenset[int]  # all above 0 ms
 
 
-def last_of_each(frames: list[rec.Frame], time_line: rec.TimeLine) -> dict[Key, Seen]:
+def last_of_each(frames: list[rec.Frame], time_line: TimeLine) -> dict[Key, Seen]:
     """What the last two frames of each identifier say."""
     table: dict[Key, Seen] = {}
     for frame in frames:
@@ -76,30 +79,31 @@ def differences(expected: list[list[str]], page: list[str]) -> list[str]:
     return found
 
 
-def run_options(description: str) -> argparse.ArgumentParser:
-    """What says how the recording was played."""
-    options = argparse.ArgumentParser(description=description)
-    options.add_argument("recording")
-    options.add_argument("--ids", type=int, choices=(11, 29), default=11, help="bits of the run's identifiers")
-    options.add_argument("--adapter", choices=rec.CLOCKS, default="canusb")
-    options.add_argument("--clock-start", type=int, default=0,
-                         help="where the adapter's clock stood at first, in its own ticks")
-    return options
+def read_page(path: str) -> list[str]:
+    try:
+        return pathlib.Path(path).read_text(encoding="utf-8").splitlines()
+    except UnicodeDecodeError:
+        raise rec.Refused(f"{path} is no page's text, which would be UTF-8") from None
+
+
+def compare(recording: rec.Recording, given: argparse.Namespace) -> int:
+    table = last_of_each(played.accepted(recording.frames, given.ids), played.time_line(given))
+    expected = expected_page(table, given.ids, given.adapter)
+    if len(expected) == 1:
+        raise rec.Refused(f"{recording.name} has identifier 0 alone, which a run with 11 bits never shows; "
+                          "it needs --ids 29")
+    found = differences(expected, read_page(given.page))
+    for difference in found[:20]:
+        print(difference)
+    print(f"{len(expected)} lines compared, {len(found)} differ{rec.bad_lines_text(recording)}")
+    return 1 if found else 0
 
 
 def main() -> int:
-    options = run_options(__doc__.splitlines()[0])
+    options = played.options(__doc__.splitlines()[0])
     options.add_argument("page", help="the page's text, UTF-8")
     given = options.parse_args()
-    time_line = rec.TimeLine(rec.CLOCKS[given.adapter], given.clock_start)
-    table = last_of_each(rec.read_file(given.recording), time_line)
-    expected = expected_page(table, given.ids, given.adapter)
-    with open(given.page, encoding="utf-8") as file:
-        found = differences(expected, file.read().splitlines())
-    for difference in found[:20]:
-        print(difference)
-    print(f"{len(expected)} lines compared, {len(found)} differ")
-    return 1 if found else 0
+    return played.compare(lambda recording: compare(recording, given), given)
 
 
 if __name__ == "__main__":

@@ -4,12 +4,15 @@
 import unittest
 
 import compare_replay as replay
-import recording as rec
+import played
+from played import rec
+from time_line import CLOCKS, TimeLine
 
 
 def choices(*frames: str, clock_start: int = 0, ids: int = 11, adapter: str = "canusb") -> list[list[str]]:
-    time_line = rec.TimeLine(rec.CLOCKS[adapter], clock_start)
-    table = replay.last_of_each(rec.read_frames(list(frames)), time_line)
+    time_line = TimeLine(CLOCKS[adapter], clock_start)
+    recording = rec.parse("", "\n".join(frames).encode())
+    table = replay.last_of_each(played.accepted(recording.frames, ids), time_line)
     return replay.expected_page(table, ids, adapter)[1:]
 
 
@@ -52,6 +55,10 @@ class Page(unittest.TestCase):
 
     def test_identifier_0_has_no_line(self):
         self.assertEqual([], page("(1.000000) can0 000#"))
+
+    def test_extended_frames_have_no_line_and_their_times_do_not_count(self):
+        self.assertEqual(["123  0  " + " " * 24 + "   ----ms"],
+                         page("(1.000000) can0 00000123#01", "(1.500000) can0 123#"))
 
 
 class WidePage(unittest.TestCase):

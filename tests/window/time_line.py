@@ -1,21 +1,10 @@
-"""Recordings of bus traffic, and what a run makes of their times.
+"""What a run makes of the times of a recording.
 
 A frame's time in a log and the cycles of the page lie on the run's time line, which is summed up from
 the stamps of the adapter's clock.
 """
 
-import re
 from typing import NamedTuple
-
-LINE = re.compile(r"\((\d+)\.(\d{6})\) \S+ ([0-9A-F]{3}|[0-9A-F]{8})#((?:[0-9A-F]{2}){0,8})$")
-EXTENDED_DIGITS = 8
-
-
-class Frame(NamedTuple):
-    microseconds: int  # since the recording's first frame
-    identifier: int
-    extended: bool
-    data: bytes
 
 
 class Clock(NamedTuple):
@@ -60,22 +49,3 @@ class TimeLine:
             self.origin = 0
         self.last = elapsed
         return self.time
-
-
-def read_frames(lines: list[str]) -> list[Frame]:
-    frames: list[Frame] = []
-    first = None
-    for number, line in enumerate(lines, 1):
-        match = LINE.match(line.strip())
-        if not match:
-            raise ValueError(f"line {number} is no data frame: {line.strip()}")
-        microseconds = int(match[1]) * 1_000_000 + int(match[2])
-        first = microseconds if first is None else first
-        frames.append(Frame(microseconds - first, int(match[3], 16),
-                            len(match[3]) == EXTENDED_DIGITS, bytes.fromhex(match[4])))
-    return frames
-
-
-def read_file(path: str) -> list[Frame]:
-    with open(path, encoding="ascii") as file:
-        return read_frames(file.readlines())

@@ -1,0 +1,17 @@
+"""Modules from Debian's packages, which belong to Debian's own Python; another may stand before it in PATH."""
+
+import importlib.util
+import os
+import sys
+
+DEBIANS_PYTHON = "/usr/bin/python3"
+
+
+def has(module: str) -> bool:
+    """Whether the module is there. Starts the script over with Debian's Python when this one lacks it."""
+    if importlib.util.find_spec(module) is not None:
+        return True
+    if sys.executable == DEBIANS_PYTHON or not os.path.exists(DEBIANS_PYTHON):
+        return False
+    sys.stdout.flush()
+    os.execv(DEBIANS_PYTHON, [DEBIANS_PYTHON, "-B", *sys.argv])
