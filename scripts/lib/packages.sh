@@ -7,9 +7,10 @@ packages_build="cmake ninja-build g++-mingw-w64-x86-64-posix g++-mingw-w64-i686-
   binutils-mingw-w64 g++ python3"
 packages_run="wine wine64 fonts-wine xvfb fonts-ipafont-gothic imagemagick locales"
 # libgtest-dev brings GoogleTest's source, which is compiled for Windows here; libclang-rt holds
-# libFuzzer; openpyxl reads the workbooks; debootstrap makes the root in which the 32-bit program runs.
+# libFuzzer; openpyxl and xlrd read the workbooks; debootstrap makes the root in which the 32-bit
+# program runs.
 packages_test="git libgtest-dev libgmock-dev libbenchmark-dev clang libclang-rt-14-dev
-  clang-format shellcheck debootstrap python3-openpyxl"
+  clang-format shellcheck debootstrap python3-openpyxl python3-xlrd"
 # pandoc makes the manual's page.
 packages_package="git pandoc"
 # What bench/compare measures beside Tolvane.

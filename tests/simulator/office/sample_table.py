@@ -16,6 +16,11 @@ def record(row):
         f"{(row * 31 + column) % 256:02X}" for column in range(4, 12)]
 
 
+def place(name):
+    """Row and column, from 1, of a cell such as "H1"."""
+    return int(name[1:]), "ABCDEFGHIJKL".index(name[0]) + 1
+
+
 def text(row, column, filled):
     """The text of a cell of the sheet, both from 1; "" for an empty one."""
     name = "ABCDEFGHIJKL"[column - 1] + str(row)
