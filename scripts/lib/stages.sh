@@ -3,6 +3,9 @@
 # shellcheck shell=bash
 : "${build:?common.sh comes first}" "${root:?}"
 
+# shellcheck source=stage_recordings.sh
+source "$root/scripts/lib/stage_recordings.sh"
+
 passed=0 failed=0 skipped=0
 results=$build/test-results
 
@@ -22,9 +25,6 @@ count_skipped() {
   say "skipped: $*"
   skipped=$((skipped + 1))
 }
-
-# Seconds after which a script that plays a recording is stuck; one takes half a minute to two.
-stuck=600
 
 # count_command NAME COMMAND ARGS: one test that passes when the command does, and is skipped when it
 # ends with 77.
@@ -83,11 +83,11 @@ build_all() {
 }
 
 # Entries of ctest that are no unit tests.
-other_entries='^(floors|docs|scripts|window|release|fuzz)\.|^window_tests$|(^|/)Soak'
+other_entries='^(floors|docs|scripts|traffic|window|release|fuzz)\.|^window_tests$|(^|/)Soak'
 
 stage_checks() {
   configure_preset native || { count_failed "the preset native cannot be configured"; return; }
-  run_ctest checks native -R '^(floors|docs|scripts|window|release)\.'
+  run_ctest checks native -R '^(floors|docs|scripts|traffic|window|release)\.'
   count_command format check_format
   count_command shellcheck check_scripts
 }
@@ -144,27 +144,6 @@ keep_pictures() {
     [ -e "$picture" ] || continue
     convert "$picture" "${picture%.bmp}.png" && rm "$picture"
   done
-}
-
-# A recording of 29-bit frames.
-boat=$root/../shared/data/boat-29bit.log
-
-stage_replay() {
-  count_command replay timeout "$stuck" "$root/scripts/replay-check"
-  # The adapter's clock wraps on the way.
-  count_command replay-wrap timeout "$stuck" "$root/scripts/replay-check" --clock-start 55000
-  count_command replay-29 timeout "$stuck" "$root/scripts/replay-check" "$boat" --ids 29 \
-    --adapter kvaser
-}
-
-stage_logs() {
-  # All roll over, and the adapter's clock wraps on the way.
-  count_command log-csv timeout "$stuck" "$root/scripts/log-check" --times 2 --clock-start 50000
-  count_command log-xlsx timeout "$stuck" "$root/scripts/log-check" --times 2 --clock-start 50000 \
-    --format xlsx
-  # Three files: what the second one's identifiers lose comes in the third.
-  count_command log-29 timeout "$stuck" "$root/scripts/log-check" "$boat" --ids 29 \
-    --adapter interface --times 17 --speed 20 --clock-start 300000000
 }
 
 # The two longest window tests, whose subject is the same at any bitness, are left to the 64-bit program.
