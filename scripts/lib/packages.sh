@@ -6,11 +6,12 @@
 packages_build="cmake ninja-build g++-mingw-w64-x86-64-posix g++-mingw-w64-i686-posix
   binutils-mingw-w64 g++ python3"
 packages_run="wine wine64 fonts-wine xvfb fonts-ipafont-gothic imagemagick locales"
+# Readers of workbooks, .xlsx and .xls.
+packages_books="python3-openpyxl python3-xlrd"
 # libgtest-dev brings GoogleTest's source, which is compiled for Windows here; libclang-rt holds
-# libFuzzer; openpyxl and xlrd read the workbooks; debootstrap makes the root in which the 32-bit
-# program runs.
+# libFuzzer; debootstrap makes the root in which the 32-bit program runs.
 packages_test="git libgtest-dev libgmock-dev libbenchmark-dev clang libclang-rt-14-dev
-  clang-format shellcheck debootstrap python3-openpyxl python3-xlrd"
+  clang-format shellcheck debootstrap $packages_books"
 # pandoc makes the manual's page.
 packages_package="git pandoc"
 # What bench/compare measures beside Tolvane.

@@ -5,19 +5,13 @@
 # own_recording NAME: the path of the recording car, boat or both, as its generator makes it now. Needs
 # python3. An equal one stays untouched, and a new one takes its place at one stroke: another run may
 # be playing it.
-own_recording() {
-  local file=$build/recordings/$1.log new
-  mkdir -p "$build/recordings"
-  new=$(mktemp "$file.XXXXXX") || fail "no recording can be made in $build/recordings"
-  if ! python3 -B "$root/tests/traffic/generate.py" "$1" >"$new"; then
-    rm -f "$new"
-    fail "the recording $1 cannot be made"
-  fi
-  if cmp -s "$new" "$file"; then
-    rm "$new"
-  else
-    chmod 644 "$new"
-    mv "$new" "$file"
-  fi
+own_recording() (
+  file=$build/recordings/$1.log
+  mkdir -p "$build/recordings" || fail "the folder $build/recordings cannot be made"
+  new=$(mktemp "$file.XXXXXX") || fail "no file can be made in $build/recordings"
+  trap 'rm -f "$new"' EXIT
+  python3 -B "$root/tests/traffic/generate.py" "$1" >"$new" || fail "the recording $1 cannot be made"
+  chmod 644 "$new"
+  cmp -s "$new" "$file" || mv "$new" "$file"
   printf '%s\n' "$file"
-}
+)
