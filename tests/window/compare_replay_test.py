@@ -12,7 +12,7 @@ from time_line import CLOCKS, TimeLine
 def choices(*frames: str, clock_start: int = 0, ids: int = 11, adapter: str = "canusb") -> list[list[str]]:
     time_line = TimeLine(CLOCKS[adapter], clock_start)
     recording = rec.parse("", "\n".join(frames).encode())
-    table = replay.last_of_each(played.accepted(recording.frames, ids), time_line)
+    table = replay.last_of_each(played.accepted(recording.frames, ids), time_line, ids)
     return replay.expected_page(table, ids, adapter)[1:]
 
 
@@ -71,6 +71,13 @@ class WidePage(unittest.TestCase):
 
     def test_identifier_0_has_a_line(self):
         self.assertEqual(1, len(page("(1.000000) can0 00000000#", ids=29)))
+
+    def test_standard_frames_of_identifier_0_write_over_the_first_line_that_came(self):
+        frames = ["(1.000000) can0 000#00", "(1.010000) can0 124#01", "(1.020000) can0 123#02",
+                  "(1.050000) can0 000#03"]
+        self.assertEqual(["  00000123  1   02" + " " * 21 + "   ----ms",
+                          "  00000124  1   03" + " " * 21 + "   40ms"], page(*frames, ids=29))
+        self.assertEqual([], page(frames[0], ids=29))
 
 
 class Clocks(unittest.TestCase):

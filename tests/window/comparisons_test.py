@@ -87,7 +87,7 @@ class Comparison(unittest.TestCase):
     def test_a_page_of_nothing_but_its_header_is_no_success(self):
         self.write(FRAME.replace("1A0", "000"))
         self.page.write_text(replay.HEADERS[11] + "\n", encoding="utf-8")
-        self.refused(f"{self.recording} has identifier 0 alone", "compare_replay.py", str(self.recording),
+        self.refused(f"{self.recording} has frames of identifier 0 alone", "compare_replay.py", str(self.recording),
                      str(self.page))
 
     def test_a_missing_page_or_folder_is_refused(self):
