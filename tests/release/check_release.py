@@ -6,7 +6,7 @@ usage: check_release.py ROOT WORK [ARCH]
 Clones the commit of the checkout ROOT twice below WORK, into folders of different names, one with a blank,
 and packages it in both, the second time for ARCH alone if one is named, which takes a minute less. The
 surroundings differ: zone, language, mask, compiler flags of the caller, and the time. What comes out
-must not.
+must not. The two releases stay in WORK/first and WORK/second.
 """
 
 import hashlib
@@ -158,18 +158,19 @@ def git(folder: pathlib.Path, *arguments: str) -> str:
                           stdout=subprocess.PIPE).stdout.strip()
 
 
-def package(root: pathlib.Path, place: pathlib.Path, commit: str, archs: list[str], mask: int,
-            **surroundings: str) -> Files:
-    """The release that a clone of the commit makes; the clone does not stay."""
+def package(root: pathlib.Path, place: pathlib.Path, target: pathlib.Path, commit: str,
+            archs: list[str], mask: int, **surroundings: str) -> Files:
+    """The release that a clone of the commit makes, moved to `target`; the clone does not stay."""
     shutil.rmtree(place, ignore_errors=True)
     place.parent.mkdir(parents=True, exist_ok=True)
     subprocess.run(["git", "clone", "--quiet", "--no-checkout", str(root), str(place)], check=True)
     git(place, "checkout", "--quiet", "--detach", commit)
     subprocess.run([str(place / "scripts" / "package"), *archs], check=True,
                    env=os.environ | surroundings, preexec_fn=lambda: os.umask(mask))
-    release = read_folder(place / "build" / "release")
+    shutil.rmtree(target, ignore_errors=True)
+    (place / "build" / "release").rename(target)
     shutil.rmtree(place)
-    return release
+    return read_folder(target)
 
 
 def main(root: pathlib.Path, work: pathlib.Path, arch: str | None) -> int:
@@ -178,9 +179,10 @@ def main(root: pathlib.Path, work: pathlib.Path, arch: str | None) -> int:
         print("the changes in this checkout that are in no commit are not part of what is checked")
     places = work / "one place", work / "quite-another" / "place"
     source = (root / "docs" / "manual.ja.md").read_text(encoding="utf-8")
-    first = package(root, places[0], commit, [], 0o077, TZ="Asia/Tokyo", LC_ALL="ja_JP.UTF-8")
-    second = package(root, places[1], commit, [arch] if arch else [], 0o002,
-                     TZ="America/New_York", LC_ALL="C", CXXFLAGS="-O1", CMAKE_BUILD_PARALLEL_LEVEL="3")
+    first = package(root, places[0], work / "first", commit, [], 0o077, TZ="Asia/Tokyo",
+                    LC_ALL="ja_JP.UTF-8")
+    second = package(root, places[1], work / "second", commit, [arch] if arch else [], 0o002,
+                     TZ="America/New_York", LC_ALL="C", CXXFLAGS="-O1")
     problems = check_release(first, list(MACHINES), commit, source)
     problems += check_release(second, [arch] if arch else list(MACHINES), commit, source)
     problems += compare(first, second, whole=arch is None)
