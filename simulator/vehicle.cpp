@@ -84,19 +84,26 @@ std::uint32_t ExtendedId(std::uint32_t id) { return 0x18000021 | id << 12; }
 std::vector<Vehicle::Message> Vehicle::Messages() { return {kMessages.begin(), kMessages.end()}; }
 
 Vehicle::Vehicle(std::uint64_t seed, IdFormat format) : random_(seed) {
-  senders_.reserve(kMessages.size());
-  for (const Message& message : kMessages) {
-    Sender sender{.message = message};
-    sender.extended =
-        format == IdFormat::kExtended || (format == IdFormat::kBoth && senders_.size() % 3 == 2);
-    sender.bus_id = sender.extended ? ExtendedId(message.id) : message.id;
-    sender.nominal_us = random_.Between(0, std::int64_t{message.period_ms} * 1000 - 1);
-    sender.due_us = sender.nominal_us;
-    sender.drift = static_cast<std::uint16_t>(random_.Next());
-    sender.slow = static_cast<std::uint8_t>(random_.Next());
-    sender.bits = static_cast<std::uint8_t>(random_.Next());
-    senders_.push_back(sender);
+  senders_.reserve(2 * kMessages.size());
+  for (std::size_t i = 0; i < kMessages.size(); ++i) {
+    const Message& message = kMessages[i];
+    if (format == IdFormat::kExtended) {
+      AddSender(message, ExtendedId(message.id), true);
+      continue;
+    }
+    AddSender(message, message.id, false);
+    if (format == IdFormat::kBoth && i % 3 == 2) AddSender(message, message.id, true);
   }
+}
+
+void Vehicle::AddSender(const Message& message, std::uint32_t bus_id, bool extended) {
+  Sender sender{.message = message, .bus_id = bus_id, .extended = extended};
+  sender.nominal_us = random_.Between(0, std::int64_t{message.period_ms} * 1000 - 1);
+  sender.due_us = sender.nominal_us;
+  sender.drift = static_cast<std::uint16_t>(random_.Next());
+  sender.slow = static_cast<std::uint8_t>(random_.Next());
+  sender.bits = static_cast<std::uint8_t>(random_.Next());
+  senders_.push_back(sender);
 }
 
 bool Vehicle::Next(BusFrame& frame) {
@@ -114,7 +121,8 @@ bool Vehicle::Next(BusFrame& frame) {
   return true;
 }
 
-/// Of those who wait when the bus is free, the lowest identifier wins.
+/// Of those who wait when the bus is free, the lowest identifier wins, and of one number in both
+/// formats the standard frame, which stands first.
 Vehicle::Sender& Vehicle::Winner(std::int64_t bus_us) {
   const auto earlier = [bus_us](const Sender& sender) { return sender.due_us <= bus_us; };
   const auto winner = std::ranges::min_element(senders_, [&](const Sender& a, const Sender& b) {

@@ -37,8 +37,8 @@ class Vehicle : public BusSource {
   static constexpr std::int64_t kSendingUs = 5'000'000;
   static constexpr std::int64_t kSilentUs = 3'000'000;
 
-  /// In the extended format identifier 123 becomes 18123021; with both, every third message is
-  /// extended.
+  /// In the extended format identifier 123 becomes 18123021. With both, all messages are standard,
+  /// and every third one has a twin: extended frames of the same number, with values of their own.
   Vehicle(std::uint64_t seed, IdFormat format);
 
   bool Next(BusFrame& frame) override;
@@ -58,6 +58,7 @@ class Vehicle : public BusSource {
     std::uint8_t bits = 0;
   };
 
+  void AddSender(const Message& message, std::uint32_t bus_id, bool extended);
   Sender& Winner(std::int64_t bus_us);
   void FillData(Sender& sender, BusFrame& frame);
   void PlanNext(Sender& sender);

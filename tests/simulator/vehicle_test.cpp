@@ -152,15 +152,28 @@ TEST(Vehicle, ExtendedIdentifiersCarryTheStandardOne) {
   EXPECT_TRUE(ids.contains(0x18025021));
 }
 
-TEST(Vehicle, BothFormatsAreMixed) {
+TEST(Vehicle, WithBothFormatsEveryThirdNumberIsOnTheBusInBoth) {
   Vehicle vehicle(1, IdFormat::kBoth);
   std::set<std::uint32_t> standard;
   std::set<std::uint32_t> extended;
   for (const BusFrame& frame : Take(vehicle, 5'000)) {
     (frame.extended ? extended : standard).insert(frame.id);
   }
-  EXPECT_EQ(standard.size(), 40u);
+  EXPECT_EQ(standard.size(), 60u);
   EXPECT_EQ(extended.size(), 20u);
+  EXPECT_TRUE(std::ranges::includes(standard, extended));
+}
+
+TEST(Vehicle, TheTwinsOfBothFormatsKeepToTheBusAndToTheirCycle) {
+  Vehicle vehicle(1, IdFormat::kBoth);
+  const auto frames = Take(vehicle, 1'000'000, kTwentySeconds);
+  std::int64_t twins = 0;
+  for (std::size_t i = 1; i < frames.size(); ++i) {
+    const std::int64_t distance = frames[i].time_us - frames[i - 1].time_us;
+    ASSERT_GE(distance, 2 * FrameBits(frames[i].extended, frames[i].dlc)) << "two at once, " << i;
+    twins += frames[i].extended && frames[i].id == 0x0B0 ? 1 : 0;
+  }
+  EXPECT_NEAR(static_cast<double>(twins), 2'000, 1) << "every 10 ms";
 }
 
 }  // namespace
