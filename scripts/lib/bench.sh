@@ -1,6 +1,15 @@
-# The simulated bench: its libraries in the prefix's system folder, and the file that describes it.
+# The simulated bench: the options that choose it, its libraries in the prefix's system folder, and the
+# file that describes it.
 # shellcheck shell=bash
-: "${build:?common.sh comes first}" "${WINEPREFIX:?wine.sh comes first}"
+: "${build:?common.sh comes first}"
+
+# bench_options: those that every run on the bench takes.
+bench_options() {
+  option adapter A "canusb|interface|kvaser" canusb "the adapter that is plugged in: canusb, interface or kvaser"
+  option ids BITS "11|29|both" 11 "$1"
+  option clock-start N ticks "$2" "where the adapter's clock stands when the run begins, in its own \
+ticks; CANUSB's starts over at 60,000"
+}
 
 # The libraries stand where the program looks for a vendor's.
 bench_install() {
@@ -8,23 +17,28 @@ bench_install() {
   cp "$build/windows-$arch/simulator/"*.dll "$WINEPREFIX/drive_c/windows/system32/"
 }
 
-# bench_write FILE ADAPTER CLOCK_START LOG [TIMES [SPEED]]: one adapter of a kind (canusb, interface,
-# kvaser), its clock standing at CLOCK_START, on the recording LOG, or on the synthetic vehicle when LOG
-# is empty. The recording is played TIMES times over (1), bus time running SPEED times as fast (1).
+# bench_write FILE LOG [TIMES [SPEED]]: the bench of the options above, on the recording LOG, or on the
+# synthetic vehicle when LOG is empty. The recording is played TIMES times over (1), bus time running
+# SPEED times as fast (1).
+# shellcheck disable=SC2154 # opt is from options.sh
 bench_write() {
-  local file=$1 adapter=$2 clock_start=$3 log=$4 times=${5:-1} speed=${6:-1} section
-  case $adapter in
+  local file=$1 log=$2 times=${3:-1} speed=${4:-1} section format
+  case ${opt[adapter]:-canusb} in
     canusb) section="canusb 1" ;;
     interface) section="interface 1" ;;
     kvaser) section="kvaser 0" ;;
-    *) fail "no such adapter: $adapter (canusb, interface, kvaser)" ;;
+  esac
+  case ${opt[ids]:-11} in
+    11) format=standard ;;
+    29) format=extended ;;
+    both) format=both ;;
   esac
   {
-    printf '[%s]\nclock_start = %s\n\n[bus]\n' "$section" "$clock_start"
+    printf '[%s]\nclock_start = %s\n\n[bus]\n' "$section" "${opt[clock-start]:-0}"
     if [ -n "$log" ]; then
       printf 'source = log\nlog = Z:%s\nrepeat = %s\n' "$log" "$times"
     else
-      printf 'source = vehicle\n'
+      printf 'source = vehicle\nformat = %s\n' "$format"
     fi
     printf '\n[bench]\nreport = Z:%s\nspeed = %s\n' "${file%.ini}-report.txt" "$speed"
   } >"$file"

@@ -13,8 +13,10 @@ if [ -z "${HOME:-}" ]; then
 fi
 
 root=$(cd "$(dirname "${BASH_SOURCE[0]}")/../.." && pwd)
-# shellcheck disable=SC2034 # for the scripts that source this
 build=$root/build
+# What this script is called in messages.
+# shellcheck disable=SC2034 # for the scripts that source this
+command_name=$(realpath --relative-to="$root" "$0")
 
 say() { printf '%s\n' "-- $*"; }
 
@@ -34,13 +36,38 @@ as_root() {
   fi
 }
 
-# Commands that undo what this script started, run in reverse order when it ends, however it ends.
+# need_folder FOLDER ADVICE: makes the folder, or ends the script.
+need_folder() {
+  if ! mkdir -p "$1" 2>/dev/null || [ ! -w "$1" ]; then
+    fail "the folder $1 cannot be written: $2"
+  fi
+}
+
+# need_build_folder: before anything is installed, built or started.
+need_build_folder() {
+  local cache home
+  need_folder "$build" "copy the project to a place where you may write, and start again there"
+  for cache in "$build"/*/CMakeCache.txt; do
+    [ -e "$cache" ] || continue
+    [ -w "$cache" ] || fail "$build was made by another user: remove that folder and start again"
+    home=$(sed -n 's/^CMAKE_HOME_DIRECTORY:INTERNAL=//p' "$cache")
+    [ "$home" -ef "$root" ] ||
+      fail "$build was made for $home and does not serve here: remove that folder and start again"
+  done
+}
+
+# Commands that undo what this script started, run in reverse order when it ends, however it ends. They
+# find its status in $exit_status.
 at_exit_commands=()
 at_exit() { at_exit_commands=("$*" "${at_exit_commands[@]}"); }
 run_at_exit() {
-  local command
+  # shellcheck disable=SC2034 # for the commands
+  local exit_status=$? command
+  # A second Ctrl-C must not leave half of it running.
+  trap '' INT TERM HUP
   for command in "${at_exit_commands[@]}"; do eval "$command" || true; done
 }
 trap run_at_exit EXIT
+trap 'exit 129' HUP
 trap 'exit 130' INT
 trap 'exit 143' TERM

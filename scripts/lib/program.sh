@@ -1,6 +1,6 @@
 # The real program in a folder of its own, driven by tolvane_drive.
 # shellcheck shell=bash
-: "${build:?common.sh comes first}" "${WINEPREFIX:?wine.sh comes first}"
+: "${build:?common.sh comes first}"
 
 # program_install FOLDER: the built program there, beside settings and logs that stand there already.
 program_install() {
@@ -8,14 +8,35 @@ program_install() {
   cp "$build/windows-x64/program/"{Tolvane.exe,qxt100.dll} "$1/"
 }
 
-# program_start FOLDER: starts it without waiting; it is awaited as $program, and ends with the script.
+# program_folder FOLDER: a fresh folder with the program, $folder, for a run by itself. It stays when the run
+# fails, until the next one.
+program_folder() {
+  folder=$1
+  rm -rf "$folder"
+  program_install "$folder"
+  at_exit program_folder_end
+}
+
+# Whoever interrupts a run wants nothing of it.
+# shellcheck disable=SC2154 # run_at_exit sets exit_status
+program_folder_end() {
+  case $exit_status in
+    0 | 129 | 130 | 143) rm -rf "$folder" ;;
+    *) say "the program's folder stays for a look: $folder" ;;
+  esac
+}
+
+# program_start FOLDER: starts it without waiting; it is awaited as $program, does not hear Ctrl-C, and ends
+# with the script, even when nothing of the script is left to end it.
 program_start() {
-  # The process id must be the program's own, so the function wine, which keeps the lock back, does
-  # not serve here.
-  # shellcheck disable=SC2154 # the lock is from wine_session
-  (cd "$1" && exec {wine_lock}>&- && exec wine Tolvane.exe) &
+  (cd "$1" && drop_lock && exec setsid setpriv --pdeathsig KILL wine Tolvane.exe) &
   program=$!
-  at_exit "kill $program 2>/dev/null"
+  at_exit program_stop
+}
+
+program_stop() {
+  kill "$program" 2>/dev/null || true
+  wait "$program" 2>/dev/null || true
 }
 
 drive() { wine "$build/windows-x64/tools/tolvane_drive.exe" "$@"; }
@@ -30,3 +51,26 @@ drive_end() {
   drive click Bt_Disconnect -- wait-enabled Bt_Connect -- close || fail "the run does not end"
   wait "$program" || fail "the program ended with an error"
 }
+
+# drive_page FOLDER: the page's text and the window's picture there, page.txt and page.png, once both show
+# what a run leaves.
+drive_page() {
+  drive picture "Z:$1/page.bmp" -- text RTB_MainView "Z:$1/page.txt" || fail "the page cannot be saved"
+  picture_convert "$1/page.bmp" "$1/page.png"
+  rm "$1/page.bmp"
+  head -n 1 "$1/page.txt" | grep -q 'ID *DLC *D1 D2 D3 D4 D5 D6 D7 D8' ||
+    fail "the window shows no page (see $1/page.png and page.txt)"
+  [ "$(wc -l <"$1/page.txt")" -gt 1 ] ||
+    fail "the page has no line, the program received nothing (see $1/page.png)"
+}
+
+# picture_convert BITMAP PICTURE: a black screen has one colour, or very few.
+picture_convert() {
+  local colours
+  # Without dates, so that an equal picture is an equal file.
+  convert "$1" -define png:exclude-chunk=date,tIME "$2" || fail "the picture $1 cannot be converted"
+  colours=$(identify -format %k "$2")
+  [ "$colours" -ge "$fewest_colours" ] ||
+    fail "the picture $2 shows no window, it has $colours colours"
+}
+fewest_colours=8

@@ -1,14 +1,24 @@
-# Wine in a prefix of the project's own, and a display for it.
+# Wine in prefixes of the project's own, and a display for it. One Wine server runs for each prefix, and
+# the program is started once only under one server; so
+#   the tests share a prefix among themselves,
+#   runs by themselves share another, one at a time: each has it alone and the next one waits,
+#   the demo that a user has open has a third, and a second such demo does not start.
 #
-# Whoever uses the prefix holds its lock shared. The last one to leave ends the Wine server, so
-# nothing lingers and nobody's server is ended under him.
+# Whoever uses a prefix holds its lock. The last one to leave ends the Wine server, so nothing lingers and
+# nobody's server is ended under him.
 # shellcheck shell=bash
-: "${build:?common.sh comes first}"
+: "${build:?common.sh comes first}" "${root:?}"
+
+# shellcheck source=lock.sh
+source "$root/scripts/lib/lock.sh"
 
 # Pixels per inch that the screen claims: 96, 120, 144 and 192 are usual on Windows. An X server of our
 # own grows with them.
 wine_dpi=${TOLVANE_DPI:-96}
-export WINEPREFIX="${TOLVANE_WINE_PREFIX:-$build/wine-prefix${TOLVANE_DPI:+-$wine_dpi}}"
+wine_tests_prefix=${TOLVANE_WINE_PREFIX:-$build/wine-prefix${TOLVANE_DPI:+-$wine_dpi}}
+# Where runs by themselves and the open demo have their prefixes and program folders. A test takes another
+# folder, so as not to meet those of whoever works here.
+stand=${TOLVANE_STAND:-$build}
 export WINEARCH="${WINEARCH:-win64}" WINEDEBUG=-all
 export LANG=ja_JP.UTF-8 LC_ALL=ja_JP.UTF-8
 # Set by the wine launcher's caller on machines that want it; here it would name a 32-bit loader.
@@ -36,66 +46,132 @@ wine_registry() {
   printf '\r\n[HKEY_CURRENT_USER\\Software\\Wine\\X11 Driver]\r\n"Managed"="N"\r\n'
 }
 
-wine_prefix_ready() { [ -e "$WINEPREFIX/tolvane-ready" ]; }
-
+# A prefix is a copy of one that nobody uses. Most of its 700 MB are Wine's own libraries, which are
+# linked, not copied: Wine never writes into them.
 wine_make_prefix() {
-  local registry
-  say "making the Wine prefix $WINEPREFIX (about 10 s)"
+  local template=$wine_tests_prefix-template
+  [ -e "$template/tolvane-template" ] || WINEPREFIX=$template wine_make_template
+  rm -rf "$WINEPREFIX"
+  mkdir -p "$WINEPREFIX/drive_c"
+  if ! cp -al "$template/drive_c/windows" "$WINEPREFIX/drive_c/" ||
+    ! tar -C "$template" --exclude=./drive_c/windows -cf - . | tar -C "$WINEPREFIX" -xf -; then
+    fail "the Wine prefix $WINEPREFIX cannot be made"
+  fi
+  touch "$WINEPREFIX/tolvane-ready"
+}
+
+wine_make_template() {
+  local log=$WINEPREFIX.log registry
+  say "making a Wine prefix (about 10 s)"
   rm -rf "$WINEPREFIX"
   mkdir -p "$WINEPREFIX"
-  WINEDLLOVERRIDES="mscoree,mshtml=" wine wineboot --init </dev/null >"$WINEPREFIX.log" 2>&1 ||
-    fail "the Wine prefix cannot be made (see $WINEPREFIX.log)"
+  WINEDLLOVERRIDES="mscoree,mshtml=" wine wineboot --init </dev/null >"$log" 2>&1 ||
+    fail "the Wine prefix cannot be made (see $log)"
   registry=$(mktemp --suffix=.reg)
   { printf '\xff\xfe'; wine_registry | iconv -f UTF-8 -t UTF-16LE; } >"$registry"
-  wine regedit /S "$registry" >>"$WINEPREFIX.log" 2>&1 || fail "Wine's registry cannot be written"
+  wine regedit /S "$registry" >>"$log" 2>&1 || fail "Wine's registry cannot be written (see $log)"
   rm "$registry"
   # The symbols of title bars and scroll bars; Debian's Wine does not look where Debian keeps them.
   cp /usr/share/wine/fonts/marlett.ttf "$WINEPREFIX/drive_c/windows/Fonts/" ||
     fail "the font Marlett is not installed: scripts/demo and scripts/test install it"
   # In the session that made the prefix Wine's COM services answer late or never.
-  command wineserver -k {wine_lock}>&- || true
-  command wineserver -w {wine_lock}>&-
-  touch "$WINEPREFIX/tolvane-ready"
+  wine_end
+  touch "$WINEPREFIX/tolvane-template"
 }
 
-# wine_session: prefix and display are there until the script ends; programs are started by `wine`.
-wine_session() {
+# wine_enter PREFIX: what every session begins with. Its lock is the descriptor $wine_lock.
+wine_enter() {
   command -v wine >/dev/null || fail "Wine is not installed: scripts/demo and scripts/test install it"
-  mkdir -p "$(dirname "$WINEPREFIX")"
+  export WINEPREFIX=$1
+  [ ! -e "$WINEPREFIX" ] || [ -O "$WINEPREFIX" ] ||
+    fail "the Wine prefix $WINEPREFIX belongs to another user: remove it and start again"
+  lock_open "$WINEPREFIX.lock"
+  wine_lock=$lock_descriptor
+}
+
+# wine_session: the tests' prefix and a display are there until the script ends; programs are started by
+# `wine`.
+wine_session() {
+  wine_enter "$wine_tests_prefix"
   display_start
-  exec {wine_lock}>"$WINEPREFIX.lock"
   at_exit wine_leave
   flock -s "$wine_lock"
   if ! wine_prefix_ready; then
     flock "$wine_lock"
-    wine_prefix_ready || wine_make_prefix
+    wine_prefix_ready || wine_prepare
     flock -s "$wine_lock"
   fi
 }
 
+# wine_session_alone: a session for a run by itself, once no other one is under way.
+wine_session_alone() {
+  wine_enter "$stand/wine-prefix-run${TOLVANE_DPI:+-$wine_dpi}"
+  lock_wait "$wine_lock" "$WINEPREFIX.lock" "runs the program by itself too"
+  display_start
+  wine_take_over
+}
+
+# wine_session_shown: the session of a demo that the user has open on his own display.
+wine_session_shown() {
+  wine_enter "$stand/wine-prefix-shown${TOLVANE_DPI:+-$wine_dpi}"
+  flock -n "$wine_lock" ||
+    fail "the demo is open already ($(lock_holder "$WINEPREFIX.lock")): close its window first," \
+      "or add --seconds 20 for a run by itself"
+  lock_sign "$WINEPREFIX.lock"
+  wine_take_over
+}
+
+# wine_take_over: the lock is held alone, so whatever still runs in the prefix lost its script.
+wine_take_over() {
+  wine_end
+  at_exit wine_leave
+  wine_prefix_ready || wine_prepare
+}
+
+wine_prefix_ready() { [ -e "$WINEPREFIX/tolvane-ready" ]; }
+
+# The prefix is made by one at a time, since all copy the same one.
+wine_prepare() {
+  local making
+  lock_open "$wine_tests_prefix-template.lock"
+  making=$lock_descriptor
+  flock "$making"
+  wine_make_prefix {making}>&-
+  exec {making}>&-
+}
+
 wine_leave() {
-  if flock -n "$wine_lock"; then
-    command wineserver -k {wine_lock}>&- || true
-    command wineserver -w {wine_lock}>&- || true
-  fi
+  if flock -n "$wine_lock"; then wine_end; fi
 }
 
-# The lock must not be inherited: a Wine server outlives the program that made it start.
-wine() {
-  if [ -n "${wine_lock:-}" ]; then
-    command wine "$@" {wine_lock}>&-
-  else
-    command wine "$@"
-  fi
+wine_end() {
+  unlocked wineserver -k 2>/dev/null || true
+  unlocked wineserver -w 2>/dev/null || true
 }
 
-# display_start: the caller's DISPLAY, or an X server of our own until the script ends.
+# drop_lock: in a child process, which may outlive this script.
+drop_lock() { [ -z "${wine_lock:-}" ] || exec {wine_lock}>&-; }
+
+# unlocked COMMAND ARGS: without the lock, and never longer than this script.
+unlocked() { (drop_lock && exec setpriv --pdeathsig TERM "$@"); }
+
+wine() { unlocked wine "$@"; }
+
+pause() { unlocked sleep "$1"; }
+
+# display_start: an X server of our own until the script ends, or that of the script which called this one.
 display_start() {
-  [ -n "${DISPLAY:-}" ] && return
+  if [ -n "${TOLVANE_DISPLAY:-}" ]; then
+    export DISPLAY=$TOLVANE_DISPLAY
+    return
+  fi
   command -v Xvfb >/dev/null || fail "Xvfb is not installed: scripts/demo and scripts/test install it"
   local numbers screen=$((1280 * wine_dpi / 96))x$((1024 * wine_dpi / 96))x24
   numbers=$(mktemp)
-  Xvfb -displayfd 3 -screen 0 "$screen" -nolisten tcp 3>"$numbers" >/dev/null 2>&1 &
+  # It must not hear Ctrl-C, which would end it under the program; and it ends with this script even when
+  # nothing of the script is left to end it.
+  (drop_lock && exec setsid setpriv --pdeathsig TERM Xvfb -displayfd 3 -screen 0 "$screen" -nolisten tcp) \
+    3>"$numbers" >/dev/null 2>&1 &
   xvfb_process=$!
   at_exit display_stop
   for _ in {1..200}; do
@@ -105,11 +181,19 @@ display_start() {
   done
   [ -s "$numbers" ] || fail "the X server Xvfb does not start"
   DISPLAY=:$(cat "$numbers")
-  export DISPLAY
+  export DISPLAY TOLVANE_DISPLAY=$DISPLAY
   rm "$numbers"
 }
 
 display_stop() {
   kill "$xvfb_process" 2>/dev/null || true
   wait "$xvfb_process" 2>/dev/null || true
+}
+
+# display_answers: whether a window can be opened on the caller's display.
+display_answers() {
+  timeout 10 python3 -c 'import ctypes, sys
+open_display = ctypes.CDLL("libX11.so.6").XOpenDisplay
+open_display.restype = ctypes.c_void_p
+sys.exit(0 if open_display(None) else 1)' 2>/dev/null
 }

@@ -1,0 +1,88 @@
+# The options of a script, each declared once: what it may be, its default, and what the usage says of it.
+# Values stand in opt[NAME]; given[NAME] is there when the caller named the option.
+# shellcheck shell=bash
+: "${command_name:?common.sh comes first}"
+
+# shellcheck disable=SC2034 # opt and given are for the scripts
+declare -A opt=() given=() option_kinds=()
+option_usage="" argument_name=""
+
+# option NAME PLACEHOLDER KIND DEFAULT TEXT: --NAME VALUE. KIND is one of those of check_value.
+option() {
+  option_kinds[$1]=$3 opt[$1]=$4
+  usage_line "--$1 $2" "$5${4:+ ($4)}"
+}
+
+# argument NAME TEXT: one word without an option's name may be there, opt[NAME].
+argument() {
+  argument_name=$1 opt[$1]=""
+  usage_line "${1^^}" "$2"
+}
+
+usage_line() {
+  local first=$1 line
+  while IFS= read -r line; do
+    printf -v line '  %-16s %s' "$first" "${line% }"
+    option_usage+=$line$'\n' first=""
+  done < <(fold -s -w 80 <<<"$2")
+}
+
+# read_options USAGE WORDS: USAGE is what the script does.
+read_options() {
+  local usage=$1 word
+  shift
+  for word in "$@"; do
+    [[ $word != --help && $word != -h ]] || { print_usage "$usage"; exit 0; }
+  done
+  while [ $# -gt 0 ]; do
+    case $1 in
+      --*=*) set -- "${1%%=*}" "${1#*=}" "${@:2}" ;;
+      -*)
+        word=${1#--}
+        [[ -n $word && -n ${option_kinds[$word]:-} ]] ||
+          fail "no such option: $1 ($command_name --help names them)"
+        [[ $# -ge 2 && -n $2 && $2 != --* ]] || fail "$1 needs a value ($command_name --help)"
+        check_value "$1" "${option_kinds[$word]}" "$2"
+        opt[$word]=$2 given[$word]=1
+        shift 2
+        ;;
+      *)
+        [[ -n $argument_name && -n $1 && -z ${given[$argument_name]:-} ]] ||
+          fail "'$1' belongs to no option ($command_name --help names them)"
+        # shellcheck disable=SC2034 # for the scripts
+        opt[$argument_name]=$1 given[$argument_name]=1
+        shift
+        ;;
+    esac
+  done
+}
+
+print_usage() {
+  printf 'usage: %s%s [OPTION...]\n%s\n\n%s' "$command_name" "${argument_name:+ [${argument_name^^}]}" \
+    "$1" "$option_usage"
+  printf '  %-16s %s\n' --help "this text"
+}
+
+# check_value OPTION KIND VALUE: KIND is `text`, `whole` (a number of 1 or more), `ticks` (of 32 bits),
+# `factor` (0.001 to 1000), or the values that are allowed, with "|" between them.
+check_value() {
+  local option=$1 kind=$2 value=$3 wanted
+  case $kind in
+    text) return ;;
+    whole) [[ $value =~ ^[1-9][0-9]{0,8}$ ]] && return || wanted="a whole number of 1 or more" ;;
+    ticks)
+      [[ $value =~ ^(0|[1-9][0-9]{0,9})$ ]] && [ "$value" -lt $((1 << 32)) ] && return
+      wanted="a whole number from 0 to 4294967295"
+      ;;
+    factor)
+      [[ $value =~ ^([0-9]{0,3}(\.[0-9]{1,3})?|1000)$ && $value =~ [1-9] ]] && return
+      wanted="a number from 0.001 to 1000"
+      ;;
+    *)
+      [[ $value != *"|"* && "|$kind|" == *"|$value|"* ]] && return
+      wanted=${kind//|/, }
+      wanted=${wanted%, *}" or "${wanted##*, }
+      ;;
+  esac
+  fail "$option is $wanted, not '$value'"
+}

@@ -1,0 +1,59 @@
+# A run of the program by itself: on an X server of our own, one such run at a time.
+# shellcheck shell=bash
+: "${build:?common.sh comes first}" "${root:?}"
+
+# shellcheck source=options.sh
+source "$root/scripts/lib/options.sh"
+# shellcheck source=packages.sh
+source "$root/scripts/lib/packages.sh"
+# shellcheck source=compile.sh
+source "$root/scripts/lib/compile.sh"
+# shellcheck source=wine.sh
+source "$root/scripts/lib/wine.sh"
+# shellcheck source=bench.sh
+source "$root/scripts/lib/bench.sh"
+# shellcheck source=program.sh
+source "$root/scripts/lib/program.sh"
+# shellcheck source=settings.sh
+source "$root/scripts/lib/settings.sh"
+# shellcheck source=recordings.sh
+source "$root/scripts/lib/recordings.sh"
+
+# need_recording FILE IDS [--comparable]: says what the recording holds, or ends the script with a sentence
+# when that is nothing for a program with identifiers of so many bits, or nothing to compare with.
+need_recording() {
+  local summary
+  # Python belongs to the packages, but who names a wrong file should not wait for their installation.
+  command -v python3 >/dev/null || need_packages build run
+  summary=$(python3 -B "$root/scripts/lib/check_recording.py" --ids "$2" "${@:3}" -- "$1") || exit 1
+  say "$summary"
+}
+
+# run_prepare NAME: the session and $folder, which has the program.
+run_prepare() {
+  wine_session_alone
+  program_folder "$stand/runs/$1${TOLVANE_DPI:+-$wine_dpi}"
+  bench_install x64
+  export TOLVANE_BENCH="Z:$folder/bench.ini"
+}
+
+# build_for_runs [TARGET...]: the program, what drives it, and what else a run needs.
+# shellcheck disable=SC2120 # one script names a target
+build_for_runs() { build_program x64 tolvane_drive "$@"; }
+
+# choose_recording: $recording is the one that the argument `file` names, or one of our own with identifiers of
+# so many bits. Page or logs of its run will be compared with it.
+choose_recording() {
+  if [ -n "${opt[file]}" ]; then
+    need_recording "${opt[file]}" "${opt[ids]}" --comparable
+    recording=$(realpath "${opt[file]}")
+    return
+  fi
+  command -v python3 >/dev/null || need_packages build run
+  case ${opt[ids]} in
+    11) recording=$(own_recording car) ;;
+    29) recording=$(own_recording boat) ;;
+    both) recording=$(own_recording both) ;;
+  esac
+  say "playing $recording"
+}
