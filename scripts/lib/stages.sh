@@ -3,6 +3,8 @@
 # shellcheck shell=bash
 : "${build:?common.sh comes first}" "${root:?}"
 
+# shellcheck source=stage_commands.sh
+source "$root/scripts/lib/stage_commands.sh"
 # shellcheck source=stage_recordings.sh
 source "$root/scripts/lib/stage_recordings.sh"
 
@@ -99,7 +101,8 @@ check_format() {
 }
 
 check_scripts() {
-  (cd "$root" && sources_of .ci/run scripts bench/compare | grep -v '\.py$' | xargs shellcheck)
+  (cd "$root" && sources_of .ci/run scripts bench/compare tests/scripts/commands_check tests/soak/run |
+    grep -v '\.py$' | xargs shellcheck)
 }
 
 stage_unit() {

@@ -1,0 +1,7 @@
+# The stage that starts several of the scripts at once.
+# shellcheck shell=bash
+: "${root:?common.sh comes first}"
+
+stage_commands() {
+  count_command commands timeout 300 "$root/tests/scripts/commands_check"
+}

@@ -1,0 +1,216 @@
+#!/usr/bin/env python3
+"""Tests of what the scripts say before they install, build or start anything. The project's folder is the
+argument.
+
+Whatever would install, build or start stands here as a program that only leaves a trace."""
+
+import os
+import pathlib
+import re
+import shutil
+import subprocess
+import sys
+import tempfile
+import unittest
+
+PROJECT = pathlib.Path(sys.argv.pop())
+SCRIPTS = ("demo", "replay-check", "log-check", "pictures", "build")
+HEAVY = ("apt-get", "sudo", "dpkg-query", "cmake", "ninja", "flock", "wine", "wineserver", "Xvfb", "convert")
+NOBODY = 65534
+GOOD_LINE = "(1502984866.421964) can0 123#0102\n"
+
+
+class Ended:
+    def __init__(self, done: subprocess.CompletedProcess, trace: pathlib.Path) -> None:
+        self.status, self.said, self.errors = done.returncode, done.stdout, done.stderr
+        self.begun = trace.read_text().split() if trace.exists() else []
+
+
+class Place(unittest.TestCase):
+    """A folder with a copy of what the scripts read, and a PATH without anything heavy."""
+
+    def setUp(self):
+        holder = tempfile.TemporaryDirectory()
+        self.addCleanup(holder.cleanup)
+        self.folder = pathlib.Path(holder.name)
+        self.folder.chmod(0o755)
+        self.project = self.folder / "a project"
+        for part in ("scripts", "tests/window", "tests/traffic"):
+            shutil.copytree(PROJECT / part, self.project / part, ignore=shutil.ignore_patterns("__pycache__"))
+        self.tools = self.folder / "tools"
+        self.tools.mkdir()
+        self.trace = self.folder / "trace"
+        for name in HEAVY:
+            tool = self.tools / name
+            tool.write_text(f'#!/bin/sh\necho {name} >>"{self.trace}"\nexit 1\n')
+            tool.chmod(0o755)
+
+    def file(self, name: str, content: str | bytes) -> str:
+        path = self.folder / name
+        path.write_bytes(content.encode() if isinstance(content, str) else content)
+        return str(path)
+
+    def run_script(self, name: str, *words: str, environment: dict[str, str] | None = None,
+                   user: int | None = None) -> Ended:
+        paths = [str(self.tools), *dict.fromkeys((os.path.dirname(sys.executable), "/usr/bin", "/bin"))]
+        done = subprocess.run([str(self.project / "scripts" / name), *words], user=user, cwd=self.folder,
+                              env={"PATH": ":".join(paths)} | (environment or {}), text=True, timeout=60,
+                              capture_output=True, check=False)
+        return Ended(done, self.trace)
+
+    def refuses(self, sentence: str, name: str, *words: str, **how) -> None:
+        """One line on the error output, before anything heavy has begun."""
+        ended = self.run_script(name, *words, **how)
+        self.assertRegex(ended.errors, rf"\Aerror: {sentence}\n\Z", (name, words))
+        self.assertEqual((1, "", []), (ended.status, ended.said, ended.begun), (name, words))
+
+
+class Options(Place):
+    def test_help_works_at_any_place_among_the_words(self):
+        for name in SCRIPTS:
+            for words in (["--help"], ["-h"], ["--out", "--help"], ["--nonsense", "--help"]):
+                ended = self.run_script(name, *words)
+                self.assertEqual((0, "", []), (ended.status, ended.errors, ended.begun), (name, words))
+                self.assertTrue(ended.said.startswith(f"usage: scripts/{name} "), ended.said)
+
+    def test_help_needs_no_folder_that_can_be_written(self):
+        self.assertEqual(0, self.run_script("demo", "--help", user=NOBODY if os.geteuid() == 0 else None).status)
+
+    def test_the_usage_names_every_option(self):
+        for name in SCRIPTS:
+            text = (PROJECT / "scripts" / name).read_text()
+            if "bench_options " in text:
+                text += (PROJECT / "scripts/lib/bench.sh").read_text()
+            declared = set(re.findall(r"^ *option ([a-z-]+) ", text, re.M))
+            named = set(re.findall(r"^  --([a-z-]+)", self.run_script(name, "--help").said, re.M))
+            self.assertEqual(declared | {"help"}, named, name)
+
+    def test_the_manual_names_no_option_that_the_demo_lacks(self):
+        table = set(re.findall(r"^\| `(--[a-z-]+)", (PROJECT / "README.md").read_text(encoding="utf-8"), re.M))
+        self.assertGreater(len(table), 3)
+        self.assertLessEqual(table, set(re.findall(r"--[a-z-]+", self.run_script("demo", "--help").said)))
+
+    def test_what_is_no_option_is_refused(self):
+        self.refuses(r"no such option: --nonsense \(scripts/demo --help names them\)", "demo", "--nonsense", "1")
+        self.refuses(r"no such option: -x \(scripts/log-check --help names them\)", "log-check", "-x")
+        self.refuses(r"no such option: -- .*", "demo", "--")
+        self.refuses(r"'word' belongs to no option .*", "demo", "--ids", "29", "word")
+        self.refuses(r"'b.log' belongs to no option .*", "log-check", "a.log", "b.log")
+
+    def test_an_option_without_a_value_is_refused(self):
+        for words in (["--log"], ["--log", ""], ["--log="], ["--log", "--ids"], ["--out", ""]):
+            self.refuses(rf"{words[0].rstrip('=')} needs a value \(scripts/demo --help\)", "demo", *words)
+
+    def test_a_wrong_value_is_refused_with_the_right_ones(self):
+        whole, ticks = "is a whole number of 1 or more", "is a whole number from 0 to 4294967295"
+        for name, option, value, wanted in (
+                ("demo", "--seconds", "0", whole), ("demo", "--seconds", "1.5", whole),
+                ("demo", "--seconds", "9999999999", whole), ("demo", "--still", "0", whole),
+                ("demo", "--still", "-1", whole), ("log-check", "--times", "x", whole),
+                ("demo", "--clock-start", "-1", ticks), ("demo", "--clock-start", "4294967296", ticks),
+                ("demo", "--adapter", "usb", "is canusb, interface or kvaser"),
+                ("demo", "--adapter", "canusb|interface", "is canusb, interface or kvaser"),
+                ("replay-check", "--ids", "12", "is 11, 29 or both"),
+                ("log-check", "--format", "xls", "is csv or xlsx"),
+                ("log-check", "--speed", "0", "is a number from 0.001 to 1000"),
+                ("log-check", "--speed", "1001", "is a number from 0.001 to 1000")):
+            self.refuses(rf"{option} {wanted}, not '{re.escape(value)}'", name, option, value)
+
+    def test_there_are_two_architectures(self):
+        self.refuses("the program's architecture is x64 or x86, not 'arm'", "build", "arm")
+
+    def test_a_run_ends_by_seconds_or_by_standing_still(self):
+        self.refuses("--seconds and --still exclude each other: leave one away", "demo", "--still", "1",
+                     "--seconds", "1")
+
+    def test_options_come_in_any_order(self):
+        log = self.file("b.log", "")
+        for words in ([log, "--ids", "29"], ["--ids", "29", log], ["--ids=29", log, "--adapter=kvaser"]):
+            self.refuses(f"{re.escape(log)} is empty; .*", "replay-check", *words)
+
+
+class Recordings(Place):
+    def test_what_cannot_be_played_is_refused_at_once(self):
+        bad = {"empty": (self.file("empty", ""), " is empty; .*"),
+               "random": (self.file("random", bytes(range(256)) * 8), ", line 1: this is no frame, .*"),
+               "screen": (self.file("screen", "  can0  123   [2]  01 02\n"), ", line 1: this is candump's output .*")}
+        for path, sentence in bad.values():
+            for words in (("demo", "--log"), ("replay-check",), ("log-check",)):
+                self.refuses(re.escape(path) + sentence, *words, path)
+        for words in (("demo", "--log"), ("replay-check",), ("log-check",)):
+            self.refuses(f"{re.escape(str(self.folder))} is a folder, .*", *words, str(self.folder))
+
+    def test_a_missing_one_is_an_error_and_no_skip(self):
+        for words in (("demo", "--log"), ("replay-check",), ("log-check",)):
+            self.refuses("there is no recording gone.log", *words, "gone.log")
+
+    def test_one_that_the_identifiers_leave_empty_is_refused_at_once(self):
+        log = self.file("extended.log", GOOD_LINE.replace("123#", "00000123#"))
+        self.refuses(".* it needs --ids 29", "demo", "--log", log)
+
+    def test_one_that_cannot_be_compared_is_refused_at_once(self):
+        log = self.file("remote.log", GOOD_LINE + GOOD_LINE.replace("#0102", "#R"))
+        for name in ("replay-check", "log-check"):
+            self.refuses(f"{re.escape(log)}, line 2: this is a remote frame, .*", name, log)
+
+    def test_a_good_one_is_told_with_its_bad_lines(self):
+        log = self.file("good.log", GOOD_LINE + "?\n")
+        ended = self.run_script("demo", "--log", log)
+        self.assertRegex(ended.said, rf"\A-- {re.escape(log)}: 1 frames .*; 1 bad line left out, the first is line 2\n")
+        self.assertIn("dpkg-query", ended.begun)
+
+
+class Pages(unittest.TestCase):
+    """What a run leaves is looked at before it is called a success; here a stand-in leaves it."""
+
+    def leaves(self, picture: str, page: str) -> subprocess.CompletedProcess:
+        with tempfile.TemporaryDirectory() as folder:
+            steps = f'''source "$1/scripts/lib/common.sh"
+                source "$1/scripts/lib/unattended.sh"
+                drive() {{ convert -size 64x64 {picture} "bmp:${{2#Z:}}"; printf '%b' '{page}' >"${{6#Z:}}"; }}
+                drive_page "$2"'''
+            return subprocess.run(["bash", "-c", steps, "page", str(PROJECT), folder], text=True, timeout=60,
+                                  capture_output=True, check=False)
+
+    def test_a_window_with_a_page_is_a_success(self):
+        for head in ("ID  DLC  D1 D2 D3 D4 D5 D6 D7 D8", "E    ID    DLC  D1 D2 D3 D4 D5 D6 D7 D8"):
+            done = self.leaves("gradient:red-blue", head + r"\n123  0\n")
+            self.assertEqual((0, ""), (done.returncode, done.stderr))
+
+    def test_a_black_picture_is_none(self):
+        done = self.leaves("xc:black", r"ID  DLC  D1 D2 D3 D4 D5 D6 D7 D8\n123  0\n")
+        self.assertEqual(1, done.returncode)
+        self.assertRegex(done.stderr, "shows no window")
+
+    def test_a_text_without_head_or_lines_is_no_page(self):
+        for page, reason in (("", "shows no page"), (r"hello\nyou\n", "shows no page"),
+                             (r"ID  DLC  D1 D2 D3 D4 D5 D6 D7 D8\n", "has no line")):
+            done = self.leaves("gradient:red-blue", page)
+            self.assertEqual(1, done.returncode, page)
+            self.assertRegex(done.stderr, reason)
+
+
+class Places(Place):
+    def test_a_folder_that_cannot_be_written_is_told(self):
+        if os.geteuid() == 0:
+            how = {"user": NOBODY}
+        else:
+            self.project.chmod(0o555)
+            how = {}
+        for name in SCRIPTS:
+            self.refuses(f"the folder {re.escape(str(self.project))}/build cannot be written: copy the project .*",
+                         name, **how)
+
+    def test_a_build_folder_of_another_place_is_told(self):
+        cache = self.project / "build/windows-x64/CMakeCache.txt"
+        cache.parent.mkdir(parents=True)
+        cache.write_text("CMAKE_HOME_DIRECTORY:INTERNAL=/elsewhere\n")
+        for name in SCRIPTS:
+            self.refuses(f"{re.escape(str(self.project))}/build was made for /elsewhere and does not serve here: "
+                         "remove that folder and start again", name)
+        cache.write_text(f"CMAKE_HOME_DIRECTORY:INTERNAL={self.project}\n")
+        self.assertIn("dpkg-query", self.run_script("demo").begun)
+
+
+if __name__ == "__main__":
+    unittest.main()
