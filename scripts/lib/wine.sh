@@ -42,7 +42,8 @@ wine_registry() {
     printf '"%s"="%s"\r\n' "$name" "$proportional"
   done
   printf '\r\n[HKEY_CURRENT_USER\\Control Panel\\Desktop]\r\n"LogPixels"=dword:%08x\r\n' "$wine_dpi"
-  # A bare X server has no window manager to draw a title bar: Wine draws its own.
+  # A bare X server has no window manager to draw a title bar: Wine draws its own. On the display of a user
+  # who has one this changes.
   printf '\r\n[HKEY_CURRENT_USER\\Software\\Wine\\X11 Driver]\r\n"Managed"="N"\r\n'
 }
 
@@ -113,12 +114,18 @@ wine_session_alone() {
 
 # wine_session_shown: the session of a demo that the user has open on his own display.
 wine_session_shown() {
+  local display managed=N
+  display=$(timeout 10 python3 -B "$root/scripts/lib/display_check.py" 2>/dev/null) ||
+    fail "the display $DISPLAY does not answer: put DISPLAY right, or add --seconds 20 for a run by itself"
+  [ "$display" = bare ] || managed=Y
   wine_enter "$stand/wine-prefix-shown${TOLVANE_DPI:+-$wine_dpi}"
   flock -n "$wine_lock" ||
     fail "the demo is open already ($(lock_holder "$WINEPREFIX.lock")): close its window first," \
       "or add --seconds 20 for a run by itself"
   lock_sign "$WINEPREFIX.lock"
   wine_take_over
+  # No server runs, so the registry's file may be changed.
+  sed -i "s/^\"Managed\"=\".\"/\"Managed\"=\"$managed\"/" "$WINEPREFIX/user.reg"
 }
 
 # wine_take_over: the lock is held alone, so whatever still runs in the prefix lost its script.
@@ -188,12 +195,4 @@ display_start() {
 display_stop() {
   kill "$xvfb_process" 2>/dev/null || true
   wait "$xvfb_process" 2>/dev/null || true
-}
-
-# display_answers: whether a window can be opened on the caller's display.
-display_answers() {
-  timeout 10 python3 -c 'import ctypes, sys
-open_display = ctypes.CDLL("libX11.so.6").XOpenDisplay
-open_display.restype = ctypes.c_void_p
-sys.exit(0 if open_display(None) else 1)' 2>/dev/null
 }
