@@ -41,12 +41,12 @@ run_prepare() {
 # shellcheck disable=SC2120 # one script names a target
 build_for_runs() { build_program x64 tolvane_drive "$@"; }
 
-# choose_recording: $recording is the one that the argument `file` names, or one of our own with identifiers of
-# so many bits. Page or logs of its run will be compared with it.
+# choose_recording: $recording is the one that the argument of that name tells, or one of our own with
+# identifiers of so many bits. Page or logs of its run will be compared with it.
 choose_recording() {
-  if [ -n "${opt[file]}" ]; then
-    need_recording "${opt[file]}" "${opt[ids]}" --comparable
-    recording=$(realpath "${opt[file]}")
+  if [ -n "${opt[recording]}" ]; then
+    need_recording "${opt[recording]}" "${opt[ids]}" --comparable
+    recording=$(realpath "${opt[recording]}")
     return
   fi
   command -v python3 >/dev/null || need_packages build run
