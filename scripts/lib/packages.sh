@@ -3,17 +3,23 @@
 # shellcheck disable=SC2034 # the lists are read through ${!list}
 : "${build:?common.sh comes first}"
 
-packages_build="cmake ninja-build g++-mingw-w64-x86-64-posix g++-mingw-w64-i686-posix
-  binutils-mingw-w64 g++ python3"
-packages_run="wine wine64 fonts-wine xvfb fonts-ipafont-gothic imagemagick locales"
+# What builds the program, and what runs it and looks at it.
+packages_build="cmake ninja-build g++-mingw-w64-x86-64-posix g++-mingw-w64-i686-posix binutils-mingw-w64"
+packages_run="wine wine64 fonts-wine xvfb fonts-ipafont-gothic imagemagick locales python3"
+# The tests natively, and those that run as Windows programs: libgtest-dev brings GoogleTest's source,
+# which is compiled for Windows here.
+packages_native_tests="cmake ninja-build g++ libgtest-dev libgmock-dev libbenchmark-dev python3"
+packages_windows_tests="libgtest-dev python3"
+packages_checks="git clang-format shellcheck"
+# libclang-rt holds libFuzzer.
+packages_fuzz="clang libclang-rt-14-dev"
 # Readers of workbooks, .xlsx and .xls.
 packages_books="python3-openpyxl python3-xlrd"
-# libgtest-dev brings GoogleTest's source, which is compiled for Windows here; libclang-rt holds
-# libFuzzer; debootstrap makes the root in which the 32-bit program runs.
-packages_test="git libgtest-dev libgmock-dev libbenchmark-dev clang libclang-rt-14-dev
-  clang-format shellcheck debootstrap $packages_books"
 # pandoc makes the manual's page.
-packages_package="git pandoc"
+packages_package="git pandoc python3"
+# What makes the root in which the 32-bit program runs, and what it shows its windows on.
+packages_roots="debootstrap"
+packages_x86_display="xvfb imagemagick"
 # What bench/compare measures beside Tolvane.
 packages_compare="can-utils python3-can"
 
@@ -25,29 +31,45 @@ install_packages() {
   as_root env DEBIAN_FRONTEND=noninteractive apt-get install -y --no-install-recommends "$@"
 }
 
-# need_packages GROUP...: installs what misses of the groups above, after saying so.
-need_packages() {
-  local group list package missing=() log=$build/packages.log
+# missing_packages GROUP...: those of the groups above that are not installed, each once.
+missing_packages() {
+  local group list package missing=""
   for group in "$@"; do
     list=packages_$group
     for package in ${!list}; do
-      package_installed "$package" || missing+=("$package")
+      [[ " $missing " == *" $package "* ]] || package_installed "$package" || missing+=" $package"
     done
   done
-  if [ ${#missing[@]} -gt 0 ]; then
-    say "this machine misses these Debian packages, they are installed now: ${missing[*]}"
+  printf '%s\n' "${missing# }"
+}
+
+# need_packages GROUP...: installs what misses, after saying so.
+need_packages() {
+  local missing log=$build/packages.log
+  missing=$(missing_packages "$@")
+  if [ -n "$missing" ]; then
+    say "this machine misses these Debian packages, they are installed now: $missing"
     command -v apt-get >/dev/null ||
       fail "no apt-get here: install the packages above (or their like) by hand"
+    as_root apt-get --version >/dev/null || fail "without root rights they cannot be installed"
     mkdir -p "$build"
     # Lists that are empty or out of date make the first attempt fail.
-    if ! install_packages "${missing[@]}" >"$log" 2>&1; then
+    # shellcheck disable=SC2086 # a list of words
+    if ! install_packages $missing >"$log" 2>&1; then
       say "fetching the package lists"
       as_root apt-get update >>"$log" 2>&1 || true
-      install_packages "${missing[@]}" >>"$log" 2>&1 ||
-        fail "these packages cannot be installed: ${missing[*]} (see $log)"
+      install_packages $missing >"$log" 2>&1 ||
+        fail "the packages above cannot be installed: $(first_complaint "$log")"
     fi
   fi
   case " $* " in *" run "*) need_japanese_locale ;; esac
+}
+
+# first_complaint LOG: the first thing that apt-get or debootstrap complained of.
+first_complaint() {
+  local line
+  line=$(grep -m 1 '^E: ' "$1" || tail -n 1 "$1")
+  printf '%s (the whole output: %s)\n' "${line#E: }" "$1"
 }
 
 # Wine takes the system code page, 932, from the locale.

@@ -11,6 +11,44 @@ source "$root/scripts/lib/stage_recordings.sh"
 passed=0 failed=0 skipped=0
 results=$build/test-results
 
+# The stages in their order, the quick ones first, each with the groups of Debian packages that it needs.
+# Each is a function stage_NAME.
+stage_table=(
+  "checks      native_tests checks"
+  "unit        native_tests books"
+  "sanitizers  native_tests books"
+  "fuzz        native_tests fuzz"
+  "soak        native_tests"
+  "commands    build run"
+  "wine        build run windows_tests"
+  "window      build run windows_tests"
+  "replay      build run"
+  "logs        build run books"
+  "release     build package"
+  "x86         build windows_tests roots x86_display"
+)
+
+all_stages() {
+  local row
+  for row in "${stage_table[@]}"; do echo "${row%% *}"; done
+}
+
+# stage_groups STAGE...
+stage_groups() {
+  local row name groups
+  for row in "${stage_table[@]}"; do
+    read -r name groups <<<"$row"
+    [[ " $* " != *" $name "* ]] || echo "$groups"
+  done
+}
+
+running=""
+at_exit stop_running
+stop_running() {
+  [ -z "$running" ] || kill -- -"$running" || true
+  [ -z "$running" ] || wait "$running" || true
+}
+
 run_stage() {
   local began=$SECONDS before=$failed
   say "stage $1"
@@ -34,7 +72,13 @@ count_command() {
   local name=$1 log=$results/$1.log code=0
   shift
   mkdir -p "$results"
-  "$@" >"$log" 2>&1 || code=$?
+  # In a process group of its own, which ends with this script.
+  set -m
+  "$@" >"$log" 2>&1 </dev/null &
+  set +m
+  running=$!
+  wait "$running" || code=$?
+  running=""
   case $code in
     0) passed=$((passed + 1)) ;;
     77) count_skipped "$name: $(tail -n 1 "$log")" ;;

@@ -20,7 +20,6 @@ wine_tests_prefix=${TOLVANE_WINE_PREFIX:-$build/wine-prefix${TOLVANE_DPI:+-$wine
 # folder, so as not to meet those of whoever works here.
 stand=${TOLVANE_STAND:-$build}
 export WINEARCH="${WINEARCH:-win64}" WINEDEBUG=-all
-export LANG=ja_JP.UTF-8 LC_ALL=ja_JP.UTF-8
 # Set by the wine launcher's caller on machines that want it; here it would name a 32-bit loader.
 unset WINELOADER
 
@@ -83,7 +82,8 @@ wine_make_template() {
 # wine_enter PREFIX: what every session begins with. Its lock is the descriptor $wine_lock.
 wine_enter() {
   command -v wine >/dev/null || fail "Wine is not installed: scripts/demo and scripts/test install it"
-  export WINEPREFIX=$1
+  # Not before the packages are there, which bring the locale.
+  export WINEPREFIX=$1 LANG=ja_JP.UTF-8 LC_ALL=ja_JP.UTF-8
   [ ! -e "$WINEPREFIX" ] || [ -O "$WINEPREFIX" ] ||
     fail "the Wine prefix $WINEPREFIX belongs to another user: remove it and start again"
   lock_open "$WINEPREFIX.lock"

@@ -1,0 +1,109 @@
+#!/usr/bin/env python3
+"""Tests of scripts/test and its stages. The argument is the project's folder."""
+
+import os
+import pathlib
+import signal
+import subprocess
+import sys
+import tempfile
+import time
+import unittest
+
+PROJECT = pathlib.Path(sys.argv.pop())
+STAGES = "checks unit sanitizers fuzz soak commands wine window replay logs release x86"
+NO_WINE = {"wine", "wine64", "wine32", "xvfb"}
+NO_WINDOWS = NO_WINE | {"g++-mingw-w64-x86-64-posix", "g++-mingw-w64-i686-posix"}
+
+
+def run(*arguments: str) -> subprocess.CompletedProcess:
+    return subprocess.run([PROJECT / "scripts/test", *arguments], capture_output=True, text=True, timeout=60)
+
+
+class Stages(unittest.TestCase):
+    def setUp(self):
+        # The scripts under another path, so that their build folder is another one too.
+        folder = tempfile.TemporaryDirectory(prefix="stages test ")
+        self.addCleanup(folder.cleanup)
+        self.folder = pathlib.Path(folder.name)
+        (self.folder / "scripts").symlink_to(PROJECT / "scripts")
+
+    def start(self, text: str) -> subprocess.Popen:
+        libraries = "".join(f'source "$root/scripts/lib/{name}.sh"\n'
+                            for name in ("packages", "compile", "stages", "stage_release"))
+        return subprocess.Popen(["bash", "-c", f'source "{self.folder}/scripts/lib/common.sh"\n{libraries}{text}'],
+                                stdout=subprocess.PIPE, stderr=subprocess.STDOUT, text=True)
+
+    def bash(self, text: str) -> str:
+        process = self.start(text)
+        output = process.communicate(timeout=60)[0]
+        self.assertEqual(0, process.returncode, output)
+        return output
+
+    def packages_of(self, stage: str) -> set[str]:
+        return set(self.bash(f'for group in $(stage_groups {stage}); do list=packages_$group; echo ${{!list}}; done')
+                   .split())
+
+    def test_every_stage_has_its_function_and_its_groups(self):
+        self.assertEqual(STAGES, " ".join(self.bash("all_stages").split()))
+        self.bash('for stage in $(all_stages); do declare -F "stage_$stage"; done')
+        self.bash('for group in $(stage_groups $(all_stages)); do list=packages_$group; : "${!list:?}"; done')
+
+    def test_a_stage_brings_only_what_it_needs(self):
+        for stage, strangers in {"checks": NO_WINDOWS | {"clang", "debootstrap"},
+                                 "unit": NO_WINDOWS | {"clang", "git", "shellcheck"},
+                                 "fuzz": NO_WINDOWS | {"shellcheck"},
+                                 "wine": {"clang", "shellcheck", "debootstrap", "libbenchmark-dev"},
+                                 "x86": {"wine", "wine64", "wine32", "clang"}}.items():
+            self.assertEqual(set(), self.packages_of(stage) & strangers, stage)
+
+    def test_the_program_is_built_without_tests_and_wine(self):
+        build = set(self.bash("echo $packages_build").split())
+        self.assertEqual(set(), build & (NO_WINE | {"libgtest-dev", "libbenchmark-dev", "g++"}))
+
+    def test_help_stands_anywhere_and_names_every_stage(self):
+        for arguments in (["--help"], ["--only", "unit", "--help"], ["--x86", "-h"]):
+            done = run(*arguments)
+            self.assertEqual((0, f"Stages: {STAGES}"), (done.returncode, done.stdout.splitlines()[-1]))
+
+    def test_a_wrong_option_is_refused_in_one_sentence(self):
+        for arguments, sentence in ((["--only"], f"error: --only needs one of: {STAGES}\n"),
+                                    (["--only", "units"], f"error: --only needs one of: {STAGES}\n"),
+                                    (["unit"], "error: no such option: unit (scripts/test --help)\n")):
+            done = run(*arguments)
+            self.assertEqual((1, "", sentence), (done.returncode, done.stdout, done.stderr))
+
+    def test_a_command_counts_once_as_passed_failed_or_skipped(self):
+        output = self.bash('count_command good true; count_command bad sh -c "echo broken; exit 3"\n'
+                           'count_command away sh -c "echo why; exit 77"\necho "$passed $failed $skipped"')
+        self.assertEqual(["broken", f"-- failed: bad (the whole output: {self.folder}/build/test-results/bad.log)",
+                          "-- skipped: away: why", "1 1 1"], output.splitlines())
+
+    def test_what_an_interrupted_stage_started_ends(self):
+        for number in (signal.SIGINT, signal.SIGTERM):
+            mark = self.folder / f"started-{number}"
+            process = self.start(f'wait_long() {{ sleep 300 & echo $! >"{mark}"; wait; }}\ncount_command long wait_long')
+            while not (mark.exists() and mark.read_text()):
+                time.sleep(0.02)
+            sleeper = int(mark.read_text())
+            process.send_signal(number)
+            process.communicate(timeout=20)
+            self.assertEqual(128 + number, process.returncode)
+            self.assertFalse(running(sleeper), f"process {sleeper} still runs")
+
+
+def running(process: int) -> bool:
+    """A dead process that nobody has fetched yet runs no more."""
+    for _ in range(100):
+        try:
+            os.kill(process, 0)
+            if pathlib.Path(f"/proc/{process}/stat").read_text(encoding="utf-8").rsplit(")", 1)[1].split()[0] == "Z":
+                return False
+        except (ProcessLookupError, FileNotFoundError):
+            return False
+        time.sleep(0.02)
+    return True
+
+
+if __name__ == "__main__":
+    unittest.main()
