@@ -17,9 +17,10 @@ packages_fuzz="clang libclang-rt-14-dev"
 packages_books="python3-openpyxl python3-xlrd"
 # pandoc makes the manual's page.
 packages_package="git pandoc python3"
-# What makes the root in which the 32-bit program runs, and what it shows its windows on.
+# What makes Debian roots, and what then comes into the one for the 32-bit program.
 packages_roots="debootstrap"
 packages_x86_display="xvfb imagemagick"
+packages_x86_root="wine wine32 fonts-wine fonts-ipafont-gothic locales"
 # What bench/compare measures beside Tolvane.
 packages_compare="can-utils python3-can"
 

@@ -208,7 +208,7 @@ stage_x86() {
   if [ -n "$obstacle" ]; then
     count_skipped "x86: $obstacle"
   elif ! x86_make_root; then
-    count_skipped "x86: the 32-bit root cannot be made (see $build/x86-root.log)"
+    count_skipped "x86: the 32-bit root cannot be made: $(x86_reason)"
   elif build_all windows-x86; then
     display_start
     GTEST_FILTER=$x86_filter run_ctest x86 windows-x86

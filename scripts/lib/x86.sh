@@ -3,49 +3,62 @@
 # A root of its own leaves the machine's package set-up alone; adding i386 there can put its package
 # lists out of step with what is installed.
 # shellcheck shell=bash
-: "${build:?common.sh comes first}" "${root:?}"
+: "${build:?common.sh comes first}" "${root:?}" "${packages_x86_root:?packages.sh comes first}"
+# shellcheck source=debian_root.sh
+source "$root/scripts/lib/debian_root.sh"
 
 x86_root=$build/x86-root
-x86_packages="wine wine32 fonts-wine fonts-ipafont-gothic locales"
 
-# x86_possible: prints why the root cannot be made or entered here, nothing when it can.
+# x86_obstacle: prints why the root cannot be made or entered here, nothing when it can.
 x86_obstacle() {
-  [ "$(id -u)" -eq 0 ] || { echo "making it needs root"; return; }
-  case $(uname -m) in x86_64 | i?86) ;; *) echo "this machine runs no 32-bit x86 code"; return ;; esac
-  command -v debootstrap >/dev/null || { echo "debootstrap is not installed"; return; }
-  unshare --mount true 2>/dev/null || { echo "mounts are not allowed here"; return; }
+  local obstacle
+  obstacle=$(debian_root_obstacle)
+  if [ -n "$obstacle" ]; then
+    echo "$obstacle"
+  elif ! runs_32_bit_programs; then
+    echo "this machine runs no 32-bit x86 programs"
+  fi
 }
 
-# x86_make_root: false when it could not be made; the reason stands in build/x86-root.log.
+# The smallest program for i386 Linux, which ends with 0: ELF header, one segment, three instructions
+# (mov eax, 1; xor ebx, ebx; int 0x80).
+runs_32_bit_programs() {
+  local program code=0
+  program=$(mktemp "$build/x86-probe.XXXXXX")
+  {
+    printf '\177ELF\1\1\1\0\0\0\0\0\0\0\0\0\2\0\3\0\1\0\0\0\x54\x80\4\10\x34\0\0\0\0\0\0\0\0\0\0\0'
+    printf '\x34\0\x20\0\1\0\0\0\0\0\0\0'
+    printf '\1\0\0\0\0\0\0\0\0\x80\4\10\0\x80\4\10\x5d\0\0\0\x5d\0\0\0\5\0\0\0\0\x10\0\0'
+    printf '\xb8\1\0\0\0\x31\xdb\xcd\x80'
+  } >"$program"
+  chmod +x "$program"
+  "$program" 2>/dev/null || code=$?
+  rm "$program"
+  return "$code"
+}
+
+# x86_make_root: false when it cannot be made; x86_reason tells why.
 x86_make_root() {
-  local log=$build/x86-root.log
+  x86_log=$build/x86-root.log
   # A root made for another list of packages is made anew.
-  [ "$(cat "$x86_root/tolvane-ready" 2>/dev/null)" = "$x86_packages" ] && return
-  say "making the 32-bit root $x86_root (about a minute, 850 MB)"
-  rm -rf "$x86_root"
-  mkdir -p "$x86_root"
-  debootstrap --arch=i386 --variant=minbase bookworm "$x86_root" http://deb.debian.org/debian \
-    >"$log" 2>&1 || return 1
+  [ "$(cat "$x86_root/tolvane-ready" 2>/dev/null)" = "$packages_x86_root" ] && return
+  say "making the 32-bit root $x86_root (a minute or two, 850 MB)"
+  debian_root_make "$x86_root" i386 || { x86_log=$debian_root_log; return 1; }
   # shellcheck disable=SC2086 # a list of words
-  x86_enter /usr/bin/env DEBIAN_FRONTEND=noninteractive \
-    sh -c "apt-get update && apt-get install -y --no-install-recommends $x86_packages && apt-get clean &&
-           localedef -i ja_JP -f UTF-8 ja_JP.UTF-8" >>"$log" 2>&1 || return 1
-  echo "$x86_packages" >"$x86_root/tolvane-ready"
+  debian_root_install "$x86_root" $packages_x86_root >"$x86_log" 2>&1 &&
+    debian_root_enter "$x86_root" PATH="$debian_root_path" \
+      localedef -i ja_JP -f UTF-8 ja_JP.UTF-8 >>"$x86_log" 2>&1 &&
+    as_root tee "$x86_root/tolvane-ready" <<<"$packages_x86_root" >/dev/null
 }
 
-# x86_enter COMMAND ARGS: runs a command in the root. The project's folder and the X server's sockets
-# stand there under their own names; the mounts end with the command.
+x86_reason() { first_complaint "$x86_log"; }
+
+# x86_enter [NAME=VALUE...] COMMAND ARGS: runs a command in the root, as the user who calls. The project's
+# folder and the X server's sockets stand there under their own names.
 x86_enter() {
-  # The script text is for the inner shell.
-  # shellcheck disable=SC2016
-  unshare --mount --propagation private sh -c '
-    root=$1 project=$2
-    shift 2
-    mkdir -p "$root$project" "$root/tmp/.X11-unix" /tmp/.X11-unix
-    mount -t proc proc "$root/proc"
-    mount -t tmpfs tmpfs "$root/dev/shm"
-    mount --bind /tmp/.X11-unix "$root/tmp/.X11-unix"
-    mount --bind "$project" "$root$project"
-    exec chroot "$root" /usr/bin/env -i PATH=/usr/sbin:/usr/bin:/sbin:/bin HOME=/root \
-      DISPLAY="${DISPLAY:-}" "$@"' sh "$x86_root" "$root" "$@"
+  local paths=(--bind "$root") home=/tmp
+  [ ! -d /tmp/.X11-unix ] || paths+=(--bind /tmp/.X11-unix)
+  [ "$(id -u)" -ne 0 ] || home=/root
+  debian_root_enter --user "$(id -u):$(id -g)" "${paths[@]}" "$x86_root" PATH="$debian_root_path" \
+    HOME="$home" DISPLAY="${DISPLAY:-}" "$@"
 }

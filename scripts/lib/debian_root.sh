@@ -1,0 +1,131 @@
+# Minimal Debian roots below build/, made by debootstrap, entered in namespaces of their own.
+#
+# Making and entering need root rights; an ordinary user's come from sudo, as for packages.
+# shellcheck shell=bash
+: "${build:?common.sh comes first}" "${root:?}" "${packages_roots:?packages.sh comes first}"
+
+debian_release=bookworm
+debian_root_path=/usr/local/sbin:/usr/local/bin:/usr/sbin:/usr/bin:/sbin:/bin
+
+debian_root_rights=()
+[ "$(id -u)" -eq 0 ] || debian_root_rights=(sudo)
+
+# debian_root_obstacle: prints why no root can be made or entered here, nothing when it can. What could
+# be forbidden is tried.
+debian_root_obstacle() {
+  local said probe
+  if [ "$(id -u)" -ne 0 ]; then
+    command -v sudo >/dev/null || { echo "it needs root rights, and this machine has no sudo"; return; }
+    said=$(sudo true 2>&1) || { echo "it needs root rights, and sudo says: ${said##*$'\n'}"; return; }
+  fi
+  [ -e /proc/self/mountinfo ] || { echo "/proc is not mounted here"; return; }
+  command -v debootstrap >/dev/null || { echo "debootstrap is not installed"; return; }
+  mkdir -p "$build"
+  # A root that shows this machine's own files.
+  probe=$(mktemp -d "$build/root-probe.XXXXXX")
+  mkdir -p "$probe"/{proc,dev/shm,dev/pts}
+  said=$(debian_root_enter --bind / "$probe" /usr/bin/true 2>&1) ||
+    echo "a root cannot be entered here: ${said##*$'\n'}"
+  debian_root_remove "$probe"
+}
+
+# debian_root_make FOLDER [ARCHITECTURE]: a bare Debian there, for the machine's own architecture if none
+# is named. False when it cannot be made; debian_root_reason tells why.
+debian_root_make() {
+  local folder=$1 arch=${2:-$(dpkg --print-architecture)} archive
+  archive=$build/roots/$debian_release-$arch.tar
+  debian_root_log=$build/roots/$debian_release-$arch.log
+  debian_root_remove "$folder"
+  mkdir -p "$folder" "$build/roots"
+  [ -e "$archive" ] || debian_root_archive "$arch" "$folder" "$archive" || return
+  as_root tar --directory "$folder" --numeric-owner -xpf "$archive" >"$debian_root_log" 2>&1 || return
+  debian_root_network "$folder"
+}
+
+# debian_root_archive ARCHITECTURE FOLDER ARCHIVE: makes the archive by way of the folder, which is empty
+# before and after.
+debian_root_archive() {
+  local arch=$1 folder=$2 archive=$3 link
+  say "making a bare Debian root for $arch, a minute or two; it is kept as $archive"
+  # debootstrap does not cope with a blank in the folder's path.
+  link=$(mktemp -d)
+  ln -s "$folder" "$link/root"
+  as_root debootstrap --variant=minbase --arch="$arch" "$debian_release" "$link/root" \
+    >"$debian_root_log" 2>&1 || { rm -r "$link"; return 1; }
+  rm -r "$link"
+  # Nobody misses the root when the power fails, and without waiting for the disk packages are installed
+  # several times as fast.
+  as_root tee "$folder/etc/dpkg/dpkg.cfg.d/unsafe-io" <<<force-unsafe-io >/dev/null
+  as_root chroot "$folder" /usr/bin/env PATH="$debian_root_path" apt-get clean
+  as_root tar --directory "$folder" --numeric-owner -cf - . >"$archive.new" 2>>"$debian_root_log" &&
+    mv "$archive.new" "$archive" && debian_root_remove "$folder" && mkdir "$folder"
+}
+
+# debian_root_network FOLDER: names and package servers are reached as they are on this machine.
+debian_root_network() {
+  local file
+  for file in resolv.conf hosts; do
+    [ ! -e "/etc/$file" ] || as_root cp -L "/etc/$file" "$1/etc/$file"
+  done
+  apt-config dump | grep -E '^Acquire::(https?::|Check-)' |
+    as_root tee "$1/etc/apt/apt.conf.d/00machine" >/dev/null || true
+}
+
+debian_root_reason() { first_complaint "$debian_root_log"; }
+
+debian_root_remove() {
+  [ -e "$1" ] || return 0
+  debian_root_unmount "$1"
+  as_root rm -rf --one-file-system "$1"
+}
+
+# Where mounts could not be kept private from the start, the root's own one is seen outside.
+debian_root_unmount() {
+  while mountpoint -q "$1"; do as_root umount "$1" || return; done
+}
+
+# debian_root_install FOLDER PACKAGE...: output goes to the standard output.
+debian_root_install() {
+  local folder=$1
+  shift
+  # The script text is for the inner shell.
+  # shellcheck disable=SC2016
+  debian_root_enter "$folder" PATH="$debian_root_path" DEBIAN_FRONTEND=noninteractive \
+    sh -c 'apt-get update && apt-get install -y --no-install-recommends "$@" && apt-get clean' sh "$@"
+}
+
+# debian_root_enter [--offline] [--user USER[:GROUP]] [--bind PATH]... FOLDER [NAME=VALUE...] COMMAND ARGS:
+# runs a command in the root as root, or as the user, with the paths at hand under their own names. Its
+# status is the command's. Nothing runs or is mounted there any more afterwards, nor when the script ends
+# before.
+debian_root_enter() {
+  local namespaces=(--mount --pid --fork --kill-child) user=0:0 paths=() folder code=0
+  while [[ $1 == --* ]]; do
+    case $1 in
+      --offline) namespaces+=(--net) ;;
+      --user) user=$2; shift ;;
+      --bind) paths+=("$2"); shift ;;
+    esac
+    shift
+  done
+  folder=$1
+  shift
+  # In a plain chroot, whose root is no mount point, the mounts that are there cannot be made private.
+  as_root unshare --mount --propagation private true 2>/dev/null || namespaces+=(--propagation unchanged)
+  # The root lives as long as this script holds the other end of its standard input.
+  exec {debian_root_hold}> >(exec "${debian_root_rights[@]}" unshare "${namespaces[@]}" \
+    "$root/scripts/lib/debian-root-init" "$folder" "$user" "${paths[@]}" -- "$@")
+  debian_root_process=$! debian_root_entered=$folder
+  at_exit debian_root_leave
+  wait "$debian_root_process" || code=$?
+  debian_root_leave
+  return "$code"
+}
+
+debian_root_leave() {
+  [ -n "${debian_root_process:-}" ] || return 0
+  exec {debian_root_hold}>&-
+  wait "$debian_root_process" || true
+  debian_root_process=""
+  debian_root_unmount "$debian_root_entered"
+}

@@ -1,0 +1,76 @@
+#!/usr/bin/env python3
+"""Tests of scripts/lib/debian_root.sh on a machine that is played: why a root cannot be made or entered. The
+argument is the project's folder. What needs a real root is seen in the stages `x86` and `fresh`."""
+
+import pathlib
+import sys
+import unittest
+
+from played_machine import PlayedMachine
+
+PlayedMachine.project = pathlib.Path(sys.argv.pop())
+REASON = 'debian_root_make "$build/a root" amd64 || debian_root_reason'
+
+
+class DebianRoot(PlayedMachine):
+    def setUp(self):
+        super().setUp()
+        for tool in ("debootstrap", "unshare"):
+            self.play(tool, "exit 0")
+        self.play("mountpoint", "exit 1")
+
+    def obstacle(self) -> list[str]:
+        status, said = self.bash("debian_root_obstacle", "packages", "debian_root")
+        self.assertEqual(0, status, said)
+        self.assertEqual([], list((self.folder / "build").glob("root-probe*")))
+        return said
+
+    def test_there_is_none_where_everything_is_allowed(self):
+        self.assertEqual([], self.obstacle())
+
+    def test_a_user_without_sudo(self):
+        self.play("id", "echo 1000")
+        self.assertEqual(["it needs root rights, and this machine has no sudo"], self.obstacle())
+
+    def test_a_user_whom_sudo_refuses(self):
+        self.play("id", "echo 1000")
+        self.play("sudo", "echo 'We trust you have received'; echo 'sudo: a password is required' >&2; exit 1")
+        self.assertEqual(["it needs root rights, and sudo says: sudo: a password is required"], self.obstacle())
+
+    def test_a_user_whom_sudo_serves(self):
+        self.play("id", "echo 1000")
+        self.play("sudo", 'exec "$@"')
+        self.play("true", "exit 0")
+        self.assertEqual([], self.obstacle())
+
+    def test_a_missing_tool(self):
+        self.remove("debootstrap")
+        self.assertEqual(["debootstrap is not installed"], self.obstacle())
+
+    def test_forbidden_namespaces(self):
+        self.play("unshare", "echo 'unshare: unshare failed: Operation not permitted' >&2; exit 1")
+        self.assertEqual(["a root cannot be entered here: unshare: unshare failed: Operation not permitted"],
+                         self.obstacle())
+
+    def test_a_chroot_whose_mounts_cannot_be_made_private_is_none(self):
+        self.play("unshare", 'case "$*" in *"propagation private"*) exit 1 ;; *"propagation unchanged"*) exit 0 ;; '
+                             "*) exit 1 ;; esac")
+        self.assertEqual([], self.obstacle())
+
+    def test_a_root_that_cannot_be_made_is_told_with_the_first_complaint(self):
+        self.play("debootstrap", "echo 'I: begun'; echo 'E: no such mirror'; echo 'W: sorry'; exit 1")
+        status, said = self.bash(REASON, "packages", "debian_root")
+        self.assertEqual((0, [f"no such mirror (the whole output: {self.folder}/build/roots/bookworm-amd64.log)"]),
+                         (status, said[1:]))
+        self.assertEqual([], list(self.folder.glob("build/roots/*.tar*")))
+
+    def test_debootstrap_meets_no_blank(self):
+        self.play("debootstrap", f'printf "%s\\n" "$@" >"{self.folder}/called"; exit 1')
+        self.bash(REASON, "packages", "debian_root")
+        *options, release, folder = (self.folder / "called").read_text(encoding="utf-8").splitlines()
+        self.assertEqual((["--variant=minbase", "--arch=amd64"], "bookworm"), (options, release))
+        self.assertNotIn(" ", folder.removeprefix(str(self.folder)))
+
+
+if __name__ == "__main__":
+    unittest.main()
