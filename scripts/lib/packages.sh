@@ -17,10 +17,12 @@ packages_fuzz="clang libclang-rt-14-dev"
 packages_books="python3-openpyxl python3-xlrd"
 # pandoc makes the manual's page.
 packages_package="git pandoc python3"
-# What makes Debian roots, and what then comes into the one for the 32-bit program.
+# What makes Debian roots, and what then comes into them: for the 32-bit program, and for an ordinary user.
 packages_roots="debootstrap"
+packages_clone="git python3"
 packages_x86_display="xvfb imagemagick"
 packages_x86_root="wine wine32 fonts-wine fonts-ipafont-gothic locales"
+packages_fresh_root="sudo"
 # What bench/compare measures beside Tolvane.
 packages_compare="can-utils python3-can"
 

@@ -26,6 +26,7 @@ stage_table=(
   "logs        build run books"
   "release     build package"
   "x86         build windows_tests roots x86_display"
+  "fresh       roots clone"
 )
 
 all_stages() {

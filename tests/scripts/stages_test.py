@@ -11,7 +11,7 @@ import time
 import unittest
 
 PROJECT = pathlib.Path(sys.argv.pop())
-STAGES = "checks unit sanitizers fuzz soak commands wine window replay logs release x86"
+STAGES = "checks unit sanitizers fuzz soak commands wine window replay logs release x86 fresh"
 NO_WINE = {"wine", "wine64", "wine32", "xvfb"}
 NO_WINDOWS = NO_WINE | {"g++-mingw-w64-x86-64-posix", "g++-mingw-w64-i686-posix"}
 
@@ -30,7 +30,7 @@ class Stages(unittest.TestCase):
 
     def start(self, text: str) -> subprocess.Popen:
         libraries = "".join(f'source "$root/scripts/lib/{name}.sh"\n'
-                            for name in ("packages", "compile", "stages", "stage_release"))
+                            for name in ("packages", "compile", "stages", "stage_release", "stage_fresh"))
         return subprocess.Popen(["bash", "-c", f'source "{self.folder}/scripts/lib/common.sh"\n{libraries}{text}'],
                                 stdout=subprocess.PIPE, stderr=subprocess.STDOUT, text=True)
 
@@ -54,7 +54,8 @@ class Stages(unittest.TestCase):
                                  "unit": NO_WINDOWS | {"clang", "git", "shellcheck"},
                                  "fuzz": NO_WINDOWS | {"shellcheck"},
                                  "wine": {"clang", "shellcheck", "debootstrap", "libbenchmark-dev"},
-                                 "x86": {"wine", "wine64", "wine32", "clang"}}.items():
+                                 "x86": {"wine", "wine64", "wine32", "clang"},
+                                 "fresh": NO_WINDOWS | {"cmake", "sudo", "clang"}}.items():
             self.assertEqual(set(), self.packages_of(stage) & strangers, stage)
 
     def test_the_program_is_built_without_tests_and_wine(self):

@@ -1,0 +1,145 @@
+# The stage `fresh`: the commands that a stranger meets first, in a minimal Debian that has nothing but a
+# clone of the project, at a path with a blank in it, from an empty environment.
+#
+# Packages come anew each time, so that one which is missing in lib/packages.sh is missed here. What is
+# checked is the last commit: a clone has nothing else.
+# shellcheck shell=bash
+: "${root:?common.sh comes first}" "${packages_fresh_root:?packages.sh}" "${failed:?stages.sh}" "${results:?}"
+# shellcheck source=debian_root.sh
+source "$root/scripts/lib/debian_root.sh"
+# shellcheck source=lock.sh
+source "$root/scripts/lib/lock.sh"
+
+fresh_root=$build/fresh-root
+fresh_project="/srv/the project"
+# An ordinary user, who may become root by sudo.
+fresh_user=stranger
+
+stage_fresh() {
+  local obstacle lock
+  obstacle=$(fresh_obstacle)
+  if [ -n "$obstacle" ]; then
+    count_skipped "fresh: $obstacle"
+    return
+  fi
+  lock_open "$fresh_root.lock"
+  lock=$lock_descriptor
+  lock_wait "$lock" "$fresh_root.lock" "uses the fresh root too"
+  if debian_root_make "$fresh_root"; then
+    fresh_in_root
+  else
+    count_skipped "fresh: the root cannot be made: $(debian_root_reason)"
+  fi
+  exec {lock}>&-
+}
+
+fresh_in_root() {
+  local before=$failed
+  fresh_clone
+  fresh_as_root
+  fresh_make_user
+  count_command fresh-demo-user fresh_run --user "$fresh_user" "$fresh_project/scripts/demo" --seconds 5
+  count_command fresh-demo-user-page fresh_demo_page
+  if [ "$failed" -eq "$before" ]; then
+    debian_root_remove "$fresh_root"
+  else
+    say "the root is left as it is: $fresh_root (scripts/lib/fresh-run runs a command in it)"
+  fi
+}
+
+fresh_obstacle() {
+  local said
+  said=$(git -C "$root" rev-parse --verify HEAD 2>&1 >/dev/null) ||
+    { echo "this checkout cannot be cloned: ${said##*$'\n'}"; return; }
+  debian_root_obstacle
+}
+
+# Nothing of the clone points outside it.
+fresh_clone() {
+  local clone=$build/fresh-clone state=""
+  [ -z "$(git -C "$root" status --porcelain)" ] || state=", without the changes that are not committed"
+  say "checking the commit $(git -C "$root" rev-parse --short HEAD)$state"
+  rm -rf "$clone"
+  git clone --quiet --no-local --depth 1 "$root" "$clone"
+  as_root cp -r "$clone" "$fresh_root$fresh_project"
+  rm -rf "$clone"
+}
+
+# What root does in a fresh container. The demo comes first: it finds nothing.
+fresh_as_root() {
+  local scripts=$fresh_project/scripts
+  count_command fresh-demo fresh_first_demo
+  count_command fresh-demo-page fresh_demo_page
+  count_command fresh-demo-offline fresh_run --offline "$scripts/demo" --seconds 5
+  count_command fresh-packages-offline fresh_packages_offline
+  count_command fresh-build-x86 fresh_run "$scripts/build" x86
+  count_command fresh-program-x86 fresh_program_x86
+  count_command fresh-checks fresh_test checks
+  count_command fresh-unit fresh_test unit
+}
+
+# Seconds after which a command is stuck; on two cores the longest takes two to three minutes.
+fresh_stuck=1800
+
+fresh_run() { timeout --foreground "$fresh_stuck" "$root/scripts/lib/fresh-run" "$@"; }
+
+fresh_check() { python3 -B "$root/scripts/lib/fresh_check.py" "$@"; }
+
+# What the last command in the root said.
+fresh_said=$results/fresh-said.txt
+
+# A stranger is told what happens, and nothing else.
+fresh_first_demo() {
+  fresh_run "$fresh_project/scripts/demo" --seconds 5 2>&1 | tee "$fresh_said" || return
+  ! grep -v '^-- ' "$fresh_said"
+}
+
+fresh_demo_page() {
+  local demo=$fresh_project/build/demo figures
+  cp "$fresh_root$demo"/page.{txt,png} "$results/" && fresh_check page "$results/page.txt" || return
+  figures=$(fresh_run /usr/bin/identify -format '%w %h %k' "$demo/page.png") || return
+  # shellcheck disable=SC2086 # three numbers
+  fresh_check picture $figures
+}
+
+# Two files and nothing else, for the right Windows.
+fresh_program_x86() {
+  local folder=$fresh_root$fresh_project/build/windows-x86/program
+  (cd "$folder" && printf '%s\n' Tolvane.exe qxt100.dll | LC_ALL=C diff - <(LC_ALL=C ls -A)) &&
+    python3 -B "$root/tests/release/check_program.py" "$folder" i386
+}
+
+# A package that is missing while nothing can be fetched: one sentence says so, and nothing else is tried.
+fresh_packages_offline() {
+  if fresh_run --offline "$fresh_project/scripts/test" --only checks 2>&1 | tee "$fresh_said"; then
+    echo "the command ended well without its packages"
+    return 1
+  fi
+  [ "$(grep -vc '^-- ' "$fresh_said")" -eq 1 ] &&
+    tail -n 1 "$fresh_said" | grep -q '^error: the packages above cannot be installed: .*resolv'
+}
+
+# fresh_test STAGE: nothing fails there, and nothing is skipped.
+fresh_test() {
+  fresh_run "$fresh_project/scripts/test" --only "$1" 2>&1 | tee "$fresh_said" &&
+    tail -n 1 "$fresh_said" | grep -qE '^[1-9][0-9]* passed, 0 failed, 0 skipped$'
+}
+
+# Root's folder becomes the user's, with what was built there: to build it once more would cost minutes. The
+# demo's output goes, and so do one package and the locale, so that his demo has to become root.
+fresh_make_user() {
+  local log=$results/fresh-user.log
+  say "making the user $fresh_user in the root"
+  # A list of words, and a script text for the inner shell.
+  # shellcheck disable=SC2086,SC2016
+  {
+    debian_root_install "$fresh_root" $packages_fresh_root &&
+      debian_root_enter "$fresh_root" PATH="$debian_root_path" sh -ec '
+        apt-get remove -y ninja-build
+        localedef --delete-from-archive ja_JP.utf8
+        useradd --create-home --shell /bin/bash "$1"
+        echo "$1 ALL=(ALL) NOPASSWD: ALL" >"/etc/sudoers.d/$1"
+        rm -rf "$2/build/demo"
+        chown -R "$1:" "$2"' sh "$fresh_user" "$fresh_project"
+  } >"$log" 2>&1 || say "the user cannot be made (the whole output: $log)"
+}
