@@ -1,12 +1,11 @@
 #!/usr/bin/env python3
 """Checks that a release is what it says, and that anyone can make the same one again.
 
-usage: check_release.py ROOT WORK [ARCH]
+usage: check_release.py ROOT WORK
 
 Clones the commit of the checkout ROOT twice below WORK, into folders of different names, one with a blank,
-and packages it in both, the second time for ARCH alone if one is named, which takes a minute less. The
-surroundings differ: zone, language, mask, compiler flags of the caller, and the time. What comes out
-must not. The two releases stay in WORK/first and WORK/second.
+and packages it in both. The surroundings differ: zone, language, mask, compiler flags of the caller, and the
+time. What comes out must not. The two releases stay in WORK/first and WORK/second.
 """
 
 import hashlib
@@ -41,23 +40,22 @@ def read_folder(folder: pathlib.Path) -> Files:
     return {path.name: path.read_bytes() for path in sorted(folder.iterdir())}
 
 
-def compare(first: Files, second: Files, whole: bool) -> list[str]:
-    """Where `second` differs. Unless it is `whole`, it may lack files, and archives members."""
+def compare(first: Files, second: Files) -> list[str]:
+    """Where they differ."""
     problems = []
     for name in sorted(first.keys() | second.keys()):
         if name not in second:
-            if whole:
-                problems.append(f"{name} was made the first time alone")
+            problems.append(f"{name} was made the first time alone")
         elif name not in first:
             problems.append(f"{name} was made the second time alone")
         elif first[name] == second[name]:
             continue
         elif name.endswith(".zip"):
-            inner = compare(members(first[name]), members(second[name]), whole)
+            inner = compare(members(first[name]), members(second[name]))
             problems += [f"{name}: {problem}" for problem in inner]
-            if whole and not inner:
+            if not inner:
                 problems.append(f"{name} differs, and its files do not")
-        elif whole or name != "SHA256SUMS":
+        else:
             problems.append(f"{name} differs")
     return problems
 
@@ -132,11 +130,11 @@ def check_archive(files: Files, symbols: Files, arch: str, commit: str, source: 
     return problems
 
 
-def check_release(release: Files, archs: list[str], commit: str, source: str) -> list[str]:
+def check_release(release: Files, commit: str, source: str) -> list[str]:
     problems = check_sums(release)
     symbol_archives = [name for name in release if SYMBOLS in name]
     symbols = members(release[symbol_archives[0]]) if symbol_archives else {}
-    for arch in archs:
+    for arch in MACHINES:
         archives = [name for name in release if re.fullmatch(rf"tolvane-[\d.]+-windows-{arch}\.zip", name)]
         if len(archives) != 1:
             problems.append(f"there is not one archive for {arch}: {archives}")
@@ -159,13 +157,13 @@ def git(folder: pathlib.Path, *arguments: str) -> str:
 
 
 def package(root: pathlib.Path, place: pathlib.Path, target: pathlib.Path, commit: str,
-            archs: list[str], mask: int, **surroundings: str) -> Files:
+            mask: int, **surroundings: str) -> Files:
     """The release that a clone of the commit makes, moved to `target`; the clone does not stay."""
     shutil.rmtree(place, ignore_errors=True)
     place.parent.mkdir(parents=True, exist_ok=True)
     subprocess.run(["git", "clone", "--quiet", "--no-checkout", str(root), str(place)], check=True)
     git(place, "checkout", "--quiet", "--detach", commit)
-    subprocess.run([str(place / "scripts" / "package"), *archs], check=True,
+    subprocess.run([str(place / "scripts" / "package")], check=True,
                    env=os.environ | surroundings, preexec_fn=lambda: os.umask(mask))
     shutil.rmtree(target, ignore_errors=True)
     (place / "build" / "release").rename(target)
@@ -173,19 +171,17 @@ def package(root: pathlib.Path, place: pathlib.Path, target: pathlib.Path, commi
     return read_folder(target)
 
 
-def main(root: pathlib.Path, work: pathlib.Path, arch: str | None) -> int:
+def main(root: pathlib.Path, work: pathlib.Path) -> int:
     commit = git(root, "rev-parse", "HEAD")
     if git(root, "status", "--porcelain"):
         print("the changes in this checkout that are in no commit are not part of what is checked")
     places = work / "one place", work / "quite-another" / "place"
     source = (root / "docs" / "manual.ja.md").read_text(encoding="utf-8")
-    first = package(root, places[0], work / "first", commit, [], 0o077, TZ="Asia/Tokyo",
+    first = package(root, places[0], work / "first", commit, 0o077, TZ="Asia/Tokyo",
                     LC_ALL="ja_JP.UTF-8")
-    second = package(root, places[1], work / "second", commit, [arch] if arch else [], 0o002,
-                     TZ="America/New_York", LC_ALL="C", CXXFLAGS="-O1")
-    problems = check_release(first, list(MACHINES), commit, source)
-    problems += check_release(second, [arch] if arch else list(MACHINES), commit, source)
-    problems += compare(first, second, whole=arch is None)
+    second = package(root, places[1], work / "second", commit, 0o002, TZ="America/New_York",
+                     LC_ALL="C", CXXFLAGS="-O1")
+    problems = check_release(first, commit, source) + compare(first, second)
     for place in places:
         problems += find_path(first, place) + find_path(second, place)
     for release in first, second:
@@ -197,5 +193,4 @@ def main(root: pathlib.Path, work: pathlib.Path, arch: str | None) -> int:
 
 
 if __name__ == "__main__":
-    sys.exit(main(pathlib.Path(sys.argv[1]).resolve(), pathlib.Path(sys.argv[2]).resolve(),
-                  sys.argv[3] if len(sys.argv) > 3 else None))
+    sys.exit(main(pathlib.Path(sys.argv[1]).resolve(), pathlib.Path(sys.argv[2]).resolve()))
