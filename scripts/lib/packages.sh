@@ -3,16 +3,19 @@
 # shellcheck disable=SC2034 # the lists are read through ${!list}
 : "${build:?common.sh comes first}"
 
-# What builds the program, and what runs it and looks at it.
-packages_build="cmake ninja-build g++-mingw-w64-x86-64-posix g++-mingw-w64-i686-posix binutils-mingw-w64"
+# What builds the program for each Windows, and what runs it and looks at it.
+packages_build_x64="cmake ninja-build g++-mingw-w64-x86-64-posix binutils-mingw-w64-x86-64"
+packages_build_x86="cmake ninja-build g++-mingw-w64-i686-posix binutils-mingw-w64-i686"
 packages_run="wine wine64 fonts-wine xvfb fonts-ipafont-gothic imagemagick locales python3"
 # The tests natively, and those that run as Windows programs: libgtest-dev brings GoogleTest's source,
 # which is compiled for Windows here.
 packages_native_tests="cmake ninja-build g++ libgtest-dev libgmock-dev libbenchmark-dev python3"
 packages_windows_tests="libgtest-dev python3"
-packages_checks="git clang-format shellcheck"
+packages_checks="git clang-format shellcheck imagemagick"
 # libclang-rt holds libFuzzer.
 packages_fuzz="clang libclang-rt-14-dev"
+# What reads a recording, before anything is built for its run.
+packages_recordings="python3"
 # Readers of workbooks, .xlsx and .xls.
 packages_books="python3-openpyxl python3-xlrd"
 # pandoc makes the manual's page.

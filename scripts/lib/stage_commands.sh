@@ -3,5 +3,6 @@
 : "${root:?common.sh comes first}"
 
 stage_commands() {
+  build_before_commands || return
   count_command commands timeout 300 "$root/tests/scripts/commands_check"
 }

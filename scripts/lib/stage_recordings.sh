@@ -18,6 +18,7 @@ log_case() { count_command "$1" timeout "$stuck" "$root/scripts/log-check" "${@:
 
 stage_replay() {
   local car boat both
+  build_before_commands || return
   car=$(own_recording car) && boat=$(own_recording boat) && both=$(own_recording both) || return
   replay_case replay "$car"
   # The adapter's clock wraps on the way.
@@ -30,6 +31,7 @@ stage_replay() {
 
 stage_logs() {
   local car boat
+  build_before_commands tolvane_office || return
   car=$(own_recording car) && boat=$(own_recording boat) || return
   # All roll over, and the adapter's clock wraps on the way.
   log_case log-csv "$car" --times 2 --clock-start 50000

@@ -19,13 +19,13 @@ stage_table=(
   "sanitizers  native_tests books"
   "fuzz        native_tests fuzz"
   "soak        native_tests"
-  "commands    build run"
-  "wine        build run windows_tests"
-  "window      build run windows_tests"
-  "replay      build run"
-  "logs        build run books"
-  "release     build package"
-  "x86         build windows_tests roots x86_display"
+  "commands    build_x64 run"
+  "wine        build_x64 run windows_tests"
+  "window      build_x64 run windows_tests"
+  "replay      build_x64 run"
+  "logs        build_x64 run books"
+  "release     build_x64 build_x86 package"
+  "x86         build_x86 windows_tests roots x86_display"
   "fresh       roots clone"
 )
 
@@ -127,6 +127,12 @@ build_all() {
     count_failed "the preset $1 does not build (see $build/$1-build.log)"
     return 1
   }
+}
+
+# build_before_commands [TARGET...]: the program and what drives it, so that no command's limit of time
+# includes their first build.
+build_before_commands() {
+  (build_program x64 tolvane_drive "$@") || { count_failed "the program cannot be built"; return 1; }
 }
 
 # Entries of ctest that are no unit tests.

@@ -23,8 +23,8 @@ source "$root/scripts/lib/recordings.sh"
 # when that is nothing for a program with identifiers of so many bits, or nothing to compare with.
 need_recording() {
   local summary
-  # Python belongs to the packages, but who names a wrong file should not wait for their installation.
-  command -v python3 >/dev/null || need_packages build run
+  # Who names a wrong file waits for the installation of Python at most, and not for that of the compilers.
+  command -v python3 >/dev/null || need_packages recordings
   summary=$(python3 -B "$root/scripts/lib/check_recording.py" --ids "$2" "${@:3}" -- "$1") || exit 1
   say "$summary"
 }
@@ -49,7 +49,7 @@ choose_recording() {
     recording=$(realpath "${opt[recording]}")
     return
   fi
-  command -v python3 >/dev/null || need_packages build run
+  command -v python3 >/dev/null || need_packages recordings
   case ${opt[ids]} in
     11) recording=$(own_recording car) ;;
     29) recording=$(own_recording boat) ;;

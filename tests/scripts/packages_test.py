@@ -3,13 +3,14 @@
 what cannot be installed is told in one sentence. The argument is the project's folder."""
 
 import pathlib
+import shutil
 import sys
 import unittest
 
 from played_machine import PlayedMachine
 
 PlayedMachine.project = pathlib.Path(sys.argv.pop())
-DPKG_QUERY = 'case " git shellcheck " in *" ${!#} "*) printf installed ;; *) exit 1 ;; esac'
+DPKG_QUERY = 'case " git shellcheck imagemagick " in *" ${!#} "*) printf installed ;; *) exit 1 ;; esac'
 MISSING = "-- this machine misses these Debian packages, they are installed now: clang-format"
 
 
@@ -36,9 +37,26 @@ class Packages(PlayedMachine):
         self.assertEqual((0, 1, 1), (status, len(said), len(installed)))
         self.assertEqual(1, installed[0].split().count("libgtest-dev"))
 
+    def test_each_windows_brings_its_own_compiler_alone(self):
+        compilers = {"x64": "g++-mingw-w64-x86-64-posix", "x86": "g++-mingw-w64-i686-posix"}
+        for arch, compiler in compilers.items():
+            self.calls.write_text("")
+            installed = self.need(f"build_{arch}")[2][0].split()
+            self.assertEqual([compiler], [name for name in compilers.values() if name in installed])
+            self.assertNotIn("binutils-mingw-w64", installed)
+
+    def test_a_wrong_recording_is_told_before_more_than_python_is_installed(self):
+        python = self.bin / "python3"
+        self.play("apt-get", f"""case " $* " in *" install "*) echo "$*" >>"{self.calls}" ;; esac
+            printf '#!/bin/sh\\nexec "{sys.executable}" "$@"\\n' >"{python}"; chmod +x "{python}" """)
+        (self.bin / "chmod").symlink_to(shutil.which("chmod"))
+        status, said = self.bash('need_recording gone.log 11', "unattended")
+        self.assertEqual((1, "error: there is no recording gone.log"), (status, said[-1]))
+        self.assertEqual(["install -y --no-install-recommends python3"], self.calls.read_text().splitlines())
+
     def test_a_machine_that_has_all_hears_nothing(self):
         self.play("dpkg-query", "printf installed")
-        self.assertEqual((0, [], []), self.need("build", "run", "checks"))
+        self.assertEqual((0, [], []), self.need("build_x64", "build_x86", "run", "checks"))
 
     def test_old_package_lists_are_fetched_anew(self):
         self.play("apt-get", f'echo "$*" >>"{self.calls}"; case $1 in update) touch "{self.folder}/new" ;; '

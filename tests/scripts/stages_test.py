@@ -13,7 +13,8 @@ import unittest
 PROJECT = pathlib.Path(sys.argv.pop())
 STAGES = "checks unit sanitizers fuzz soak commands wine window replay logs release x86 fresh"
 NO_WINE = {"wine", "wine64", "wine32", "xvfb"}
-NO_WINDOWS = NO_WINE | {"g++-mingw-w64-x86-64-posix", "g++-mingw-w64-i686-posix"}
+X64, X86 = "g++-mingw-w64-x86-64-posix", "g++-mingw-w64-i686-posix"
+NO_WINDOWS = NO_WINE | {X64, X86}
 
 
 def run(*arguments: str) -> subprocess.CompletedProcess:
@@ -53,14 +54,29 @@ class Stages(unittest.TestCase):
         for stage, strangers in {"checks": NO_WINDOWS | {"clang", "debootstrap"},
                                  "unit": NO_WINDOWS | {"clang", "git", "shellcheck"},
                                  "fuzz": NO_WINDOWS | {"shellcheck"},
-                                 "wine": {"clang", "shellcheck", "debootstrap", "libbenchmark-dev"},
-                                 "x86": {"wine", "wine64", "wine32", "clang"},
+                                 "wine": {X86, "clang", "shellcheck", "debootstrap", "libbenchmark-dev"},
+                                 "x86": {X64, "wine", "wine64", "wine32", "clang"},
                                  "fresh": NO_WINDOWS | {"cmake", "sudo", "clang"}}.items():
             self.assertEqual(set(), self.packages_of(stage) & strangers, stage)
 
     def test_the_program_is_built_without_tests_and_wine(self):
-        build = set(self.bash("echo $packages_build").split())
-        self.assertEqual(set(), build & (NO_WINE | {"libgtest-dev", "libbenchmark-dev", "g++"}))
+        for arch in ("x64", "x86"):
+            build = set(self.bash(f"echo $packages_build_{arch}").split())
+            self.assertEqual(set(), build & (NO_WINE | {"libgtest-dev", "libbenchmark-dev", "g++"}))
+
+    def test_a_stage_has_the_compilers_of_what_it_builds(self):
+        for stage, compilers in {"wine": {X64}, "logs": {X64}, "x86": {X86}, "release": {X64, X86}}.items():
+            self.assertEqual(compilers, self.packages_of(stage) & {X64, X86}, stage)
+
+    def test_the_first_build_belongs_to_no_commands_limit_of_time(self):
+        for stage, cases in {"commands": "count_command", "replay": "replay_case", "logs": "log_case"}.items():
+            said = self.bash(f'''build_program() {{ echo "build $*"; exit 1; }}
+                own_recording() {{ echo /dev/null; }}
+                {cases}() {{ echo case; }}
+                stage_{stage} || true; echo "$failed"''').splitlines()
+            self.assertRegex(said[0], "^build x64 tolvane_drive", stage)
+            self.assertEqual("1", said[-1])
+            self.assertNotIn("case", said)
 
     def test_help_stands_anywhere_and_names_every_stage(self):
         for arguments in (["--help"], ["--only", "unit", "--help"], ["--x86", "-h"]):
