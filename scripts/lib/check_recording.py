@@ -3,9 +3,12 @@
 
 import argparse
 import collections
+import signal
 import sys
 
 import recording as rec
+
+COMPARABLE = {"page": rec.page_frames, "logs": rec.comparable_frames}
 
 
 def summary(recording: rec.Recording) -> str:
@@ -16,26 +19,36 @@ def summary(recording: rec.Recording) -> str:
     kinds = ", ".join(f"{counts[kind]} {kind}" for kind in ("standard", "extended", "remote", "error"))
     sent = f", {counts['sent']} sent by the recorder" if counts["sent"] else ""
     milliseconds = frames[-1].microseconds // 1000
-    return (f"{recording.name}: {len(frames)} frames in {milliseconds // 1000}.{milliseconds % 1000:03} s: "
+    count = "1 frame" if len(frames) == 1 else f"{len(frames)} frames"
+    return (f"{recording.name}: {count} in {milliseconds // 1000}.{milliseconds % 1000:03} s: "
             f"{kinds}{sent}{rec.bad_lines_text(recording)}")
 
 
+def duration(frames: list[rec.Frame], times: int) -> int:
+    """From the first frame to the last of a recording that is played so many times over, in µs."""
+    return (times - 1) * rec.pass_length(frames) + frames[-1].microseconds
+
+
 def main() -> int:
+    # Ctrl-C ends it without a word.
+    signal.signal(signal.SIGINT, signal.SIG_DFL)
     options = argparse.ArgumentParser(description=__doc__)
     options.add_argument("recording")
     options.add_argument("--ids", choices=("11", "29", "both"), default="both",
                          help="bits of the run's identifiers")
-    options.add_argument("--comparable", action="store_true",
-                         help="refuses also what page and logs cannot be compared with")
+    options.add_argument("--comparable", choices=COMPARABLE,
+                         help="refuses also what a run's page or logs cannot be compared with")
+    options.add_argument("--duration", type=int, metavar="TIMES",
+                         help="tells alone how long it takes to play the recording so many times over, in µs")
     given = options.parse_args()
     try:
         recording = rec.read(given.recording)
         ids = 11 if given.ids == "11" else 29
-        (rec.comparable_frames if given.comparable else rec.shown_frames)(recording, ids)
+        COMPARABLE.get(given.comparable, rec.shown_frames)(recording, ids)
     except rec.Refused as refused:
         print(f"error: {refused}", file=sys.stderr)
         return 1
-    print(summary(recording))
+    print(summary(recording) if given.duration is None else duration(recording.frames, given.duration))
     return 0
 
 

@@ -27,6 +27,10 @@ NAMES = {"data": "a frame with a length code above 8", "remote": "a remote frame
          "sent": "a frame that the recorder itself sent"}
 
 
+# Of a recording with a single frame, which comes once a second, in µs.
+LONE_PASS = 1_000_000
+
+
 class Refused(Exception):
     """Why a recording is of no use, in one sentence."""
 
@@ -142,6 +146,23 @@ def comparable_frames(recording: Recording, ids: int) -> list[Frame]:
             raise Refused(f"{recording.name}, line {frame.line}: this is {NAMES[frame.kind]}, and only data "
                           "frames of up to eight bytes can be compared")
     return recording.frames
+
+
+def page_frames(recording: Recording, ids: int) -> list[Frame]:
+    """The same for the page alone, which has no line of its own for a standard frame of identifier 0."""
+    frames = comparable_frames(recording, ids)
+    if not any(frame.extended and ids == 29 or not frame.extended and frame.identifier for frame in frames):
+        raise Refused(f"{recording.name} has frames of identifier 0 alone, for which the page has no line")
+    return frames
+
+
+def pass_length(frames: list[Frame]) -> int:
+    """From one beginning of a recording that is played over to the next, in µs: its length and one mean
+    distance."""
+    if len(frames) == 1:
+        return LONE_PASS
+    span = frames[-1].microseconds
+    return span + max(span // (len(frames) - 1), 1)
 
 
 def bad_lines_text(recording: Recording) -> str:

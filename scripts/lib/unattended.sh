@@ -19,7 +19,7 @@ source "$root/scripts/lib/settings.sh"
 # shellcheck source=recordings.sh
 source "$root/scripts/lib/recordings.sh"
 
-# need_recording FILE IDS [--comparable]: says what the recording holds, or ends the script with a sentence
+# need_recording FILE IDS [--comparable page|logs]: says what the recording holds, or ends the script with a sentence
 # when that is nothing for a program with identifiers of so many bits, or nothing to compare with.
 need_recording() {
   local summary
@@ -41,11 +41,11 @@ run_prepare() {
 # shellcheck disable=SC2120 # one script names a target
 build_for_runs() { build_program x64 tolvane_drive "$@"; }
 
-# choose_recording: $recording is the one that the argument of that name tells, or one of our own with
-# identifiers of so many bits. Page or logs of its run will be compared with it.
+# choose_recording page|logs: $recording is the one that the argument of that name tells, or one of our own with
+# identifiers of so many bits. The page or the logs of its run will be compared with it.
 choose_recording() {
   if [ -n "${opt[recording]}" ]; then
-    need_recording "${opt[recording]}" "${opt[ids]}" --comparable
+    need_recording "${opt[recording]}" "${opt[ids]}" --comparable "$1"
     recording=$(realpath "${opt[recording]}")
     return
   fi

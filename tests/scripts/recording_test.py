@@ -5,6 +5,7 @@ is the table of lines that the simulated adapters are held to as well."""
 import ast
 import os
 import pathlib
+import signal
 import subprocess
 import sys
 import tempfile
@@ -87,6 +88,42 @@ class Command(unittest.TestCase):
         self.assertEqual((0, f"{self.file}: 5 frames in 2.500 s: 1 standard, 1 extended, 1 remote, 1 error, "
                           "1 sent by the recorder; 3 bad lines left out, the first is line 3\n", ""),
                          self.check(content))
+
+    def test_a_single_frame_is_one(self):
+        self.assertEqual((0, f"{self.file}: 1 frame in 0.000 s: 1 standard, 0 extended, 0 remote, 0 error\n", ""),
+                         self.check(DATA))
+
+    def test_a_replay_lasts_as_long_as_the_frames_say_and_bad_lines_nothing(self):
+        for label, content, times, microseconds in (
+                ("one frame", DATA, 1, 0),
+                ("one frame, once a second", DATA, 4, 3_000_000),
+                ("two frames, and their distance before each next pass", DATA + "(2) c 1ff#\n", 3, 2_500_000),
+                ("junk first and last", "(junk) x\n" + DATA + "(2) c 1ff#\n(junk) x\n", 1, 500_000),
+                ("a bad line of another time", "(9) x\n" + DATA + "(2) c 1ff#\n(9) x", 1, 500_000),
+                ("a clock that steps back", DATA + "(2) c 1ff#\n(0.1) c 1ff#\n", 1, 500_000),
+                ("a clock that starts below its end", "(9) c 1ff#\n" + DATA, 2, 1)):
+            with self.subTest(label):
+                self.assertEqual((0, f"{microseconds}\n", ""), self.check(content, "--duration", str(times)))
+
+    def test_identifier_0_alone_has_logs_and_no_page(self):
+        zero = "(1) c 000#01\n"
+        for ids in ("11", "29", "both"):
+            self.refused(" has frames of identifier 0 alone", zero, "--comparable", "page", "--ids", ids)
+            self.assertEqual(0, self.check(zero, "--comparable", "logs", "--ids", ids)[0])
+            self.assertEqual(0, self.check(zero + DATA, "--comparable", "page", "--ids", ids)[0])
+        extended_zero = zero + "(1) c 00000000#01\n"
+        self.refused(" has frames of identifier 0 alone", extended_zero, "--comparable", "page", "--ids", "11")
+        self.assertEqual(0, self.check(extended_zero, "--comparable", "page", "--ids", "29")[0])
+
+    def test_an_interruption_while_it_reads_ends_it_without_a_word(self):
+        os.mkfifo(self.file)
+        reader = subprocess.Popen([sys.executable, "-B", os.path.join(LIB, "check_recording.py"), str(self.file)],
+                                  stdout=subprocess.PIPE, stderr=subprocess.PIPE, text=True)
+        # Opens once the other side does.
+        with open(self.file, "wb"):
+            reader.send_signal(signal.SIGINT)
+            self.assertEqual(("", ""), reader.communicate(timeout=60))
+        self.assertEqual(-signal.SIGINT, reader.returncode)
 
     def test_an_empty_one_is_refused(self):
         self.refused(" is empty; a line looks like", "")

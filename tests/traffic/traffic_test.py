@@ -6,6 +6,7 @@ import collections
 import hashlib
 import os
 import pathlib
+import signal
 import subprocess
 import sys
 import unittest
@@ -59,6 +60,17 @@ class Bytes(unittest.TestCase):
                 out = subprocess.run([sys.executable, "-B", script, name], check=True, env=environment,
                                      stdout=subprocess.PIPE).stdout
                 self.assertEqual(expected, hashlib.sha256(out).hexdigest(), name)
+
+
+class Interruption(unittest.TestCase):
+    def test_the_generator_ends_without_a_word(self):
+        # Nobody fetches the rest of what it writes, so it is still at it.
+        writer = subprocess.Popen([sys.executable, "-B", pathlib.Path(__file__).parent / "generate.py", "car"],
+                                  stdout=subprocess.PIPE, stderr=subprocess.PIPE)
+        writer.stdout.read(1)
+        writer.send_signal(signal.SIGINT)
+        self.assertEqual(b"", writer.communicate(timeout=60)[1])
+        self.assertEqual(-signal.SIGINT, writer.returncode)
 
 
 class Recordings(unittest.TestCase):

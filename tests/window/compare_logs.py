@@ -15,7 +15,6 @@ import debians_python
 
 RECORDS_PER_FILE = 20001
 HEAD_LINES = 8
-LONE_FRAME = 1_000_000  # µs
 MOST_TIMES = 1_000_000
 TITLES = ("経過時間 [ms]", "EX", "CAN ID", "DLC", "D1", "D2", "D3", "D4", "D5", "D6", "D7", "D8")
 # What the logs say of the bench's adapters.
@@ -51,19 +50,10 @@ def identifier_text(identifier: int, ids: int) -> str:
     return f"{identifier:0{digits}X}"
 
 
-def pass_length(frames: list[rec.Frame]) -> int:
-    """From one beginning of the recording to the next, in µs: its length and one mean distance. A single
-    frame comes once a second."""
-    if len(frames) == 1:
-        return LONE_FRAME
-    span = frames[-1].microseconds
-    return span + max(span // (len(frames) - 1), 1)
-
-
 def expected_records(frames: list[rec.Frame], times: int, time_line: TimeLine,
                      ids: int) -> Iterator[Record]:
     for repetition in range(times):
-        began = repetition * pass_length(frames)
+        began = repetition * rec.pass_length(frames)
         for frame in played.accepted(frames, ids):
             time = time_line.add(began + frame.microseconds)
             yield (str(time), "*" if frame.extended else "", identifier_text(frame.identifier, ids),

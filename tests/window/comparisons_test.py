@@ -2,7 +2,9 @@
 """Tests of compare_replay.py and compare_logs.py as commands: what they cannot compare they refuse at once
 and in one sentence, and nothing compared is no success."""
 
+import os
 import pathlib
+import signal
 import subprocess
 import sys
 import tempfile
@@ -89,6 +91,17 @@ class Comparison(unittest.TestCase):
         self.page.write_text(replay.HEADERS[11] + "\n", encoding="utf-8")
         self.refused(f"{self.recording} has frames of identifier 0 alone", "compare_replay.py", str(self.recording),
                      str(self.page))
+
+    def test_an_interruption_while_they_read_ends_them_without_a_word(self):
+        os.mkfifo(self.recording)
+        for command, compared in self.commands.items():
+            reader = subprocess.Popen([sys.executable, "-B", str(HERE / command), str(self.recording), compared],
+                                      stdout=subprocess.PIPE, stderr=subprocess.PIPE, text=True)
+            # Opens once the other side does.
+            with open(self.recording, "wb"):
+                reader.send_signal(signal.SIGINT)
+                self.assertEqual(("", ""), reader.communicate(timeout=60))
+            self.assertEqual(-signal.SIGINT, reader.returncode)
 
     def test_a_missing_page_or_folder_is_refused(self):
         self.write(FRAME)
