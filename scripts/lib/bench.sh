@@ -1,13 +1,15 @@
 # The simulated bench: the options that choose it, its libraries in the prefix's system folder, and the
 # file that describes it.
 # shellcheck shell=bash
+# shellcheck disable=SC2154 # opt is from options.sh
 : "${build:?common.sh comes first}"
 
-# bench_options: those that every run on the bench takes.
+# bench_options IDS-TEXT CLOCK-START: those that every run on the bench takes.
 bench_options() {
   option adapter A "canusb|interface|kvaser" canusb "the adapter that is plugged in: canusb, interface or kvaser"
-  option ids BITS "11|29|both" 11 "$1"
-  option clock-start N ticks "$2" "where the adapter's clock stands when the run begins, in its own \
+  option ids BITS "11|29|both" "" "$1"
+  opt[ids]=11
+  option clock-start N 0..4294967295 "$2" "where the adapter's clock stands when the run begins, in its own \
 ticks; CANUSB's starts over at 60,000"
 }
 
@@ -20,7 +22,6 @@ bench_install() {
 # bench_write FILE LOG [TIMES [SPEED]]: the bench of the options above, on the recording LOG, or on the
 # synthetic vehicle when LOG is empty. The recording is played TIMES times over (1), bus time running
 # SPEED times as fast (1).
-# shellcheck disable=SC2154 # opt is from options.sh
 bench_write() {
   local file=$1 log=$2 times=${3:-1} speed=${4:-1} section format
   case ${opt[adapter]:-canusb} in

@@ -1,5 +1,6 @@
 # The options of a script, each declared once: what it may be, its default, and what the usage says of it.
-# Values stand in opt[NAME]; given[NAME] is there when the caller named the option.
+# Values stand in opt[NAME], the last one when an option is named more than once. given[NAME] is there when
+# the caller named the option, and holds all its values, each with a blank behind it.
 # shellcheck shell=bash
 : "${command_name:?common.sh comes first}"
 
@@ -11,6 +12,12 @@ option_usage="" argument_name=""
 option() {
   option_kinds[$1]=$3 opt[$1]=$4
   usage_line "--$1 $2" "$5${4:+ ($4)}"
+}
+
+# flag NAME TEXT: --NAME without a value, which makes opt[NAME] 1.
+flag() {
+  option_kinds[$1]=flag opt[$1]=""
+  usage_line "--$1" "$2"
 }
 
 # argument NAME TEXT: one word without an option's name may be there, opt[NAME].
@@ -41,9 +48,14 @@ read_options() {
         word=${1#--}
         [[ -n $word && -n ${option_kinds[$word]:-} ]] ||
           fail "no such option: $1 ($command_name --help names them)"
+        if [ "${option_kinds[$word]}" = flag ]; then
+          opt[$word]=1 given[$word]=1
+          shift
+          continue
+        fi
         [[ $# -ge 2 && -n $2 && $2 != --* ]] || fail "$1 needs a value ($command_name --help)"
         check_value "$1" "${option_kinds[$word]}" "$2"
-        opt[$word]=$2 given[$word]=1
+        opt[$word]=$2 given[$word]+="$2 "
         shift 2
         ;;
       *)
@@ -63,16 +75,15 @@ print_usage() {
   printf '  %-16s %s\n' --help "this text"
 }
 
-# check_value OPTION KIND VALUE: KIND is `text`, `whole` (a number of 1 or more), `ticks` (of 32 bits),
+# check_value OPTION KIND VALUE: KIND is `text`, `LOW..HIGH` (whole numbers of ten digits at most),
 # `factor` (0.001 to 1000), or the values that are allowed, with "|" between them.
 check_value() {
   local option=$1 kind=$2 value=$3 wanted
   case $kind in
     text) return ;;
-    whole) [[ $value =~ ^[1-9][0-9]{0,8}$ ]] && return || wanted="a whole number of 1 or more" ;;
-    ticks)
-      [[ $value =~ ^(0|[1-9][0-9]{0,9})$ ]] && [ "$value" -lt $((1 << 32)) ] && return
-      wanted="a whole number from 0 to 4294967295"
+    *..*)
+      [[ $value =~ ^(0|[1-9][0-9]{0,9})$ ]] && ((value >= ${kind%..*} && value <= ${kind#*..})) && return
+      wanted="a whole number from ${kind%..*} to ${kind#*..}"
       ;;
     factor)
       [[ $value =~ ^([0-9]{0,3}(\.[0-9]{1,3})?|1000)$ && $value =~ [1-9] ]] && return

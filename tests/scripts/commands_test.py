@@ -14,10 +14,16 @@ import tempfile
 import unittest
 
 PROJECT = pathlib.Path(sys.argv.pop())
-SCRIPTS = ("demo", "replay-check", "log-check", "pictures", "build")
+# Those without a folder stand in scripts/.
+SCRIPTS = ("demo", "replay-check", "log-check", "pictures", "build", "package", "test", "bench/compare", "tests/soak/run")
+MOST_WHOLE = 999_999_999
 HEAVY = ("apt-get", "sudo", "dpkg-query", "cmake", "ninja", "flock", "wine", "wineserver", "Xvfb", "convert")
 NOBODY = 65534
 GOOD_LINE = "(1502984866.421964) can0 123#0102\n"
+
+
+def path_of(name: str) -> str:
+    return name if "/" in name else f"scripts/{name}"
 
 
 class Ended:
@@ -37,6 +43,9 @@ class Place(unittest.TestCase):
         self.project = self.folder / "a project"
         for part in ("scripts", "tests/window", "tests/traffic"):
             shutil.copytree(PROJECT / part, self.project / part, ignore=shutil.ignore_patterns("__pycache__"))
+        for name in filter(lambda name: "/" in name, SCRIPTS):
+            (self.project / name).parent.mkdir(parents=True, exist_ok=True)
+            shutil.copy(PROJECT / name, self.project / name)
         self.tools = self.folder / "tools"
         self.tools.mkdir()
         self.trace = self.folder / "trace"
@@ -53,7 +62,7 @@ class Place(unittest.TestCase):
     def run_script(self, name: str, *words: str, environment: dict[str, str] | None = None,
                    user: int | None = None) -> Ended:
         paths = [str(self.tools), *dict.fromkeys((os.path.dirname(sys.executable), "/usr/bin", "/bin"))]
-        done = subprocess.run([str(self.project / "scripts" / name), *words], user=user, cwd=self.folder,
+        done = subprocess.run([str(self.project / path_of(name)), *words], user=user, cwd=self.folder,
                               env={"PATH": ":".join(paths)} | (environment or {}), text=True, timeout=60,
                               capture_output=True, check=False)
         return Ended(done, self.trace)
@@ -68,27 +77,34 @@ class Place(unittest.TestCase):
 class Options(Place):
     def test_help_works_at_any_place_among_the_words(self):
         for name in SCRIPTS:
-            for words in (["--help"], ["-h"], ["--out", "--help"], ["--nonsense", "--help"]):
+            for words in (["--help"], ["-h"], ["--out", "--help"], ["--only", "--help"], ["x64", "--help"],
+                          ["--nonsense", "--help"]):
                 ended = self.run_script(name, *words)
                 self.assertEqual((0, "", []), (ended.status, ended.errors, ended.begun), (name, words))
-                self.assertTrue(ended.said.startswith(f"usage: scripts/{name} "), ended.said)
+                self.assertTrue(ended.said.startswith(f"usage: {path_of(name)} "), ended.said)
 
     def test_help_needs_no_folder_that_can_be_written(self):
         self.assertEqual(0, self.run_script("demo", "--help", user=NOBODY if os.geteuid() == 0 else None).status)
 
     def test_the_usage_names_every_option(self):
         for name in SCRIPTS:
-            text = (PROJECT / "scripts" / name).read_text()
+            text = (PROJECT / path_of(name)).read_text()
             if "bench_options " in text:
                 text += (PROJECT / "scripts/lib/bench.sh").read_text()
-            declared = set(re.findall(r"^ *option ([a-z-]+) ", text, re.M))
-            named = set(re.findall(r"^  --([a-z-]+)", self.run_script(name, "--help").said, re.M))
+            declared = set(re.findall(r"^ *(?:option|flag) ([a-z0-9-]+) ", text, re.M))
+            named = set(re.findall(r"^  --([a-z0-9-]+)", self.run_script(name, "--help").said, re.M))
             self.assertEqual(declared | {"help"}, named, name)
 
-    def test_the_readme_tells_each_option_of_the_demo(self):
-        table = set(re.findall(r"^\| `(--[a-z-]+)", (PROJECT / "README.md").read_text(encoding="utf-8"), re.M))
-        said = set(re.findall(r"^  (--[a-z-]+)", self.run_script("demo", "--help").said, re.M))
-        self.assertEqual(table | {"--help"}, said)
+    def test_the_readme_tells_each_option_of_each_script(self):
+        readme = (PROJECT / "README.md").read_text(encoding="utf-8")
+        # The demo's own table has no column of scripts.
+        rows = [(option, "`demo`") for option in re.findall(r"^\| `([^`]+)` \|(?=[^|]*\|$)", readme, re.M)]
+        rows += re.findall(r"^\| `([^`]+)` \| ([^|]*) \|[^|]*\|$", readme, re.M)
+        self.assertEqual(set(SCRIPTS), {name for _, names in rows for name in re.findall(r"`([^`]+)`", names)})
+        for name in SCRIPTS:
+            told = sorted(option for option, names in rows if f"`{name}`" in names)
+            said = re.findall(r"^  (--[a-z0-9-]+(?: [A-Z]+)?|[A-Z]+)  ", self.run_script(name, "--help").said, re.M)
+            self.assertEqual(told, sorted(set(said) - {"--help"}), name)
 
     def test_what_is_no_option_is_refused(self):
         self.refuses(r"no such option: --nonsense \(scripts/demo --help names them\)", "demo", "--nonsense", "1")
@@ -102,14 +118,19 @@ class Options(Place):
             self.refuses(rf"{words[0].rstrip('=')} needs a value \(scripts/demo --help\)", "demo", *words)
 
     def test_a_wrong_value_is_refused_with_the_right_ones(self):
-        whole, ticks = "is a whole number of 1 or more", "is a whole number from 0 to 4294967295"
+        whole, ticks = f"is a whole number from 1 to {MOST_WHOLE}", "is a whole number from 0 to 4294967295"
         for name, option, value, wanted in (
                 ("demo", "--seconds", "0", whole), ("demo", "--seconds", "1.5", whole),
-                ("demo", "--seconds", "9999999999", whole), ("demo", "--still", "0", whole),
-                ("demo", "--still", "-1", whole), ("log-check", "--times", "x", whole),
+                ("demo", "--seconds", str(MOST_WHOLE + 1), whole), ("demo", "--still", "0", whole),
+                ("demo", "--still", "-1", whole), ("demo", "--seconds", "9" * 30, whole),
                 ("demo", "--clock-start", "-1", ticks), ("demo", "--clock-start", "4294967296", ticks),
                 ("demo", "--adapter", "usb", "is canusb, interface or kvaser"),
                 ("demo", "--adapter", "canusb|interface", "is canusb, interface or kvaser"),
+                ("test", "--only", "units", "is checks, unit, .* x86 or fresh"),
+                ("bench/compare", "--only", "tick", "is ticks or logs"),
+                ("bench/compare", "--rounds", "0", "is a whole number from 1 to 999999"),
+                ("tests/soak/run", "--minutes", "x", "is a whole number from 1 to 10000"),
+                ("tests/soak/run", "--load", "full", "is short, long, short29 or ids29"),
                 ("replay-check", "--ids", "12", "is 11, 29 or both"),
                 ("log-check", "--format", "xls", "is csv or xlsx"),
                 ("log-check", "--speed", "0", "is a number from 0.001 to 1000"),
@@ -117,11 +138,38 @@ class Options(Place):
             self.refuses(rf"{option} {wanted}, not '{re.escape(value)}'", name, option, value)
 
     def test_there_are_two_architectures(self):
-        self.refuses("the program's architecture is x64 or x86, not 'arm'", "build", "arm")
+        for name in ("build", "package"):
+            self.refuses("the program's architecture is x64 or x86, not 'arm'", name, "arm")
+        self.refuses("'x86' belongs to no option .*", "package", "x64", "x86")
+
+    def test_stages_are_named_with_or_without_an_equals_sign_and_more_than_once(self):
+        for words in (["--only=fuzz", "--only", "fresh"], ["--only", "fresh", "--only=fuzz"]):
+            said = self.run_script("test", *words).said
+            self.assertRegex(said, r"\A-- this machine misses .* clang .*debootstrap")
+            self.assertNotIn("shellcheck", said)
+        self.assertIn("g++-mingw-w64-i686-posix", self.run_script("test", "--x86").said)
+        self.assertNotIn("clang", self.run_script("test", "--x86").said)
+
+    def test_logs_as_workbooks_need_their_readers(self):
+        log = self.file("good.log", GOOD_LINE)
+        self.assertIn("python3-openpyxl", self.run_script("log-check", log, "--format", "xlsx").said)
+        self.assertNotIn("python3-openpyxl", self.run_script("log-check", log).said)
+
+    def test_logs_are_compared_as_often_as_a_recording_can_be_played_over(self):
+        most = int(re.search(r"^MOST_TIMES = ([0-9_]+)$",
+                             (PROJECT / "tests/window/compare_logs.py").read_text(encoding="utf-8"), re.M)[1])
+        log = self.file("good.log", GOOD_LINE)
+        self.assertIn("dpkg-query", self.run_script("log-check", log, "--times", str(most)).begun)
+        self.trace.unlink()
+        self.refuses(f"--times is a whole number from 1 to {most}, not '{most + 1}'", "log-check", "--times",
+                     str(most + 1))
 
     def test_a_run_ends_by_seconds_or_by_standing_still(self):
         self.refuses("--seconds and --still exclude each other: leave one away", "demo", "--still", "1",
                      "--seconds", "1")
+
+    def test_the_vehicle_never_stands_still(self):
+        self.refuses("--still needs a recording, --log: the vehicle never stands still", "demo", "--still", "1")
 
     def test_options_come_in_any_order(self):
         log = self.file("b.log", "")
@@ -147,6 +195,18 @@ class Recordings(Place):
     def test_one_that_the_identifiers_leave_empty_is_refused_at_once(self):
         log = self.file("extended.log", GOOD_LINE.replace("123#", "00000123#"))
         self.refuses(".* it needs --ids 29", "demo", "--log", log)
+        shown = {"DISPLAY": ":4095"}
+        self.refuses(".* it needs --ids 29", "demo", "--log", log, "--seconds", "1", environment=shown)
+        self.refuses(".* it needs --ids 29", "demo", "--log", log, "--ids", "11", environment=shown)
+
+    def test_a_window_for_the_user_may_show_any_identifiers(self):
+        log = self.file("extended.log", GOOD_LINE.replace("123#", "00000123#"))
+        self.assertIn("dpkg-query", self.run_script("demo", "--log", log, environment={"DISPLAY": ":4095"}).begun)
+
+    def test_identifier_0_alone_has_logs_and_no_page(self):
+        log = self.file("zero.log", GOOD_LINE.replace("123#", "000#"))
+        self.refuses(".* identifier 0 alone, for which the page has no line", "replay-check", log)
+        self.assertIn("dpkg-query", self.run_script("log-check", log).begun)
 
     def test_one_that_cannot_be_compared_is_refused_at_once(self):
         log = self.file("remote.log", GOOD_LINE + GOOD_LINE.replace("#0102", "#R"))
@@ -156,7 +216,7 @@ class Recordings(Place):
     def test_a_good_one_is_told_with_its_bad_lines(self):
         log = self.file("good.log", GOOD_LINE + "?\n")
         ended = self.run_script("demo", "--log", log)
-        self.assertRegex(ended.said, rf"\A-- {re.escape(log)}: 1 frames .*; 1 bad line left out, the first is line 2\n")
+        self.assertRegex(ended.said, rf"\A-- {re.escape(log)}: 1 frame in .*; 1 bad line left out, the first is line 2\n")
         self.assertIn("dpkg-query", ended.begun)
 
 
