@@ -128,8 +128,9 @@ fresh_test() {
     tail -n 1 "$fresh_said" | grep -qE '^[1-9][0-9]* passed, 0 failed, 0 skipped$'
 }
 
-# Root's folder becomes the user's, with what was built there: to build it once more would cost minutes. The
-# demo's output goes, and so do one package and the locale, so that his demo has to become root.
+# Root's folder becomes the user's, with what was built there: to build it once more would cost minutes. Root's
+# demo goes, and his Wine prefixes, which no other user may use. One package and the locale go too, so that the
+# user's demo has to become root.
 fresh_make_user() {
   local log=$results/fresh-user.log
   say "making the user $fresh_user in the root"
@@ -142,7 +143,7 @@ fresh_make_user() {
         localedef --delete-from-archive ja_JP.utf8
         useradd --create-home --shell /bin/bash "$1"
         echo "$1 ALL=(ALL) NOPASSWD: ALL" >"/etc/sudoers.d/$1"
-        rm -rf "$2/build/demo"
+        rm -rf "$2"/build/demo "$2"/build/wine-prefix*
         chown -R "$1:" "$2"' sh "$fresh_user" "$fresh_project"
   } >"$log" 2>&1 || say "the user cannot be made (the whole output: $log)"
 }
