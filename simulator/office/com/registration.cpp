@@ -4,11 +4,14 @@
 
 #include <vector>
 
+#include "simulator/office/com/class_link.h"
 #include "simulator/office/com/own_path.h"
 
 namespace tolvane::office {
 namespace {
 
+/// The classes of the current user alone: a machine's other users have nothing to do with a test.
+constexpr const wchar_t* kUserClasses = L"Software\\Classes\\";
 constexpr const wchar_t* kVersionValue = L"StandInVersion";
 
 std::wstring IdText(const CLSID& id) {
@@ -36,8 +39,8 @@ std::wstring ReadText(const std::wstring& key, const wchar_t* value) {
 bool WriteText(const std::wstring& key, const wchar_t* value, const std::wstring& text) {
   const auto bytes = static_cast<DWORD>((text.size() + 1) * sizeof(wchar_t));
   HKEY opened = nullptr;
-  if (RegCreateKeyExW(HKEY_CLASSES_ROOT, key.c_str(), 0, nullptr, 0, KEY_SET_VALUE, nullptr,
-                      &opened, nullptr) != ERROR_SUCCESS) {
+  if (RegCreateKeyExW(HKEY_CURRENT_USER, (kUserClasses + key).c_str(), 0, nullptr, 0, KEY_SET_VALUE,
+                      nullptr, &opened, nullptr) != ERROR_SUCCESS) {
     return false;
   }
   const LONG result =
@@ -46,7 +49,13 @@ bool WriteText(const std::wstring& key, const wchar_t* value, const std::wstring
   return result == ERROR_SUCCESS;
 }
 
-/// A real office program may own the name; it must not be touched.
+void DeleteAll(const std::wstring& key) {
+  RemoveClassLink(key);
+  RegDeleteTreeW(HKEY_CURRENT_USER, (kUserClasses + key).c_str());
+}
+
+/// A real office program may own the name, for this user or for the machine; it must not be
+/// touched.
 bool IsForeign(const ServedClass& served) {
   const std::wstring owner = ReadText(std::wstring(served.name) + L"\\CLSID", nullptr);
   return !owner.empty() && lstrcmpiW(owner.c_str(), IdText(served.id).c_str()) != 0;
@@ -62,13 +71,14 @@ bool RegisterClassOf(const ServedClass& served, const std::wstring& version) {
          WriteText(ClassKey(served), nullptr, name) &&
          WriteText(ClassKey(served), kVersionValue, version) &&
          WriteText(ClassKey(served) + L"\\ProgID", nullptr, name) &&
-         WriteText(ClassKey(served) + L"\\LocalServer32", nullptr, command);
+         WriteText(ClassKey(served) + L"\\LocalServer32", nullptr, command) &&
+         ShowAmongAllClasses(name) && ShowAmongAllClasses(ClassKey(served));
 }
 
 bool UnregisterClassOf(const ServedClass& served) {
   if (IsForeign(served)) return false;
-  RegDeleteTreeW(HKEY_CLASSES_ROOT, served.name);
-  RegDeleteTreeW(HKEY_CLASSES_ROOT, ClassKey(served).c_str());
+  DeleteAll(served.name);
+  DeleteAll(ClassKey(served));
   return true;
 }
 

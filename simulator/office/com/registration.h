@@ -6,8 +6,8 @@
 
 namespace tolvane::office {
 
-/// Writes the name, the class id, this program's path and the version text into the registry.
-/// False when the name belongs to another program or the registry refuses.
+/// Writes the name, the class id, this program's path and the version text into the registry of
+/// the current user. False when the name belongs to another program or the registry refuses.
 [[nodiscard]] bool RegisterClassOf(const ServedClass& served, const std::wstring& version);
 
 /// Takes it out again. False when the name belongs to another program; a name that nobody has

@@ -159,6 +159,48 @@ TEST_F(OfficeProcess, AScriptedFailureReachesTheClientAsAnException) {
   EXPECT_EQ(client.failures.size(), 1U);
 }
 
+/// True when the machine's classes have this key and it is more than a link to the user's.
+bool IsRegisteredForTheMachine(const std::wstring& name) {
+  HKEY key = nullptr;
+  const std::wstring path = L"Software\\Classes\\" + name;
+  if (RegOpenKeyExW(HKEY_LOCAL_MACHINE, path.c_str(), REG_OPTION_OPEN_LINK, KEY_READ, &key) !=
+      ERROR_SUCCESS) {
+    return false;
+  }
+  DWORD keys = 0;
+  DWORD values = 0;
+  RegQueryInfoKeyW(key, nullptr, nullptr, nullptr, &keys, nullptr, nullptr, &values, nullptr,
+                   nullptr, nullptr, nullptr);
+  DWORD type = REG_NONE;
+  RegQueryValueExW(key, L"SymbolicLinkValue", nullptr, &type, nullptr, nullptr);
+  RegCloseKey(key);
+  return keys != 0 || values != 1 || type != REG_LINK;
+}
+
+bool Exists(HKEY root, const std::wstring& name) {
+  HKEY key = nullptr;
+  const std::wstring path = L"Software\\Classes\\" + name;
+  if (RegOpenKeyExW(root, path.c_str(), REG_OPTION_OPEN_LINK, KEY_READ, &key) != ERROR_SUCCESS) {
+    return false;
+  }
+  RegCloseKey(key);
+  return true;
+}
+
+TEST_F(OfficeProcess, IsRegisteredForTheCurrentUserAlone) {
+  constexpr wchar_t kClass[] = L"CLSID\\{6B1D2F80-3C55-4E0A-8F21-5D907A4CE101}";
+  ASSERT_EQ(RunStandIn(L"/register Excel.Application"), 0U);
+  for (const wchar_t* const name : {kExcel, kClass}) {
+    EXPECT_TRUE(Exists(HKEY_CURRENT_USER, name));
+    EXPECT_FALSE(IsRegisteredForTheMachine(name));
+  }
+  ASSERT_EQ(RunStandIn(L"/unregister Excel.Application"), 0U);
+  for (const wchar_t* const name : {kExcel, kClass}) {
+    EXPECT_FALSE(Exists(HKEY_CURRENT_USER, name));
+    EXPECT_FALSE(Exists(HKEY_LOCAL_MACHINE, name));
+  }
+}
+
 TEST_F(OfficeProcess, AnUnknownNameIsToldAsSuch) {
   ASSERT_EQ(RunStandIn(L"/register Excel.Application"), 0U);
   ComClient client(kExcel);
