@@ -98,7 +98,7 @@ Outcome GetBorders(Program&, const Object& object, Arguments& arguments) {
 Outcome PutValue(Program&, const Object& object, Arguments& arguments) {
   Value& value = arguments.positional.front();
   if (const String* const text = std::get_if<String>(&value)) {
-    return {object.sheet->SetText(object.area, *text) ? kDone : kRefused, {}};
+    return {object.sheet->SetValue(object.area, ParseTyped(*text)) ? kDone : kRefused, {}};
   }
   Table* const table = std::get_if<Table>(&value);
   if (table == nullptr) return {kTypeMismatch, {}};

@@ -19,7 +19,8 @@ Outcome PutColumnWidth(Program& program, const Object& object, Arguments& argume
 Outcome GetFont(Program& program, const Object& object, Arguments& arguments);
 Outcome GetInterior(Program& program, const Object& object, Arguments& arguments);
 Outcome GetBorders(Program& program, const Object& object, Arguments& arguments);
-/// A text for all cells, or a table of the range's size.
+/// A table of the range's size, whose texts stay texts unless they came as VARIANTs; or a text for
+/// all cells, taken as if typed. What would be a formula is refused.
 Outcome PutValue(Program& program, const Object& object, Arguments& arguments);
 Outcome PutMergeCells(Program& program, const Object& object, Arguments& arguments);
 Outcome PutHorizontalAlignment(Program& program, const Object& object, Arguments& arguments);

@@ -31,8 +31,8 @@ std::string HexText(std::uint32_t number) {
 
 std::string TableText(const Table& table) {
   constexpr std::size_t kMostShown = 64;
-  std::string out =
-      "table(" + std::to_string(table.rows) + "x" + std::to_string(table.columns) + ")";
+  std::string out = (table.as_typed ? "typed(" : "table(") + std::to_string(table.rows) + "x" +
+                    std::to_string(table.columns) + ")";
   if (table.texts.size() <= kMostShown) {
     for (const String& text : table.texts) out += " " + Quoted(text);
     return out;

@@ -2,6 +2,7 @@
 
 #include <charconv>
 #include <optional>
+#include <utility>
 
 #include "simulator/ini_file.h"
 
@@ -23,6 +24,17 @@ bool Assign(Field& field, std::optional<Number> number) {
   return number.has_value();
 }
 
+std::optional<BusyAs> ParseBusyAs(std::string_view text) {
+  constexpr std::pair<std::string_view, BusyAs> kWays[] = {{"rejected", BusyAs::kRejected},
+                                                           {"later", BusyAs::kLater},
+                                                           {"suspended", BusyAs::kSuspended},
+                                                           {"exception", BusyAs::kException}};
+  for (const auto& [name, way] : kWays) {
+    if (name == text) return way;
+  }
+  return std::nullopt;
+}
+
 bool Apply(Script& script, std::string_view key, std::string_view value) {
   if (key == "record") {
     script.record = value;
@@ -34,6 +46,10 @@ bool Apply(Script& script, std::string_view key, std::string_view value) {
     return Assign(script.fail_with, ParseNumber<std::uint32_t>(value, 0xFFFFFFFF, 16));
   }
   if (key == "fail_creation") return Assign(script.fail_creation, ParseNumber<int>(value, 1, 10));
+  if (key == "busy_at") return Assign(script.busy_at, ParseNumber<int>(value, 1'000'000'000, 10));
+  if (key == "busy_calls") return Assign(script.busy_calls, ParseNumber<int>(value, 1'000'000, 10));
+  if (key == "busy_ms") return Assign(script.busy_ms, ParseNumber<int>(value, 60'000, 10));
+  if (key == "busy_as") return Assign(script.busy_as, ParseBusyAs(value));
   return false;
 }
 

@@ -7,6 +7,14 @@
 
 namespace tolvane::office {
 
+/// How a busy program turns a call away.
+enum class BusyAs {
+  kRejected,   // RPC_E_CALL_REJECTED, by the machinery ahead of the object
+  kLater,      // RPC_E_SERVERCALL_RETRYLATER
+  kSuspended,  // 0x800AC472 as the result of the call
+  kException,  // 0x800AC472 inside an exception
+};
+
 /// What one server process is told to do beside its work.
 struct Script {
   std::string record;         // path of the record in UTF-8, "" for none
@@ -14,6 +22,12 @@ struct Script {
   std::int32_t fail_at = 0;   // the operation that fails, counted from 1; 0 none
   std::uint32_t fail_with = 0x800A03EC;
   bool fail_creation = false;  // no object is made at all
+  // From operation `busy_at` on, 0 being the creation, so many calls are turned away, or all for so
+  // long from the first one on. They count as no operations.
+  std::int32_t busy_at = 0;
+  std::int32_t busy_calls = 0;
+  std::int32_t busy_ms = 0;
+  BusyAs busy_as = BusyAs::kRejected;
 
   std::vector<std::string> problems;  // one text for each entry that was not understood
 };

@@ -66,7 +66,31 @@ Server::Server(StringView name, String version, Script script, Record& record)
 
 bool Server::IsServed(StringView name) { return FindServed(name) != nullptr; }
 
+bool Server::TurnsAway(BusyAs way) {
+  if (way != script_.busy_as || !IsBusy()) return false;
+  if (turned_away_++ == 0) busy_since_ = std::chrono::steady_clock::now();
+  record_.Line("busy");
+  return true;
+}
+
+bool Server::IsBusy() const {
+  const std::int32_t next = created_ ? operations_ + 1 : 0;
+  if (next < script_.busy_at) return false;
+  if (turned_away_ < script_.busy_calls) return true;
+  const std::chrono::milliseconds length(script_.busy_ms);
+  return length.count() > 0 &&
+         (turned_away_ == 0 || std::chrono::steady_clock::now() - busy_since_ < length);
+}
+
+bool Server::Understands(std::uint32_t locale) {
+  constexpr std::uint32_t kEnglish = 1033;
+  if (locale == kEnglish) return true;
+  record_.Line("locale " + std::to_string(locale));
+  return false;
+}
+
 std::optional<Object> Server::Create() {
+  created_ = true;
   record_.Line("create " + ToUtf8(name_) + ResultText(script_.fail_creation ? kRefused : kDone));
   if (script_.fail_creation) return std::nullopt;
   return Object{program_.kind, nullptr, {}, ""};

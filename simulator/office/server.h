@@ -1,7 +1,9 @@
 #pragma once
 
+#include <chrono>
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <vector>
 
 #include "platform/string.h"
@@ -33,6 +35,14 @@ class Server {
 
   static bool IsServed(StringView name);
 
+  /// True when the call that comes now is to be turned away in this way; that goes to the record.
+  /// Whoever carries calls asks ahead of each, for every way in which he can turn one away.
+  [[nodiscard]] bool TurnsAway(BusyAs way);
+
+  /// True for English, 1033. The stand-in is like a program that was installed in another language:
+  /// only calls in English find English names. Other locales go to the record.
+  [[nodiscard]] bool Understands(std::uint32_t locale);
+
   /// The program, or empty when the script refuses it. Goes to the record.
   [[nodiscard]] std::optional<Object> Create();
 
@@ -52,7 +62,12 @@ class Server {
   Script script_;
   Record& record_;
   Program program_;
+  [[nodiscard]] bool IsBusy() const;
+
+  bool created_ = false;
   std::int32_t operations_ = 0;
+  std::int32_t turned_away_ = 0;
+  std::chrono::steady_clock::time_point busy_since_;  // set with the first call turned away
 };
 
 }  // namespace tolvane::office

@@ -4,12 +4,17 @@
 #include <utility>
 
 namespace tolvane::office {
+namespace {
 
-bool Sheet::SetText(const Area& area, const String& text) {
-  if (!IsWorkable(area)) return false;
+bool IsFormula(StringView text) { return ParseTyped(text).is_formula; }
+
+}  // namespace
+
+bool Sheet::SetValue(const Area& area, const Typed& typed) {
+  if (!IsWorkable(area) || typed.is_formula) return false;
   for (int row = area.first_row; row <= area.last_row; ++row) {
     for (int column = area.first_column; column <= area.last_column; ++column) {
-      At(row, column).text = text;
+      Set(row, column, typed);
     }
   }
   return true;
@@ -20,13 +25,27 @@ bool Sheet::SetTexts(const Area& area, Table&& table) {
       table.columns != static_cast<std::size_t>(area.Columns())) {
     return false;
   }
+  if (table.as_typed && std::ranges::any_of(table.texts, IsFormula)) return false;
   auto text = table.texts.begin();
   for (int row = area.first_row; row <= area.last_row; ++row) {
     for (int column = area.first_column; column <= area.last_column; ++column) {
-      At(row, column).text = std::move(*text++);
+      if (table.as_typed) {
+        Set(row, column, ParseTyped(*text++));
+      } else {
+        At(row, column).value = std::move(*text++);
+      }
     }
   }
   return true;
+}
+
+void Sheet::Set(int row, int column, const Typed& typed) {
+  Cell& cell = At(row, column);
+  cell.value = typed.value;
+  if (typed.number_format == 0) return;
+  CellStyle style = styles_[cell.style];
+  style.number_format = typed.number_format;
+  cell.style = StyleIndex(style);
 }
 
 void Sheet::SetColumnWidth(const Area& columns, double width) {

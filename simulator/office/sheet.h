@@ -6,9 +6,10 @@
 #include <optional>
 #include <vector>
 
-#include "platform/string.h"
 #include "simulator/office/area.h"
+#include "simulator/office/cell_value.h"
 #include "simulator/office/table.h"
+#include "simulator/office/typed_text.h"
 
 namespace tolvane::office {
 
@@ -18,22 +19,27 @@ struct CellStyle {
   bool filled = false;
   bool bordered = false;
   bool right_aligned = false;
+  int number_format = 0;  // of the built-in ones
   bool operator==(const CellStyle&) const = default;
 };
 
 struct Cell {
-  String text;
+  CellValue value;
   std::uint16_t style = 0;  // index in Sheet::Styles()
+
+  [[nodiscard]] bool IsEmpty() const { return value == CellValue(); }
 };
 
-/// One worksheet: texts, looks, merged ranges, column widths and a filter. Operations on an area
+/// One worksheet: values, looks, merged ranges, column widths and a filter. Operations on an area
 /// answer false, and change nothing, when it has more than a million cells and is not the whole
 /// sheet.
 class Sheet {
  public:
-  [[nodiscard]] bool SetText(const Area& area, const String& text);
+  /// The same value in all cells; false also for a formula.
+  [[nodiscard]] bool SetValue(const Area& area, const Typed& typed);
 
-  /// False also when the table has another size than the area.
+  /// Texts stay what they are, unless the table is to be taken as typed. False also when the table
+  /// has another size than the area, or holds what would then be a formula.
   [[nodiscard]] bool SetTexts(const Area& area, Table&& table);
 
   /// Sets one field of the style of all cells of the area, those still empty included.
@@ -76,6 +82,7 @@ class Sheet {
  private:
   static bool IsWorkable(const Area& area);
   Cell& At(int row, int column);
+  void Set(int row, int column, const Typed& typed);
   std::uint16_t StyleIndex(const CellStyle& style);
 
   std::vector<CellStyle> styles_{CellStyle{}};

@@ -13,6 +13,7 @@ struct Table {
   std::size_t rows = 0;
   std::size_t columns = 0;
   std::vector<String> texts;
+  bool as_typed = false;  // each text came in a VARIANT of its own: it is taken as if typed
 };
 
 }  // namespace tolvane::office

@@ -44,7 +44,10 @@ enum Result : std::uint32_t {
   kTypeMismatch = 0x80020005,
   kUnknownName = 0x80020006,
   kBadParameterCount = 0x8002000E,
-  kRefused = 0x800A03EC,  // the program's own "application-defined error"
+  kOldFormat = 0x80028018,  // what a program in another language makes of English calls
+  kRetryLater = 0x8001010A,
+  kSuspended = 0x800AC472,  // the program's own "not now": it calculates, or a cell is in edit
+  kRefused = 0x800A03EC,    // the program's own "application-defined error"
 };
 
 enum class Verb { kGet, kPut, kCall };

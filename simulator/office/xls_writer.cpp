@@ -1,6 +1,7 @@
 #include "simulator/office/xls_writer.h"
 
 #include <algorithm>
+#include <bit>
 #include <cmath>
 #include <cstddef>
 #include <cstdint>
@@ -14,7 +15,8 @@ namespace {
 
 // stream  = globals, sheet
 // globals = bof, code page, { font }, 15 style formats, { cell format }, bound sheet, eof
-// sheet   = bof, { column info }, dimensions, { label | blank }, window, [ merged ], eof
+// sheet   = bof, { column info }, dimensions, { label | number | truth | blank }, window, [ merged
+// ], eof
 enum Record : std::uint32_t {
   kEof = 0x000A,
   kFont = 0x0031,
@@ -25,7 +27,9 @@ enum Record : std::uint32_t {
   kMergedCells = 0x00E5,
   kDimensions = 0x0200,
   kBlank = 0x0201,
+  kNumber = 0x0203,
   kLabel = 0x0204,
+  kTruth = 0x0205,
   kWindow = 0x023E,
   kBof = 0x0809,
 };
@@ -84,7 +88,7 @@ void AppendFormat(std::string& out, std::uint32_t font, std::uint32_t kind,
   constexpr std::uint32_t kSolid = 1U << 26;
   std::string body;
   Append16(body, font);
-  Append16(body, 0);  // number format: general
+  Append16(body, static_cast<std::uint32_t>(style.number_format));
   Append16(body, kind);
   Append8(body, kBottom | (style.right_aligned ? kRight : 0U));
   Append16(body, 0);  // rotation, indent
@@ -150,18 +154,33 @@ void AppendDimensions(std::string& out, const Area& used) {
   AppendRecord(out, kDimensions, body);
 }
 
+/// Gives the record that the value belongs into.
+Record AppendValue(std::string& body, const Cell& cell) {
+  if (cell.IsEmpty()) return kBlank;
+  if (const double* const number = std::get_if<double>(&cell.value)) {
+    const auto bits = std::bit_cast<std::uint64_t>(*number);
+    Append32(body, static_cast<std::uint32_t>(bits));
+    Append32(body, static_cast<std::uint32_t>(bits >> 32));
+    return kNumber;
+  }
+  if (const bool* const truth = std::get_if<bool>(&cell.value)) {
+    Append8(body, *truth ? 1 : 0);
+    Append8(body, 0);  // no error code
+    return kTruth;
+  }
+  const StringView text = StringView(std::get<String>(cell.value)).substr(0, 255);
+  Append16(body, static_cast<std::uint32_t>(text.size()));
+  AppendUnits(body, text);
+  return kLabel;
+}
+
 void AppendCell(std::string& out, std::size_t row, std::size_t column, const Cell& cell) {
-  if (cell.text.empty() && cell.style == 0) return;
-  const StringView text = StringView(cell.text).substr(0, 255);
+  if (cell.IsEmpty() && cell.style == 0) return;
   std::string body;
   Append16(body, static_cast<std::uint32_t>(row));
   Append16(body, static_cast<std::uint32_t>(column));
   Append16(body, kStyleFormats + cell.style);
-  if (!text.empty()) {
-    Append16(body, static_cast<std::uint32_t>(text.size()));
-    AppendUnits(body, text);
-  }
-  AppendRecord(out, text.empty() ? kBlank : kLabel, body);
+  AppendRecord(out, AppendValue(body, cell), body);
 }
 
 void AppendMerged(std::string& out, const std::vector<Area>& areas) {

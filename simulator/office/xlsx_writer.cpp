@@ -90,12 +90,20 @@ void AppendCell(std::string& out, const Cell& cell, std::string_view column, std
     out += R"(" s=")";
     AppendNumber(out, cell.style);
   }
-  if (cell.text.empty()) {
+  if (cell.IsEmpty()) {
     out += R"("/>)";
     return;
   }
-  out += R"(" t="s"><v>)";
-  AppendNumber(out, strings.Index(cell.text));
+  if (const String* const text = std::get_if<String>(&cell.value)) {
+    out += R"(" t="s"><v>)";
+    AppendNumber(out, strings.Index(*text));
+  } else if (const bool* const truth = std::get_if<bool>(&cell.value)) {
+    out += R"(" t="b"><v>)";
+    AppendNumber(out, *truth ? 1 : 0);
+  } else {
+    out += R"("><v>)";
+    AppendNumber(out, std::get<double>(cell.value));
+  }
   out += "</v></c>";
 }
 
@@ -107,7 +115,7 @@ void AppendRow(std::string& out, const std::vector<Cell>& cells, std::string_vie
   out += R"(">)";
   const std::size_t first_cell = out.size();
   for (std::size_t index = 0; index < cells.size(); ++index) {
-    if (cells[index].text.empty() && cells[index].style == 0) continue;
+    if (cells[index].IsEmpty() && cells[index].style == 0) continue;
     AppendCell(out, cells[index], column_names[index], row, strings);
   }
   if (out.size() == first_cell) {

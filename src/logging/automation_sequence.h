@@ -11,12 +11,18 @@
 namespace tolvane {
 
 /// A sequence of automation calls that stops at the first failure: from then on nothing reaches
-/// the server, and objects come out empty. The outcome is asked once, at the end.
+/// the server, and objects come out empty. The outcome is asked once, at the end. The time for
+/// waiting for a busy server is that of one sequence.
 class AutomationSequence {
  public:
   using Object = std::unique_ptr<platform::AutomationObject>;
   using Arguments = std::initializer_list<platform::AutomationArgument>;
   using NamedArguments = std::initializer_list<platform::NamedArgument>;
+
+  /// `server` may be null; nothing succeeds then.
+  explicit AutomationSequence(platform::AutomationObject* server) {
+    if (server != nullptr) server->BeginSequence();
+  }
 
   [[nodiscard]] bool Ok() const { return ok_; }
 

@@ -54,6 +54,11 @@ class Sheet {
   Object sheet_;
 };
 
+/// As a table of one: a comment such as "001" or "=== 2 ===" must neither change nor be refused.
+void PutText(AutomationSequence& sequence, const Object& cell, const String& text) {
+  sequence.Put(cell.get(), u"Value", AutomationTable{{&text, 1}, 1});
+}
+
 void FillTop(AutomationSequence& sequence, Sheet& sheet, const LogWorkbook& workbook,
              const ELM327_Info& device) {
   struct Row {
@@ -70,14 +75,14 @@ void FillTop(AutomationSequence& sequence, Sheet& sheet, const LogWorkbook& work
                       {u"H1", String(workbook.date), 10}};
   for (const Row& row : rows) {
     const Object cell = sheet.Range(row.address);
-    sequence.Put(cell.get(), u"Value", row.text);
+    PutText(sequence, cell, row.text);
     sequence.PutOf(cell.get(), u"Font", u"size", row.font_size);
   }
   sequence.Put(sheet.Range(u"H1:K1").get(), u"MergeCells", true);
   sequence.Put(sheet.Range(u"H1:K2").get(), u"HorizontalAlignment", kAlignRight);
   // The only trace that the exclusion leaves in a log.
   if (device.t_Save_ID_DisableMode == 1) {
-    sequence.Put(sheet.Range(u"K2").get(), u"Value", String(u"除外ON"));
+    PutText(sequence, sheet.Range(u"K2"), u"除外ON");
   }
 }
 
@@ -128,7 +133,7 @@ void Save(AutomationSequence& sequence, AutomationObject* objExcel, const LogWor
 
 bool WriteLogWorkbook(AutomationObject* objExcel, const LogWorkbook& workbook,
                       const ELM327_Info& device, platform::EventLoop& events) {
-  AutomationSequence sequence;
+  AutomationSequence sequence(objExcel);
   sequence.Call(sequence.Get(objExcel, u"Workbooks").get(), u"Add");
   Sheet sheet(sequence, sequence.Get(objExcel, u"ActiveSheet"));
   sequence.PutOf(sheet.AllCells().get(), u"Font", u"size", 10);

@@ -35,7 +35,7 @@ bool StartSpreadsheetServer(const ELM327_Info& device, platform::AutomationServe
                             std::unique_ptr<platform::AutomationObject>& objExcel) {
   const StringView name = ServerName(device);
   objExcel = name.empty() ? nullptr : servers.CreateObject(name);
-  AutomationSequence sequence;
+  AutomationSequence sequence(objExcel.get());
   sequence.Put(objExcel.get(), u"Visible", false);
   PutScreenState(sequence, objExcel.get(), false);
   return sequence.Ok();
@@ -43,7 +43,7 @@ bool StartSpreadsheetServer(const ELM327_Info& device, platform::AutomationServe
 
 bool EndSpreadsheetServer(std::unique_ptr<platform::AutomationObject>& objExcel) {
   if (objExcel == nullptr) return true;
-  AutomationSequence sequence;
+  AutomationSequence sequence(objExcel.get());
   PutScreenState(sequence, objExcel.get(), true);
   // Also after a failure, or the hidden server would stay in memory.
   const bool ended = objExcel->Call(u"Quit", {}, {});

@@ -15,7 +15,10 @@ namespace tolvane::platform {
 
 class AutomationObject;
 
-/// A rectangle of texts, row by row: crosses to the server in one piece.
+/// A rectangle of texts, row by row: crosses to the server in one piece, and its texts stay texts
+/// there. A spreadsheet program takes a lone text as if it had been typed: "7E8" becomes a number,
+/// "2026/1/2 3:04:05" a date without its seconds, and one that begins with "=" is refused when it
+/// is no formula. What must stay a text therefore crosses as a table, if only of one cell.
 struct AutomationTable {
   std::span<const String> cells;  // rows x columns, not owned, alive during the call
   std::size_t columns;
@@ -36,9 +39,20 @@ struct NamedArgument {
 /// An object of an automation server, late bound: members are found by name at each use.
 /// Empty results mean that the server refused or failed. Outgoing calls may pump messages, but
 /// the event gate stays closed: no tick and no click reaches the logic meanwhile.
+///
+/// A server that starts, calculates or has a cell in edit turns calls away for the moment. Such a
+/// call is made again and again with short pauses, during which nothing of the program runs, for
+/// kBusyLimit_ms in total since the server's creation or the last BeginSequence; what is turned
+/// away beyond that counts as refused.
 class AutomationObject {
  public:
+  static constexpr std::int32_t kBusyLimit_ms = 10'000;
+
   virtual ~AutomationObject() = default;
+
+  /// The calls that follow belong together: the time for waiting is there anew, in one piece for
+  /// all objects of the server that this one came from.
+  virtual void BeginSequence() = 0;
 
   /// Property get, with index arguments in order if there are any.
   [[nodiscard]] virtual std::optional<AutomationResult> Get(
@@ -53,7 +67,7 @@ class AutomationServers {
  public:
   virtual ~AutomationServers() = default;
   /// Starts the server registered under `name`, such as "Excel.Application"; null when there is
-  /// none or it cannot be started.
+  /// none or it cannot be started. A busy one is waited for like one that is called.
   [[nodiscard]] virtual std::unique_ptr<AutomationObject> CreateObject(StringView name) = 0;
 };
 

@@ -16,7 +16,7 @@ void AppendHeadCell(std::vector<std::string>& lines, const std::string& address,
                     const std::string& value, int size) {
   const std::string cell = "Excel.Application.ActiveSheet.Range(\"" + address + "\")";
   lines.push_back("get " + cell);
-  lines.push_back("put " + cell + ".Value = \"" + value + "\"");
+  lines.push_back("put " + cell + ".Value = table \"" + value + "\"");
   lines.push_back("get " + cell + ".Font");
   lines.push_back("put " + cell + ".Font.size = " + std::to_string(size));
 }
@@ -118,6 +118,12 @@ TEST_F(Workbook, EveryRefusedCallEndsTheFlushAndTheNextOneWorks) {
   }
 }
 
+TEST_F(Workbook, EachFlushWaitsForABusyServerWithAPatienceOfItsOwn) {
+  FlushWorkbook(1);
+  FlushWorkbook(2);
+  EXPECT_EQ(servers.Sequences(), (std::vector<std::int32_t>{0, servers.Operations() / 2}));
+}
+
 TEST_F(Workbook, WithoutAServerObjectNothingIsAsked) {
   db.Excel_DataInput(1.0, 0x123, 8, kBytes, 0);
   Flush(1, nullptr);
@@ -141,8 +147,9 @@ TEST_F(Workbook, ExclusionInForceIsMarked) {
   device.t_Save_ID_DisableMode = 1;
   FlushWorkbook(1);
   const auto& lines = journal.Lines();
-  const auto mark = std::find(lines.begin(), lines.end(),
-                              "put Excel.Application.ActiveSheet.Range(\"K2\").Value = \"除外ON\"");
+  const auto mark =
+      std::find(lines.begin(), lines.end(),
+                "put Excel.Application.ActiveSheet.Range(\"K2\").Value = table \"除外ON\"");
   ASSERT_NE(mark, lines.end());
   EXPECT_EQ(*(mark - 2),
             "put Excel.Application.ActiveSheet.Range(\"H1:K2\").HorizontalAlignment = -4152");

@@ -78,7 +78,9 @@ TEST_F(SpreadsheetServer, IsMadeSilentAtTheStartAndGivenBackAtTheEnd) {
                                 "get Excel.Application.Application",
                                 "put Excel.Application.Application.DisplayAlerts = False",
                             }));
+  EXPECT_EQ(servers.Sequences(), std::vector<std::int32_t>{0});
   EXPECT_TRUE(EndSpreadsheetServer(objExcel));
+  EXPECT_EQ(servers.Sequences(), (std::vector<std::int32_t>{0, 7})) << "its own patience";
   EXPECT_EQ(journal.Take(), (std::vector<std::string>{
                                 "get Excel.Application.Application",
                                 "put Excel.Application.Application.ScreenUpdating = True",

@@ -11,8 +11,8 @@ namespace {
 /// A value and a font size for one cell.
 Calls HeadCell(const std::string& cell, const std::string& value, int size) {
   const std::string range = "ActiveSheet.Range(\"" + cell + "\")";
-  return {"get " + range, "put " + range + ".Value = \"" + value + "\"", "get " + range + ".Font",
-          "put " + range + ".Font.size = " + std::to_string(size)};
+  return {"get " + range, "put " + range + ".Value = table(1x1) \"" + value + "\"",
+          "get " + range + ".Font", "put " + range + ".Font.size = " + std::to_string(size)};
 }
 
 Calls Rows(int first, int last) {
@@ -101,7 +101,7 @@ Calls FlushCalls(const std::string& saving) {
 Calls NormalCalls(Calls lines) {
   for (std::string& line : lines) {
     Blank(line, "20001x12) crc=", 8, "*");
-    constexpr std::string_view kDate = "Range(\"H1\").Value = \"";
+    constexpr std::string_view kDate = "Range(\"H1\").Value = table(1x1) \"";
     const std::size_t date = line.find(kDate);
     if (date != std::string::npos)
       Blank(line, kDate, line.rfind('"') - date - kDate.size(), "DATE");

@@ -25,6 +25,10 @@ class SpreadsheetLog : public LogRun {
     office_->Script("");
     ASSERT_NO_FATAL_FAILURE(StartOn(bench));
   }
+  void StartWithRecording(const std::wstring& names, std::string_view lines) {
+    std::ofstream(folder_.Path() / L"frames.log", std::ios::binary) << lines;
+    StartWith(names, "[bus]\nsource = log\nlog = frames.log\n");
+  }
   void Choose(std::initializer_list<int> controls) {
     const DrivenWindow dialog = OpenLogSettings();
     for (const int id : controls) EXPECT_TRUE(dialog.Click(id)) << id;
@@ -58,8 +62,7 @@ class SpreadsheetServer : public SpreadsheetLog,
 
 TEST_P(SpreadsheetServer, IsAskedForExactlyTheseCallsInThisOrder) {
   const ServerChoice& row = GetParam();
-  std::ofstream(folder_.Path() / L"frames.log", std::ios::binary) << "(0.0) can0 123#0A\n";
-  ASSERT_NO_FATAL_FAILURE(StartWith(row.names, "[bus]\nsource = log\nlog = frames.log\n"));
+  ASSERT_NO_FATAL_FAILURE(StartWithRecording(row.names, "(0.0) can0 123#0A\n"));
   const DrivenWindow dialog = OpenLogSettings();
   for (const int id : row.clicks) EXPECT_TRUE(dialog.Click(id)) << id;
   PressOk(dialog);
@@ -173,6 +176,93 @@ TEST_F(SpreadsheetLog, NeitherClicksNorTicksComeThroughInAFlush) {
   // The yield let the waiting tick and the click through: what stood still is grey, the run is
   // over.
   EXPECT_GT(grey_pixels(), grey);
+  End();
+}
+
+/// Without the marks of calls that were turned away.
+Calls WithoutBusy(Calls lines) {
+  std::erase(lines, "busy");
+  return lines;
+}
+
+TEST_F(SpreadsheetLog, ABusyServerIsAskedAgainAndNothingIsMissing) {
+  struct Row {
+    const char* way;
+    std::size_t at;  // the operation whose calls are turned away; 0 the creation
+  };
+  const Row rows[] = {{"rejected", 0},
+                      {"later", 1},
+                      {"later", kCallsAtConnect + 1},
+                      {"rejected", kCallsAtConnect + kCallsPerFlush - 6},   // the records
+                      {"suspended", kCallsAtConnect + kCallsPerFlush - 2},  // the saving
+                      {"exception", kCallsAtConnect + 30},
+                      {"suspended", kCallsAtConnect + kCallsPerFlush + 7}};  // Quit
+  ASSERT_NO_FATAL_FAILURE(
+      StartWithRecording(L"Excel.Application --version 16.0", "(0.0) can0 123#0A\n"));
+  Choose({});
+  for (const Row& row : rows) {
+    ASSERT_TRUE(office_->Forget());
+    for (const auto& log : Logs(L".xls")) std::filesystem::remove(log);
+    office_->Script("busy_at = " + std::to_string(row.at) +
+                    "\nbusy_calls = 4\nbusy_as = " + row.way + "\n");
+    ASSERT_NO_FATAL_FAILURE(Connect(main_));
+    EXPECT_TRUE(WaitForShown(L"123"));
+    ASSERT_NO_FATAL_FAILURE(Disconnect(main_));
+    ASSERT_TRUE(office_->WaitForLine("end"));
+    const Calls lines = office_->Lines();
+    EXPECT_EQ(std::count(lines.begin(), lines.end(), "busy"), 4) << row.way << ' ' << row.at;
+    Calls expected = ConnectCalls("Excel.Application");
+    Append(expected, FlushCalls("FileName:=\"...\\KLyymmddhh-001.xls\", FileFormat:=56"));
+    Append(expected, DisconnectCalls());
+    EXPECT_EQ(WithoutBusy(NormalCalls(lines)), expected) << row.way << ' ' << row.at;
+    EXPECT_EQ(Logs(L".xls").size(), 1u);
+    ASSERT_TRUE(main_.Click(Bt_ViewClear));
+  }
+  End();
+}
+
+TEST_F(SpreadsheetLog, AServerThatStaysBusyCostsItsFlushAfterTenSecondsAndNoClick) {
+  ASSERT_NO_FATAL_FAILURE(StartWith(L"Excel.Application --version 16.0", kTwoFlushes));
+  Choose({});
+  office_->Script("busy_at = " + std::to_string(kCallsAtConnect + 1) + "\nbusy_ms = 12000\n");
+  ASSERT_NO_FATAL_FAILURE(Connect(main_));
+  ASSERT_TRUE(office_->WaitForLine("busy"));
+  const ULONGLONG begun = GetTickCount64();
+  PostMessageW(main_.Control(Bt_Disconnect), BM_CLICK, 0, 0);
+  // The click waits for a yield, and that comes when the flush has been given up.
+  ASSERT_TRUE(WaitUntil([&] { return !main_.Enabled(Bt_Disconnect); }));
+  const ULONGLONG waited = GetTickCount64() - begun;
+  EXPECT_GE(waited, 9'000u);
+  ASSERT_TRUE(WaitUntil([&] { return main_.Enabled(Bt_Connect); }));
+  ASSERT_TRUE(office_->WaitForLine("end"));
+  // The flush of the other channel waits the rest and is whole.
+  Calls expected = ConnectCalls("Excel.Application");
+  Append(expected, FlushCalls("FileName:=\"...\\KLyymmddhh-001.xls\", FileFormat:=56"));
+  Append(expected, DisconnectCalls());
+  EXPECT_EQ(WithoutBusy(NormalCalls(office_->Lines())), expected);
+  EXPECT_EQ(Logs(L".xls").size(), 1u);
+  End();
+}
+
+TEST_F(SpreadsheetLog, TextsThatLookLikeNumbersStayTexts) {
+  ASSERT_NO_FATAL_FAILURE(
+      StartWithRecording(L"Excel.Application --version 16.0",
+                         "(0.00) can0 7E8#000E1E05\n(0.01) can0 1E5#00\n(0.02) can0 001#7E\n"));
+  Choose({RB_Excel_Format_1});
+  // A comment that is a broken formula, which a program would refuse if it came as a lone text.
+  main_.Type(TB_LogComment, L"=== 001 ===");
+  ASSERT_NO_FATAL_FAILURE(RunUntilShown(L"7E8"));
+  ASSERT_TRUE(office_->WaitForLine("end"));
+  ASSERT_EQ(Logs(L".xlsx").size(), 1u);
+  const std::string book = FileBytes(Logs(L".xlsx").front());  // not compressed
+  for (const char* text : {"=== 001 ===", "7E8", "1E5", "001", "00", "0E", "1E", "05", "7E"}) {
+    EXPECT_NE(book.find(">" + std::string(text) + "</t>"), std::string::npos) << text;
+  }
+  // A value is the number of a text, or it would be a number itself.
+  for (std::size_t value = book.find("<v>"); value != std::string::npos;
+       value = book.find("<v>", value + 1)) {
+    EXPECT_TRUE(book.substr(0, value).ends_with(" t=\"s\">")) << book.substr(value - 30, 50);
+  }
   End();
 }
 

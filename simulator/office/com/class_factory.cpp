@@ -15,6 +15,7 @@ HRESULT ClassFactory::QueryInterface(REFIID id, void** out) {
 HRESULT ClassFactory::CreateInstance(IUnknown* outer, REFIID id, void** out) {
   *out = nullptr;
   if (outer != nullptr) return CLASS_E_NOAGGREGATION;
+  if (server_.TurnsAway(BusyAs::kLater)) return RPC_E_SERVERCALL_RETRYLATER;
   const std::optional<Object> program = server_.Create();
   if (!program) {
     // Nobody will come any more: the process ends as if its last client had left.

@@ -40,18 +40,23 @@ HRESULT ReadArguments(const DISPPARAMS& parameters, Arguments& arguments) {
   return S_OK;
 }
 
-/// Errors of the automation machinery are the call's own result; the program's go by exception.
-HRESULT Report(std::uint32_t result, EXCEPINFO* exception) {
-  constexpr std::uint32_t kDispatchFacility = 0x80020000;
-  const auto code = static_cast<HRESULT>(result);
-  if (code == S_OK || (result & 0xFFFF0000) == kDispatchFacility) return code;
+HRESULT ByException(std::uint32_t result, EXCEPINFO* exception) {
   if (exception != nullptr) {
     *exception = EXCEPINFO{};
-    exception->scode = code;
+    exception->scode = static_cast<HRESULT>(result);
     exception->bstrSource = SysAllocString(L"tolvane_office");
     exception->bstrDescription = SysAllocString(L"The stand-in office program refused the call.");
   }
   return DISP_E_EXCEPTION;
+}
+
+/// Errors of the automation machinery are the call's own result; the program's go by exception.
+HRESULT Report(std::uint32_t result, EXCEPINFO* exception) {
+  constexpr std::uint32_t kDispatchFacility = 0x80020000;
+  if (result == kDone || (result & 0xFFFF0000) == kDispatchFacility) {
+    return static_cast<HRESULT>(result);
+  }
+  return ByException(result, exception);
 }
 
 }  // namespace
@@ -88,11 +93,15 @@ HRESULT DispatchObject::GetTypeInfo(UINT, LCID, ITypeInfo** out) {
   return DISP_E_BADINDEX;
 }
 
-HRESULT DispatchObject::GetIDsOfNames(REFIID, LPOLESTR* names, UINT count, LCID, DISPID* ids) {
+HRESULT DispatchObject::GetIDsOfNames(REFIID, LPOLESTR* names, UINT count, LCID locale,
+                                      DISPID* ids) {
+  if (server_.TurnsAway(BusyAs::kLater)) return RPC_E_SERVERCALL_RETRYLATER;
+  const bool english = server_.Understands(locale);
   HRESULT result = S_OK;
   for (UINT index = 0; index < count; ++index) {
     const String name = FromWide(std::wstring(names[index]));
-    const std::int32_t id = index == 0 ? server_.FindMember(object_, name) : NameId(name);
+    std::int32_t id = 0;
+    if (english) id = index == 0 ? server_.FindMember(object_, name) : NameId(name);
     ids[index] = id == 0 ? DISPID_UNKNOWN : id;
     if (id == 0) result = DISP_E_UNKNOWNNAME;
   }
@@ -112,8 +121,13 @@ std::optional<Verb> DispatchObject::VerbOf(DISPID member, WORD flags) const {
   return std::nullopt;
 }
 
-HRESULT DispatchObject::Invoke(DISPID member, REFIID, LCID, WORD flags, DISPPARAMS* parameters,
-                               VARIANT* result, EXCEPINFO* exception, UINT*) {
+HRESULT DispatchObject::Invoke(DISPID member, REFIID, LCID locale, WORD flags,
+                               DISPPARAMS* parameters, VARIANT* result, EXCEPINFO* exception,
+                               UINT*) {
+  if (server_.TurnsAway(BusyAs::kLater)) return RPC_E_SERVERCALL_RETRYLATER;
+  if (server_.TurnsAway(BusyAs::kSuspended)) return static_cast<HRESULT>(kSuspended);
+  if (server_.TurnsAway(BusyAs::kException)) return ByException(kSuspended, exception);
+  if (!server_.Understands(locale)) return static_cast<HRESULT>(kOldFormat);
   const std::optional<Verb> verb = VerbOf(member, flags);
   if (!verb) return DISP_E_MEMBERNOTFOUND;
   Arguments arguments;

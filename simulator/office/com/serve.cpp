@@ -9,6 +9,7 @@
 #include <iterator>
 #include <string>
 
+#include "simulator/office/com/busy_filter.h"
 #include "simulator/office/com/class_factory.h"
 #include "simulator/office/com/lifetime.h"
 #include "simulator/office/com/own_path.h"
@@ -88,6 +89,7 @@ UINT ServeOnThisThread(const ServedClass& served) {
   Server server(FromWide(served.name), FromWide(RegisteredVersion(served)), script, record);
   Lifetime lifetime;
   ClassFactory factory(server, lifetime);
+  const BusyFilter filter(server);
   DWORD registration = 0;
   if (FAILED(CoRegisterClassObject(served.id, &factory, CLSCTX_LOCAL_SERVER, REGCLS_SINGLEUSE,
                                    &registration))) {

@@ -1,5 +1,6 @@
 #include "simulator/office/com/variant_value.h"
 
+#include <type_traits>
 #include <utility>
 
 #include "simulator/office/com/dispatch_object.h"
@@ -22,7 +23,7 @@ std::optional<String> TextOf(const VARIANT& variant) {
 /// The first dimension of an array varies fastest in memory.
 template <typename Element>
 std::optional<Table> ReadElements(const Element* elements, std::size_t rows, std::size_t columns) {
-  Table table{rows, columns, {}};
+  Table table{rows, columns, {}, std::is_same_v<Element, VARIANT>};
   table.texts.reserve(rows * columns);
   for (std::size_t row = 0; row < rows; ++row) {
     for (std::size_t column = 0; column < columns; ++column) {

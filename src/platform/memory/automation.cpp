@@ -12,6 +12,8 @@ class AutomationServers::Object final : public platform::AutomationObject {
   Object(const Object&) = delete;
   Object& operator=(const Object&) = delete;
 
+  void BeginSequence() override { session_->sequences.push_back(session_->operations); }
+
   std::optional<AutomationResult> Get(StringView name,
                                       std::span<const AutomationArgument> arguments) override {
     std::string path = path_ + "." + Narrow(name);
@@ -73,6 +75,7 @@ class AutomationServers::Object final : public platform::AutomationObject {
   static std::string Text(std::int32_t value) { return std::to_string(value); }
   static std::string Text(const String& value) { return '"' + Narrow(value) + '"'; }
   static std::string Text(const AutomationTable& value) {
+    if (value.cells.size() == 1) return "table " + Text(value.cells.front());
     return "table " + std::to_string(value.cells.size() / value.columns) + " x " +
            std::to_string(value.columns);
   }

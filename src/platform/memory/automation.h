@@ -37,6 +37,8 @@ class AutomationServers final : public platform::AutomationServers {
   void WhileCalled(std::function<void()> handler) { session_->while_called = std::move(handler); }
 
   [[nodiscard]] std::int32_t Operations() const { return session_->operations; }
+  /// How many operations there had been at each beginning of a sequence.
+  [[nodiscard]] const std::vector<std::int32_t>& Sequences() const { return session_->sequences; }
   /// Objects of all servers that the program has not let go.
   [[nodiscard]] std::int32_t LiveObjects() const { return session_->live_objects; }
   /// Every table that was put, in order.
@@ -50,6 +52,7 @@ class AutomationServers final : public platform::AutomationServers {
     std::int32_t fail_in = 0;
     std::int32_t operations = 0;
     std::int32_t live_objects = 0;
+    std::vector<std::int32_t> sequences = {};
     std::vector<Table> tables = {};
   };
 

@@ -3,11 +3,40 @@
 #include <vector>
 
 #include "platform/windows/handle.h"
+#include "platform/windows/patience.h"
 #include "platform/windows/text.h"
 #include "platform/windows/variant.h"
 
 namespace tolvane::platform::windows {
 namespace {
+
+/// The language of the names and values in a call, whatever the user's is: a spreadsheet program in
+/// another language expects its own names in calls of that language.
+constexpr LCID kEnglish = MAKELCID(MAKELANGID(LANG_ENGLISH, SUBLANG_ENGLISH_US), SORT_DEFAULT);
+static_assert(kEnglish == 1033);
+
+/// What a server says beside DISP_E_EXCEPTION.
+class Exception {
+ public:
+  Exception() = default;
+  Exception(const Exception&) = delete;
+  Exception& operator=(const Exception&) = delete;
+  ~Exception() {
+    SysFreeString(info_.bstrSource);
+    SysFreeString(info_.bstrDescription);
+    SysFreeString(info_.bstrHelpFile);
+  }
+
+  EXCEPINFO* Address() { return &info_; }
+  /// Always a failure: a server may give a number of its own instead.
+  HRESULT Code() {
+    if (info_.pfnDeferredFillIn != nullptr) info_.pfnDeferredFillIn(&info_);
+    return FAILED(info_.scode) ? info_.scode : DISP_E_EXCEPTION;
+  }
+
+ private:
+  EXCEPINFO info_{};
+};
 
 /// The arguments of one call in the order in which Invoke takes them: named ones first, then the
 /// positional ones from the last to the first.
@@ -35,9 +64,12 @@ class ArgumentList {
 
 class DispatchObject final : public AutomationObject {
  public:
-  explicit DispatchObject(IDispatch* object) : object_(object) {}
+  DispatchObject(IDispatch* object, std::shared_ptr<Patience> patience)
+      : object_(object), patience_(std::move(patience)) {}
 
   [[nodiscard]] IDispatch* Interface() const { return object_.Get(); }
+
+  void BeginSequence() override { patience_->Renew(); }
 
   [[nodiscard]] std::optional<AutomationResult> Get(
       StringView name, std::span<const AutomationArgument> arguments) override {
@@ -46,7 +78,7 @@ class DispatchObject final : public AutomationObject {
     Variant result;
     // Some servers know "cells" with indices as a method, some as a property.
     if (!Invoke(name, DISPATCH_PROPERTYGET | DISPATCH_METHOD, list, &*result)) return std::nullopt;
-    return FromVariant(*result);
+    return FromVariant(*result, patience_);
   }
 
   [[nodiscard]] bool Put(StringView name, const AutomationArgument& value) override {
@@ -94,11 +126,11 @@ class DispatchObject final : public AutomationObject {
     std::vector<wchar_t*> pointers;
     for (String& name : names) pointers.push_back(WideData(name));
     std::vector<DISPID> ids(names.size());
-    if (FAILED(object_.Get()->GetIDsOfNames(IID_NULL, pointers.data(),
-                                            static_cast<UINT>(pointers.size()), LOCALE_USER_DEFAULT,
-                                            ids.data()))) {
-      return std::nullopt;
-    }
+    const HRESULT found = patience_->Insist([&] {
+      return object_.Get()->GetIDsOfNames(IID_NULL, pointers.data(),
+                                          static_cast<UINT>(pointers.size()), kEnglish, ids.data());
+    });
+    if (FAILED(found)) return std::nullopt;
     return ids;
   }
 
@@ -107,17 +139,23 @@ class DispatchObject final : public AutomationObject {
     const std::optional<std::vector<DISPID>> ids = FindIds(names);
     if (!ids) return false;
     DISPPARAMS parameters = list.Parameters();
-    return SUCCEEDED(object_.Get()->Invoke(ids->front(), IID_NULL, LOCALE_USER_DEFAULT, kind,
-                                           &parameters, result, nullptr, nullptr));
+    return SUCCEEDED(patience_->Insist([&] {
+      Exception exception;
+      const HRESULT done = object_.Get()->Invoke(ids->front(), IID_NULL, kEnglish, kind,
+                                                 &parameters, result, exception.Address(), nullptr);
+      return done == DISP_E_EXCEPTION ? exception.Code() : done;
+    }));
   }
 
   ComHandle<IDispatch> object_;
+  std::shared_ptr<Patience> patience_;  // one for all objects of a server
 };
 
 }  // namespace
 
-std::unique_ptr<AutomationObject> WrapObject(IDispatch* object) {
-  return std::make_unique<DispatchObject>(object);
+std::unique_ptr<AutomationObject> WrapObject(IDispatch* object,
+                                             std::shared_ptr<Patience> patience) {
+  return std::make_unique<DispatchObject>(object, std::move(patience));
 }
 
 IDispatch* UnwrapObject(AutomationObject& object) {
@@ -127,9 +165,17 @@ IDispatch* UnwrapObject(AutomationObject& object) {
 std::unique_ptr<AutomationObject> WindowsAutomationServers::CreateObject(StringView name) {
   CLSID id;
   if (FAILED(CLSIDFromProgID(Wide(String(name)), &id))) return nullptr;
-  void* object = nullptr;
-  if (FAILED(CoCreateInstance(id, nullptr, CLSCTX_SERVER, IID_IDispatch, &object))) return nullptr;
-  return WrapObject(static_cast<IDispatch*>(object));
+  const auto patience = std::make_shared<Patience>();
+  // In two steps, as CoCreateInstance would start another process with each attempt.
+  void* made = nullptr;
+  const HRESULT found = patience->Insist(
+      [&] { return CoGetClassObject(id, CLSCTX_SERVER, nullptr, IID_IClassFactory, &made); });
+  if (FAILED(found)) return nullptr;
+  const ComHandle<IClassFactory> factory(static_cast<IClassFactory*>(made));
+  const HRESULT created = patience->Insist(
+      [&] { return factory.Get()->CreateInstance(nullptr, IID_IDispatch, &made); });
+  if (FAILED(created)) return nullptr;
+  return WrapObject(static_cast<IDispatch*>(made), patience);
 }
 
 }  // namespace tolvane::platform::windows

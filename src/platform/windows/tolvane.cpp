@@ -1,6 +1,7 @@
 // The program's entry: makes everything from outside once, hands it to Form1, and runs the message
 // loop until the main window is unloaded.
 #include "platform/windows/automation.h"
+#include "platform/windows/call_filter.h"
 #include "platform/windows/clipboard.h"
 #include "platform/windows/code_page.h"
 #include "platform/windows/file_services.h"
@@ -37,6 +38,7 @@ int Run(HINSTANCE instance, int show_command) {
   const INITCOMMONCONTROLSEX classes{sizeof(classes), ICC_STANDARD_CLASSES | ICC_WIN95_CLASSES};
   InitCommonControlsEx(&classes);
   const Apartment apartment;
+  const CallFilter call_filter;
 
   WindowsSingleInstance single_instance;
   WindowsSpecialFolders folders;

@@ -39,25 +39,24 @@ struct Filler {
     const std::size_t rows = table.columns == 0 ? 0 : table.cells.size() / table.columns;
     SAFEARRAYBOUND bounds[2] = {{static_cast<ULONG>(rows), 0},
                                 {static_cast<ULONG>(table.columns), 0}};
-    SAFEARRAY* array = SafeArrayCreate(VT_VARIANT, 2, bounds);
+    SAFEARRAY* array = SafeArrayCreate(VT_BSTR, 2, bounds);
     if (array == nullptr) return false;
-    value.vt = VT_ARRAY | VT_VARIANT;
+    value.vt = VT_ARRAY | VT_BSTR;
     value.parray = array;  // cleared, half filled or not, with the VARIANT
     void* data = nullptr;
     if (FAILED(SafeArrayAccessData(array, &data))) return false;
-    const bool complete = FillCells(table, rows, static_cast<VARIANT*>(data));
+    const bool complete = FillCells(table, rows, static_cast<BSTR*>(data));
     SafeArrayUnaccessData(array);
     return complete;
   }
 
   /// The array runs down its first dimension first, the table along its rows.
-  static bool FillCells(const AutomationTable& table, std::size_t rows, VARIANT* cells) {
+  static bool FillCells(const AutomationTable& table, std::size_t rows, BSTR* cells) {
     for (std::size_t column = 0; column < table.columns; ++column) {
       for (std::size_t row = 0; row < rows; ++row) {
-        VARIANT& cell = cells[column * rows + row];
-        cell.bstrVal = ToBstr(table.cells[row * table.columns + column]);
-        if (cell.bstrVal == nullptr) return false;
-        cell.vt = VT_BSTR;
+        BSTR& cell = cells[column * rows + row];
+        cell = ToBstr(table.cells[row * table.columns + column]);
+        if (cell == nullptr) return false;
       }
     }
     return true;
@@ -72,7 +71,7 @@ std::optional<Variant> ToVariant(const AutomationArgument& argument) {
   return value;
 }
 
-AutomationResult FromVariant(VARIANT& value) {
+AutomationResult FromVariant(VARIANT& value, const std::shared_ptr<Patience>& patience) {
   Variant plain;
   // Resolves references to the value behind them.
   if (FAILED(VariantCopyInd(plain.Address(), &value))) return {};
@@ -104,7 +103,7 @@ AutomationResult FromVariant(VARIANT& value) {
     case VT_DISPATCH: {
       if (plain->pdispVal == nullptr) return {};
       plain->pdispVal->AddRef();
-      return WrapObject(plain->pdispVal);
+      return WrapObject(plain->pdispVal, patience);
     }
     default:
       if (FAILED(VariantChangeType(plain.Address(), plain.Address(), 0, VT_BSTR))) return {};

@@ -4,6 +4,7 @@
 #include <optional>
 
 #include "platform/automation.h"
+#include "platform/windows/patience.h"
 #include "platform/windows/win32.h"
 
 // After windows.h, which it needs.
@@ -29,16 +30,20 @@ class Variant {
 };
 
 /// An IDispatch, whose count the result takes over, seen as the logic sees automation objects.
-[[nodiscard]] std::unique_ptr<AutomationObject> WrapObject(IDispatch* object);
+[[nodiscard]] std::unique_ptr<AutomationObject> WrapObject(IDispatch* object,
+                                                           std::shared_ptr<Patience> patience);
 /// The interface behind an object of WrapObject, not counted up.
 [[nodiscard]] IDispatch* UnwrapObject(AutomationObject& object);
 
 /// `argument` as a VARIANT of its own: texts and tables are copied, objects counted up. Empty when
-/// memory runs out.
+/// memory runs out. A table is an array of BSTR; in one of VARIANT a spreadsheet program would take
+/// each text as if typed.
 [[nodiscard]] std::optional<Variant> ToVariant(const AutomationArgument& argument);
 
 /// What a call gave back. Numbers of other widths come as the nearest type of the result; what has
-/// none (a date, a table) comes as text, or as nothing when it has no text either.
-[[nodiscard]] AutomationResult FromVariant(VARIANT& value);
+/// none (a date, a table) comes as text, or as nothing when it has no text either. An
+/// object belongs to the server whose patience is given.
+[[nodiscard]] AutomationResult FromVariant(VARIANT& value,
+                                           const std::shared_ptr<Patience>& patience);
 
 }  // namespace tolvane::platform::windows

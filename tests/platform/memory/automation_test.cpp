@@ -39,6 +39,15 @@ TEST_F(Automation, TellsEveryOperationWithItsArguments) {
   EXPECT_EQ(servers.LiveObjects(), 2);
 }
 
+TEST_F(Automation, ATableOfOneTextIsToldWithItAndASequenceWithItsPlace) {
+  const auto server = servers.CreateObject(u"Excel.Application");
+  const std::vector<String> text(1, u"x");
+  EXPECT_TRUE(server->Put(u"Value", AutomationTable{text, 1}));
+  EXPECT_EQ(journal.Lines().back(), "put Excel.Application.Value = table \"x\"");
+  server->BeginSequence();
+  EXPECT_EQ(servers.Sequences(), std::vector<std::int32_t>{1});
+}
+
 TEST_F(Automation, TheNthOperationFailsAndTheNextOneWorks) {
   const auto server = servers.CreateObject(u"Excel.Application");
   servers.FailAt(2);

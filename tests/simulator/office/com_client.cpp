@@ -99,7 +99,7 @@ VARIANT ComClient::Invoke(Handle object, WORD flags, StringView name,
   for (std::wstring& text : names) pointers.push_back(text.data());
   std::vector<DISPID> ids(names.size());
   HRESULT done = target->GetIDsOfNames(IID_NULL, pointers.data(), static_cast<UINT>(ids.size()),
-                                       LOCALE_USER_DEFAULT, ids.data());
+                                       locale, ids.data());
   if (SUCCEEDED(done)) {
     std::vector<VARIANT> values;  // reversed: named ones first
     for (std::size_t index = named.size(); index-- > 0;) {
@@ -113,8 +113,8 @@ VARIANT ComClient::Invoke(Handle object, WORD flags, StringView name,
     DISPPARAMS parameters{values.data(), value_ids.data(), static_cast<UINT>(values.size()),
                           static_cast<UINT>(value_ids.size())};
     EXCEPINFO exception{};
-    done = target->Invoke(ids[0], IID_NULL, LOCALE_USER_DEFAULT, flags, &parameters, &result,
-                          &exception, nullptr);
+    done =
+        target->Invoke(ids[0], IID_NULL, locale, flags, &parameters, &result, &exception, nullptr);
     if (done == DISP_E_EXCEPTION) done = exception.scode;
     SysFreeString(exception.bstrSource);
     SysFreeString(exception.bstrDescription);

@@ -28,6 +28,8 @@ class ComClient : public SampleClient {
             const std::vector<NamedArgument>& named) override;
   String GetText(Handle object, StringView name);
 
+  LCID locale = 1033;
+
   /// Failures in order: the result, or the code inside an exception.
   std::vector<HRESULT> failures;
 

@@ -2,12 +2,14 @@
 #include <windows.h>
 
 #include <gtest/gtest.h>
+#include <objbase.h>
 #include <tlhelp32.h>
 
 #include <filesystem>
 #include <fstream>
 #include <iterator>
 #include <string>
+#include <utility>
 
 #include "tests/simulator/office/com_client.h"
 #include "tests/simulator/office/direct_client.h"
@@ -136,6 +138,7 @@ TEST_F(OfficeProcess, AFlushAcrossProcessesGivesTheBytesOfOneInside) {
     Record record;
     Server server(u"Excel.Application", u"16.0", Script{}, record);
     DirectClient inside(server);
+    inside.texts_as_typed = element == VT_VARIANT;
     inside.Put(kProgram, u"DisplayAlerts", false);
     WriteSampleBook(inside, Path("inside.xlsx"), 51, 20'001);
     WriteSampleBook(inside, Path("inside.xls"), 0, 20'001);
@@ -157,6 +160,55 @@ TEST_F(OfficeProcess, AScriptedFailureReachesTheClientAsAnException) {
   EXPECT_EQ(client.failures, std::vector<HRESULT>{static_cast<HRESULT>(kRefused)});
   client.Put(kProgram, u"Interactive", false);
   EXPECT_EQ(client.failures.size(), 1U);
+}
+
+TEST_F(OfficeProcess, ABusyServerTurnsCallsAwayInFourWays) {
+  ASSERT_EQ(RunStandIn(L"/register Excel.Application"), 0U);
+  struct Row {
+    const char* way;
+    std::uint32_t code;
+  };
+  for (const Row& row : {Row{"rejected", 0x80010001}, Row{"later", 0x8001010A},
+                         Row{"suspended", 0x800AC472}, Row{"exception", 0x800AC472}}) {
+    std::filesystem::remove(folder_ / "record.txt");
+    WriteScript(("busy_at = 1\nbusy_calls = 1\nbusy_as = " + std::string(row.way) + "\n").c_str());
+    ComClient client(kExcel);
+    ASSERT_EQ(client.Created(), S_OK) << row.way;
+    client.Put(kProgram, u"Visible", false);
+    EXPECT_EQ(client.failures, std::vector<HRESULT>{static_cast<HRESULT>(row.code)}) << row.way;
+    client.Put(kProgram, u"Visible", false);
+    EXPECT_EQ(client.failures.size(), 1U) << row.way;
+    client.Release();
+    EXPECT_TRUE(ServersEnd());
+    EXPECT_EQ(Read("record.txt"), "create Excel.Application\nbusy\nput Visible = False\nend\n");
+  }
+}
+
+TEST_F(OfficeProcess, ABusyServerTurnsItsCreationAway) {
+  ASSERT_EQ(RunStandIn(L"/register Excel.Application"), 0U);
+  CLSID id;
+  ASSERT_EQ(CLSIDFromProgID(kExcel, &id), S_OK);
+  for (const auto& [way, code] : {std::pair("rejected", RPC_E_CALL_REJECTED),
+                                  std::pair("later", RPC_E_SERVERCALL_RETRYLATER)}) {
+    WriteScript(("busy_calls = 1\nbusy_as = " + std::string(way) + "\n").c_str());
+    void* made = nullptr;
+    ASSERT_EQ(CoGetClassObject(id, CLSCTX_LOCAL_SERVER, nullptr, IID_IClassFactory, &made), S_OK);
+    auto* const factory = static_cast<IClassFactory*>(made);
+    EXPECT_EQ(factory->CreateInstance(nullptr, IID_IDispatch, &made), code) << way;
+    EXPECT_EQ(factory->CreateInstance(nullptr, IID_IDispatch, &made), S_OK) << way;
+    if (made != nullptr) static_cast<IDispatch*>(made)->Release();
+    factory->Release();
+    EXPECT_TRUE(ServersEnd());
+  }
+}
+
+TEST_F(OfficeProcess, ACallInAnotherLanguageFindsNoEnglishName) {
+  ASSERT_EQ(RunStandIn(L"/register Excel.Application"), 0U);
+  ComClient client(kExcel);
+  ASSERT_EQ(client.Created(), S_OK);
+  client.locale = LOCALE_USER_DEFAULT;
+  client.Put(kProgram, u"Visible", false);
+  EXPECT_EQ(client.failures, std::vector<HRESULT>{DISP_E_UNKNOWNNAME});
 }
 
 /// True when the machine's classes have this key and it is more than a link to the user's.

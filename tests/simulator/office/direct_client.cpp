@@ -17,6 +17,8 @@ Value DirectClient::ToValue(const Argument& argument) const {
       [&](const auto& value) -> Value {
         if constexpr (std::is_same_v<std::decay_t<decltype(value)>, Handle>) {
           return objects_[value.index];
+        } else if constexpr (std::is_same_v<std::decay_t<decltype(value)>, Table>) {
+          return Table{value.rows, value.columns, value.texts, texts_as_typed || value.as_typed};
         } else {
           return value;
         }

@@ -12,6 +12,7 @@ TEST(OfficeRecord, ValuesHaveTheirTexts) {
   EXPECT_EQ(ValueText(8.5), "8.5");
   EXPECT_EQ(ValueText(String(u"a \"b\"\r\n除")), "\"a \"\"b\"\"\\r\\n\xE9\x99\xA4\"");
   EXPECT_EQ(ValueText(Table{1, 2, {u"a", u""}}), "table(1x2) \"a\" \"\"");
+  EXPECT_EQ(ValueText(Table{1, 1, {u"a"}, true}), "typed(1x1) \"a\"");
   EXPECT_EQ(ValueText(Object{ObjectKind::kRange, nullptr, {}, "ActiveSheet.cells(1, 2)"}),
             "ActiveSheet.cells(1, 2)");
 }

@@ -1,5 +1,6 @@
 #include "tests/simulator/office/sample_flush.h"
 
+#include <iterator>
 #include <string>
 #include <utility>
 
@@ -11,6 +12,8 @@ using Handle = SampleClient::Handle;
 
 constexpr std::size_t kRows = 20'001;
 constexpr std::size_t kColumns = 12;
+// Identifiers of the first records, which a program that takes texts for typed ones spoils.
+constexpr const char16_t* kLikeNumbers[] = {u"7E8", u"1E5", u"001"};
 
 String Digits(std::size_t number, unsigned base, std::size_t width) {
   String out;
@@ -42,8 +45,11 @@ class Flush {
     client_.Put(client_.Get(range, u"Font", {}), u"size", size);
   }
 
+  /// As a list of one: a lone text would be taken as if typed.
+  void Text(Handle cell, const char16_t* text) { client_.Put(cell, u"Value", Table{1, 1, {text}}); }
+
   void Head(std::int32_t row, std::int32_t column, const char16_t* text, std::int32_t size) {
-    client_.Put(Cell(row, column), u"Value", String(text));
+    Text(Cell(row, column), text);
     FontSize(Cell(row, column), size);
   }
 
@@ -62,7 +68,7 @@ class Flush {
     Head(1, 8, u"2024/01/02 3:04:05", 10);
     client_.Put(Range(u"H1:K1"), u"MergeCells", true);
     client_.Put(Range(u"H1:K2"), u"HorizontalAlignment", -4152);
-    client_.Put(Cell(2, 11), u"Value", String(u"除外ON"));
+    Text(Cell(2, 11), u"除外ON");
   }
 
   void TableHead() {
@@ -103,7 +109,8 @@ String SampleText(std::size_t row, std::size_t column) {
     case 1:
       return row % 2 == 0 ? u"*" : u"";
     case 2:
-      return Digits(row * 7919 % 0x20000000, 16, 8);
+      return row < std::size(kLikeNumbers) ? kLikeNumbers[row]
+                                           : Digits(row * 7919 % 0x20000000, 16, 8);
     case 3:
       return u"8";
     default:

@@ -7,12 +7,14 @@ HEADS = {
     "D2": ("bit rate：500k bps", 10), "H1": ("2024/01/02 3:04:05", 10), "K2": ("除外ON", 10),
 }
 NAMES = ["経過時間 [ms]", "EX", "CAN ID", "DLC"] + [f"D{n}" for n in range(1, 9)]
+LIKE_NUMBERS = ["7E8", "1E5", "001"]
 BOOKS = {"full": ROWS, "short": 3}
 
 
 def record(row):
     """The twelve texts of one record, row from 0."""
-    return [f"{row * 3}.125", "" if row % 2 else "*", f"{row * 7919 % 0x20000000:08X}", "8"] + [
+    identifier = LIKE_NUMBERS[row] if row < 3 else f"{row * 7919 % 0x20000000:08X}"
+    return [f"{row * 3}.125", "" if row % 2 else "*", identifier, "8"] + [
         f"{(row * 31 + column) % 256:02X}" for column in range(4, 12)]
 
 

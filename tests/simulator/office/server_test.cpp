@@ -53,7 +53,7 @@ TEST_F(OfficeServer, CarriesOutAFlushAndRecordsEachOperation) {
   EXPECT_EQ(text.find("create Excel.Application\nget Workbooks\ncall Workbooks.Add\n"
                       "get ActiveSheet\nget ActiveSheet.cells\nget ActiveSheet.cells.Font\n"
                       "put ActiveSheet.cells.Font.size = 10\nget ActiveSheet.cells(1, 1)\n"
-                      "put ActiveSheet.cells(1, 1).Value = \"Title & <more>\"\n"),
+                      "put ActiveSheet.cells(1, 1).Value = table(1x1) \"Title & <more>\"\n"),
             0U);
   for (const char* line :
        {"put ActiveSheet.Range(\"H1:K1\").MergeCells = True\n",
@@ -188,6 +188,75 @@ TEST_F(OfficeServer, QuitIsRemembered) {
   EXPECT_FALSE(server.QuitAsked());
   client.Call(kProgram, u"Quit", {}, {});
   EXPECT_TRUE(server.QuitAsked());
+}
+
+TEST_F(OfficeServer, ALoneTextAndTextsInVariantsAreTakenAsTypedAndAListOfTextsIsNot) {
+  Record record = NewRecord();
+  Server server(u"Excel.Application", u"16.0", Script{}, record);
+  DirectClient client(server);
+  AddBook(client);
+  const Handle sheet = client.Get(kProgram, u"ActiveSheet", {});
+  client.Put(client.Get(sheet, u"cells", {1, 1}), u"Value", String(u"7E8"));
+  client.Put(client.Get(sheet, u"cells", {2, 1}), u"Value", Table{1, 1, {u"7E8"}, true});
+  client.Put(client.Get(sheet, u"cells", {3, 1}), u"Value", Table{1, 1, {u"7E8"}});
+  client.Call(client.Get(kProgram, u"ActiveWorkbook", {}), u"SaveAs", {},
+              {{u"FileName", Path("a.xlsx")}, {u"FileFormat", 51}});
+  ASSERT_TRUE(client.failures.empty());
+  EXPECT_NE(Read("a.xlsx").find(R"(<row r="1"><c r="A1" s="1"><v>7e+08</v></c></row>)"
+                                R"(<row r="2"><c r="A2" s="1"><v>7e+08</v></c></row>)"
+                                R"(<row r="3"><c r="A3" t="s"><v>0</v></c></row>)"),
+            std::string::npos);
+  EXPECT_NE(Read("record.txt").find("cells(2, 1).Value = typed(1x1) \"7E8\"\n"), std::string::npos);
+}
+
+TEST_F(OfficeServer, ATextThatWouldBeAFormulaIsRefusedUnlessItComesInAListOfTexts) {
+  Record record;
+  Server server(u"Excel.Application", u"16.0", Script{}, record);
+  DirectClient client(server);
+  AddBook(client);
+  const Handle cell = client.Get(client.Get(kProgram, u"ActiveSheet", {}), u"cells", {1, 1});
+  client.Put(cell, u"Value", Table{1, 1, {u"=== test ==="}});
+  EXPECT_TRUE(client.failures.empty());
+  client.Put(cell, u"Value", String(u"=== test ==="));
+  client.Put(cell, u"Value", Table{1, 1, {u"=== test ==="}, true});
+  EXPECT_EQ(client.failures, (std::vector<std::uint32_t>{kRefused, kRefused}));
+}
+
+TEST_F(OfficeServer, SoManyCallsAreTurnedAwayAheadOfTheScriptedOperation) {
+  Script script;
+  script.busy_at = 1;
+  script.busy_calls = 2;
+  script.busy_as = BusyAs::kLater;
+  Record record = NewRecord();
+  Server server(u"Excel.Application", u"16.0", script, record);
+  EXPECT_FALSE(server.TurnsAway(BusyAs::kLater)) << "the creation";
+  DirectClient client(server);
+  EXPECT_FALSE(server.TurnsAway(BusyAs::kRejected)) << "in another way";
+  EXPECT_TRUE(server.TurnsAway(BusyAs::kLater));
+  EXPECT_TRUE(server.TurnsAway(BusyAs::kLater));
+  EXPECT_FALSE(server.TurnsAway(BusyAs::kLater));
+  EXPECT_EQ(Read("record.txt"), "create Excel.Application\nbusy\nbusy\n");
+}
+
+TEST_F(OfficeServer, AllCallsAreTurnedAwayForTheScriptedTime) {
+  Script script;
+  script.busy_ms = 60;
+  Record record;
+  Server server(u"Excel.Application", u"16.0", script, record);
+  const auto start = std::chrono::steady_clock::now();
+  while (server.TurnsAway(BusyAs::kRejected)) {
+  }
+  EXPECT_GE(std::chrono::steady_clock::now() - start, std::chrono::milliseconds(60));
+  EXPECT_FALSE(server.TurnsAway(BusyAs::kRejected)) << "once it is over";
+}
+
+TEST_F(OfficeServer, OnlyEnglishCallsAreUnderstood) {
+  Record record = NewRecord();
+  Server server(u"Excel.Application", u"16.0", Script{}, record);
+  EXPECT_TRUE(server.Understands(1033));
+  EXPECT_FALSE(server.Understands(1041));
+  EXPECT_FALSE(server.Understands(0x400));
+  EXPECT_EQ(Read("record.txt"), "locale 1041\nlocale 1024\n");
 }
 
 TEST_F(OfficeServer, WhatWouldNotShowInTheFileIsRefused) {
