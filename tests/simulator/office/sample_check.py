@@ -58,13 +58,20 @@ def check_sheet(name: str, sheet: Sheet, filled: int) -> None:
     same(f"{name}: widths", [sheet.width(column) for column in range(1, COLUMNS + 1)], [11, 4, 9, 5] + 8 * [4])
 
 
-def check_books(module: str, suffix: str, open_sheet: Callable[[pathlib.Path], Sheet]) -> None:
-    """The words of the command are the program that writes the workbooks, and a folder for them."""
-    if not debians_python.has(module):
-        print(f"skipped: python3-{module} is not installed")
-        sys.exit(SKIPPED)
+def write_books(*modules: str) -> pathlib.Path:
+    """The folder into which our workbooks have been written, for these readers. The words of the command are
+    the program that writes them, and the folder."""
+    for module in modules:
+        if not debians_python.has(module):
+            print(f"skipped: python3-{module} is not installed")
+            sys.exit(SKIPPED)
     folder = pathlib.Path(sys.argv[2])
     subprocess.run([sys.argv[1], folder], check=True)
+    return folder
+
+
+def check_books(module: str, suffix: str, open_sheet: Callable[[pathlib.Path], Sheet]) -> None:
+    folder = write_books(module)
     for name, filled in sample_table.BOOKS.items():
         path = folder / f"{name}.{suffix}"
         check_sheet(path.name, open_sheet(path), filled)

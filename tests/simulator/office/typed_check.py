@@ -1,13 +1,10 @@
 """typed_check.py SAMPLE_BOOKS FOLDER: what became of texts taken as typed, told by readers of others."""
 
 import datetime
-import os
-import pathlib
-import subprocess
 import sys
 
-SKIPPED = 77
-DEBIANS_PYTHON = "/usr/bin/python3"  # the one that Debian's packages belong to
+import sample_check
+
 # The texts that sample_books.cpp puts from A1 down, and what a spreadsheet program makes of them.
 TYPED = {
     "7E8": 7e8, "1E5": 1e5, "001": 1.0, "00": 0.0, "0E": "0E", "50%": 0.5, "TRUE": True,
@@ -16,11 +13,15 @@ TYPED = {
 
 
 def xlsx_values(path):
+    import openpyxl
+
     for cell, in openpyxl.load_workbook(path).active.iter_rows():
         yield float(cell.value) if isinstance(cell.value, int) and cell.data_type == "n" else cell.value
 
 
 def xls_values(path):
+    import xlrd
+
     book = xlrd.open_workbook(path)
     for cell, in book.sheets()[0].get_rows():
         if cell.ctype == xlrd.XL_CELL_DATE:
@@ -29,17 +30,7 @@ def xls_values(path):
             yield bool(cell.value) if cell.ctype == xlrd.XL_CELL_BOOLEAN else cell.value
 
 
-try:
-    import openpyxl
-    import xlrd
-except ImportError:
-    if sys.executable != DEBIANS_PYTHON and os.path.exists(DEBIANS_PYTHON):
-        sys.stdout.flush()
-        os.execv(DEBIANS_PYTHON, [DEBIANS_PYTHON, *sys.argv])
-    print("skipped: python3-openpyxl or python3-xlrd is not installed")
-    sys.exit(SKIPPED)
-folder = pathlib.Path(sys.argv[2])
-subprocess.run([sys.argv[1], folder], check=True)
+folder = sample_check.write_books("openpyxl", "xlrd")
 for name, values in ("typed.xlsx", xlsx_values), ("typed.xls", xls_values):
     found = list(values(folder / name))
     if found != list(TYPED.values()) or [*map(type, found)] != [*map(type, TYPED.values())]:
