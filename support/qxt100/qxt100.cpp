@@ -3,8 +3,8 @@
 #include <cstdint>
 #include <type_traits>
 
+#include "platform/colour_fade.h"
 #include "platform/windows/abi/qxt100_abi.h"
-#include "qxt100/colour_fade.h"
 
 extern "C" {
 
@@ -23,7 +23,7 @@ double TOLVANE_STDCALL qx_timeGetTime() {
 
 std::int32_t TOLVANE_STDCALL ColorAttenuation(std::int32_t colour, std::int32_t remaining,
                                               std::int32_t total) {
-  return qxt100::FadeToBlack(colour, remaining, total);
+  return tolvane::platform::FadeToBlack(colour, remaining, total);
 }
 
 }  // extern "C"

@@ -4,11 +4,12 @@
 #include <functional>
 #include <utility>
 
+#include "platform/colour_fade.h"
 #include "platform/support_library.h"
 
 namespace tolvane::platform::memory {
 
-/// A clock that tests move, and a fade that is linear in each channel.
+/// A clock that tests move, and the fade of qxt100.dll.
 class SupportLibrary final : public platform::SupportLibrary {
  public:
   [[nodiscard]] bool Load() override { return usable_; }
@@ -18,7 +19,9 @@ class SupportLibrary final : public platform::SupportLibrary {
     return now_;
   }
   [[nodiscard]] std::int32_t ColorAttenuation(std::int32_t colour, std::int32_t remaining,
-                                              std::int32_t total) override;
+                                              std::int32_t total) override {
+    return FadeToBlack(colour, remaining, total);
+  }
 
   void Usable(bool usable) { usable_ = usable; }
   void Now(double milliseconds) { now_ = milliseconds; }

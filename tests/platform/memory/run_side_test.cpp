@@ -50,24 +50,6 @@ TEST(MemorySupportLibrary, ClockMovesWhenItIsTold) {
   EXPECT_EQ(qxt100.Reads(), 1);
 }
 
-TEST(MemorySupportLibrary, FadesEachChannelToBlack) {
-  SupportLibrary qxt100;
-  const struct {
-    std::int32_t colour, remaining, total, faded;
-  } kCases[] = {{0x00FF8040, 100, 100, 0x00FF8040},
-                {0x00FF8040, 50, 100, 0x007F4020},
-                {0x00FF8040, 0, 100, 0},
-                {0x00FF8040, -5, 100, 0},
-                {0x00FF8040, 200, 100, 0x00FF8040},
-                {0x00FF8040, 1, 0, 0x00FF8040},
-                {0x00FF8040, 1, -7, 0x00FF8040},
-                {0x00FFFFFF, INT32_MAX, INT32_MAX, 0x00FFFFFF}};
-  for (const auto& row : kCases) {
-    EXPECT_EQ(qxt100.ColorAttenuation(row.colour, row.remaining, row.total), row.faded)
-        << row.remaining << " of " << row.total;
-  }
-}
-
 TEST(FrameScript, PlaysInOrderAsOftenAsTold) {
   FrameScript<int> script;
   EXPECT_EQ(script.Take(), nullptr);

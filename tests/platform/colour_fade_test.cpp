@@ -1,4 +1,4 @@
-#include "qxt100/colour_fade.h"
+#include "platform/colour_fade.h"
 
 #include <gtest/gtest.h>
 
@@ -6,9 +6,10 @@
 #include <limits>
 #include <string>
 
-namespace {
+#include "platform/memory/support_library.h"
 
-using qxt100::FadeToBlack;
+namespace tolvane::platform {
+namespace {
 
 constexpr std::int32_t kMin = std::numeric_limits<std::int32_t>::min();
 constexpr std::int32_t kMax = std::numeric_limits<std::int32_t>::max();
@@ -26,6 +27,8 @@ class FadeRow : public testing::TestWithParam<Row> {};
 TEST_P(FadeRow, GivesTheStatedColour) {
   const Row& row = GetParam();
   EXPECT_EQ(FadeToBlack(row.colour, row.remaining, row.total), row.expected);
+  memory::SupportLibrary in_memory;
+  EXPECT_EQ(in_memory.ColorAttenuation(row.colour, row.remaining, row.total), row.expected);
 }
 
 INSTANTIATE_TEST_SUITE_P(
@@ -42,7 +45,8 @@ INSTANTIATE_TEST_SUITE_P(
                     Row{"LeastTotalDoesNotFade", 0x123456, kMax, kMin, 0x123456},
                     Row{"NegativeTotalWithNothingLeftIsBlack", 0x123456, -1, -2, 0},
                     Row{"LongestTimesDoNotOverflow", 0xFFFFFF, kMax - 1, kMax, 0xFEFEFE},
-                    Row{"HighByteIsDroppedWhileFading", kMin | 0xFF, 1, 2, 0x7F}),
+                    Row{"HighByteIsDroppedWhileFading", kMin | 0xFF, 1, 2, 0x7F},
+                    Row{"HighByteStaysWhileNothingFades", kMin | 0xFF, 2, 2, kMin | 0xFF}),
     [](const testing::TestParamInfo<Row>& row) { return std::string(row.param.label); });
 
 TEST(ColourFade, FallsSteadilyInEachChannelFromTheColourToBlack) {
@@ -59,3 +63,4 @@ TEST(ColourFade, FallsSteadilyInEachChannelFromTheColourToBlack) {
 }
 
 }  // namespace
+}  // namespace tolvane::platform

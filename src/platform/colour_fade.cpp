@@ -1,6 +1,6 @@
-#include "qxt100/colour_fade.h"
+#include "platform/colour_fade.h"
 
-namespace qxt100 {
+namespace tolvane::platform {
 
 std::int32_t FadeToBlack(std::int32_t colour, std::int32_t remaining, std::int32_t total) {
   if (remaining <= 0) return 0;
@@ -15,4 +15,4 @@ std::int32_t FadeToBlack(std::int32_t colour, std::int32_t remaining, std::int32
   return faded;
 }
 
-}  // namespace qxt100
+}  // namespace tolvane::platform
