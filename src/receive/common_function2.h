@@ -19,12 +19,10 @@ constexpr double kNoOrigin = -1.0;  // Time_Origin before the first frame
 /// `Time_Origin` is the reading taken as zero and `Time_Last_Elapsed` the previous frame's distance
 /// from the origin of its time. The first wrap makes the origin 0.0 but leaves that distance as it
 /// was, so the line jumps ahead by the first origin once, at the frame after the wrap.
+///
+/// Whatever a foreign library did to the x87 unit before, the sums come out the same.
 void Frame_Time_Update(std::int32_t Timer_Mode, double& Time_Origin, double& Message_Time,
                        double& Time_Last_Elapsed, double device_time, double device_time_wrap,
                        double dividend_ratio, platform::SupportLibrary& qxt100);
-
-/// Makes the x87 unit compute with a 64-bit mantissa, which the sums above need. A foreign library
-/// loaded into the process may have left it at 53 bits, so a run sets it once its adapter is open.
-void Use_Extended_Precision();
 
 }  // namespace tolvane::Common_Function2

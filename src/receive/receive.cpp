@@ -180,7 +180,6 @@ void Run<Table>::ShowReceiving() {
 
 template <typename Table>
 void Run<Table>::ReadWhileWanted() {
-  Common_Function2::Use_Extended_Precision();
   while (parts_.RxFlag == 1) {
     const ReceivedFrame* frame = ReadAccepted();
     if (frame == nullptr) {

@@ -178,29 +178,5 @@ TEST_F(TimeBase, SumsAreRoundedOnceAtTheEnd) {
   }
 }
 
-std::uint16_t ControlWord() {
-  std::uint16_t control = 0;
-  asm volatile("fnstcw %0" : "=m"(control));
-  return control;
-}
-
-void ControlWord(std::uint16_t control) { asm volatile("fldcw %0" : : "m"(control)); }
-
-TEST(ExtendedPrecision, IsRestoredAfterAForeignLibrarySetADoubleMantissa) {
-  const std::uint16_t before = ControlWord();
-  const auto at_53_bits = static_cast<std::uint16_t>((before & ~0x0300) | 0x0200);
-  ControlWord(at_53_bits);
-  const volatile long double one = 1.0L;
-  const volatile long double small = 0x1p-60L;
-  const bool lost = one + small == one;
-  Common_Function2::Use_Extended_Precision();
-  const bool kept = one + small != one;
-  const std::uint16_t after = ControlWord();
-  ControlWord(before);
-  EXPECT_TRUE(lost);
-  EXPECT_TRUE(kept);
-  EXPECT_EQ(after, at_53_bits | 0x0300);  // nothing else changes
-}
-
 }  // namespace
 }  // namespace tolvane

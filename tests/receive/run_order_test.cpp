@@ -272,18 +272,5 @@ TEST(RunStart, LogsGoToTheSubfolder) {
   EXPECT_TRUE(bench.files.FileExists(u"C:\\Tolvane\\bench\\KL26112009-001.csv"));
 }
 
-TEST(RunStart, PrecisionOfTheSumsIsRestored) {
-  std::uint16_t before = 0;
-  asm volatile("fnstcw %0" : "=m"(before));
-  const auto at_53_bits = static_cast<std::uint16_t>((before & ~0x0300) | 0x0200);
-  RunBench bench;
-  asm volatile("fldcw %0" : : "m"(at_53_bits));
-  bench.Run(BindingKind::kCanusb, WorkerKind::FormBG);
-  std::uint16_t after = 0;
-  asm volatile("fnstcw %0" : "=m"(after));
-  asm volatile("fldcw %0" : : "m"(before));
-  EXPECT_EQ(after & 0x0300, 0x0300);
-}
-
 }  // namespace
 }  // namespace tolvane

@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <utility>
 #include <vector>
 
@@ -18,8 +19,12 @@ class FrameScript {
     times_ = frames_.empty() ? 0 : times;
   }
 
+  /// Called in each read: what else the library's code does in the program's thread.
+  void OnTake(std::function<void()> handler) { on_take_ = std::move(handler); }
+
   /// The next frame, null when the queue is empty. Valid until the next Play.
   [[nodiscard]] const Record* Take() {
+    if (on_take_) on_take_();
     if (times_ == 0) return nullptr;
     const Record* frame = &frames_[next_];
     if (++next_ == frames_.size()) {
@@ -35,6 +40,7 @@ class FrameScript {
   std::vector<Record> frames_;
   std::size_t next_ = 0;
   std::int64_t times_ = 0;
+  std::function<void()> on_take_;
 };
 
 }  // namespace tolvane::platform::memory
