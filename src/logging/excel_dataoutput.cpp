@@ -43,12 +43,16 @@ void Excel_OutputDB::Excel_DataOutput(std::int32_t Output_ch, ELM327_Info& devic
     if (WriteLogWorkbook(objExcel, workbook, device, services_.events) && table != nullptr) {
       Arayy_ALL_Clear_zero_string(kRow_MAX, kColumn_MAX, *table);
     }
-  } else if (device.t_LogSaveFormat == kLogFormatCsv) {
-    StringBuilder* const builder = BuilderOf(Output_ch);
-    const StringView records = builder != nullptr ? builder->Text() : StringView();
-    if (WriteCsvFile(path, date, records) && builder != nullptr) {
-      csv_DB_Initialize(Output_ch, device);
-    }
+    return;
+  }
+  CsvChannel* const channel = BuilderOf(Output_ch);
+  const bool is_written =
+      device.t_LogSaveFormat == kLogFormatCsv && WriteCsvFile(path, date, channel);
+  if (channel == nullptr) return;
+  if (is_written) {
+    csv_DB_Initialize(Output_ch, device);
+  } else {
+    channel->KeepForTheNextFlush();
   }
 }
 
@@ -74,10 +78,11 @@ String Excel_OutputDB::FreeLogPath(ELM327_Info& device, const platform::LocalTim
   return std::move(found.path);
 }
 
-bool Excel_OutputDB::WriteCsvFile(StringView path, StringView date, StringView records) {
+bool Excel_OutputDB::WriteCsvFile(StringView path, StringView date, const CsvChannel* channel) {
   const auto stream = services_.files.CreateTextFile(path, true, false);
   return stream != nullptr && stream->Write(LogHeaderTop) && stream->Write(date) &&
-         stream->Write(LogHeaderBottom) && stream->Write(records) && stream->Close();
+         stream->Write(LogHeaderBottom) && (channel == nullptr || channel->WriteTo(*stream)) &&
+         stream->Close();
 }
 
 LogTable* Excel_OutputDB::TableOf(std::int32_t Output_ch) {
@@ -85,7 +90,7 @@ LogTable* Excel_OutputDB::TableOf(std::int32_t Output_ch) {
   return Output_ch == 2 ? &Time_ID_DLC_Data2 : nullptr;
 }
 
-StringBuilder* Excel_OutputDB::BuilderOf(std::int32_t Output_ch) {
+CsvChannel* Excel_OutputDB::BuilderOf(std::int32_t Output_ch) {
   if (Output_ch == 1) return &LogBuilder1;
   return Output_ch == 2 ? &LogBuilder2 : nullptr;
 }

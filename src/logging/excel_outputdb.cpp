@@ -1,7 +1,5 @@
 #include "logging/excel_outputdb.h"
 
-#include <algorithm>
-
 #include "logging/csv_line.h"
 
 namespace tolvane {
@@ -10,12 +8,6 @@ namespace {
 
 constexpr StringView kColumnLine11 = u"  時間[ms] , ID  ,DLC,  D1,D2,D3,D4,D5,D6,D7,D8";
 constexpr StringView kColumnLine29 = u"  時間[ms] , E ,    ID    ,DLC,  D1,D2,D3,D4,D5,D6,D7,D8";
-
-/// True while a whole line, or the stray zeros of one, fits a channel's text.
-bool HasRoom(const StringBuilder& builder) {
-  return builder.mTextLength <=
-         Excel_OutputDB::kLogBuilder_MAX - static_cast<std::int32_t>(kCsvLine_MAX);
-}
 
 }  // namespace
 
@@ -87,7 +79,10 @@ void Excel_OutputDB::csv_DataInput29(double now_time, std::int32_t can_ID, std::
   }
   // The zeros of channel 2 land in channel 1 and come out ahead of its next file. Readers of the
   // logs know it so.
-  if (HasRoom(LogBuilder1)) LogBuilder1.Append(ZerosAhead29(can_ID));
+  const StringView zeros = ZerosAhead29(can_ID);
+  if (char16_t* const at = LogBuilder1.Reserve(kCsvLine_MAX, LogBuilder_MAX)) {
+    LogBuilder1.Take(zeros.copy(at, zeros.size()));
+  }
   csv_DataTail2(record, mark, HexText(can_ID));
 }
 
@@ -109,10 +104,10 @@ void Excel_OutputDB::Excel_DataStore(LogTable& table, const LogRecord& record,
   ++Excel_DB_ArayyCounter;
 }
 
-void Excel_OutputDB::csv_DataTail(StringBuilder& builder, const LogRecord& record, StringView mark,
+void Excel_OutputDB::csv_DataTail(CsvChannel& channel, const LogRecord& record, StringView mark,
                                   StringView identifier) {
-  if (HasRoom(builder)) {
-    builder.Take(WriteCsvLine(record, mark, identifier, builder.Reserve(kCsvLine_MAX)));
+  if (char16_t* const at = channel.Reserve(kCsvLine_MAX, LogBuilder_MAX)) {
+    channel.Take(WriteCsvLine(record, mark, identifier, at));
   }
   ++Excel_DB_ArayyCounter;
 }

@@ -1,8 +1,10 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <span>
 
+#include "logging/csv_channel.h"
 #include "logging/log_record.h"
 #include "logging/log_table.h"
 #include "platform/automation.h"
@@ -11,7 +13,6 @@
 #include "platform/local_time.h"
 #include "platform/string.h"
 #include "run/elm327_info.h"
-#include "view/stringbuilder.h"
 
 namespace tolvane {
 
@@ -31,16 +32,18 @@ class Excel_OutputDB {
   static constexpr std::int32_t kColumn_MAX = LogTable::kColumn_MAX;
 
   /// Characters that a channel's csv text may have. Only a channel whose flushes keep failing, or
-  /// a log format that is never flushed, gets there: after some 30 times 20,001 records. Further
-  /// lines are lost whole. So the length stays far inside 32 bits, and both channels, growing by
-  /// doubling, inside the address space of the x86 program.
-  static constexpr std::int32_t kLogBuilder_MAX = 32 * 1024 * 1024;
+  /// a log format that is never flushed, gets there; further lines are lost whole. A full bus of
+  /// the shortest frames outlasts 8 minutes, in the x86 program 2, where both channels take 400 MB
+  /// of the address space.
+  static constexpr std::size_t kLogBuilder_MAX =
+      std::size_t{sizeof(void*) == 8 ? 384 : 96} * 1024 * 1024;
 
   explicit Excel_OutputDB(const LogServices& services);
 
   std::int32_t Excel_DB_ArayyCounter = 0;             // next row, from 0
   std::int32_t Excel_DB_ArayyCounter_MAX = kRow_MAX;  // last row of a channel
   std::int32_t Excel_DB_ArayyCh = 1;                  // current channel, 1 or 2
+  std::size_t LogBuilder_MAX = kLogBuilder_MAX;       // longest csv text of a channel
   double StartTime = 0.0;                             // kept, never used
   String str_bitrate;                                 // such as "500k bps"
   String hardware_information;                        // adapter text of the run
@@ -98,23 +101,24 @@ class Excel_OutputDB {
   void StoreInChannel(const LogRecord& record, StringView identifier, std::int32_t can_Flag);
   void Excel_DataStore(LogTable& table, const LogRecord& record, StringView identifier,
                        std::int32_t can_Flag);
-  void csv_DataTail(StringBuilder& builder, const LogRecord& record, StringView mark,
+  void csv_DataTail(CsvChannel& channel, const LogRecord& record, StringView mark,
                     StringView identifier);
 
   [[nodiscard]] String FreeLogPath(ELM327_Info& device, const platform::LocalTime& now,
                                    String& FileName_Date, String& FileName_No,
                                    const String& FolderName);
-  [[nodiscard]] bool WriteCsvFile(StringView path, StringView date, StringView records);
+  /// Null for a channel that does not exist: headers alone.
+  [[nodiscard]] bool WriteCsvFile(StringView path, StringView date, const CsvChannel* channel);
   /// Table or builder of channel 1 or 2, null for any other.
   [[nodiscard]] LogTable* TableOf(std::int32_t Output_ch);
-  [[nodiscard]] StringBuilder* BuilderOf(std::int32_t Output_ch);
+  [[nodiscard]] CsvChannel* BuilderOf(std::int32_t Output_ch);
 
   LogTable Time_ID_DLC_Data1;
   LogTable Time_ID_DLC_Data2;
   String LogHeaderTop;     // up to the date of a flush
   String LogHeaderBottom;  // behind it
-  StringBuilder LogBuilder1;
-  StringBuilder LogBuilder2;
+  CsvChannel LogBuilder1;
+  CsvChannel LogBuilder2;
   LogServices services_;
 };
 

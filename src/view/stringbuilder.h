@@ -26,10 +26,11 @@ class StringBuilder {
   }
 
   /// Room for `length` characters behind the text, for text that is made in place; Take counts in
-  /// what was written there. Valid until the next change. Grows by whole blocks.
+  /// what was written there. Valid until the next change. Grows by whole blocks; null, with the
+  /// text as it was, when there is no memory for them.
   [[nodiscard]] char16_t* Reserve(std::size_t length) {
-    while (static_cast<std::size_t>(mTextLength) + length > size_) Grow();
-    return mBuffer.data() + mTextLength;
+    const bool fits = static_cast<std::size_t>(mTextLength) + length <= size_;
+    return fits || GrowFor(length) ? mBuffer.data() + mTextLength : nullptr;
   }
   void Take(std::size_t length) { mTextLength += static_cast<std::int32_t>(length); }
 
@@ -48,6 +49,7 @@ class StringBuilder {
 
  private:
   void Grow();
+  [[nodiscard]] bool GrowFor(std::size_t length);
   void AppendGrown(StringView AppendString);
 
   String mBuffer;                      // storage, never given back

@@ -1,5 +1,9 @@
 #include <gtest/gtest.h>
 
+#include <limits>
+#include <sstream>
+#include <string>
+
 #include "tests/counting/allocations.h"
 #include "tests/logging/log_test.h"
 
@@ -21,6 +25,65 @@ TEST_F(CsvAllocation, AChannelOfLinesAllocatesItsBlockOnceAndNothingPerFrame) {
   const std::int64_t again = counting::Allocations();
   fill(0x1ABCDEF0);
   EXPECT_EQ(counting::Allocations() - again, 0);
+}
+
+/// A machine without memory for the pieces of a channel, or for its builder.
+class CsvWithoutMemory : public CsvAllocation {
+ protected:
+  ~CsvWithoutMemory() override { counting::RefuseAbove(kAnything); }
+
+  static constexpr std::size_t kAnything = std::numeric_limits<std::size_t>::max();
+
+  /// Fills the current channel with lines of 49 characters whose times count the records, and
+  /// flushes it in vain when it is full.
+  void FillAndFail(std::int32_t channels) {
+    files.Protect(u"C:\\Tolvane", true);
+    for (std::int32_t i = 0; i < channels * (Excel_OutputDB::kRow_MAX + 1); ++i) {
+      db.csv_DataInput(records_++, 0x100, 8, kBytes);
+      if (db.Excel_DB_ArayyCounter <= db.Excel_DB_ArayyCounter_MAX) continue;
+      db.Excel_DB_ArayyCounter = 0;
+      Flush(1);
+    }
+    files.Protect(u"C:\\Tolvane", false);
+  }
+  /// Lines of a log from the first record on.
+  std::size_t LinesInOrder(StringView number) {
+    std::istringstream log(LogBytes(number));
+    std::string line;
+    for (int header = 0; header < 8; ++header) std::getline(log, line);
+    std::size_t lines = 0;
+    while (std::getline(log, line) && line.size() == 48 && std::stoul(line) == lines) ++lines;
+    return log.eof() ? lines : 0;
+  }
+
+  std::int32_t records_ = 0;
+};
+
+constexpr std::size_t kChannel = Excel_OutputDB::kRow_MAX + 1;
+
+TEST_F(CsvWithoutMemory, TextThatCannotBeSetAsideStaysInItsBuilder) {
+  FillAndFail(1);
+  counting::RefuseAbove(1'000'000);  // less than a channel's text
+  FillAndFail(1);
+  counting::RefuseAbove(kAnything);
+  Flush(1);
+  EXPECT_EQ(LinesInOrder(u"001"), 2 * kChannel);
+}
+
+TEST_F(CsvWithoutMemory, ABuilderThatCannotGrowLosesTheLinesBehindAndNothingElse) {
+  FillAndFail(1);
+  counting::RefuseAbove(1'000'000);
+  FillAndFail(3);
+  counting::RefuseAbove(kAnything);
+  Flush(1);
+  const std::size_t lines = LinesInOrder(u"001");
+  EXPECT_GT(lines, 2 * kChannel) << "a block holds more than a channel of such lines";
+  EXPECT_LT(lines, 3 * kChannel);
+  db.Excel_DB_ArayyCounter = 0;
+  records_ = 0;
+  FillAndFail(1);
+  Flush(1);
+  EXPECT_EQ(LinesInOrder(u"002"), kChannel) << "with memory all is as before";
 }
 
 }  // namespace

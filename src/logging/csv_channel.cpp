@@ -1,0 +1,30 @@
+#include "logging/csv_channel.h"
+
+#include <algorithm>
+#include <new>
+
+namespace tolvane {
+
+bool CsvChannel::WriteTo(platform::TextStream& stream) const {
+  return std::ranges::all_of(unwritten_, [&](const String& text) { return stream.Write(text); }) &&
+         stream.Write(builder_.Text());
+}
+
+void CsvChannel::KeepForTheNextFlush() {
+  if (builder_.mTextLength == 0) return;
+  try {
+    unwritten_.emplace_back(builder_.Text());
+  } catch (const std::bad_alloc&) {
+    return;  // it stays where it is, and the lines go on behind it as long as there is room
+  }
+  unwritten_length_ += unwritten_.back().size();
+  builder_.AllClear();
+}
+
+void CsvChannel::AllClear() {
+  unwritten_ = {};
+  unwritten_length_ = 0;
+  builder_.AllClear();
+}
+
+}  // namespace tolvane
