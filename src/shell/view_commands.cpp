@@ -113,11 +113,8 @@ bool Form1::Clipboard_Has_Text() {
   return platform_.clipboard.GetFormat(Clipboard::Format::kPlainText);
 }
 
-/// Each step is tried whatever became of the one before.
-void Form1::To_Clipboard(StringView plain_text, StringView rich_text) {
-  platform_.clipboard.Clear();
-  platform_.clipboard.SetText(plain_text, Clipboard::Format::kPlainText);
-  platform_.clipboard.SetText(rich_text, Clipboard::Format::kRichText);
+bool Form1::To_Clipboard(StringView plain_text, StringView rich_text) {
+  return platform_.clipboard.Replace(plain_text, rich_text, Clipboard_Patience());
 }
 
 void Form1::menu_View_All_Copy_Click() {
@@ -127,19 +124,21 @@ void Form1::menu_View_All_Copy_Click() {
 void Form1::menu_View_Ctrl_Z_Click() { window_.RTB_MainView.Undo(); }
 
 void Form1::menu_View_Ctrl_X_Click() {
-  menu_View_Ctrl_C_Click();
-  menu_View_DEL_Click();
+  // What the clipboard did not take would be lost.
+  if (Copy_Selection()) menu_View_DEL_Click();
 }
 
-void Form1::menu_View_Ctrl_C_Click() {
-  To_Clipboard(window_.RTB_MainView.SelText(), window_.RTB_MainView.SelRTF());
+void Form1::menu_View_Ctrl_C_Click() { Copy_Selection(); }
+
+bool Form1::Copy_Selection() {
+  return To_Clipboard(window_.RTB_MainView.SelText(), window_.RTB_MainView.SelRTF());
 }
 
 void Form1::menu_View_Ctrl_V_Click() {
   for (const auto format : {Clipboard::Format::kRichText, Clipboard::Format::kPlainText}) {
     if (!platform_.clipboard.GetFormat(format)) continue;
     // Empty also when another program holds the clipboard: the view then stays as it is.
-    const String text = platform_.clipboard.GetText(format);
+    const String text = platform_.clipboard.GetText(format, Clipboard_Patience());
     if (!text.empty()) window_.RTB_MainView.SelText(text);
     return;
   }

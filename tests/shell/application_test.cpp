@@ -146,7 +146,7 @@ TEST(Start, BeginsByClearingEveryRecordAndFlag) {
 
 TEST(Start, TheClipboardDecidesOverPaste) {
   Form1Bench bench;
-  bench.memory.clipboard.SetText(u"text", platform::Clipboard::Format::kPlainText);
+  bench.memory.clipboard.Put(u"text", platform::Clipboard::Format::kPlainText);
   bench.Start();
   EXPECT_TRUE(bench.memory.window.menu_View_Ctrl_V.Enabled());
 }

@@ -56,7 +56,7 @@ class ViewCommands : public testing::Test {
 };
 
 TEST_F(ViewCommands, ASelectionEnablesWhatWorksOnIt) {
-  clipboard_.SetText(u"x", Format::kPlainText);
+  clipboard_.Put(u"x", Format::kPlainText);
   view_.SelStart(1);
   view_.SelLength(1);
   view_.SelText(u"y");  // something to undo
@@ -72,14 +72,14 @@ TEST_F(ViewCommands, WithoutASelectionCopyAllAndTheDateAreThere) {
 }
 
 TEST_F(ViewCommands, PasteAndUndoComeWithTheirMeans) {
-  clipboard_.SetText(u"x", Format::kPlainText);
+  clipboard_.Put(u"x", Format::kPlainText);
   view_.SelText(u"y");
   Select(2, 0);
   EXPECT_THAT(Enabled(), ElementsAre("All_Copy", "Ctrl_Z", "Ctrl_V", "Date"));
 }
 
 TEST_F(ViewCommands, RichTextAloneDoesNotEnablePaste) {
-  clipboard_.SetText(u"{\\rtf1 x}", Format::kRichText);
+  clipboard_.Put(u"{\\rtf1 x}", Format::kRichText);
   Select(2, 0);
   EXPECT_THAT(Enabled(), ElementsAre("All_Copy", "Date"));
 }
@@ -91,7 +91,7 @@ TEST_F(ViewCommands, AnEmptyViewOffersTheDateOnly) {
 }
 
 TEST_F(ViewCommands, BeforeAnySelectionChangeTheStateOfTheStartHolds) {
-  clipboard_.SetText(u"x", Format::kPlainText);
+  clipboard_.Put(u"x", Format::kPlainText);
   EXPECT_THAT(Enabled(), ElementsAre("Date")) << "the clipboard was empty at the start";
 }
 
@@ -119,59 +119,101 @@ TEST_F(ViewCommands, TheMenuLivesDuringRunsOfTheOtherWorkers) {
 }
 
 TEST_F(ViewCommands, CopyReplacesTheClipboardByBothForms) {
-  clipboard_.SetText(u"old", Format::kPlainText);
+  clipboard_.Put(u"old", Format::kPlainText);
   Select(3, 4);
   bench_.form.menu_View_Ctrl_C_Click();
-  EXPECT_EQ(clipboard_.GetText(Format::kPlainText), u"3456");
-  EXPECT_EQ(clipboard_.GetText(Format::kRichText), view_.SelRTF());
+  EXPECT_EQ(clipboard_.GetText(Format::kPlainText, 0), u"3456");
+  EXPECT_EQ(clipboard_.GetText(Format::kRichText, 0), view_.SelRTF());
   EXPECT_EQ(view_.Text(), u"0123456789");
 }
 
 TEST_F(ViewCommands, CutAlsoTakesTheSelectionAway) {
   Select(3, 4);
   bench_.form.menu_View_Ctrl_X_Click();
-  EXPECT_EQ(clipboard_.GetText(Format::kPlainText), u"3456");
+  EXPECT_EQ(clipboard_.GetText(Format::kPlainText, 0), u"3456");
   EXPECT_EQ(view_.Text(), u"012789");
 }
 
-TEST_F(ViewCommands, EveryCopyEmptiesTheClipboardBeforeItFillsIt) {
+TEST_F(ViewCommands, EveryCopyReplacesAllInOneOpeningOfTheClipboard) {
+  clipboard_.WatchedByAnother(1000);
   for (const auto command : {&Form1::menu_View_Ctrl_C_Click, &Form1::menu_View_Ctrl_X_Click,
                              &Form1::menu_View_All_Copy_Click}) {
+    clipboard_.HeldByAnother(0);
     bench_.memory.journal.Clear();
     (bench_.form.*command)();
-    EXPECT_THAT(bench_.Noted("Clipboard."),
-                ElementsAre("Clipboard.Clear()", "Clipboard.SetText(plain text)",
-                            "Clipboard.SetText(rich text)"));
+    EXPECT_THAT(bench_.Noted("Clipboard."), ElementsAre("Clipboard.Replace()"));
   }
 }
 
-TEST_F(ViewCommands, CutGoesOnWhenTheClipboardIsHeldByAnother) {
-  clipboard_.HeldByAnother(true);
+TEST_F(ViewCommands, CutDeletesNothingThatDidNotReachTheClipboard) {
   Select(3, 4);
-  bench_.memory.journal.Clear();
+  clipboard_.HeldByAnother(platform::memory::Clipboard::kForever);
   bench_.form.menu_View_Ctrl_X_Click();
-  EXPECT_THAT(bench_.Noted("Clipboard."), testing::SizeIs(3)) << "a step was left out";
-  EXPECT_EQ(view_.Text(), u"012789");
+  EXPECT_EQ(view_.Text(), u"0123456789");
+  EXPECT_EQ(view_.SelText(), u"3456") << "the user tries again";
+  clipboard_.HeldByAnother(0);
+  for (const Format format : {Format::kPlainText, Format::kRichText}) {
+    clipboard_.Refuse(format);
+    bench_.form.menu_View_Ctrl_X_Click();
+    EXPECT_EQ(view_.Text(), u"0123456789");
+  }
   EXPECT_THAT(bench_.memory.message_box.Boxes(), IsEmpty());
+  clipboard_.Refuse({});
+  bench_.form.menu_View_Ctrl_X_Click();
+  EXPECT_EQ(view_.Text(), u"012789");
+}
+
+TEST_F(ViewCommands, AFormThatTheClipboardRefusesDoesNotStopTheOther) {
+  Select(3, 4);
+  clipboard_.Refuse(Format::kPlainText);
+  bench_.form.menu_View_Ctrl_C_Click();
+  EXPECT_EQ(clipboard_.GetText(Format::kRichText, 0), view_.SelRTF());
+}
+
+TEST_F(ViewCommands, AHeldClipboardIsWaitedForFor100MsAndInARunFor20) {
+  const struct { std::int32_t RxFlag, patience; } rows[] = {{0, 100}, {1, 20}};
+  for (const auto& [RxFlag, patience] : rows) {
+    bench_.form.RxFlag = RxFlag;
+    Select(3, 4);
+    clipboard_.Empty();
+    clipboard_.HeldByAnother(patience + 1);
+    bench_.form.menu_View_Ctrl_C_Click();
+    EXPECT_FALSE(clipboard_.GetFormat(Format::kPlainText)) << patience;
+    clipboard_.HeldByAnother(patience);
+    bench_.form.menu_View_Ctrl_C_Click();
+    EXPECT_TRUE(clipboard_.GetFormat(Format::kPlainText)) << patience;
+
+    view_.Text(u"0123456789");
+    Select(10, 0);
+    clipboard_.Empty();
+    clipboard_.Put(u"x", Format::kPlainText);
+    clipboard_.HeldByAnother(patience + 1);
+    bench_.form.menu_View_Ctrl_V_Click();
+    EXPECT_EQ(view_.Text(), u"0123456789") << patience;
+    clipboard_.HeldByAnother(patience);
+    bench_.form.menu_View_Ctrl_V_Click();
+    EXPECT_EQ(view_.Text(), u"0123456789x") << patience;
+    view_.Text(u"0123456789");
+  }
 }
 
 TEST_F(ViewCommands, CopyAllNeedsNoSelection) {
   Select(3, 0);
   bench_.form.menu_View_All_Copy_Click();
-  EXPECT_EQ(clipboard_.GetText(Format::kPlainText), u"0123456789");
-  EXPECT_EQ(clipboard_.GetText(Format::kRichText), view_.TextRTF());
+  EXPECT_EQ(clipboard_.GetText(Format::kPlainText, 0), u"0123456789");
+  EXPECT_EQ(clipboard_.GetText(Format::kRichText, 0), view_.TextRTF());
 }
 
 TEST_F(ViewCommands, PastePrefersRichTextAndWritesItAsPlainText) {
-  clipboard_.SetText(u"plain", Format::kPlainText);
-  clipboard_.SetText(u"{\\rtf1 rich}", Format::kRichText);
+  clipboard_.Put(u"plain", Format::kPlainText);
+  clipboard_.Put(u"{\\rtf1 rich}", Format::kRichText);
   Select(10, 0);
   bench_.form.menu_View_Ctrl_V_Click();
   EXPECT_EQ(view_.Text(), u"0123456789{\\rtf1 rich}");
 }
 
 TEST_F(ViewCommands, PasteTakesPlainTextWithoutRichText) {
-  clipboard_.SetText(u"plain", Format::kPlainText);
+  clipboard_.Put(u"plain", Format::kPlainText);
   Select(5, 0);
   bench_.form.menu_View_Ctrl_V_Click();
   EXPECT_EQ(view_.Text(), u"01234plain56789");
@@ -180,8 +222,8 @@ TEST_F(ViewCommands, PasteTakesPlainTextWithoutRichText) {
 TEST_F(ViewCommands, PasteOfNothingLeavesTheText) {
   Select(2, 3);
   bench_.form.menu_View_Ctrl_V_Click();
-  clipboard_.SetText(u"plain", Format::kPlainText);
-  clipboard_.HeldByAnother(true);
+  clipboard_.Put(u"plain", Format::kPlainText);
+  clipboard_.HeldByAnother(platform::memory::Clipboard::kForever);
   bench_.form.menu_View_Ctrl_V_Click();
   EXPECT_EQ(view_.Text(), u"0123456789");
 }

@@ -67,13 +67,10 @@ PageCommandsBase::Items PageCommandsBase::OpenPopUp() const {
 }
 
 void PageCommandsBase::ExpectCopied(int command, const std::wstring& text) const {
-  std::wstring plain;
-  EXPECT_TRUE(WaitUntil([&] {
-    Do(command);
-    const HeldClipboard held;
-    plain = held.Plain();
-    return plain == text && !held.Rich().empty();
-  })) << Utf8(plain);
+  Do(command);
+  const HeldClipboard held;
+  EXPECT_EQ(Utf8(held.Plain()), Utf8(text));
+  EXPECT_FALSE(held.Rich().empty());
 }
 
 }  // namespace tolvane::window

@@ -34,7 +34,7 @@ class PageCommandsBase : public LogRun {
   /// Over the page's control.
   [[nodiscard]] Items OpenPopUp() const;
 
-  /// Copies until the clipboard holds the text in both forms, as others may hold it for a moment.
+  /// Copies, whereupon the clipboard holds the text in both forms.
   void ExpectCopied(int command, const std::wstring& text) const;
 
  private:

@@ -85,6 +85,7 @@ TEST_P(OtherWorker, ThePopUpOpensOverTheLockedPageAndItsWritesLastUntilTheNextTi
   })) << Utf8(copied);
   HeldClipboard().Put(L"text");
   SetCaret(0);
+  WaitForQuietClipboard();  // in a run the program does not wait long for it
   ExpectCopied(menu_View_All_Copy, page);
   EXPECT_TRUE(RichTextReader(HeldClipboard().Rich()).Text().starts_with(page));
 

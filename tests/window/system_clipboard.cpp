@@ -55,6 +55,15 @@ std::wstring HeldClipboard::Plain() const { return TakeBlock<wchar_t>(CF_UNICODE
 
 std::string HeldClipboard::Rich() const { return TakeBlock<char>(RichFormat()); }
 
+void WaitForQuietClipboard() {
+  constexpr ULONGLONG kQuiet = 500;  // ms
+  ULONGLONG since = GetTickCount64();
+  WaitUntil([&] {
+    if (GetOpenClipboardWindow() != nullptr) since = GetTickCount64();
+    return GetTickCount64() - since >= kQuiet;
+  });
+}
+
 RichTextReader::RichTextReader(const std::string& rich)
     : library_(LoadLibraryW(L"msftedit.dll")),
       control_(CreateWindowExW(0, MSFTEDIT_CLASS, L"", WS_POPUP | ES_MULTILINE, 0, 0, 100, 100,

@@ -30,6 +30,10 @@ class HeldClipboard {
   HWND owner_;
 };
 
+/// Waits until other programs, of which some look at each change, have left the clipboard alone for
+/// a while.
+void WaitForQuietClipboard();
+
 /// Rich text read by a control of this process.
 class RichTextReader {
  public:

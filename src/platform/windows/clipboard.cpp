@@ -1,6 +1,7 @@
 #include "platform/windows/clipboard.h"
 
 #include <algorithm>
+#include <chrono>
 #include <cstring>
 #include <string>
 
@@ -11,10 +12,23 @@
 namespace tolvane::platform::windows {
 namespace {
 
+constexpr std::chrono::milliseconds kPause{2};  // between two tries
+
+/// Opens the clipboard, trying again while another program holds it.
+bool OpenWithPatience(HWND owner, std::int32_t patience) {
+  using Clock = std::chrono::steady_clock;
+  const auto end = Clock::now() + std::chrono::milliseconds(patience);
+  while (OpenClipboard(owner) == FALSE) {
+    if (Clock::now() + kPause > end) return false;
+    Sleep(static_cast<DWORD>(kPause.count()));
+  }
+  return true;
+}
+
 /// Holds the clipboard while it lives; false when another program does.
 class OpenedClipboard {
  public:
-  explicit OpenedClipboard(HWND owner) : opened_(OpenClipboard(owner) != FALSE) {}
+  OpenedClipboard(HWND owner, std::int32_t patience) : opened_(OpenWithPatience(owner, patience)) {}
   OpenedClipboard(const OpenedClipboard&) = delete;
   OpenedClipboard& operator=(const OpenedClipboard&) = delete;
   ~OpenedClipboard() {
@@ -61,29 +75,26 @@ UINT WindowsClipboard::FormatNumber(Format format) const {
   return format == Format::kRichText ? rich_text_ : CF_UNICODETEXT;
 }
 
-bool WindowsClipboard::Clear() {
-  const OpenedClipboard opened(owner_);
-  return opened && EmptyClipboard();
+bool WindowsClipboard::Replace(StringView plain_text, StringView rich_text, std::int32_t patience) {
+  const OpenedClipboard opened(owner_, patience);
+  if (!opened) return false;
+  const bool is_empty = EmptyClipboard() != FALSE;
+  const bool has_plain_text = SetBlock(CF_UNICODETEXT, String(plain_text));
+  const bool has_rich_text = SetBlock(rich_text_, ToRtfBytes(rich_text));
+  return is_empty && has_plain_text && has_rich_text;
 }
 
 bool WindowsClipboard::GetFormat(Format format) {
   return IsClipboardFormatAvailable(FormatNumber(format)) != FALSE;
 }
 
-String WindowsClipboard::GetText(Format format) {
-  const OpenedClipboard opened(owner_);
+String WindowsClipboard::GetText(Format format, std::int32_t patience) {
+  const OpenedClipboard opened(owner_, patience);
   if (!opened) return {};
   const HANDLE block = GetClipboardData(FormatNumber(format));
   if (block == nullptr) return {};
   return format == Format::kRichText ? FromRtfBytes(BlockText<char>(block))
                                      : BlockText<char16_t>(block);
-}
-
-bool WindowsClipboard::SetText(StringView text, Format format) {
-  const OpenedClipboard opened(owner_);
-  if (!opened) return false;
-  return format == Format::kRichText ? SetBlock(rich_text_, ToRtfBytes(text))
-                                     : SetBlock(CF_UNICODETEXT, String(text));
 }
 
 }  // namespace tolvane::platform::windows

@@ -10,10 +10,10 @@ class WindowsClipboard final : public Clipboard {
   /// `owner`, the main window, must outlive this.
   explicit WindowsClipboard(HWND owner);
 
-  [[nodiscard]] bool Clear() override;
+  [[nodiscard]] bool Replace(StringView plain_text, StringView rich_text,
+                             std::int32_t patience) override;
   [[nodiscard]] bool GetFormat(Format format) override;
-  [[nodiscard]] String GetText(Format format) override;
-  [[nodiscard]] bool SetText(StringView text, Format format) override;
+  [[nodiscard]] String GetText(Format format, std::int32_t patience) override;
 
  private:
   [[nodiscard]] UINT FormatNumber(Format format) const;

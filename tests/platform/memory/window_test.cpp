@@ -88,27 +88,41 @@ TEST(MemoryClipboard, HoldsOneTextPerFormat) {
   Journal journal;
   Clipboard clipboard(journal);
   EXPECT_FALSE(clipboard.GetFormat(Format::kPlainText));
-  EXPECT_TRUE(clipboard.SetText(u"plain", Format::kPlainText));
-  EXPECT_TRUE(clipboard.SetText(u"rich", Format::kRichText));
-  EXPECT_EQ(clipboard.GetText(Format::kPlainText), u"plain");
-  EXPECT_EQ(clipboard.GetText(Format::kRichText), u"rich");
-  EXPECT_TRUE(clipboard.Clear());
+  EXPECT_TRUE(clipboard.Replace(u"plain", u"rich", 0));
+  EXPECT_EQ(clipboard.GetText(Format::kPlainText, 0), u"plain");
+  EXPECT_EQ(clipboard.GetText(Format::kRichText, 0), u"rich");
+  EXPECT_THAT(journal.Lines(), ElementsAre("Clipboard.Replace()"));
+  clipboard.Empty();
   EXPECT_FALSE(clipboard.GetFormat(Format::kRichText));
 }
 
 TEST(MemoryClipboard, HeldByAnotherTellsItsFormatsAndRefusesTheRest) {
   Journal journal;
   Clipboard clipboard(journal);
-  clipboard.SetText(u"theirs", Format::kPlainText);
-  clipboard.HeldByAnother(true);
-  EXPECT_FALSE(clipboard.Clear());
-  EXPECT_FALSE(clipboard.SetText(u"mine", Format::kPlainText));
+  clipboard.Put(u"theirs", Format::kPlainText);
+  clipboard.HeldByAnother(30);
+  EXPECT_FALSE(clipboard.Replace(u"mine", u"mine", 10));
   EXPECT_TRUE(clipboard.GetFormat(Format::kPlainText));
-  EXPECT_EQ(clipboard.GetText(Format::kPlainText), u"");
-  clipboard.HeldByAnother(false);
-  EXPECT_EQ(clipboard.GetText(Format::kPlainText), u"theirs");
-  EXPECT_THAT(journal.Lines(), ElementsAre("Clipboard.SetText(plain text)", "Clipboard.Clear()",
-                                           "Clipboard.SetText(plain text)"));
+  EXPECT_EQ(clipboard.GetText(Format::kPlainText, 10), u"");
+  EXPECT_EQ(clipboard.GetText(Format::kPlainText, 10), u"theirs") << "30 ms are over";
+}
+
+TEST(MemoryClipboard, WatchedByAnotherIsHeldBehindEachChange) {
+  Journal journal;
+  Clipboard clipboard(journal);
+  clipboard.WatchedByAnother(5);
+  EXPECT_TRUE(clipboard.Replace(u"a", u"a", 0));
+  EXPECT_FALSE(clipboard.Replace(u"b", u"b", 4));
+  EXPECT_EQ(clipboard.GetText(Format::kRichText, 1), u"a");
+}
+
+TEST(MemoryClipboard, ARefusedFormatIsMissingBesideTheOther) {
+  Journal journal;
+  Clipboard clipboard(journal);
+  clipboard.Refuse(Format::kRichText);
+  EXPECT_FALSE(clipboard.Replace(u"a", u"a", 0));
+  EXPECT_TRUE(clipboard.GetFormat(Format::kPlainText));
+  EXPECT_FALSE(clipboard.GetFormat(Format::kRichText));
 }
 
 TEST(JournalText, IsUtf8) {

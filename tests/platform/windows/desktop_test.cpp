@@ -1,6 +1,10 @@
 // Small facilities of the desktop: clock texts, the clipboard, the mark of the running program.
 #include <gtest/gtest.h>
 
+#include <chrono>
+#include <future>
+#include <thread>
+
 #include "platform/windows/clipboard.h"
 #include "platform/windows/process.h"
 #include "platform/windows/text.h"
@@ -127,35 +131,134 @@ class ClipboardTest : public testing::Test {
 
 using Format = Clipboard::Format;
 
+constexpr std::int32_t kPatience = 5000;  // ms; the machine may be slow
+
 TEST_F(ClipboardTest, HoldsPlainAndRichTextSideBySide) {
   WindowsClipboard clipboard(owner_);
-  ASSERT_TRUE(clipboard.Clear());
-  EXPECT_FALSE(clipboard.GetFormat(Format::kPlainText));
-  EXPECT_EQ(clipboard.GetText(Format::kPlainText), u"");
-  ASSERT_TRUE(clipboard.SetText(u"受信\r\n", Format::kPlainText));
-  ASSERT_TRUE(clipboard.SetText(u"{\\rtf1 x}", Format::kRichText));
+  ASSERT_TRUE(clipboard.Replace(u"old", u"{\\rtf1 old}", kPatience));
+  ASSERT_TRUE(clipboard.Replace(u"受信\r\n", u"{\\rtf1 x}", kPatience));
   EXPECT_TRUE(clipboard.GetFormat(Format::kPlainText));
   EXPECT_TRUE(clipboard.GetFormat(Format::kRichText));
-  EXPECT_EQ(clipboard.GetText(Format::kPlainText), u"受信\r\n");
-  EXPECT_EQ(clipboard.GetText(Format::kRichText), u"{\\rtf1 x}");
-  EXPECT_TRUE(clipboard.Clear());
-  EXPECT_FALSE(clipboard.GetFormat(Format::kRichText));
+  EXPECT_EQ(clipboard.GetText(Format::kPlainText, kPatience), u"受信\r\n");
+  EXPECT_EQ(clipboard.GetText(Format::kRichText, kPatience), u"{\\rtf1 x}");
 }
 
-TEST_F(ClipboardTest, HeldOpenByAnotherItTellsItsFormatsAndRefusesTheRest) {
+/// Another program: holds the clipboard in a thread of its own.
+class Holder {
+ public:
+  explicit Holder(std::chrono::milliseconds time) {
+    std::promise<void> held;
+    auto holding = held.get_future();
+    thread_ = std::thread([time, held = std::move(held)]() mutable {
+      const HWND window = CreateWindowExW(0, WC_STATICW, L"", 0, 0, 0, 0, 0, HWND_MESSAGE, nullptr,
+                                          nullptr, nullptr);
+      while (!OpenClipboard(window)) Sleep(1);
+      held.set_value();
+      std::this_thread::sleep_for(time);
+      CloseClipboard();
+      DestroyWindow(window);
+    });
+    holding.wait();
+  }
+  Holder(const Holder&) = delete;
+  Holder& operator=(const Holder&) = delete;
+  ~Holder() { thread_.join(); }
+
+ private:
+  std::thread thread_;
+};
+
+TEST_F(ClipboardTest, HeldByAnotherItTellsItsFormatsAndIsWaitedFor) {
   WindowsClipboard clipboard(owner_);
-  ASSERT_TRUE(clipboard.Clear());
-  ASSERT_TRUE(clipboard.SetText(u"theirs", Format::kPlainText));
-  const HWND another = CreateWindowExW(0, WC_STATICW, L"", WS_OVERLAPPED, 0, 0, 10, 10, nullptr,
-                                       nullptr, nullptr, nullptr);
-  ASSERT_TRUE(OpenClipboard(another));
-  EXPECT_FALSE(clipboard.Clear());
-  EXPECT_FALSE(clipboard.SetText(u"mine", Format::kPlainText));
-  EXPECT_TRUE(clipboard.GetFormat(Format::kPlainText));
-  EXPECT_EQ(clipboard.GetText(Format::kPlainText), u"");
-  CloseClipboard();
-  DestroyWindow(another);
-  EXPECT_EQ(clipboard.GetText(Format::kPlainText), u"theirs");
+  ASSERT_TRUE(clipboard.Replace(u"theirs", u"", kPatience));
+  {
+    const Holder holder(std::chrono::milliseconds(500));
+    EXPECT_FALSE(clipboard.Replace(u"mine", u"mine", 20));
+    EXPECT_TRUE(clipboard.GetFormat(Format::kPlainText));
+    EXPECT_EQ(clipboard.GetText(Format::kPlainText, 20), u"");
+    EXPECT_EQ(clipboard.GetText(Format::kPlainText, kPatience), u"theirs");
+  }
+  const Holder holder(std::chrono::milliseconds(50));
+  EXPECT_TRUE(clipboard.Replace(u"mine", u"mine", kPatience));
+}
+
+TEST_F(ClipboardTest, WaitsNoLongerThanItMay) {
+  WindowsClipboard clipboard(owner_);
+  const Holder holder(std::chrono::seconds(2));
+  const ULONGLONG before = GetTickCount64();
+  EXPECT_FALSE(clipboard.Replace(u"mine", u"mine", 20));
+  EXPECT_LT(GetTickCount64() - before, 1000U) << "the machine may be slow";
+}
+
+/// Another program that opens the clipboard at each change, as managers of the clipboard do, and
+/// keeps what it finds.
+class Watcher {
+ public:
+  Watcher() {
+    std::promise<DWORD> started;
+    auto id = started.get_future();
+    thread_ = std::thread([this, &started] { Watch(started); });
+    thread_id_ = id.get();
+  }
+  Watcher(const Watcher&) = delete;
+  Watcher& operator=(const Watcher&) = delete;
+  ~Watcher() { Stop(); }
+
+  /// Whether any change was seen, and whether one left less than both texts.
+  struct Findings {
+    int changes = 0;
+    int halves = 0;
+  };
+  Findings Stop() {
+    if (thread_.joinable()) {
+      Sleep(200);  // the last change is told by a message
+      PostThreadMessageW(thread_id_, WM_QUIT, 0, 0);
+      thread_.join();
+    }
+    return findings_;
+  }
+
+ private:
+  void Watch(std::promise<DWORD>& started) {
+    const HWND window =
+        CreateWindowExW(0, WC_STATICW, L"", 0, 0, 0, 0, 0, HWND_MESSAGE, nullptr, nullptr, nullptr);
+    AddClipboardFormatListener(window);
+    started.set_value(GetCurrentThreadId());
+    MSG message;
+    while (GetMessageW(&message, nullptr, 0, 0) > 0) {
+      if (message.message == WM_CLIPBOARDUPDATE) Look(window);
+      DispatchMessageW(&message);
+    }
+    RemoveClipboardFormatListener(window);
+    DestroyWindow(window);
+  }
+  void Look(HWND window) {
+    while (!OpenClipboard(window)) Sleep(0);
+    ++findings_.changes;
+    const UINT rich_text = RegisterClipboardFormatW(L"Rich Text Format");
+    if (GetClipboardData(CF_UNICODETEXT) == nullptr || GetClipboardData(rich_text) == nullptr) {
+      ++findings_.halves;
+    }
+    Sleep(5);
+    CloseClipboard();
+  }
+
+  std::thread thread_;
+  DWORD thread_id_ = 0;
+  Findings findings_;
+};
+
+TEST_F(ClipboardTest, NoOtherProgramSeesOneTextWithoutTheOther) {
+  WindowsClipboard clipboard(owner_);
+  ASSERT_TRUE(clipboard.Replace(u"first", u"first", kPatience));
+  Watcher watcher;
+  for (int i = 0; i < 20; ++i) {
+    EXPECT_TRUE(clipboard.Replace(u"text", u"{\\rtf1 text}", kPatience)) << i;
+    Sleep(1);
+  }
+  const Watcher::Findings findings = watcher.Stop();
+  EXPECT_GT(findings.changes, 0);
+  EXPECT_EQ(findings.halves, 0);
 }
 
 }  // namespace
