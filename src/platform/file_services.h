@@ -43,10 +43,12 @@ class FileServices {
   /// With `force` read-only files too.
   virtual bool DeleteFile(StringView path, bool force) = 0;
 
-  /// The first `size` bytes of a file, fewer when it is shorter; empty when it cannot be read.
+  /// The first `size` bytes of a file, fewer when it is shorter; empty when it cannot be read. May
+  /// wait up to a second where a power cut stopped WriteBinary.
   [[nodiscard]] virtual std::optional<BinaryRead> ReadBinary(StringView path, std::size_t size) = 0;
   /// Writes `bytes` at the start of a file, made if need be; what lies behind them stays. False
-  /// when not all of them may have reached it.
+  /// when not all of them may have reached it. A power cut on the way leaves the old or the new
+  /// file to ReadBinary (file_replacing.h). May wait up to a second for another program to let go.
   [[nodiscard]] virtual bool WriteBinary(StringView path, std::span<const std::byte> bytes) = 0;
 
   /// The attribute value of a file or folder (16 is a plain folder); empty when there is none.

@@ -3,6 +3,9 @@
 #include <algorithm>
 #include <utility>
 
+#include "platform/file_replacing.h"
+#include "platform/memory/windows_path.h"
+
 namespace tolvane::platform::memory {
 
 namespace {
@@ -10,25 +13,15 @@ namespace {
 constexpr std::size_t kPath_MAX = 259;
 constexpr std::size_t kNewFolder_MAX = 247;
 
-StringView WithoutEndingBackslash(StringView path) {
-  while (path.ends_with(u'\\')) path.remove_suffix(1);
-  return path;
-}
-
+/// What tells one path from another: names are the same in capitals and small letters.
 String Key(StringView path) {
-  String key(WithoutEndingBackslash(path));
+  String key = AsWindowsTakesIt(path);
   for (char16_t& character : key) {
     if (character >= u'a' && character <= u'z') {
       character = static_cast<char16_t>(character - u'a' + u'A');
     }
   }
   return key;
-}
-
-StringView Parent(StringView path) {
-  path = WithoutEndingBackslash(path);
-  const std::size_t backslash = path.rfind(u'\\');
-  return backslash == StringView::npos ? StringView() : path.substr(0, backslash);
 }
 
 }  // namespace
@@ -53,7 +46,7 @@ class FileSystem::Stream final : public TextStream {
 };
 
 FileSystem::Entry* FileSystem::Find(StringView path) {
-  if (path.size() > kPath_MAX) return nullptr;
+  if (path.size() > kPath_MAX || is_off_) return nullptr;
   const auto found = entries_.find(Key(path));
   return found == entries_.end() ? nullptr : &found->second;
 }
@@ -69,16 +62,19 @@ FileSystem::Entry* FileSystem::FindFolder(StringView path) {
 }
 
 void FileSystem::AddFolder(StringView path) {
-  path = WithoutEndingBackslash(path);
-  if (path.empty() || FindFolder(path) != nullptr) return;
-  AddFolder(Parent(path));
-  entries_[Key(path)] = {.path = String(path), .is_folder = true, .attributes = kPlainFolder};
+  const String taken = AsWindowsTakesIt(path);
+  if (taken.empty() || FindFolder(taken) != nullptr) return;
+  AddFolder(FolderOf(taken));
+  entries_[Key(taken)] = {.path = taken, .is_folder = true, .attributes = kPlainFolder};
 }
 
 void FileSystem::AddFile(StringView path, std::string_view bytes, std::int32_t attributes) {
-  AddFolder(Parent(path));
-  entries_[Key(path)] = {
-      .path = String(path), .attributes = attributes, .bytes = std::string(bytes)};
+  const String taken = AsWindowsTakesIt(path);
+  AddFolder(FolderOf(taken));
+  entries_[Key(taken)] = {.path = taken,
+                          .attributes = attributes,
+                          .bytes = std::string(bytes),
+                          .flushed = std::string(bytes)};
 }
 
 void FileSystem::Remove(StringView path) {
@@ -120,13 +116,13 @@ bool FileSystem::FolderExists(StringView path) { return FindFolder(path) != null
 bool FileSystem::FileExists(StringView path) { return FindFile(path) != nullptr; }
 
 bool FileSystem::CreateFolder(StringView path) {
-  path = WithoutEndingBackslash(path);
-  Entry* const parent = FindFolder(Parent(path));
-  if (path.size() > kNewFolder_MAX || parent == nullptr || parent->is_protected ||
-      Find(path) != nullptr) {
+  const String taken = AsWindowsTakesIt(path);
+  const Entry* const parent = FindFolder(FolderOf(taken));
+  if (taken.size() > kNewFolder_MAX || !CanBeNamed(taken) || parent == nullptr ||
+      parent->is_protected || Find(taken) != nullptr) {
     return false;
   }
-  AddFolder(path);
+  AddFolder(taken);
   return true;
 }
 
@@ -135,8 +131,10 @@ FileSystem::Entry* FileSystem::OpenForWriting(StringView path) {
     const bool refused = entry->is_folder || entry->locked || (entry->attributes & kReadOnly) != 0;
     return refused ? nullptr : entry;
   }
-  Entry* const parent = FindFolder(Parent(path));
-  if (path.size() > kPath_MAX || parent == nullptr || parent->is_protected) return nullptr;
+  const String taken = AsWindowsTakesIt(path);
+  const Entry* const parent = FindFolder(FolderOf(taken));
+  const bool refused = taken.size() > kPath_MAX || !CanBeNamed(taken);
+  if (refused || parent == nullptr || parent->is_protected) return nullptr;
   AddFile(path, {});
   return FindFile(path);
 }
@@ -144,20 +142,29 @@ FileSystem::Entry* FileSystem::OpenForWriting(StringView path) {
 bool FileSystem::WriteAt(Entry& file, std::size_t position, std::string_view bytes) {
   const std::size_t inside = std::min(bytes.size(), file.bytes.size() - position);
   const std::size_t grown = std::min(bytes.size() - inside, free_space_);
-  free_space_ -= grown;
-  file.bytes.replace(position, inside, bytes.substr(0, inside + grown));
+  const std::size_t size = file.bytes.size() + grown;
+  Resize(file, size);
+  file.bytes.replace(position, inside + grown, bytes.substr(0, inside + grown));
   return inside + grown == bytes.size();
+}
+
+void FileSystem::GiveSpace(std::size_t bytes) {
+  free_space_ += std::min(bytes, std::numeric_limits<std::size_t>::max() - free_space_);
+}
+
+void FileSystem::Resize(Entry& file, std::size_t size) {
+  if (size > file.bytes.size()) {
+    free_space_ -= size - file.bytes.size();
+  } else {
+    GiveSpace(file.bytes.size() - size);
+  }
+  file.bytes.resize(size);
 }
 
 bool FileSystem::Replace(StringView path, StringView text) {
   std::string bytes;
   code_page_.Encode(text, bytes);
-  if (bytes.size() > free_space_ || fail_close_) return false;
-  Entry* const file = OpenForWriting(path);
-  if (file == nullptr) return false;
-  free_space_ -= bytes.size();
-  file->bytes = std::move(bytes);
-  return true;
+  return ReplaceWhole(*this, path, std::as_bytes(std::span(bytes)));
 }
 
 std::unique_ptr<TextStream> FileSystem::CreateTextFile(StringView path, bool overwrite,
@@ -165,34 +172,25 @@ std::unique_ptr<TextStream> FileSystem::CreateTextFile(StringView path, bool ove
   if (unicode || (!overwrite && Find(path) != nullptr)) return nullptr;
   Entry* const file = OpenForWriting(path);
   if (file == nullptr) return nullptr;
-  file->bytes.clear();
+  Resize(*file, 0);
   return std::make_unique<Stream>(*this, path);
 }
 
 bool FileSystem::DeleteFile(StringView path, bool force) {
   const Entry* const file = FindFile(path);
-  if (file == nullptr || file->locked) return false;
+  if (file == nullptr || file->locked || IsHeld(*file)) return false;
   if ((file->attributes & kReadOnly) != 0 && !force) return false;
+  GiveSpace(file->bytes.size());
   entries_.erase(Key(path));
   return true;
 }
 
 std::optional<BinaryRead> FileSystem::ReadBinary(StringView path, std::size_t size) {
-  const Entry* const file = FindFile(path);
-  if (file == nullptr || file->locked) return {};
-  BinaryRead read{.bytes = {}, .closed = !fail_close_};
-  for (const char byte : std::string_view(file->bytes).substr(0, size)) {
-    read.bytes.push_back(static_cast<std::byte>(byte));
-  }
-  return read;
+  return ReadReplaced(*this, path, size);
 }
 
 bool FileSystem::WriteBinary(StringView path, std::span<const std::byte> bytes) {
-  Entry* const file = OpenForWriting(path);
-  if (file == nullptr) return false;
-  std::string narrow;
-  for (const std::byte byte : bytes) narrow += static_cast<char>(byte);
-  return WriteAt(*file, 0, narrow) && !fail_close_;
+  return ReplaceStart(*this, path, bytes);
 }
 
 std::optional<std::int32_t> FileSystem::Attributes(StringView path) {

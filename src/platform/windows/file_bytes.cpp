@@ -29,26 +29,6 @@ bool WriteAll(const FileHandle& file, std::span<const std::byte> bytes) {
   return true;
 }
 
-bool ReplaceBytes(const String& path, std::span<const std::byte> bytes) {
-  // A rename would ask the folder for its leave, and not on every system the file it replaces.
-  const DWORD attributes = GetFileAttributesW(Wide(path));
-  const bool read_only =
-      attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_READONLY) != 0;
-  if (path.empty() || read_only) return false;
-  // Beside the old file, under a name of the same length, so that no path gets too long.
-  String fresh = path;
-  fresh.back() = u'~';
-  FileHandle file = OpenToWrite(fresh, CREATE_ALWAYS);
-  if (!file) return false;
-  const bool written = WriteAll(file, bytes);
-  if (file.Close() && written &&
-      MoveFileExW(Wide(fresh), Wide(path), MOVEFILE_REPLACE_EXISTING) != FALSE) {
-    return true;
-  }
-  DeleteFileW(Wide(fresh));
-  return false;
-}
-
 std::optional<BinaryRead> ReadBytes(const String& path, std::size_t size) {
   FileHandle file(CreateFileW(Wide(path), GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr,
                               OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr));

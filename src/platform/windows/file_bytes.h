@@ -16,10 +16,6 @@ namespace tolvane::platform::windows {
 /// False when not all bytes could be written.
 [[nodiscard]] bool WriteAll(const FileHandle& file, std::span<const std::byte> bytes);
 
-/// Puts a file with `bytes` in the place of the one at `path`, if there is one. False when it could
-/// not be written whole; what stood there then stays.
-[[nodiscard]] bool ReplaceBytes(const String& path, std::span<const std::byte> bytes);
-
 /// As FileServices::ReadBinary.
 [[nodiscard]] std::optional<BinaryRead> ReadBytes(const String& path, std::size_t size);
 

@@ -4,11 +4,22 @@
 
 #include <array>
 
+#include "platform/file_replacing.h"
 #include "platform/windows/file_bytes.h"
+#include "platform/windows/file_steps.h"
 #include "platform/windows/text.h"
 
 namespace tolvane::platform::windows {
 namespace {
+
+constexpr std::size_t kPiece = 1 << 20;  // characters
+
+/// Characters to write at once: no pair is torn.
+std::size_t PieceOf(StringView text) {
+  if (text.size() <= kPiece) return text.size();
+  const bool ends_in_half = text[kPiece - 1] >= 0xD800 && text[kPiece - 1] <= 0xDBFF;
+  return ends_in_half ? kPiece - 1 : kPiece;
+}
 
 class WindowsTextStream final : public TextStream {
  public:
@@ -16,9 +27,14 @@ class WindowsTextStream final : public TextStream {
       : file_(std::move(file)), code_page_(code_page) {}
 
   [[nodiscard]] bool Write(StringView text) override {
-    bytes_.clear();
-    code_page_.Encode(text, bytes_);
-    complete_ = WriteAll(file_, std::as_bytes(std::span(bytes_))) && complete_;
+    while (complete_ && !text.empty()) {
+      // A log that could not be written for minutes is too long to be held twice.
+      const StringView piece = text.substr(0, PieceOf(text));
+      bytes_.clear();
+      code_page_.Encode(piece, bytes_);
+      complete_ = WriteAll(file_, std::as_bytes(std::span(bytes_)));
+      text.remove_prefix(piece.size());
+    }
     return complete_;
   }
 
@@ -67,12 +83,13 @@ bool WindowsFileServices::DeleteFile(StringView path, bool force) {
 }
 
 std::optional<BinaryRead> WindowsFileServices::ReadBinary(StringView path, std::size_t size) {
-  return ReadBytes(String(path), size);
+  WindowsFileSteps steps;
+  return ReadReplaced(steps, path, size);
 }
 
 bool WindowsFileServices::WriteBinary(StringView path, std::span<const std::byte> bytes) {
-  FileHandle file = OpenToWrite(String(path), OPEN_ALWAYS);
-  return file && WriteAll(file, bytes) && file.Close();
+  WindowsFileSteps steps;
+  return ReplaceStart(steps, path, bytes);
 }
 
 std::optional<std::int32_t> WindowsFileServices::Attributes(StringView path) {

@@ -3,7 +3,8 @@
 #include <algorithm>
 #include <array>
 
-#include "platform/windows/file_bytes.h"
+#include "platform/file_replacing.h"
+#include "platform/windows/file_steps.h"
 #include "platform/windows/line_ends.h"
 #include "platform/windows/rich_edit_stream.h"
 #include "platform/windows/rtf_bytes.h"
@@ -261,11 +262,13 @@ bool RichEditView::SaveFile(StringView path, FileFormat format) {
   } else {
     code_page_.Encode(Text(), bytes);
   }
-  return ReplaceBytes(String(path), std::as_bytes(std::span(bytes)));
+  WindowsFileSteps steps;
+  return ReplaceWhole(steps, path, std::as_bytes(std::span(bytes)));
 }
 
 bool RichEditView::LoadFile(StringView path) {
-  const std::optional<BinaryRead> file = ReadBytes(String(path), kLargestFile);
+  WindowsFileSteps steps;
+  const std::optional<BinaryRead> file = ReadReplaced(steps, path, kLargestFile);
   if (!file) return false;
   const std::string_view rtf(reinterpret_cast<const char*>(file->bytes.data()), file->bytes.size());
   // Anything else the control would read without a murmur, as an empty text.

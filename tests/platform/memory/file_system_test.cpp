@@ -50,6 +50,28 @@ TEST_F(FileSystemTest, FoldersAreMadeOneLevelAtATimeAndOnlyOnce) {
   EXPECT_TRUE(disk.CreateFolder(u"C:\\Logs\\a\\b"));
 }
 
+TEST_F(FileSystemTest, BlanksAndPeriodsAreDroppedAtTheEndOfAPathAndNotWithinIt) {
+  EXPECT_TRUE(disk.CreateFolder(u"C:\\Logs\\bench ."));
+  EXPECT_TRUE(disk.FolderExists(u"C:\\Logs\\bench"));
+  EXPECT_TRUE(disk.FolderExists(u"C:\\Logs\\bench .. "));
+  EXPECT_FALSE(disk.CreateFolder(u"C:\\Logs\\bench")) << "it exists";
+  EXPECT_FALSE(WriteText(u"C:\\Logs\\bench \\a.txt", u"x")) << "no such folder";
+  EXPECT_TRUE(WriteText(u"C:\\Logs\\bench.\\a.txt. ", u"x")) << "one period counts nowhere";
+  EXPECT_EQ(Bytes(u"C:\\Logs\\bench\\a.txt"), "x");
+  EXPECT_TRUE(disk.FolderExists(u"C:\\Logs\\...")) << "the folder itself";
+  EXPECT_TRUE(disk.FolderExists(u"C:\\Logs\\bench\\..\\.\\bench"));
+}
+
+TEST_F(FileSystemTest, NamesOfDevicesAndOddCharactersAreRefused) {
+  for (const StringView name :
+       {u"NUL", u"con", u"Com1.csv", u"LPT\u00B2", u"aux .x", u"a:b", u"a\tb", u"a*"}) {
+    EXPECT_FALSE(disk.CreateFolder(String(u"C:\\Logs\\").append(name)));
+    EXPECT_FALSE(WriteText(String(u"C:\\Logs\\").append(name), u"x"));
+  }
+  EXPECT_TRUE(disk.CreateFolder(u"C:\\Logs\\NUL-002"));
+  EXPECT_TRUE(disk.CreateFolder(u"C:\\Logs\\COM0"));
+}
+
 TEST_F(FileSystemTest, PathsEndAt259CharactersAndNewFoldersAt247) {
   const String base = u"C:\\Logs\\";
   EXPECT_TRUE(WriteText(base + String(259 - base.size(), u'f'), u""));

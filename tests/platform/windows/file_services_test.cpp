@@ -3,8 +3,12 @@
 #include <gtest/gtest.h>
 
 #include <array>
+#include <chrono>
+#include <thread>
 
+#include "platform/file_replacing.h"
 #include "platform/windows/code_page.h"
+#include "platform/windows/file_steps.h"
 #include "tests/platform/windows/scratch_folder.h"
 
 namespace tolvane::platform::windows {
@@ -90,6 +94,117 @@ TEST_F(Files, AReadOnlyFileIsDeletedByForceOnly) {
   EXPECT_TRUE(files_.DeleteFile(folder_ / u"kept.dat", true));
   EXPECT_FALSE(files_.FileExists(folder_ / u"kept.dat"));
   EXPECT_FALSE(files_.DeleteFile(folder_ / u"kept.dat", true));
+}
+
+// What the disk in memory takes from Windows.
+TEST_F(Files, BlanksAndPeriodsAreDroppedAtTheEndOfAPathAndNotWithinIt) {
+  EXPECT_TRUE(files_.CreateFolder(folder_ / u"bench ."));
+  EXPECT_TRUE(files_.FolderExists(folder_ / u"bench"));
+  EXPECT_TRUE(files_.FolderExists(folder_ / u"bench .. "));
+  EXPECT_FALSE(files_.CreateFolder(folder_ / u"bench")) << "it exists";
+  EXPECT_EQ(files_.CreateTextFile(folder_ / u"bench \\a.txt", true, false), nullptr);
+  EXPECT_NE(files_.CreateTextFile(folder_ / u"bench.\\a.txt. ", true, false), nullptr);
+  EXPECT_TRUE(files_.FileExists(folder_ / u"bench\\a.txt"));
+  EXPECT_TRUE(files_.FolderExists(folder_ / u"...")) << "the folder itself";
+  EXPECT_TRUE(files_.FolderExists(folder_ / u"bench\\..\\.\\bench"));
+}
+
+TEST_F(Files, ALongTextIsWrittenWholeWithItsPairsUntorn) {
+  String text(5'000'000, u'a');
+  for (std::size_t i = 0; i + 1 < text.size(); i += 3) {
+    text[i] = u'\xD83D';
+    text[i + 1] = u'\xDE97';
+  }
+  EXPECT_TRUE(files_.CreateTextFile(folder_ / u"long.csv", true, false)->Write(text));
+  const std::string content = folder_.Content(u"long.csv");
+  EXPECT_EQ(content.size(), 2 * 1'666'666U + 1);
+  EXPECT_EQ(content.find("??"), std::string::npos);
+}
+
+/// Another program that reads a file, as scanners and indexers do. It is in no one's way who writes
+/// into the file, and in everyone's who wants to replace or delete it.
+class Reader {
+ public:
+  explicit Reader(const String& path, DWORD sharing = FILE_SHARE_READ | FILE_SHARE_WRITE)
+      : file_(CreateFileW(Wide(path), GENERIC_READ, sharing, nullptr, OPEN_EXISTING, 0, nullptr)) {
+    EXPECT_TRUE(file_);
+  }
+  Reader(const Reader&) = delete;
+  Reader& operator=(const Reader&) = delete;
+  ~Reader() {
+    if (thread_.joinable()) thread_.join();
+  }
+  void LetGoAfter(std::chrono::milliseconds time) {
+    thread_ = std::thread([this, time] {
+      std::this_thread::sleep_for(time);
+      file_.Close();
+    });
+  }
+
+ private:
+  FileHandle file_;
+  std::thread thread_;
+};
+
+class Replacing : public Files {
+ protected:
+  Replacing() {
+    EXPECT_TRUE(folder_.Put(u"config.dat", "123456"));
+    EXPECT_TRUE(folder_.Put(u"other.dat", ""));
+  }
+  void ExpectNothingBeside() {
+    EXPECT_FALSE(files_.FileExists(folder_ / u"config.da~"));
+    EXPECT_FALSE(files_.FileExists(folder_ / u"config.da!"));
+  }
+
+  const String path_ = folder_ / u"config.dat";
+};
+
+TEST_F(Replacing, AFileThatIsReadForAMomentIsWaitedFor) {
+  Reader reader(path_);
+  ASSERT_FALSE(MoveFileExW(Wide(folder_ / u"other.dat"), Wide(path_), MOVEFILE_REPLACE_EXISTING))
+      << "the reader is in nobody's way";
+  reader.LetGoAfter(std::chrono::milliseconds(300));
+  EXPECT_TRUE(files_.WriteBinary(path_, Bytes("ab")));
+  EXPECT_EQ(folder_.Content(u"config.dat"), "ab3456");
+  ExpectNothingBeside();
+}
+
+TEST_F(Replacing, AFileThatIsReadForLongIsWrittenInPlace) {
+  const Reader reader(path_);
+  EXPECT_TRUE(files_.WriteBinary(path_, Bytes("ab")));
+  EXPECT_EQ(folder_.Content(u"config.dat"), "ab3456");
+  WindowsFileSteps steps;
+  EXPECT_TRUE(ReplaceWhole(steps, path_, Bytes("xyz")));
+  EXPECT_EQ(folder_.Content(u"config.dat"), "xyz");
+  ExpectNothingBeside();
+}
+
+TEST_F(Replacing, AFileThatNobodyElseMayTouchStays) {
+  {
+    const Reader reader(path_, 0);
+    WindowsFileSteps steps;
+    EXPECT_FALSE(ReplaceWhole(steps, path_, Bytes("xyz")));
+    EXPECT_FALSE(files_.WriteBinary(path_, Bytes("ab")));
+  }
+  EXPECT_EQ(folder_.Content(u"config.dat"), "123456");
+  ExpectNothingBeside();
+}
+
+TEST_F(Replacing, WhatAPowerCutLeftInPlaceIsTakenUpByWhoComesNext) {
+  ASSERT_TRUE(folder_.Put(u"config.da~", "the whole"));
+  ASSERT_TRUE(folder_.Put(u"config.da!", ""));
+  EXPECT_EQ(files_.ReadBinary(path_, 100)->bytes.size(), 9U);
+  EXPECT_EQ(folder_.Content(u"config.dat"), "the whole");
+  ExpectNothingBeside();
+}
+
+TEST_F(Replacing, AFreshFileWithoutItsMarkIsNotTakenForWhole) {
+  ASSERT_TRUE(folder_.Put(u"config.da~", "a pie"));
+  EXPECT_EQ(files_.ReadBinary(path_, 100)->bytes.size(), 6U);
+  EXPECT_TRUE(files_.WriteBinary(path_, Bytes("ab")));
+  EXPECT_EQ(folder_.Content(u"config.dat"), "ab3456");
+  ExpectNothingBeside();
 }
 
 TEST(Folders, StandAndEndWithoutABackslash) {

@@ -24,20 +24,7 @@ class ScratchFolder {
   }
   ScratchFolder(const ScratchFolder&) = delete;
   ScratchFolder& operator=(const ScratchFolder&) = delete;
-  ~ScratchFolder() {
-    WIN32_FIND_DATAW found;
-    const HANDLE search = FindFirstFileW(Wide(path_ + u"\\*"), &found);
-    if (search != INVALID_HANDLE_VALUE) {
-      do {
-        const String name = path_ + u'\\' + reinterpret_cast<const char16_t*>(found.cFileName);
-        SetFileAttributesW(Wide(name), FILE_ATTRIBUTE_NORMAL);
-        DeleteFileW(Wide(name));
-        RemoveDirectoryW(Wide(name));
-      } while (FindNextFileW(search, &found));
-      FindClose(search);
-    }
-    RemoveDirectoryW(Wide(path_));
-  }
+  ~ScratchFolder() { Remove(path_); }
 
   [[nodiscard]] String operator/(StringView name) const { return path_ + u'\\' + String(name); }
 
@@ -54,6 +41,22 @@ class ScratchFolder {
   }
 
  private:
+  static void Remove(const String& folder) {
+    WIN32_FIND_DATAW found;
+    const HANDLE search = FindFirstFileW(Wide(folder + u"\\*"), &found);
+    if (search != INVALID_HANDLE_VALUE) {
+      do {
+        const String name = reinterpret_cast<const char16_t*>(found.cFileName);
+        const String path = folder + u'\\' + name;
+        SetFileAttributesW(Wide(path), FILE_ATTRIBUTE_NORMAL);
+        const bool is_folder = (found.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
+        if (!is_folder) DeleteFileW(Wide(path));
+        if (is_folder && name != u"." && name != u"..") Remove(path);
+      } while (FindNextFileW(search, &found));
+      FindClose(search);
+    }
+    RemoveDirectoryW(Wide(folder));
+  }
   static String FromNumber(DWORD number) {
     String text;
     for (; number > 0; number /= 10) text += static_cast<char16_t>(u'0' + number % 10);

@@ -1,0 +1,38 @@
+#pragma once
+
+#include <cstddef>
+#include <optional>
+#include <span>
+
+#include "platform/file_steps.h"
+#include "platform/string.h"
+
+namespace tolvane::platform {
+
+// How a file gets new content, so that power may go at any moment and leave the old or the new.
+//
+// A fresh file is written beside it, reaches the disk and takes its name: config.da~ becomes
+// config.dat. A program that holds one of them, as scanners, indexers and synchronisers do with
+// what has just changed, is waited for, about a second in all. If the old file is held longer, it
+// is written in place: meanwhile an empty file config.da! says that the fresh one is whole, and who
+// comes next takes that one. Names of the same length make no path too long. What a power cut
+// leaves beside a file is gone after the next time it is read or replaced.
+//
+// Where nothing can be made beside the file for want of leave, it is written in place without that
+// net.
+
+/// Puts a file with `bytes` in the place of the one at `path`, if there is one. False when it could
+/// not be written whole; then the old one stays. A read-only file is not replaced.
+[[nodiscard]] bool ReplaceWhole(FileSteps& steps, StringView path,
+                                std::span<const std::byte> bytes);
+
+/// The same with `bytes` at the start of the file and, behind them, what the old one has there.
+/// A full disk is no obstacle to a file that does not grow, which is then written in place.
+[[nodiscard]] bool ReplaceStart(FileSteps& steps, StringView path,
+                                std::span<const std::byte> bytes);
+
+/// As FileServices::ReadBinary, of a file that the above have written.
+[[nodiscard]] std::optional<BinaryRead> ReadReplaced(FileSteps& steps, StringView path,
+                                                     std::size_t size);
+
+}  // namespace tolvane::platform
