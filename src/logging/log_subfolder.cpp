@@ -31,6 +31,10 @@ String CleanedComment(StringView comment) {
   return name;
 }
 
+/// The name that a folder made under `name` has: the system drops blanks and periods at the end of
+/// a path, and would miss a folder of that name within one.
+String NameOfFolder(const String& name) { return name.substr(0, name.find_last_not_of(u" .") + 1); }
+
 constexpr std::int32_t kSubfolder_MAX = 1000;  // the count at which the last name is taken as it is
 
 /// The number behind a taken name: "002" to "099"; from 100 on each count is put behind the suffix
@@ -54,7 +58,7 @@ bool Excel_OutputDB::Get_SubFolder_Name(ELM327_Info& device, String& FolderName)
     // The setting and not the base: in modes 0 and 1 the folder goes wherever the setting points,
     // and the log, which looks under the base, stays there.
     if (!services_.files.CreateFolder(device.t_LogSaveFilePath + u'\\' + clean)) return false;
-    FolderName = clean;
+    FolderName = NameOfFolder(clean);
     return true;
   }
   std::int32_t count = 2;

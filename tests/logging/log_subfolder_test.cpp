@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 #include "tests/logging/log_test.h"
 
 namespace tolvane {
@@ -10,6 +12,14 @@ class LogSubfolder : public LogTest {
   LogSubfolder() { device.t_LogComment = u"bench"; }
 
   bool Decide() { return db.Get_SubFolder_Name(device, FolderName); }
+
+  /// Files that lie in the base itself.
+  std::size_t FilesInBase() {
+    const auto all = files.Files(u"C:\\Tolvane");
+    return static_cast<std::size_t>(std::ranges::count_if(all, [](const String& path) {
+      return path.rfind(u'\\') == StringView(u"C:\\Tolvane").size();
+    }));
+  }
 
   /// bench and bench-002 to the folder of count `last`.
   void AddNumberedFolders(std::int32_t last) {
@@ -35,6 +45,42 @@ TEST_F(LogSubfolder, CharactersThatNoFolderMayHaveBecomeWide) {
   EXPECT_EQ(FolderName,
             u"abcd\u3000\u3000e\uFFE5f\uFF0Fg\uFF1Ah\uFF0Ai\uFF1Fj k\uFF1Cl\uFF1Em"
             u"\uFF5Cn");
+}
+
+// Windows drops blanks and periods at the end of a path, and not within it.
+TEST_F(LogSubfolder, TheFolderThatIsMadeIsTheOneThatTakesTheFiles) {
+  device.t_LogSave_subFolder = 1;
+  const StringView comments[] = {u"quoted \"bench\"",
+                                 u"bench.",
+                                 u"bench..",
+                                 u"bench \" .\"",
+                                 u"...",
+                                 u".",
+                                 u"..",
+                                 u"\"",
+                                 u"\"."};
+  for (const StringView comment : comments) {
+    device.t_LogComment = comment;
+    for (int run = 0; run < 3; ++run) {
+      const std::size_t files_in_base = FilesInBase();
+      ASSERT_TRUE(Decide()) << platform::memory::Narrow(comment);
+      StartRun();
+      db.csv_DataInput(1.0, 0x100, 0, kBytes);
+      const std::size_t files_before = files.Files(u"C:\\Tolvane").size();
+      Flush(1);
+      EXPECT_EQ(files.Files(u"C:\\Tolvane").size(), files_before + 1)
+          << "a lost file: " << platform::memory::Narrow(comment) << " " << run;
+      EXPECT_EQ(FilesInBase(), files_in_base) << "a file outside of its folder";
+    }
+  }
+}
+
+TEST_F(LogSubfolder, ANameThatTheSystemKeepsForADeviceIsAFailure) {
+  for (const StringView comment : {u"NUL", u"con", u"COM1.csv", u"aux.\""}) {
+    device.t_LogComment = comment;
+    EXPECT_FALSE(Decide()) << platform::memory::Narrow(comment);
+    EXPECT_EQ(FolderName, u"");
+  }
 }
 
 TEST_F(LogSubfolder, CountsBelow100AreThreeDigits) {
