@@ -67,7 +67,8 @@ void RichEditBaseline::PaintRegion(const platform::ColourRun& run) const {
 void RichEditBaseline::Tick() {
   SetWindowTextW(hidden_.Hwnd(), Wide(text_));
   for (const platform::ColourRun& run : regions_) PaintRegion(run);
-  StreamIn(visible_.Hwnd(), StreamOut(hidden_.Hwnd(), SF_RTF));
+  // A page that did not arrive is seen by Shows.
+  static_cast<void>(StreamIn(visible_.Hwnd(), StreamOut(hidden_.Hwnd(), SF_RTF)));
   UpdateWindow(visible_.Hwnd());
 }
 

@@ -21,9 +21,10 @@ class RichTextView {
   [[nodiscard]] virtual String Text() const = 0;
   virtual void Text(StringView text) = 0;
 
-  /// The whole content as Rich Text Format. Writing replaces everything, formats included.
+  /// The whole content as Rich Text Format. Writing replaces everything, formats included; false
+  /// when what is written cannot be read, and the content then stays.
   [[nodiscard]] virtual String TextRTF() const = 0;
-  virtual void TextRTF(StringView rtf) = 0;
+  [[nodiscard]] virtual bool TextRTF(StringView rtf) = 0;
 
   /// Replaces the whole content by `page` in one step and hands back, in `page`, storage to build
   /// the next one in; its content is stale. The selection is then empty at 0, the first line on
@@ -58,7 +59,8 @@ class RichTextView {
   /// Writes the content to `path`, replacing the file; plain text is in the system code page.
   /// False when the file could not be written; an old one then stays.
   [[nodiscard]] virtual bool SaveFile(StringView path, FileFormat format) = 0;
-  /// Replaces the content by a Rich Text Format file. False when it could not be read.
+  /// Replaces the content by a Rich Text Format file. False when it could not be read; the content
+  /// then stays.
   [[nodiscard]] virtual bool LoadFile(StringView path) = 0;
 };
 

@@ -77,5 +77,16 @@ TEST_F(ViewList, FailuresKeepTheOldFileAndTheView) {
   EXPECT_EQ(files.Bytes(kListPath), before) << "a disk that lost the file at its end";
 }
 
+TEST_F(ViewList, AFileThatTheViewCannotReadLeavesBoth) {
+  RTB_MainView.Text(u"saved");
+  SaveList();
+  const auto before = files.Bytes(kListPath);
+  RTB_MainView.Text(u"as built");
+  RTB_MainView.RefuseRichText(true);
+  LoadList();
+  EXPECT_EQ(RTB_MainView.Text(), u"as built");
+  EXPECT_EQ(files.Bytes(kListPath), before);
+}
+
 }  // namespace
 }  // namespace tolvane

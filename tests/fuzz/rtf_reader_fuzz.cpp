@@ -1,5 +1,5 @@
 // The reader of rich text on any bytes: it must neither crash nor give a page that the writer and
-// the reader do not carry through unchanged.
+// the reader do not carry through unchanged. What makes its text black takes the same bytes.
 #include <cstddef>
 #include <cstdint>
 #include <cstdlib>
@@ -10,6 +10,7 @@
 #include "platform/memory/rtf_reader.h"
 #include "tests/fuzz/fuzz_entry.h"
 #include "view/page_rtf.h"
+#include "view/rtf_in_black.h"
 
 namespace {
 
@@ -36,6 +37,8 @@ std::vector<ColourRun> Joined(const ColourRuns& runs) {
 int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   using tolvane::platform::memory::ReadRtf;
   const auto page = ReadRtf(String(data, data + size));
+  const std::string black = tolvane::RtfInBlack({reinterpret_cast<const char*>(data), size});
+  if (page.has_value() != ReadRtf(String(black.begin(), black.end())).has_value()) std::abort();
   if (!page) return 0;
 
   std::string rtf;

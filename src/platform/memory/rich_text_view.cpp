@@ -58,12 +58,11 @@ void RichTextView::Locked(bool locked) {
 
 String RichTextView::TextRTF() const { return Rtf(*page_); }
 
-void RichTextView::TextRTF(StringView rtf) {
-  if (auto page = ReadRtf(rtf)) {
-    Replace(std::move(*page));
-  } else {
-    Replace({String(rtf), {}, {}});
-  }
+bool RichTextView::TextRTF(StringView rtf) {
+  auto page = ReadRtf(rtf);
+  if (!page || refuses_rich_text_) return false;
+  Replace(std::move(*page));
+  return true;
 }
 
 void RichTextView::SwapPage(std::unique_ptr<RichTextPage>& page) {
@@ -123,10 +122,7 @@ bool RichTextView::LoadFile(StringView path) {
   String rtf;
   rtf.reserve(file->bytes.size());
   for (const std::byte byte : file->bytes) rtf += static_cast<char16_t>(byte);
-  auto page = ReadRtf(rtf);
-  if (!page) return false;
-  Replace(std::move(*page));
-  return true;
+  return TextRTF(rtf);
 }
 
 void RichTextView::UserTypes(StringView text) {

@@ -22,8 +22,8 @@ class RichTextView final : public platform::RichTextView {
   [[nodiscard]] String Text() const override { return page_->text; }
   void Text(StringView text) override;
   [[nodiscard]] String TextRTF() const override;
-  /// What is no Rich Text Format becomes the content as plain text.
-  void TextRTF(StringView rtf) override;
+  /// False for what is no Rich Text Format.
+  [[nodiscard]] bool TextRTF(StringView rtf) override;
   void SwapPage(std::unique_ptr<RichTextPage>& page) override;
 
   void SelStart(std::int32_t position) override;
@@ -49,8 +49,10 @@ class RichTextView final : public platform::RichTextView {
   void Undo() override;
 
   [[nodiscard]] bool SaveFile(StringView path, FileFormat format) override;
-  /// False also when the file is no Rich Text Format; then the content stays.
   [[nodiscard]] bool LoadFile(StringView path) override;
+
+  /// Whether reading rich text fails, whatever it is, as in a control without memory.
+  void RefuseRichText(bool refuse) { refuses_rich_text_ = refuse; }
 
   /// The user's typing over the selection: nothing while the view is locked.
   void UserTypes(StringView text);
@@ -71,6 +73,7 @@ class RichTextView final : public platform::RichTextView {
   std::int32_t sel_start_ = 0;
   std::int32_t sel_end_ = 0;
   bool locked_ = false;
+  bool refuses_rich_text_ = false;
   std::int32_t swaps_ = 0;
   std::int32_t refreshes_ = 0;
 };

@@ -3,7 +3,7 @@
 #include <algorithm>
 
 #include "platform/windows/text.h"
-#include "platform/windows/view_font.h"
+#include "platform/windows/view_look.h"
 
 namespace tolvane::platform::windows {
 namespace {
@@ -59,7 +59,7 @@ SIZE PagePainter::Extent(const PageLines& lines) const {
 void PagePainter::Paint(HDC target, SIZE size, POINT scroll, const RichTextPage& page,
                         const PageLines& lines) {
   const RECT all{0, 0, size.cx, size.cy};
-  FillRect(target, &all, GetSysColorBrush(COLOR_WINDOW));
+  FillRect(target, &all, ground_.Get());
   const HGDIOBJ font_before = SelectObject(target, font_.Get());
   SetBkMode(target, TRANSPARENT);
 
@@ -102,7 +102,7 @@ void PagePainter::PaintLine(const Strip& strip, PageLines::Line line, ColourWalk
              (at == line.start ? 0 : ends_[static_cast<std::size_t>(at - line.start) - 1]);
     };
     const RECT cell{edge(position), strip.top, edge(next), strip.top + look_.line_height};
-    SetTextColor(strip.target, colour != nullptr ? Rgb(*colour) : GetSysColor(COLOR_WINDOWTEXT));
+    SetTextColor(strip.target, colour != nullptr ? Rgb(*colour) : kPageText);
     if (background != nullptr) SetBkColor(strip.target, Rgb(*background));
     ExtTextOutW(strip.target, cell.left, cell.top, background != nullptr ? ETO_OPAQUE : 0, &cell,
                 WideData(strip.text.substr(static_cast<std::size_t>(position))),

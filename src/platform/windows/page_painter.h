@@ -5,6 +5,7 @@
 #include "platform/rich_text_page.h"
 #include "platform/windows/handle.h"
 #include "platform/windows/page_lines.h"
+#include "platform/windows/view_look.h"
 
 namespace tolvane::platform::windows {
 
@@ -38,6 +39,7 @@ class PagePainter {
 
   PageLook look_{{0, 0}, 1, 1};
   FontHandle font_;
+  BrushHandle ground_{CreateSolidBrush(kPageGround)};
   int cell_width_ = 1;     // of a half-width character
   std::vector<INT> ends_;  // of the characters of one line, from its left end; kept for its storage
 };

@@ -4,7 +4,7 @@
 
 #include "platform/windows/dpi.h"
 #include "platform/windows/rich_edit_view.h"
-#include "platform/windows/view_font.h"
+#include "platform/windows/view_look.h"
 
 namespace tolvane::platform::windows {
 namespace {
@@ -23,12 +23,23 @@ constexpr bool NeedsContent(UINT message) {
     case WM_UNDO:
     case WM_PRINT:
     case WM_PRINTCLIENT:
-    case WM_GETOBJECT:  // accessibility
       return true;
     default:
       return (message >= EM_GETSEL && message <= EM_GETIMESTATUS) ||
              (message >= WM_USER && message < WM_APP);
   }
+}
+
+constexpr ULONGLONG kReadersPause = 1000;  // ms between two fillings for accessibility
+
+constexpr LONG kUiaRootObject = -25;  // UiaRootObjectId, whose header brings all of COM along
+
+/// Whether the object that accessibility asks for shows the text. What it asks for beside that (the
+/// frame, the bars, the caret, the class) is asked often, by programs that read nothing.
+constexpr bool ShowsText(LPARAM object) {
+  // The upper half of a 64-bit number is the sender's whim.
+  const auto id = static_cast<LONG>(object);
+  return id == OBJID_CLIENT || id == OBJID_NATIVEOM || id == kUiaRootObject;
 }
 
 }  // namespace
@@ -52,11 +63,29 @@ void RichEditView::LeavePage() {
   surface_.Hide();
 }
 
+/// A control that cannot take the page stays empty, and the page the face. It is then locked also
+/// when the view is not, as nobody would see what is typed there.
 void RichEditView::FillControl() {
   if (!live_) return;
+  const std::string rtf = ContentRtf();
+  live_ = false;  // what follows is for the control
+  if (!ReplaceContent(rtf)) {
+    Text(u"");
+    live_ = true;
+    return;
+  }
   POINT scroll = surface_.ScrollPosition();
-  ReplaceContent(ContentRtf());
+  surface_.Hide();
   Send(EM_SETSCROLLPOS, 0, reinterpret_cast<LPARAM>(&scroll));
+  if (!locked_) Send(EM_SETREADONLY, FALSE);
+}
+
+/// A filling costs up to a second, in which reception stands. Who asks more often finds the control
+/// as it is.
+void RichEditView::FillForReader() {
+  if (GetTickCount64() - filled_for_reader_ < kReadersPause) return;
+  FillControl();
+  filled_for_reader_ = GetTickCount64();  // the end of the filling: reception has its second
 }
 
 /// How the control shows a page. Writes over its content.
@@ -132,6 +161,9 @@ LRESULT RichEditView::HandleLiveMessage(UINT message, WPARAM wparam, LPARAM lpar
       break;
     case WM_SETTEXT:
       LeavePage();  // which nobody will see again
+      break;
+    case WM_GETOBJECT:
+      if (ShowsText(lparam)) FillForReader();
       break;
     default:
       if (NeedsContent(message)) FillControl();

@@ -37,9 +37,11 @@ std::string StreamOut(HWND rich_edit, UINT format) {
 }
 
 bool StreamIn(HWND rich_edit, std::string_view rtf) {
+  const std::size_t size = rtf.size();
   EDITSTREAM stream{reinterpret_cast<DWORD_PTR>(&rtf), 0, &TakeFront};
   SendMessageW(rich_edit, EM_STREAMIN, SF_RTF, reinterpret_cast<LPARAM>(&stream));
-  return stream.dwError == 0;
+  // The end need not be taken: the document may be over before it.
+  return stream.dwError == 0 && rtf.size() < size;
 }
 
 }  // namespace tolvane::platform::windows

@@ -9,8 +9,9 @@
 #include "platform/windows/rich_edit_stream.h"
 #include "platform/windows/rtf_bytes.h"
 #include "platform/windows/text.h"
-#include "platform/windows/view_font.h"
+#include "platform/windows/view_look.h"
 #include "view/page_rtf.h"
+#include "view/rtf_in_black.h"
 
 namespace tolvane::platform::windows {
 namespace {
@@ -89,6 +90,7 @@ bool RichEditView::Create(HWND parent, int id, std::function<void()> selection_c
        Send(EM_GETLANGOPTIONS) & ~static_cast<LRESULT>(IMF_AUTOFONT | IMF_DUALFONT));
   // No word wrap: formatted for an endlessly wide device.
   Send(EM_SETTARGETDEVICE, 0, 1);
+  Send(EM_SETBKGNDCOLOR, FALSE, kPageGround);
   SetDefaultFormat();
   Send(EM_SETEVENTMASK, 0, ENM_SELCHANGE);
   return surface_.CreateOver(window_) &&
@@ -101,6 +103,7 @@ void RichEditView::SetDefaultFormat() {
   format.dwMask = CFM_FACE | CFM_SIZE | CFM_CHARSET | CFM_COLOR | CFM_BACKCOLOR | CFM_BOLD;
   format.dwEffects = CFE_AUTOBACKCOLOR;
   format.yHeight = kViewFontPoints * kTwipsPerPoint;
+  format.crTextColor = kPageText;
   format.bCharSet = kViewFontCharset;
   std::ranges::copy(kViewFontName, format.szFaceName);
   Send(EM_SETCHARFORMAT, SCF_DEFAULT, reinterpret_cast<LPARAM>(&format));
@@ -139,16 +142,27 @@ std::string RichEditView::ContentRtf() const {
 
 String RichEditView::TextRTF() const { return FromRtfBytes(ContentRtf()); }
 
-void RichEditView::TextRTF(StringView rtf) { ReplaceContent(ToRtfBytes(rtf)); }
+bool RichEditView::TextRTF(StringView rtf) { return ReplaceOrKeep(ToRtfBytes(rtf)); }
 
-void RichEditView::ReplaceContent(std::string_view rtf) {
+bool RichEditView::ReplaceOrKeep(std::string_view rtf) {
+  // Anything else the control would read without a murmur, as an empty text.
+  if (!rtf.starts_with("{\\rtf")) return false;
+  const std::string before = ContentRtf();
+  const String text_before = Text();
+  if (ReplaceContent(rtf)) return true;
+  if (!ReplaceContent(before)) Text(text_before);  // the colours are lost then
+  return false;
+}
+
+bool RichEditView::ReplaceContent(std::string_view rtf) {
   LeavePage();
   const Write write(*this);
-  StreamIn(window_, rtf);
+  const bool taken = StreamIn(window_, RtfInBlack(rtf));
   Send(EM_EMPTYUNDOBUFFER);
   Select(0, 0);
   POINT top{0, 0};
   Send(EM_SETSCROLLPOS, 0, reinterpret_cast<LPARAM>(&top));
+  return taken;
 }
 
 CHARRANGE RichEditView::Selection() const {
@@ -231,7 +245,7 @@ String RichEditView::SelRTF() const {
 void RichEditView::Locked(bool locked) {
   if (!locked) FillControl();
   locked_ = locked;
-  Send(EM_SETREADONLY, locked);
+  Send(EM_SETREADONLY, locked || live_);
 }
 
 void RichEditView::Refresh() { UpdateWindow(live_ ? surface_.Hwnd() : window_); }
@@ -270,11 +284,7 @@ bool RichEditView::LoadFile(StringView path) {
   WindowsFileSteps steps;
   const std::optional<BinaryRead> file = ReadReplaced(steps, path, kLargestFile);
   if (!file) return false;
-  const std::string_view rtf(reinterpret_cast<const char*>(file->bytes.data()), file->bytes.size());
-  // Anything else the control would read without a murmur, as an empty text.
-  if (!rtf.starts_with("{\\rtf")) return false;
-  ReplaceContent(rtf);
-  return true;
+  return ReplaceOrKeep({reinterpret_cast<const char*>(file->bytes.data()), file->bytes.size()});
 }
 
 }  // namespace tolvane::platform::windows

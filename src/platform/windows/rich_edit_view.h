@@ -35,7 +35,7 @@ class RichEditView final : public RichTextView {
   [[nodiscard]] String Text() const override;
   void Text(StringView text) override;
   [[nodiscard]] String TextRTF() const override;
-  void TextRTF(StringView rtf) override;
+  [[nodiscard]] bool TextRTF(StringView rtf) override;
   void SwapPage(std::unique_ptr<RichTextPage>& page) override;
   void SelStart(std::int32_t position) override;
   [[nodiscard]] std::int32_t SelLength() const override;
@@ -73,6 +73,7 @@ class RichEditView final : public RichTextView {
   void EnterPage();
   void LeavePage();
   void FillControl();
+  void FillForReader();
   [[nodiscard]] PageLook MeasureControl();
 
   void SetDefaultFormat();
@@ -80,7 +81,10 @@ class RichEditView final : public RichTextView {
   [[nodiscard]] CHARRANGE Selection() const;
   void Select(std::size_t start, std::size_t end);
   [[nodiscard]] std::string ContentRtf() const;
-  void ReplaceContent(std::string_view rtf);
+  /// False when the control cannot take it; what it then holds is anything.
+  [[nodiscard]] bool ReplaceContent(std::string_view rtf);
+  /// The same, but what stood there stays then.
+  [[nodiscard]] bool ReplaceOrKeep(std::string_view rtf);
   void FormatSelection(CHARFORMAT2W format);
 
   CodePage& code_page_;
@@ -90,7 +94,8 @@ class RichEditView final : public RichTextView {
   LiveSurface surface_;
   std::unique_ptr<RichTextPage> page_ = std::make_unique<RichTextPage>();  // as last swapped
   HWND window_ = nullptr;
-  bool live_ = false;  // the content is `page_`, and the control is empty
+  bool live_ = false;                // the content is `page_`, and the control is empty
+  ULONGLONG filled_for_reader_ = 0;  // ms of the system's uptime
   int writing_ = 0;
   bool locked_ = false;
 };

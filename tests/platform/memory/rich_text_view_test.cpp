@@ -85,7 +85,7 @@ TEST_F(RichTextViewInMemory, RichTextCarriesFormatsBothWays) {
   view.SelBackColor(6);
   const String rtf = view.TextRTF();
   view.Text(u"");
-  view.TextRTF(rtf);
+  EXPECT_TRUE(view.TextRTF(rtf));
   EXPECT_EQ(view.Text(), u"除外\r\nabc");
   EXPECT_EQ(view.Page().colours.Runs(), (Runs{{0, 2, 5}}));
   EXPECT_EQ(view.Page().backgrounds.Runs(), (Runs{{4, 5, 6}}));
@@ -96,15 +96,22 @@ TEST_F(RichTextViewInMemory, SelRTFIsTheSelectionAlone) {
   Select(1, 4);
   view.SelColor(5);
   Select(3, 3);
-  const String rtf = view.SelRTF();
-  view.TextRTF(rtf);
+  EXPECT_TRUE(view.TextRTF(view.SelRTF()));
   EXPECT_EQ(view.Text(), u"def");
   EXPECT_EQ(view.Page().colours.Runs(), (Runs{{0, 2, 5}}));
 }
 
-TEST_F(RichTextViewInMemory, WhatIsNoRichTextIsTakenAsPlainText) {
-  view.TextRTF(u"just text");
-  EXPECT_EQ(view.Text(), u"just text");
+TEST_F(RichTextViewInMemory, RichTextThatCannotBeReadLeavesTheContent) {
+  view.Text(u"stays");
+  EXPECT_FALSE(view.TextRTF(u"just text"));
+  files.AddFile(u"C:\\a.rtf", "{\\rtf1 new}");
+  view.RefuseRichText(true);
+  EXPECT_FALSE(view.TextRTF(u"{\\rtf1 new}"));
+  EXPECT_FALSE(view.LoadFile(u"C:\\a.rtf"));
+  EXPECT_EQ(view.Text(), u"stays");
+  view.RefuseRichText(false);
+  EXPECT_TRUE(view.LoadFile(u"C:\\a.rtf"));
+  EXPECT_EQ(view.Text(), u"new");
 }
 
 TEST_F(RichTextViewInMemory, UndoTakesBackOneStep) {

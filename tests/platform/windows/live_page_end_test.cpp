@@ -2,6 +2,7 @@
 #include <string>
 
 #include "tests/platform/windows/live_page_bed.h"
+#include "tests/platform/windows/refused_streams.h"
 
 namespace tolvane::platform::windows {
 namespace {
@@ -60,6 +61,31 @@ TEST_F(LivePage, AnUnlockedSwapGoesStraightIntoTheControl) {
   view_.Locked(false);
   SwapMarkedPage();
   ExpectMarkedPageInTheControl();
+}
+
+TEST_F(LivePage, APageThatTheControlCannotTakeStaysOnTheSurface) {
+  for (const DWORD error : {DWORD{ERROR_NOT_ENOUGH_MEMORY}, DWORD{0}}) {
+    SCOPED_TRACE(error);
+    view_.Locked(true);
+    SwapMarkedPage();
+    {
+      RefusedStreams refused(view_.Hwnd(), error);
+      Send(EM_GETLINECOUNT);
+      EXPECT_NE(Surface(), nullptr);
+      view_.Locked(false);
+      EXPECT_GT(refused.Count(), 1);
+      EXPECT_FALSE(view_.Locked());
+      EXPECT_NE(Surface(), nullptr);
+      EXPECT_EQ(view_.Text(), kText);
+      EXPECT_EQ(WindowText(view_.Hwnd()), kText);
+      Send(WM_CHAR, L'x');
+    }
+    EXPECT_EQ(Send(EM_GETLINECOUNT), 4) << "no second try";
+    ExpectMarkedPageInTheControl();
+    view_.SelStart(0);
+    Send(WM_CHAR, L'x');
+    EXPECT_EQ(view_.Text(), u"x" + String(kText));
+  }
 }
 
 }  // namespace

@@ -8,6 +8,8 @@
 namespace tolvane::platform::windows {
 namespace {
 
+constexpr DWORD kReadersPause = 1100;  // ms, after which a reader's query fills the control again
+
 TEST_F(LivePage, WhatIsReadIsWhatWasLastWritten) {
   view_.Text(u"notes\r\n");
   EXPECT_EQ(WindowText(view_.Hwnd()), u"notes\r\n");
@@ -20,7 +22,7 @@ TEST_F(LivePage, WhatIsReadIsWhatWasLastWritten) {
   EXPECT_EQ(Surface(), nullptr);
   Swap(u"second");
   EXPECT_EQ(WindowText(view_.Hwnd()), u"second");
-  view_.TextRTF(u"{\\rtf1 third}");
+  EXPECT_TRUE(view_.TextRTF(u"{\\rtf1 third}"));
   EXPECT_EQ(view_.Text().substr(0, 5), u"third");
   Swap(u"");
   EXPECT_EQ(view_.Text(), u"");
@@ -93,14 +95,49 @@ TEST_F(LivePage, MessagesThatNeedTheControlFindThePageThere) {
   }
 }
 
-TEST_F(LivePage, AnAccessibilityQueryAndAPictureFillTheControl) {
-  for (const UINT message : {WM_GETOBJECT, WM_PRINTCLIENT, WM_COPY}) {
+TEST_F(LivePage, ACopyAndAPictureFillTheControl) {
+  for (const UINT message : {WM_PRINTCLIENT, WM_COPY}) {
     SwapMarkedPage();
     ASSERT_NE(Surface(), nullptr);
     Send(message);
     SCOPED_TRACE(message);
     ExpectMarkedPageInTheControl();
   }
+}
+
+TEST_F(LivePage, OfTheObjectsOfAccessibilityOnlyThoseThatShowTheTextFillTheControl) {
+  SwapMarkedPage();
+  for (const LONG object : {OBJID_WINDOW, OBJID_SYSMENU, OBJID_TITLEBAR, OBJID_MENU, OBJID_VSCROLL,
+                            OBJID_HSCROLL, OBJID_SIZEGRIP, OBJID_CARET, OBJID_CURSOR, OBJID_ALERT,
+                            OBJID_SOUND, OBJID_QUERYCLASSNAMEIDX, LONG{1}}) {
+    Send(WM_GETOBJECT, 0, object);
+    EXPECT_NE(Surface(), nullptr) << object;
+  }
+  // A sender of 32 bits fills the upper half with zeros, one of 64 with the sign.
+  const auto unsigned_client = static_cast<LPARAM>(static_cast<DWORD>(OBJID_CLIENT));
+  const LPARAM readers[] = {OBJID_CLIENT, unsigned_client, OBJID_NATIVEOM, -25};
+  for (const LPARAM object : readers) {
+    SwapMarkedPage();
+    Send(WM_GETOBJECT, 0, object);
+    SCOPED_TRACE(object);
+    ExpectMarkedPageInTheControl();
+    Sleep(kReadersPause);
+  }
+}
+
+TEST_F(LivePage, ReadersWhoAskOftenFillTheControlOnceASecond) {
+  ULONGLONG fillings = 0;
+  const ULONGLONG begin = GetTickCount64();
+  for (int i = 0; i < 50; ++i) {
+    SwapMarkedPage();
+    Send(WM_GETOBJECT, 0, OBJID_CLIENT);
+    if (Surface() == nullptr) ++fillings;
+  }
+  EXPECT_GE(fillings, 1U);
+  EXPECT_LE(fillings, 1 + (GetTickCount64() - begin) / 1000);
+  Sleep(kReadersPause);
+  Send(WM_GETOBJECT, 0, OBJID_CLIENT);
+  ExpectMarkedPageInTheControl();
 }
 
 TEST_F(LivePage, AWriteOfTheProgramLastsUntilTheNextSwap) {
@@ -167,7 +204,7 @@ TEST_F(LivePage, WritesOfTheWholeContentLeaveTheLockOn) {
   SwapMarkedPage();
   view_.Text(u"text");
   EXPECT_EQ(view_.Text(), u"text");
-  view_.TextRTF(u"{\\rtf1 rich}");
+  EXPECT_TRUE(view_.TextRTF(u"{\\rtf1 rich}"));
   EXPECT_EQ(view_.Text().substr(0, 4), u"rich");
   EXPECT_EQ(unlockings, 0);
   view_.SelText(u"x");

@@ -101,6 +101,42 @@ TEST_F(LiveSurfaceTest, LooksAsTheControlDoes) {
   EXPECT_EQ(Difference(page, u"page"), 0);
 }
 
+/// Other colours for windows and their text while it lives.
+class SystemColours {
+ public:
+  SystemColours(COLORREF window, COLORREF text) { Set(window, text); }
+  ~SystemColours() { Set(before_[0], before_[1]); }
+  SystemColours(const SystemColours&) = delete;
+  SystemColours& operator=(const SystemColours&) = delete;
+
+ private:
+  static void Set(COLORREF window, COLORREF text) {
+    constexpr int kWhich[] = {COLOR_WINDOW, COLOR_WINDOWTEXT};
+    const COLORREF colours[] = {window, text};
+    SetSysColors(2, kWhich, colours);
+  }
+  COLORREF before_[2] = {GetSysColor(COLOR_WINDOW), GetSysColor(COLOR_WINDOWTEXT)};
+};
+
+TEST_F(LiveSurfaceTest, BothFacesAreBlackOnWhiteWhateverTheSystemsColours) {
+  constexpr COLORREF kDark = RGB(40, 0, 60);
+  constexpr COLORREF kLight = RGB(250, 240, 0);
+  const SystemColours high_contrast(kDark, kLight);
+  ASSERT_EQ(GetSysColor(COLOR_WINDOW), kDark);
+  RichTextPage page;
+  page.text = u"ID  DLC\r\n1A0  8   01 02\r\n";
+  page.colours.Paint(9, 12, 0x0000FF);
+  page.backgrounds.Paint(0, 2, 0xA3FAFF);
+  EXPECT_EQ(Difference(page, u"high-contrast"), 0);
+  view_.SelText(u"note ");
+  const WindowPicture control = PaintedAnew(view_.Hwnd());
+  const RECT all{0, 0, control.Width(), control.Height()};
+  EXPECT_TRUE(control.Has(all, RGB(0, 0, 0)));
+  EXPECT_TRUE(control.Has(all, kWhite));
+  EXPECT_FALSE(control.Has(all, kDark));
+  EXPECT_FALSE(control.Has(all, kLight));
+}
+
 TEST_F(LiveSurfaceTest, LooksAsTheControlDoesWithoutScrollBars) {
   RichTextPage page;
   page.text = u"ID  DLC\r\n\r\n1A0  8   01 02\r\n受信除外 100 - 1FF";

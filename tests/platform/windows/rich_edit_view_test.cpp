@@ -4,8 +4,10 @@
 
 #include <algorithm>
 #include <array>
+#include <vector>
 
 #include "platform/windows/code_page.h"
+#include "tests/platform/windows/refused_streams.h"
 #include "tests/platform/windows/scratch_folder.h"
 
 namespace tolvane::platform::windows {
@@ -168,7 +170,7 @@ TEST_F(RichEdit, RichTextCarriesColoursFromHereToHere) {
   const String rtf = view_.TextRTF();
   EXPECT_EQ(rtf.substr(0, 5), u"{\\rtf");
   view_.Text(u"gone");
-  view_.TextRTF(rtf);
+  EXPECT_TRUE(view_.TextRTF(rtf));
   EXPECT_EQ(view_.Text().substr(0, 3), u"色つき");
   EXPECT_EQ(ColourAt(0), 0x0000FFU);
   view_.SelStart(1);
@@ -220,6 +222,54 @@ TEST_F(RichEdit, AFileThatIsNoRichTextLeavesTheContent) {
   EXPECT_FALSE(view_.LoadFile(folder / u"lglist.dat"));
   EXPECT_FALSE(view_.LoadFile(folder / u"missing.dat"));
   EXPECT_EQ(view_.Text(), u"kept");
+}
+
+TEST_F(RichEdit, RichTextThatTheControlCannotTakeLeavesTheContent) {
+  const ScratchFolder folder;
+  ASSERT_TRUE(folder.Put(u"lglist.dat", "{\\rtf1 new}"));
+  for (const DWORD error : {DWORD{ERROR_NOT_ENOUGH_MEMORY}, DWORD{0}}) {
+    view_.Text(u"kept");
+    view_.SelStart(1);
+    view_.SelLength(1);
+    view_.SelColor(0x0000FF);
+    {
+      const RefusedStreams once(view_.Hwnd(), error, 1);
+      EXPECT_FALSE(view_.LoadFile(folder / u"lglist.dat")) << error;
+      EXPECT_EQ(view_.Text().substr(0, 4), u"kept") << error;
+      EXPECT_EQ(ColourAt(1), 0x0000FFU) << error;
+    }
+    view_.Text(u"kept");
+    const RefusedStreams always(view_.Hwnd(), error);
+    EXPECT_FALSE(view_.LoadFile(folder / u"lglist.dat")) << error;
+    EXPECT_FALSE(view_.TextRTF(u"{\\rtf1 new}")) << error;
+    EXPECT_EQ(view_.Text(), u"kept") << error;
+  }
+  EXPECT_TRUE(view_.LoadFile(folder / u"lglist.dat"));
+  EXPECT_EQ(view_.Text().substr(0, 3), u"new");
+}
+
+TEST_F(RichEdit, NoTextHasTheSystemsColour) {
+  const ScratchFolder folder;
+  ASSERT_TRUE(folder.Put(u"lglist.dat",
+                         "{\\rtf1{\\colortbl ;\\red255\\green0\\blue0;}"
+                         "a\\cf1 b\\cf0 c\\cf1\\plain d}"));
+  ASSERT_TRUE(view_.LoadFile(folder / u"lglist.dat"));
+  const auto expect_own_colours = [this](const std::vector<COLORREF>& colours) {
+    for (std::size_t i = 0; i < colours.size(); ++i) {
+      const CHARFORMAT2W format = FormatAt(static_cast<std::int32_t>(i));
+      EXPECT_EQ(format.dwEffects & CFE_AUTOCOLOR, 0U) << i;
+      EXPECT_EQ(format.crTextColor, colours[i]) << i;
+    }
+  };
+  expect_own_colours({0, 0x0000FF, 0, 0});
+  view_.Text(u"ab");
+  expect_own_colours({0, 0});
+  auto page = Page(u"abc");
+  page->colours.Paint(1, 2, 0x0000FF);
+  view_.SwapPage(page);
+  expect_own_colours({0, 0x0000FF, 0});
+  EXPECT_EQ(static_cast<COLORREF>(SendMessageW(view_.Hwnd(), EM_SETBKGNDCOLOR, 0, 0)),
+            RGB(255, 255, 255));
 }
 
 TEST_F(RichEdit, TellsASelectionThatAWriteMovedOnce) {
