@@ -54,9 +54,11 @@ Form1::Form1(const platform::Platform& platform, const platform::MainWindow& win
       workers_(PartsOfRun(platform, window, device, RxFlag), platform.timers) {}
 
 void Form1::Bt_Connect_Click() {
+  if (closing_) return;
   Lock_Window();
   if (Open_Spreadsheet_Server() && Take_Comment()) Run_Worker();
   Put_Window_Back();
+  Set_View_Menu_After_Run();
   Close_Spreadsheet_Server();
 }
 

@@ -37,13 +37,17 @@ class Form1 {
   void Form_QueryUnload(std::int32_t& Cancel);
   void Form_Unload();
   void menu_file_close_Click();
+  /// True from the Form_QueryUnload that lets the window close. In its yields, and in those of
+  /// Form_Unload, no command is to come any more: nothing starts that would outlive the window.
+  [[nodiscard]] bool Closing() const { return closing_; }
   /// What makes Form_QueryUnload refuse, without its saving: for the question at the end of a
   /// Windows session.
   [[nodiscard]] bool ClosingIsRefused() const;
 
   // run/form1.cpp: a run
 
-  /// The whole run: returns when it has ended and the window is put back.
+  /// The whole run: returns when it has ended and the window is put back. Nothing once closing has
+  /// begun.
   void Bt_Connect_Click();
   void Bt_Disconnect_Click();
   void Bt_ViewClear_Click();
@@ -53,6 +57,8 @@ class Form1 {
 
   // shell/view_commands.cpp: the notebook between runs
 
+  /// The pop-up's items follow the selection, but not while the timer of FormBG is on: what they
+  /// miss then is made up for at the end of the run.
   void RTB_MainView_SelChange();
   /// A right click in the view, or the menu key while it has the focus.
   void RTB_MainView_ContextMenu();
@@ -122,6 +128,7 @@ class Form1 {
   void Store_Comment(StringView comment);
 
   struct ViewMenuFacts;
+  void Set_View_Menu_After_Run();
   void Set_View_Menu(const ViewMenuFacts& facts);
   void Set_View_Menu_At_Start();
   [[nodiscard]] bool Clipboard_Has_Text();
@@ -135,6 +142,8 @@ class Form1 {
   platform::MainWindow window_;
   Workers workers_;
   StartUp start_up_ = StartUp::kNotBegun;
+  bool closing_ = false;
+  bool view_menu_missed_a_change_ = false;
 };
 
 }  // namespace tolvane

@@ -151,6 +151,7 @@ void Form1::Form_QueryUnload(std::int32_t& Cancel) {
     Cancel = 1;
     return;
   }
+  closing_ = true;
   platform_.events.YieldToEvents();
   platform_.timers.FormBG.Enabled(false);
   if (start_up_ == StartUp::kNotBegun) return;  // what is on disk belongs to the other instance

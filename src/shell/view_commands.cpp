@@ -94,11 +94,18 @@ void Form1::Set_View_Menu_At_Start() {
 // The timer tested here and below is that of FormBG alone: during a run of the other workers the
 // menu follows the selection and opens, over a page that the user cannot write on.
 void Form1::RTB_MainView_SelChange() {
-  if (platform_.timers.FormBG.Enabled()) return;
+  // A tick that takes the selection away has its timer off, but is told of it in the next yield
+  // only, where the timer is on again.
+  view_menu_missed_a_change_ = platform_.timers.FormBG.Enabled();
+  if (view_menu_missed_a_change_) return;
   Set_View_Menu({.selection = window_.RTB_MainView.SelLength() >= 1,
                  .text = !window_.RTB_MainView.Text().empty(),
                  .undo = window_.RTB_MainView.CanUndo(),
                  .clipboard_text = Clipboard_Has_Text()});
+}
+
+void Form1::Set_View_Menu_After_Run() {
+  if (view_menu_missed_a_change_) RTB_MainView_SelChange();
 }
 
 void Form1::RTB_MainView_ContextMenu() {

@@ -94,5 +94,40 @@ TEST_P(ControlStates, FollowTheRun) {
 INSTANTIATE_TEST_SUITE_P(OfTheWindow, ControlStates, testing::ValuesIn(kControls),
                          [](const auto& row) { return std::string(row.param.label); });
 
+// The tick stops its timer, but what it does to the selection is told in the next yield.
+TEST(ControlStates, TheMenuFitsAfterARunThatTookASelectionAway) {
+  Form1Bench bench;
+  bench.Start();
+  bench.form.device.t_LogSave_Enable = 0;
+  platform::memory::RichTextView& view = bench.memory.RTB_MainView;
+  view.Text(u"notes");
+  view.SelLength(3);
+  bench.form.RTB_MainView_SelChange();
+  const auto& window = bench.memory.window;
+  ASSERT_TRUE(window.menu_View_Ctrl_C.Enabled());
+  bench.memory.events.OnYield([&] {
+    bench.memory.FormBG.Tick();
+    bench.form.RTB_MainView_SelChange();
+    EXPECT_TRUE(window.menu_View_Ctrl_C.Enabled()) << "the timer of FormBG was not looked at";
+    bench.form.Bt_Disconnect_Click();
+  });
+  bench.form.Bt_Connect_Click();
+  EXPECT_FALSE(window.menu_View_Ctrl_C.Enabled());
+  EXPECT_TRUE(window.menu_View_All_Copy.Enabled());
+}
+
+TEST(ControlStates, ARunWithoutAChangeOfTheSelectionLeavesTheMenu) {
+  Form1Bench bench;
+  bench.Start();
+  bench.form.device.t_LogSave_Enable = 0;
+  bench.memory.events.OnYield([&] {
+    bench.memory.FormBG.Tick();
+    bench.form.Bt_Disconnect_Click();
+  });
+  bench.form.Bt_Connect_Click();
+  EXPECT_FALSE(bench.memory.RTB_MainView.Text().empty());
+  EXPECT_FALSE(bench.memory.window.menu_View_All_Copy.Enabled());
+}
+
 }  // namespace
 }  // namespace tolvane

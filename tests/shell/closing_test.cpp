@@ -99,5 +99,27 @@ TEST_F(Closing, OfAFolderThatIsGoneHarmsNothing) {
   EXPECT_FALSE(bench_.Wrote(u"config.dat"));
 }
 
+TEST_F(Closing, StartsNoRunInAnyOfItsYields) {
+  bench_.memory.canusbdrv.open_result = 0;  // a run that starts all the same ends again, with a box
+  int clicks = 0;
+  bench_.memory.events.OnYield([&] {
+    ++clicks;
+    EXPECT_TRUE(bench_.form.Closing());
+    bench_.form.Bt_Connect_Click();
+  });
+  bench_.form.menu_file_close_Click();
+  EXPECT_EQ(clicks, 10);
+  EXPECT_THAT(bench_.Noted("canusb_"), IsEmpty());
+  EXPECT_THAT(bench_.Noted("Bt_Connect"), IsEmpty());
+  EXPECT_THAT(bench_.memory.message_box.Boxes(), IsEmpty());
+  EXPECT_TRUE(bench_.Wrote(u"config.dat"));
+}
+
+TEST_F(Closing, ThatWasRefusedIsNoClosing) {
+  bench_.form.RxFlag = 1;
+  EXPECT_EQ(Ask(), 1);
+  EXPECT_FALSE(bench_.form.Closing());
+}
+
 }  // namespace
 }  // namespace tolvane

@@ -22,7 +22,8 @@ std::ostream& operator<<(std::ostream& stream, const WorkerRow& row) { return st
 
 class PageCommandsInARun : public PageCommandsBase {
  protected:
-  /// Starts the program and a run whose page, all frames through, stays as it is.
+  /// Starts the program and a run whose page, all frames through, stays as it is. What the page
+  /// held before is selected.
   void StartRun(const WorkerRow& worker) {
     StartOnRecording(
         "(0.0) can0 123#0A0B\n(0.1) can0 123#0AFF\n(0.1) can0 456#01\n(0.2) can0 456#02\n");
@@ -36,6 +37,8 @@ class PageCommandsInARun : public PageCommandsBase {
       EXPECT_TRUE(dialog.Click(CB_Save_ID_DisableMode));
       PressOk(dialog);
     }
+    WriteOver(L"notes");
+    Select(0, 3);
     ASSERT_NO_FATAL_FAILURE(Connect(main_));
     ASSERT_TRUE(WaitForShown(L"0A FF"));
     ASSERT_TRUE(WaitForShown(L"456  1   02"));
@@ -118,6 +121,14 @@ TEST_F(PageCommandsInARun, OfFormBGThePopUpStaysAway) {
   ASSERT_NO_FATAL_FAILURE(Disconnect(main_));
   // The same click opens it after the run.
   EXPECT_FALSE(OpenPopUp().empty());
+  End();
+}
+
+TEST_F(PageCommandsInARun, OfFormBGTheItemsFitThePageAfterIt) {
+  ASSERT_NO_FATAL_FAILURE(StartRun({"FormBG", false, false}));
+  { HeldClipboard().Put(L""); }
+  ASSERT_NO_FATAL_FAILURE(Disconnect(main_));
+  EXPECT_EQ(OpenPopUp(), (Items{menu_View_All_Copy, menu_View_Date}));
   End();
 }
 

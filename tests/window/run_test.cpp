@@ -85,5 +85,35 @@ TEST_F(Run, ShowsEachIdentifierOnItsLineWithItsLastBytesAndCycle) {
   EXPECT_EQ(window.Text(RTB_MainView), expected);
 }
 
+/// While it lives, a thread of another process stands still, and what is posted to it waits.
+class StandingThread {
+ public:
+  explicit StandingThread(DWORD id) : thread_(OpenThread(THREAD_SUSPEND_RESUME, FALSE, id)) {
+    SuspendThread(thread_);
+  }
+  ~StandingThread() {
+    ResumeThread(thread_);
+    CloseHandle(thread_);
+  }
+  StandingThread(const StandingThread&) = delete;
+  StandingThread& operator=(const StandingThread&) = delete;
+
+ private:
+  HANDLE thread_;
+};
+
+TEST_F(Run, DoesNotStartOnceTheWindowCloses) {
+  const DrivenWindow window = StartOn(kOneCanusb);
+  ASSERT_TRUE(window.Exists());
+  {
+    const StandingThread program(GetWindowThreadProcessId(window.Handle(), nullptr));
+    window.Close();
+    PostMessageW(window.Control(Bt_Connect), BM_CLICK, 0, 0);
+    window.Command(menu_common_setting);
+    window.Command(menu_help_version);
+  }
+  EXPECT_EQ(program_->WaitForEnd(), 0u);
+}
+
 }  // namespace
 }  // namespace tolvane::window

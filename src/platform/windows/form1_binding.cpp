@@ -56,6 +56,7 @@ void Call(const Handler<Object> (&handlers)[N], int id, Object& object) {
 }  // namespace
 
 void Form1Binding::Command(int id) {
+  if (form_.Closing()) return;
   Call(kHandlers, id, form_);
   Call(kDialogHandlers, id, dialogs_);
 }

@@ -7,14 +7,16 @@
 namespace tolvane::platform::windows {
 
 /// Leads the events of the main window to the handlers of Form1 and to the windows that the menus
-/// open.
+/// open. Once closing has begun no command comes through.
 class Form1Binding final : public Form1Events {
  public:
   Form1Binding(Form1& form, DialogWindows& dialogs) : form_(form), dialogs_(dialogs) {}
 
   void Command(int id) override;
   void ViewSelectionChanged() override { form_.RTB_MainView_SelChange(); }
-  void ViewContextMenu() override { form_.RTB_MainView_ContextMenu(); }
+  void ViewContextMenu() override {
+    if (!form_.Closing()) form_.RTB_MainView_ContextMenu();
+  }
   void ViewGotFocus() override { form_.RTB_MainView_GotFocus(); }
   [[nodiscard]] bool QueryUnload() override;
   void Unload() override { form_.Form_Unload(); }
