@@ -125,5 +125,26 @@ TEST_F(CommonSetting, OkKeepsWhatWasSetUntilTheNextStartAndCancelForgetsIt) {
   End();
 }
 
+TEST_F(CommonSetting, WhatStandsBehindAModalWindowTakesNoMessageOfOtherProgramsEither) {
+  ASSERT_NO_FATAL_FAILURE(Start());
+  const DrivenWindow dialog = Open(menu_common_setting);
+  EXPECT_TRUE(main_.Click(Bt_Connect));
+  (void)Send(main_.Handle(), WM_COMMAND, Bt_Connect, 0);
+  EXPECT_FALSE(WaitUntil([&] { return !main_.Enabled(Bt_Connect); }, std::chrono::seconds(1)));
+  EXPECT_EQ(main_.Text(TB_Protocol), L"---");
+
+  dialog.Command(Bt_DataChangeColor_Dialog);
+  ASSERT_TRUE(WaitUntil([&] { return Find(L"#32770").Exists(); }));
+  const DrivenWindow colours = Find(L"#32770");
+  EXPECT_TRUE(dialog.Click(Bt_OK));
+  (void)Send(dialog.Handle(), WM_CLOSE, 0, 0);
+  EXPECT_TRUE(dialog.Exists());
+  EXPECT_TRUE(colours.Exists());
+  PostMessageW(colours.Handle(), WM_COMMAND, IDCANCEL, 0);
+  EXPECT_TRUE(WaitUntil([&] { return IsWindowEnabled(dialog.Handle()) != FALSE; }));
+  PressCancel(dialog);
+  End();
+}
+
 }  // namespace
 }  // namespace tolvane::window

@@ -5,10 +5,11 @@ namespace tolvane::platform::windows {
 std::optional<std::int32_t> WindowsColourDialog::ShowColor() {
   CHOOSECOLORW choice{};
   choice.lStructSize = sizeof(choice);
-  choice.hwndOwner = owner_;
+  const HWND owner = owner_;
+  choice.hwndOwner = owner;
   choice.lpCustColors = own_colours_.data();
   const EventGate::Opened opened(gate_);
-  if (!ChooseColorW(&choice)) return std::nullopt;
+  if (!ChooseColorW(&choice) || !IsWindow(owner)) return std::nullopt;
   return static_cast<std::int32_t>(choice.rgbResult);
 }
 

@@ -129,7 +129,7 @@ LRESULT Form1Window::HandleMessage(UINT message, WPARAM wparam, LPARAM lparam) {
       OnCommand(LOWORD(wparam), HIWORD(wparam));
       return 0;
     case kStartRun:
-      DeliverCommand(Bt_Connect);
+      gate_.Deliver([this] { StartRun(); });
       return 0;
     case WM_NOTIFY:
       if (reinterpret_cast<const NMHDR*>(lparam)->code == EN_SELCHANGE && !view_.Writing()) {
@@ -181,9 +181,7 @@ void Form1Window::OnCommand(int id, int notification) {
 }
 
 void Form1Window::OnMenuOrClick(int id) {
-  const HWND button = Child(id);
-  if (button != nullptr && !IsWindowEnabled(button)) return;
-  if (button == nullptr && !MenuItemEnabled(id)) return;
+  if (!CanBeChosen(id)) return;
   if (id == Bt_Connect) {
     // The run lasts as long as its handler. A program that sends the click must not wait for it.
     connect_.Enabled(false);
@@ -191,6 +189,24 @@ void Form1Window::OnMenuOrClick(int id) {
     return;
   }
   DeliverCommand(id);
+}
+
+/// A settings dialog may have opened since the click.
+void Form1Window::StartRun() {
+  if (events_ == nullptr) return;
+  if (IsWindowEnabled(Hwnd())) {
+    events_->Command(Bt_Connect);
+  } else {
+    connect_.Enabled(true);
+  }
+}
+
+/// What the user cannot choose, no other program can by a message. Behind a modal window that is
+/// everything.
+bool Form1Window::CanBeChosen(int id) const {
+  if (!IsWindowEnabled(Hwnd())) return false;
+  const HWND control = Child(id);
+  return control != nullptr ? IsWindowEnabled(control) != FALSE : MenuItemEnabled(id);
 }
 
 bool Form1Window::MenuItemEnabled(int id) const {
@@ -203,7 +219,10 @@ bool Form1Window::MenuItemEnabled(int id) const {
 
 void Form1Window::DeliverCommand(int id) {
   if (events_ == nullptr) return;
-  gate_.Deliver([this, id] { events_->Command(id); });
+  // Asked again, as it may have waited: for the end of a run, or for its beginning.
+  gate_.Deliver([this, id] {
+    if (CanBeChosen(id)) events_->Command(id);
+  });
 }
 
 void Form1Window::DeliverSelectionChange() {

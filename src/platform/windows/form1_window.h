@@ -72,9 +72,11 @@ class Form1Window final : public BaseWindow<Form1Window>,
 
   void OnCommand(int id, int notification);
   void OnMenuOrClick(int id);
+  void StartRun();
   void DeliverCommand(int id);
   void DeliverSelectionChange();
   void DeliverContextMenu(bool by_keyboard);
+  [[nodiscard]] bool CanBeChosen(int id) const;
   [[nodiscard]] bool MenuItemEnabled(int id) const;
   void OnClose();
   void OnSize(int width, int height);

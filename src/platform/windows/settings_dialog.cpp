@@ -77,8 +77,8 @@ void SettingsDialog::FocusFirst() {
 }
 
 void SettingsDialog::Deliver(EventGate::Event event) {
-  surroundings_.gate.Deliver([this, event = std::move(event)] {
-    if (Hwnd() != nullptr) event();
+  surroundings_.gate.Deliver([this, opening = Hwnd(), event = std::move(event)] {
+    if (Hwnd() == opening && IsWindowEnabled(opening)) event();
   });
 }
 
@@ -145,9 +145,11 @@ void SettingsDialog::OnCommand(int id) {
       return;
     default:
       Deliver([this, id] {
+        const HWND opening = Hwnd();
         TakeValues();
         OnClick(id);
-        ShowValues();
+        // A modal dialog of the click may have outlived this opening, and stand over another one.
+        if (Hwnd() == opening) ShowValues();
       });
   }
 }

@@ -61,7 +61,8 @@ class SettingsDialog : public BaseWindow<SettingsDialog> {
 
   void ShowValues() { Bind(ControlBinder(Hwnd(), ControlBinder::Way::kShow)); }
   void TakeValues() { Bind(ControlBinder(Hwnd(), ControlBinder::Way::kTake)); }
-  /// Runs `event` on the logic's side of the gate, unless the dialog has gone meanwhile.
+  /// Runs `event` on the logic's side of the gate, unless this opening of the dialog has gone
+  /// meanwhile or stands behind a modal one: then it came from another program.
   void Deliver(EventGate::Event event);
 
  private:

@@ -107,6 +107,42 @@ TEST_F(MainWindowTest, DisabledButtonsAndMenuItemsSendNothing) {
   EXPECT_THAT(events_.commands, ElementsAre(menu_common_setting, menu_View_Date));
 }
 
+// As behind a settings dialog, which disables the window.
+TEST_F(MainWindowTest, ADisabledWindowTakesNoCommandFromOtherProgramsEither) {
+  EnableWindow(Child(Bt_Connect), TRUE);
+  EnableWindow(window_.Hwnd(), FALSE);
+  Click(Bt_Connect);
+  Send(Bt_Connect);
+  Click(Bt_ViewClear);
+  Send(menu_common_setting);
+  Send(Cmb_Serect_Device, CBN_SELCHANGE);
+  loop_.YieldToEvents();
+  EXPECT_THAT(events_.commands, IsEmpty());
+  EXPECT_TRUE(IsWindowEnabled(Child(Bt_Connect)));
+}
+
+TEST_F(MainWindowTest, ADialogThatOpensBetweenTheClickAndTheRunKeepsTheRunAway) {
+  EnableWindow(Child(Bt_Connect), TRUE);
+  Click(Bt_Connect);
+  EnableWindow(window_.Hwnd(), FALSE);
+  loop_.YieldToEvents();
+  EXPECT_THAT(events_.commands, IsEmpty());
+  EnableWindow(window_.Hwnd(), TRUE);
+  EXPECT_TRUE(IsWindowEnabled(Child(Bt_Connect)));
+  Click(Bt_Connect);
+  loop_.YieldToEvents();
+  EXPECT_THAT(events_.commands, ElementsAre(Bt_Connect));
+}
+
+TEST_F(MainWindowTest, ACommandThatCannotBeChosenAnyMoreAfterItsWaitIsDropped) {
+  gate_.Deliver([this] {
+    Send(menu_common_setting);
+    EnableMenuItem(GetMenu(window_.Hwnd()), menu_common_setting, MF_BYCOMMAND | MF_GRAYED);
+  });
+  gate_.DeliverWaiting();
+  EXPECT_THAT(events_.commands, IsEmpty()) << "a dialog in a run";
+}
+
 TEST_F(MainWindowTest, ACommandDuringARunComesInItsYieldOnly) {
   events_.on_command = [this](int id) {
     if (id != Bt_Connect) return;
