@@ -11,7 +11,10 @@ constexpr OptionValues<2> kLogFormats{{kLogFormatSpreadsheet, kLogFormatCsv}};
 constexpr OptionValues<2> kExcelFormats{{1, 2}};
 constexpr OptionValues<3> kFolderModes{{0, 1, 2}};
 
-constexpr std::int32_t kPlainFolder = 16;  // the attribute value of a folder with no other flag
+// Bits of an attribute value: read-only, hidden, system, folder, archive. All others tell of
+// storage, such as that of a synchronised or compressed folder, and say nothing about its use.
+constexpr std::int32_t kAttributesLookedAt = 1 + 2 + 4 + 16 + 32;
+constexpr std::int32_t kPlainFolder = 16;
 
 struct OfficeVersion {
   std::int32_t at_least;
@@ -50,7 +53,7 @@ void TakeDroppedFolder(std::span<const String> paths, platform::FileServices& fi
   StringView path = paths.front();
   const auto attributes = files.Attributes(path);
   if (!attributes) return;
-  if (*attributes != kPlainFolder) {
+  if ((*attributes & kAttributesLookedAt) != kPlainFolder) {
     const auto name = path.rfind(u'\\');
     if (name != StringView::npos) path = path.substr(0, name + 1);
   }

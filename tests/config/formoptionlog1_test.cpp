@@ -240,6 +240,7 @@ class FormOptionLog1Drop : public FormOptionLog1Test {
     files.AddFolder(u"D:\\logs\\plain");
     files.AddFolder(u"D:\\logs\\shut");
     files.SetAttributes(u"D:\\logs\\shut", 16 + 1);
+    files.AddFolder(u"D:\\logs\\odd");
     files.AddFile(u"D:\\logs\\notes.txt", "");
     files.AddFile(u"D:\\top.txt", "");
     form.TB_SaveFilePath.text = u"before";
@@ -277,6 +278,34 @@ TEST_F(FormOptionLog1Drop, APlainFolderIsTakenAndAnythingElseGivesWhatItLiesIn) 
     dropped.Log_Folder_Drop(row.paths, files);
     EXPECT_EQ(dropped.TB_LogSaveFilePath.text, row.expected) << row.label;
     EXPECT_EQ(dropped.TB_SaveFilePath.text, u"before") << row.label;
+  }
+}
+
+TEST_F(FormOptionLog1Drop, BitsThatTellOfStorageMakeAFolderNoOtherOne) {
+  struct Row {
+    const char* label;
+    std::int32_t bits;
+    bool taken;
+  };
+  const Row rows[] = {
+      {"read-only", 0x1, false},
+      {"hidden", 0x2, false},
+      {"system", 0x4, false},
+      {"archive", 0x20, false},
+      {"temporary", 0x100, true},
+      {"sparse", 0x200, true},
+      {"of a synchronised folder", 0x400 + 0x80000, true},
+      {"compressed", 0x800, true},
+      {"offline", 0x1000, true},
+      {"not indexed", 0x2000, true},
+      {"encrypted", 0x4000, true},
+      {"kept in the cloud alone", 0x1000 + 0x100000 + 0x400000, true},
+      {"not indexed and hidden", 0x2000 + 0x2, false},
+  };
+  for (const Row& row : rows) {
+    files.SetAttributes(u"D:\\logs\\odd", 16 + row.bits);
+    form.Folder_Drop(std::vector<String>{u"D:\\logs\\odd"}, files);
+    EXPECT_EQ(form.TB_SaveFilePath.text, row.taken ? u"D:\\logs\\odd" : u"D:\\logs") << row.label;
   }
 }
 

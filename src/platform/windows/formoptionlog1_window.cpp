@@ -146,6 +146,10 @@ constexpr int kLogTargets[] = {id::Img_Log_save_folder, id::Img_Log_save_folder_
                                id::TB_LogSaveFilePath};
 constexpr wchar_t kDropTip[] = L"保存先のフォルダをドラッグ＆ドロップしてください";
 
+// What a drop consists of, the last one without a name of its own. A program that runs as
+// administrator is sent nothing by the file manager, which does not, unless it lets it through.
+constexpr UINT kDropMessages[] = {WM_DROPFILES, WM_COPYDATA, 0x0049};
+
 std::vector<String> DroppedPaths(HDROP dropped) {
   const UINT count = DragQueryFileW(dropped, 0xFFFFFFFF, nullptr, 0);
   std::vector<String> paths;
@@ -208,6 +212,9 @@ void FormOptionLog1Window::MakeDropTarget(HWND tool_tips, int id) {
   const HWND control = Child(id);
   AddToolTip(tool_tips, Hwnd(), control, kDropTip);
   DragAcceptFiles(control, TRUE);
+  for (const UINT message : kDropMessages) {
+    ChangeWindowMessageFilterEx(control, message, MSGFLT_ALLOW, nullptr);
+  }
   SetWindowSubclass(control, &DropProcedure, static_cast<UINT_PTR>(id),
                     reinterpret_cast<DWORD_PTR>(this));
 }
