@@ -2,6 +2,7 @@
 
 #include "platform/windows/handle.h"
 #include "platform/windows/text.h"
+#include "platform/windows/theme.h"
 
 namespace tolvane::platform::windows {
 namespace {
@@ -54,12 +55,12 @@ LRESULT PaintControlText(HDC context, HWND control) {
 void DrawColourButton(const DRAWITEMSTRUCT& item) {
   const bool pressed = (item.itemState & ODS_SELECTED) != 0;
   RECT face = item.rcItem;
-  const ThemeHandle theme(OpenThemeData(item.hwndItem, kButtonTheme));
+  const Theme theme(item.hwndItem, kButtonTheme);
   if (theme) {
     const int state = ThemeState((item.itemState & ODS_DISABLED) != 0, pressed,
                                  (item.itemState & ODS_HOTLIGHT) != 0);
     FillRect(item.hDC, &face, GetSysColorBrush(COLOR_BTNFACE));
-    DrawThemeBackground(theme.Get(), item.hDC, BP_PUSHBUTTON, state, &face, nullptr);
+    theme.Draw(item.hDC, BP_PUSHBUTTON, state, face);
   } else {
     const UINT style = DFCS_BUTTONPUSH | (pressed ? DFCS_PUSHED : 0U);
     DrawFrameControl(item.hDC, &face, DFC_BUTTON, style);
@@ -77,17 +78,16 @@ LRESULT DrawColouredRadio(const NMCUSTOMDRAW& draw) {
   if (draw.dwDrawStage != CDDS_PREPAINT || ControlColour(button) == 0 || !IsRadio(button)) {
     return CDRF_DODEFAULT;
   }
-  const ThemeHandle theme(OpenThemeData(button, kButtonTheme));
+  const Theme theme(button, kButtonTheme);
   if (!theme) return CDRF_DODEFAULT;
 
   RECT bounds = draw.rc;
   FillRect(draw.hdc, &bounds, GetSysColorBrush(COLOR_BTNFACE));
   const int state = RadioState(draw);
-  SIZE mark{};
-  GetThemePartSize(theme.Get(), draw.hdc, BP_RADIOBUTTON, state, nullptr, TS_DRAW, &mark);
-  RECT mark_bounds{bounds.left, (bounds.top + bounds.bottom - mark.cy) / 2, bounds.left + mark.cx,
-                   (bounds.top + bounds.bottom + mark.cy) / 2};
-  DrawThemeBackground(theme.Get(), draw.hdc, BP_RADIOBUTTON, state, &mark_bounds, nullptr);
+  const SIZE mark = theme.Size(draw.hdc, BP_RADIOBUTTON, state);
+  const RECT mark_bounds{bounds.left, (bounds.top + bounds.bottom - mark.cy) / 2,
+                         bounds.left + mark.cx, (bounds.top + bounds.bottom + mark.cy) / 2};
+  theme.Draw(draw.hdc, BP_RADIOBUTTON, state, mark_bounds);
 
   const String text = WindowText(button);
   const int length = static_cast<int>(text.size());

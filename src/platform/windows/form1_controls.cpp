@@ -89,8 +89,7 @@ bool Form1Window::CreateControls() {
       [this](bool by_keyboard) { DeliverContextMenu(by_keyboard); });
   if (!view_made) return false;
   AttachControls();
-  AddToolTips();
-  return true;
+  return AddToolTips();
 }
 
 void Form1Window::AttachControls() {
@@ -115,11 +114,13 @@ void Form1Window::AttachControls() {
   }
 }
 
-void Form1Window::AddToolTips() {
+bool Form1Window::AddToolTips() {
   const HWND tool_tips = CreateToolTips(Hwnd(), dpi_);
+  if (tool_tips == nullptr) return false;
   AddToolTip(tool_tips, Hwnd(), Child(Pic_Caution), kCautionTip);
   AddToolTip(tool_tips, Hwnd(), Child(TB_Protocol), kProtocolTip);
   AddToolTip(tool_tips, Hwnd(), Child(Lb_Protocol), kProtocolTip);
+  return true;
 }
 
 }  // namespace tolvane::platform::windows

@@ -64,6 +64,7 @@ Form1Window::Form1Window(HINSTANCE instance, EventGate& gate, WindowsEventLoop& 
       view_(code_page) {}
 
 bool Form1Window::CreateHidden() {
+  if (splash_.Hwnd() == nullptr || !workers_.Made()) return false;
   view_menu_ = MenuHandle(LoadMenuW(instance_, MAKEINTRESOURCEW(MENU_VIEW)));
   const SIZE size = FirstSize(dpi_);
   if (!Create(instance_, {.style = kStyle,
@@ -82,6 +83,7 @@ void Form1Window::Start(int show_command) {
   started_ = true;
   ShowWindow(Hwnd(), show_command);
   UpdateWindow(Hwnd());
+  splash_.MakeWay();
   if (close_wanted_) OnClose();
 }
 

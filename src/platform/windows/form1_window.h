@@ -32,6 +32,11 @@ class Form1Window final : public BaseWindow<Form1Window>,
           FormBG_29(gate, instance, interval),
           FormBG2_29(gate, instance, interval) {}
 
+    [[nodiscard]] bool Made() const {
+      return FormBG.Hwnd() != nullptr && FormBG2.Hwnd() != nullptr && FormBG_29.Hwnd() != nullptr &&
+             FormBG2_29.Hwnd() != nullptr;
+    }
+
     WorkerWindow FormBG;
     WorkerWindow FormBG2;
     WorkerWindow FormBG_29;
@@ -43,7 +48,8 @@ class Form1Window final : public BaseWindow<Form1Window>,
 
   ~Form1Window() override { Destroy(); }
 
-  /// Makes the hidden window with all its controls. False when the system refuses one.
+  /// Makes the hidden window with all its controls. False when the system refuses one, or refused
+  /// the splash or a worker's window before.
   [[nodiscard]] bool CreateHidden();
   void Listen(Form1Events* events) { events_ = events; }
   /// Who unloads the windows that the menus open.
@@ -67,7 +73,7 @@ class Form1Window final : public BaseWindow<Form1Window>,
   [[nodiscard]] bool CreateControls();
   HWND AddChild(const wchar_t* class_name, const wchar_t* text, int id, DWORD style);
   void AttachControls();
-  void AddToolTips();
+  [[nodiscard]] bool AddToolTips();
   [[nodiscard]] HWND Child(int id) const { return GetDlgItem(Hwnd(), id); }
 
   void OnCommand(int id, int notification);
@@ -110,9 +116,9 @@ class Form1Window final : public BaseWindow<Form1Window>,
   std::array<WindowsMenuItem, 14> view_items_;  // likewise
 
   bool selection_waiting_ = false;
-  bool by_keyboard_ = false;   // how the pop-up was asked for
-  bool started_ = false;       // Form_Load has returned
-  bool close_wanted_ = false;  // WM_CLOSE came before
+  bool by_keyboard_ = false;    // how the pop-up was asked for
+  bool started_ = false;        // Form_Load has returned
+  bool close_wanted_ = false;   // WM_CLOSE came before
   bool unloading_ = false;
 };
 

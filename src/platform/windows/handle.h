@@ -69,9 +69,6 @@ struct IconTraits : NullIsNone<HICON> {
 struct MenuTraits : NullIsNone<HMENU> {
   static bool Close(HMENU value) { return DestroyMenu(value) != FALSE; }
 };
-struct ThemeTraits : NullIsNone<HTHEME> {
-  static bool Close(HTHEME value) { return SUCCEEDED(CloseThemeData(value)); }
-};
 struct DropTraits : NullIsNone<HDROP> {
   static bool Close(HDROP value) {
     DragFinish(value);
@@ -98,7 +95,6 @@ using BitmapHandle = Handle<GdiTraits<HBITMAP>>;
 using MemoryDcHandle = Handle<MemoryDcTraits>;  // what is selected there outlives it
 using IconHandle = Handle<IconTraits>;
 using MenuHandle = Handle<MenuTraits>;  // only for menus that no window owns
-using ThemeHandle = Handle<ThemeTraits>;
 using DropHandle = Handle<DropTraits>;
 using GlobalHandle = Handle<GlobalTraits>;
 template <typename Interface>

@@ -9,13 +9,15 @@
 namespace tolvane::platform::windows {
 
 /// A library loaded by its full path with all exports of `Abi` found, or nothing at all: a file
-/// that is missing, no library, of the wrong bitness or short of one export is left unloaded.
+/// that is missing, no library, of the wrong bitness or short of one export is left unloaded. What
+/// is loaded stays so until the process ends, after this object too: a driver's library may have
+/// threads that run on.
 template <typename Abi>
 class LoadedLibrary {
  public:
   /// True when the library can be called. Loading a loaded one changes nothing.
   bool Load(const String& path) {
-    if (module_) return true;
+    if (loaded_) return true;
     // The library's own folder is searched for what it needs in turn.
     ModuleHandle module(LoadLibraryExW(Wide(path), nullptr, LOAD_WITH_ALTERED_SEARCH_PATH));
     if (!module) return false;
@@ -27,11 +29,12 @@ class LoadedLibrary {
       exports_ = {};
       return false;
     }
-    module_ = std::move(module);
+    static_cast<void>(module.Release());
+    loaded_ = true;
     return true;
   }
 
-  explicit operator bool() const { return static_cast<bool>(module_); }
+  explicit operator bool() const { return loaded_; }
   const Abi* operator->() const { return &exports_; }
 
  private:
@@ -44,7 +47,7 @@ class LoadedLibrary {
     return found != nullptr;
   }
 
-  ModuleHandle module_;
+  bool loaded_ = false;
   Abi exports_{};
 };
 

@@ -1,8 +1,5 @@
 #include "platform/windows/process.h"
 
-// After windows.h, which it needs.
-#include <mmsystem.h>
-
 namespace tolvane::platform::windows {
 namespace {
 
@@ -22,8 +19,12 @@ std::int32_t WindowsCursors::LoadHand() {
   return HandleToLong(LoadCursorW(nullptr, IDC_HAND));
 }
 
-void WindowsTimerResolution::timeBeginPeriod(std::uint32_t period) { ::timeBeginPeriod(period); }
+void WindowsTimerResolution::timeBeginPeriod(std::uint32_t period) {
+  if (library_) library_->timeBeginPeriod(period);
+}
 
-void WindowsTimerResolution::timeEndPeriod(std::uint32_t period) { ::timeEndPeriod(period); }
+void WindowsTimerResolution::timeEndPeriod(std::uint32_t period) {
+  if (library_) library_->timeEndPeriod(period);
+}
 
 }  // namespace tolvane::platform::windows

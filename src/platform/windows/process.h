@@ -4,6 +4,7 @@
 #include "platform/single_instance.h"
 #include "platform/timer_resolution.h"
 #include "platform/windows/handle.h"
+#include "platform/windows/system_libraries.h"
 
 namespace tolvane::platform::windows {
 
@@ -25,8 +26,13 @@ class WindowsCursors final : public Cursors {
 
 class WindowsTimerResolution final : public TimerResolution {
  public:
+  explicit WindowsTimerResolution(const String& path) { library_.Load(path); }
+
   void timeBeginPeriod(std::uint32_t period) override;
   void timeEndPeriod(std::uint32_t period) override;
+
+ private:
+  LoadedLibrary<Winmm> library_;
 };
 
 }  // namespace tolvane::platform::windows

@@ -8,6 +8,7 @@
 #include "platform/windows/line_ends.h"
 #include "platform/windows/rich_edit_stream.h"
 #include "platform/windows/rtf_bytes.h"
+#include "platform/windows/system_libraries.h"
 #include "platform/windows/text.h"
 #include "platform/windows/view_look.h"
 #include "view/page_rtf.h"
@@ -76,7 +77,8 @@ bool RichEditView::Create(HWND parent, int id, std::function<void()> selection_c
                           std::function<void(bool by_keyboard)> context_menu) {
   selection_changed_ = std::move(selection_changed);
   context_menu_ = std::move(context_menu);
-  library_ = ModuleHandle(LoadLibraryExW(L"msftedit.dll", nullptr, LOAD_LIBRARY_SEARCH_SYSTEM32));
+  // Stays until the process ends: the control's class and its objects live in it.
+  LoadLibraryExW(Wide(SystemLibrary(u"msftedit.dll")), nullptr, LOAD_WITH_ALTERED_SEARCH_PATH);
   const DWORD style = WS_CHILD | WS_VISIBLE | WS_CLIPSIBLINGS | WS_TABSTOP | WS_VSCROLL |
                       WS_HSCROLL | ES_MULTILINE | ES_AUTOVSCROLL | ES_AUTOHSCROLL | ES_WANTRETURN |
                       ES_NOHIDESEL;
@@ -252,6 +254,8 @@ void RichEditView::Refresh() { UpdateWindow(live_ ? surface_.Hwnd() : window_); 
 
 void RichEditView::ScrollToEnd() { Send(WM_VSCROLL, SB_BOTTOM); }
 
+/// Controls since version 4 let the input method draw its own colours: they answer 0, or take the
+/// set without effect.
 void RichEditView::PlainCompositionColours() {
   std::array<COMPCOLOR, 4> colours{};
   const auto address = reinterpret_cast<LPARAM>(colours.data());

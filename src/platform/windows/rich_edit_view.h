@@ -90,7 +90,6 @@ class RichEditView final : public RichTextView {
   CodePage& code_page_;
   std::function<void()> selection_changed_;
   std::function<void(bool)> context_menu_;
-  ModuleHandle library_;  // released after the parent has destroyed the control
   LiveSurface surface_;
   std::unique_ptr<RichTextPage> page_ = std::make_unique<RichTextPage>();  // as last swapped
   HWND window_ = nullptr;

@@ -86,8 +86,14 @@ void SplashWindow::Progress(double fraction) {
 }
 
 void SplashWindow::Visible(bool visible) {
-  ShowWindow(Hwnd(), visible ? SW_SHOW : SW_HIDE);
-  if (visible) UpdateWindow(Hwnd());
+  leaving_ = !visible;
+  if (!visible) return;
+  ShowWindow(Hwnd(), SW_SHOW);
+  UpdateWindow(Hwnd());
+}
+
+void SplashWindow::MakeWay() {
+  if (leaving_) ShowWindow(Hwnd(), SW_HIDE);
 }
 
 LRESULT SplashWindow::HandleMessage(UINT message, WPARAM wparam, LPARAM lparam) {

@@ -20,7 +20,10 @@ class SplashWindow final : public BaseWindow<SplashWindow>, public Splash {
 
   void Lb_msg(StringView text) override { ShowPhase(text); }
   void Progress(double fraction) override;
+  /// Hiding waits for MakeWay.
   void Visible(bool visible) override;
+  /// The main window is on the screen: goes, if it was told to.
+  void MakeWay();
 
   LRESULT HandleMessage(UINT message, WPARAM wparam, LPARAM lparam);
 
@@ -39,6 +42,7 @@ class SplashWindow final : public BaseWindow<SplashWindow>, public Splash {
   HWND message_ = nullptr;  // children, not owned
   HWND track_ = nullptr;
   HWND cover_ = nullptr;
+  bool leaving_ = false;
 };
 
 }  // namespace tolvane::platform::windows

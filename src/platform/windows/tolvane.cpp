@@ -10,6 +10,7 @@
 #include "platform/windows/message_box.h"
 #include "platform/windows/process.h"
 #include "platform/windows/support_library.h"
+#include "platform/windows/theme.h"
 #include "platform/windows/vendor_libraries.h"
 #include "platform/windows/wall_clock.h"
 
@@ -32,9 +33,30 @@ class Apartment {
   bool entered_;
 };
 
-int Run(HINSTANCE instance, int show_command) {
+/// What holds for the process as a whole, before anything else is loaded or shown.
+void PrepareProcess() {
   // A library that cannot be loaded is told by the program, not by a box of the system.
   SetErrorMode(SEM_FAILCRITICALERRORS | SEM_NOOPENFILEERRORBOX);
+  // No library comes from the current folder. The rest of the search stays: vendors' libraries may
+  // rely on it for their own.
+  SetDllDirectoryW(L"");
+  LoadVisualStyles();
+  // A flush may last longer than the 5 s after which a picture of a hung window takes the place of
+  // the window.
+  DisableProcessWindowsGhosting();
+}
+
+/// The stop message of a program that has no window.
+void TellNoWindow(EventGate& gate, const String& program_folder) {
+  ELM327_Info names(program_folder);
+  names.Param_ALL_Clear();
+  WindowsMessageBox(gate, nullptr)
+      .Critical(u"ウィンドウを作成できません。\r\nアプリケーションを終了します。",
+                names.Application_title);
+}
+
+int Run(HINSTANCE instance, int show_command) {
+  PrepareProcess();
   const INITCOMMONCONTROLSEX classes{sizeof(classes), ICC_STANDARD_CLASSES | ICC_WIN95_CLASSES};
   InitCommonControlsEx(&classes);
   const Apartment apartment;
@@ -52,10 +74,13 @@ int Run(HINSTANCE instance, int show_command) {
   SplashWindow splash(instance);
   Form1Window::WorkerWindows workers(gate, instance, kViewInterval);
   Form1Window window(instance, gate, loop, code_page, splash, workers);
-  if (!window.CreateHidden()) return 1;
+  if (!window.CreateHidden()) {
+    TellNoWindow(gate, program_folder);
+    return 1;
+  }
 
   WindowsSupportLibrary qxt100(program_folder + u"\\qxt100.dll");
-  WindowsTimerResolution winmm;
+  WindowsTimerResolution winmm(system_folder + u"\\winmm.dll");
   WindowsCanusb canusbdrv(system_folder + u"\\canusbdrv.dll");
   WindowsIfcan ifcan(system_folder + u"\\IFCan.dll");
   WindowsCanlib canlib32(system_folder + u"\\canlib32.dll");

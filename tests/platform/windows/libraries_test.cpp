@@ -4,6 +4,7 @@
 #include <cmath>
 
 #include "platform/windows/file_services.h"
+#include "platform/windows/process.h"
 #include "platform/windows/support_library.h"
 #include "platform/windows/vendor_libraries.h"
 #include "tests/platform/windows/scratch_folder.h"
@@ -42,6 +43,14 @@ TEST(Qxt100, FadesByItsExport) {
   EXPECT_EQ(library.ColorAttenuation(0x4080FF, 60000, 60000), 0x4080FF);
   EXPECT_EQ(library.ColorAttenuation(0x4080FF, 30000, 60000), 0x20407F);
   EXPECT_EQ(library.ColorAttenuation(0x4080FF, 0, 60000), 0);
+}
+
+TEST(Library, StaysLoadedWhenItsObjectHasGone) {
+  {
+    WindowsSupportLibrary library(ProgramFile(u"qxt100.dll"));
+    ASSERT_TRUE(library.Load());
+  }
+  EXPECT_NE(GetModuleHandleW(L"qxt100.dll"), nullptr);
 }
 
 TEST(UnusableLibrary, MissingFileIsNotLoaded) {
@@ -92,6 +101,12 @@ TEST(UnusableLibrary, OneWithoutACalledExportFindsNothing) {
   EXPECT_LT(canlib.canGetNumberOfChannels(count), 0);
   EXPECT_EQ(count, 0);
   EXPECT_LT(canlib.canOpenChannel(0, 128), 0);
+}
+
+TEST(UnusableLibrary, WithoutTheTimerServiceARunGoesOn) {
+  WindowsTimerResolution winmm(ProgramFile(u"missing.dll"));
+  winmm.timeBeginPeriod(1);
+  winmm.timeEndPeriod(1);
 }
 
 }  // namespace

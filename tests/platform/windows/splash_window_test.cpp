@@ -25,14 +25,18 @@ class SplashTest : public testing::Test {
   SplashWindow splash_{GetModuleHandleW(nullptr)};
 };
 
-TEST_F(SplashTest, ShowsThePhaseOnlyWhileItIsVisible) {
+TEST_F(SplashTest, ShowsThePhaseUntilItMakesWay) {
   EXPECT_FALSE(IsWindowVisible(splash_.Hwnd()));
   ShowPhase(splash_, u"デバイスの初期処理中");
   splash_.Visible(true);
   EXPECT_TRUE(IsWindowVisible(splash_.Hwnd()));
   EXPECT_EQ(WindowText(GetDlgItem(splash_.Hwnd(), Lb_msg)), u"デバイスの初期処理中");
   EXPECT_TRUE(WindowPicture(splash_.Hwnd()).Save(u"splash"));
+  splash_.MakeWay();
+  EXPECT_TRUE(IsWindowVisible(splash_.Hwnd())) << "nobody told it to go";
   splash_.Visible(false);
+  EXPECT_TRUE(IsWindowVisible(splash_.Hwnd())) << "no window of the program would be left";
+  splash_.MakeWay();
   EXPECT_FALSE(IsWindowVisible(splash_.Hwnd()));
 }
 

@@ -1,0 +1,115 @@
+// What surrounds the real program: libraries beside it, other windows, a system that lacks a part.
+#include <array>
+#include <list>
+
+#include "tests/window/window_fixture.h"
+#include "tools/drive/text.h"
+// Last: its symbols are also names of controls elsewhere.
+#include "src/platform/windows/resources/resource.h"
+
+namespace tolvane::window {
+namespace {
+
+using Surroundings = RealProgram;
+
+/// Which file a library is taken from, where the test's system is Wine: "" none, "native,builtin"
+/// the one that Windows would take. Windows itself does not look at it.
+class LibraryChoice {
+ public:
+  LibraryChoice(const wchar_t* library, const std::wstring& choice) : library_(library) {
+    RegSetKeyValueW(HKEY_CURRENT_USER, kKey, library_, REG_SZ, choice.c_str(),
+                    static_cast<DWORD>((choice.size() + 1) * sizeof(wchar_t)));
+  }
+  ~LibraryChoice() { RegDeleteKeyValueW(HKEY_CURRENT_USER, kKey, library_); }
+  LibraryChoice(const LibraryChoice&) = delete;
+  LibraryChoice& operator=(const LibraryChoice&) = delete;
+
+ private:
+  static constexpr const wchar_t* kKey = L"Software\\Wine\\AppDefaults\\Tolvane.exe\\DllOverrides";
+  const wchar_t* library_;
+};
+
+bool IsWine() {
+  return GetProcAddress(GetModuleHandleW(L"ntdll.dll"), "wine_get_version") != nullptr;
+}
+
+// Libraries of the system that it does not insist on taking from its own folder.
+constexpr std::array kPlanted{L"uxtheme", L"winmm", L"msftedit"};
+
+TEST_F(Surroundings, NoLibraryBesideTheProgramTakesThePlaceOfOneOfTheSystem) {
+  std::list<LibraryChoice> as_on_windows;
+  for (const wchar_t* name : kPlanted) {
+    as_on_windows.emplace_back(name, L"native,builtin");
+    std::filesystem::copy_file(OwnFolder() / L"tolvane_planted.dll",
+                               folder_.Path() / (std::wstring(name) + L".dll"));
+  }
+  PlugIn(kOneCanusb, {L"canusbdrv.dll"});
+  const DrivenWindow window = StartProgram();
+  ASSERT_TRUE(window.Exists());
+  ASSERT_NO_FATAL_FAILURE(Connect(window));
+  ASSERT_NO_FATAL_FAILURE(Disconnect(window));
+  // The settings dialog draws by the visual style.
+  window.Command(menu_common_setting);
+  EXPECT_TRUE(WaitUntil(
+      [&] { return FindTopWindow(L"TolvaneSettingsDialog", program_->Id()) != nullptr; }));
+  for (const wchar_t* name : kPlanted) {
+    // Wine itself asks for this one by its bare name before the program's first line; the planted
+    // one has refused then and the program gone on.
+    if (IsWine() && std::wstring_view(name) == L"uxtheme") continue;
+    EXPECT_FALSE(std::filesystem::exists(folder_.Path() / (std::wstring(name) + L".dll.loaded")))
+        << Utf8(name);
+  }
+}
+
+TEST_F(Surroundings, AControlThatCannotBeMadeEndsTheStartWithAMessage) {
+  if (!IsWine()) GTEST_SKIP() << "Windows cannot be told to do without one of its libraries";
+  const LibraryChoice without(L"msftedit", L"");
+  PlugIn(kOneCanusb, {L"canusbdrv.dll"});
+  const std::optional<ShownMessage> message = StartToMessage();
+  ASSERT_TRUE(message);
+  EXPECT_EQ(Utf8(message->title), Utf8(L"Tolvane Ver1.23"));
+  EXPECT_EQ(Utf8(message->text),
+            Utf8(L"ウィンドウを作成できません。\r\nアプリケーションを終了します。"));
+  KeepPicture(message->box, "message");
+  ASSERT_TRUE(Press(*message, IDOK));
+  EXPECT_EQ(program_->WaitForEnd(), 1u);
+  EXPECT_FALSE(std::filesystem::exists(folder_.Path() / L"lglist.dat"));
+}
+
+DWORD ProcessOf(HWND window) {
+  DWORD process = 0;
+  GetWindowThreadProcessId(window, &process);
+  return process;
+}
+
+TEST_F(Surroundings, TheForegroundPassesFromTheSplashToTheMainWindow) {
+  PlugIn(kOneCanusb, {L"canusbdrv.dll"});
+  const HWND another = CreateWindowExW(0, L"STATIC", L"", WS_OVERLAPPEDWINDOW | WS_VISIBLE, 0, 0,
+                                       300, 200, nullptr, nullptr, nullptr, nullptr);
+  ASSERT_TRUE(SetForegroundWindow(another));
+  program_.emplace(folder_.Executable());
+  ASSERT_TRUE(program_->Started());
+
+  HWND main = nullptr;
+  bool had_it = false;
+  bool gave_it_away = false;
+  EXPECT_TRUE(WaitUntil([&] {
+    // Looked at without a pause for a while: what is sought may last a few milliseconds.
+    for (const ULONGLONG end = GetTickCount64() + 100; GetTickCount64() < end;) {
+      MSG waiting;
+      while (PeekMessageW(&waiting, nullptr, 0, 0, PM_REMOVE)) DispatchMessageW(&waiting);
+      const bool has_it = ProcessOf(GetForegroundWindow()) == program_->Id();
+      gave_it_away = gave_it_away || (had_it && !has_it);
+      had_it = had_it || has_it;
+    }
+    main = FindTopWindow(kMainWindowClass, program_->Id());
+    return main != nullptr;
+  }));
+  EXPECT_TRUE(had_it);
+  EXPECT_FALSE(gave_it_away);
+  EXPECT_TRUE(WaitUntil([&] { return GetForegroundWindow() == main; }));
+  DestroyWindow(another);
+}
+
+}  // namespace
+}  // namespace tolvane::window
