@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <utility>
 #include <vector>
 
 #include "platform/file_services.h"
@@ -13,6 +14,11 @@ namespace tolvane {
 /// of memory that the x86 program does not have in one piece.
 class CsvChannel {
  public:
+  CsvChannel() = default;
+  explicit CsvChannel(String text) : unwritten_length_(text.size()) {
+    unwritten_.push_back(std::move(text));
+  }
+
   /// Room for `length` characters behind the text, null when the whole would pass `most` or there
   /// is no memory. Take counts in what was written there.
   [[nodiscard]] char16_t* Reserve(std::size_t length, std::size_t most) {

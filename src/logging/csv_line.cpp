@@ -53,4 +53,16 @@ std::size_t WriteCsvLine(const LogRecord& record, StringView mark, StringView id
   return static_cast<std::size_t>(writer.At() - line);
 }
 
+void AppendCsvLine(std::span<const String, LogTable::kColumns> row, bool with_mark, String& lines) {
+  constexpr std::size_t kFirstByte = 4;
+  if (row[0].size() < kTimeWidth) lines.append(kTimeWidth - row[0].size(), u' ');
+  lines.append(row[0]).append(u" , ");
+  if (with_mark) lines.append(CsvMark29(row[1].empty() ? 0 : 1));
+  lines.append(row[2]).append(u" , ").append(row[3]);
+  for (std::size_t i = kFirstByte; i < row.size() && !row[i].empty(); ++i) {
+    lines.append(i == kFirstByte ? u" ,  " : u",").append(row[i]);
+  }
+  lines.append(u"\r\n");
+}
+
 }  // namespace tolvane

@@ -1,8 +1,10 @@
 #pragma once
 
 #include <cstddef>
+#include <span>
 
 #include "logging/log_record.h"
+#include "logging/log_table.h"
 #include "platform/string.h"
 
 namespace tolvane {
@@ -18,5 +20,8 @@ constexpr std::size_t kCsvLine_MAX = 96;  // characters; the longest line has 87
 /// `mark` has at most 4 characters, `identifier` at most 15. Returns the number of characters.
 std::size_t WriteCsvLine(const LogRecord& record, StringView mark, StringView identifier,
                          char16_t* line);
+
+/// Appends the same line for a row of the spreadsheet records, `with_mark` that of 29-bit mode.
+void AppendCsvLine(std::span<const String, LogTable::kColumns> row, bool with_mark, String& lines);
 
 }  // namespace tolvane

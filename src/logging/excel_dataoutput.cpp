@@ -1,6 +1,7 @@
 #include <span>
 #include <utility>
 
+#include "logging/csv_line.h"
 #include "logging/excel_outputdb.h"
 #include "logging/excel_version.h"
 #include "logging/log_naming.h"
@@ -28,13 +29,23 @@ std::int32_t FileNumber(StringView text) {
   return number;
 }
 
+/// The lines that a csv log would have for the filled rows of a record table.
+String TableLines(std::span<const String> cells, bool with_mark) {
+  String lines;
+  for (; !cells.empty() && !cells.front().empty(); cells = cells.subspan(LogTable::kColumns)) {
+    AppendCsvLine({cells.first<LogTable::kColumns>()}, with_mark, lines);
+  }
+  return lines;
+}
+
 }  // namespace
 
 void Excel_OutputDB::Excel_DataOutput(std::int32_t Output_ch, ELM327_Info& device,
                                       platform::AutomationObject* objExcel, String& FileName_Date,
                                       String& FileName_No, const String& FolderName) {
   const platform::LocalTime now = services_.wall_clock.Now();
-  const String path = FreeLogPath(device, now, FileName_Date, FileName_No, FolderName);
+  const String path = FreeLogPath(device, now, LogExtension(device), &services_.events,
+                                  FileName_Date, FileName_No, FolderName);
   const String date = services_.wall_clock.GeneralDate(now);
   if (device.t_LogSaveFormat == kLogFormatSpreadsheet && device.ExcelInstallCheck >= 1) {
     LogTable* const table = TableOf(Output_ch);
@@ -56,7 +67,26 @@ void Excel_OutputDB::Excel_DataOutput(std::int32_t Output_ch, ELM327_Info& devic
   }
 }
 
+void Excel_OutputDB::Session_End_Output(ELM327_Info& device, String& FileName_Date,
+                                        String& FileName_No, const String& FolderName) {
+  CsvChannel rows;
+  const CsvChannel* records = BuilderOf(Excel_DB_ArayyCh);
+  if (device.t_LogSaveFormat == kLogFormatSpreadsheet) {
+    csv_DB_Initialize(0, device);  // a spreadsheet log has made no header so far
+    rows = CsvChannel(
+        TableLines(TableOf(Excel_DB_ArayyCh)->Cells(), device.t_msgID_type == kMsgIdType29Bit));
+    records = &rows;
+  } else if (device.t_LogSaveFormat != kLogFormatCsv) {
+    return;  // such a log is never written
+  }
+  const platform::LocalTime now = services_.wall_clock.Now();
+  const String path =
+      FreeLogPath(device, now, u".csv", nullptr, FileName_Date, FileName_No, FolderName);
+  static_cast<void>(WriteCsvFile(path, services_.wall_clock.GeneralDate(now), records));
+}
+
 String Excel_OutputDB::FreeLogPath(ELM327_Info& device, const platform::LocalTime& now,
+                                   StringView extension, platform::EventLoop* events,
                                    String& FileName_Date, String& FileName_No,
                                    const String& FolderName) {
   String folder = BaseFolder(device.t_LogSaveFilePath_mode, device.t_LogSaveFilePath,
@@ -73,7 +103,7 @@ String Excel_OutputDB::FreeLogPath(ELM327_Info& device, const platform::LocalTim
     FileName_Date = date.View();
   }
   NumberedPath found = FindFreePath(services_.files, folder + u"\\KL" + FileName_Date + u'-',
-                                    LogExtension(device), number, &services_.events);
+                                    extension, number, events);
   FileName_No = FileNumberText(found.number).View();
   return std::move(found.path);
 }

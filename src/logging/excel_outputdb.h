@@ -84,6 +84,12 @@ class Excel_OutputDB {
                         platform::AutomationObject* objExcel, String& FileName_Date,
                         String& FileName_No, const String& FolderName);
 
+  /// Writes the current channel to a new text file, whatever the log's format, since the process is
+  /// about to be ended from outside: yields to nobody and calls no spreadsheet server, which may be
+  /// in the midst of a flush or gone already. Clears nothing.
+  void Session_End_Output(ELM327_Info& device, String& FileName_Date, String& FileName_No,
+                          const String& FolderName);
+
  private:
   void Excel_DataStore1(const LogRecord& record, StringView identifier, std::int32_t can_Flag) {
     Excel_DataStore(Time_ID_DLC_Data1, record, identifier, can_Flag);
@@ -104,7 +110,9 @@ class Excel_OutputDB {
   void csv_DataTail(CsvChannel& channel, const LogRecord& record, StringView mark,
                     StringView identifier);
 
+  /// Yields by `events`, or not at all when that is null.
   [[nodiscard]] String FreeLogPath(ELM327_Info& device, const platform::LocalTime& now,
+                                   StringView extension, platform::EventLoop* events,
                                    String& FileName_Date, String& FileName_No,
                                    const String& FolderName);
   /// Null for a channel that does not exist: headers alone.

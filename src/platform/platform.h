@@ -11,6 +11,7 @@
 #include "platform/ifcan_library.h"
 #include "platform/local_time.h"
 #include "platform/message_box.h"
+#include "platform/run_protection.h"
 #include "platform/single_instance.h"
 #include "platform/support_library.h"
 #include "platform/timer.h"
@@ -44,6 +45,7 @@ struct Platform {
   Clipboard& clipboard;
   SingleInstance& single_instance;
   Cursors& cursors;
+  RunProtection& run_protection;
 };
 
 }  // namespace tolvane::platform

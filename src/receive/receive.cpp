@@ -68,6 +68,7 @@ class Run {
   void Log(const ReceivedFrame& frame);
   void Store(const ReceivedFrame& frame, double now_time);
   void Flush(std::int32_t Output_ch);
+  void OfferRecords();
   std::int32_t Finish();
   void FlushAndStopTimer();
   void Stop(StringView first_line, StringView second_line);
@@ -84,6 +85,7 @@ class Run {
   String FileName_Date_;
   String FileName_No_;
   String FolderName_;
+  bool session_ended_ = false;
 };
 
 template <typename Table>
@@ -149,6 +151,7 @@ template <typename Table>
 void Run<Table>::Start() {
   ShowRate();
   ShowReceiving();
+  OfferRecords();
   if (traits_.configuring == Configuring::kBeforeTimer) binding_.Configure(device_);
   worker_.TimerBackView.Enabled(true);
   if (traits_.configuring == Configuring::kAfterTimer) binding_.Configure(device_);
@@ -176,6 +179,15 @@ void Run<Table>::ShowReceiving() {
     }
   }
   parts_.TB_Status.Text(status);
+}
+
+template <typename Table>
+void Run<Table>::OfferRecords() {
+  if (device_.t_LogSave_Enable != 1) return;
+  parts_.Session_End_Output = [this] {
+    session_ended_ = true;
+    log_.Session_End_Output(device_, FileName_Date_, FileName_No_, FolderName_);
+  };
 }
 
 template <typename Table>
@@ -256,7 +268,8 @@ std::int32_t Run<Table>::Finish() {
 /// The timer is still on during the flush, which may yield: a tick can come in between.
 template <typename Table>
 void Run<Table>::FlushAndStopTimer() {
-  if (device_.t_LogSave_Enable == 1) Flush(log_.Excel_DB_ArayyCh);
+  if (device_.t_LogSave_Enable == 1 && !session_ended_) Flush(log_.Excel_DB_ArayyCh);
+  parts_.Session_End_Output = nullptr;
   if (worker_.TimerBackView.Enabled()) worker_.TimerBackView.Enabled(false);
 }
 

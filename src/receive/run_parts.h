@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 
 #include "logging/excel_outputdb.h"
 #include "platform/canlib_library.h"
@@ -21,6 +22,10 @@ namespace tolvane {
 struct RunParts {
   ELM327_Info& device;   // the settings that a tick reads, the same as those given to a run
   std::int32_t& RxFlag;  // 1 while the run is wanted
+  /// Filled by a run that logs, as long as it holds records: writes them for a process that is
+  /// about to be ended. Yields to nobody, so it may be called from below any yield of the run,
+  /// which then writes nothing more.
+  std::function<void()>& Session_End_Output;
   platform::ComboBox& Cmb_Serect_Device;
   platform::TextBox& TB_ODB_Hard_Version;
   platform::TextBox& TB_Protocol;

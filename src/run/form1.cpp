@@ -23,9 +23,11 @@ WorkerKind WorkerOf(const ELM327_Info& device) {
 }
 
 RunParts PartsOfRun(const platform::Platform& platform, const platform::MainWindow& window,
-                    ELM327_Info& device, std::int32_t& RxFlag) {
+                    ELM327_Info& device, std::int32_t& RxFlag,
+                    std::function<void()>& Session_End_Output) {
   return {.device = device,
           .RxFlag = RxFlag,
+          .Session_End_Output = Session_End_Output,
           .Cmb_Serect_Device = window.Cmb_Serect_Device,
           .TB_ODB_Hard_Version = window.TB_ODB_Hard_Version,
           .TB_Protocol = window.TB_Protocol,
@@ -51,7 +53,8 @@ Form1::Form1(const platform::Platform& platform, const platform::MainWindow& win
     : device(std::move(executable_folder)),
       platform_(platform),
       window_(window),
-      workers_(PartsOfRun(platform, window, device, RxFlag), platform.timers) {}
+      workers_(PartsOfRun(platform, window, device, RxFlag, Session_End_Output_), platform.timers) {
+}
 
 void Form1::Bt_Connect_Click() {
   if (closing_) return;
@@ -63,6 +66,7 @@ void Form1::Bt_Connect_Click() {
 }
 
 void Form1::Lock_Window() {
+  platform_.run_protection.Begin();
   window_.Bt_Connect.Enabled(false);
   window_.Bt_Disconnect.Enabled(true);
   window_.RTB_MainView.Locked(true);
@@ -136,6 +140,7 @@ void Form1::Put_Window_Back() {
   window_.Cmb_Serect_Device.Enabled(true);
   window_.Pic_Caution.Visible(false);
   window_.TB_LogComment.Locked(false);
+  platform_.run_protection.End();
 }
 
 void Form1::Close_Spreadsheet_Server() {

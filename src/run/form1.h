@@ -2,6 +2,7 @@
 
 #include <any>
 #include <cstdint>
+#include <functional>
 #include <memory>
 
 #include "platform/main_window.h"
@@ -43,6 +44,10 @@ class Form1 {
   /// What makes Form_QueryUnload refuse, without its saving: for the question at the end of a
   /// Windows session.
   [[nodiscard]] bool ClosingIsRefused() const;
+  /// The session ends although ClosingIsRefused: saves the records of the run, then what closing
+  /// saves, and ends the run. The process may be ended as soon as this returns. It yields to
+  /// nobody, as it may come in the midst of anything that pumps messages.
+  void Session_Ends();
 
   // run/form1.cpp: a run
 
@@ -109,6 +114,8 @@ class Form1 {
   void Check_Office();
   /// Moves the splash's bar and lets it repaint.
   void Splash_Step(double progress);
+  /// The page and, once they were read, the settings.
+  void Save_For_Next_Start();
   /// The message of a start that cannot go on, and the closing of the window.
   void End_Start(StringView reason);
 
@@ -140,6 +147,7 @@ class Form1 {
 
   platform::Platform platform_;
   platform::MainWindow window_;
+  std::function<void()> Session_End_Output_;  // of the run, empty while there is nothing to write
   Workers workers_;
   StartUp start_up_ = StartUp::kNotBegun;
   bool closing_ = false;

@@ -155,7 +155,16 @@ void Form1::Form_QueryUnload(std::int32_t& Cancel) {
   platform_.events.YieldToEvents();
   platform_.timers.FormBG.Enabled(false);
   if (start_up_ == StartUp::kNotBegun) return;  // what is on disk belongs to the other instance
+  Save_For_Next_Start();
+}
 
+void Form1::Session_Ends() {
+  if (Session_End_Output_) Session_End_Output_();
+  RxFlag = 0;
+  Save_For_Next_Start();
+}
+
+void Form1::Save_For_Next_Start() {
   Store_Comment(Trimmed_Comment());
   FileSaveSystem::SaveViewList(device, platform_.files, window_.RTB_MainView);
   if (start_up_ == StartUp::kSettingsRead) {

@@ -171,6 +171,7 @@ class RunBench {
 
   ELM327_Info device{u"C:\\Tolvane"};
   std::int32_t RxFlag = 0;
+  std::function<void()> Session_End_Output;
   CANUSB CAN_u;
   CAN_DB CAN_d;
   InterfaceCAN IfCan_u;
@@ -182,6 +183,7 @@ class RunBench {
 
   RunParts parts = {.device = device,
                     .RxFlag = RxFlag,
+                    .Session_End_Output = Session_End_Output,
                     .Cmb_Serect_Device = window.Cmb_Serect_Device,
                     .TB_ODB_Hard_Version = window.TB_ODB_Hard_Version,
                     .TB_Protocol = window.TB_Protocol,

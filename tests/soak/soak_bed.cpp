@@ -62,7 +62,8 @@ platform::Platform SoakBed::Platform() {
           .automation = machine.automation,
           .clipboard = machine.clipboard,
           .single_instance = machine.single_instance,
-          .cursors = machine.cursors};
+          .cursors = machine.cursors,
+          .run_protection = machine.run_protection};
 }
 
 void SoakBed::Run(bool ids29, std::int64_t length_us) {

@@ -18,7 +18,8 @@ platform::Platform MemoryPlatform::Platform() {
           .automation = automation,
           .clipboard = clipboard,
           .single_instance = single_instance,
-          .cursors = cursors};
+          .cursors = cursors,
+          .run_protection = run_protection};
 }
 
 }  // namespace tolvane::platform::memory

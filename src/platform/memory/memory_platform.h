@@ -14,6 +14,7 @@
 #include "platform/memory/main_window.h"
 #include "platform/memory/message_box.h"
 #include "platform/memory/rich_text_view.h"
+#include "platform/memory/run_protection.h"
 #include "platform/memory/single_instance.h"
 #include "platform/memory/special_folders.h"
 #include "platform/memory/support_library.h"
@@ -55,6 +56,7 @@ class MemoryPlatform {
   Clipboard clipboard{journal};
   SingleInstance single_instance;
   Cursors cursors;
+  RunProtection run_protection;
   memory::MainWindow window{journal};
   RichTextView RTB_MainView{journal, files};
 };

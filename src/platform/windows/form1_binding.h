@@ -21,6 +21,7 @@ class Form1Binding final : public Form1Events {
   [[nodiscard]] bool QueryUnload() override;
   void Unload() override { form_.Form_Unload(); }
   [[nodiscard]] bool ClosingIsRefused() const override { return form_.ClosingIsRefused(); }
+  void SessionEnds() override { form_.Session_Ends(); }
 
  private:
   Form1& form_;

@@ -4,7 +4,7 @@
 
 namespace tolvane::platform::windows {
 
-/// What the main window tells the logic. All but the last come through the event gate.
+/// What the main window tells the logic. All but the last two come through the event gate.
 class Form1Events {
  public:
   virtual ~Form1Events() = default;
@@ -23,6 +23,9 @@ class Form1Events {
   /// The same question at the end of a Windows session, without the saving. It comes past the gate
   /// and changes nothing.
   [[nodiscard]] virtual bool ClosingIsRefused() const = 0;
+  /// The session ends although closing is refused. It comes past the gate too: the process may be
+  /// ended as soon as this returns.
+  virtual void SessionEnds() = 0;
 };
 
 }  // namespace tolvane::platform::windows

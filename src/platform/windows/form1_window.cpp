@@ -144,8 +144,7 @@ LRESULT Form1Window::HandleMessage(UINT message, WPARAM wparam, LPARAM lparam) {
     case WM_QUERYENDSESSION:
       return events_ == nullptr || !events_->ClosingIsRefused();
     case WM_ENDSESSION:
-      // Past the gate: the process is ended when this returns.
-      if (wparam != FALSE && started_) Unload();
+      if (wparam != FALSE && started_) OnSessionEnd();
       return 0;
     case WM_SIZE:
       OnSize(LOWORD(lparam), HIWORD(lparam));
@@ -196,11 +195,13 @@ void Form1Window::OnMenuOrClick(int id) {
 /// A settings dialog may have opened since the click.
 void Form1Window::StartRun() {
   if (events_ == nullptr) return;
-  if (IsWindowEnabled(Hwnd())) {
-    events_->Command(Bt_Connect);
-  } else {
+  if (!IsWindowEnabled(Hwnd())) {
     connect_.Enabled(true);
+    return;
   }
+  events_->Command(Bt_Connect);
+  // The process was not ended meanwhile: a set-up program, say, only wants its files free.
+  if (session_ended_) Unload();
 }
 
 /// What the user cannot choose, no other program can by a message. Behind a modal window that is
@@ -251,6 +252,14 @@ void Form1Window::OnClose() {
   // A settings dialog stands over the window.
   if (!IsWindowEnabled(Hwnd())) return;
   gate_.Deliver([this] { Unload(); });
+}
+
+/// Past the gate: the process is ended when this returns.
+void Form1Window::OnSessionEnd() {
+  if (events_ == nullptr || session_ended_) return;
+  if (!events_->ClosingIsRefused()) return Unload();
+  session_ended_ = true;
+  events_->SessionEnds();
 }
 
 void Form1Window::OnSize(int width, int height) {

@@ -85,6 +85,7 @@ class Form1Window final : public BaseWindow<Form1Window>,
   [[nodiscard]] bool CanBeChosen(int id) const;
   [[nodiscard]] bool MenuItemEnabled(int id) const;
   void OnClose();
+  void OnSessionEnd();
   void OnSize(int width, int height);
   void OnActivate(bool active);
   [[nodiscard]] POINT PopUpPlace() const;
@@ -119,6 +120,7 @@ class Form1Window final : public BaseWindow<Form1Window>,
   bool by_keyboard_ = false;    // how the pop-up was asked for
   bool started_ = false;        // Form_Load has returned
   bool close_wanted_ = false;   // WM_CLOSE came before
+  bool session_ended_ = false;  // in the midst of a run
   bool unloading_ = false;
 };
 

@@ -8,9 +8,9 @@
 
 namespace tolvane::platform::windows {
 
-// Functions of Windows that are looked up by name, because their library is none of those that the
-// system always takes from its own folder. A library of that kind which the program imported would
-// be taken from beside the executable first.
+// Functions of Windows that are looked up by name: because not every Windows has them, or because
+// their library is none of those that the system always takes from its own folder. A library of
+// that kind which the program imported would be taken from beside the executable first.
 
 /// Full path of a library of the system.
 [[nodiscard]] inline String SystemLibrary(StringView file) {
@@ -41,6 +41,16 @@ template <typename Visit>
 void ForEachExport(Winmm& library, Visit visit) {
   visit("timeBeginPeriod", library.timeBeginPeriod);
   visit("timeEndPeriod", library.timeEndPeriod);
+}
+
+/// What Windows 8 brought.
+struct Kernel32Of8 {
+  BOOL(WINAPI* SetProcessInformation)(HANDLE process, int kind, void* data, DWORD size);
+};
+
+template <typename Visit>
+void ForEachExport(Kernel32Of8& library, Visit visit) {
+  visit("SetProcessInformation", library.SetProcessInformation);
 }
 
 }  // namespace tolvane::platform::windows

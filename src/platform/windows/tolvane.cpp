@@ -9,6 +9,7 @@
 #include "platform/windows/form1_window.h"
 #include "platform/windows/message_box.h"
 #include "platform/windows/process.h"
+#include "platform/windows/run_protection.h"
 #include "platform/windows/support_library.h"
 #include "platform/windows/theme.h"
 #include "platform/windows/vendor_libraries.h"
@@ -89,6 +90,7 @@ int Run(HINSTANCE instance, int show_command) {
   WindowsAutomationServers automation;
   WindowsClipboard clipboard(window.Hwnd());
   WindowsCursors cursors;
+  WindowsRunProtection run_protection(window.Hwnd());
   const Platform platform{loop,
                           {workers.FormBG, workers.FormBG2, workers.FormBG_29, workers.FormBG2_29},
                           qxt100,
@@ -104,7 +106,8 @@ int Run(HINSTANCE instance, int show_command) {
                           automation,
                           clipboard,
                           single_instance,
-                          cursors};
+                          cursors,
+                          run_protection};
 
   Form1 form(platform, window.Face(), program_folder);
   DialogWindows dialogs({instance, gate, loop, window.Hwnd()}, files, form.device,

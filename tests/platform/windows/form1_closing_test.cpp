@@ -5,6 +5,8 @@
 #include <thread>
 
 #include "tests/platform/windows/main_window_bed.h"
+// Last: its symbols are also names of members.
+#include "platform/windows/resources/resource.h"
 
 namespace tolvane::platform::windows {
 namespace {
@@ -49,10 +51,31 @@ TEST_F(MainWindowTest, TheEndOfTheSessionIsRefusedDuringARunAndElseClosesTheWind
   EXPECT_EQ(events_.unloads, 1);
 }
 
+// A system that is in a hurry does not wait for the answer.
+TEST_F(MainWindowTest, AForcedEndOfTheSessionIsToldOnceAtOnceAndClosesTheWindowBehindTheRun) {
+  window_.Start(SW_SHOW);
+  events_.refuse = true;
+  int ends_in_the_run = 0;
+  events_.on_command = [&](int) {
+    SendMessageW(window_.Hwnd(), WM_ENDSESSION, TRUE, 0);
+    SendMessageW(window_.Hwnd(), WM_ENDSESSION, TRUE, 0);
+    ends_in_the_run = events_.session_ends;
+    EXPECT_EQ(events_.queries, 0);
+    events_.refuse = false;  // the run is through
+  };
+  EnableWindow(Child(Bt_Connect), TRUE);
+  Click(Bt_Connect);
+  loop_.YieldToEvents();
+  EXPECT_EQ(ends_in_the_run, 1);
+  EXPECT_EQ(events_.unloads, 1);
+  EXPECT_TRUE(loop_.Ended());
+}
+
 TEST_F(MainWindowTest, TheEndOfTheSessionDuringTheStartSavesNothing) {
   EXPECT_EQ(SendMessageW(window_.Hwnd(), WM_QUERYENDSESSION, 0, 0), TRUE);
   SendMessageW(window_.Hwnd(), WM_ENDSESSION, TRUE, 0);
   EXPECT_EQ(events_.queries, 0);
+  EXPECT_EQ(events_.session_ends, 0);
 }
 
 TEST_F(MainWindowTest, AThreadMessageToQuitIsAWishToCloseAndIsRefusedDuringARun) {

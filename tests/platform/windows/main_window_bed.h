@@ -30,6 +30,7 @@ class RecordedEvents final : public Form1Events {
   }
   void Unload() override { ++unloads; }
   [[nodiscard]] bool ClosingIsRefused() const override { return refuse; }
+  void SessionEnds() override { ++session_ends; }
 
   std::vector<int> commands;
   std::function<void(int)> on_command;
@@ -39,6 +40,7 @@ class RecordedEvents final : public Form1Events {
   int focuses = 0;
   int queries = 0;
   int unloads = 0;
+  int session_ends = 0;
   bool refuse = false;
 };
 
