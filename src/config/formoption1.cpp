@@ -39,6 +39,9 @@ void FormOption1::read_setting(const ELM327_Info& device) {
     TB_DisableID_Start[i].text = String(HexSettingText(device.t_DisableID_Start(row)));
     TB_DisableID_End[i].text = String(HexSettingText(device.t_DisableID_End(row)));
   }
+  CB_DisableID.back().enabled = false;
+  TB_DisableID_Start.back().enabled = false;
+  TB_DisableID_End.back().enabled = false;
   CB_Save_ID_DisableMode.checked = device.t_Save_ID_DisableMode == 1;
   for (std::size_t i = 0; i < kRows; ++i) {
     const auto row = static_cast<std::int16_t>(i);

@@ -30,8 +30,8 @@ struct FormOption1 {
     Bt_MarkerColor_Dialog[static_cast<std::size_t>(Index)].Ask(CommonDialog1);
   }
   /// Writes what is good, row by row; a bad range, ID or byte pair is dropped and the old one
-  /// stays, while its row's check box is taken. The last exclusion row is shown but never written
-  /// back, so that a range in it stays in force until the settings file is gone.
+  /// stays, while its row's check box is taken. The last exclusion row is shown, disabled, and
+  /// never written back, so that a range in it stays in force until the settings file is gone.
   void Bt_OK_Click(ELM327_Info& device) const;
 };
 

@@ -105,6 +105,20 @@ void FormOptionLog1::Log_Folder_Drop(std::span<const String> paths, platform::Fi
   TakeDroppedFolder(paths, files, TB_LogSaveFilePath);
 }
 
+void FormOptionLog1::Img_save_folder_Click(platform::FolderDialog& dialog,
+                                           platform::FileServices& files) {
+  if (const auto folder = dialog.ShowFolder(TB_SaveFilePath.text)) {
+    Folder_Drop({&*folder, 1}, files);
+  }
+}
+
+void FormOptionLog1::Img_Log_save_folder_Click(platform::FolderDialog& dialog,
+                                               platform::FileServices& files) {
+  if (const auto folder = dialog.ShowFolder(TB_LogSaveFilePath.text)) {
+    Log_Folder_Drop({&*folder, 1}, files);
+  }
+}
+
 void FormOptionLog1::Bt_OK_Click(ELM327_Info& device) const {
   kSnapshotFormats.Take(RB_SV_Format, device.t_SaveFormat);
   kExcelFormats.Take(RB_Excel_Format, device.t_Excel_Format);

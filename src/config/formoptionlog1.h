@@ -5,6 +5,7 @@
 
 #include "config/dialog_controls.h"
 #include "platform/file_services.h"
+#include "platform/folder_dialog.h"
 #include "run/elm327_info.h"
 
 namespace tolvane {
@@ -42,6 +43,11 @@ struct FormOptionLog1 {
   /// folder with a further attribute) its parent. Nothing dropped or no such path leaves the box.
   void Folder_Drop(std::span<const String> paths, platform::FileServices& files);
   void Log_Folder_Drop(std::span<const String> paths, platform::FileServices& files);
+
+  /// A click on either picture beside a box: the folder that the user chooses fills the box as a
+  /// dropped one would.
+  void Img_save_folder_Click(platform::FolderDialog& dialog, platform::FileServices& files);
+  void Img_Log_save_folder_Click(platform::FolderDialog& dialog, platform::FileServices& files);
 
   /// Writes every control as it stands.
   void Bt_OK_Click(ELM327_Info& device) const;

@@ -2,14 +2,21 @@
 
 #include <cstdint>
 
+#include "platform/file_services.h"
 #include "platform/help_window.h"
+#include "platform/shell.h"
 
-/// The help texts of the settings dialogs.
+/// The help texts of the settings dialogs, and the manual.
 namespace tolvane::HelpWizard {
 
 /// Shows a text in FormHelp: topic 1 of the common settings, 2 of the extension settings, 3 of the
 /// log settings. Any other topic does nothing.
 void Help_Show(std::int32_t topic, platform::HelpWindow& FormHelp,
                platform::StringResources& resources);
+
+/// Shows the manual, manual.html of the executable's folder, at what helps before a run or in one.
+/// Does nothing when it is not there.
+void Manual_Show(StringView executable_folder, bool connected, platform::FileServices& files,
+                 platform::Shell& shell);
 
 }  // namespace tolvane::HelpWizard

@@ -110,6 +110,17 @@ TEST_F(FormOption1Test, TheLastExclusionRowIsNeverWrittenBack) {
   EXPECT_EQ(device.t_DisableID_End(7), 0x3FF);
 }
 
+TEST_F(FormOption1Test, TheLastExclusionRowAloneIsGrey) {
+  form.read_setting(device);
+  for (std::size_t row = 0; row < FormOption1::kRows; ++row) {
+    EXPECT_EQ(form.CB_DisableID[row].enabled, row != 7) << row;
+    EXPECT_EQ(form.TB_DisableID_Start[row].enabled, row != 7) << row;
+    EXPECT_EQ(form.TB_DisableID_End[row].enabled, row != 7) << row;
+    EXPECT_TRUE(form.CB_MsgMarker[row].enabled) << row;
+    EXPECT_TRUE(form.TB_MsgMarkerID[row].enabled) << row;
+  }
+}
+
 TEST_F(FormOption1Test, ClearedBoxesSwitchOffEveryRowButTheLastRange) {
   for (std::int16_t row = 0; row < 8; ++row) {
     device.t_DisableID_ON(row, 1);

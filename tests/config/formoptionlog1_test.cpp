@@ -6,6 +6,7 @@
 
 #include "platform/memory/code_page_932.h"
 #include "platform/memory/file_system.h"
+#include "platform/memory/folder_dialog.h"
 
 namespace tolvane {
 namespace {
@@ -307,6 +308,51 @@ TEST_F(FormOptionLog1Drop, BitsThatTellOfStorageMakeAFolderNoOtherOne) {
     form.Folder_Drop(std::vector<String>{u"D:\\logs\\odd"}, files);
     EXPECT_EQ(form.TB_SaveFilePath.text, row.taken ? u"D:\\logs\\odd" : u"D:\\logs") << row.label;
   }
+}
+
+/// The two boxes and the pictures beside each.
+class FormOptionLog1Chooser : public FormOptionLog1Test {
+ protected:
+  FormOptionLog1Chooser() {
+    files.AddFolder(u"D:\\logs");
+    files.AddFolder(u"D:\\old\\logs");
+    files.SetAttributes(u"D:\\old\\logs", 17);
+    form.read_setting(device);
+    form.TB_SaveFilePath.text = u"C:\\pages";
+    form.TB_LogSaveFilePath.text = u"C:\\logs";
+  }
+
+  platform::memory::CodePage932 code_page;
+  platform::memory::FileSystem files{code_page};
+  platform::memory::FolderDialog dialog;
+};
+
+TEST_F(FormOptionLog1Chooser, AChosenFolderFillsTheBoxOfItsSideAlone) {
+  dialog.Answer(u"D:\\logs");
+  form.Img_save_folder_Click(dialog, files);
+  EXPECT_EQ(form.TB_SaveFilePath.text, u"D:\\logs");
+  EXPECT_EQ(form.TB_LogSaveFilePath.text, u"C:\\logs");
+  dialog.Answer(u"D:\\");
+  form.Img_Log_save_folder_Click(dialog, files);
+  EXPECT_EQ(form.TB_SaveFilePath.text, u"D:\\logs");
+  EXPECT_EQ(form.TB_LogSaveFilePath.text, u"D:");
+}
+
+TEST_F(FormOptionLog1Chooser, AChosenFolderFollowsTheRuleOfDroppedOnes) {
+  dialog.Answer(u"D:\\old\\logs");
+  form.Img_Log_save_folder_Click(dialog, files);
+  EXPECT_EQ(form.TB_LogSaveFilePath.text, u"D:\\old") << "read-only";
+  dialog.Answer(u"E:\\gone");
+  form.Img_Log_save_folder_Click(dialog, files);
+  EXPECT_EQ(form.TB_LogSaveFilePath.text, u"D:\\old") << "no such folder";
+}
+
+TEST_F(FormOptionLog1Chooser, ACancelledDialogChangesNothingAndEachBeginsInItsBox) {
+  form.Img_save_folder_Click(dialog, files);
+  form.Img_Log_save_folder_Click(dialog, files);
+  EXPECT_EQ(form.TB_SaveFilePath.text, u"C:\\pages");
+  EXPECT_EQ(form.TB_LogSaveFilePath.text, u"C:\\logs");
+  EXPECT_EQ(dialog.Starts(), (std::vector<String>{u"C:\\pages", u"C:\\logs"}));
 }
 
 }  // namespace

@@ -5,7 +5,10 @@
 
 #include <cstdint>
 
+#include "platform/memory/code_page_932.h"
+#include "platform/memory/file_system.h"
 #include "platform/memory/help_window.h"
+#include "platform/memory/shell.h"
 
 namespace tolvane {
 namespace {
@@ -42,6 +45,43 @@ TEST_F(HelpWizardTest, AnyOtherTopicDoesNothing) {
     HelpWizard::Help_Show(topic, FormHelp, resources);
     EXPECT_THAT(journal.Lines(), IsEmpty()) << topic;
     EXPECT_FALSE(FormHelp.Visible()) << topic;
+  }
+}
+
+class ManualTest : public testing::Test {
+ protected:
+  platform::memory::Journal journal;
+  platform::memory::Shell shell{journal};
+  platform::memory::CodePage932 code_page;
+  platform::memory::FileSystem files{code_page};
+};
+
+TEST_F(ManualTest, IsShownAtWhatHelpsBeforeARunOrInOne) {
+  files.AddFile(u"C:\\Tolvane\\manual.html", "");
+  HelpWizard::Manual_Show(u"C:\\Tolvane", false, files, shell);
+  EXPECT_THAT(journal.Take(), ElementsAre("OpenPage(C:\\Tolvane\\manual.html, "
+                                          "file:///C:/Tolvane/manual.html#2-接続して受信する)"));
+  HelpWizard::Manual_Show(u"C:\\Tolvane", true, files, shell);
+  EXPECT_THAT(journal.Take(), ElementsAre("OpenPage(C:\\Tolvane\\manual.html, "
+                                          "file:///C:/Tolvane/manual.html#3-画面の見方)"));
+}
+
+TEST_F(ManualTest, StandsBesideTheProgramOrNothingHappens) {
+  files.AddFile(u"C:\\manual.html", "");
+  HelpWizard::Manual_Show(u"C:\\Tolvane", false, files, shell);
+  EXPECT_THAT(journal.Lines(), IsEmpty());
+}
+
+TEST_F(ManualTest, IsFoundInFoldersOfAnyName) {
+  const struct {
+    StringView folder;
+    const char* address;
+  } rows[] = {{u"D:\\計測 #1 100%", "file:///D:/計測%20%231%20100%25/manual.html#"},
+              {u"\\\\server\\tools", "file://server/tools/manual.html#"}};
+  for (const auto& row : rows) {
+    files.AddFile(String(row.folder) + u"\\manual.html", "");
+    HelpWizard::Manual_Show(row.folder, false, files, shell);
+    EXPECT_THAT(journal.Take(), ElementsAre(testing::HasSubstr(row.address)));
   }
 }
 

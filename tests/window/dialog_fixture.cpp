@@ -26,6 +26,10 @@ bool Shows(const DrivenWindow& dialog, int id, COLORREF colour, std::size_t pixe
   return WaitUntil([&] { return CountScreenPixels(dialog.Control(id), colour) >= pixels; });
 }
 
+bool OnWine() {
+  return GetProcAddress(GetModuleHandleW(L"ntdll.dll"), "wine_get_version") != nullptr;
+}
+
 void OpenedWindows::Start() {
   main_ = StartProgram();
   ASSERT_TRUE(main_.Exists());

@@ -19,6 +19,10 @@ constexpr const wchar_t* kVersionClass = L"TolvaneVersion";
 [[nodiscard]] bool Shows(const DrivenWindow& dialog, int id, COLORREF colour,
                          std::size_t pixels = 10);
 
+/// For tests that Windows itself would not let pass: it keeps the choice of a browser to its user,
+/// and its own dialogs are made of other windows.
+[[nodiscard]] bool OnWine();
+
 /// A test with the real program that opens its other windows.
 class OpenedWindows : public RealProgram {
  protected:

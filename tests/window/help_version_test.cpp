@@ -1,6 +1,7 @@
 // The help window and the version window.
 #include <array>
 #include <filesystem>
+#include <fstream>
 
 #include "tests/window/log_fixture.h"
 #include "tools/drive/text.h"
@@ -130,46 +131,41 @@ TEST_F(Version, TheMouseIsAHandOverTheLinksAlone) {
   End();
 }
 
-/// Has addresses of the web opened, while the object lives, by a command that writes them into a
-/// file.
-class AddressesGoTo {
+/// Has what is of a class, such as addresses of the web, opened by another command while the object
+/// lives.
+class OpenedBy {
  public:
-  explicit AddressesGoTo(const std::filesystem::path& file) {
+  OpenedBy(const std::wstring& file_class, const std::wstring& command)
+      : key_(file_class + L"\\shell\\open\\command") {
     DWORD size = sizeof(before_);
-    ready_ = RegGetValueW(HKEY_CLASSES_ROOT, kCommand, nullptr, RRF_RT_REG_SZ, nullptr,
+    ready_ = RegGetValueW(HKEY_CLASSES_ROOT, key_.c_str(), nullptr, RRF_RT_REG_SZ, nullptr,
                           before_.data(), &size) == ERROR_SUCCESS &&
-             Store(L"cmd.exe /c echo %1>>\"" + file.wstring() + L"\"");
+             Store(command);
   }
-  ~AddressesGoTo() {
+  ~OpenedBy() {
     if (ready_) Store(before_.data());
   }
-  AddressesGoTo(const AddressesGoTo&) = delete;
-  AddressesGoTo& operator=(const AddressesGoTo&) = delete;
+  OpenedBy(const OpenedBy&) = delete;
+  OpenedBy& operator=(const OpenedBy&) = delete;
   [[nodiscard]] bool Ready() const { return ready_; }
 
  private:
-  static constexpr const wchar_t* kCommand = L"https\\shell\\open\\command";
-
-  static bool Store(const std::wstring& command) {
-    return RegSetKeyValueW(HKEY_CLASSES_ROOT, kCommand, nullptr, REG_SZ, command.c_str(),
+  bool Store(const std::wstring& command) const {
+    return RegSetKeyValueW(HKEY_CLASSES_ROOT, key_.c_str(), nullptr, REG_SZ, command.c_str(),
                            static_cast<DWORD>((command.size() + 1) * sizeof(wchar_t))) ==
            ERROR_SUCCESS;
   }
 
+  std::wstring key_;
   std::array<wchar_t, 512> before_{};
   bool ready_ = false;
 };
-
-/// Windows itself keeps the choice of the browser to its user.
-bool OnWine() {
-  return GetProcAddress(GetModuleHandleW(L"ntdll.dll"), "wine_get_version") != nullptr;
-}
 
 TEST_F(Version, APressOnTheAddressAndAClickOnItsPictureOpenTheHomePage) {
   if (!OnWine()) GTEST_SKIP() << "would open the user's browser";
   PlugIn(kOneCanusb, {L"canusbdrv.dll"});
   const std::filesystem::path opened = folder_.Path() / L"opened.txt";
-  const AddressesGoTo file(opened);
+  const OpenedBy file(L"https", L"cmd.exe /c echo %1>>\"" + opened.wstring() + L"\"");
   ASSERT_TRUE(file.Ready());
   ASSERT_NO_FATAL_FAILURE(Start());
   const DrivenWindow version = Open(menu_help_version, kVersionClass);
@@ -182,6 +178,48 @@ TEST_F(Version, APressOnTheAddressAndAClickOnItsPictureOpenTheHomePage) {
   version.ClickMouse(PicURL);
   EXPECT_TRUE(WaitUntil([&] { return FileBytes(opened) == line + line; })) << FileBytes(opened);
   EXPECT_TRUE(IsWindowVisible(version.Handle()));
+  End();
+}
+
+/// Gives web pages in files a class while the object lives: Wine keeps no program for them.
+class PagesHaveAClass {
+ public:
+  PagesHaveAClass() {
+    constexpr wchar_t kClass[] = L"htmlfile";
+    RegSetKeyValueW(HKEY_CLASSES_ROOT, kExtension, nullptr, REG_SZ, kClass, sizeof(kClass));
+  }
+  ~PagesHaveAClass() { RegDeleteKeyW(HKEY_CLASSES_ROOT, kExtension); }
+  PagesHaveAClass(const PagesHaveAClass&) = delete;
+  PagesHaveAClass& operator=(const PagesHaveAClass&) = delete;
+
+ private:
+  static constexpr const wchar_t* kExtension = L".html";
+};
+
+TEST_F(Help, F1ShowsTheManualBesideTheProgramAtItsHeading) {
+  if (!OnWine()) GTEST_SKIP() << "would open the user's browser";
+  PlugIn(kOneCanusb, {L"canusbdrv.dll"});
+  const std::filesystem::path opened = folder_.Path() / L"opened.txt";
+  const std::filesystem::path browser = folder_.Path() / L"browser.cmd";
+  std::ofstream(browser, std::ios::binary) << "@echo %1>>\"" << opened.string() << "\"\r\n";
+  const PagesHaveAClass pages;
+  const OpenedBy by_browser(L"htmlfile", L"\"" + browser.wstring() + L"\" \"%1\"");
+  ASSERT_TRUE(by_browser.Ready());
+  ASSERT_NO_FATAL_FAILURE(Start());
+  main_.PressKey(Bt_Connect, VK_F1);
+  // Without a manual nothing happens.
+  ASSERT_NO_FATAL_FAILURE(Connect(main_));
+  EXPECT_EQ(FileBytes(opened), "");
+  std::ofstream(folder_.Path() / L"manual.html") << "<html></html>";
+  main_.PressKey(TB_Status, VK_F1);
+  EXPECT_TRUE(WaitUntil([&] {
+    return FileBytes(opened).find("/program-under-test/manual.html#3-") != std::string::npos;
+  })) << FileBytes(opened);
+  ASSERT_NO_FATAL_FAILURE(Disconnect(main_));
+  main_.PressKey(TB_Status, VK_F1);
+  EXPECT_TRUE(WaitUntil([&] {
+    return FileBytes(opened).find("/program-under-test/manual.html#2-") != std::string::npos;
+  })) << FileBytes(opened);
   End();
 }
 

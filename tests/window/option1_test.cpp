@@ -25,7 +25,11 @@ TEST_F(Option1, TakesGoodRowsDropsBadOnesAndNeverWritesTheLastRange) {
   dialog.Type(TB_DisableID_End_6, L"1FFFFFFF");
   dialog.Type(TB_DisableID_Start_7, L"100");
   dialog.Type(TB_DisableID_End_7, L"200");
-  EXPECT_TRUE(dialog.Click(CB_DisableID_7));
+  // Shown, and grey: the last range cannot be changed here.
+  EXPECT_FALSE(dialog.Click(CB_DisableID_7));
+  for (const int first : {CB_DisableID_0, TB_DisableID_Start_0, TB_DisableID_End_0}) {
+    for (int row = 0; row < 8; ++row) EXPECT_EQ(dialog.Enabled(first + row), row != 7) << first;
+  }
   EXPECT_TRUE(dialog.Click(CB_Save_ID_DisableMode));
   dialog.Type(TB_MsgMarkerID_7, L"F");
   dialog.Type(TB_MsgMarkerStartByte_7, L"3");

@@ -90,5 +90,59 @@ TEST_F(OptionLog1, ADroppedFolderFillsTheBoxOfItsSide) {
   End();
 }
 
+constexpr int kChooserName = 1152;  // the box for a name in the system's dialog
+
+class FolderChooser : public OptionLog1 {
+ protected:
+  /// The system's dialog once it lists the folders, which is when it takes a command.
+  [[nodiscard]] DrivenWindow WaitForChooser() const {
+    (void)WaitUntil([this] {
+      const HWND chooser = Find(L"#32770").Handle();
+      const HWND browser = FindWindowExW(chooser, nullptr, L"ExplorerBrowserControl", nullptr);
+      const HWND view = FindWindowExW(browser, nullptr, L"SHELLDLL_DefView", nullptr);
+      return chooser != nullptr && FindWindowExW(view, nullptr, nullptr, nullptr) != nullptr;
+    });
+    return Find(L"#32770");
+  }
+};
+
+TEST_F(FolderChooser, AFolderPictureOpensItAndItFillsTheBoxOfItsSide) {
+  if (!OnWine()) GTEST_SKIP() << "the system's dialog has other windows in it there";
+  const std::filesystem::path target = folder_.Path() / L"選んだ保存先";
+  std::filesystem::create_directories(target);
+  PlugIn(kOneCanusb, {L"canusbdrv.dll"});
+  ASSERT_NO_FATAL_FAILURE(Start());
+  const DrivenWindow dialog = Open(menu_opt_log1);
+  const struct {
+    int picture;
+    int box;
+    bool by_keyboard;
+  } rows[] = {{Img_save_folder, TB_SaveFilePath, false},
+              {Img_save_folder_path, TB_SaveFilePath, true},
+              {Img_Log_save_folder, TB_LogSaveFilePath, true},
+              {Img_Log_save_folder_path, TB_LogSaveFilePath, false}};
+  for (const auto& row : rows) {
+    for (const WPARAM answer : {IDCANCEL, IDOK}) {
+      dialog.Type(row.box, L"before");
+      if (row.by_keyboard) {
+        dialog.PressKey(row.picture, VK_SPACE);
+      } else {
+        dialog.ClickMouse(row.picture);
+      }
+      const DrivenWindow chooser = WaitForChooser();
+      ASSERT_TRUE(chooser.Exists()) << row.picture;
+      EXPECT_EQ(GetWindow(chooser.Handle(), GW_OWNER), dialog.Handle());
+      chooser.Type(kChooserName, target.wstring());
+      PostMessageW(chooser.Handle(), WM_COMMAND, answer, 0);
+      ASSERT_TRUE(WaitUntil([&] { return !chooser.Exists() && IsWindowEnabled(dialog.Handle()); }));
+      const std::wstring expected = answer == IDOK ? target.wstring() : L"before";
+      EXPECT_TRUE(WaitUntil([&] { return dialog.Text(row.box) == expected; }))
+          << row.picture << " " << Utf8(dialog.Text(row.box));
+    }
+  }
+  PressCancel(dialog);
+  End();
+}
+
 }  // namespace
 }  // namespace tolvane::window

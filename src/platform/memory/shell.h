@@ -16,6 +16,9 @@ class Shell final : public platform::Shell {
     journal_.Note("ShellExecuteA(" + Narrow(verb) + ", " + Narrow(file) + ", " +
                   std::to_string(show_command) + ")");
   }
+  void OpenPage(StringView file, StringView address) override {
+    journal_.Note("OpenPage(" + Narrow(file) + ", " + Narrow(address) + ")");
+  }
 
  private:
   Journal& journal_;

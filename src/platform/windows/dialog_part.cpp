@@ -1,5 +1,10 @@
 #include "platform/windows/dialog_part.h"
 
+#include <string>
+
+#include "platform/windows/accessible_names.h"
+#include "platform/windows/pressable_picture.h"
+
 namespace tolvane::platform::windows {
 namespace {
 
@@ -46,7 +51,7 @@ PartStyle StyleOf(PartKind kind) {
     case PartKind::kPicture:
       break;
   }
-  return {WC_STATICW, kAlone | SS_ICON | SS_REALSIZECONTROL | SS_NOTIFY, 0};
+  return {WC_STATICW, kAlone | WS_TABSTOP | SS_ICON | SS_REALSIZECONTROL | SS_NOTIFY, 0};
 }
 
 /// An edit control writes at its top: it is made as high as its text wants it and stands in the
@@ -67,26 +72,41 @@ void FitToText(HWND edit, const Dpi& dpi, HFONT font, bool has_edge) {
              height, FALSE);
 }
 
+/// `part` as it stands in the row `row` below its own line.
+HWND AddPart(HWND window, const Dpi& dpi, HFONT font, const DialogPart& part, int row, int step) {
+  const PartStyle style = StyleOf(part.kind);
+  const INT_PTR id = part.id == kNoId ? kNoId : part.id + row;
+  const HWND child = CreateWindowExW(
+      style.extended_style, style.class_name, part.text, style.style, dpi.Pixels(part.left),
+      dpi.Pixels(part.top + row * step), dpi.Pixels(part.width), dpi.Pixels(part.height), window,
+      reinterpret_cast<HMENU>(id), GetModuleHandleW(nullptr), nullptr);
+  SendMessageW(child, WM_SETFONT, reinterpret_cast<WPARAM>(font), FALSE);
+  if (lstrcmpW(style.class_name, WC_EDITW) == 0) {
+    FitToText(child, dpi, font, style.extended_style == WS_EX_CLIENTEDGE);
+  }
+  if (part.kind == PartKind::kPicture) MakePressable(child);
+  return child;
+}
+
 }  // namespace
 
 void AddParts(HWND window, const Dpi& dpi, HFONT font, std::span<const DialogPart> parts) {
-  AddRows(window, dpi, font, parts, 1, 0);
+  const AccessibleNames names;
+  for (const DialogPart& part : parts) {
+    const HWND child = AddPart(window, dpi, font, part, 0, 0);
+    if (part.name != nullptr) names.Name(child, part.name);
+    if (part.kind == PartKind::kPicture) names.PushButton(child);
+  }
 }
 
 void AddRows(HWND window, const Dpi& dpi, HFONT font, std::span<const DialogPart> line, int count,
              int step) {
+  const AccessibleNames names;
   for (int row = 0; row < count; ++row) {
+    const std::wstring number = std::to_wstring(row + 1);
     for (const DialogPart& part : line) {
-      const PartStyle style = StyleOf(part.kind);
-      const INT_PTR id = part.id == kNoId ? kNoId : part.id + row;
-      const HWND child = CreateWindowExW(
-          style.extended_style, style.class_name, part.text, style.style, dpi.Pixels(part.left),
-          dpi.Pixels(part.top + row * step), dpi.Pixels(part.width), dpi.Pixels(part.height),
-          window, reinterpret_cast<HMENU>(id), GetModuleHandleW(nullptr), nullptr);
-      SendMessageW(child, WM_SETFONT, reinterpret_cast<WPARAM>(font), FALSE);
-      if (lstrcmpW(style.class_name, WC_EDITW) == 0) {
-        FitToText(child, dpi, font, style.extended_style == WS_EX_CLIENTEDGE);
-      }
+      const HWND child = AddPart(window, dpi, font, part, row, step);
+      if (part.name != nullptr) names.Name(child, (number + part.name).c_str());
     }
   }
 }

@@ -23,7 +23,7 @@ enum class PartKind : std::uint8_t {
   kColour,  // push button whose face is the colour
   kButton,
   kDefaultButton,
-  kPicture,  // square; a click on it is told
+  kPicture,  // square; a click on it, or the space bar, is told
 };
 
 constexpr int kNoId = 0xFFFF;  // of labels and groups that nobody asks for
@@ -37,6 +37,8 @@ struct DialogPart {
   int top;
   int width;
   int height;
+  // For screen readers, where neither the text nor a label right before says it.
+  const wchar_t* name = nullptr;
 };
 
 /// Height of a line of controls and of a push button.
@@ -47,7 +49,8 @@ constexpr int kButtonWidth = 88;
 /// Makes the controls of a dialog as children of `window`.
 void AddParts(HWND window, const Dpi& dpi, HFONT font, std::span<const DialogPart> parts);
 
-/// `count` times the same line of controls, `step` lower each time, their ids counted up by one.
+/// `count` times the same line of controls, `step` lower each time, their ids counted up by one,
+/// their names for screen readers beginning with the line's number.
 void AddRows(HWND window, const Dpi& dpi, HFONT font, std::span<const DialogPart> line, int count,
              int step);
 

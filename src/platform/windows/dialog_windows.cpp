@@ -1,6 +1,12 @@
 #include "platform/windows/dialog_windows.h"
 
+#include "shell/helpwizard.h"
+
 namespace tolvane::platform::windows {
+
+void DialogWindows::ShowManual(bool connected) {
+  HelpWizard::Manual_Show(device_.ExecutableFolder(), connected, files_, shell_);
+}
 
 void DialogWindows::Unload(OtherForm form) {
   switch (form) {

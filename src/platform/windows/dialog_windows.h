@@ -17,6 +17,8 @@ class DialogWindows final : public OtherForms {
   DialogWindows(const DialogSurroundings& surroundings, FileServices& files, ELM327_Info& device,
                 const std::int32_t& mouseCursor)
       : surroundings_(surroundings),
+        files_(files),
+        device_(device),
         FormHelp_(surroundings_, device),
         FormVersion_(surroundings_, shell_, device, mouseCursor),
         FormCommonSetting_(surroundings_, FormHelp_, resources_, device),
@@ -27,6 +29,7 @@ class DialogWindows final : public OtherForms {
   void menu_opt_function1_Click() { Open(FormOption1_); }
   void menu_opt_log1_Click() { Open(FormOptionLog1_); }
   void menu_help_version_Click() { FormVersion_.Show(); }
+  void ShowManual(bool connected);
 
   /// Of the forms here; without effect on the others.
   void Unload(OtherForm form) override;
@@ -38,6 +41,8 @@ class DialogWindows final : public OtherForms {
   }
 
   DialogSurroundings surroundings_;
+  FileServices& files_;
+  const ELM327_Info& device_;
   WindowsShell shell_;
   WindowsStringResources resources_;
   FormHelpWindow FormHelp_;

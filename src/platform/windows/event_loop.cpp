@@ -3,6 +3,16 @@
 #include <algorithm>
 
 namespace tolvane::platform::windows {
+namespace {
+
+constexpr LPARAM kHeldBefore = 1 << 30;
+
+bool IsPlainPress(const MSG& message) {
+  if (message.message != WM_KEYDOWN || (message.lParam & kHeldBefore) != 0) return false;
+  return GetKeyState(VK_CONTROL) >= 0 && GetKeyState(VK_SHIFT) >= 0 && GetKeyState(VK_MENU) >= 0;
+}
+
+}  // namespace
 
 void WindowsEventLoop::YieldToEvents() {
   const EventGate::Opened opened(gate_);
@@ -32,12 +42,21 @@ void WindowsEventLoop::Dispatch(MSG& message) {
     if (on_quit_) on_quit_();
     return;
   }
-  // The handler of a key may open or close such a window, so the list is left before.
-  const HWND window = message.hwnd == nullptr ? nullptr : GetAncestor(message.hwnd, GA_ROOT);
-  const bool by_keyboard = std::ranges::find(keyboard_windows_, window) != keyboard_windows_.end();
-  if (by_keyboard && IsWindowVisible(window) && IsDialogMessageW(window, &message)) return;
+  if (HandledAsKey(message)) return;
   TranslateMessage(&message);
   DispatchMessageW(&message);
+}
+
+bool WindowsEventLoop::HandledAsKey(MSG& message) {
+  const HWND window = message.hwnd == nullptr ? nullptr : GetAncestor(message.hwnd, GA_ROOT);
+  const auto row = std::ranges::find(keyboard_windows_, window, &KeyboardWindow::window);
+  if (row == keyboard_windows_.end() || !IsWindowVisible(window)) return false;
+  if (IsPlainPress(message)) {
+    // The handler of a key may open or close such a window, so the list is left before.
+    const Keys keys = row->keys;
+    if (keys && keys(message.wParam)) return true;
+  }
+  return IsDialogMessageW(window, &message) != FALSE;
 }
 
 }  // namespace tolvane::platform::windows

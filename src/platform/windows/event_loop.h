@@ -29,15 +29,30 @@ class WindowsEventLoop final : public EventLoop {
   /// close, and the handler decides about it, once for each.
   void OnQuit(std::function<void()> handler) { on_quit_ = std::move(handler); }
 
-  void AddKeyboardWindow(HWND window) { keyboard_windows_.push_back(window); }
-  void RemoveKeyboardWindow(HWND window) { std::erase(keyboard_windows_, window); }
+  /// True when the window has taken the key, which then does nothing else.
+  using Keys = std::function<bool(WPARAM key)>;
+
+  /// `keys` is asked first, for every press of a key, once for a key that is held down, and not for
+  /// one together with Ctrl, Shift or Alt.
+  void AddKeyboardWindow(HWND window, Keys keys = {}) {
+    keyboard_windows_.push_back({window, std::move(keys)});
+  }
+  void RemoveKeyboardWindow(HWND window) {
+    std::erase_if(keyboard_windows_, [window](const auto& row) { return row.window == window; });
+  }
 
  private:
+  struct KeyboardWindow {
+    HWND window;  // not owned; a destroyed one matches no message
+    Keys keys;
+  };
+
   void Dispatch(MSG& message);
+  [[nodiscard]] bool HandledAsKey(MSG& message);
 
   EventGate& gate_;
   std::function<void()> on_quit_;
-  std::vector<HWND> keyboard_windows_;  // not owned; destroyed ones match no message
+  std::vector<KeyboardWindow> keyboard_windows_;
   bool ended_ = false;
 };
 

@@ -1,7 +1,7 @@
 // The controls of the main window: their making, their tool tips, their numbers.
 #include <iterator>
 
-#include "platform/windows/dialog_font.h"
+#include "platform/windows/accessible_names.h"
 #include "platform/windows/form1_window.h"
 #include "platform/windows/tool_tips.h"
 // Last, see there.
@@ -13,10 +13,16 @@ namespace {
 constexpr WPARAM kCommentLength = 50;  // characters
 constexpr int kPicture = 48;           // units of 96 dpi
 
+// For screen readers.
+constexpr wchar_t kCautionName[] = L"接続中の注意";
+constexpr wchar_t kViewName[] = L"受信画面";
+
 constexpr wchar_t kCautionTip[] =
     L"接続中にウィンドウを動かしたり、メニューバーを操作すると、受信が途絶します。";
 constexpr wchar_t kProtocolTip[] =
     L"【通信モード】　通信速度の設定は、[ツール(T)] - [共通設定(S)] で変更できます";
+
+constexpr UINT_PTR kDefaultWhileFocused = 1;  // of the subclass
 
 constexpr DWORD kLabel = SS_NOPREFIX | SS_CENTERIMAGE | SS_NOTIFY;
 constexpr DWORD kShown = WS_TABSTOP | ES_AUTOHSCROLL | ES_READONLY;
@@ -51,6 +57,28 @@ constexpr ChildControl kChildren[] = {
     {Pic_Caution, WC_STATICW, L"", kPictureStyle},
 };
 
+/// A push button is the default one, and has its ring, exactly while it has the focus: so Enter
+/// presses the button that the user sees marked, also where the program moved the focus, after
+/// which a dialog manager leaves the mark behind.
+LRESULT CALLBACK DefaultWhileFocused(HWND button, UINT message, WPARAM wparam, LPARAM lparam,
+                                     UINT_PTR id, DWORD_PTR /*data*/) noexcept {
+  const LRESULT result = DefSubclassProc(button, message, wparam, lparam);
+  switch (message) {
+    case WM_SETFOCUS:
+      SendMessageW(button, BM_SETSTYLE, BS_DEFPUSHBUTTON, TRUE);
+      break;
+    case WM_KILLFOCUS:
+      SendMessageW(button, BM_SETSTYLE, BS_PUSHBUTTON, TRUE);
+      break;
+    case WM_NCDESTROY:
+      RemoveWindowSubclass(button, &DefaultWhileFocused, id);
+      break;
+    default:
+      break;
+  }
+  return result;
+}
+
 // In the order of MainWindow's members.
 constexpr UINT kBarItems[] = {menu_common_setting, menu_opt_function1, menu_opt_log1};
 constexpr UINT kViewItems[] = {
@@ -72,7 +100,6 @@ HWND Form1Window::AddChild(const wchar_t* class_name, const wchar_t* text, int i
 }
 
 bool Form1Window::CreateControls() {
-  font_ = DialogFont();
   for (const ChildControl& child : kChildren) {
     if (AddChild(child.class_name, child.text, child.id, child.style) == nullptr) return false;
   }
@@ -88,6 +115,13 @@ bool Form1Window::CreateControls() {
       Hwnd(), RTB_MainView, [this] { DeliverSelectionChange(); },
       [this](bool by_keyboard) { DeliverContextMenu(by_keyboard); });
   if (!view_made) return false;
+  for (const int id : {Bt_Connect, Bt_Disconnect, Bt_SaveFile, Bt_ViewClear}) {
+    SetWindowSubclass(Child(id), &DefaultWhileFocused, kDefaultWhileFocused, 0);
+  }
+  const AccessibleNames names;
+  names.Name(Child(Pic_Caution), kCautionName);
+  names.Name(view_.Hwnd(), kViewName);
+  names.Name(FindWindowExW(Hwnd(), nullptr, LiveSurface::kClassName, nullptr), kViewName);
   AttachControls();
   return AddToolTips();
 }

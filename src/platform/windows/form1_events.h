@@ -16,6 +16,8 @@ class Form1Events {
   virtual void ViewSelectionChanged() = 0;
   virtual void ViewContextMenu() = 0;
   virtual void ViewGotFocus() = 0;
+  /// F1.
+  virtual void HelpKey() = 0;
 
   /// True when the window may close now; what is to be saved has been saved then.
   [[nodiscard]] virtual bool QueryUnload() = 0;

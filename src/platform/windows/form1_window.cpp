@@ -1,9 +1,11 @@
 #include "platform/windows/form1_window.h"
 
 #include <algorithm>
+#include <iterator>
 
 #include "platform/windows/form1_layout.h"
 #include "platform/windows/text.h"
+#include "platform/windows/window_place.h"
 
 namespace tolvane::platform::windows {
 
@@ -32,19 +34,19 @@ constexpr UINT kStartRun = WM_APP + 1;
 constexpr DWORD kStyle = WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN;
 
 /// Size of a window whose client area has `client` units.
-SIZE WindowSize(const Dpi& dpi, SIZE client) {
-  RECT bounds{0, 0, dpi.Pixels(client.cx), dpi.Pixels(client.cy)};
-  AdjustWindowRectEx(&bounds, kStyle, TRUE, 0);
-  return {bounds.right - bounds.left, bounds.bottom - bounds.top};
+Extent WindowSize(const Dpi& dpi, SIZE client) {
+  const SIZE frame = FrameSize(kStyle, 0, true);
+  return {static_cast<std::int32_t>(dpi.Pixels(client.cx) + frame.cx),
+          static_cast<std::int32_t>(dpi.Pixels(client.cy) + frame.cy)};
 }
 
-/// The first size, less where the screen is smaller.
-SIZE FirstSize(const Dpi& dpi) {
-  RECT area{};
-  SystemParametersInfoW(SPI_GETWORKAREA, 0, &area, 0);
-  const SIZE size = WindowSize(dpi, kFirstClient);
-  return {std::min(size.cx, area.right - area.left), std::min(size.cy, area.bottom - area.top)};
-}
+// Keys that press a button of the window, beside its mnemonics and menus.
+struct ButtonKey {
+  WPARAM key;
+  int id;
+};
+constexpr ButtonKey kButtonKeys[] = {
+    {VK_F5, Bt_Connect}, {VK_F6, Bt_Disconnect}, {VK_F9, Bt_SaveFile}};
 
 }  // namespace
 
@@ -66,17 +68,33 @@ Form1Window::Form1Window(HINSTANCE instance, EventGate& gate, WindowsEventLoop& 
 bool Form1Window::CreateHidden() {
   if (splash_.Hwnd() == nullptr || !workers_.Made()) return false;
   view_menu_ = MenuHandle(LoadMenuW(instance_, MAKEINTRESOURCEW(MENU_VIEW)));
-  const SIZE size = FirstSize(dpi_);
+  const ScreenPlace area = WorkArea(nullptr);
+  const DialogLook look(kSmallestClient, FrameSize(kStyle, 0, true), {area.width, area.height});
+  dpi_ = look.Scale();
+  font_ = look.Font();
   if (!Create(instance_, {.style = kStyle,
                           .bounds = {CW_USEDEFAULT, CW_USEDEFAULT, CW_USEDEFAULT, CW_USEDEFAULT},
                           .menu = LoadMenuW(instance_, MAKEINTRESOURCEW(MENU_MAIN))})) {
     return false;
   }
   if (!CreateControls()) return false;
-  SetWindowPos(Hwnd(), nullptr, 0, 0, size.cx, size.cy, SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
-  loop_.AddKeyboardWindow(Hwnd());
+  TakeFirstPlace();
+  loop_.AddKeyboardWindow(Hwnd(), [this](WPARAM key) { return OnKey(key); });
+  // A view that passes the focus on would send Tab round the controls before it, for ever.
+  workers_.FormBG.OnRunning([this](bool running) { view_.TabStop(!running); });
   loop_.OnQuit([this] { OnClose(); });
   return true;
+}
+
+/// Where the system begins a window, moved and cut to lie inside the work area.
+void Form1Window::TakeFirstPlace() {
+  RECT bounds{};
+  GetWindowRect(Hwnd(), &bounds);
+  const ScreenPlace place =
+      Inside(WorkArea(Hwnd()), static_cast<std::int32_t>(bounds.left),
+             static_cast<std::int32_t>(bounds.top), WindowSize(dpi_, kFirstClient));
+  SetWindowPos(Hwnd(), nullptr, place.left, place.top, place.width, place.height,
+               SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
 void Form1Window::Start(int show_command) {
@@ -150,10 +168,12 @@ LRESULT Form1Window::HandleMessage(UINT message, WPARAM wparam, LPARAM lparam) {
       OnSize(LOWORD(lparam), HIWORD(lparam));
       return 0;
     case WM_GETMINMAXINFO: {
-      const SIZE smallest = WindowSize(dpi_, kSmallestClient);
-      reinterpret_cast<MINMAXINFO*>(lparam)->ptMinTrackSize = {smallest.cx, smallest.cy};
+      const Extent smallest = CutTo(WorkArea(Hwnd()), WindowSize(dpi_, kSmallestClient));
+      reinterpret_cast<MINMAXINFO*>(lparam)->ptMinTrackSize = {smallest.width, smallest.height};
       return 0;
     }
+    case DM_GETDEFID:
+      return DefaultButton();
     case WM_ACTIVATE:
       OnActivate(LOWORD(wparam) != WA_INACTIVE);
       return 0;
@@ -210,6 +230,28 @@ bool Form1Window::CanBeChosen(int id) const {
   if (!IsWindowEnabled(Hwnd())) return false;
   const HWND control = Child(id);
   return control != nullptr ? IsWindowEnabled(control) != FALSE : MenuItemEnabled(id);
+}
+
+bool Form1Window::OnKey(WPARAM key) {
+  // A settings dialog stands over the window.
+  if (!IsWindowEnabled(Hwnd())) return false;
+  if (key == VK_F1) {
+    if (events_ != nullptr) gate_.Deliver([this] { events_->HelpKey(); });
+    return true;
+  }
+  const auto* row = std::ranges::find(kButtonKeys, key, &ButtonKey::key);
+  if (row == std::end(kButtonKeys)) return false;
+  OnMenuOrClick(row->id);
+  return true;
+}
+
+/// The push button that has the focus: the dialog manager puts the ring on what this tells.
+LRESULT Form1Window::DefaultButton() const {
+  const HWND focus = GetFocus();
+  const LRESULT kind = SendMessageW(focus, WM_GETDLGCODE, 0, 0);
+  const bool is_button = (kind & (DLGC_DEFPUSHBUTTON | DLGC_UNDEFPUSHBUTTON)) != 0;
+  if (!is_button || !IsChild(Hwnd(), focus)) return 0;
+  return MAKELRESULT(GetDlgCtrlID(focus), DC_HASDEFID);
 }
 
 bool Form1Window::MenuItemEnabled(int id) const {

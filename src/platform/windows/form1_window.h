@@ -71,6 +71,7 @@ class Form1Window final : public BaseWindow<Form1Window>,
 
  private:
   [[nodiscard]] bool CreateControls();
+  void TakeFirstPlace();
   HWND AddChild(const wchar_t* class_name, const wchar_t* text, int id, DWORD style);
   void AttachControls();
   [[nodiscard]] bool AddToolTips();
@@ -79,6 +80,9 @@ class Form1Window final : public BaseWindow<Form1Window>,
   void OnCommand(int id, int notification);
   void OnMenuOrClick(int id);
   void StartRun();
+  /// True when the key is one of the window's own.
+  [[nodiscard]] bool OnKey(WPARAM key);
+  [[nodiscard]] LRESULT DefaultButton() const;
   void DeliverCommand(int id);
   void DeliverSelectionChange();
   void DeliverContextMenu(bool by_keyboard);

@@ -1,7 +1,7 @@
 #include "platform/windows/formhelp_window.h"
 
 #include <tolvane_control_ids.h>
-#include "platform/windows/dialog_font.h"
+#include "platform/windows/accessible_names.h"
 #include "platform/windows/dialog_part.h"
 #include "platform/windows/text.h"
 #include "platform/windows/window_place.h"
@@ -19,6 +19,16 @@ constexpr DWORD kExtendedStyle = WS_EX_CONTROLPARENT;
 constexpr DWORD kViewStyle =
     WS_CHILD | WS_VISIBLE | WS_TABSTOP | WS_VSCROLL | ES_MULTILINE | ES_READONLY | ES_AUTOVSCROLL;
 
+constexpr UINT_PTR kTabLeaves = 1;  // of the subclass
+
+/// A box of several lines would keep Tab and Enter for itself.
+LRESULT CALLBACK TabLeaves(HWND view, UINT message, WPARAM wparam, LPARAM lparam, UINT_PTR id,
+                           DWORD_PTR /*data*/) noexcept {
+  if (message == WM_NCDESTROY) RemoveWindowSubclass(view, &TabLeaves, id);
+  const LRESULT result = DefSubclassProc(view, message, wparam, lparam);
+  return message == WM_GETDLGCODE ? result & ~LRESULT{DLGC_WANTALLKEYS} : result;
+}
+
 }  // namespace
 
 void FormHelpWindow::AdjustClass(WNDCLASSEXW& window_class) {
@@ -34,7 +44,9 @@ void FormHelpWindow::Show() {
 }
 
 void FormHelpWindow::Form_Load() {
-  font_ = DialogFont();
+  const DialogLook look = LookOver(surroundings_.main_window, kClient, kStyle, kExtendedStyle);
+  dpi_ = look.Scale();
+  font_ = look.Font();
   if (!Create(surroundings_.instance,
               PlaceOverOwner(surroundings_.main_window, dpi_, kClient, kStyle, kExtendedStyle))) {
     return;
@@ -43,6 +55,8 @@ void FormHelpWindow::Form_Load() {
                                     reinterpret_cast<HMENU>(static_cast<INT_PTR>(id::TB_View)),
                                     surroundings_.instance, nullptr);
   SendMessageW(view, WM_SETFONT, reinterpret_cast<WPARAM>(font_.Get()), FALSE);
+  SetWindowSubclass(view, &TabLeaves, kTabLeaves, 0);
+  AccessibleNames().Name(view, L"ヘルプ");
   const DialogPart close[] = {
       {id::Bt_Close, PartKind::kDefaultButton, L"OK", 0, 0, kButtonWidth, kButtonHeight}};
   AddParts(Hwnd(), dpi_, font_.Get(), close);

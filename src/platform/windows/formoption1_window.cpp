@@ -49,10 +49,12 @@ constexpr DialogPart kRangesHead[] = {
      kLine},
 };
 constexpr DialogPart kRangeLine[] = {
-    {id::CB_DisableID_0, kCheck, L"", kRangeCheck, kFirstLine, 18, kLine},
-    {id::TB_DisableID_Start_0, kTextBox, L"", kRangeStart, kFirstLine, kIdWidth, kLine},
+    {id::CB_DisableID_0, kCheck, L"", kRangeCheck, kFirstLine, 18, kLine, L"行目の除外"},
+    {id::TB_DisableID_Start_0, kTextBox, L"", kRangeStart, kFirstLine, kIdWidth, kLine,
+     L"行目の除外の先頭のCAN ID"},
     {kNoId, kCentredLabel, L"～", kRangeTo, kFirstLine, kToWidth, kLine},
-    {id::TB_DisableID_End_0, kTextBox, L"", kRangeEnd, kFirstLine, kIdWidth, kLine},
+    {id::TB_DisableID_End_0, kTextBox, L"", kRangeEnd, kFirstLine, kIdWidth, kLine,
+     L"行目の除外の末尾のCAN ID"},
 };
 constexpr DialogPart kRangesFoot[] = {
     {id::CB_Save_ID_DisableMode, kCheck, L"除外設定をログ出力にも適用する", kRangeCheck,
@@ -65,12 +67,16 @@ constexpr DialogPart kMarkersHead[] = {
      kLine},
 };
 constexpr DialogPart kMarkerLine[] = {
-    {id::CB_MsgMarker_0, kCheck, L"", kMarkerCheck, kFirstLine, 18, kLine},
-    {id::TB_MsgMarkerID_0, kTextBox, L"", kMarkerId, kFirstLine, kIdWidth, kLine},
-    {id::TB_MsgMarkerStartByte_0, kNumberBox, L"", kMarkerStart, kFirstLine, kByteWidth, kLine},
+    {id::CB_MsgMarker_0, kCheck, L"", kMarkerCheck, kFirstLine, 18, kLine, L"行目のマーカー"},
+    {id::TB_MsgMarkerID_0, kTextBox, L"", kMarkerId, kFirstLine, kIdWidth, kLine,
+     L"行目のマーカーのCAN ID"},
+    {id::TB_MsgMarkerStartByte_0, kNumberBox, L"", kMarkerStart, kFirstLine, kByteWidth, kLine,
+     L"行目のマーカーの先頭のByte"},
     {kNoId, kCentredLabel, L"～", kMarkerTo, kFirstLine, kToWidth, kLine},
-    {id::TB_MsgMarkerEndByte_0, kNumberBox, L"", kMarkerEnd, kFirstLine, kByteWidth, kLine},
-    {id::Bt_MarkerColor_Dialog_0, kColour, L"", kMarkerColour, kFirstLine, kColourWidth, kLine},
+    {id::TB_MsgMarkerEndByte_0, kNumberBox, L"", kMarkerEnd, kFirstLine, kByteWidth, kLine,
+     L"行目のマーカーの末尾のByte"},
+    {id::Bt_MarkerColor_Dialog_0, kColour, L"", kMarkerColour, kFirstLine, kColourWidth, kLine,
+     L"行目のマーカーの色"},
 };
 constexpr DialogPart kRemark[] = {
     {kNoId, kLabel, L"※ CAN ID は、半角16進数で入力", kRanges, kClosing + 3, 280, kLine},

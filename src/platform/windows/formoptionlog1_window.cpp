@@ -75,21 +75,23 @@ constexpr DialogPart kSnapshotParts[] = {
     {id::RB_SaveFilePath_2, kRadio, L"指定したフォルダ", kLeftInside,
      kSnapshotPath + kHead + 2 * kStep, kInsideWidth, kLine},
     {id::Img_save_folder, kPicture, L"", kLeftInside, kSnapshotPath + kPathLine, kPictureSize,
-     kPictureSize},
+     kPictureSize, L"スナップショットの保存先のフォルダを選ぶ"},
     {id::Img_save_folder_path, kPicture, L"", kLeftInside + kPicture2, kSnapshotPath + kPathLine,
-     kPictureSize, kPictureSize},
+     kPictureSize, kPictureSize, L"スナップショットの保存先のフォルダを選ぶ"},
     {id::TB_SaveFilePath, kTextBox, L"", kLeftInside + kPathBox, kSnapshotPath + kPathBoxLine,
-     kPathBoxWidth, kLine},
+     kPathBoxWidth, kLine, L"スナップショットの保存先のフォルダ"},
     {kNoId, kLabel, L"Excelインストール ・・・", kLeftInside, kStatusTop, kStatusLabel, kLine},
     {id::TB_Excel_Status, kStatus, L"", kStatusLeft, kStatusTop, kStatusWidth, kLine},
-    {id::TB_Excel_Ver, kStatus, L"", kVersion, kStatusTop, kVersionWidth, kLine},
+    {id::TB_Excel_Ver, kStatus, L"", kVersion, kStatusTop, kVersionWidth, kLine,
+     L"Excelのバージョン"},
     {kNoId, kLabel, L"Kingsoft Officeインストール ・・・", kLeftInside, kStatusTop + kStep,
      kStatusLabel, kLine},
     {id::TB_Excel_Status2, kStatus, L"", kStatusLeft, kStatusTop + kStep, kStatusWidth, kLine},
     {kNoId, kLabel, L"Accessインストール ・・・", kLeftInside, kStatusTop + 2 * kStep, kStatusLabel,
      kLine},
     {id::TB_Access_Status, kStatus, L"", kStatusLeft, kStatusTop + 2 * kStep, kStatusWidth, kLine},
-    {id::TB_Access_Ver, kStatus, L"", kVersion, kStatusTop + 2 * kStep, kVersionWidth, kLine},
+    {id::TB_Access_Ver, kStatus, L"", kVersion, kStatusTop + 2 * kStep, kVersionWidth, kLine,
+     L"Accessのバージョン"},
 };
 
 constexpr DialogPart kLogParts[] = {
@@ -122,11 +124,11 @@ constexpr DialogPart kLogParts[] = {
     {id::RB_LogSaveFilePath_2, kRadio, L"指定したフォルダ", kRightInside,
      kLogPath + kHead + 2 * kStep, kInsideWidth, kLine},
     {id::Img_Log_save_folder, kPicture, L"", kRightInside, kLogPath + kPathLine, kPictureSize,
-     kPictureSize},
+     kPictureSize, L"ログファイルの保存先のフォルダを選ぶ"},
     {id::Img_Log_save_folder_path, kPicture, L"", kRightInside + kPicture2, kLogPath + kPathLine,
-     kPictureSize, kPictureSize},
+     kPictureSize, kPictureSize, L"ログファイルの保存先のフォルダを選ぶ"},
     {id::TB_LogSaveFilePath, kTextBox, L"", kRightInside + kPathBox, kLogPath + kPathBoxLine,
-     kPathBoxWidth, kLine},
+     kPathBoxWidth, kLine, L"ログファイルの保存先のフォルダ"},
     {id::CB_LogSave_subFolder, kCheck, L"コメントをサブフォルダにして保存する", kRightInside,
      kSubFolder, kInsideWidth, kLine},
 };
@@ -167,9 +169,11 @@ FormOptionLog1Window::FormOptionLog1Window(const DialogSurroundings& surrounding
                                            StringResources& resources, ELM327_Info& device,
                                            FileServices& files)
     : SettingsDialogOf(surroundings, help, resources, device, {kWidth, kHeight}, kHelpTopic),
-      files_(files) {}
+      files_(files),
+      folder_dialog_(surroundings.gate) {}
 
 void FormOptionLog1Window::AddControls() {
+  folder_dialog_.Owner(Hwnd());
   Add(kSnapshotParts);
   Add(kLogParts);
   AddClosingButtons();
@@ -205,7 +209,18 @@ void FormOptionLog1Window::Bind(const ControlBinder& bind) {
 }
 
 void FormOptionLog1Window::OnClick(int id) {
-  if (id == id::CB_LogFile_Enable) form_.CB_LogFile_Enable_Click(device_);
+  switch (id) {
+    case id::CB_LogFile_Enable:
+      return form_.CB_LogFile_Enable_Click(device_);
+    case id::Img_save_folder:
+    case id::Img_save_folder_path:
+      return form_.Img_save_folder_Click(folder_dialog_, files_);
+    case id::Img_Log_save_folder:
+    case id::Img_Log_save_folder_path:
+      return form_.Img_Log_save_folder_Click(folder_dialog_, files_);
+    default:
+      return;
+  }
 }
 
 void FormOptionLog1Window::MakeDropTarget(HWND tool_tips, int id) {

@@ -3,6 +3,7 @@
 #include <array>
 
 #include "config/formoptionlog1.h"
+#include "platform/windows/folder_dialog.h"
 #include "platform/windows/settings_dialog.h"
 
 namespace tolvane::platform::windows {
@@ -26,6 +27,7 @@ class FormOptionLog1Window final : public SettingsDialogOf<FormOptionLog1> {
   void OnDrop(int id, HDROP dropped);
 
   FileServices& files_;
+  WindowsFolderDialog folder_dialog_;
   std::array<IconHandle, 4> pictures_;
 };
 

@@ -1,8 +1,9 @@
 #include "platform/windows/formversion_window.h"
 
 #include <tolvane_control_ids.h>
-#include "platform/windows/dialog_font.h"
+#include "platform/windows/accessible_names.h"
 #include "platform/windows/dialog_picture.h"
+#include "platform/windows/pressable_picture.h"
 #include "platform/windows/text.h"
 #include "platform/windows/window_place.h"
 
@@ -27,8 +28,11 @@ constexpr COLORREF kOkFace = RGB(0x2f, 0x6f, 0x8f);
 constexpr COLORREF kOkLetters = RGB(255, 255, 255);
 constexpr COLORREF kLinkColour = RGB(0, 0, 238);
 
+constexpr DWORD kStyle = WS_POPUP | WS_BORDER;
 constexpr DWORD kText = SS_NOPREFIX | SS_CENTERIMAGE;
 constexpr DWORD kPicture = SS_ICON | SS_REALSIZECONTROL;
+// For screen readers.
+constexpr wchar_t kLinkName[] = L"ホームページを開く";
 constexpr int kFace = 0;
 constexpr int kNothing = -1;
 
@@ -50,29 +54,38 @@ void FormVersionWindow::Show() {
 }
 
 void FormVersionWindow::Load() {
-  font_ = DialogFont();
-  title_font_ = DialogFont(kTitlePercent);
+  const DialogLook look = LookOver(surroundings_.main_window, kClient, kStyle, 0);
+  dpi_ = look.Scale();
+  font_ = look.Font();
+  title_font_ = look.Font(kTitlePercent);
   LOGFONTW link{};
   GetObjectW(font_.Get(), sizeof(link), &link);
   link.lfUnderline = TRUE;
   link_font_ = FontHandle(CreateFontIndirectW(&link));
   ok_brush_ = BrushHandle(CreateSolidBrush(kOkFace));
   if (!Create(surroundings_.instance,
-              PlaceOverOwner(surroundings_.main_window, dpi_, kClient, WS_POPUP | WS_BORDER, 0))) {
+              PlaceOverOwner(surroundings_.main_window, dpi_, kClient, kStyle, 0))) {
     return;
   }
   form_.Form_Load(device_);
   SetWindowTextW(Hwnd(), Wide(form_.Caption));
   AddStatic(id::Lb_App_Title, kText, kTitle, form_.Lb_App_Title, title_font_.Get());
   AddStatic(id::Lb_copylight, kText, kCopyright, form_.Lb_copylight, font_.Get());
-  AddStatic(id::PicURL, kPicture, kLinkPicture, u"", nullptr);
+  AddStatic(id::PicURL, kPicture | WS_TABSTOP, kLinkPicture, u"", nullptr);
   AddStatic(id::Lb_URL, kText, kLinkText, form_.Lb_URL, link_font_.Get());
   // The upper one of two that overlap is the earlier one.
-  AddStatic(id::Lb_OK, kText | SS_CENTER, kOkText, u"OK", font_.Get());
+  AddStatic(id::Lb_OK, kText | SS_CENTER | WS_TABSTOP, kOkText, u"OK", font_.Get());
   AddStatic(id::Img_OK, kPicture, kOkPicture, u"", nullptr);
   AddStatic(id::Shape1, SS_ETCHEDFRAME, kFrame, u"", nullptr);
   ok_picture_ = ShowPicture(Hwnd(), id::Img_OK, id::PICTURE_OK, kOkSize, dpi_);
   link_picture_ = ShowPicture(Hwnd(), id::PicURL, id::PICTURE_LINK, kLinkSize, dpi_);
+  const AccessibleNames names;
+  names.Name(Child(id::PicURL), kLinkName);
+  names.Name(Child(id::Img_OK), L"OK");
+  for (const int id : {id::PicURL, id::Lb_OK}) {
+    MakePressable(Child(id));
+    names.PushButton(Child(id));
+  }
   surroundings_.loop.AddKeyboardWindow(Hwnd());
 }
 
@@ -93,6 +106,7 @@ void FormVersionWindow::AddStatic(int id, DWORD style, const RECT& place, const 
 void FormVersionWindow::Unload() {
   if (Hwnd() == nullptr) return;
   surroundings_.loop.RemoveKeyboardWindow(Hwnd());
+  AccessibleNames().ForgetChildren(Hwnd());
   Destroy();
 }
 
@@ -104,11 +118,13 @@ LRESULT FormVersionWindow::HandleMessage(UINT message, WPARAM wparam, LPARAM lpa
       OnMouse(message, wparam, lparam, kFace);
       return 0;
     case WM_COMMAND:
-      // Enter and Escape; the parts' own notes come with their ids.
-      if (LOWORD(wparam) != IDOK && LOWORD(wparam) != IDCANCEL) return 0;
-      [[fallthrough]];
+      OnKeyCommand(LOWORD(wparam));
+      return 0;
     case WM_CLOSE:
-      Deliver([this] { ShowWindow(Hwnd(), SW_HIDE); });
+      Hide();
+      return 0;
+    case WM_SETFOCUS:
+      SetFocus(Child(id::Lb_OK));
       return 0;
     case WM_SETCURSOR:
       if (IsLink(GetDlgCtrlID(reinterpret_cast<HWND>(wparam)))) {
@@ -121,6 +137,13 @@ LRESULT FormVersionWindow::HandleMessage(UINT message, WPARAM wparam, LPARAM lpa
     default:
       return DefaultHandling(message, wparam, lparam);
   }
+}
+
+/// Enter, Escape, and the space bar on a part that can be pressed. The mouse does not come here.
+void FormVersionWindow::OnKeyCommand(int id) {
+  const bool on_link = id == IDOK && GetFocus() == Child(id::PicURL);
+  if (id == id::PicURL || on_link) return OpenLink();
+  if (id == IDOK || id == IDCANCEL || id == id::Lb_OK) Hide();
 }
 
 LRESULT FormVersionWindow::PaintPart(HDC context, int id) const {
@@ -175,8 +198,8 @@ void FormVersionWindow::OnPress(LPARAM place, int id) {
 
 void FormVersionWindow::OnRelease(int id) {
   if (std::exchange(pressed_, kNothing) != id) return;
-  if (IsOk(id)) Deliver([this] { ShowWindow(Hwnd(), SW_HIDE); });
-  if (id == id::PicURL) Deliver([this] { FormVersion::PicURL_Click(shell_); });
+  if (IsOk(id)) Hide();
+  if (id == id::PicURL) OpenLink();
 }
 
 void FormVersionWindow::Drag() {

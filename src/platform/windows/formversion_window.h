@@ -32,6 +32,7 @@ class FormVersionWindow final : public BaseWindow<FormVersionWindow> {
 
  private:
   void Load();
+  [[nodiscard]] HWND Child(int id) const { return GetDlgItem(Hwnd(), id); }
   void AddStatic(int id, DWORD style, const RECT& place, const String& text, HFONT font);
   static LRESULT CALLBACK PartProcedure(HWND part, UINT message, WPARAM wparam, LPARAM lparam,
                                         UINT_PTR id, DWORD_PTR object) noexcept;
@@ -39,6 +40,13 @@ class FormVersionWindow final : public BaseWindow<FormVersionWindow> {
   void OnMouse(UINT message, WPARAM keys, LPARAM place, int id);
   void OnPress(LPARAM place, int id);
   void OnRelease(int id);
+  void OnKeyCommand(int id);
+  void Hide() {
+    Deliver([this] { ShowWindow(Hwnd(), SW_HIDE); });
+  }
+  void OpenLink() {
+    Deliver([this] { FormVersion::PicURL_Click(shell_); });
+  }
   void Drag();
   void Deliver(EventGate::Event event) { surroundings_.gate.Deliver(std::move(event)); }
   [[nodiscard]] LRESULT PaintPart(HDC context, int id) const;

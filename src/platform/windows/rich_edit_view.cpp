@@ -100,6 +100,11 @@ bool RichEditView::Create(HWND parent, int id, std::function<void()> selection_c
                            reinterpret_cast<DWORD_PTR>(this)) != FALSE;
 }
 
+void RichEditView::TabStop(bool stop) {
+  const LONG_PTR style = GetWindowLongPtrW(window_, GWL_STYLE);
+  SetWindowLongPtrW(window_, GWL_STYLE, stop ? style | WS_TABSTOP : style & ~LONG_PTR{WS_TABSTOP});
+}
+
 void RichEditView::SetDefaultFormat() {
   CHARFORMAT2W format = EmptyFormat();
   format.dwMask = CFM_FACE | CFM_SIZE | CFM_CHARSET | CFM_COLOR | CFM_BACKCOLOR | CFM_BOLD;

@@ -29,6 +29,8 @@ class RichEditView final : public RichTextView {
   [[nodiscard]] bool Create(HWND parent, int id, std::function<void()> selection_changed,
                             std::function<void(bool by_keyboard)> context_menu);
   [[nodiscard]] HWND Hwnd() const { return window_; }
+  /// Whether Tab comes to the view.
+  void TabStop(bool stop);
   /// For the parent: whether EN_SELCHANGE now comes from the user.
   [[nodiscard]] bool Writing() const { return writing_ > 0; }
 

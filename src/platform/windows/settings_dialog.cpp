@@ -3,8 +3,8 @@
 #include <utility>
 
 #include <tolvane_control_ids.h>
+#include "platform/windows/accessible_names.h"
 #include "platform/windows/control_colour.h"
-#include "platform/windows/dialog_font.h"
 #include "platform/windows/dialog_picture.h"
 #include "platform/windows/text.h"
 #include "platform/windows/window_place.h"
@@ -28,7 +28,9 @@ void SettingsDialog::AdjustClass(WNDCLASSEXW& window_class) {
 void SettingsDialog::Show() {
   if (Hwnd() != nullptr) return;
   const HWND main_window = surroundings_.main_window;
-  font_ = DialogFont();
+  const DialogLook look = LookOver(main_window, client_, kStyle, kExtendedStyle);
+  dpi_ = look.Scale();
+  font_ = look.Font();
   last_focus_ = nullptr;
   if (!Create(surroundings_.instance,
               PlaceOverOwner(main_window, dpi_, client_, kStyle, kExtendedStyle))) {
@@ -39,7 +41,11 @@ void SettingsDialog::Show() {
   help_picture_ = ShowPicture(Hwnd(), id::Img_Help_Setting, id::PICTURE_HELP, kPictureSize, dpi_);
   SetWindowTextW(Hwnd(), Wide(LoadForm()));
   ShowValues();
-  surroundings_.loop.AddKeyboardWindow(Hwnd());
+  surroundings_.loop.AddKeyboardWindow(Hwnd(), [this](WPARAM key) {
+    if (key != VK_F1) return false;
+    Deliver([this] { Help(); });
+    return true;
+  });
   EnableWindow(main_window, FALSE);
   FocusFirst();
   ShowWindow(Hwnd(), SW_SHOW);
@@ -51,6 +57,7 @@ void SettingsDialog::Unload() {
   // Before the dialog goes, or Windows would give the focus to another program.
   EnableWindow(surroundings_.main_window, TRUE);
   surroundings_.loop.RemoveKeyboardWindow(Hwnd());
+  AccessibleNames().ForgetChildren(Hwnd());
   Destroy();
 }
 
@@ -60,7 +67,7 @@ void SettingsDialog::AddClosingButtons() {
   const int ok = cancel - 8 - kButtonWidth;
   const DialogPart parts[] = {
       {id::Img_Help_Setting, PartKind::kPicture, L"", ok - 12 - kPictureSize,
-       top + (kButtonHeight - kPictureSize) / 2, kPictureSize, kPictureSize},
+       top + (kButtonHeight - kPictureSize) / 2, kPictureSize, kPictureSize, L"ヘルプ"},
       {id::Bt_OK, PartKind::kDefaultButton, L"OK", ok, top, kButtonWidth, kButtonHeight},
       {id::Bt_Cancell, PartKind::kButton, L"キャンセル", cancel, top, kButtonWidth, kButtonHeight},
   };
@@ -90,9 +97,6 @@ LRESULT SettingsDialog::HandleMessage(UINT message, WPARAM wparam, LPARAM lparam
     case WM_CLOSE:
       Deliver([this] { Unload(); });
       return 0;
-    case WM_HELP:
-      Deliver([this] { Help(); });
-      return TRUE;
     case WM_NOTIFY:
       if (const auto* header = reinterpret_cast<const NMHDR*>(lparam);
           header->code == static_cast<UINT>(NM_CUSTOMDRAW)) {

@@ -1,11 +1,14 @@
 #include "platform/windows/shell.h"
 
+#include <array>
 #include <string>
 
 #include "platform/windows/text.h"
 
 namespace tolvane::platform::windows {
 namespace {
+
+constexpr INT_PTR kLastError = 32;  // of FindExecutable
 
 std::string Narrow(StringView text) {
   std::string narrow;
@@ -18,6 +21,16 @@ std::string Narrow(StringView text) {
 void WindowsShell::ShellExecuteA(StringView verb, StringView file, std::int32_t show_command) {
   ::ShellExecuteA(nullptr, Narrow(verb).c_str(), Narrow(file).c_str(), nullptr, nullptr,
                   show_command);
+}
+
+void WindowsShell::OpenPage(StringView file, StringView address) {
+  const String page(file);
+  std::array<wchar_t, MAX_PATH> program{};
+  const auto result =
+      reinterpret_cast<INT_PTR>(FindExecutableW(Wide(page), nullptr, program.data()));
+  if (result <= kLastError) return;
+  const String quoted = u"\"" + String(address) + u"\"";
+  ShellExecuteW(nullptr, nullptr, program.data(), Wide(quoted), nullptr, SW_SHOWNORMAL);
 }
 
 String WindowsStringResources::LoadText(std::int32_t number) {

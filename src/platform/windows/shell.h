@@ -10,6 +10,7 @@ class WindowsShell final : public Shell {
  public:
   /// `verb` and `file` are plain ASCII.
   void ShellExecuteA(StringView verb, StringView file, std::int32_t show_command) override;
+  void OpenPage(StringView file, StringView address) override;
 };
 
 /// The string table of the running program.

@@ -2,8 +2,8 @@
 
 #include <cmath>
 
-#include "platform/windows/dialog_font.h"
 #include "platform/windows/text.h"
+#include "platform/windows/window_place.h"
 // Last, see there.
 #include "platform/windows/resources/resource.h"
 
@@ -31,19 +31,18 @@ void SplashWindow::AdjustClass(WNDCLASSEXW& window_class) {
 }
 
 SplashWindow::SplashWindow(HINSTANCE instance)
-    : instance_(instance),
-      font_(DialogFont()),
-      title_font_(DialogFont(kTitlePercent)),
-      track_brush_(CreateSolidBrush(kTrackColour)) {
-  RECT area{};
-  SystemParametersInfoW(SPI_GETWORKAREA, 0, &area, 0);
-  const int width = dpi_.Pixels(kWidth);
-  const int height = dpi_.Pixels(kHeight);
-  const int left = (area.left + area.right - width) / 2;
-  const int top = (area.top + area.bottom - height) / 2;
+    : instance_(instance), track_brush_(CreateSolidBrush(kTrackColour)) {
+  const ScreenPlace area = WorkArea(nullptr);
+  const DialogLook look({kWidth, kHeight}, {0, 0}, {area.width, area.height});
+  dpi_ = look.Scale();
+  font_ = look.Font();
+  title_font_ = look.Font(kTitlePercent);
+  const Extent size{dpi_.Pixels(kWidth), dpi_.Pixels(kHeight)};
+  const ScreenPlace place = InMiddle(area, size, area);
   if (!Create(instance, {.style = WS_POPUP | WS_BORDER,
                          .extended_style = WS_EX_TOOLWINDOW,
-                         .bounds = {left, top, left + width, top + height}})) {
+                         .bounds = {place.left, place.top, place.left + place.width,
+                                    place.top + place.height}})) {
     return;
   }
   CreateContents();

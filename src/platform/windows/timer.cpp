@@ -1,5 +1,7 @@
 #include "platform/windows/timer.h"
 
+#include <utility>
+
 namespace tolvane::platform::windows {
 
 WorkerWindow::WorkerWindow(EventGate& gate, HINSTANCE instance, std::int32_t interval)
@@ -11,9 +13,16 @@ WorkerWindow::WorkerWindow(EventGate& gate, HINSTANCE instance, std::int32_t int
 void WorkerWindow::Enabled(bool enabled) {
   if (enabled_) KillTimer(Hwnd(), id_);
   enabled_ = enabled && Hwnd() != nullptr;
+  TellRunning();
   if (!enabled_) return;
   ++id_;
   SetTimer(Hwnd(), id_, static_cast<UINT>(interval_), nullptr);
+}
+
+void WorkerWindow::TellRunning() {
+  const bool running = enabled_ || ticking_;
+  if (std::exchange(told_running_, running) == running) return;
+  if (on_running_) on_running_(running);
 }
 
 LRESULT WorkerWindow::HandleMessage(UINT message, WPARAM wparam, LPARAM lparam) {
@@ -34,8 +43,15 @@ void WorkerWindow::Tick(UINT_PTR id) {
   waiting_ = true;
   gate_.Deliver([this, id] {
     waiting_ = false;
-    if (enabled_ && id == id_ && handler_) handler_();
+    if (enabled_ && id == id_ && handler_) RunTick();
   });
+}
+
+void WorkerWindow::RunTick() {
+  ticking_ = true;
+  handler_();
+  ticking_ = false;
+  TellRunning();
 }
 
 }  // namespace tolvane::platform::windows

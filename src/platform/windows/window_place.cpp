@@ -1,37 +1,47 @@
 #include "platform/windows/window_place.h"
 
-#include <algorithm>
-
 namespace tolvane::platform::windows {
 namespace {
 
-/// The start of `length` in the middle between `low` and `high`, kept inside the screen's limits;
-/// what is longer than the screen shows its beginning.
-LONG Middle(LONG low, LONG high, LONG length, LONG screen_low, LONG screen_high) {
-  const LONG start = (low + high - length) / 2;
-  return std::max(screen_low, std::min(start, screen_high - length));
+ScreenPlace PlaceOf(const RECT& bounds) {
+  return {static_cast<std::int32_t>(bounds.left), static_cast<std::int32_t>(bounds.top),
+          static_cast<std::int32_t>(bounds.right - bounds.left),
+          static_cast<std::int32_t>(bounds.bottom - bounds.top)};
 }
 
 }  // namespace
 
-WindowPlace PlaceOverOwner(HWND owner, const Dpi& dpi, SIZE client, DWORD style,
-                           DWORD extended_style) {
-  RECT size{0, 0, dpi.Pixels(client.cx), dpi.Pixels(client.cy)};
-  AdjustWindowRectEx(&size, style, FALSE, extended_style);
-  const LONG width = size.right - size.left;
-  const LONG height = size.bottom - size.top;
-
+ScreenPlace WorkArea(HWND window) {
+  const DWORD without = window == nullptr ? MONITOR_DEFAULTTOPRIMARY : MONITOR_DEFAULTTONEAREST;
   MONITORINFO monitor{};
   monitor.cbSize = sizeof(monitor);
-  GetMonitorInfoW(MonitorFromWindow(owner, MONITOR_DEFAULTTONEAREST), &monitor);
-  const RECT& screen = monitor.rcWork;
-  RECT around = screen;
-  if (!IsIconic(owner)) GetWindowRect(owner, &around);
-  const LONG left = Middle(around.left, around.right, width, screen.left, screen.right);
-  const LONG top = Middle(around.top, around.bottom, height, screen.top, screen.bottom);
+  GetMonitorInfoW(MonitorFromWindow(window, without), &monitor);
+  return PlaceOf(monitor.rcWork);
+}
+
+SIZE FrameSize(DWORD style, DWORD extended_style, bool has_menu) {
+  RECT bounds{};
+  AdjustWindowRectEx(&bounds, style, has_menu, extended_style);
+  return {bounds.right - bounds.left, bounds.bottom - bounds.top};
+}
+
+DialogLook LookOver(HWND owner, SIZE client, DWORD style, DWORD extended_style) {
+  const ScreenPlace area = WorkArea(owner);
+  return {client, FrameSize(style, extended_style, false), {area.width, area.height}};
+}
+
+WindowPlace PlaceOverOwner(HWND owner, const Dpi& dpi, SIZE client, DWORD style,
+                           DWORD extended_style) {
+  const SIZE frame = FrameSize(style, extended_style, false);
+  const Extent size{static_cast<std::int32_t>(dpi.Pixels(client.cx) + frame.cx),
+                    static_cast<std::int32_t>(dpi.Pixels(client.cy) + frame.cy)};
+  const ScreenPlace area = WorkArea(owner);
+  ScreenPlace around = area;
+  if (RECT bounds{}; !IsIconic(owner) && GetWindowRect(owner, &bounds)) around = PlaceOf(bounds);
+  const ScreenPlace place = InMiddle(around, size, area);
   return {.style = style,
           .extended_style = extended_style,
-          .bounds = {left, top, left + width, top + height},
+          .bounds = {place.left, place.top, place.left + place.width, place.top + place.height},
           .parent = owner};
 }
 

@@ -24,6 +24,7 @@ class RecordedEvents final : public Form1Events {
     ++focuses;
     if (on_focus) on_focus();
   }
+  void HelpKey() override { ++help_keys; }
   [[nodiscard]] bool QueryUnload() override {
     ++queries;
     return !refuse;
@@ -38,6 +39,7 @@ class RecordedEvents final : public Form1Events {
   int selection_changes = 0;
   int context_menus = 0;
   int focuses = 0;
+  int help_keys = 0;
   int queries = 0;
   int unloads = 0;
   int session_ends = 0;

@@ -1,0 +1,87 @@
+// A run from its beginning to its end without a mouse.
+#include "tests/window/window_fixture.h"
+#include "tools/drive/message_box.h"
+#include "tools/drive/text.h"
+// Last: its symbols are also names of controls elsewhere.
+#include "src/platform/windows/resources/resource.h"
+
+namespace tolvane::window {
+namespace {
+
+constexpr int kControls[] = {Cmb_Serect_Device, TB_ODB_Hard_Version, Bt_Connect,    Bt_Disconnect,
+                             TB_Protocol,       TB_Status,           TB_LogComment, Bt_SaveFile,
+                             Bt_ViewClear,      RTB_MainView};
+
+class Keyboard : public RealProgram {
+ protected:
+  /// The control with the focus, 0 without.
+  static int Focused(const DrivenWindow& window) {
+    for (const int id : kControls) {
+      if (window.HasFocus(id)) return id;
+    }
+    return 0;
+  }
+  /// Presses Tab until the focus is on `id`; the presses, 0 when it never came there.
+  static int TabTo(const DrivenWindow& window, int id) {
+    for (int presses = 1; presses <= 12; ++presses) {
+      const int before = Focused(window);
+      window.PressKey(before, VK_TAB);
+      WaitUntil([&] { return Focused(window) != before; }, std::chrono::seconds(5));
+      if (Focused(window) == id) return presses;
+    }
+    return 0;
+  }
+  static bool Receiving(const DrivenWindow& window) {
+    return WaitUntil([&] { return window.Text(TB_Status).starts_with(L"通信中"); });
+  }
+  static bool Idle(const DrivenWindow& window) {
+    return WaitUntil([&] { return window.Enabled(Bt_Connect); });
+  }
+  static bool IsDefault(const DrivenWindow& window, int id) {
+    return (GetWindowLongPtrW(window.Control(id), GWL_STYLE) & BS_TYPEMASK) == BS_DEFPUSHBUTTON;
+  }
+};
+
+TEST_F(Keyboard, EnterConnectsTabFindsDisconnectAndTheRingFollowsTheFocus) {
+  PlugIn(kOneCanusb, {L"canusbdrv.dll"});
+  const DrivenWindow window = StartProgram();
+  ASSERT_TRUE(window.Exists());
+  ASSERT_TRUE(WaitUntil([&] { return window.HasFocus(Bt_Connect); }));
+  EXPECT_TRUE(IsDefault(window, Bt_Connect));
+  window.PressKey(Bt_Connect, VK_RETURN);
+  ASSERT_TRUE(Receiving(window));
+  EXPECT_GT(TabTo(window, Bt_Disconnect), 0) << "Tab never reaches it in a run";
+  window.PressKey(Bt_Disconnect, VK_RETURN);
+  ASSERT_TRUE(Idle(window));
+  EXPECT_TRUE(WaitUntil([&] { return window.HasFocus(TB_Status); }));
+  for (const int id : {Bt_Connect, Bt_Disconnect, Bt_SaveFile, Bt_ViewClear}) {
+    EXPECT_FALSE(IsDefault(window, id)) << id << " keeps the ring without the focus";
+  }
+  EXPECT_GT(TabTo(window, RTB_MainView), 0);
+  EXPECT_GT(TabTo(window, Bt_Connect), 0);
+  EXPECT_TRUE(IsDefault(window, Bt_Connect));
+  window.Close();
+  EXPECT_EQ(program_->WaitForEnd(), 0u);
+}
+
+TEST_F(Keyboard, FunctionKeysConnectSaveAndDisconnect) {
+  PlugIn(kOneCanusb, {L"canusbdrv.dll"});
+  const DrivenWindow window = StartProgram();
+  ASSERT_TRUE(window.Exists());
+  ASSERT_TRUE(Idle(window));
+  window.PressKey(TB_LogComment, VK_F5);
+  ASSERT_TRUE(Receiving(window));
+  window.PressKey(TB_Status, VK_F9);
+  const auto message = WaitForMessage(program_->Id());
+  ASSERT_TRUE(message.has_value());
+  EXPECT_EQ(Utf8(message->text), Utf8(L"保存しました"));
+  EXPECT_TRUE(Press(*message, IDOK));
+  window.PressKey(TB_Status, VK_F6);
+  ASSERT_TRUE(Idle(window));
+  EXPECT_EQ(State(window), IdleState());
+  window.Close();
+  EXPECT_EQ(program_->WaitForEnd(), 0u);
+}
+
+}  // namespace
+}  // namespace tolvane::window
