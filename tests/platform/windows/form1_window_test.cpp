@@ -268,10 +268,13 @@ TEST_F(MainWindowTest, NothingIsClippedOrLiesOverAnotherAtTheSmallestSize) {
 }
 
 TEST_F(MainWindowTest, TheViewTakesWhatALargerWindowGives) {
-  SetWindowPos(window_.Hwnd(), nullptr, 0, 0, 1000, 700, SWP_NOMOVE | SWP_NOZORDER);
+  const Dpi dpi;
+  const int width = dpi.Pixels(900);
+  const int height = dpi.Pixels(500);
+  SetWindowPos(window_.Hwnd(), nullptr, 0, 0, width, height, SWP_NOMOVE | SWP_NOZORDER);
   RECT small{};
   GetClientRect(Child(RTB_MainView), &small);
-  SetWindowPos(window_.Hwnd(), nullptr, 0, 0, 1100, 900, SWP_NOMOVE | SWP_NOZORDER);
+  SetWindowPos(window_.Hwnd(), nullptr, 0, 0, width + 100, height + 200, SWP_NOMOVE | SWP_NOZORDER);
   RECT large{};
   GetClientRect(Child(RTB_MainView), &large);
   EXPECT_EQ(large.right - small.right, 100);
