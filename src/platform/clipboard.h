@@ -18,8 +18,7 @@ class Clipboard {
   /// Clears the clipboard and puts one text there in both formats, without letting go of it in
   /// between. Each step is tried whatever became of the one before. False unless both texts are
   /// there.
-  [[nodiscard]] virtual bool Replace(StringView plain_text, StringView rich_text,
-                                     std::int32_t patience) = 0;
+  virtual bool Replace(StringView plain_text, StringView rich_text, std::int32_t patience) = 0;
   /// Whether the clipboard holds something in `format`, even while another program holds it open;
   /// false also when that cannot be learned.
   [[nodiscard]] virtual bool GetFormat(Format format) = 0;

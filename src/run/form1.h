@@ -139,9 +139,7 @@ class Form1 {
   void Set_View_Menu(const ViewMenuFacts& facts);
   void Set_View_Menu_At_Start();
   [[nodiscard]] bool Clipboard_Has_Text();
-  // False unless the clipboard took both forms.
-  bool Copy_Selection();
-  bool To_Clipboard(StringView plain_text, StringView rich_text);
+  void To_Clipboard(StringView plain_text, StringView rich_text);
   /// How long a command may wait for the clipboard, in ms: frames wait with it in a run.
   [[nodiscard]] std::int32_t Clipboard_Patience() const { return RxFlag == 1 ? 20 : 100; }
 

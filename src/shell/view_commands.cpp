@@ -120,8 +120,8 @@ bool Form1::Clipboard_Has_Text() {
   return platform_.clipboard.GetFormat(Clipboard::Format::kPlainText);
 }
 
-bool Form1::To_Clipboard(StringView plain_text, StringView rich_text) {
-  return platform_.clipboard.Replace(plain_text, rich_text, Clipboard_Patience());
+void Form1::To_Clipboard(StringView plain_text, StringView rich_text) {
+  platform_.clipboard.Replace(plain_text, rich_text, Clipboard_Patience());
 }
 
 void Form1::menu_View_All_Copy_Click() {
@@ -131,14 +131,13 @@ void Form1::menu_View_All_Copy_Click() {
 void Form1::menu_View_Ctrl_Z_Click() { window_.RTB_MainView.Undo(); }
 
 void Form1::menu_View_Ctrl_X_Click() {
-  // What the clipboard did not take would be lost.
-  if (Copy_Selection()) menu_View_DEL_Click();
+  menu_View_Ctrl_C_Click();
+  // Whether or not the clipboard took it: 元に戻す brings it back.
+  menu_View_DEL_Click();
 }
 
-void Form1::menu_View_Ctrl_C_Click() { Copy_Selection(); }
-
-bool Form1::Copy_Selection() {
-  return To_Clipboard(window_.RTB_MainView.SelText(), window_.RTB_MainView.SelRTF());
+void Form1::menu_View_Ctrl_C_Click() {
+  To_Clipboard(window_.RTB_MainView.SelText(), window_.RTB_MainView.SelRTF());
 }
 
 void Form1::menu_View_Ctrl_V_Click() {
