@@ -126,6 +126,7 @@ TEST_F(CommonSetting, OkKeepsWhatWasSetUntilTheNextStartAndCancelForgetsIt) {
 }
 
 TEST_F(CommonSetting, WhatStandsBehindAModalWindowTakesNoMessageOfOtherProgramsEither) {
+  PlugIn(kOneCanusb, {L"canusbdrv.dll"});
   ASSERT_NO_FATAL_FAILURE(Start());
   const DrivenWindow dialog = Open(menu_common_setting);
   EXPECT_TRUE(main_.Click(Bt_Connect));

@@ -97,7 +97,7 @@ TEST_F(PageCommands, ThePopUpOffersWhatCanBeDone) {
   End();
 }
 
-TEST_F(PageCommands, AClipboardHeldByAnotherProgramTakesNothingAndLosesNothing) {
+TEST_F(PageCommands, AClipboardHeldByAnotherProgramTakesNothingAndWhatWasCutComesBack) {
   ASSERT_NO_FATAL_FAILURE(StartWith(L"0123456789"));
   HeldClipboard().Put(L"theirs");
   {
@@ -105,7 +105,9 @@ TEST_F(PageCommands, AClipboardHeldByAnotherProgramTakesNothingAndLosesNothing) 
     Select(0, 2);
     Do(menu_View_Ctrl_C);
     Do(menu_View_Ctrl_X);
-    EXPECT_EQ(Page(), L"0123456789") << "the cut text is nowhere";
+    EXPECT_EQ(Page(), L"23456789");
+    Do(menu_View_Ctrl_Z);
+    EXPECT_EQ(Page(), L"0123456789");
     SetCaret(0);
     Do(menu_View_Ctrl_V);
     Do(menu_View_All_Copy);
