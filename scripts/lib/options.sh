@@ -87,7 +87,7 @@ check_value() {
       ;;
     factor)
       [[ $value =~ ^([0-9]{0,3}(\.[0-9]{1,3})?|1000)$ && $value =~ [1-9] ]] && return
-      wanted="a number from 0.001 to 1000"
+      wanted="a number from 0.001 to 1000, with three decimals at most"
       ;;
     *)
       [[ $value != *"|"* && "|$kind|" == *"|$value|"* ]] && return

@@ -133,8 +133,8 @@ class Options(Place):
                 ("tests/soak/run", "--load", "full", "is short, long, short29 or ids29"),
                 ("replay-check", "--ids", "12", "is 11, 29 or both"),
                 ("log-check", "--format", "xls", "is csv or xlsx"),
-                ("log-check", "--speed", "0", "is a number from 0.001 to 1000"),
-                ("log-check", "--speed", "1001", "is a number from 0.001 to 1000")):
+                ("log-check", "--speed", "0", "is a number from 0.001 to 1000, with three decimals at most"),
+                ("log-check", "--speed", "1001", "is a number from 0.001 to 1000, with three decimals at most")):
             self.refuses(rf"{option} {wanted}, not '{re.escape(value)}'", name, option, value)
 
     def test_there_are_two_architectures(self):

@@ -51,7 +51,9 @@ class Packages(PlayedMachine):
             printf '#!/bin/sh\\nexec "{sys.executable}" "$@"\\n' >"{python}"; chmod +x "{python}" """)
         (self.bin / "chmod").symlink_to(shutil.which("chmod"))
         status, said = self.bash('need_recording gone.log 11', "unattended")
-        self.assertEqual((1, "error: there is no recording gone.log"), (status, said[-1]))
+        self.assertEqual((1, ["error: there is no recording gone.log"]), (status, said))
+        status, said = self.bash('need_recording / 11', "unattended")
+        self.assertEqual((1, "error: / is a folder, and a recording is a file"), (status, said[-1]))
         self.assertEqual(["install -y --no-install-recommends python3"], self.calls.read_text().splitlines())
 
     def test_a_machine_that_has_all_hears_nothing(self):
