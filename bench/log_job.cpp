@@ -48,7 +48,8 @@ class LogJob {
   LocalFiles files_;
   platform::memory::SpecialFolders folders_{u"C:\\Desktop", u"C:\\Windows"};
   platform::memory::WallClock wall_clock_{{2026, 11, 20, 5, 9, 5, 7}};
-  platform::memory::EventLoop events_;
+  platform::EventGate gate_;
+  platform::memory::EventLoop events_{gate_};
   ELM327_Info device_{u"C:\\Tolvane"};
   Excel_OutputDB log_{{events_, files_, folders_, wall_clock_}};
   String FileName_Date_;

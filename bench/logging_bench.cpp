@@ -49,7 +49,8 @@ struct Bench {
   LocalFiles files{scratch.Path(), code_page};
   platform::memory::SpecialFolders folders{u"D:\\Desktop", u"C:\\Windows"};
   platform::memory::WallClock wall_clock{{2026, 11, 20, 5, 9, 5, 7}};
-  platform::memory::EventLoop events;
+  platform::EventGate gate;
+  platform::memory::EventLoop events{gate};
   ELM327_Info device{u"C:\\Tolvane"};
   Excel_OutputDB db{{events, files, folders, wall_clock}};
   String FileName_Date;

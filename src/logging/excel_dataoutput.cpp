@@ -97,13 +97,11 @@ String Excel_OutputDB::FreeLogPath(ELM327_Info& device, const platform::LocalTim
   }
   const ShortText date = DateHourText(now);
   std::int32_t number = 1;
-  if (date.View() == FileName_Date) {
-    number = FileNumber(FileName_No);
-  } else {
-    FileName_Date = date.View();
-  }
-  NumberedPath found = FindFreePath(services_.files, folder + u"\\KL" + FileName_Date + u'-',
+  if (date.View() == FileName_Date) number = FileNumber(FileName_No);
+  NumberedPath found = FindFreePath(services_.files, folder + u"\\KL" + String(date.View()) + u'-',
                                     extension, number, events);
+  // Both together, behind the yields of the search: a flush in one of them begins at 1 as well.
+  FileName_Date = date.View();
   FileName_No = FileNumberText(found.number).View();
   return std::move(found.path);
 }

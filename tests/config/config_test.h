@@ -58,7 +58,8 @@ class ConfigTest : public ::testing::Test {
   platform::memory::Journal journal;
   platform::memory::CodePage932 code_page;
   platform::memory::FileSystem files{code_page};
-  platform::memory::MessageBox message_box{journal};
+  platform::EventGate gate;
+  platform::memory::MessageBox message_box{journal, gate};
   ELM327_Info device{u"C:\\Tolvane"};
 };
 

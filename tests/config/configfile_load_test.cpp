@@ -119,7 +119,7 @@ TEST_F(ConfigLoad, VersionDecidesWhetherTheUserIsAsked) {
     files.AddFile(kPath, file);
     SetVersion(row.version);
     device.Param_ALL_Clear();
-    platform::memory::MessageBox box(journal);
+    platform::memory::MessageBox box(journal, gate);
     if (row.asked) box.Answer(row.answer);
     EXPECT_EQ(FileSaveSystem::LoadConfigFile(device, files, code_page, box), row.result)
         << row.version;

@@ -52,7 +52,8 @@ class Machine {
   platform::memory::Journal journal;
   platform::memory::CodePage932 code_page;
   platform::memory::FileSystem files{code_page};
-  platform::memory::MessageBox message_box{journal};
+  platform::EventGate gate;
+  platform::memory::MessageBox message_box{journal, gate};
   platform::memory::RichTextView view{journal, files};
   ELM327_Info device{String(kFolder)};
 };

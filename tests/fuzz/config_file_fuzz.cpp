@@ -35,7 +35,8 @@ struct Machine {
 
   std::int32_t Load(bool answer) {
     platform::memory::Journal journal;
-    platform::memory::MessageBox message_box(journal);
+    platform::EventGate gate;
+    platform::memory::MessageBox message_box(journal, gate);
     message_box.Answer(answer);
     device.Param_ALL_Clear();
     return FileSaveSystem::LoadConfigFile(device, files, code_page, message_box);

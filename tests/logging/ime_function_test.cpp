@@ -36,7 +36,8 @@ class Snapshot : public LogTest {
     }
   }
 
-  platform::memory::MessageBox message_box{journal};
+  platform::EventGate gate;
+  platform::memory::MessageBox message_box{journal, gate};
   platform::memory::RichTextView RTB_MainView{journal, files};
 };
 

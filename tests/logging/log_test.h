@@ -66,7 +66,8 @@ class LogTest : public ::testing::Test {
   platform::memory::FileSystem files{code_page};
   platform::memory::SpecialFolders folders{u"D:\\Desktop", u"C:\\Windows\\system32"};
   platform::memory::WallClock wall_clock{{2026, 11, 20, 5, 9, 5, 7}};
-  platform::memory::EventLoop events;
+  platform::EventGate gate;
+  platform::memory::EventLoop events{gate};
   platform::memory::AutomationServers servers{journal};
   ELM327_Info device{u"C:\\Tolvane"};
   Excel_OutputDB db{{events, files, folders, wall_clock}};

@@ -114,6 +114,11 @@ class RunBench {
 
   /// A whole run, as the connect button starts it. The status of an Interface run, else 0.
   std::int32_t Run(BindingKind binding, WorkerKind kind) {
+    std::int32_t status = 0;
+    gate.Deliver([&] { status = Open(binding, kind); });
+    return status;
+  }
+  std::int32_t Open(BindingKind binding, WorkerKind kind) {
     RxFlag = 1;
     Worker& worker = workers.Of(kind);
     if (binding == BindingKind::kInterface) {
@@ -155,19 +160,20 @@ class RunBench {
   platform::FileServices& log_files;
   platform::memory::SpecialFolders folders{u"C:\\Desktop", u"C:\\Windows\\System32"};
   NotingWallClock wall_clock{journal};
-  platform::memory::EventLoop loop;
+  platform::EventGate gate;
+  platform::memory::EventLoop loop{gate};
   platform::memory::SupportLibrary qxt100;
   platform::memory::TimerResolution winmm{journal};
   platform::memory::CanusbLibrary canusbdrv{journal};
   platform::memory::IfcanLibrary IFCan{journal};
   platform::memory::CanlibLibrary canlib32{journal};
-  platform::memory::MessageBox message_box{journal};
+  platform::memory::MessageBox message_box{journal, gate};
   platform::memory::MainWindow window{journal};
   platform::memory::RichTextView RTB_MainView{journal, files};
   platform::memory::AutomationServers automation{journal};
   platform::memory::Timer timers[4] = {
-      platform::memory::Timer(journal), platform::memory::Timer(journal),
-      platform::memory::Timer(journal), platform::memory::Timer(journal)};
+      platform::memory::Timer(journal, gate), platform::memory::Timer(journal, gate),
+      platform::memory::Timer(journal, gate), platform::memory::Timer(journal, gate)};
 
   ELM327_Info device{u"C:\\Tolvane"};
   std::int32_t RxFlag = 0;

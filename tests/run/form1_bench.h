@@ -50,6 +50,11 @@ class Form1Bench {
     memory.journal.Clear();
   }
 
+  /// The user's click or choice; it waits while the program does not take any.
+  void Click(void (Form1::*handler)()) {
+    memory.gate.Deliver([this, handler] { (form.*handler)(); });
+  }
+
   /// Lines of the journal that begin with `prefix`.
   [[nodiscard]] std::vector<std::string> Noted(const std::string& prefix) const {
     std::vector<std::string> found;

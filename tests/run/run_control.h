@@ -5,6 +5,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <functional>
+#include <utility>
 #include <vector>
 
 #include "tests/run/form1_bench.h"
@@ -19,17 +20,21 @@ class RunControl : public testing::Test {
     form_.device.t_LogSave_Enable = 0;
   }
 
-  /// A whole run: `steps` happen at one yield after the other, then the user disconnects.
+  /// A whole run: `steps` happen at one yield of the receive loop after the other, none within
+  /// another, then the user disconnects.
   void Connect(std::vector<std::function<void()>> steps = {}) {
     std::size_t next = 0;
-    memory_.events.OnYield([this, &steps, &next] {
+    bool inside = false;
+    memory_.events.OnYield([this, &steps, &next, &inside] {
+      if (std::exchange(inside, true)) return;
       if (next < steps.size()) {
         steps[next++]();
       } else {
-        form_.Bt_Disconnect_Click();
+        bench_.Click(&Form1::Bt_Disconnect_Click);
       }
+      inside = false;
     });
-    form_.Bt_Connect_Click();
+    bench_.Click(&Form1::Bt_Connect_Click);
     memory_.events.OnYield({});
   }
 

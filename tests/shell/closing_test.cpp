@@ -105,9 +105,9 @@ TEST_F(Closing, StartsNoRunInAnyOfItsYields) {
   bench_.memory.events.OnYield([&] {
     ++clicks;
     EXPECT_TRUE(bench_.form.Closing());
-    bench_.form.Bt_Connect_Click();
+    bench_.Click(&Form1::Bt_Connect_Click);
   });
-  bench_.form.menu_file_close_Click();
+  bench_.Click(&Form1::menu_file_close_Click);
   EXPECT_EQ(clicks, 10);
   EXPECT_THAT(bench_.Noted("canusb_"), IsEmpty());
   EXPECT_THAT(bench_.Noted("Bt_Connect"), IsEmpty());

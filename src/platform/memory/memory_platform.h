@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/event_gate.h"
 #include "platform/main_window.h"
 #include "platform/memory/automation.h"
 #include "platform/memory/canlib_library.h"
@@ -37,17 +38,18 @@ class MemoryPlatform {
       .year = 2026, .month = 1, .day = 5, .weekday = 1, .hour = 9, .minute = 7, .second = 3};
 
   Journal journal;
-  EventLoop events;
-  Timer FormBG{journal, "FormBG.TimerBackView"};
-  Timer FormBG2{journal, "FormBG2.TimerBackView"};
-  Timer FormBG_29{journal, "FormBG_29.TimerBackView"};
-  Timer FormBG2_29{journal, "FormBG2_29.TimerBackView"};
+  EventGate gate;
+  EventLoop events{gate};
+  Timer FormBG{journal, gate, "FormBG.TimerBackView"};
+  Timer FormBG2{journal, gate, "FormBG2.TimerBackView"};
+  Timer FormBG_29{journal, gate, "FormBG_29.TimerBackView"};
+  Timer FormBG2_29{journal, gate, "FormBG2_29.TimerBackView"};
   SupportLibrary qxt100;
   TimerResolution winmm{journal};
   CanusbLibrary canusbdrv{journal};
   IfcanLibrary IFCan{journal};
   CanlibLibrary canlib32{journal};
-  MessageBox message_box{journal};
+  MessageBox message_box{journal, gate};
   CodePage932 code_page;
   FileSystem files{code_page};
   SpecialFolders folders{u"C:\\Users\\tester\\Desktop", u"C:\\Windows\\System32"};

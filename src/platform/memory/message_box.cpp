@@ -13,6 +13,7 @@ bool MessageBox::AskYesNo(StringView text, StringView title) {
 void MessageBox::Show(Kind kind, StringView text, StringView title) {
   boxes_.push_back({kind, String(text), String(title)});
   journal_.Note("MessageBox(\"" + Narrow(text) + "\")");
+  const EventGate::Opened opened(gate_);
   if (while_shown_) while_shown_();
 }
 

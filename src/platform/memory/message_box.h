@@ -6,6 +6,7 @@
 #include <utility>
 #include <vector>
 
+#include "platform/event_gate.h"
 #include "platform/memory/journal.h"
 #include "platform/message_box.h"
 
@@ -21,7 +22,7 @@ class MessageBox final : public platform::MessageBox {
     String title;
   };
 
-  explicit MessageBox(Journal& journal) : journal_(journal) {}
+  MessageBox(Journal& journal, EventGate& gate) : journal_(journal), gate_(gate) {}
 
   void Critical(StringView text, StringView title) override { Show(Kind::kCritical, text, title); }
   void Plain(StringView text, StringView title) override { Show(Kind::kPlain, text, title); }
@@ -29,8 +30,8 @@ class MessageBox final : public platform::MessageBox {
   bool AskYesNo(StringView text, StringView title) override;
 
   void Answer(bool yes) { answers_.push_back(yes); }
-  /// What happens while a box is up: the user or the timer reaching the program through its
-  /// message loop.
+  /// What happens while a box is up: the user or the timer reaching the program through the box's
+  /// message loop, which opens the gate.
   void WhileShown(std::function<void()> handler) { while_shown_ = std::move(handler); }
 
   [[nodiscard]] const std::vector<Shown>& Boxes() const { return boxes_; }
@@ -39,6 +40,7 @@ class MessageBox final : public platform::MessageBox {
   void Show(Kind kind, StringView text, StringView title);
 
   Journal& journal_;
+  EventGate& gate_;
   std::vector<Shown> boxes_;
   std::deque<bool> answers_;
   std::function<void()> while_shown_;

@@ -3,7 +3,7 @@
 #include <array>
 
 #include "platform/colour_dialog.h"
-#include "platform/windows/event_gate.h"
+#include "platform/event_gate.h"
 #include "platform/windows/win32.h"
 
 namespace tolvane::platform::windows {

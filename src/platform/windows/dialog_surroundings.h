@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/windows/event_gate.h"
+#include "platform/event_gate.h"
 #include "platform/windows/event_loop.h"
 
 namespace tolvane::platform::windows {

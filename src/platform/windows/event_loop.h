@@ -4,8 +4,8 @@
 #include <utility>
 #include <vector>
 
+#include "platform/event_gate.h"
 #include "platform/event_loop.h"
-#include "platform/windows/event_gate.h"
 #include "platform/windows/win32.h"
 
 namespace tolvane::platform::windows {

@@ -1,7 +1,7 @@
 #pragma once
 
+#include "platform/event_gate.h"
 #include "platform/folder_dialog.h"
-#include "platform/windows/event_gate.h"
 #include "platform/windows/win32.h"
 
 namespace tolvane::platform::windows {

@@ -1,7 +1,7 @@
 #pragma once
 
+#include "platform/event_gate.h"
 #include "platform/message_box.h"
-#include "platform/windows/event_gate.h"
 #include "platform/windows/win32.h"
 
 namespace tolvane::platform::windows {

@@ -1,8 +1,8 @@
 #pragma once
 
+#include "platform/event_gate.h"
 #include "platform/timer.h"
 #include "platform/windows/base_window.h"
-#include "platform/windows/event_gate.h"
 
 namespace tolvane::platform::windows {
 

@@ -14,23 +14,40 @@
 namespace tolvane::platform::memory {
 namespace {
 
-TEST(MemoryEventLoop, YieldRunsTheHandlerButNotWithinItself) {
-  EventLoop loop;
+TEST(MemoryEventLoop, AHandlerThatYieldsIsHandedTheNextEventInside) {
+  EventGate gate;
+  EventLoop loop(gate);
   loop.YieldToEvents();
-  int runs = 0;
+  std::vector<std::string> journal;
   loop.OnYield([&] {
-    ++runs;
+    if (journal.size() >= 4) return;
+    journal.push_back("event");
     loop.YieldToEvents();
+    journal.push_back("its end");
   });
   loop.YieldToEvents();
-  loop.YieldToEvents();
-  EXPECT_EQ(runs, 2);
-  EXPECT_EQ(loop.Yields(), 5);
+  EXPECT_EQ(journal, (std::vector<std::string>{"event", "event", "event", "event", "its end",
+                                               "its end", "its end", "its end"}));
+  EXPECT_EQ(loop.Yields(), 6);
+}
+
+TEST(MemoryEventLoop, AYieldDeliversWhatWaitsAtTheGateFirst) {
+  EventGate gate;
+  EventLoop loop(gate);
+  std::vector<std::string> journal;
+  loop.OnYield([&] { journal.push_back("yield"); });
+  gate.Deliver([&] {
+    gate.Deliver([&] { journal.push_back("waited"); });
+    EXPECT_TRUE(journal.empty());
+    loop.YieldToEvents();
+  });
+  EXPECT_EQ(journal, (std::vector<std::string>{"waited", "yield"}));
 }
 
 TEST(MemoryTimer, TicksOnlyWhileItIsOn) {
   Journal journal;
-  Timer timer(journal);
+  EventGate gate;
+  Timer timer(journal, gate);
   int ticks = 0;
   timer.OnTick([&] { ++ticks; });
   timer.Tick();
@@ -40,6 +57,30 @@ TEST(MemoryTimer, TicksOnlyWhileItIsOn) {
   timer.Tick();
   EXPECT_EQ(ticks, 1);
   EXPECT_EQ(timer.Interval(), 30);
+}
+
+TEST(MemoryTimer, ATickThatWaitsAtTheGateComesOnceAndNotAfterItsPeriod) {
+  Journal journal;
+  EventGate gate;
+  Timer timer(journal, gate);
+  int ticks = 0;
+  timer.OnTick([&] { ++ticks; });
+  timer.Enabled(true);
+  const auto waits_twice = [&] {
+    timer.Tick();
+    timer.Tick();
+    EXPECT_EQ(gate.Waiting(), 1U);
+  };
+  gate.Deliver(waits_twice);
+  gate.DeliverWaiting();
+  EXPECT_EQ(ticks, 1);
+  gate.Deliver([&] {
+    waits_twice();
+    timer.Enabled(false);
+    timer.Enabled(true);
+  });
+  gate.DeliverWaiting();
+  EXPECT_EQ(ticks, 1);
 }
 
 TEST(MemorySupportLibrary, ClockMovesWhenItIsTold) {

@@ -64,7 +64,8 @@ TEST_F(MemoryWindow, EverySelectionOfALineRaisesTheClickWithTheLineSelected) {
 
 TEST(MemoryMessageBox, AnswersFromItsScriptThenNo) {
   Journal journal;
-  MessageBox box(journal);
+  EventGate gate;
+  MessageBox box(journal, gate);
   box.Answer(true);
   EXPECT_TRUE(box.AskYesNo(u"first?", u"title"));
   EXPECT_FALSE(box.AskYesNo(u"second?", u"title"));
@@ -77,7 +78,8 @@ TEST(MemoryMessageBox, AnswersFromItsScriptThenNo) {
 
 TEST(MemoryMessageBox, LetsTheProgramBeReachedWhileItIsUp) {
   Journal journal;
-  MessageBox box(journal);
+  EventGate gate;
+  MessageBox box(journal, gate);
   int nested = 0;
   box.WhileShown([&] { ++nested; });
   box.Critical(u"stop", u"title");

@@ -1,8 +1,8 @@
-#include "platform/windows/event_gate.h"
+#include "platform/event_gate.h"
 
 #include <utility>
 
-namespace tolvane::platform::windows {
+namespace tolvane::platform {
 
 void EventGate::Deliver(Event event) {
   if (!open_) {
@@ -27,4 +27,4 @@ void EventGate::Run(const Event& event) {
   open_ = true;
 }
 
-}  // namespace tolvane::platform::windows
+}  // namespace tolvane::platform

@@ -4,7 +4,7 @@
 #include <deque>
 #include <functional>
 
-namespace tolvane::platform::windows {
+namespace tolvane::platform {
 
 /// Decides when an event may reach the logic.
 ///
@@ -46,4 +46,4 @@ class EventGate {
   bool open_ = true;
 };
 
-}  // namespace tolvane::platform::windows
+}  // namespace tolvane::platform

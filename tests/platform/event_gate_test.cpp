@@ -1,4 +1,4 @@
-#include "platform/windows/event_gate.h"
+#include "platform/event_gate.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-namespace tolvane::platform::windows {
+namespace tolvane::platform {
 namespace {
 
 using testing::ElementsAre;
@@ -65,4 +65,4 @@ TEST(EventGate, AnEventThatLeavesAnotherBehindIsFollowedByIt) {
 }
 
 }  // namespace
-}  // namespace tolvane::platform::windows
+}  // namespace tolvane::platform
