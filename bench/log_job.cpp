@@ -31,11 +31,7 @@ class LogJob {
     if (first_us_ < 0) first_us_ = frame.time_us;
     log_.csv_DataInput(static_cast<double>(frame.time_us - first_us_) / 1000.0,
                        static_cast<std::int32_t>(frame.id), frame.dlc, frame.data);
-    if (log_.Excel_DB_ArayyCounter <= log_.Excel_DB_ArayyCounter_MAX) return;
-    log_.Excel_DB_ArayyCounter = 0;
-    const std::int32_t full = log_.Excel_DB_ArayyCh;
-    Flush();
-    log_.Excel_DB_ArayyCh = full == 1 ? 2 : 1;
+    log_.RollOver(device_, nullptr, FileName_Date_, FileName_No_, {});
   }
 
   void Flush() {

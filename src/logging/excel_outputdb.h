@@ -25,7 +25,7 @@ struct LogServices {
 };
 
 /// The log of a run: two channels of 20,001 records. The receive loop fills the current one; when
-/// it is full it is written to a new file and the loop goes on in the other.
+/// it is full RollOver writes it to a new file and the loop goes on in the other.
 class Excel_OutputDB {
  public:
   static constexpr std::int32_t kRow_MAX = LogTable::kRow_MAX;
@@ -83,6 +83,17 @@ class Excel_OutputDB {
   void Excel_DataOutput(std::int32_t Output_ch, ELM327_Info& device,
                         platform::AutomationObject* objExcel, String& FileName_Date,
                         String& FileName_No, const String& FolderName);
+
+  /// Behind each record: when it was the current channel's last one, the channel is written as
+  /// Excel_DataOutput does and the other one becomes the current one, whatever came of the writing.
+  void RollOver(ELM327_Info& device, platform::AutomationObject* objExcel, String& FileName_Date,
+                String& FileName_No, const String& FolderName) {
+    if (Excel_DB_ArayyCounter <= Excel_DB_ArayyCounter_MAX) return;
+    Excel_DB_ArayyCounter = 0;
+    const std::int32_t full = Excel_DB_ArayyCh == 1 ? 1 : 2;
+    Excel_DataOutput(full, device, objExcel, FileName_Date, FileName_No, FolderName);
+    Excel_DB_ArayyCh = full == 1 ? 2 : 1;
+  }
 
   /// Writes the current channel to a new text file, whatever the log's format, since the process is
   /// about to be ended from outside: yields to nobody and calls no spreadsheet server, which may be

@@ -67,7 +67,6 @@ class Run {
   const ReceivedFrame* ReadAccepted();
   void Log(const ReceivedFrame& frame);
   void Store(const ReceivedFrame& frame, double now_time);
-  void Flush(std::int32_t Output_ch);
   void OfferRecords();
   std::int32_t Finish();
   void FlushAndStopTimer();
@@ -222,11 +221,7 @@ const ReceivedFrame* Run<Table>::ReadAccepted() {
 template <typename Table>
 void Run<Table>::Log(const ReceivedFrame& frame) {
   Store(frame, time_.Message_Time);
-  if (log_.Excel_DB_ArayyCounter <= log_.Excel_DB_ArayyCounter_MAX) return;
-  log_.Excel_DB_ArayyCounter = 0;
-  const std::int32_t full = log_.Excel_DB_ArayyCh == 1 ? 1 : 2;
-  Flush(full);
-  log_.Excel_DB_ArayyCh = full == 1 ? 2 : 1;
+  log_.RollOver(device_, objExcel_, FileName_Date_, FileName_No_, FolderName_);
 }
 
 template <>
@@ -249,11 +244,6 @@ void Run<CAN_ReadDB29>::Store(const ReceivedFrame& frame, double now_time) {
 }
 
 template <typename Table>
-void Run<Table>::Flush(std::int32_t Output_ch) {
-  log_.Excel_DataOutput(Output_ch, device_, objExcel_, FileName_Date_, FileName_No_, FolderName_);
-}
-
-template <typename Table>
 std::int32_t Run<Table>::Finish() {
   parts_.winmm.timeEndPeriod(kTimerPeriod);
   std::int32_t status = 0;
@@ -268,7 +258,10 @@ std::int32_t Run<Table>::Finish() {
 /// The timer is still on during the flush, which may yield: a tick can come in between.
 template <typename Table>
 void Run<Table>::FlushAndStopTimer() {
-  if (device_.t_LogSave_Enable == 1 && !session_ended_) Flush(log_.Excel_DB_ArayyCh);
+  if (device_.t_LogSave_Enable == 1 && !session_ended_) {
+    log_.Excel_DataOutput(log_.Excel_DB_ArayyCh, device_, objExcel_, FileName_Date_, FileName_No_,
+                          FolderName_);
+  }
   parts_.Session_End_Output = nullptr;
   if (worker_.TimerBackView.Enabled()) worker_.TimerBackView.Enabled(false);
 }

@@ -62,11 +62,11 @@ class SlotFinder<CAN_ReadDB29> {
 /// Writes an accepted frame into its row and moves the run's time line on. The two markers of a row
 /// half written, state 2 and _writting, are set and cleared in the order that the view counts on.
 template <typename Table>
-void StoreFrame(Table& frames, SlotFinder<Table>& slots, const ReceivedFrame& frame, TimeLine& time,
-                double device_time_wrap, const ELM327_Info& device,
-                platform::SupportLibrary& qxt100) {
+void StoreInSlot(Table& frames, const FrameSlot& slot, const ReceivedFrame& frame, TimeLine& time,
+                 double device_time_wrap, const ELM327_Info& device,
+                 platform::SupportLibrary& qxt100) {
   using C = FrameColumns<Table>;
-  const auto [row, found] = slots.SlotOf(frames, frame);
+  const auto [row, found] = slot;
   (frames.*C::Received)(row, row_state::kWriting);
   (frames.*C::DLC)(row, static_cast<std::uint8_t>(frame.can_DLC));
   Common_Function2::Frame_Time_Update(device.t_Timer_Mode, time.Time_Origin, time.Message_Time,
@@ -85,6 +85,14 @@ void StoreFrame(Table& frames, SlotFinder<Table>& slots, const ReceivedFrame& fr
     (frames.*C::Data[n])(row, frame.can_DATA[n]);
   }
   (frames.*C::Received)(row, found ? row_state::kMany : row_state::kFirst);
+}
+
+/// The same with the row that `slots` finds or makes.
+template <typename Table>
+void StoreFrame(Table& frames, SlotFinder<Table>& slots, const ReceivedFrame& frame, TimeLine& time,
+                double device_time_wrap, const ELM327_Info& device,
+                platform::SupportLibrary& qxt100) {
+  StoreInSlot(frames, slots.SlotOf(frames, frame), frame, time, device_time_wrap, device, qxt100);
 }
 
 }  // namespace tolvane

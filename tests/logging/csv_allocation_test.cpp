@@ -34,15 +34,14 @@ class CsvWithoutMemory : public CsvAllocation {
 
   static constexpr std::size_t kAnything = std::numeric_limits<std::size_t>::max();
 
-  /// Fills the current channel with lines of 49 characters whose times count the records, and
+  /// Fills channel 1 again and again with lines of 49 characters whose times count the records, and
   /// flushes it in vain when it is full.
   void FillAndFail(std::int32_t channels) {
     files.Protect(u"C:\\Tolvane", true);
     for (std::int32_t i = 0; i < channels * (Excel_OutputDB::kRow_MAX + 1); ++i) {
       db.csv_DataInput(records_++, 0x100, 8, kBytes);
-      if (db.Excel_DB_ArayyCounter <= db.Excel_DB_ArayyCounter_MAX) continue;
-      db.Excel_DB_ArayyCounter = 0;
-      Flush(1);
+      RollOver();
+      db.Excel_DB_ArayyCh = 1;
     }
     files.Protect(u"C:\\Tolvane", false);
   }

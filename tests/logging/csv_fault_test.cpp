@@ -113,10 +113,8 @@ TEST_F(CsvFault, FlushesThatFailForHoursStopAtTheBoundWithAWholeLine) {
   while (records < kBound / 49 + 2 * 20001) {
     db.csv_DataInput(1.0, 0x100, 8, kBytes);
     ++records;
-    if (db.Excel_DB_ArayyCounter > db.Excel_DB_ArayyCounter_MAX) {
-      db.Excel_DB_ArayyCounter = 0;
-      Flush(1);
-    }
+    RollOver();
+    db.Excel_DB_ArayyCh = 1;
   }
   EXPECT_EQ(db.Excel_DB_ArayyCounter, static_cast<std::int32_t>(records % 20001))
       << "lost records count too";

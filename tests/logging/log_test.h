@@ -47,11 +47,7 @@ class LogTest : public ::testing::Test {
 
   /// What the receive loop does behind each record.
   void RollOver(platform::AutomationObject* objExcel = nullptr) {
-    if (db.Excel_DB_ArayyCounter <= db.Excel_DB_ArayyCounter_MAX) return;
-    db.Excel_DB_ArayyCounter = 0;
-    const std::int32_t full = db.Excel_DB_ArayyCh;
-    Flush(full, objExcel);
-    db.Excel_DB_ArayyCh = full == 1 ? 2 : 1;
+    db.RollOver(device, objExcel, FileName_Date, FileName_No, FolderName);
   }
 
   /// The bytes of log number `number` of the hour, empty when there is none.

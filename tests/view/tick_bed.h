@@ -7,12 +7,12 @@
 #include <ostream>
 #include <string>
 #include <type_traits>
-#include <utility>
 #include <vector>
 
 #include "platform/rich_text_view.h"
 #include "receive/frame_columns.h"
 #include "receive/frame_table_of.h"
+#include "receive/store_frame.h"
 #include "run/elm327_info.h"
 #include "view/can_viewdb.h"
 #include "view/can_viewdb29.h"
@@ -149,41 +149,20 @@ class TickBed {
     highlights->Param_ALL_Clear();
   }
 
-  /// What one accepted frame does to its row.
+  /// One accepted frame of the message time `time`, in ms, as the receive loop stores it.
   void Receive(std::int16_t row, std::uint8_t dlc, const Bytes8& data, double time) {
-    auto& state = (*frames).*Frame::Received;
-    const bool seen = state(row) != row_state::kNone;
-    ((*frames).*Frame::DLC)(row, dlc);
-    ((*frames).*Frame::ReadTime_old)(row, support.now);
-    ((*frames).*Frame::ReceivedTime_old)(row, ((*frames).*Frame::ReceivedTime)(row));
-    ((*frames).*Frame::ReceivedTime)(row, time);
-    for (std::size_t k = 0; k < 8; ++k) {
-      auto& bytes = (*frames).*Frame::Data[k];
-      ((*frames).*Frame::Data_old[k])(row, seen ? bytes(row) : data[k]);
-      bytes(row, data[k]);
-    }
-    state(row, seen ? row_state::kMany : row_state::kFirst);
+    time_.Message_Time = time;
+    clock_.now = support.now;
+    const bool found = ((*frames).*Frame::Received)(row) != row_state::kNone;
+    StoreInSlot(*frames, {row, found}, ReceivedFrame{.can_DATA = data, .can_DLC = dlc}, time_, 0.0,
+                without_timer_, clock_);
   }
 
   /// Puts a key into the next free row at its place in the list, and gives the row.
   std::int16_t AddKey(std::int32_t id,
                       std::uint8_t extended) requires std::is_same_v<Table, CAN_ReadDB29> {
-    const std::int32_t row = frames->CAN29_Received_ID_Counter;
-    std::int32_t place = row;
-    for (; place > 0; --place) {
-      const auto below = static_cast<std::int16_t>(place - 1);
-      if (std::pair(frames->CAN29_Received_ID(below), frames->CAN29_ExtendFlag(below)) <
-          std::pair(id, extended)) {
-        break;
-      }
-      CopyKey(below, static_cast<std::int16_t>(place));
-    }
-    const auto p = static_cast<std::int16_t>(place);
-    frames->CAN29_Received_ID(p, id);
-    frames->CAN29_ExtendFlag(p, extended);
-    frames->CAN29_ArrayNo(p, row);
-    frames->CAN29_Received_ID_Counter = row + 1;
-    return static_cast<std::int16_t>(row);
+    return static_cast<std::int16_t>(
+        frames->CAN29_ArrayNo(Alloc_CAN29_Slot(*frames, id, extended)));
   }
 
   /// One tick; the page's text.
@@ -214,11 +193,17 @@ class TickBed {
                    *highlights};
 
  private:
-  void CopyKey(std::int16_t from, std::int16_t to) requires std::is_same_v<Table, CAN_ReadDB29> {
-    frames->CAN29_Received_ID(to, frames->CAN29_Received_ID(from));
-    frames->CAN29_ExtendFlag(to, frames->CAN29_ExtendFlag(from));
-    frames->CAN29_ArrayNo(to, frames->CAN29_ArrayNo(from));
+  /// A timer mode that no dialog offers leaves the time line where it is.
+  static ELM327_Info WithoutTimer() {
+    ELM327_Info device(u"C:\\Tolvane");
+    device.t_Timer_Mode = -1;
+    return device;
   }
+
+  TickCalls clock_calls_;
+  BedSupport clock_{clock_calls_};  // the receive loop reads it, outside the tick
+  ELM327_Info without_timer_ = WithoutTimer();
+  TimeLine time_;
 };
 
 }  // namespace tolvane
