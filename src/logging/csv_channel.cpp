@@ -5,6 +5,11 @@
 
 namespace tolvane {
 
+bool CsvChannel::HasLines() const {
+  const auto has_end = [](StringView text) { return text.find(u'\n') != StringView::npos; };
+  return std::ranges::any_of(unwritten_, has_end) || has_end(builder_.Text());
+}
+
 bool CsvChannel::WriteTo(platform::TextStream& stream) const {
   return std::ranges::all_of(unwritten_, [&](const String& text) { return stream.Write(text); }) &&
          stream.Write(builder_.Text());

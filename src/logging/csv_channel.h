@@ -26,6 +26,8 @@ class CsvChannel {
   }
   void Take(std::size_t length) { builder_.Take(length); }
 
+  /// Whether there is a line at all: the zeros that 29-bit mode strays into a channel make none.
+  [[nodiscard]] bool HasLines() const;
   [[nodiscard]] bool WriteTo(platform::TextStream& stream) const;
   /// After a flush that did not write the text.
   void KeepForTheNextFlush();

@@ -69,20 +69,24 @@ void Excel_OutputDB::Excel_DataOutput(std::int32_t Output_ch, ELM327_Info& devic
 
 void Excel_OutputDB::Session_End_Output(ELM327_Info& device, String& FileName_Date,
                                         String& FileName_No, const String& FolderName) {
-  CsvChannel rows;
-  const CsvChannel* records = BuilderOf(Excel_DB_ArayyCh);
-  if (device.t_LogSaveFormat == kLogFormatSpreadsheet) {
-    csv_DB_Initialize(0, device);  // a spreadsheet log has made no header so far
-    rows = CsvChannel(
-        TableLines(TableOf(Excel_DB_ArayyCh)->Cells(), device.t_msgID_type == kMsgIdType29Bit));
-    records = &rows;
-  } else if (device.t_LogSaveFormat != kLogFormatCsv) {
-    return;  // such a log is never written
-  }
+  const bool is_spreadsheet = device.t_LogSaveFormat == kLogFormatSpreadsheet;
+  if (!is_spreadsheet && device.t_LogSaveFormat != kLogFormatCsv) return;  // never written
+  if (is_spreadsheet) csv_DB_Initialize(0, device);  // such a log has made no header so far
   const platform::LocalTime now = services_.wall_clock.Now();
-  const String path =
-      FreeLogPath(device, now, u".csv", nullptr, FileName_Date, FileName_No, FolderName);
-  static_cast<void>(WriteCsvFile(path, services_.wall_clock.GeneralDate(now), records));
+  const std::int32_t current = Excel_DB_ArayyCh == 1 ? 1 : 2;
+  for (const std::int32_t channel : {3 - current, current}) {
+    CsvChannel rows;
+    const CsvChannel* records = BuilderOf(channel);
+    if (is_spreadsheet) {
+      rows =
+          CsvChannel(TableLines(TableOf(channel)->Cells(), device.t_msgID_type == kMsgIdType29Bit));
+      records = &rows;
+    }
+    if (channel != current && !records->HasLines()) continue;
+    const String path =
+        FreeLogPath(device, now, u".csv", nullptr, FileName_Date, FileName_No, FolderName);
+    static_cast<void>(WriteCsvFile(path, services_.wall_clock.GeneralDate(now), records));
+  }
 }
 
 String Excel_OutputDB::FreeLogPath(ELM327_Info& device, const platform::LocalTime& now,

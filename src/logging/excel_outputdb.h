@@ -97,7 +97,8 @@ class Excel_OutputDB {
 
   /// Writes the current channel to a new text file, whatever the log's format, since the process is
   /// about to be ended from outside: yields to nobody and calls no spreadsheet server, which may be
-  /// in the midst of a flush or gone already. Clears nothing.
+  /// in the midst of a flush or gone already. Records of the other channel, which only a failed
+  /// flush leaves there, get a file of their own ahead of it. Clears nothing.
   void Session_End_Output(ELM327_Info& device, String& FileName_Date, String& FileName_No,
                           const String& FolderName);
 

@@ -10,19 +10,6 @@
 namespace tolvane {
 namespace {
 
-// The head of every file of these tests, up to the column line.
-const std::string kHead =
-    "Tolvane Ver1.23,,,Copyright (C) 2026 Tolvane Project,,,,https://tolvane.example/\r\n"
-    "\r\n"
-    "2026/11/20 9:05:07,,,bit rate\x81\x46,500k bps\r\n"
-    "CANUSB ABCD \x81\x41V1.0\r\n"
-    "\r\n"
-    "\x82\x62\x82\x60\x82\x6d\x8e\xf3\x90\x4d\x83\x8d\x83\x4f\r\n"
-    "\r\n";
-const std::string kColumns11 = "  \x8e\x9e\x8a\xd4[ms] , ID  ,DLC,  D1,D2,D3,D4,D5,D6,D7,D8\r\n";
-const std::string kColumns29 =
-    "  \x8e\x9e\x8a\xd4[ms] , E ,    ID    ,DLC,  D1,D2,D3,D4,D5,D6,D7,D8\r\n";
-
 class CsvLog : public LogTest {};
 
 class CsvLog29 : public LogTest {

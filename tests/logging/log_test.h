@@ -20,6 +20,20 @@ namespace tolvane {
 
 constexpr std::array<std::uint8_t, 8> kBytes = {0x00, 0x1A, 0xFF, 0x03, 0x44, 0x55, 0x66, 0x77};
 
+// The head of every csv file of a LogTest, up to the column line.
+inline const std::string kHead =
+    "Tolvane Ver1.23,,,Copyright (C) 2026 Tolvane Project,,,,https://tolvane.example/\r\n"
+    "\r\n"
+    "2026/11/20 9:05:07,,,bit rate\x81\x46,500k bps\r\n"
+    "CANUSB ABCD \x81\x41V1.0\r\n"
+    "\r\n"
+    "\x82\x62\x82\x60\x82\x6d\x8e\xf3\x90\x4d\x83\x8d\x83\x4f\r\n"
+    "\r\n";
+inline const std::string kColumns11 =
+    "  \x8e\x9e\x8a\xd4[ms] , ID  ,DLC,  D1,D2,D3,D4,D5,D6,D7,D8\r\n";
+inline const std::string kColumns29 =
+    "  \x8e\x9e\x8a\xd4[ms] , E ,    ID    ,DLC,  D1,D2,D3,D4,D5,D6,D7,D8\r\n";
+
 /// A log on a machine in memory: program in C:\Tolvane, desktop D:\Desktop, 20 November 2026 after
 /// nine. What a run would set is set here.
 class LogTest : public ::testing::Test {

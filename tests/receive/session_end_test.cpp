@@ -92,6 +92,36 @@ TEST(SessionEnd, InTheMidstOfAFlushNothingIsLost) {
   EXPECT_EQ(std::count(records.begin(), records.end(), '\n'), kChannel);
 }
 
+// The disk takes the records of the first channel only once the second one is filled.
+TEST(SessionEnd, RecordsThatAFlushCouldNotWriteAreNotLost) {
+  constexpr std::size_t kChannel = 20'001;
+  for (const WorkerKind worker : {WorkerKind::FormBG, WorkerKind::FormBG_29}) {
+    SCOPED_TRACE(WayName(BindingKind::kCanusb, worker));
+    const bool extended = Is29Bit(worker);
+    RunBench bench;
+    bench.LogToCsv();
+    bench.device.t_msgID_type = extended ? kMsgIdType29Bit : 0;
+    bench.files.Protect(u"C:\\Tolvane", true);
+    bench.events = {[&] {
+      bench.files.Protect(u"C:\\Tolvane", false);
+      bench.Session_End_Output();
+      bench.RxFlag = 0;
+    }};
+    bench.Play(BindingKind::kCanusb, {{.id = 0x10, .extended = extended, .dlc = 1}}, kChannel + 2);
+    bench.Run(BindingKind::kCanusb, worker);
+
+    const std::string line11 = "         0 , 010 , 1 ,  01\r\n";
+    const std::string line29 = "         0 , * , 00000010 , 1 ,  01\r\n";
+    std::string first;
+    for (std::size_t i = 0; i < kChannel; ++i) first += extended ? line29 : line11;
+    if (extended) first += "000000000000";  // strayed from the other channel
+    EXPECT_TRUE(bench.Records(1) == first) << bench.Records(1).size() << " bytes";
+    const std::string line = extended ? "         0 , * , 10 , 1 ,  01\r\n" : line11;
+    EXPECT_EQ(bench.Records(2), line + line);
+    EXPECT_EQ(bench.Log(3), "no file");
+  }
+}
+
 TEST(SessionEnd, ARunWithoutLogHasNothingToWrite) {
   RunBench bench;
   bench.events = {[&] {

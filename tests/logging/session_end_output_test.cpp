@@ -1,0 +1,126 @@
+// What a log leaves when the session is ended while it is written: also the records that an earlier
+// flush could not bring to the disk.
+#include <gtest/gtest.h>
+
+#include "tests/helpers/expect_bytes.h"
+#include "tests/logging/log_test.h"
+
+namespace tolvane {
+namespace {
+
+/// The same records go the way of a csv log and that of a spreadsheet log.
+class SessionEndOutput : public LogTest, public testing::WithParamInterface<std::int32_t> {
+ protected:
+  void Begin(std::int32_t t_msgID_type) {
+    device.t_LogSaveFormat = GetParam();
+    device.ExcelInstallCheck = 1;
+    device.t_msgID_type = t_msgID_type;
+    StartRun();
+  }
+  void Record11(double now_time, std::int32_t can_ID) {
+    if (GetParam() == kLogFormatCsv) {
+      db.csv_DataInput(now_time, can_ID, 2, kBytes);
+    } else {
+      db.Excel_DataInput(now_time, can_ID, 2, kBytes, 0);
+    }
+  }
+  /// As the receive loop does behind a full channel. Nothing can be written.
+  void FailToFlush(std::int32_t channel) {
+    files.Protect(u"C:\\Tolvane", true);
+    Flush(channel);
+    files.Protect(u"C:\\Tolvane", false);
+    db.Excel_DB_ArayyCounter = 0;
+    db.Excel_DB_ArayyCh = 3 - channel;
+  }
+  void EndSession() { db.Session_End_Output(device, FileName_Date, FileName_No, FolderName); }
+  std::size_t FileCount() { return files.Files(u"C:\\Tolvane").size(); }
+
+  const std::string head11_ = kHead + kColumns11;
+};
+
+INSTANTIATE_TEST_SUITE_P(Formats, SessionEndOutput,
+                         testing::Values(kLogFormatCsv, kLogFormatSpreadsheet),
+                         [](const auto& format) {
+                           return std::string(format.param == kLogFormatCsv ? "Csv"
+                                                                            : "Spreadsheet");
+                         });
+
+TEST_P(SessionEndOutput, RecordsOfAFailedFlushComeAheadOfTheCurrentOnes) {
+  Begin(0);
+  Record11(1.5, 0x00F);
+  Record11(2.0, 0x100);
+  FailToFlush(1);
+  Record11(3.0, 0x7FF);
+  EndSession();
+  EXPECT_TRUE(SameBytes(LogBytes(u"001"), head11_ + "       1.5 , 00F , 2 ,  00,1A\r\n"
+                                                    "         2 , 100 , 2 ,  00,1A\r\n"));
+  EXPECT_TRUE(SameBytes(LogBytes(u"002"), head11_ + "         3 , 7FF , 2 ,  00,1A\r\n"));
+  EXPECT_EQ(FileCount(), 2U);
+}
+
+TEST_P(SessionEndOutput, RecordsOfTheSecondChannelAreNotLostEither) {
+  Begin(0);
+  db.Excel_DB_ArayyCh = 2;
+  Record11(1.0, 0x100);
+  FailToFlush(2);
+  EndSession();
+  EXPECT_TRUE(SameBytes(LogBytes(u"001"), head11_ + "         1 , 100 , 2 ,  00,1A\r\n"));
+  EXPECT_TRUE(SameBytes(LogBytes(u"002"), head11_)) << "the current channel, though it is empty";
+  EXPECT_EQ(FileCount(), 2U);
+}
+
+TEST_P(SessionEndOutput, AChannelThatWasWrittenIsNotWrittenAgain) {
+  Begin(0);
+  Record11(1.0, 0x100);
+  servers.Register(u"Excel.Application");
+  const auto objExcel = servers.CreateObject(u"Excel.Application");
+  Flush(1, objExcel.get());
+  files.Remove(u"C:\\Tolvane\\KL26112009-001.csv");
+  db.Excel_DB_ArayyCounter = 0;
+  db.Excel_DB_ArayyCh = 2;
+  Record11(2.0, 0x200);
+  EndSession();
+  EXPECT_TRUE(SameBytes(LogBytes(u"001"), head11_ + "         2 , 200 , 2 ,  00,1A\r\n"));
+  EXPECT_EQ(FileCount(), 1U);
+}
+
+TEST_P(SessionEndOutput, ARunOfOneChannelLeavesOneFile) {
+  Begin(0);
+  Record11(1.0, 0x100);
+  EndSession();
+  EXPECT_TRUE(SameBytes(LogBytes(u"001"), head11_ + "         1 , 100 , 2 ,  00,1A\r\n"));
+  EXPECT_EQ(FileCount(), 1U);
+}
+
+class SessionEndOutput29 : public LogTest {
+ protected:
+  SessionEndOutput29() {
+    device.t_msgID_type = kMsgIdType29Bit;
+    StartRun();
+  }
+  void EndSession() { db.Session_End_Output(device, FileName_Date, FileName_No, FolderName); }
+};
+
+TEST_F(SessionEndOutput29, StrayZerosAloneMakeNoFile) {
+  db.Excel_DB_ArayyCh = 2;
+  db.csv_DataInput29(1.0, 1, 0, kBytes, 1);
+  EndSession();
+  EXPECT_TRUE(SameBytes(LogBytes(u"001"), kHead + kColumns29 + "         1 , * , 1 , 0\r\n"));
+  EXPECT_EQ(files.Files(u"C:\\Tolvane").size(), 1U);
+}
+
+TEST_F(SessionEndOutput29, StrayZerosBehindALineThatAFlushCouldNotWriteComeWithIt) {
+  db.csv_DataInput29(1.0, 1, 0, kBytes, 0);
+  files.Protect(u"C:\\Tolvane", true);
+  Flush(1);
+  files.Protect(u"C:\\Tolvane", false);
+  db.Excel_DB_ArayyCh = 2;
+  db.csv_DataInput29(2.0, 1, 0, kBytes, 1);
+  EndSession();
+  EXPECT_TRUE(SameBytes(LogBytes(u"001"),
+                        kHead + kColumns29 + "         1 ,   , 00000001 , 0\r\n" + "0000000"));
+  EXPECT_TRUE(SameBytes(LogBytes(u"002"), kHead + kColumns29 + "         2 , * , 1 , 0\r\n"));
+}
+
+}  // namespace
+}  // namespace tolvane
