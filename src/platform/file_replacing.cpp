@@ -77,11 +77,10 @@ FileStep Replacing::InPlace(std::span<const std::byte> bytes) {
 const String& Replacing::TakeUp() {
   if (!steps_.Exists(mark_)) return path_;
   if (steps_.Exists(fresh_)) {
-    FileStep step = Patiently([&] { return steps_.Move(fresh_, path_); });
-    if (step != FileStep::kDone) {
-      const auto whole = steps_.Read(fresh_, kWholeFile);
-      if (whole) step = InPlace(whole->bytes);
-    }
+    const auto whole = steps_.Read(fresh_, kWholeFile);
+    FileStep step = whole ? InPlace(whole->bytes) : FileStep::kFailed;
+    // A full disk may have no room for both.
+    if (step != FileStep::kDone) step = Patiently([&] { return steps_.Move(fresh_, path_); });
     if (step != FileStep::kDone) return fresh_;
   }
   RemoveNet();
@@ -104,7 +103,11 @@ bool Replacing::InPlaceWithNet(std::span<const std::byte> bytes) {
     RemoveNet();
     return false;
   }
-  const FileSteps::Opened opened = steps_.Open(path_);
+  FileSteps::Opened opened;
+  static_cast<void>(Patiently([&] {
+    opened = steps_.Open(path_);
+    return opened.step;
+  }));
   const FileStep step = WriteWhole(opened, bytes);
   // A file half written is left to the net.
   if (opened.step != FileStep::kDone || step == FileStep::kDone) RemoveNet();
@@ -120,6 +123,7 @@ bool Replacing::Run(std::span<const std::byte> bytes, bool fits) {
     static_cast<void>(steps_.Delete(fresh_));
     return (fresh == FileStep::kBusy || fits) && InPlace(bytes) == FileStep::kDone;
   }
+  if (!steps_.MovesWhole(path_)) return InPlaceWithNet(bytes);
   const FileStep moved = Patiently([&] { return steps_.Move(fresh_, path_); });
   if (moved == FileStep::kBusy) return InPlaceWithNet(bytes);
   if (moved == FileStep::kFailed) static_cast<void>(steps_.Delete(fresh_));

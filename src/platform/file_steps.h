@@ -27,12 +27,14 @@ class OutputFile {
   /// The file ends behind what was written.
   [[nodiscard]] virtual FileStep EndHere() = 0;
   /// From now on a power cut takes nothing of it. Before, it can leave any part of what was
-  /// written, even under another name that the file got meanwhile.
+  /// written, even under another name that the file got meanwhile. Done also where the file system
+  /// knows no such thing and brings all to the disk in its own time.
   [[nodiscard]] virtual FileStep Flush() = 0;
   [[nodiscard]] virtual FileStep Close() = 0;
 };
 
-/// The single steps of file_replacing.h. Names change whole or, in a power cut, not at all.
+/// The single steps of file_replacing.h. A file is made and deleted whole or, in a power cut, not
+/// at all.
 class FileSteps {
  public:
   struct Opened {
@@ -48,6 +50,9 @@ class FileSteps {
   [[nodiscard]] virtual Opened Open(StringView path) = 0;
   /// `from` gets the name `to`; a file of that name is gone.
   [[nodiscard]] virtual FileStep Move(StringView from, StringView to) = 0;
+  /// Whether Move, too, does all or nothing in a power cut. Where it does not, neither name may be
+  /// left: file systems without a journal, as on memory cards and sticks.
+  [[nodiscard]] virtual bool MovesWhole(StringView path) = 0;
   /// Done also when there is none.
   [[nodiscard]] virtual FileStep Delete(StringView path) = 0;
   [[nodiscard]] virtual bool Exists(StringView path) = 0;

@@ -84,6 +84,12 @@ const Trouble kTroubles[] = {
     {"WhatIsWrittenIsHeldForLong",
      [](Machine& machine) { machine.files.ScanWrittenFiles(kForever); }},
     {"FirstStart", MakeFirstStart},
+    {"WithoutAJournal", [](Machine& machine) { machine.files.LoseNamesInAMove(); }},
+    {"WithoutAJournalAndScanned",
+     [](Machine& machine) {
+       machine.files.LoseNamesInAMove();
+       machine.files.ScanWrittenFiles(100);
+     }},
 };
 
 class InterruptedSave : public testing::TestWithParam<Trouble> {
@@ -196,6 +202,33 @@ TEST(SaveUnderTrouble, WithoutLeaveToMakeFilesTheOldOnesAreWrittenInPlace) {
   EXPECT_TRUE(other.Save());
   EXPECT_EQ(machine.Config(), other.Config());
   EXPECT_EQ(machine.List(), other.List());
+}
+
+TEST(SaveUnderTrouble, OnADiskWithoutJournalAHeldFileIsWaitedForToo) {
+  Machine machine;
+  machine.files.LoseNamesInAMove();
+  machine.files.Fault(10, FileStep::kBusy);  // behind five each for fresh file and mark
+  EXPECT_TRUE(machine.Save());
+  EXPECT_EQ(machine.files.Paused(), 20);
+  Machine other;
+  EXPECT_TRUE(other.Save());
+  EXPECT_EQ(machine.List(), other.List());
+}
+
+// The page grows: its fresh copy fits beside the old one, and not also in its place.
+TEST(SaveUnderTrouble, OnAFullDiskWithoutJournalAPageThatGrewIsNotLost) {
+  constexpr StringView kLonger = u"a new page with much more on it than there was on the old one";
+  Machine other;
+  other.view.Text(kLonger);
+  EXPECT_TRUE(other.Save());
+  Machine machine;
+  machine.view.Text(kLonger);
+  machine.files.LoseNamesInAMove();
+  machine.files.FreeSpace(other.List().size() + 1);
+  (void)machine.Save();
+  machine.Load();
+  EXPECT_EQ(machine.List(), other.List());
+  EXPECT_EQ(machine.files.Files(kFolder).size(), 2U);
 }
 
 TEST(SaveUnderTrouble, OnAFullDiskSettingsThatFitAreSavedAndThePageStaysTheOldOne) {

@@ -54,6 +54,8 @@ class FileSystem final : public platform::FileServices, public platform::FileSte
   /// Of the steps of FileSteps from now on, the one of this number, from 0, goes so. A write that
   /// fails has done a half.
   void Fault(std::int32_t number, FileStep outcome);
+  /// A disk without a journal: a power cut in a move leaves neither name.
+  void LoseNamesInAMove() { moves_whole_ = false; }
   /// The power goes with the step of this number, from 0. Of what was not flushed a part is lost.
   void CutPowerAt(std::int32_t number);
   [[nodiscard]] bool PowerIsOff() const { return is_off_; }
@@ -80,6 +82,7 @@ class FileSystem final : public platform::FileServices, public platform::FileSte
   [[nodiscard]] Opened Create(StringView path) override;
   [[nodiscard]] Opened Open(StringView path) override;
   [[nodiscard]] FileStep Move(StringView from, StringView to) override;
+  [[nodiscard]] bool MovesWhole(StringView) override { return moves_whole_; }
   [[nodiscard]] FileStep Delete(StringView path) override;
   [[nodiscard]] bool Exists(StringView path) override { return Find(path) != nullptr; }
   [[nodiscard]] bool IsReadOnly(StringView path) override;
@@ -127,6 +130,7 @@ class FileSystem final : public platform::FileServices, public platform::FileSte
   std::map<std::int32_t, FileStep> faults_;  // by their steps
   std::optional<std::int32_t> cut_at_;
   bool is_off_ = false;
+  bool moves_whole_ = true;
 };
 
 }  // namespace tolvane::platform::memory

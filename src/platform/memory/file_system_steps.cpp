@@ -109,7 +109,12 @@ FileSteps::Opened FileSystem::Create(StringView path) { return OpenOutput(path, 
 FileSteps::Opened FileSystem::Open(StringView path) { return OpenOutput(path, false); }
 
 FileStep FileSystem::Move(StringView from, StringView to) {
+  const bool was_off = is_off_;
   const FileStep step = NextStep();
+  if (is_off_ && !was_off && !moves_whole_) {
+    Remove(from);
+    Remove(to);
+  }
   if (step != FileStep::kDone) return step;
   Entry* const source = FindFile(from);
   if (source == nullptr) return FileStep::kFailed;

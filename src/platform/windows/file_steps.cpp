@@ -1,5 +1,8 @@
 #include "platform/windows/file_steps.h"
 
+#include <array>
+#include <string_view>
+
 #include "platform/windows/file_bytes.h"
 #include "platform/windows/text.h"
 
@@ -19,6 +22,12 @@ FileStep Outcome(bool succeeded) {
   }
 }
 
+/// What file systems answer that have no way to flush.
+bool CannotFlush(DWORD error) {
+  return error == ERROR_INVALID_FUNCTION || error == ERROR_NOT_SUPPORTED ||
+         error == ERROR_INVALID_PARAMETER;
+}
+
 class WindowsOutputFile final : public OutputFile {
  public:
   explicit WindowsOutputFile(FileHandle file) : file_(std::move(file)) {}
@@ -28,7 +37,7 @@ class WindowsOutputFile final : public OutputFile {
   }
   [[nodiscard]] FileStep EndHere() override { return Outcome(SetEndOfFile(file_.Get()) != FALSE); }
   [[nodiscard]] FileStep Flush() override {
-    return Outcome(FlushFileBuffers(file_.Get()) != FALSE);
+    return Outcome(FlushFileBuffers(file_.Get()) != FALSE || CannotFlush(GetLastError()));
   }
   [[nodiscard]] FileStep Close() override { return Outcome(file_.Close()); }
 
@@ -54,6 +63,19 @@ FileSteps::Opened WindowsFileSteps::Open(StringView path) { return Opening(path,
 FileStep WindowsFileSteps::Move(StringView from, StringView to) {
   return Outcome(MoveFileExW(Wide(String(from)), Wide(String(to)),
                              MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH) != FALSE);
+}
+
+bool WindowsFileSteps::MovesWhole(StringView path) {
+  std::array<wchar_t, MAX_PATH + 1> root{};
+  std::array<wchar_t, MAX_PATH + 1> system{};
+  const auto size = static_cast<DWORD>(root.size());
+  if (!GetVolumePathNameW(Wide(String(path)), root.data(), size) ||
+      !GetVolumeInformationW(root.data(), nullptr, 0, nullptr, nullptr, nullptr, system.data(),
+                             size)) {
+    return false;
+  }
+  const std::wstring_view name = system.data();
+  return name == L"NTFS" || name == L"ReFS";
 }
 
 FileStep WindowsFileSteps::Delete(StringView path) {

@@ -9,6 +9,7 @@ class WindowsFileSteps final : public FileSteps {
   [[nodiscard]] Opened Create(StringView path) override;
   [[nodiscard]] Opened Open(StringView path) override;
   [[nodiscard]] FileStep Move(StringView from, StringView to) override;
+  [[nodiscard]] bool MovesWhole(StringView path) override;
   [[nodiscard]] FileStep Delete(StringView path) override;
   [[nodiscard]] bool Exists(StringView path) override;
   [[nodiscard]] bool IsReadOnly(StringView path) override;

@@ -160,6 +160,35 @@ class Replacing : public Files {
   const String path_ = folder_ / u"config.dat";
 };
 
+DWORD ErrorOfFlushing(const String& path) {
+  const FileHandle file = OpenToWrite(path, OPEN_EXISTING);
+  return file && !FlushFileBuffers(file.Get()) ? GetLastError() : ERROR_SUCCESS;
+}
+
+// A null device stands for a file system that cannot flush; that of Wine's own tells otherwise.
+TEST(FileSteps, WhatCannotBeFlushedIsNoFailure) {
+  String path = u"\\\\.\\NUL";
+  if (ErrorOfFlushing(path) == ERROR_ACCESS_DENIED) path = u"Z:\\dev\\null";
+  const DWORD error = ErrorOfFlushing(path);
+  ASSERT_TRUE(error == ERROR_INVALID_FUNCTION || error == ERROR_INVALID_PARAMETER) << error;
+  WindowsFileSteps steps;
+  const FileSteps::Opened opened = steps.Open(path);
+  ASSERT_EQ(opened.step, FileStep::kDone);
+  EXPECT_EQ(opened.file->Flush(), FileStep::kDone);
+}
+
+TEST(FileSteps, OnlyAKnownFileSystemMovesWhole) {
+  const ScratchFolder folder;
+  WindowsFileSteps steps;
+  std::array<wchar_t, MAX_PATH> root{};
+  std::array<wchar_t, MAX_PATH> system{};
+  ASSERT_TRUE(GetVolumePathNameW(Wide(folder / u"a.dat"), root.data(), MAX_PATH));
+  ASSERT_TRUE(GetVolumeInformationW(root.data(), nullptr, 0, nullptr, nullptr, nullptr,
+                                    system.data(), MAX_PATH));
+  EXPECT_EQ(steps.MovesWhole(folder / u"a.dat"), std::wstring_view(system.data()) == L"NTFS");
+  EXPECT_FALSE(steps.MovesWhole(u"\\\\?\\Volume{00000000-0000-0000-0000-000000000000}\\a.dat"));
+}
+
 TEST_F(Replacing, AFileThatIsReadForAMomentIsWaitedFor) {
   Reader reader(path_);
   ASSERT_FALSE(MoveFileExW(Wide(folder_ / u"other.dat"), Wide(path_), MOVEFILE_REPLACE_EXISTING))
