@@ -19,6 +19,13 @@ String NumberedName(StringView stem, std::int32_t number, StringView extension) 
 
 }  // namespace
 
+StringView PathOfFolder(StringView path) {
+  const std::size_t start = path.find_last_of(u"\\/:") + 1;  // none: npos and one make 0
+  const StringView name = path.substr(start);
+  if (name == u"." || name == u"..") return path;
+  return path.substr(0, start + name.find_last_not_of(u" .") + 1);
+}
+
 String BaseFolder(std::int32_t mode, String& path, const String& executable_folder,
                   platform::FileServices& files, platform::SpecialFolders& folders) {
   switch (mode) {
@@ -27,8 +34,8 @@ String BaseFolder(std::int32_t mode, String& path, const String& executable_fold
     case 1:
       return folders.Desktop();
     case 2:
-      if (path.empty() || !files.FolderExists(path)) path = folders.Desktop();
-      return path;
+      if (PathOfFolder(path).empty() || !files.FolderExists(path)) path = folders.Desktop();
+      return String(PathOfFolder(path));
     default:
       return {};
   }

@@ -14,6 +14,14 @@ namespace tolvane {
 
 constexpr std::int32_t kFileNumber_MAX = 1000;  // the search for a free name stops here
 
+/// The longest path of a folder that takes every log file of a run.
+constexpr std::size_t kLogFolder_MAX =
+    platform::kPath_MAX - StringView(u"\\KLyymmddhh-1000.xlsx").size();
+
+/// The path within which the folder `path` has its files: the system drops blanks and periods at
+/// the end of a path, and would miss a folder of that name within one.
+[[nodiscard]] StringView PathOfFolder(StringView path);
+
 /// Where a folder setting leads: mode 0 the executable's folder, 1 the desktop, 2 the folder named
 /// by `path`, any other nowhere (empty). In mode 2 a missing folder overwrites `path`, and thereby
 /// the setting, with the desktop.

@@ -31,9 +31,10 @@ String CleanedComment(StringView comment) {
   return name;
 }
 
-/// The name that a folder made under `name` has: the system drops blanks and periods at the end of
-/// a path, and would miss a folder of that name within one.
-String NameOfFolder(const String& name) { return name.substr(0, name.find_last_not_of(u" .") + 1); }
+/// A folder in which no file would find room counts as one that cannot be made.
+bool MakeLogFolder(platform::FileServices& files, const String& path) {
+  return path.size() <= kLogFolder_MAX && files.CreateFolder(path);
+}
 
 constexpr std::int32_t kSubfolder_MAX = 1000;  // the count at which the last name is taken as it is
 
@@ -57,8 +58,10 @@ bool Excel_OutputDB::Get_SubFolder_Name(ELM327_Info& device, String& FolderName)
   if (!services_.files.FolderExists(base + u'\\' + clean)) {
     // The setting and not the base: in modes 0 and 1 the folder goes wherever the setting points,
     // and the log, which looks under the base, stays there.
-    if (!services_.files.CreateFolder(device.t_LogSaveFilePath + u'\\' + clean)) return false;
-    FolderName = NameOfFolder(clean);
+    const String name(PathOfFolder(clean));
+    const String elsewhere(PathOfFolder(device.t_LogSaveFilePath));
+    if (!MakeLogFolder(services_.files, elsewhere + u'\\' + name)) return false;
+    FolderName = name;
     return true;
   }
   std::int32_t count = 2;
@@ -68,7 +71,7 @@ bool Excel_OutputDB::Get_SubFolder_Name(ELM327_Info& device, String& FolderName)
     AppendCount(++count, suffix);
   }
   const String path = base + u'\\' + stem + suffix;
-  if (!services_.files.FolderExists(path) && !services_.files.CreateFolder(path)) return false;
+  if (!services_.files.FolderExists(path) && !MakeLogFolder(services_.files, path)) return false;
   FolderName = stem + suffix;
   return true;
 }

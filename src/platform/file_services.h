@@ -11,6 +11,8 @@
 
 namespace tolvane::platform {
 
+constexpr std::size_t kPath_MAX = 259;  // characters of the longest path that can be opened
+
 /// A text file open for writing, 8-bit in the system code page.
 class TextStream {
  public:

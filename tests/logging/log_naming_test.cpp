@@ -52,6 +52,31 @@ TEST_F(BaseFolderTest, MissingNamedFolderOverwritesTheSettingWithTheDesktop) {
   EXPECT_EQ(path, u"D:\\Desktop");
 }
 
+// Windows finds such a folder, and within it no file.
+TEST_F(BaseFolderTest, BlanksAndPeriodsAtTheEndOfASetPathLeadToTheFolderThatIsThere) {
+  files.AddFolder(u"E:\\Logs");
+  for (const StringView end : {u" ", u"  ", u".", u"..", u". .", u"\\...", u"\\ "}) {
+    String path = String(u"E:\\Logs").append(end);
+    const String set = path;
+    const String base = Base(2, path);
+    EXPECT_EQ(path, set) << "the setting stays as it was typed";
+    EXPECT_NE(files.CreateTextFile(base + u"\\a.csv", true, false), nullptr)
+        << platform::memory::Narrow(set);
+    EXPECT_TRUE(files.FileExists(u"E:\\Logs\\a.csv")) << platform::memory::Narrow(set);
+    files.Remove(u"E:\\Logs\\a.csv");
+  }
+}
+
+TEST_F(BaseFolderTest, PathsThatMeanTheFolderAboveKeepTheirMeaning) {
+  files.AddFolder(u"E:\\Logs\\deep");
+  for (const StringView set : {u"E:\\Logs\\deep\\..", u"E:\\Logs\\.", u"E:/Logs/deep/.."}) {
+    String path(set);
+    EXPECT_NE(files.CreateTextFile(Base(2, path) + u"\\a.csv", true, false), nullptr);
+    EXPECT_TRUE(files.FileExists(u"E:\\Logs\\a.csv")) << platform::memory::Narrow(set);
+    files.Remove(u"E:\\Logs\\a.csv");
+  }
+}
+
 class LogNaming : public LogTest {
  protected:
   void AddLogs(std::int32_t first, std::int32_t last) {

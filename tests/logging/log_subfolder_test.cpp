@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "logging/log_naming.h"
 #include "tests/logging/log_test.h"
 
 namespace tolvane {
@@ -111,6 +112,64 @@ TEST_F(LogSubfolder, ASuffixThatGrewTooLongIsAFailureThatLeavesTheNameAsItWas) {
   EXPECT_TRUE(files.FolderExists(u"C:\\Tolvane\\" + FolderName));
 }
 
+// A file's path has 259 characters at most, and the longest name of a log 20 and the backslash.
+TEST_F(LogSubfolder, AFolderWithoutRoomForTheLongestFileNameCannotBeMade) {
+  const String base = u"E:\\" + String(197, u'b');
+  files.AddFolder(base);
+  device.t_LogSaveFilePath_mode = 2;
+  device.t_LogSaveFilePath = base;
+  device.t_LogSave_subFolder = 1;
+  for (std::size_t length = 239; length <= 247; ++length) {
+    device.t_LogComment = String(length - base.size() - 1, u'c');
+    EXPECT_FALSE(Decide()) << length;
+    EXPECT_EQ(FolderName, u"") << length;
+    EXPECT_FALSE(files.FolderExists(base + u'\\' + device.t_LogComment)) << length;
+  }
+  device.t_LogComment = String(238 - base.size() - 1, u'c');
+  ASSERT_TRUE(Decide());
+  String longest = base;
+  longest += u'\\' + FolderName + u"\\KL26112009-1000.xlsx";
+  EXPECT_EQ(longest.size(), 259U);
+  EXPECT_NE(files.CreateTextFile(longest, true, false), nullptr);
+}
+
+TEST_F(LogSubfolder, NoMoreCanANumberedFolderWithoutThatRoom) {
+  const String base = u"E:\\" + String(197, u'b');
+  device.t_LogSaveFilePath_mode = 2;
+  device.t_LogSaveFilePath = base;
+  device.t_LogComment = String(33, u'c');  // 234 characters, and 238 with the number
+  files.AddFolder(base + u'\\' + device.t_LogComment);
+  EXPECT_TRUE(Decide());
+  EXPECT_EQ(FolderName, device.t_LogComment + u"-002");
+  device.t_LogComment += u'c';
+  files.AddFolder(base + u'\\' + device.t_LogComment);
+  EXPECT_FALSE(Decide());
+  EXPECT_FALSE(files.FolderExists(base + u'\\' + device.t_LogComment + u"-002"));
+}
+
+TEST_F(LogSubfolder, ASetPathThatEndsInBlanksAndPeriodsTakesTheFilesOfItsRuns) {
+  files.AddFolder(u"E:\\Logs");
+  device.t_LogSaveFilePath_mode = 2;
+  device.t_LogSave_subFolder = 1;
+  for (const StringView path : {u"E:\\Logs ", u"E:\\Logs..", u"E:\\Logs. "}) {
+    device.t_LogSaveFilePath = path;
+    ASSERT_TRUE(Decide()) << platform::memory::Narrow(path);
+    StartRun();
+    Flush(1);
+    EXPECT_TRUE(files.FileExists(u"E:\\Logs\\" + FolderName + u"\\KL26112009-001.csv"))
+        << platform::memory::Narrow(path);
+  }
+  EXPECT_EQ(FolderName, u"bench-003");
+}
+
+TEST_F(LogSubfolder, InModeOneTooTheSetPathMayEndInABlank) {
+  files.AddFolder(u"E:\\Elsewhere");
+  device.t_LogSaveFilePath_mode = 1;
+  device.t_LogSaveFilePath = u"E:\\Elsewhere ";
+  ASSERT_TRUE(Decide());
+  EXPECT_TRUE(files.FolderExists(u"E:\\Elsewhere\\bench"));
+}
+
 /// A disk on which every folder exists, as one without limits on the length of paths might.
 class FullDisk final : public platform::FileServices {
  public:
@@ -139,6 +198,12 @@ TEST_F(LogSubfolder, AtCount1000TheLastNameIsUsedThoughItExists) {
   EXPECT_TRUE(FolderName.ends_with(u"9989991000"));
   EXPECT_EQ(FolderName.size(), 6U + 3U + 900U * 3U + 4U);
   EXPECT_EQ(disk.created, 0);
+}
+
+TEST_F(LogSubfolder, ASetPathOfPeriodsAloneIsNoFolder) {
+  FullDisk disk;
+  String path = u" ..";
+  EXPECT_EQ(BaseFolder(2, path, u"C:\\Tolvane", disk, folders), u"D:\\Desktop");
 }
 
 TEST_F(LogSubfolder, InModeZeroTheFolderIsMadeWhereTheSettingPoints) {

@@ -10,7 +10,6 @@ namespace tolvane::platform::memory {
 
 namespace {
 
-constexpr std::size_t kPath_MAX = 259;
 constexpr std::size_t kNewFolder_MAX = 247;
 
 /// What tells one path from another: names are the same in capitals and small letters.
