@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <iterator>
+#include <utility>
 
 #include "platform/windows/form1_layout.h"
 #include "platform/windows/text.h"
@@ -206,15 +207,17 @@ void Form1Window::OnMenuOrClick(int id) {
   if (id == Bt_Connect) {
     // The run lasts as long as its handler. A program that sends the click must not wait for it.
     connect_.Enabled(false);
+    start_wanted_ = true;
     PostMessageW(Hwnd(), kStartRun, 0, 0);
     return;
   }
   DeliverCommand(id);
 }
 
-/// A settings dialog may have opened since the click.
+/// Only behind a click: any program can post the message, in a run or behind a message box too. A
+/// settings dialog may have opened since the click.
 void Form1Window::StartRun() {
-  if (events_ == nullptr) return;
+  if (!std::exchange(start_wanted_, false) || events_ == nullptr) return;
   if (!IsWindowEnabled(Hwnd())) {
     connect_.Enabled(true);
     return;

@@ -121,6 +121,7 @@ class Form1Window final : public BaseWindow<Form1Window>,
   std::array<WindowsMenuItem, 14> view_items_;  // likewise
 
   bool selection_waiting_ = false;
+  bool start_wanted_ = false;   // Bt_Connect was pressed, and its message is on the way
   bool by_keyboard_ = false;    // how the pop-up was asked for
   bool started_ = false;        // Form_Load has returned
   bool close_wanted_ = false;   // WM_CLOSE came before

@@ -134,6 +134,36 @@ TEST_F(MainWindowTest, ADialogThatOpensBetweenTheClickAndTheRunKeepsTheRunAway) 
   EXPECT_THAT(events_.commands, ElementsAre(Bt_Connect));
 }
 
+// The message that starts the run behind the click, as another program may post it.
+TEST_F(MainWindowTest, TheMessageOfAClickStartsNothingWithoutTheClick) {
+  const auto post_and_yield = [this] {
+    PostMessageW(window_.Hwnd(), WM_APP + 1, 0, 0);
+    loop_.YieldToEvents();
+  };
+  post_and_yield();
+  EXPECT_THAT(events_.commands, IsEmpty()) << "before the start";
+  EnableWindow(Child(Bt_Connect), TRUE);
+  window_.Start(SW_SHOW);
+  post_and_yield();
+  EXPECT_THAT(events_.commands, IsEmpty()) << "idle";
+
+  events_.on_command = [&](int) {
+    if (events_.commands.size() > 1) return;
+    post_and_yield();
+    EXPECT_EQ(events_.commands.size(), 1U) << "a run in a run";
+    // As behind the message box of a snapshot.
+    EnableWindow(window_.Hwnd(), FALSE);
+    post_and_yield();
+    EnableWindow(window_.Hwnd(), TRUE);
+    EXPECT_FALSE(IsWindowEnabled(Child(Bt_Connect))) << "can be pressed in a run";
+  };
+  events_.commands.clear();
+  Click(Bt_Connect);
+  loop_.YieldToEvents();
+  post_and_yield();
+  EXPECT_THAT(events_.commands, ElementsAre(Bt_Connect));
+}
+
 TEST_F(MainWindowTest, ACommandThatCannotBeChosenAnyMoreAfterItsWaitIsDropped) {
   gate_.Deliver([this] {
     Send(menu_common_setting);
