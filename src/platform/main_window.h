@@ -54,7 +54,7 @@ class Splash {
   virtual void Lb_msg(StringView text) = 0;
   /// 0.0 to 1.0 of the track's width, the bar's left edge being the rounded product.
   virtual void Progress(double fraction) = 0;
-  /// What is hidden may stay on the screen until the main window is there: a program without a
+  /// What is hidden may stay the active window until the main window is there: a program without a
   /// window gives the foreground to another one and does not get it back.
   virtual void Visible(bool visible) = 0;
 };

@@ -27,7 +27,6 @@ constexpr int kTitlePercent = 200;
 void SplashWindow::AdjustClass(WNDCLASSEXW& window_class) {
   window_class.hbrBackground = GetSysColorBrush(COLOR_WINDOW);
   window_class.hCursor = LoadCursorW(nullptr, IDC_WAIT);
-  window_class.style = CS_DROPSHADOW;
 }
 
 SplashWindow::SplashWindow(HINSTANCE instance)
@@ -86,6 +85,8 @@ void SplashWindow::Progress(double fraction) {
 
 void SplashWindow::Visible(bool visible) {
   leaving_ = !visible;
+  // The window owns the region from here on; with none it is seen whole.
+  SetWindowRgn(Hwnd(), visible ? nullptr : CreateRectRgn(0, 0, 0, 0), TRUE);
   if (!visible) return;
   ShowWindow(Hwnd(), SW_SHOW);
   UpdateWindow(Hwnd());

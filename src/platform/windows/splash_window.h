@@ -20,7 +20,8 @@ class SplashWindow final : public BaseWindow<SplashWindow>, public Splash {
 
   void Lb_msg(StringView text) override { ShowPhase(text); }
   void Progress(double fraction) override;
-  /// Hiding waits for MakeWay.
+  /// Without a spot on the screen, what is hidden stays the active window until MakeWay: the main
+  /// window takes the activation from it.
   void Visible(bool visible) override;
   /// The main window is on the screen: goes, if it was told to.
   void MakeWay();

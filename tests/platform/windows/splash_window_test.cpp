@@ -22,6 +22,20 @@ namespace {
 
 class SplashTest : public testing::Test {
  protected:
+  /// Whether the mouse would hit it, and what it paints would reach the screen.
+  [[nodiscard]] bool CanBeSeen() const {
+    RECT bounds{};
+    GetWindowRect(splash_.Hwnd(), &bounds);
+    const POINT corner{bounds.left + 4, bounds.top + 4};  // beside the parts
+    const HDC context = GetDC(splash_.Hwnd());
+    RECT paintable{};
+    const bool can_paint = GetClipBox(context, &paintable) != NULLREGION;
+    ReleaseDC(splash_.Hwnd(), context);
+    const bool is_hit = WindowFromPoint(corner) == splash_.Hwnd();
+    EXPECT_EQ(can_paint, is_hit);
+    return can_paint && is_hit;
+  }
+
   SplashWindow splash_{GetModuleHandleW(nullptr)};
 };
 
@@ -34,10 +48,21 @@ TEST_F(SplashTest, ShowsThePhaseUntilItMakesWay) {
   EXPECT_TRUE(WindowPicture(splash_.Hwnd()).Save(u"splash"));
   splash_.MakeWay();
   EXPECT_TRUE(IsWindowVisible(splash_.Hwnd())) << "nobody told it to go";
+  EXPECT_TRUE(CanBeSeen());
+}
+
+TEST_F(SplashTest, IsNotSeenOnceItIsHiddenAndStaysActiveUntilItMakesWay) {
+  splash_.Visible(true);
+  EXPECT_TRUE(CanBeSeen());
   splash_.Visible(false);
-  EXPECT_TRUE(IsWindowVisible(splash_.Hwnd())) << "no window of the program would be left";
+  EXPECT_FALSE(CanBeSeen());
+  EXPECT_EQ(GetActiveWindow(), splash_.Hwnd()) << "no window of the program would be left";
+  splash_.Progress(0.9);
+  EXPECT_FALSE(CanBeSeen()) << "the last steps move an invisible bar";
   splash_.MakeWay();
   EXPECT_FALSE(IsWindowVisible(splash_.Hwnd()));
+  splash_.Visible(true);
+  EXPECT_TRUE(CanBeSeen());
 }
 
 TEST_F(SplashTest, DoesNotCloseByTheKeyboard) {
