@@ -30,7 +30,62 @@ constexpr bool NeedsContent(UINT message) {
   }
 }
 
-constexpr ULONGLONG kReadersPause = 1000;  // ms between two fillings for accessibility
+/// Of those, the ones that only ask: for text, selection, places, looks, the object behind them, or
+/// a picture. Programs that read the screen send them, some many times a second; asked in vain,
+/// they ask again. What is not named here may be a command, such as a copy or a selection, and
+/// finds the content however often it comes: a command cannot be given twice. So does EM_STREAMOUT,
+/// which hands out all there is.
+constexpr bool OnlyAsks(UINT message) {
+  switch (message) {
+    case EM_GETSEL:
+    case EM_GETRECT:
+    case EM_GETMODIFY:
+    case EM_GETLINECOUNT:
+    case EM_LINEINDEX:
+    case EM_GETTHUMB:
+    case EM_LINELENGTH:
+    case EM_GETLINE:
+    case EM_LINEFROMCHAR:
+    case EM_GETFIRSTVISIBLELINE:
+    case EM_GETPASSWORDCHAR:
+    case EM_GETWORDBREAKPROC:
+    case EM_GETMARGINS:
+    case EM_GETLIMITTEXT:
+    case EM_POSFROMCHAR:
+    case EM_CHARFROMPOS:
+    case EM_GETIMESTATUS:
+    case EM_CANPASTE:
+    case EM_CANREDO:
+    case EM_EXGETSEL:
+    case EM_EXLINEFROMCHAR:
+    case EM_FINDTEXT:
+    case EM_FINDTEXTEX:
+    case EM_FINDTEXTW:
+    case EM_FINDTEXTEXW:
+    case EM_FINDWORDBREAK:
+    case EM_GETCHARFORMAT:
+    case EM_GETPARAFORMAT:
+    case EM_GETEVENTMASK:
+    case EM_GETLANGOPTIONS:
+    case EM_GETOLEINTERFACE:
+    case EM_GETOPTIONS:
+    case EM_GETSCROLLPOS:
+    case EM_GETSELTEXT:
+    case EM_GETTEXTEX:
+    case EM_GETTEXTLENGTHEX:
+    case EM_GETTEXTMODE:
+    case EM_GETTEXTRANGE:
+    case EM_GETZOOM:
+    case EM_SELECTIONTYPE:
+    case WM_PRINT:  // of the main window too; the surface is in the picture in any case
+    case WM_PRINTCLIENT:
+      return true;
+    default:
+      return false;
+  }
+}
+
+constexpr ULONGLONG kReadersPause = 1000;  // ms between two fillings for who reads the screen
 
 constexpr LONG kUiaRootObject = -25;  // UiaRootObjectId, whose header brings all of COM along
 
@@ -166,9 +221,23 @@ LRESULT RichEditView::HandleLiveMessage(UINT message, WPARAM wparam, LPARAM lpar
       if (ShowsText(lparam)) FillForReader();
       break;
     default:
-      if (NeedsContent(message)) FillControl();
+      if (!NeedsContent(message)) break;
+      FromReader(message) ? FillForReader() : FillControl();
   }
   return DefSubclassProc(window_, message, wparam, lparam);
+}
+
+/// Whether a program that reads the screen sent `message`. The program's own messages are none,
+/// also in a command that another program has sent.
+bool RichEditView::FromReader(UINT message) const {
+  return sending_ == 0 && InSendMessage() && OnlyAsks(message);
+}
+
+LRESULT RichEditView::Send(UINT message, WPARAM wparam, LPARAM lparam) const {
+  ++sending_;
+  const LRESULT result = SendMessageW(window_, message, wparam, lparam);
+  --sending_;
+  return result;
 }
 
 /// WM_GETTEXT: as much of the page as `room` units, the NUL among them, can take.

@@ -65,10 +65,9 @@ class RichEditView final : public RichTextView {
                                     UINT_PTR id, DWORD_PTR object) noexcept;
   LRESULT HandleMessage(UINT message, WPARAM wparam, LPARAM lparam);
 
-  LRESULT Send(UINT message, WPARAM wparam = 0, LPARAM lparam = 0) const {
-    return SendMessageW(window_, message, wparam, lparam);
-  }
   // rich_edit_faces.cpp
+  LRESULT Send(UINT message, WPARAM wparam = 0, LPARAM lparam = 0) const;
+  [[nodiscard]] bool FromReader(UINT message) const;
   LRESULT HandleLiveMessage(UINT message, WPARAM wparam, LPARAM lparam);
   LRESULT CopyPageText(WPARAM room, LPARAM target) const;
   [[nodiscard]] bool KeyOnPage(WPARAM key);
@@ -98,6 +97,7 @@ class RichEditView final : public RichTextView {
   bool live_ = false;                // the content is `page_`, and the control is empty
   ULONGLONG filled_for_reader_ = 0;  // ms of the system's uptime
   int writing_ = 0;
+  mutable int sending_ = 0;  // messages of the view's own that are on their way
   bool locked_ = false;
 };
 

@@ -1,6 +1,8 @@
 // Whose content is read, written and saved while a page is live.
+#include <atomic>
 #include <functional>
 #include <string>
+#include <thread>
 
 #include "tests/platform/windows/live_page_bed.h"
 #include "tests/platform/windows/scratch_folder.h"
@@ -138,6 +140,95 @@ TEST_F(LivePage, ReadersWhoAskOftenFillTheControlOnceASecond) {
   Sleep(kReadersPause);
   Send(WM_GETOBJECT, 0, OBJID_CLIENT);
   ExpectMarkedPageInTheControl();
+}
+
+/// As another program sends it, which waits for the answer meanwhile.
+LRESULT SendFromElsewhere(HWND window, UINT message, WPARAM wparam = 0, LPARAM lparam = 0) {
+  LRESULT answer = 0;
+  std::atomic<bool> answered = false;
+  std::thread sender([&] {
+    answer = SendMessageW(window, message, wparam, lparam);
+    answered = true;
+  });
+  while (!answered) {
+    MSG waiting;
+    while (PeekMessageW(&waiting, nullptr, 0, 0, PM_REMOVE)) DispatchMessageW(&waiting);
+  }
+  sender.join();
+  return answer;
+}
+
+TEST_F(LivePage, QuestionsOfOtherProgramsFillTheControlOnceASecondAndItsOwnAlways) {
+  wchar_t buffer[64];
+  TEXTRANGEW part{{0, 2}, buffer};
+  IUnknown* object = nullptr;
+  const struct {
+    UINT message;
+    LPARAM lparam;
+  } rows[] = {{EM_GETSEL, 0},
+              {EM_GETLINECOUNT, 0},
+              {EM_GETTEXTRANGE, reinterpret_cast<LPARAM>(&part)},
+              {EM_GETOLEINTERFACE, reinterpret_cast<LPARAM>(&object)},
+              {WM_PRINTCLIENT, 0}};
+  ULONGLONG fillings = 0;
+  const ULONGLONG begin = GetTickCount64();
+  for (int i = 0; i < 10; ++i) {
+    for (const auto& row : rows) {
+      SwapMarkedPage();
+      SendFromElsewhere(view_.Hwnd(), row.message, 0, row.lparam);
+      if (Surface() == nullptr) ++fillings;
+      if (object != nullptr) object->Release();
+      object = nullptr;
+    }
+  }
+  EXPECT_GE(fillings, 1U);
+  EXPECT_LE(fillings, 1 + (GetTickCount64() - begin) / 1000);
+  for (const auto& row : rows) {
+    SwapMarkedPage();
+    Send(row.message, 0, row.lparam);
+    EXPECT_EQ(Surface(), nullptr) << row.message;
+    if (object != nullptr) object->Release();
+    object = nullptr;
+  }
+  Sleep(kReadersPause);
+  SwapMarkedPage();
+  EXPECT_EQ(SendFromElsewhere(view_.Hwnd(), EM_GETLINECOUNT), 4);
+  ExpectMarkedPageInTheControl();
+}
+
+TEST_F(LivePage, CommandsOfOtherProgramsFindThePageHoweverOftenTheyCome) {
+  for (int i = 0; i < 3; ++i) {
+    SwapMarkedPage();
+    SendFromElsewhere(view_.Hwnd(), EM_SETSEL, 3, 6);
+    EXPECT_EQ(view_.SelText(), u"1A0") << i;
+    for (const UINT message : {WM_COPY, WM_PASTE}) {
+      SwapMarkedPage();
+      SendFromElsewhere(view_.Hwnd(), message);
+      EXPECT_EQ(Surface(), nullptr) << message;
+    }
+  }
+}
+
+/// The command of a test, run by the parent of the view.
+LRESULT CALLBACK RunCommand(HWND window, UINT message, WPARAM wparam, LPARAM lparam,
+                            UINT_PTR /*id*/, DWORD_PTR command) {
+  if (message == WM_APP) (*reinterpret_cast<std::function<void()>*>(command))();
+  return DefSubclassProc(window, message, wparam, lparam);
+}
+
+TEST_F(LivePage, WhatTheProgramItselfAsksInACommandOfAnotherOneFindsThePage) {
+  CHARFORMAT2W format{};
+  std::function<void()> command = [&] {
+    SwapMarkedPage();
+    EXPECT_TRUE(InSendMessage());
+    format = FormatAt(12);
+  };
+  ASSERT_TRUE(SetWindowSubclass(parent_, &RunCommand, 2, reinterpret_cast<DWORD_PTR>(&command)));
+  for (int i = 0; i < 3; ++i) {
+    SendFromElsewhere(parent_, WM_APP);
+    EXPECT_EQ(format.crTextColor, 0x0000FFU) << i;
+  }
+  RemoveWindowSubclass(parent_, &RunCommand, 2);
 }
 
 TEST_F(LivePage, AWriteOfTheProgramLastsUntilTheNextSwap) {
