@@ -18,7 +18,9 @@ class Form1Binding final : public Form1Events {
     if (!form_.Closing()) form_.RTB_MainView_ContextMenu();
   }
   void ViewGotFocus() override { form_.RTB_MainView_GotFocus(); }
-  void HelpKey() override { dialogs_.ShowManual(form_.RxFlag == 1); }
+  void HelpKey() override {
+    if (!form_.Closing()) dialogs_.ShowManual(form_.RxFlag == 1);
+  }
   [[nodiscard]] bool QueryUnload() override;
   void Unload() override { form_.Form_Unload(); }
   [[nodiscard]] bool ClosingIsRefused() const override { return form_.ClosingIsRefused(); }
