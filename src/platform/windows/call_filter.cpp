@@ -20,8 +20,10 @@ DWORD CallFilter::RetryRejectedCall(HTASK, DWORD, DWORD) { return static_cast<DW
 /// PENDINGMSG_WAITDEFPROCESS would have the system throw away input that it holds for dangerous.
 DWORD CallFilter::MessagePending(HTASK, DWORD, DWORD) {
   MSG paint;
+  // The kinds beside the number, which alone would let a WM_QUIT of the posted ones through.
+  constexpr UINT kHow = PM_REMOVE | PM_QS_PAINT | PM_QS_SENDMESSAGE;
   // One of them: a window that never counts as painted would hold the call up.
-  if (PeekMessageW(&paint, nullptr, WM_PAINT, WM_PAINT, PM_REMOVE)) DispatchMessageW(&paint);
+  if (PeekMessageW(&paint, nullptr, WM_PAINT, WM_PAINT, kHow)) DispatchMessageW(&paint);
   return PENDINGMSG_WAITNOPROCESS;
 }
 

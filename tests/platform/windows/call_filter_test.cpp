@@ -59,6 +59,18 @@ TEST_F(CallFilterTest, InputStaysInTheQueueAndWindowsArePainted) {
   DestroyWindow(window);
 }
 
+TEST_F(CallFilterTest, AWishToQuitStaysInTheQueue) {
+  const CallFilter filter;
+  MSG message{};
+  while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) {
+  }
+  PostQuitMessage(7);
+  Registered()->MessagePending(nullptr, 0, PENDINGTYPE_TOPLEVEL);
+  EXPECT_TRUE(PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE));
+  EXPECT_EQ(message.message, static_cast<UINT>(WM_QUIT));
+  EXPECT_EQ(message.wParam, 7U);
+}
+
 TEST_F(CallFilterTest, ARejectedCallComesBackToWhoMadeIt) {
   const CallFilter filter;
   EXPECT_EQ(Registered()->RetryRejectedCall(nullptr, 0, SERVERCALL_RETRYLATER),
