@@ -25,8 +25,8 @@ class Form1Events {
   /// The same question at the end of a Windows session, without the saving. It comes past the gate
   /// and changes nothing.
   [[nodiscard]] virtual bool ClosingIsRefused() const = 0;
-  /// The session ends although closing is refused. It comes past the gate too: the process may be
-  /// ended as soon as this returns.
+  /// The session ends although closing is refused, or in a yield of closing. It comes past the gate
+  /// too: the process may be ended as soon as this returns.
   virtual void SessionEnds() = 0;
 };
 

@@ -299,10 +299,11 @@ void Form1Window::OnClose() {
   gate_.Deliver([this] { Unload(); });
 }
 
-/// Past the gate: the process is ended when this returns.
+/// Past the gate: the process is ended when this returns. In a yield of closing, too, everything is
+/// saved now: closing may not have come to it, and may not come to it any more.
 void Form1Window::OnSessionEnd() {
   if (events_ == nullptr || session_ended_) return;
-  if (!events_->ClosingIsRefused()) return Unload();
+  if (!unloading_ && !events_->ClosingIsRefused()) return Unload();
   session_ended_ = true;
   events_->SessionEnds();
 }

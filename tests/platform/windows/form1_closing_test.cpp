@@ -71,6 +71,22 @@ TEST_F(MainWindowTest, AForcedEndOfTheSessionIsToldOnceAtOnceAndClosesTheWindowB
   EXPECT_TRUE(loop_.Ended());
 }
 
+// As closing yields before it saves.
+TEST_F(MainWindowTest, TheEndOfTheSessionInAYieldOfClosingIsToldOnceAndClosingGoesOn) {
+  window_.Start(SW_SHOW);
+  int ends_in_closing = 0;
+  events_.on_query = [&] {
+    SendMessageW(window_.Hwnd(), WM_ENDSESSION, TRUE, 0);
+    SendMessageW(window_.Hwnd(), WM_ENDSESSION, TRUE, 0);
+    ends_in_closing = events_.session_ends;
+  };
+  SendMessageW(window_.Hwnd(), WM_CLOSE, 0, 0);
+  EXPECT_EQ(ends_in_closing, 1);
+  EXPECT_EQ(events_.queries, 1);
+  EXPECT_EQ(events_.unloads, 1);
+  EXPECT_TRUE(loop_.Ended());
+}
+
 TEST_F(MainWindowTest, TheEndOfTheSessionDuringTheStartSavesNothing) {
   EXPECT_EQ(SendMessageW(window_.Hwnd(), WM_QUERYENDSESSION, 0, 0), TRUE);
   SendMessageW(window_.Hwnd(), WM_ENDSESSION, TRUE, 0);

@@ -27,6 +27,7 @@ class RecordedEvents final : public Form1Events {
   void HelpKey() override { ++help_keys; }
   [[nodiscard]] bool QueryUnload() override {
     ++queries;
+    if (on_query) on_query();
     return !refuse;
   }
   void Unload() override { ++unloads; }
@@ -36,6 +37,7 @@ class RecordedEvents final : public Form1Events {
   std::vector<int> commands;
   std::function<void(int)> on_command;
   std::function<void()> on_focus;
+  std::function<void()> on_query;
   int selection_changes = 0;
   int context_menus = 0;
   int focuses = 0;
