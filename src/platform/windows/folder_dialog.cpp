@@ -39,8 +39,9 @@ std::optional<String> WindowsFolderDialog::ShowFolder(StringView start) {
   dialog.Get()->GetOptions(&options);
   dialog.Get()->SetOptions(options | FOS_PICKFOLDERS | FOS_FORCEFILESYSTEM);
   if (const auto folder = FolderItem(String(start))) dialog.Get()->SetFolder(folder.Get());
+  const HWND owner = owner_;
   const EventGate::Opened opened(gate_);
-  if (FAILED(dialog.Get()->Show(owner_))) return std::nullopt;
+  if (FAILED(dialog.Get()->Show(owner)) || !IsWindow(owner)) return std::nullopt;
   return PathOf(*dialog.Get());
 }
 

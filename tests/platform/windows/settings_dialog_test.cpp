@@ -3,18 +3,60 @@
 #include <gtest/gtest.h>
 
 #include <functional>
+#include <optional>
 #include <utility>
 
+#include "platform/windows/code_page.h"
+#include "platform/windows/file_services.h"
 #include "platform/windows/formcommonsetting_window.h"
 #include "platform/windows/formhelp_window.h"
+#include "platform/windows/formoptionlog1_window.h"
 #include "platform/windows/shell.h"
 #include "platform/windows/text.h"
+#include "tests/platform/windows/all_windows_bed.h"
 #include "tests/platform/windows/pump.h"
+#include "tests/platform/windows/scratch_folder.h"
 // Last, see there.
 #include "platform/windows/resources/resource.h"
 
 namespace tolvane::platform::windows {
 namespace {
+
+/// A question that the system asks by a dialog of its own.
+class WhileAsked {
+ public:
+  /// Does `ask`, which brings that dialog up over `owner`, and `meanwhile` with it as soon as it is
+  /// up; cancels it if it still is then.
+  WhileAsked(HWND owner, const std::function<void()>& ask, std::function<void(HWND)> meanwhile)
+      : owner_(owner), meanwhile_(std::move(meanwhile)) {
+    asked_ = this;
+    const UINT_PTR timer = SetTimer(nullptr, 0, 50, &OnTimer);
+    ask();
+    KillTimer(nullptr, timer);
+    EXPECT_TRUE(done_) << "no dialog of the system came up";
+  }
+
+ private:
+  [[nodiscard]] HWND SystemDialog() const {
+    HWND found = nullptr;
+    while ((found = FindWindowExW(nullptr, found, L"#32770", nullptr)) != nullptr) {
+      if (GetWindow(found, GW_OWNER) == owner_ && IsWindowVisible(found)) break;
+    }
+    return found;
+  }
+  static void CALLBACK OnTimer(HWND, UINT, UINT_PTR, DWORD) {
+    WhileAsked& question = *asked_;
+    const HWND dialog = question.SystemDialog();
+    if (dialog == nullptr) return;
+    if (!std::exchange(question.done_, true)) question.meanwhile_(dialog);
+    if (IsWindow(dialog)) PostMessageW(dialog, WM_COMMAND, IDCANCEL, 0);
+  }
+
+  static inline WhileAsked* asked_ = nullptr;
+  HWND owner_;
+  std::function<void(HWND)> meanwhile_;
+  bool done_ = false;
+};
 
 /// The common settings over a window of their own.
 class SettingsDialogTest : public testing::Test {
@@ -29,16 +71,9 @@ class SettingsDialogTest : public testing::Test {
     DestroyWindow(owner_);
   }
 
-  /// Presses a colour button, does `meanwhile` while the system's dialog is up, and returns when
-  /// the click is over; a system's dialog that is still up then is cancelled.
-  void AskForAColour(std::function<void()> meanwhile) {
-    meanwhile_ = std::move(meanwhile);
-    asking_ = dialog_.Hwnd();
-    const UINT_PTR timer = SetTimer(nullptr, 0, 50, &OnTimer);
-    under_test_ = this;
-    SendMessageW(dialog_.Hwnd(), WM_COMMAND, Bt_DataChangeColor_Dialog, 0);
-    KillTimer(nullptr, timer);
-    EXPECT_TRUE(done_) << "no colour dialog came up";
+  void AskForAColour(std::function<void(HWND)> meanwhile) {
+    const WhileAsked asked(
+        dialog_.Hwnd(), [this] { Press(Bt_DataChangeColor_Dialog); }, std::move(meanwhile));
   }
   [[nodiscard]] String Box(int id) const { return WindowText(GetDlgItem(dialog_.Hwnd(), id)); }
   void Fill(int id, const wchar_t* text) { SetWindowTextW(GetDlgItem(dialog_.Hwnd(), id), text); }
@@ -54,31 +89,10 @@ class SettingsDialogTest : public testing::Test {
   DialogSurroundings surroundings_{instance_, gate_, loop_, owner_};
   FormHelpWindow help_{surroundings_, device_};
   FormCommonSettingWindow dialog_{surroundings_, help_, resources_, device_};
-
- private:
-  static HWND ColourDialogOf(HWND owner) {
-    HWND found = nullptr;
-    while ((found = FindWindowExW(nullptr, found, L"#32770", nullptr)) != nullptr) {
-      if (GetWindow(found, GW_OWNER) == owner) break;
-    }
-    return found;
-  }
-  static void CALLBACK OnTimer(HWND, UINT, UINT_PTR, DWORD) {
-    SettingsDialogTest& test = *under_test_;
-    const HWND colours = ColourDialogOf(test.asking_);
-    if (colours == nullptr) return;
-    if (!std::exchange(test.done_, true)) test.meanwhile_();
-    if (IsWindow(colours)) PostMessageW(colours, WM_COMMAND, IDCANCEL, 0);
-  }
-
-  static inline SettingsDialogTest* under_test_ = nullptr;
-  std::function<void()> meanwhile_;
-  HWND asking_ = nullptr;
-  bool done_ = false;
 };
 
 TEST_F(SettingsDialogTest, AClickWhoseDialogIsGoneTouchesTheNextOpeningNoMore) {
-  AskForAColour([this] {
+  AskForAColour([this](HWND) {
     dialog_.Unload();
     dialog_.Show();
     Fill(TB_DataChangeColorTime, L"77");
@@ -88,7 +102,7 @@ TEST_F(SettingsDialogTest, AClickWhoseDialogIsGoneTouchesTheNextOpeningNoMore) {
 }
 
 TEST_F(SettingsDialogTest, AClickWhoseDialogIsGoneEndsQuietly) {
-  AskForAColour([this] { dialog_.Unload(); });
+  AskForAColour([this](HWND) { dialog_.Unload(); });
   EXPECT_EQ(dialog_.Hwnd(), nullptr);
   EXPECT_TRUE(IsWindowEnabled(owner_));
 }
@@ -96,7 +110,7 @@ TEST_F(SettingsDialogTest, AClickWhoseDialogIsGoneEndsQuietly) {
 TEST_F(SettingsDialogTest, BehindItsColourDialogNoCommandComesThrough) {
   Fill(TB_DataChangeColorTime, L"77");
   const std::int32_t before = device_.t_DataChangeColorTime;
-  AskForAColour([this] {
+  AskForAColour([this](HWND) {
     Press(Bt_OK);
     Press(Bt_Cancell);
     Press(Img_Help_Setting);
@@ -108,6 +122,66 @@ TEST_F(SettingsDialogTest, BehindItsColourDialogNoCommandComesThrough) {
   Press(Bt_OK);
   EXPECT_EQ(dialog_.Hwnd(), nullptr);
   EXPECT_NE(device_.t_DataChangeColorTime, before);
+}
+
+/// The settings of the log, whose folder pictures ask by the system's chooser.
+class LogSettings : public SettingsDialogTest {
+ protected:
+  void SetUp() override {
+    ASSERT_TRUE(SUCCEEDED(CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED)));
+    device_.Param_ALL_Clear();
+    device_.t_SaveFilePath = folder_ / u"";
+    log_.Show();
+    ASSERT_NE(log_.Hwnd(), nullptr);
+  }
+  void TearDown() override {
+    log_.Unload();
+    SettingsDialogTest::TearDown();
+    CoUninitialize();
+  }
+  [[nodiscard]] String Folder() const {
+    return WindowText(GetDlgItem(log_.Hwnd(), TB_SaveFilePath));
+  }
+
+  /// Types a folder's name and chooses it.
+  static void ChooseAnother(HWND chooser) {
+    EnumChildWindows(chooser, &TypeAnother, 0);
+    SendMessageW(chooser, WM_COMMAND, IDOK, 0);
+  }
+  /// Into the first box that is shown; of the others the chooser wants nothing.
+  static BOOL CALLBACK TypeAnother(HWND child, LPARAM /*unused*/) {
+    if (ClassOf(child) != u"edit" || !IsWindowVisible(child)) return TRUE;
+    SendMessageW(child, WM_SETTEXT, 0, reinterpret_cast<LPARAM>(L"C:\\windows"));
+    return FALSE;
+  }
+
+  static constexpr StringView kAnother = u"C:\\windows";
+  ScratchFolder folder_;
+  WindowsCodePage code_page_;
+  WindowsFileServices files_{code_page_};
+  FormOptionLog1Window log_{surroundings_, help_, resources_, device_, files_};
+};
+
+TEST_F(LogSettings, TheFolderThatIsChosenFillsTheBox) {
+  const WhileAsked asked(
+      log_.Hwnd(), [this] { SendMessageW(log_.Hwnd(), WM_COMMAND, Img_save_folder, 0); },
+      &ChooseAnother);
+  EXPECT_EQ(Folder(), kAnother);
+}
+
+TEST_F(LogSettings, AFolderChosenForADialogThatIsGoneIsNone) {
+  WindowsFolderDialog folder_dialog(gate_);
+  folder_dialog.Owner(log_.Hwnd());
+  std::optional<String> folder;
+  const WhileAsked asked(
+      log_.Hwnd(), [&] { folder = folder_dialog.ShowFolder(folder_ / u""); },
+      [this](HWND chooser) {
+        // It outlives its owner, and still gives what is chosen.
+        SetWindowLongPtrW(chooser, GWLP_HWNDPARENT, 0);
+        log_.Unload();
+        ChooseAnother(chooser);
+      });
+  EXPECT_EQ(folder, std::nullopt);
 }
 
 }  // namespace
