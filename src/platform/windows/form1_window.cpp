@@ -4,6 +4,7 @@
 #include <iterator>
 #include <utility>
 
+#include "platform/windows/accessible_names.h"
 #include "platform/windows/form1_layout.h"
 #include "platform/windows/text.h"
 #include "platform/windows/window_place.h"
@@ -65,6 +66,11 @@ Form1Window::Form1Window(HINSTANCE instance, EventGate& gate, WindowsEventLoop& 
       splash_(splash),
       workers_(workers),
       view_(code_page) {}
+
+Form1Window::~Form1Window() {
+  AccessibleNames().ForgetChildren(Hwnd());
+  Destroy();
+}
 
 bool Form1Window::CreateHidden() {
   if (splash_.Hwnd() == nullptr || !workers_.Made()) return false;

@@ -46,7 +46,7 @@ class Form1Window final : public BaseWindow<Form1Window>,
   Form1Window(HINSTANCE instance, EventGate& gate, WindowsEventLoop& loop, CodePage& code_page,
               SplashWindow& splash, WorkerWindows& workers);
 
-  ~Form1Window() override { Destroy(); }
+  ~Form1Window() override;
 
   /// Makes the hidden window with all its controls. False when the system refuses one, or refused
   /// the splash or a worker's window before.

@@ -78,6 +78,7 @@ void FormHelpWindow::TB_View(StringView text) {
 void FormHelpWindow::Unload() {
   if (Hwnd() == nullptr) return;
   surroundings_.loop.RemoveKeyboardWindow(Hwnd());
+  AccessibleNames().ForgetChildren(Hwnd());
   Destroy();
 }
 

@@ -212,13 +212,26 @@ TEST_F(ScreenReader, FindsPushButtonsInPicturesThatCanBePressed) {
   EXPECT_TRUE(is_button(version, Lb_OK));
 }
 
-TEST_F(ScreenReader, KeepsNothingOfAClosedDialog) {
-  AllWindows windows;
-  const std::size_t before = service_.names.size();
-  const HWND dialog = windows.OpenSettings(1);
-  EXPECT_GT(service_.names.size(), before);
-  AllWindows::Close(dialog);
-  EXPECT_EQ(service_.names.size(), before);
+TEST_F(ScreenReader, KeepsNothingOfAWindowThatIsGone) {
+  {
+    AllWindows windows;
+    const std::size_t of_main = service_.names.size();
+    EXPECT_GT(of_main, 0U);
+    const HWND dialog = windows.OpenSettings(1);
+    const std::size_t of_both = service_.names.size();
+    EXPECT_GT(of_both, of_main);
+    AllWindows::OpenHelp(dialog, Img_Help_Setting);
+    EXPECT_GT(service_.names.size(), of_both);
+    windows.Dialogs().Unload(OtherForm::FormHelp);
+    EXPECT_EQ(service_.names.size(), of_both);
+    AllWindows::Close(dialog);
+    EXPECT_EQ(service_.names.size(), of_main);
+    windows.OpenVersion();
+    windows.Dialogs().Unload(OtherForm::FormVersion);
+    EXPECT_EQ(service_.names.size(), of_main);
+  }
+  EXPECT_TRUE(service_.names.empty());
+  EXPECT_TRUE(service_.roles.empty());
 }
 
 }  // namespace
