@@ -12,7 +12,7 @@
 namespace tolvane::platform::windows {
 
 /// Every window of the program, as the program makes them.
-class AllWindows {
+class AllWindows : ProgramWindows {
  public:
   AllWindows() {
     made_ = window_.CreateHidden();
@@ -57,14 +57,7 @@ class AllWindows {
   }
 
  private:
-  HINSTANCE instance_ = GetModuleHandleW(nullptr);
-  EventGate gate_;
-  WindowsEventLoop loop_{gate_};
-  WindowsCodePage code_page_;
   WindowsFileServices files_{code_page_};
-  SplashWindow splash_{instance_};
-  Form1Window::WorkerWindows workers_{gate_, instance_, 30};
-  Form1Window window_{instance_, gate_, loop_, code_page_, splash_, workers_};
   ELM327_Info device_{u"C:\\Tolvane"};
   std::int32_t cursor_ = 0;
   std::optional<DialogWindows> dialogs_;

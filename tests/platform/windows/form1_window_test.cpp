@@ -9,19 +9,6 @@
 #include "tests/platform/windows/main_window_bed.h"
 #include "tests/platform/windows/pump.h"
 #include "tests/platform/windows/window_picture.h"
-
-namespace tolvane::platform::windows {
-namespace {
-
-// Before resource.h: its names are also the names of these members.
-RichTextView& ViewOf(const MainWindow& face) { return face.RTB_MainView; }
-ComboBox& ComboBoxOf(const MainWindow& face) { return face.Cmb_Serect_Device; }
-TextBox& StatusOf(const MainWindow& face) { return face.TB_Status; }
-OtherForms& OtherFormsOf(const MainWindow& face) { return face.other_forms; }
-
-}  // namespace
-}  // namespace tolvane::platform::windows
-
 // Last, see there.
 #include "platform/windows/resources/resource.h"
 

@@ -8,16 +8,6 @@
 #include "platform/windows/formversion_window.h"
 #include "tests/platform/windows/all_windows_bed.h"
 #include "tests/platform/windows/pump.h"
-
-namespace tolvane::platform::windows {
-namespace {
-
-// Before resource.h: its names are also the names of these members.
-TextBox& StatusBox(const MainWindow& face) { return face.TB_Status; }
-
-}  // namespace
-}  // namespace tolvane::platform::windows
-
 // Last, see there.
 #include "platform/windows/resources/resource.h"
 
@@ -83,7 +73,7 @@ TEST_F(MainWindowKeys, TheRingIsOnTheButtonWithTheFocusAndOnNoOther) {
   EXPECT_THAT(events_.commands, ElementsAre(Bt_Disconnect));
   // As at the end of a run.
   EnableWindow(Child(Bt_Disconnect), FALSE);
-  StatusBox(window_.Face()).SetFocus();
+  StatusOf(window_.Face()).SetFocus();
   EXPECT_THAT(Defaults(), IsEmpty());
   Press(loop_, VK_RETURN);
   EXPECT_THAT(events_.commands, ElementsAre(Bt_Disconnect)) << "pressed without focus";

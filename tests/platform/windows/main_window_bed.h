@@ -48,8 +48,27 @@ class RecordedEvents final : public Form1Events {
   bool refuse = false;
 };
 
+// Parts of the main window's face, for tests that include resource.h behind this: its names are
+// also the names of these members.
+inline RichTextView& ViewOf(const MainWindow& face) { return face.RTB_MainView; }
+inline ComboBox& ComboBoxOf(const MainWindow& face) { return face.Cmb_Serect_Device; }
+inline TextBox& StatusOf(const MainWindow& face) { return face.TB_Status; }
+inline OtherForms& OtherFormsOf(const MainWindow& face) { return face.other_forms; }
+
+/// What the program makes at its start, the main window still without its parts.
+class ProgramWindows {
+ protected:
+  HINSTANCE instance_ = GetModuleHandleW(nullptr);
+  EventGate gate_;
+  WindowsEventLoop loop_{gate_};
+  WindowsCodePage code_page_;
+  SplashWindow splash_{instance_};
+  Form1Window::WorkerWindows workers_{gate_, instance_, 30};
+  Form1Window window_{instance_, gate_, loop_, code_page_, splash_, workers_};
+};
+
 /// The main window as the program makes it, before its start.
-class MainWindowTest : public testing::Test {
+class MainWindowTest : public testing::Test, protected ProgramWindows {
  protected:
   void SetUp() override {
     ASSERT_TRUE(window_.CreateHidden());
@@ -65,13 +84,6 @@ class MainWindowTest : public testing::Test {
   }
   void Click(int id) { SendMessageW(Child(id), BM_CLICK, 0, 0); }
 
-  HINSTANCE instance_ = GetModuleHandleW(nullptr);
-  EventGate gate_;
-  WindowsEventLoop loop_{gate_};
-  WindowsCodePage code_page_;
-  SplashWindow splash_{instance_};
-  Form1Window::WorkerWindows workers_{gate_, instance_, 30};
-  Form1Window window_{instance_, gate_, loop_, code_page_, splash_, workers_};
   RecordedEvents events_;
 };
 
