@@ -2,7 +2,7 @@
 #include <array>
 #include <list>
 
-#include "tests/window/window_fixture.h"
+#include "tests/window/log_fixture.h"
 #include "tools/drive/text.h"
 // Last: its symbols are also names of controls elsewhere.
 #include "src/platform/windows/resources/resource.h"
@@ -59,6 +59,12 @@ TEST_F(Surroundings, NoLibraryBesideTheProgramTakesThePlaceOfOneOfTheSystem) {
     EXPECT_FALSE(std::filesystem::exists(folder_.Path() / (std::wstring(name) + L".dll.loaded")))
         << Utf8(name);
   }
+}
+
+// Wine searches the current folder whatever a program says, and does not tell what it said. All
+// that can be seen is that the program has the means to say it, which nothing else in it needs.
+TEST_F(Surroundings, TheProgramCanTakeTheCurrentFolderOutOfTheSearchForLibraries) {
+  EXPECT_NE(FileBytes(folder_.Executable()).find("SetDllDirectoryW"), std::string::npos);
 }
 
 TEST_F(Surroundings, AControlThatCannotBeMadeEndsTheStartWithAMessage) {
