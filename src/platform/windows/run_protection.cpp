@@ -24,7 +24,9 @@ WindowsRunProtection::WindowsRunProtection(HWND main_window) : main_window_(main
 }
 
 void WindowsRunProtection::Begin() {
-  SetThreadExecutionState(ES_CONTINUOUS | ES_SYSTEM_REQUIRED);
+  // The screen too: a notebook on battery that has no sleep but the connected one sleeps some
+  // minutes after its screen has gone dark, whatever else is wished.
+  SetThreadExecutionState(ES_CONTINUOUS | ES_SYSTEM_REQUIRED | ES_DISPLAY_REQUIRED);
   // Given now and not when it is asked for: a flush can keep the question waiting.
   ShutdownBlockReasonCreate(main_window_, kReason);
   if (!ForbidThrottling(kExecutionSpeed | kIgnoreTimerResolution)) {

@@ -20,11 +20,11 @@ class ProtectedRun : public testing::Test {
   SplashWindow window_{GetModuleHandleW(nullptr)};
 };
 
-TEST_F(ProtectedRun, KeepsTheComputerAwakeAndLetsTheScreenGoDark) {
+TEST_F(ProtectedRun, KeepsTheComputerAndItsScreenAwake) {
   WindowsRunProtection protection(window_.Hwnd());
   SetThreadExecutionState(ES_CONTINUOUS);
   protection.Begin();
-  EXPECT_EQ(Wishes(), ES_CONTINUOUS | ES_SYSTEM_REQUIRED);
+  EXPECT_EQ(Wishes(), ES_CONTINUOUS | ES_SYSTEM_REQUIRED | ES_DISPLAY_REQUIRED);
   protection.End();
   EXPECT_EQ(Wishes(), ES_CONTINUOUS);
 }
