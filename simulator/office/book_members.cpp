@@ -14,6 +14,7 @@ namespace {
 
 constexpr std::int32_t kXlsx = 51;
 constexpr std::int32_t kXls = 56;
+constexpr std::size_t kPath_MAX = 218;  // UTF-16 units, the name of the file among them
 
 bool WriteFile(const std::filesystem::path& path, std::string_view bytes) {
   std::ofstream file(path, std::ios::binary | std::ios::trunc);
@@ -26,6 +27,12 @@ std::optional<std::string> BookBytes(const Sheet& sheet, std::int32_t format) {
   if (format == kXlsx) return WriteXlsx(sheet);
   if (format == kXls) return WriteXls(sheet);
   return std::nullopt;
+}
+
+/// A reference to another workbook puts the name of the file in brackets behind its folder, and all
+/// of it has a limit: what could not be told in one is not saved.
+bool CanBeReferredTo(StringView path) {
+  return path.size() <= kPath_MAX && path.find_first_of(u"[]") == StringView::npos;
 }
 
 /// The file name comes by name or as the one positional argument.
@@ -49,6 +56,7 @@ Outcome SaveAs(Program& program, const Object& object, Arguments& arguments) {
   const std::optional<std::int32_t> format =
       arguments.file_format ? ToInteger(*arguments.file_format) : kXls;
   if (file_name == nullptr || !format) return {kTypeMismatch, {}};
+  if (!CanBeReferredTo(*file_name)) return {kRefused, {}};
 
   const std::filesystem::path path(*file_name);
   std::error_code error;

@@ -165,6 +165,34 @@ TEST_F(OfficeServer, ASaveIntoAMissingFolderFailsAndTheBookStaysOpen) {
   EXPECT_EQ(client.failures.size(), 1U);
 }
 
+TEST_F(OfficeServer, APathIsSavedToUpTo218CharactersAndWithoutBrackets) {
+  Record record;
+  Server server(u"Excel.Application", u"16.0", Script{}, record);
+  DirectClient client(server);
+  const std::string long_folder(219 - Path("f/a.xls").size(), 'f');
+  const std::string longer_folder = long_folder + "f";
+  struct Row {
+    std::string file;
+    bool is_saved;
+  };
+  const Row rows[] = {{long_folder + "/a.xls", true},
+                      {longer_folder + "/a.xls", false},
+                      {"a[1/a.xls", false},
+                      {"a]1/a.xls", false},
+                      {"a[1.xls", false},
+                      {"a]1.xls", false}};
+  for (const Row& row : rows) {
+    AddBook(client);
+    client.failures.clear();
+    std::filesystem::create_directories((folder_ / row.file).parent_path());
+    client.Call(client.Get(kProgram, u"ActiveWorkbook", {}), u"SaveAs", {Path(row.file.c_str())},
+                {});
+    const std::vector<std::uint32_t> refusals(row.is_saved ? 0 : 1, kRefused);
+    EXPECT_EQ(client.failures, refusals) << row.file;
+    EXPECT_EQ(std::filesystem::exists(folder_ / row.file), row.is_saved) << row.file;
+  }
+}
+
 TEST_F(OfficeServer, WithoutAWorkbookThereIsNoSheetAndClosingBringsTheOlderOneBack) {
   Record record;
   Server server(u"Excel.Application", u"16.0", Script{}, record);
