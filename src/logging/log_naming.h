@@ -14,9 +14,13 @@ namespace tolvane {
 
 constexpr std::int32_t kFileNumber_MAX = 1000;  // the search for a free name stops here
 
+constexpr std::size_t kLongestLogName = StringView(u"\\KLyymmddhh-1000.xlsx").size();
+constexpr std::size_t kWorkbookPath_MAX = 218;  // of a path that Excel saves to
+
 /// The longest path of a folder that takes every log file of a run.
-constexpr std::size_t kLogFolder_MAX =
-    platform::kPath_MAX - StringView(u"\\KLyymmddhh-1000.xlsx").size();
+constexpr std::size_t kLogFolder_MAX = platform::kPath_MAX - kLongestLogName;
+/// The same where a spreadsheet server saves them.
+constexpr std::size_t kWorkbookFolder_MAX = kWorkbookPath_MAX - kLongestLogName;
 
 /// The path within which the folder `path` has its files: the system drops blanks and periods at
 /// the end of a path, and would miss a folder of that name within one.

@@ -3,6 +3,7 @@
 
 #include "logging/excel_outputdb.h"
 #include "logging/log_naming.h"
+#include "logging/spreadsheet_server.h"
 
 namespace tolvane {
 
@@ -31,9 +32,17 @@ String CleanedComment(StringView comment) {
   return name;
 }
 
-/// A folder in which no file would find room counts as one that cannot be made.
-bool MakeLogFolder(platform::FileServices& files, const String& path) {
-  return path.size() <= kLogFolder_MAX && files.CreateFolder(path);
+/// Whether each file of a run can be saved in the folder. Excel saves neither to a long path nor
+/// within brackets, in which it encloses the names of workbooks itself: the whole log of a run
+/// would be lost without a word.
+bool TakesLogFiles(StringView path, const ELM327_Info& device) {
+  if (!UsesSpreadsheetServer(device)) return path.size() <= kLogFolder_MAX;
+  return path.size() <= kWorkbookFolder_MAX && path.find_first_of(u"[]") == StringView::npos;
+}
+
+/// A folder that would not take the files counts as one that cannot be made.
+bool MakeLogFolder(platform::FileServices& files, const String& path, const ELM327_Info& device) {
+  return TakesLogFiles(path, device) && files.CreateFolder(path);
 }
 
 constexpr std::int32_t kSubfolder_MAX = 1000;  // the count at which the last name is taken as it is
@@ -60,7 +69,7 @@ bool Excel_OutputDB::Get_SubFolder_Name(ELM327_Info& device, String& FolderName)
     // and the log, which looks under the base, stays there.
     const String name(PathOfFolder(clean));
     const String elsewhere(PathOfFolder(device.t_LogSaveFilePath));
-    if (!MakeLogFolder(services_.files, elsewhere + u'\\' + name)) return false;
+    if (!MakeLogFolder(services_.files, elsewhere + u'\\' + name, device)) return false;
     FolderName = name;
     return true;
   }
@@ -71,7 +80,8 @@ bool Excel_OutputDB::Get_SubFolder_Name(ELM327_Info& device, String& FolderName)
     AppendCount(++count, suffix);
   }
   const String path = base + u'\\' + stem + suffix;
-  if (!services_.files.FolderExists(path) && !MakeLogFolder(services_.files, path)) return false;
+  if (!services_.files.FolderExists(path) && !MakeLogFolder(services_.files, path, device))
+    return false;
   FolderName = stem + suffix;
   return true;
 }

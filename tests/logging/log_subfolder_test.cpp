@@ -147,6 +147,64 @@ TEST_F(LogSubfolder, NoMoreCanANumberedFolderWithoutThatRoom) {
   EXPECT_FALSE(files.FolderExists(base + u'\\' + device.t_LogComment + u"-002"));
 }
 
+/// Runs that a spreadsheet server logs. Excel saves to paths of 218 characters at most.
+class WorkbookSubfolder : public LogSubfolder {
+ protected:
+  WorkbookSubfolder() {
+    device.t_LogSave_Enable = 1;
+    device.t_LogSaveFormat = kLogFormatSpreadsheet;
+    device.ExcelInstallCheck = 1;
+    device.t_LogSaveFilePath_mode = 2;
+  }
+
+  /// False when the run cannot begin; then there is no folder.
+  bool DecideIn(StringView base, StringView comment) {
+    files.AddFolder(base);
+    device.t_LogSaveFilePath = base;
+    device.t_LogComment = comment;
+    FolderName.clear();
+    const bool made = Decide();
+    EXPECT_EQ(FolderName.empty(), !made);
+    EXPECT_EQ(files.FolderExists(String(base) + u'\\' + device.t_LogComment), made);
+    return made;
+  }
+};
+
+TEST_F(WorkbookSubfolder, OneWithoutRoomForTheLongestNameOfAWorkbookCannotBeMade) {
+  const String base = u"E:\\" + String(160, u'b');
+  EXPECT_FALSE(DecideIn(base, String(198 - base.size() - 1, u'c')));
+  EXPECT_TRUE(DecideIn(base, String(197 - base.size() - 1, u'd')));
+  EXPECT_EQ((base + u'\\' + FolderName + u"\\KL26112009-1000.xlsx").size(), 218U);
+  device.t_LogComment = String(194 - base.size() - 1, u'e');
+  files.AddFolder(base + u'\\' + device.t_LogComment);
+  EXPECT_FALSE(Decide()) << "198 characters with the number";
+}
+
+TEST_F(WorkbookSubfolder, OneWithinBracketsCannotBeMade) {
+  EXPECT_FALSE(DecideIn(u"E:\\Logs", u"bench [1"));
+  EXPECT_FALSE(DecideIn(u"E:\\Logs", u"bench 1]"));
+  EXPECT_FALSE(DecideIn(u"E:\\Logs[1]", u"bench"));
+  EXPECT_TRUE(DecideIn(u"E:\\Logs", u"bench ［1］")) << "wide ones are no matter";
+  files.AddFolder(u"E:\\Logs\\bench [2]");
+  device.t_LogComment = u"bench [2]";
+  EXPECT_FALSE(Decide());
+  EXPECT_FALSE(files.FolderExists(u"E:\\Logs\\bench [2]-002"));
+}
+
+TEST_F(WorkbookSubfolder, WithoutAServerTheyAreFoldersLikeOthers) {
+  struct Row {
+    std::int32_t t_LogSave_Enable;
+    std::int32_t t_LogSaveFormat;
+    StringView comment;
+  };
+  for (const Row& row :
+       {Row{1, kLogFormatCsv, u"csv [1]"}, Row{0, kLogFormatSpreadsheet, u"no log [1]"}}) {
+    device.t_LogSave_Enable = row.t_LogSave_Enable;
+    device.t_LogSaveFormat = row.t_LogSaveFormat;
+    EXPECT_TRUE(DecideIn(u"E:\\" + String(160, u'b'), String(row.comment) + String(40, u'c')));
+  }
+}
+
 TEST_F(LogSubfolder, ASetPathThatEndsInBlanksAndPeriodsTakesTheFilesOfItsRuns) {
   files.AddFolder(u"E:\\Logs");
   device.t_LogSaveFilePath_mode = 2;
