@@ -29,12 +29,19 @@ std::int32_t FileNumber(StringView text) {
   return number;
 }
 
-/// The lines that a csv log would have for the filled rows of a record table.
-String TableLines(std::span<const String> cells, bool with_mark) {
-  String lines;
+void AppendFilledRows(std::span<const String> cells, bool with_mark, String& lines) {
   for (; !cells.empty() && !cells.front().empty(); cells = cells.subspan(LogTable::kColumns)) {
     AppendCsvLine({cells.first<LogTable::kColumns>()}, with_mark, lines);
   }
+}
+
+/// The lines that a csv log would have for a record table that is filled anew up to `counter`. What
+/// stands from there on a flush could not write: it is older.
+String TableLines(std::span<const String> cells, std::int32_t counter, bool with_mark) {
+  const std::size_t anew = static_cast<std::size_t>(counter) * LogTable::kColumns;
+  String lines;
+  AppendFilledRows(cells.subspan(anew), with_mark, lines);
+  AppendFilledRows(cells.first(anew), with_mark, lines);
   return lines;
 }
 
@@ -78,8 +85,9 @@ void Excel_OutputDB::Session_End_Output(ELM327_Info& device, String& FileName_Da
     CsvChannel rows;
     const CsvChannel* records = BuilderOf(channel);
     if (is_spreadsheet) {
-      rows =
-          CsvChannel(TableLines(TableOf(channel)->Cells(), device.t_msgID_type == kMsgIdType29Bit));
+      rows = CsvChannel(TableLines(TableOf(channel)->Cells(),
+                                   channel == current ? Excel_DB_ArayyCounter : 0,
+                                   device.t_msgID_type == kMsgIdType29Bit));
       records = &rows;
     }
     if (channel != current && !records->HasLines()) continue;

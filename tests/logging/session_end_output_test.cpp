@@ -69,6 +69,31 @@ TEST_P(SessionEndOutput, RecordsOfTheSecondChannelAreNotLostEither) {
   EXPECT_EQ(FileCount(), 2U);
 }
 
+TEST_P(SessionEndOutput, NewRecordsOfAChannelComeBehindThoseThatAFlushLeftInIt) {
+  Begin(0);
+  Record11(1.0, 0x001);
+  Record11(2.0, 0x002);
+  Record11(3.0, 0x003);
+  Record11(4.0, 0x004);
+  FailToFlush(1);
+  Record11(5.0, 0x005);
+  FailToFlush(2);
+  Record11(6.0, 0x006);
+  Record11(7.0, 0x007);
+  EndSession();
+  EXPECT_TRUE(SameBytes(LogBytes(u"001"), head11_ + "         5 , 005 , 2 ,  00,1A\r\n"));
+  // The new rows of a table stand where the first of the old ones stood.
+  const std::string first = GetParam() == kLogFormatCsv ? "         1 , 001 , 2 ,  00,1A\r\n"
+                                                          "         2 , 002 , 2 ,  00,1A\r\n"
+                                                        : "";
+  EXPECT_TRUE(SameBytes(LogBytes(u"002"), head11_ + first +
+                                              "         3 , 003 , 2 ,  00,1A\r\n"
+                                              "         4 , 004 , 2 ,  00,1A\r\n"
+                                              "         6 , 006 , 2 ,  00,1A\r\n"
+                                              "         7 , 007 , 2 ,  00,1A\r\n"));
+  EXPECT_EQ(FileCount(), 2U);
+}
+
 TEST_P(SessionEndOutput, AChannelThatWasWrittenIsNotWrittenAgain) {
   Begin(0);
   Record11(1.0, 0x100);
