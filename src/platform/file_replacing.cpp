@@ -99,7 +99,8 @@ std::optional<std::vector<std::byte>> Replacing::Old() {
 }
 
 bool Replacing::InPlaceWithNet(std::span<const std::byte> bytes) {
-  if (WriteWhole(steps_.Create(mark_), {}) != FileStep::kDone) {
+  const FileStep marked = Patiently([&] { return WriteWhole(steps_.Create(mark_), {}); });
+  if (marked != FileStep::kDone) {
     RemoveNet();
     return false;
   }
