@@ -59,7 +59,9 @@ Form1::Form1(const platform::Platform& platform, const platform::MainWindow& win
 void Form1::Bt_Connect_Click() {
   if (closing_) return;
   Lock_Window();
-  if (Open_Spreadsheet_Server() && Take_Comment()) Run_Worker();
+  // A starting server lets the end of the session through, and the process may be ended at any
+  // moment then: nothing would save what a run received.
+  if (Open_Spreadsheet_Server() && Take_Comment() && !session_ended_) Run_Worker();
   Put_Window_Back();
   Set_View_Menu_After_Run();
   Close_Spreadsheet_Server();

@@ -52,7 +52,7 @@ class Form1 {
   // run/form1.cpp: a run
 
   /// The whole run: returns when it has ended and the window is put back. Nothing once closing has
-  /// begun.
+  /// begun; no frame is received once the session has ended.
   void Bt_Connect_Click();
   void Bt_Disconnect_Click();
   void Bt_ViewClear_Click();
@@ -149,6 +149,7 @@ class Form1 {
   Workers workers_;
   StartUp start_up_ = StartUp::kNotBegun;
   bool closing_ = false;
+  bool session_ended_ = false;
   bool view_menu_missed_a_change_ = false;
 };
 

@@ -159,6 +159,7 @@ void Form1::Form_QueryUnload(std::int32_t& Cancel) {
 }
 
 void Form1::Session_Ends() {
+  session_ended_ = true;
   if (Session_End_Output_) Session_End_Output_();
   RxFlag = 0;
   Save_For_Next_Start();

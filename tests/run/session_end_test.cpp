@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <utility>
 
 #include "tests/run/run_control.h"
 
@@ -54,6 +55,25 @@ TEST_F(SessionEnd, UnderAMessageBeforeTheRunOnlyPageAndSettingsAreSaved) {
   Connect();
   EXPECT_NE(Bytes(u"config.dat"), "no file");
   EXPECT_FALSE(bench_.Wrote(u"KL26010509-001.csv"));
+}
+
+TEST_F(SessionEnd, WhileTheSpreadsheetServerStartsNothingIsReceivedAnyMore) {
+  form_.device.t_LogSaveFormat = kLogFormatSpreadsheet;
+  form_.device.ExcelInstallCheck = 1;
+  memory_.automation.Register(u"Excel.Application", 16);
+  bool ended = false;
+  memory_.automation.WhileCalled([this, &ended] {
+    if (std::exchange(ended, true)) return;
+    ASSERT_TRUE(form_.ClosingIsRefused());
+    form_.Session_Ends();
+    EXPECT_NE(Bytes(u"config.dat"), "no file");
+  });
+  Connect();
+  EXPECT_TRUE(ended);
+  EXPECT_TRUE(bench_.Noted("canusb_Open").empty());
+  EXPECT_FALSE(memory_.canusbdrv.frames.Empty());
+  EXPECT_EQ(form_.objExcel, nullptr) << "the server is ended all the same";
+  EXPECT_FALSE(form_.ClosingIsRefused());
 }
 
 }  // namespace
