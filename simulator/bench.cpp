@@ -6,6 +6,8 @@
 #include <system_error>
 #include <utility>
 
+#include "simulator/garbled_source.h"
+#include "simulator/values.h"
 #include "simulator/vehicle.h"
 
 namespace tolvane::simulator {
@@ -59,9 +61,20 @@ Bench::Bench(BenchConfig config, const std::filesystem::path& folder,
   }
 }
 
-std::unique_ptr<BusTap> Bench::Listen(const AdapterPlan& plan) {
-  auto source = std::make_unique<BurstSource>(NewSource(), plan.burst);
-  return std::make_unique<BusTap>(*clock_, std::move(source), plan.tap);
+std::unique_ptr<BusTap> Bench::Listen(std::string_view adapter, const AdapterPlan& plan,
+                                      const BusSettings& settings) {
+  const std::string name = EscapeText(adapter);
+  const std::string rate = std::to_string(settings.bit_rate);
+  std::unique_ptr<BusSource> source = std::make_unique<BurstSource>(NewSource(), plan.burst);
+  report_->Line("bus " + name + " bit_rate=" + rate + " silent=" + (settings.silent ? "1" : "0"));
+  if (settings.bit_rate != config_.bus.load.bit_rate) {
+    report_->Fault(name + " at " + rate + " bit/s on a bus of " +
+                   std::to_string(config_.bus.load.bit_rate));
+    source = std::make_unique<GarbledSource>(std::move(source));
+  }
+  TapPlan tap = plan.tap;
+  tap.filter = settings.filter;
+  return std::make_unique<BusTap>(*clock_, std::move(source), tap);
 }
 
 std::unique_ptr<BusSource> Bench::NewSource() {

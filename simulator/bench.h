@@ -28,6 +28,13 @@ class CallScript {
   std::vector<std::int64_t> calls_;
 };
 
+/// What a program has set an adapter to.
+struct BusSettings {
+  std::int32_t bit_rate;  // bits per second
+  bool silent = false;    // acknowledges nothing
+  AcceptanceFilter filter{};
+};
+
 /// What the three simulated libraries share: the bench file, the clock, the bus and the report.
 class Bench {
  public:
@@ -39,8 +46,10 @@ class Bench {
   const BenchConfig& Config() const { return config_; }
   Report& Record() { return *report_; }
 
-  /// The adapter goes on the bus: bus time 0.
-  std::unique_ptr<BusTap> Listen(const AdapterPlan& plan);
+  /// The adapter goes on the bus: bus time 0. At another rate than the bus's it meets error frames
+  /// and no data, which is a fault.
+  std::unique_ptr<BusTap> Listen(std::string_view adapter, const AdapterPlan& plan,
+                                 const BusSettings& settings);
 
  private:
   std::unique_ptr<BusSource> NewSource();

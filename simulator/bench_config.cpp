@@ -27,6 +27,8 @@ constexpr std::array<std::pair<std::string_view, BusPlan::Source>, 3> kSources{
      {"generator", BusPlan::Source::kGenerator}}};
 constexpr std::array<std::pair<std::string_view, bool>, 2> kClocks{
     {{"real", false}, {"reads", true}}};
+constexpr std::array<std::pair<std::string_view, bool>, 2> kDataBytes{
+    {{"length", false}, {"whole", true}}};
 
 /// Cuts the text up to `mark`, trimmed, off the front of `rest`.
 std::string_view TakePart(std::string_view& rest, char mark) {
@@ -88,6 +90,7 @@ AdapterPlan TakeAdapter(SectionReader& reader, const TapPlan& tap, const std::st
   AdapterPlan plan{.tap = tap};
   reader.Enter(section, "faults");
   reader.Take("clock_start", plan.clock.start, 0, kInt32High);
+  reader.Take("clock_wrap", plan.clock.wrap, 1, std::int64_t{1} << 32);
   reader.Take("clock_ppm", plan.clock.ppm, -900'000, 900'000);
   TakeClockSteps(reader, plan.clock.steps);
   reader.TakeSeconds("pulled_at", plan.tap.pulled_at_us);
@@ -97,6 +100,7 @@ AdapterPlan TakeAdapter(SectionReader& reader, const TapPlan& tap, const std::st
   reader.Take("burst_frames", plan.burst.frames, 0, kAny);
   reader.Take("or_id", plan.or_id, 0, kInt32High);
   reader.Take("force_dlc", plan.force_dlc, 0, 255);
+  reader.TakeChoice("data", plan.whole_data, kDataBytes);
   TakeCallResults(reader, plan.results);
   return plan;
 }

@@ -29,6 +29,7 @@ struct AdapterPlan {
   std::vector<CallResult> results{};
   std::uint32_t or_id = 0;      // bits set in the id word of every frame given out
   std::int64_t force_dlc = -1;  // 0 to 255: the length given out with every frame
+  bool whole_data = false;      // all eight data bytes are written, whatever the length says
 };
 
 struct CanusbPlan {
@@ -58,7 +59,7 @@ struct BusPlan {
   Source source = Source::kVehicle;
   std::string log;          // UTF-8, from the file's own folder
   std::int64_t repeat = 1;  // 0: without end
-  LoadPlan load;            // its seed and format are the vehicle's too
+  LoadPlan load;            // its seed and format are the vehicle's too, its bit rate is the bus's
 };
 
 struct BenchConfig {

@@ -47,8 +47,16 @@ void BusTap::NoteRead(std::int64_t now_us) {
 
 void BusTap::TakeDue(std::int64_t bus_us) {
   while (has_pending_ && pending_.time_us <= bus_us) {
-    if (Hears(pending_) && !queue_.Push(pending_)) ++counts_.dropped;
+    if (Hears(pending_)) Queue(pending_);
     has_pending_ = source_->Next(pending_);
+  }
+}
+
+void BusTap::Queue(const BusFrame& frame) {
+  if (!plan_.filter.Passes(frame)) {
+    ++counts_.kept_back;
+  } else if (!queue_.Push(frame)) {
+    ++counts_.dropped;
   }
 }
 

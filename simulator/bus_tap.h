@@ -11,6 +11,18 @@
 
 namespace tolvane::simulator {
 
+/// Which frames an adapter lets in. The identifier stands at the top of the 32 bits, 11 or 29 of
+/// them; bits that are set in the mask are not compared.
+struct AcceptanceFilter {
+  std::uint32_t code = 0;
+  std::uint32_t mask = 0xFFFFFFFF;
+
+  bool Passes(const BusFrame& frame) const {
+    const std::uint32_t id = frame.extended ? frame.id << 3 : frame.id << 21;
+    return ((id ^ code) & ~mask) == 0;
+  }
+};
+
 struct TapPlan {
   static constexpr std::int64_t kNever = INT64_MAX;
 
@@ -21,12 +33,14 @@ struct TapPlan {
   std::int64_t silence_to_us = 0;      // and before here do not reach the queue
   std::int64_t gaps = 0;               // how many of the longest gaps of each kind are kept
   bool hears_errors_and_own = false;   // error frames and transmitted frames reach the queue
+  AcceptanceFilter filter{};
 };
 
 struct TapCounts {
   std::int64_t reads = 0;
   std::int64_t delivered = 0;
   std::int64_t dropped = 0;                  // found the queue full
+  std::int64_t kept_back = 0;                // did not pass the filter
   std::int64_t longest_gap_us = 0;           // real time between two reads
   std::int64_t high_water = 0;               // most frames that the queue ever held
   std::vector<ReadGap> gaps_behind_frame{};  // the longest ones first
@@ -51,6 +65,7 @@ class BusTap {
   void NoteRead(std::int64_t now_us);
   void TakeDue(std::int64_t bus_us);
   bool Hears(const BusFrame& frame) const;
+  void Queue(const BusFrame& frame);
 
   BenchClock& clock_;
   std::unique_ptr<BusSource> source_;

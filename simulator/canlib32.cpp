@@ -66,9 +66,11 @@ SIMULATED_EXPORT std::int32_t TOLVANE_STDCALL canBusOff(std::int32_t handle) {
 SIMULATED_EXPORT std::int32_t TOLVANE_STDCALL canRead(std::int32_t handle, std::int32_t* id,
                                                       void* msg, std::int32_t* dlc,
                                                       std::int32_t* flag, std::int32_t* time) {
-  std::array<std::uint8_t, 8> data{};
+  // What the library does not write stays as the program left it.
+  std::array<std::uint8_t, 8> data;
+  std::memcpy(data.data(), msg, data.size());
   const std::int32_t status = Library().canRead(handle, *id, data, *dlc, *flag, *time);
-  if (status >= 0) std::memcpy(msg, data.data(), data.size());
+  std::memcpy(msg, data.data(), data.size());
   return status;
 }
 

@@ -18,6 +18,11 @@ constexpr std::int32_t kNoChannels = -5;
 constexpr std::int32_t kNotInitialized = -8;
 constexpr std::int32_t kInvalidHandle = -10;
 constexpr std::int32_t kHardware = -15;
+constexpr std::int32_t kNotSupported = -19;
+
+constexpr std::int32_t kInitAccess = 128;  // of the open's flags
+constexpr std::uint32_t kSilentDriver = 1;
+constexpr std::uint32_t kNormalDriver = 4;
 
 constexpr std::int32_t kCardSerialNo = 7;
 constexpr std::int32_t kCardFirmwareRev = 9;
@@ -29,6 +34,23 @@ constexpr std::int32_t kStandardFlag = 2;
 constexpr std::int32_t kExtendedFlag = 4;
 constexpr std::int32_t kErrorFrameFlag = 0x20;
 constexpr std::int32_t kTransmittedFlag = 0x40;
+
+constexpr std::string_view kTooEarly = "the library is not initialized";
+
+/// Bits per second of the predefined rates from -1 down; 0 for any other number.
+std::int32_t BitRate(std::int32_t rate) {
+  constexpr auto kPredefined = std::to_array<std::int32_t>(
+      {1'000'000, 500'000, 250'000, 125'000, 100'000, 62'500, 50'000, 83'333, 10'000});
+  if (rate >= 0 || rate < -static_cast<std::int32_t>(kPredefined.size())) return 0;
+  return kPredefined[static_cast<std::size_t>(-1 - rate)];
+}
+
+bool IsDriver(std::uint32_t type) {
+  constexpr auto kTypes = std::to_array<std::uint32_t>({0, kSilentDriver, kNormalDriver, 8});
+  return std::ranges::find(kTypes, type) != kTypes.end();
+}
+
+std::string NameOf(const CanlibPlan& plan) { return "channel" + std::to_string(plan.channel); }
 
 std::int32_t Flags(const BusFrame& frame) {
   if (frame.kind == FrameKind::kError) return kErrorFrameFlag;
@@ -55,6 +77,21 @@ std::int32_t WriteText(std::string_view text, std::span<std::byte> buffer) {
   return kOk;
 }
 
+std::int32_t WriteItem(const CanlibPlan& plan, std::int32_t item, std::span<std::byte> buffer) {
+  switch (item) {
+    case kCardSerialNo:
+      return WriteNumber(plan.serial, buffer);
+    case kCardFirmwareRev:
+      return WriteNumber(plan.firmware, buffer);
+    case kCardUpcNo:
+      return WriteNumber(plan.upc, buffer);
+    case kChannelName:
+      return WriteText(plan.name, buffer);
+    default:
+      return kParam;
+  }
+}
+
 }  // namespace
 
 CanlibBench::CanlibBench(std::unique_ptr<Bench> bench)
@@ -63,12 +100,25 @@ CanlibBench::CanlibBench(std::unique_ptr<Bench> bench)
     channels_.push_back({.plan = &plan,
                          .script = CallScript(plan.adapter.results),
                          .handle = kClosed,
+                         .init_access = false,
+                         .params_asked = false,
+                         .bit_rate = 0,
+                         .driver_type = kNormalDriver,
+                         .bus_asked = false,
                          .tap = nullptr});
   }
 }
 
 CanlibBench::~CanlibBench() {
-  for (Channel& channel : channels_) LeaveBus(channel);
+  for (Channel& channel : channels_) {
+    if (channel.handle != kClosed) bench_->Record().Fault(NameOf(*channel.plan) + " is left open");
+    LeaveBus(channel);
+  }
+}
+
+std::int32_t CanlibBench::Refuse(std::string_view call, std::string_view why, std::int32_t status) {
+  bench_->Record().Fault(std::string(call) + ": " + std::string(why));
+  return status;
 }
 
 void CanlibBench::canInitializeLibrary() {
@@ -77,13 +127,11 @@ void CanlibBench::canInitializeLibrary() {
 }
 
 std::int32_t CanlibBench::canGetNumberOfChannels(std::int32_t& count) {
-  count = 0;
-  std::int32_t status = kNotInitialized;
-  if (initialized_) {
-    status = script_.Next("canGetNumberOfChannels").value_or(kOk);
-    if (status == kOk) count = bench_->Config().channels;
-  }
-  bench_->Record().Line(CallLine("canGetNumberOfChannels").Gives(status, std::to_string(count)));
+  constexpr std::string_view kCall = "canGetNumberOfChannels";
+  const std::int32_t status =
+      initialized_ ? script_.Next(kCall).value_or(kOk) : Refuse(kCall, kTooEarly, kNotInitialized);
+  if (status == kOk) count = bench_->Config().channels;
+  bench_->Record().Line(CallLine(kCall).Gives(status, std::to_string(count)));
   return status;
 }
 
@@ -100,40 +148,36 @@ std::int32_t CanlibBench::canGetChannelData(std::int32_t channel, std::int32_t i
 
 std::int32_t CanlibBench::ChannelData(std::int32_t number, std::int32_t item,
                                       std::span<std::byte> buffer) {
-  if (!initialized_) return kNotInitialized;
+  constexpr std::string_view kCall = "canGetChannelData";
+  if (!initialized_) return Refuse(kCall, kTooEarly, kNotInitialized);
+  // No fault: programs ask by handle, and where channels are missing that is another number.
   Channel* const channel = FindChannel(number);
   if (channel == nullptr) return kNotFound;
-  constexpr std::string_view kCall = "canGetChannelData";
   const std::string item_call = std::string(kCall) + '.' + std::to_string(item);
   if (const auto scripted = channel->script.Next(item_call)) return *scripted;
   if (const auto scripted = channel->script.Next(kCall)) return *scripted;
-  const CanlibPlan& plan = *channel->plan;
-  switch (item) {
-    case kCardSerialNo:
-      return WriteNumber(plan.serial, buffer);
-    case kCardFirmwareRev:
-      return WriteNumber(plan.firmware, buffer);
-    case kCardUpcNo:
-      return WriteNumber(plan.upc, buffer);
-    case kChannelName:
-      return WriteText(plan.name, buffer);
-    default:
-      return kParam;
-  }
+  const std::int32_t status = WriteItem(*channel->plan, item, buffer);
+  return status == kOk ? kOk : Refuse(kCall, "no such item, or too small a buffer", status);
 }
 
 std::int32_t CanlibBench::canOpenChannel(std::int32_t channel, std::int32_t flags) {
-  const std::int32_t handle = Open(channel);
+  const std::int32_t handle = Open(channel, flags);
   bench_->Record().Line(CallLine("canOpenChannel").Number(channel).Number(flags).Gives(handle));
   return handle;
 }
 
-std::int32_t CanlibBench::Open(std::int32_t number) {
-  if (!initialized_) return kNotInitialized;
+std::int32_t CanlibBench::Open(std::int32_t number, std::int32_t flags) {
+  constexpr std::string_view kCall = "canOpenChannel";
+  if (!initialized_) return Refuse(kCall, kTooEarly, kNotInitialized);
+  if ((flags & ~kInitAccess) != 0) return Refuse(kCall, "flags without meaning", kParam);
   Channel* const channel = FindChannel(number);
   if (channel == nullptr) return kNotFound;
-  if (channel->handle != kClosed) return kNoChannels;
-  if (const auto scripted = channel->script.Next("canOpenChannel")) return *scripted;
+  if (channel->handle != kClosed) return Refuse(kCall, "already open", kNoChannels);
+  if (const auto scripted = channel->script.Next(kCall)) return *scripted;
+  channel->init_access = (flags & kInitAccess) != 0;
+  channel->params_asked = channel->bus_asked = false;
+  channel->bit_rate = 0;
+  channel->driver_type = kNormalDriver;
   std::int32_t handle = 0;
   while (FindOpen(handle) != nullptr) ++handle;
   channel->handle = handle;
@@ -144,7 +188,9 @@ std::int32_t CanlibBench::Open(std::int32_t number) {
 template <typename Action>
 std::int32_t CanlibBench::OnChannel(std::string_view call, std::int32_t handle, Action action) {
   Channel* const channel = FindOpen(handle);
-  if (channel == nullptr) return kInvalidHandle;
+  if (channel == nullptr) {
+    return Refuse(call, "no open channel has the handle " + std::to_string(handle), kInvalidHandle);
+  }
   if (const auto scripted = channel->script.Next(call)) return *scripted;
   return action(*channel);
 }
@@ -153,22 +199,35 @@ std::int32_t CanlibBench::canClose(std::int32_t handle) {
   const std::int32_t status = OnChannel("canClose", handle, [](const Channel&) { return kOk; });
   bench_->Record().Line(CallLine("canClose").Number(handle).Gives(status));
   if (Channel* const channel = FindOpen(handle)) {
+    if (channel->tap != nullptr) Refuse("canClose", "the channel is on the bus", status);
     LeaveBus(*channel);
     channel->handle = kClosed;
   }
   return status;
 }
 
+std::optional<std::int32_t> CanlibBench::RefuseSetUp(std::string_view call,
+                                                     const Channel& channel) {
+  if (!channel.init_access) return Refuse(call, "without initial access", kNotSupported);
+  if (channel.tap != nullptr) return Refuse(call, "the channel is on the bus", kNotSupported);
+  return std::nullopt;
+}
+
 std::int32_t CanlibBench::canSetBusParams(std::int32_t handle, std::int32_t rate,
                                           std::uint32_t tseg1, std::uint32_t tseg2,
                                           std::uint32_t sjw, std::uint32_t no_samp,
                                           std::uint32_t syncmode) {
-  // 0 and above would be bits per second; the predefined rates run from -1 down to -9.
-  constexpr std::int32_t kLastPredefined = -9;
-  const std::int32_t status = OnChannel("canSetBusParams", handle, [rate](const Channel&) {
-    return rate == 0 || rate < kLastPredefined ? kParam : kOk;
+  constexpr std::string_view kCall = "canSetBusParams";
+  if (Channel* const channel = FindOpen(handle)) channel->params_asked = true;
+  const std::int32_t status = OnChannel(kCall, handle, [&](Channel& channel) {
+    if (const auto refused = RefuseSetUp(kCall, channel)) return *refused;
+    // The numbers behind a predefined rate mean nothing.
+    const std::int32_t bit_rate = BitRate(rate);
+    if (bit_rate == 0) return Refuse(kCall, "no predefined rate", kParam);
+    channel.bit_rate = bit_rate;
+    return kOk;
   });
-  bench_->Record().Line(CallLine("canSetBusParams")
+  bench_->Record().Line(CallLine(kCall)
                             .Number(handle)
                             .Number(rate)
                             .Number(tseg1)
@@ -181,26 +240,44 @@ std::int32_t CanlibBench::canSetBusParams(std::int32_t handle, std::int32_t rate
 }
 
 std::int32_t CanlibBench::canSetBusOutputControl(std::int32_t handle, std::uint32_t driver_type) {
-  const std::int32_t status =
-      OnChannel("canSetBusOutputControl", handle, [](const Channel&) { return kOk; });
-  bench_->Record().Line(
-      CallLine("canSetBusOutputControl").Number(handle).Number(driver_type).Gives(status));
+  constexpr std::string_view kCall = "canSetBusOutputControl";
+  const std::int32_t status = OnChannel(kCall, handle, [&](Channel& channel) {
+    if (const auto refused = RefuseSetUp(kCall, channel)) return *refused;
+    if (!IsDriver(driver_type)) return Refuse(kCall, "no such driver type", kParam);
+    channel.driver_type = driver_type;
+    return kOk;
+  });
+  bench_->Record().Line(CallLine(kCall).Number(handle).Number(driver_type).Gives(status));
   return status;
 }
 
 std::int32_t CanlibBench::canBusOn(std::int32_t handle) {
-  const std::int32_t status = OnChannel("canBusOn", handle, [&](Channel& channel) {
-    if (channel.tap == nullptr) channel.tap = bench_->Listen(channel.plan->adapter);
-    return kOk;
-  });
+  if (Channel* const channel = FindOpen(handle)) channel->bus_asked = true;
+  const std::int32_t status =
+      OnChannel("canBusOn", handle, [this](Channel& channel) { return GoOnBus(channel); });
   bench_->Record().Line(CallLine("canBusOn").Number(handle).Gives(status));
   return status;
+}
+
+std::int32_t CanlibBench::GoOnBus(Channel& channel) {
+  constexpr std::string_view kCall = "canBusOn";
+  if (channel.tap != nullptr) return Refuse(kCall, "the channel is on the bus", kOk);
+  // A program cannot help parameters that the script refuses.
+  if (channel.bit_rate == 0 && channel.params_asked) return kHardware;
+  if (channel.bit_rate == 0) return Refuse(kCall, "no bus parameters", kHardware);
+  channel.tap = bench_->Listen(
+      NameOf(*channel.plan), channel.plan->adapter,
+      {.bit_rate = channel.bit_rate, .silent = channel.driver_type != kNormalDriver});
+  return kOk;
 }
 
 std::int32_t CanlibBench::canBusOff(std::int32_t handle) {
   const std::int32_t status = OnChannel("canBusOff", handle, [](const Channel&) { return kOk; });
   bench_->Record().Line(CallLine("canBusOff").Number(handle).Gives(status));
-  if (Channel* const channel = FindOpen(handle)) LeaveBus(*channel);
+  if (Channel* const channel = FindOpen(handle)) {
+    LeaveBus(*channel);
+    channel->bus_asked = false;
+  }
   return status;
 }
 
@@ -208,6 +285,7 @@ std::int32_t CanlibBench::canRead(std::int32_t handle, std::int32_t& id,
                                   std::array<std::uint8_t, 8>& msg, std::int32_t& dlc,
                                   std::int32_t& flag, std::int32_t& time) {
   return OnChannel("canRead", handle, [&](Channel& channel) {
+    if (!channel.bus_asked) return Refuse("canRead", "the channel is not on the bus", kNoMessage);
     if (channel.tap == nullptr) return kNoMessage;
     BusFrame frame;
     if (const auto failure = ReadFailure(*channel.tap, frame, kNoMessage, kHardware)) {
@@ -215,7 +293,7 @@ std::int32_t CanlibBench::canRead(std::int32_t handle, std::int32_t& id,
     }
     const AdapterPlan& plan = channel.plan->adapter;
     id = DeliveredId(plan, frame);
-    msg = frame.data;
+    DeliverData(plan, frame, msg);
     dlc = DeliveredDlc(plan, frame);
     flag = Flags(frame);
     time = Stamp(kCanlibStamps, plan.clock, frame.time_us);
@@ -236,7 +314,7 @@ CanlibBench::Channel* CanlibBench::FindChannel(std::int32_t number) {
 
 void CanlibBench::LeaveBus(Channel& channel) {
   if (channel.tap == nullptr) return;
-  bench_->Record().Run("channel" + std::to_string(channel.plan->channel), channel.tap->Counts());
+  bench_->Record().Run(NameOf(*channel.plan), channel.tap->Counts());
   channel.tap.reset();
 }
 

@@ -4,6 +4,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <span>
 #include <vector>
 
@@ -13,8 +14,9 @@
 namespace tolvane::simulator {
 
 /// canlib32.dll over the bench. A channel is on the bus between bus on and bus off, and can be
-/// opened once at a time. A handle is the lowest free number, so with a gap before a channel its
-/// handle is not its channel number; canGetChannelData takes the channel number.
+/// opened once at a time. Whoever opens it without initial access cannot set it up; it is set up
+/// off the bus, and goes on it only then. A handle is the lowest free number, so with a gap before
+/// a channel its handle is not its channel number; canGetChannelData takes the channel number.
 class CanlibBench : public platform::CanlibLibrary {
  public:
   explicit CanlibBench(std::unique_ptr<Bench> bench);
@@ -42,12 +44,22 @@ class CanlibBench : public platform::CanlibLibrary {
     const CanlibPlan* plan;
     CallScript script;
     std::int32_t handle = kClosed;
+    bool init_access = false;
+    bool params_asked = false;  // bus parameters have come, taken or not
+    std::int32_t bit_rate = 0;  // 0 until they are taken
+    std::uint32_t driver_type = 0;
+    bool bus_asked = false;       // a bus on has come, taken or not, and no bus off since
     std::unique_ptr<BusTap> tap;  // null while it is not on the bus
   };
 
   Channel* FindOpen(std::int32_t handle);
   Channel* FindChannel(std::int32_t number);
-  std::int32_t Open(std::int32_t channel);
+  std::int32_t Open(std::int32_t channel, std::int32_t flags);
+  /// The call that none may make, and what the library answers.
+  std::int32_t Refuse(std::string_view call, std::string_view why, std::int32_t status);
+  /// Nothing for a channel that can be set up now.
+  std::optional<std::int32_t> RefuseSetUp(std::string_view call, const Channel& channel);
+  std::int32_t GoOnBus(Channel& channel);
   std::int32_t ChannelData(std::int32_t channel, std::int32_t item, std::span<std::byte> buffer);
   template <typename Action>
   std::int32_t OnChannel(std::string_view call, std::int32_t handle, Action action);

@@ -1,10 +1,12 @@
 #include "simulator/canusb_bench.h"
 
 #include <algorithm>
+#include <string>
 #include <string_view>
 #include <utility>
 
 #include "simulator/delivered.h"
+#include "simulator/values.h"
 
 namespace tolvane::simulator {
 namespace {
@@ -18,19 +20,32 @@ constexpr std::int32_t kNoMessage = -7;
 constexpr std::uint8_t kExtendedFlag = 128;
 constexpr std::uint8_t kRemoteFlag = 64;
 
-/// Kilobits per second, or a pair of timing registers such as "0x00:0x1C".
-bool IsRate(std::string_view rate) {
-  constexpr auto kRates = std::to_array<std::string_view>(
-      {"10", "20", "50", "100", "125", "250", "500", "800", "1000"});
-  return std::ranges::find(kRates, rate) != kRates.end() ||
-         (rate.starts_with("0x") && rate.find(':') != std::string_view::npos);
+constexpr std::int32_t kStampFlag = 1;
+
+/// Bits per second of a rate text, which tells kilobits; 0 for one that the adapter does not know.
+std::int32_t BitRate(std::string_view rate) {
+  constexpr auto kRates =
+      std::to_array<std::pair<std::string_view, std::int32_t>>({{"10", 10'000},
+                                                                {"20", 20'000},
+                                                                {"50", 50'000},
+                                                                {"100", 100'000},
+                                                                {"125", 125'000},
+                                                                {"250", 250'000},
+                                                                {"500", 500'000},
+                                                                {"800", 800'000},
+                                                                {"1000", 1'000'000}});
+  for (const auto& [text, bit_rate] : kRates) {
+    if (text == rate) return bit_rate;
+  }
+  return 0;
 }
 
-/// Fills the buffer with NUL behind the text; a text of its whole size stands without NUL.
+/// Writes the text and, where there is room, a NUL; the rest of the buffer stays.
 template <std::size_t size>
 void WriteText(std::string_view text, std::array<char, size>& buffer) {
-  buffer.fill('\0');
-  std::copy_n(text.begin(), std::min(text.size(), size), buffer.begin());
+  text = text.substr(0, size);
+  std::ranges::copy(text, buffer.begin());
+  if (text.size() < size) buffer[text.size()] = '\0';
 }
 
 }  // namespace
@@ -38,15 +53,34 @@ void WriteText(std::string_view text, std::array<char, size>& buffer) {
 CanusbBench::CanusbBench(std::unique_ptr<Bench> bench)
     : bench_(std::move(bench)), script_(bench_->Config().canusb_results) {
   for (const CanusbPlan& plan : bench_->Config().canusb) {
-    adapters_.push_back(
-        {.plan = &plan, .script = CallScript(plan.adapter.results), .handle = 0, .tap = nullptr});
+    adapters_.push_back({.plan = &plan,
+                         .script = CallScript(plan.adapter.results),
+                         .handle = 0,
+                         .stamps = false,
+                         .tap = nullptr});
   }
 }
 
 CanusbBench::~CanusbBench() {
   for (const Adapter& adapter : adapters_) {
-    if (adapter.tap != nullptr) bench_->Record().Run(adapter.plan->serial, adapter.tap->Counts());
+    if (adapter.tap == nullptr) continue;
+    bench_->Record().Fault(EscapeText(adapter.plan->serial) + " is left open");
+    TellRun(adapter, adapter.tap->Counts());
   }
+}
+
+std::int32_t CanusbBench::Refuse(std::string_view call, std::string_view why, std::int32_t result) {
+  bench_->Record().Fault(std::string(call) + ": " + std::string(why));
+  return result;
+}
+
+std::int32_t CanusbBench::RefuseHandle(std::string_view call, std::int32_t handle) {
+  return Refuse(call, "no open adapter has the handle " + std::to_string(handle), kNotOpen);
+}
+
+void CanusbBench::TellRun(const Adapter& adapter, const TapCounts& counts) {
+  bench_->Record().Run(adapter.plan->serial, counts);
+  if (counts.kept_back > 0) Refuse("canusb_Open", "the filter keeps frames back", kOk);
 }
 
 std::int16_t CanusbBench::canusb_getFirstAdapter(std::array<char, kSerialSize>& serial) {
@@ -55,15 +89,19 @@ std::int16_t CanusbBench::canusb_getFirstAdapter(std::array<char, kSerialSize>& 
 }
 
 std::int16_t CanusbBench::canusb_getNextAdapter(std::array<char, kSerialSize>& serial) {
+  if (!next_found_)
+    return static_cast<std::int16_t>(Refuse("canusb_getNextAdapter", "ahead of the first", 0));
   return Search("canusb_getNextAdapter", serial);
 }
 
 std::int16_t CanusbBench::Search(std::string_view call, std::array<char, kSerialSize>& serial) {
   const auto scripted = script_.Next(call);
-  const bool found = !scripted && next_found_ < adapters_.size();
+  const bool found = !scripted && *next_found_ < adapters_.size();
   std::string_view text;
-  if (found) text = adapters_[next_found_++].plan->serial;
-  WriteText(text, serial);
+  if (found) {
+    text = adapters_[(*next_found_)++].plan->serial;
+    WriteText(text, serial);
+  }
   const auto result = static_cast<std::int16_t>(scripted.value_or(found ? 1 : 0));
   bench_->Record().Line(CallLine(call).Gives(result, text.substr(0, kSerialSize)));
   return result;
@@ -72,7 +110,9 @@ std::int16_t CanusbBench::Search(std::string_view call, std::array<char, kSerial
 std::int32_t CanusbBench::canusb_Open(const std::string& serial, std::string& rate,
                                       std::int32_t acceptance_code, std::int32_t acceptance_mask,
                                       std::int32_t flags) {
-  const std::int32_t result = Open(serial, rate);
+  const AcceptanceFilter filter{.code = static_cast<std::uint32_t>(acceptance_code),
+                                .mask = static_cast<std::uint32_t>(acceptance_mask)};
+  const std::int32_t result = Open(serial, rate, filter, flags);
   bench_->Record().Line(CallLine("canusb_Open")
                             .Text(serial)
                             .Text(rate)
@@ -80,39 +120,46 @@ std::int32_t CanusbBench::canusb_Open(const std::string& serial, std::string& ra
                             .Number(acceptance_mask)
                             .Number(flags)
                             .Gives(result));
+  if (result > 0) rate += " kbit/s";
   return result;
 }
 
-std::int32_t CanusbBench::Open(const std::string& serial, const std::string& rate) {
+std::int32_t CanusbBench::Open(const std::string& serial, const std::string& rate,
+                               const AcceptanceFilter& filter, std::int32_t flags) {
+  constexpr std::string_view kCall = "canusb_Open";
   const auto adapter = std::ranges::find_if(adapters_, [&](const Adapter& candidate) {
-    const std::string_view own = std::string_view(candidate.plan->serial).substr(0, kSerialSize);
-    return candidate.tap == nullptr && (serial.empty() || own == serial);
+    return std::string_view(candidate.plan->serial).substr(0, kSerialSize) == serial;
   });
-  if (adapter == adapters_.end()) return kOpenSubsystem;
-  if (const auto scripted = adapter->script.Next("canusb_Open")) return *scripted;
-  if (!IsRate(rate)) return kInvalidParam;
-  adapter->tap = bench_->Listen(adapter->plan->adapter);
+  if (adapter == adapters_.end()) return Refuse(kCall, "no such adapter", kOpenSubsystem);
+  if (adapter->tap != nullptr) return Refuse(kCall, "already open", kOpenSubsystem);
+  if (const auto scripted = adapter->script.Next(kCall)) return *scripted;
+  const std::int32_t bit_rate = BitRate(rate);
+  if (bit_rate == 0) return Refuse(kCall, "no such rate", kInvalidParam);
+  if ((flags & ~kStampFlag) != 0) return Refuse(kCall, "flags without meaning", kInvalidParam);
+  adapter->stamps = (flags & kStampFlag) != 0;
+  if (!adapter->stamps) Refuse(kCall, "frames without stamps", kOk);
+  adapter->tap = bench_->Listen(adapter->plan->serial, adapter->plan->adapter,
+                                {.bit_rate = bit_rate, .filter = filter});
   adapter->handle = ++last_handle_;
   return adapter->handle;
 }
 
 std::int32_t CanusbBench::Close(std::int32_t handle) {
+  constexpr std::string_view kCall = "canusb_Close";
   Adapter* const adapter = FindOpen(handle);
-  std::int32_t result = kNotOpen;
-  TapCounts counts;
+  const std::int32_t result =
+      adapter == nullptr ? RefuseHandle(kCall, handle) : adapter->script.Next(kCall).value_or(kOk);
+  bench_->Record().Line(CallLine(kCall).Number(handle).Gives(result));
   if (adapter != nullptr) {
-    counts = adapter->tap->Counts();
-    adapter->tap.reset();
-    result = adapter->script.Next("canusb_Close").value_or(kOk);
+    const std::unique_ptr<BusTap> tap = std::move(adapter->tap);
+    TellRun(*adapter, tap->Counts());
   }
-  bench_->Record().Line(CallLine("canusb_Close").Number(handle).Gives(result));
-  if (adapter != nullptr) bench_->Record().Run(adapter->plan->serial, counts);
   return result;
 }
 
 std::int32_t CanusbBench::canusb_Read(std::int32_t handle, platform::CanusbMessage& message) {
   Adapter* const adapter = FindOpen(handle);
-  if (adapter == nullptr) return kNotOpen;
+  if (adapter == nullptr) return RefuseHandle("canusb_Read", handle);
   if (const auto scripted = adapter->script.Next("canusb_Read")) return *scripted;
   BusFrame frame;
   if (const auto failure = ReadFailure(*adapter->tap, frame, kNoMessage, kCommandSubsystem)) {
@@ -120,30 +167,27 @@ std::int32_t CanusbBench::canusb_Read(std::int32_t handle, platform::CanusbMessa
   }
   const AdapterPlan& plan = adapter->plan->adapter;
   message.id = DeliveredId(plan, frame);
-  message.timestamp = Stamp(kCanusbStamps, plan.clock, frame.time_us);
+  message.timestamp = adapter->stamps ? Stamp(kCanusbStamps, plan.clock, frame.time_us) : 0;
   message.flags = static_cast<std::uint8_t>((frame.extended ? kExtendedFlag : 0) |
                                             (frame.kind == FrameKind::kRemote ? kRemoteFlag : 0));
   message.len = DeliveredDlc(plan, frame);
-  message.data = frame.data;
+  DeliverData(plan, frame, message.data);
   return kOk;
 }
 
 std::int32_t CanusbBench::canusb_VersionInfo(std::int32_t handle,
                                              std::array<char, kVersionSize>& version) {
-  const std::int32_t result = Version(handle, version);
-  const std::string_view text(version.data(), version.size());
-  bench_->Record().Line(
-      CallLine("canusb_VersionInfo").Number(handle).Gives(result, text.substr(0, text.find('\0'))));
-  return result;
-}
-
-std::int32_t CanusbBench::Version(std::int32_t handle, std::array<char, kVersionSize>& version) {
-  version.fill('\0');
+  constexpr std::string_view kCall = "canusb_VersionInfo";
   Adapter* const adapter = FindOpen(handle);
-  if (adapter == nullptr) return kNotOpen;
-  if (const auto scripted = adapter->script.Next("canusb_VersionInfo")) return *scripted;
-  WriteText(adapter->plan->version, version);
-  return kOk;
+  const std::int32_t result =
+      adapter == nullptr ? RefuseHandle(kCall, handle) : adapter->script.Next(kCall).value_or(kOk);
+  std::string_view text;
+  if (result == kOk) {
+    text = adapter->plan->version;
+    WriteText(text, version);
+  }
+  bench_->Record().Line(CallLine(kCall).Number(handle).Gives(result, text));
+  return result;
 }
 
 CanusbBench::Adapter* CanusbBench::FindOpen(std::int32_t handle) {

@@ -4,6 +4,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -13,7 +14,8 @@
 namespace tolvane::simulator {
 
 /// canusbdrv.dll over the bench. An adapter is on the bus while it is open; it can be opened once
-/// at a time, by its serial text or, with an empty text, as the first one that is free.
+/// at a time, by its serial text. What a driver need not write stays as the program left it: the
+/// buffers of a failed call, and what stands behind the NUL of a text.
 class CanusbBench : public platform::CanusbLibrary {
  public:
   explicit CanusbBench(std::unique_ptr<Bench> bench);
@@ -21,6 +23,7 @@ class CanusbBench : public platform::CanusbLibrary {
 
   std::int16_t canusb_getFirstAdapter(std::array<char, kSerialSize>& serial) override;
   std::int16_t canusb_getNextAdapter(std::array<char, kSerialSize>& serial) override;
+  /// `rate` comes back with " kbit/s" behind it.
   std::int32_t canusb_Open(const std::string& serial, std::string& rate,
                            std::int32_t acceptance_code, std::int32_t acceptance_mask,
                            std::int32_t flags) override;
@@ -39,18 +42,23 @@ class CanusbBench : public platform::CanusbLibrary {
     const CanusbPlan* plan;
     CallScript script;
     std::int32_t handle = 0;
+    bool stamps = false;
     std::unique_ptr<BusTap> tap;  // null while closed
   };
 
   Adapter* FindOpen(std::int32_t handle);
   std::int16_t Search(std::string_view call, std::array<char, kSerialSize>& serial);
-  std::int32_t Open(const std::string& serial, const std::string& rate);
-  std::int32_t Version(std::int32_t handle, std::array<char, kVersionSize>& version);
+  std::int32_t Open(const std::string& serial, const std::string& rate,
+                    const AcceptanceFilter& filter, std::int32_t flags);
+  /// The call that none may make, and what the driver answers.
+  std::int32_t Refuse(std::string_view call, std::string_view why, std::int32_t result);
+  std::int32_t RefuseHandle(std::string_view call, std::int32_t handle);
+  void TellRun(const Adapter& adapter, const TapCounts& counts);
 
   std::unique_ptr<Bench> bench_;
   CallScript script_;
   std::vector<Adapter> adapters_;
-  std::size_t next_found_ = 0;
+  std::optional<std::size_t> next_found_;  // none before the search's first call
   std::int32_t last_handle_ = 0;
 };
 

@@ -1,6 +1,7 @@
 // The exports of the simulated canusbdrv.dll. Only they know Windows and the calling convention;
 // what they do is CanusbBench.
 
+#include <algorithm>
 #include <array>
 #include <cstdint>
 #include <cstring>
@@ -27,29 +28,29 @@ std::int32_t Register(std::int16_t result) {
   return Library().SearchUpperHalf() * 0x10000 + static_cast<std::uint16_t>(result);
 }
 
-void CopyOut(const std::array<char, CanusbBench::kSerialSize>& serial, char* buffer,
-             std::int32_t size) {
-  for (std::size_t i = 0; i < serial.size() && static_cast<std::int32_t>(i) < size; ++i) {
-    buffer[i] = serial[i];
-  }
+/// Searches through the program's buffer of `size` bytes, of which kSerialSize are meant; what the
+/// driver does not write stays as it was.
+template <typename Search>
+std::int32_t SearchInto(char* buffer, std::int32_t size, Search search) {
+  std::array<char, CanusbBench::kSerialSize> text{};
+  const std::size_t room = std::min<std::size_t>(std::max(size, 0), text.size());
+  std::memcpy(text.data(), buffer, room);
+  const std::int16_t result = search(text);
+  std::memcpy(buffer, text.data(), room);
+  return Register(result);
 }
 
 }  // namespace
 
 SIMULATED_EXPORT std::int32_t TOLVANE_STDCALL canusb_getFirstAdapter(char* serial,
                                                                      std::int32_t size) {
-  std::array<char, CanusbBench::kSerialSize> text;
-  const std::int16_t result = Library().canusb_getFirstAdapter(text);
-  CopyOut(text, serial, size);
-  return Register(result);
+  return SearchInto(serial, size,
+                    [](auto& text) { return Library().canusb_getFirstAdapter(text); });
 }
 
 SIMULATED_EXPORT std::int32_t TOLVANE_STDCALL canusb_getNextAdapter(char* serial,
                                                                     std::int32_t size) {
-  std::array<char, CanusbBench::kSerialSize> text;
-  const std::int16_t result = Library().canusb_getNextAdapter(text);
-  CopyOut(text, serial, size);
-  return Register(result);
+  return SearchInto(serial, size, [](auto& text) { return Library().canusb_getNextAdapter(text); });
 }
 
 SIMULATED_EXPORT std::int32_t TOLVANE_STDCALL canusb_Open(const char* serial, char* rate,
@@ -57,8 +58,10 @@ SIMULATED_EXPORT std::int32_t TOLVANE_STDCALL canusb_Open(const char* serial, ch
                                                           std::int32_t acceptance_mask,
                                                           std::int32_t flags) {
   std::string rate_text = rate == nullptr ? "" : rate;
-  return Library().canusb_Open(serial == nullptr ? "" : serial, rate_text, acceptance_code,
-                               acceptance_mask, flags);
+  const std::int32_t handle = Library().canusb_Open(serial == nullptr ? "" : serial, rate_text,
+                                                    acceptance_code, acceptance_mask, flags);
+  if (rate != nullptr) std::memcpy(rate, rate_text.c_str(), rate_text.size() + 1);
+  return handle;
 }
 
 SIMULATED_EXPORT std::int32_t TOLVANE_STDCALL canusb_Close(std::int32_t handle) {
@@ -73,6 +76,7 @@ SIMULATED_EXPORT std::int32_t TOLVANE_STDCALL canusb_Read(std::int32_t handle,
 SIMULATED_EXPORT std::int32_t TOLVANE_STDCALL canusb_VersionInfo(std::int32_t handle,
                                                                  char* version) {
   std::array<char, CanusbBench::kVersionSize> text;
+  std::memcpy(text.data(), version, text.size());
   const std::int32_t result = Library().canusb_VersionInfo(handle, text);
   std::memcpy(version, text.data(), text.size());
   return result;

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <algorithm>
+#include <array>
 #include <cstdint>
 #include <optional>
 
@@ -20,6 +22,15 @@ inline std::optional<std::int32_t> ReadFailure(BusTap& tap, BusFrame& frame, std
 /// The length byte that the adapter gives out.
 inline std::uint8_t DeliveredDlc(const AdapterPlan& plan, const BusFrame& frame) {
   return plan.force_dlc >= 0 ? static_cast<std::uint8_t>(plan.force_dlc) : frame.dlc;
+}
+
+/// Writes a frame's data bytes into the program's record: only those that the length given out
+/// says, and of a remote frame none, so that the others keep what the program left there.
+inline void DeliverData(const AdapterPlan& plan, const BusFrame& frame,
+                        std::array<std::uint8_t, 8>& data) {
+  std::size_t bytes = std::min<std::size_t>(DeliveredDlc(plan, frame), data.size());
+  if (frame.kind == FrameKind::kRemote) bytes = 0;
+  std::copy_n(frame.data.begin(), plan.whole_data ? data.size() : bytes, data.begin());
 }
 
 /// The id word that the adapter gives out; `marks` are bits that the library adds.

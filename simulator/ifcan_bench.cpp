@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <string>
 #include <string_view>
 #include <utility>
 
@@ -16,17 +17,38 @@ constexpr std::int32_t Status(std::uint32_t code) { return static_cast<std::int3
 constexpr std::int32_t kSuccess = 0;
 constexpr std::int32_t kInvalidParameter = Status(0xC0000003);
 constexpr std::int32_t kBufferIsEmpty = Status(0xC0000008);
+constexpr std::int32_t kCannotAccess = Status(0xC0000009);
 constexpr std::int32_t kInvalidHandle = Status(0xC000000A);
 constexpr std::int32_t kUsbioFailed = Status(0xC000000E);
 constexpr std::uint32_t kExtendedMark = 0x80000000;
+constexpr std::int32_t kListenOnly = 1;  // of the mode word
 constexpr std::int32_t kRemoteMark = 1;  // in the record's second word
 
-/// A code of the board's own table, or timing registers, which bit 31 marks.
-bool IsRate(std::int32_t code) {
-  constexpr auto kRates =
-      std::to_array<std::int32_t>({39, 295, 570, 1338, 2358, 3364, 3876, 7459, 10020});
-  return code < 0 || std::ranges::find(kRates, code) != kRates.end();
+/// Bits per second of a code of the board's own table; 0 for any other word.
+std::int32_t BitRate(std::int32_t code) {
+  constexpr auto kRates = std::to_array<std::pair<std::int32_t, std::int32_t>>({{39, 1'000'000},
+                                                                                {295, 500'000},
+                                                                                {570, 250'000},
+                                                                                {1338, 125'000},
+                                                                                {2358, 100'000},
+                                                                                {3364, 95'200},
+                                                                                {3876, 83'300},
+                                                                                {7459, 50'000},
+                                                                                {10020, 33'300}});
+  for (const auto& [known, bit_rate] : kRates) {
+    if (known == code) return bit_rate;
+  }
+  return 0;
 }
+
+/// Normal or listening; bit 31 is about sending.
+bool IsMode(std::int32_t mode) { return (mode & INT32_MAX) <= kListenOnly; }
+
+bool MayLackPort(std::string_view call) {
+  return call == "CanGetConfig" || call == "CanDeactivate" || call == "CanClosePort";
+}
+
+std::string NameOf(const IfcanPlan& plan) { return "IFCAN" + std::to_string(plan.port); }
 
 CallLine ConfigLine(std::string_view call, std::int32_t handle, const IfcanConfig& config) {
   CallLine line(call);
@@ -44,12 +66,23 @@ IfcanBench::IfcanBench(std::unique_ptr<Bench> bench) : bench_(std::move(bench)) 
                       .script = CallScript(plan.adapter.results),
                       .handle = kClosed,
                       .config = {},
+                      .config_asked = false,
+                      .configured = false,
+                      .bus_asked = false,
                       .tap = nullptr});
   }
 }
 
 IfcanBench::~IfcanBench() {
-  for (Port& port : ports_) LeaveBus(port);
+  for (Port& port : ports_) {
+    if (port.handle != kClosed) bench_->Record().Fault(NameOf(*port.plan) + " is left open");
+    LeaveBus(port);
+  }
+}
+
+std::int32_t IfcanBench::Refuse(std::string_view call, std::string_view why, std::int32_t status) {
+  bench_->Record().Fault(std::string(call) + ": " + std::string(why));
+  return status;
 }
 
 std::int32_t IfcanBench::CanOpenPort(const std::string& name) {
@@ -59,21 +92,26 @@ std::int32_t IfcanBench::CanOpenPort(const std::string& name) {
 }
 
 std::int32_t IfcanBench::Open(const std::string& name) {
-  const auto port = std::ranges::find_if(ports_, [&](const Port& candidate) {
-    return candidate.handle == kClosed && name == "IFCAN" + std::to_string(candidate.plan->port);
-  });
+  const auto port = std::ranges::find(
+      ports_, name, [](const Port& candidate) { return NameOf(*candidate.plan); });
   if (port == ports_.end()) return kClosed;
+  if (port->handle != kClosed) return Refuse("CanOpenPort", "already open", kClosed);
   if (const auto scripted = port->script.Next("CanOpenPort")) return *scripted;
   port->config = port->plan->config;
-  port->handle = ++last_handle_;
-  return port->handle;
+  port->config_asked = port->configured = port->bus_asked = false;
+  std::int32_t handle = 0;
+  while (FindOpen(handle) != nullptr) ++handle;
+  return port->handle = handle;
 }
 
 /// What the script says for a call on an open port, else what `action` does.
 template <typename Action>
 std::int32_t IfcanBench::OnPort(std::string_view call, std::int32_t handle, Action action) {
   Port* const port = FindOpen(handle);
-  if (port == nullptr) return kInvalidHandle;
+  if (port == nullptr && handle == kClosed && MayLackPort(call)) return kInvalidHandle;
+  if (port == nullptr) {
+    return Refuse(call, "no open port has the handle " + std::to_string(handle), kInvalidHandle);
+  }
   if (const auto scripted = port->script.Next(call)) return *scripted;
   return action(*port);
 }
@@ -83,6 +121,7 @@ std::int32_t IfcanBench::CanClosePort(std::int32_t handle) {
   const std::int32_t status = OnPort("CanClosePort", handle, [](const Port&) { return kSuccess; });
   bench_->Record().Line(CallLine("CanClosePort").Number(handle).Gives(status));
   if (Port* const port = FindOpen(handle)) {
+    if (port->tap != nullptr) Refuse("CanClosePort", "the port is active", status);
     LeaveBus(*port);
     port->handle = kClosed;
   }
@@ -99,9 +138,11 @@ std::int32_t IfcanBench::CanGetConfig(std::int32_t handle, IfcanConfig& config) 
 }
 
 std::int32_t IfcanBench::CanSetConfig(std::int32_t handle, const IfcanConfig& config) {
+  if (Port* const port = FindOpen(handle)) port->config_asked = true;
   const std::int32_t status = OnPort("CanSetConfig", handle, [&](Port& port) {
-    if (!IsRate(config.baud_rate)) return kInvalidParameter;
+    if (port.tap != nullptr) return Refuse("CanSetConfig", "the port is active", kCannotAccess);
     port.config = config;
+    port.configured = true;
     return kSuccess;
   });
   bench_->Record().Line(ConfigLine("CanSetConfig", handle, config).Gives(status));
@@ -109,40 +150,69 @@ std::int32_t IfcanBench::CanSetConfig(std::int32_t handle, const IfcanConfig& co
 }
 
 std::int32_t IfcanBench::CanActivate(std::int32_t handle) {
-  const std::int32_t status = OnPort("CanActivate", handle, [&](Port& port) {
-    if (port.tap == nullptr) port.tap = bench_->Listen(port.plan->adapter);
-    return kSuccess;
-  });
+  if (Port* const port = FindOpen(handle)) port->bus_asked = true;
+  const std::int32_t status =
+      OnPort("CanActivate", handle, [this](Port& port) { return Activate(port); });
   bench_->Record().Line(CallLine("CanActivate").Number(handle).Gives(status));
   return status;
 }
 
+std::int32_t IfcanBench::Activate(Port& port) {
+  constexpr std::string_view kCall = "CanActivate";
+  if (port.tap != nullptr) return Refuse(kCall, "the port is active", kCannotAccess);
+  // A program cannot help a configuration that the script refuses.
+  if (!port.configured && port.config_asked) return kInvalidParameter;
+  if (!port.configured) return Refuse(kCall, "never configured", kInvalidParameter);
+  if (!IsMode(port.config.mode)) return Refuse(kCall, "no such mode", kInvalidParameter);
+  if (port.config.passed_through != port.plan->config.passed_through) {
+    return Refuse(kCall, "the board's own words are changed", kInvalidParameter);
+  }
+  const std::int32_t bit_rate = BitRate(port.config.baud_rate);
+  if (bit_rate == 0) return Refuse(kCall, "no such rate", kInvalidParameter);
+  const bool silent = (port.config.mode & kListenOnly) != 0;
+  port.tap = bench_->Listen(NameOf(*port.plan), port.plan->adapter,
+                            {.bit_rate = bit_rate, .silent = silent});
+  return kSuccess;
+}
+
 std::int32_t IfcanBench::CanDeactivate(std::int32_t handle) {
-  const std::int32_t status = OnPort("CanDeactivate", handle, [](const Port&) { return kSuccess; });
+  const std::int32_t status = OnPort("CanDeactivate", handle, [this](const Port& port) {
+    return port.bus_asked ? kSuccess : Refuse("CanDeactivate", "the port is not active", kSuccess);
+  });
   bench_->Record().Line(CallLine("CanDeactivate").Number(handle).Gives(status));
-  if (Port* const port = FindOpen(handle)) LeaveBus(*port);
+  if (Port* const port = FindOpen(handle)) {
+    LeaveBus(*port);
+    port->bus_asked = false;
+  }
   return status;
 }
 
 std::int32_t IfcanBench::CanReceiveMessage(std::int32_t handle, platform::IfcanMessage& message,
                                            std::int32_t& count) {
-  if (count < 1) return kInvalidParameter;
+  return OnPort("CanReceiveMessage", handle,
+                [&](Port& port) { return Receive(port, message, count); });
+}
+
+/// `count` comes back as the number of frames, so a program that leaves it alone has none the next
+/// time.
+std::int32_t IfcanBench::Receive(Port& port, platform::IfcanMessage& message, std::int32_t& count) {
+  constexpr std::string_view kCall = "CanReceiveMessage";
+  if (count != 1) return Refuse(kCall, "the room is not one record", kInvalidParameter);
   count = 0;
-  return OnPort("CanReceiveMessage", handle, [&](Port& port) {
-    if (port.tap == nullptr) return kBufferIsEmpty;
-    BusFrame frame;
-    if (const auto failure = ReadFailure(*port.tap, frame, kBufferIsEmpty, kUsbioFailed)) {
-      return *failure;
-    }
-    const AdapterPlan& plan = port.plan->adapter;
-    message.dlc = DeliveredDlc(plan, frame);
-    message.word2 = frame.kind == FrameKind::kRemote ? kRemoteMark : 0;
-    message.id = DeliveredId(plan, frame, frame.extended ? kExtendedMark : 0);
-    message.data = frame.data;
-    message.timestamp = Stamp(kIfcanStamps, plan.clock, frame.time_us);
-    count = 1;
-    return kSuccess;
-  });
+  if (!port.bus_asked) return Refuse(kCall, "the port is not active", kBufferIsEmpty);
+  if (port.tap == nullptr) return kBufferIsEmpty;
+  BusFrame frame;
+  if (const auto failure = ReadFailure(*port.tap, frame, kBufferIsEmpty, kUsbioFailed)) {
+    return *failure;
+  }
+  const AdapterPlan& plan = port.plan->adapter;
+  message.dlc = DeliveredDlc(plan, frame);
+  message.word2 = frame.kind == FrameKind::kRemote ? kRemoteMark : 0;
+  message.id = DeliveredId(plan, frame, frame.extended ? kExtendedMark : 0);
+  DeliverData(plan, frame, message.data);
+  message.timestamp = Stamp(kIfcanStamps, plan.clock, frame.time_us);
+  count = 1;
+  return kSuccess;
 }
 
 std::int32_t IfcanBench::CanGetPortInformation(std::int32_t handle,
@@ -162,7 +232,7 @@ IfcanBench::Port* IfcanBench::FindOpen(std::int32_t handle) {
 
 void IfcanBench::LeaveBus(Port& port) {
   if (port.tap == nullptr) return;
-  bench_->Record().Run("IFCAN" + std::to_string(port.plan->port), port.tap->Counts());
+  bench_->Record().Run(NameOf(*port.plan), port.tap->Counts());
   port.tap.reset();
 }
 

@@ -11,7 +11,10 @@
 namespace tolvane::simulator {
 
 /// IFCan.dll over the bench. A port is on the bus between activation and deactivation, and can be
-/// opened once at a time. Its configuration is the bench file's again with every open.
+/// opened once at a time. Its configuration is the bench file's again with every open; what is
+/// written is judged by the activation, and without any there is none. A handle is the lowest free
+/// number, from 0. The handle of a port that did not open, -1, is no fault where a program that
+/// tests only the configuration brings it: there, and in deactivation and close.
 class IfcanBench : public platform::IfcanLibrary {
  public:
   explicit IfcanBench(std::unique_ptr<Bench> bench);
@@ -36,6 +39,9 @@ class IfcanBench : public platform::IfcanLibrary {
     CallScript script;
     std::int32_t handle = kClosed;
     platform::IfcanConfig config{};
+    bool config_asked = false;  // a configuration has come, taken or not
+    bool configured = false;
+    bool bus_asked = false;       // an activation has come, taken or not, and no deactivation since
     std::unique_ptr<BusTap> tap;  // null while it is not on the bus
   };
 
@@ -43,11 +49,14 @@ class IfcanBench : public platform::IfcanLibrary {
   std::int32_t Open(const std::string& name);
   template <typename Action>
   std::int32_t OnPort(std::string_view call, std::int32_t handle, Action action);
+  std::int32_t Activate(Port& port);
+  std::int32_t Receive(Port& port, platform::IfcanMessage& message, std::int32_t& count);
+  /// The call that none may make, and what the library answers.
+  std::int32_t Refuse(std::string_view call, std::string_view why, std::int32_t status);
   void LeaveBus(Port& port);
 
   std::unique_ptr<Bench> bench_;
   std::vector<Port> ports_;
-  std::int32_t last_handle_ = 0;
 };
 
 }  // namespace tolvane::simulator

@@ -47,9 +47,16 @@ Report::Report(std::unique_ptr<std::ostream> out, std::string_view library)
 Report::~Report() { Line("unload"); }
 
 void Report::Line(std::string_view line) {
+  last_fault_.clear();
   if (out_ == nullptr) return;
   *out_ << library_ << ' ' << line << '\n';
   out_->flush();
+}
+
+void Report::Fault(std::string_view what) {
+  if (last_fault_ == what) return;
+  Line("fault: " + std::string(what));
+  last_fault_ = what;
 }
 
 void Report::Run(std::string_view adapter, const TapCounts& counts) {

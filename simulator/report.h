@@ -39,6 +39,10 @@ class Report {
 
   void Line(std::string_view line);
 
+  /// "fault: WHAT" for a call that a program must not make, or not now. One that comes again and
+  /// again, as of a read, is told once.
+  void Fault(std::string_view what);
+
   /// The summary of one stretch on the bus:
   /// "run TV100001 reads=N delivered=N dropped=N longest_gap_ms=N.NNN queue_high_water=N", and
   /// behind it a line "gap TV100001 behind=frame ms=N.NNN delivered=N" for each gap that is kept.
@@ -49,6 +53,7 @@ class Report {
 
   std::unique_ptr<std::ostream> out_;
   std::string library_;
+  std::string last_fault_;  // empty when something else has been told since
 };
 
 }  // namespace tolvane::simulator

@@ -101,15 +101,18 @@ TEST(BenchConfig, BenchAndBusKeys) {
 
 TEST(BenchConfig, AdapterKeys) {
   const BenchConfig config = ReadBenchConfig(
-      "[canusb 1]\nserial=\\x83\\x65\nversion=V9\nclock_start=59990\nclock_ppm=-50\n"
+      "[canusb "
+      "1]\nserial=\\x83\\x65\nversion=V9\nclock_start=59990\nclock_wrap=60001\nclock_ppm=-50\n"
       "clock_steps=12.5:-500, 20:100\npulled_at=3.5\nsilence_from=1\nsilence_to=2\n"
-      "burst_at=4\nburst_frames=5\nor_id=0x80000000\nforce_dlc=255\ncanusb_Open = -2 after 2\n");
+      "burst_at=4\nburst_frames=5\nor_id=0x80000000\nforce_dlc=255\ndata=whole\ncanusb_Open = -2 "
+      "after 2\n");
   EXPECT_EQ(config.problems, Texts{});
   const CanusbPlan& plan = config.canusb.at(0);
   EXPECT_EQ(plan.serial, "\x83\x65");
   EXPECT_EQ(plan.version, "V9");
   const AdapterPlan& adapter = plan.adapter;
   EXPECT_EQ(adapter.clock.start, 59'990);
+  EXPECT_EQ(adapter.clock.wrap, 60'001);
   EXPECT_EQ(adapter.clock.ppm, -50);
   ASSERT_EQ(adapter.clock.steps.size(), 2u);
   EXPECT_EQ(adapter.clock.steps[0].at_us, 12'500'000);
@@ -122,6 +125,7 @@ TEST(BenchConfig, AdapterKeys) {
   EXPECT_EQ(adapter.burst.frames, 5);
   EXPECT_EQ(adapter.or_id, 0x80000000);
   EXPECT_EQ(adapter.force_dlc, 255);
+  EXPECT_TRUE(adapter.whole_data);
   ASSERT_EQ(adapter.results.size(), 1u);
   EXPECT_EQ(adapter.results[0].call, "canusb_Open");
   EXPECT_EQ(adapter.results[0].result, -2);

@@ -7,10 +7,25 @@
 #include <iterator>
 #include <memory>
 #include <string>
+#include <vector>
 
 #include "simulator/bench.h"
 
 namespace tolvane::simulator {
+
+using Faults = std::vector<std::string>;
+
+/// The lines of a report that tell a fault, from behind that word on.
+inline simulator::Faults FaultsOf(const std::string& report) {
+  constexpr std::string_view kMark = " fault: ";
+  simulator::Faults faults;
+  for (std::size_t at = 0; (at = report.find(kMark, at)) != std::string::npos;) {
+    at += kMark.size();
+    const std::size_t end = report.find_first_of("\r\n", at);
+    faults.push_back(report.substr(at, end - at));
+  }
+  return faults;
+}
 
 /// A bench made of texts, with a clock that the test moves, in a folder of its own.
 class BenchOnText {
@@ -46,6 +61,9 @@ class BenchOnText {
     std::ifstream file(folder_ / "report.txt", std::ios::binary);
     return {std::istreambuf_iterator<char>(file), {}};
   }
+
+  /// What the report so far tells of wrong calls, without the library's name.
+  simulator::Faults Faults() const { return FaultsOf(ReportText()); }
 
  private:
   class SharedClock : public BenchClock {

@@ -18,7 +18,7 @@ struct Canusbdrv {
   std::int16_t(TOLVANE_STDCALL* canusb_getFirstAdapter)(char* serial, std::int32_t size);
   std::int16_t(TOLVANE_STDCALL* canusb_getNextAdapter)(char* serial, std::int32_t size);
 
-  /// `rate` is written back, never longer than it came in.
+  /// `rate` is written back, perhaps longer than it came in, so its buffer has room to spare.
   std::int32_t(TOLVANE_STDCALL* canusb_Open)(const char* serial, char* rate,
                                              std::int32_t acceptance_code,
                                              std::int32_t acceptance_mask, std::int32_t flags);

@@ -1,0 +1,25 @@
+#pragma once
+
+#include <memory>
+#include <utility>
+
+#include "simulator/bus_frame.h"
+
+namespace tolvane::simulator {
+
+/// The traffic of a bus as an adapter at another rate meets it: an error where a frame is.
+class GarbledSource : public BusSource {
+ public:
+  explicit GarbledSource(std::unique_ptr<BusSource> inner) : inner_(std::move(inner)) {}
+
+  bool Next(BusFrame& frame) override {
+    if (!inner_->Next(frame)) return false;
+    frame = BusFrame{.time_us = frame.time_us, .kind = FrameKind::kError};
+    return true;
+  }
+
+ private:
+  std::unique_ptr<BusSource> inner_;
+};
+
+}  // namespace tolvane::simulator
