@@ -63,18 +63,22 @@ Bench::Bench(BenchConfig config, const std::filesystem::path& folder,
 
 std::unique_ptr<BusTap> Bench::Listen(std::string_view adapter, const AdapterPlan& plan,
                                       const BusSettings& settings) {
-  const std::string name = EscapeText(adapter);
-  const std::string rate = std::to_string(settings.bit_rate);
   std::unique_ptr<BusSource> source = std::make_unique<BurstSource>(NewSource(), plan.burst);
-  report_->Line("bus " + name + " bit_rate=" + rate + " silent=" + (settings.silent ? "1" : "0"));
+  report_->Line("bus " + EscapeText(adapter) + " bit_rate=" + std::to_string(settings.bit_rate) +
+                " silent=" + (settings.silent ? "1" : "0"));
   if (settings.bit_rate != config_.bus.load.bit_rate) {
-    report_->Fault(name + " at " + rate + " bit/s on a bus of " +
-                   std::to_string(config_.bus.load.bit_rate));
     source = std::make_unique<GarbledSource>(std::move(source));
   }
   TapPlan tap = plan.tap;
   tap.filter = settings.filter;
   return std::make_unique<BusTap>(*clock_, std::move(source), tap);
+}
+
+void Bench::JudgeRate(std::string_view adapter, std::int32_t bit_rate) {
+  const std::int64_t of_bus = config_.bus.load.bit_rate;
+  if (bit_rate == of_bus) return;
+  report_->Fault(EscapeText(adapter) + " at " + std::to_string(bit_rate) + " bit/s on a bus of " +
+                 std::to_string(of_bus));
 }
 
 std::unique_ptr<BusSource> Bench::NewSource() {

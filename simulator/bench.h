@@ -47,9 +47,11 @@ class Bench {
   Report& Record() { return *report_; }
 
   /// The adapter goes on the bus: bus time 0. At another rate than the bus's it meets error frames
-  /// and no data, which is a fault.
+  /// and no data.
   std::unique_ptr<BusTap> Listen(std::string_view adapter, const AdapterPlan& plan,
                                  const BusSettings& settings);
+  /// Another rate than the bus's is a fault.
+  void JudgeRate(std::string_view adapter, std::int32_t bit_rate);
 
  private:
   std::unique_ptr<BusSource> NewSource();

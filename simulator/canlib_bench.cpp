@@ -265,6 +265,7 @@ std::int32_t CanlibBench::GoOnBus(Channel& channel) {
   // A program cannot help parameters that the script refuses.
   if (channel.bit_rate == 0 && channel.params_asked) return kHardware;
   if (channel.bit_rate == 0) return Refuse(kCall, "no bus parameters", kHardware);
+  bench_->JudgeRate(NameOf(*channel.plan), channel.bit_rate);
   channel.tap = bench_->Listen(
       NameOf(*channel.plan), channel.plan->adapter,
       {.bit_rate = channel.bit_rate, .silent = channel.driver_type != kNormalDriver});

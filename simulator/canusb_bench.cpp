@@ -57,6 +57,7 @@ CanusbBench::CanusbBench(std::unique_ptr<Bench> bench)
                          .script = CallScript(plan.adapter.results),
                          .handle = 0,
                          .stamps = false,
+                         .bit_rate = 0,
                          .tap = nullptr});
   }
 }
@@ -133,13 +134,13 @@ std::int32_t CanusbBench::Open(const std::string& serial, const std::string& rat
   if (adapter == adapters_.end()) return Refuse(kCall, "no such adapter", kOpenSubsystem);
   if (adapter->tap != nullptr) return Refuse(kCall, "already open", kOpenSubsystem);
   if (const auto scripted = adapter->script.Next(kCall)) return *scripted;
-  const std::int32_t bit_rate = BitRate(rate);
-  if (bit_rate == 0) return Refuse(kCall, "no such rate", kInvalidParam);
+  adapter->bit_rate = BitRate(rate);
+  if (adapter->bit_rate == 0) return Refuse(kCall, "no such rate", kInvalidParam);
   if ((flags & ~kStampFlag) != 0) return Refuse(kCall, "flags without meaning", kInvalidParam);
   adapter->stamps = (flags & kStampFlag) != 0;
   if (!adapter->stamps) Refuse(kCall, "frames without stamps", kOk);
   adapter->tap = bench_->Listen(adapter->plan->serial, adapter->plan->adapter,
-                                {.bit_rate = bit_rate, .filter = filter});
+                                {.bit_rate = adapter->bit_rate, .filter = filter});
   adapter->handle = ++last_handle_;
   return adapter->handle;
 }
@@ -160,6 +161,7 @@ std::int32_t CanusbBench::Close(std::int32_t handle) {
 std::int32_t CanusbBench::canusb_Read(std::int32_t handle, platform::CanusbMessage& message) {
   Adapter* const adapter = FindOpen(handle);
   if (adapter == nullptr) return RefuseHandle("canusb_Read", handle);
+  bench_->JudgeRate(adapter->plan->serial, adapter->bit_rate);
   if (const auto scripted = adapter->script.Next("canusb_Read")) return *scripted;
   BusFrame frame;
   if (const auto failure = ReadFailure(*adapter->tap, frame, kNoMessage, kCommandSubsystem)) {

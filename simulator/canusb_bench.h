@@ -14,8 +14,9 @@
 namespace tolvane::simulator {
 
 /// canusbdrv.dll over the bench. An adapter is on the bus while it is open; it can be opened once
-/// at a time, by its serial text. What a driver need not write stays as the program left it: the
-/// buffers of a failed call, and what stands behind the NUL of a text.
+/// at a time, by its serial text. An open at another rate than the bus's is a fault with the first
+/// read only: to ask for the version any rate will do. What a driver need not write stays as the
+/// program left it: the buffers of a failed call, and what stands behind the NUL of a text.
 class CanusbBench : public platform::CanusbLibrary {
  public:
   explicit CanusbBench(std::unique_ptr<Bench> bench);
@@ -43,6 +44,7 @@ class CanusbBench : public platform::CanusbLibrary {
     CallScript script;
     std::int32_t handle = 0;
     bool stamps = false;
+    std::int32_t bit_rate = 0;
     std::unique_ptr<BusTap> tap;  // null while closed
   };
 

@@ -170,6 +170,7 @@ std::int32_t IfcanBench::Activate(Port& port) {
   const std::int32_t bit_rate = BitRate(port.config.baud_rate);
   if (bit_rate == 0) return Refuse(kCall, "no such rate", kInvalidParameter);
   const bool silent = (port.config.mode & kListenOnly) != 0;
+  bench_->JudgeRate(NameOf(*port.plan), bit_rate);
   port.tap = bench_->Listen(NameOf(*port.plan), port.plan->adapter,
                             {.bit_rate = bit_rate, .silent = silent});
   return kSuccess;

@@ -28,6 +28,8 @@ TEST_F(CanusbRefuses, AnythingFromABusOfAnotherRate) {
   PlugOn("bit_rate=250000\n");
   const std::int32_t handle = Open("TV1", "500");
   EXPECT_GT(handle, 0);
+  EXPECT_EQ(bench_.Faults(), Faults{}) << "the version may be asked for at any rate";
+  EXPECT_EQ(library_->canusb_Read(handle, message_), -7);
   EXPECT_EQ(library_->canusb_Read(handle, message_), -7);
   EXPECT_EQ(bench_.Faults(), Faults{"TV1 at 500000 bit/s on a bus of 250000"});
 }

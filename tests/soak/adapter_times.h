@@ -11,7 +11,10 @@ namespace tolvane::soak {
     return {simulator::kCanusbStamps, config.canusb.front().adapter.clock, 1};
   }
   if (!config.ifcan.empty()) {
-    return {simulator::kIfcanStamps, config.ifcan.front().adapter.clock, 1000};
+    const simulator::ClockFaults& clock = config.ifcan.front().adapter.clock;
+    simulator::StampUnit stamps = simulator::kIfcanStamps;
+    if (clock.wrap > 0) stamps.range = clock.wrap;
+    return {stamps, clock, 1000};
   }
   return {simulator::kCanlibStamps, config.canlib.front().adapter.clock, 1};
 }

@@ -6,9 +6,11 @@
 #include <string>
 
 #include "simulator/bench_config.h"
+#include "tests/bench_run/bench_program.h"
+#include "tests/simulator/bench_on_text.h"
 #include "tests/soak/adapter_times.h"
+#include "tests/soak/bench_report.h"
 #include "tests/soak/expected_log.h"
-#include "tests/soak/soak_bed.h"
 
 namespace tolvane::soak {
 namespace {
@@ -35,8 +37,8 @@ constexpr const char* kBothFormats =
 const Load kLoads[] = {
     {"ShortestOnCanusb", kShortest, "[canusb 1]\nclock_start=58000\n", false, 90'000, 48},
     {"EightBytesOnCanusb", kEightBytes, "[canusb 1]\n", false, 90'000, 115},
-    {"EightBytesOnInterface", kEightBytes, "[interface 1]\nclock_start=428000000\n", false, 90'000,
-     115},
+    {"EightBytesOnInterface", kEightBytes,
+     "[interface 1]\nclock_start=428000000\nclock_wrap=429491000\n", false, 90'000, 115},
     {"EightBytesOnKvaser", kEightBytes, "[kvaser 0]\n", false, 60'000, 115},
     {"Keys29OnCanusb", kKeys29, "[canusb 1]\nclock_start=55000\n", true, 90'000, 135},
     {"Keys29OnInterface", kKeys29, "[interface 1]\n", true, 60'000, 135},
@@ -50,27 +52,42 @@ std::string BenchFile(const Load& load) {
          std::to_string(load.frames) + "\n" + load.bus + load.adapter;
 }
 
+/// A run with the csv log on that takes in the whole load.
+void RunLogged(bench_run::BenchProgram& program, const Load& load) {
+  program.Start();
+  program.Device().t_bitRate = 0;
+  program.Device().t_msgID_type = load.ids29 ? kMsgIdType29Bit : 0;
+  program.Device().t_LogSave_Enable = 1;
+  program.Device().t_LogSaveFormat = kLogFormatCsv;
+  program.Run(load.frames * load.frame_us + 2'000'000);
+  EXPECT_EQ(simulator::FaultsOf(program.Report()), simulator::Faults{});
+}
+
+BenchRun Counts(const bench_run::BenchProgram& program) {
+  return LastRun(program.Report()).value_or(BenchRun{});
+}
+
 class Soak : public testing::TestWithParam<Load> {};
 
 TEST_P(Soak, EveryFrameOfTheBusIsDeliveredAndLogged) {
   const Load& load = GetParam();
   const std::string ini = BenchFile(load);
   const std::int64_t covered_us = 4096 * load.frame_us;
-  SoakBed bed(
+  bench_run::BenchProgram program(
       ini,
       {.read_us = load.frame_us / 4, .tick_us = covered_us / 10, .flush_us = covered_us * 8 / 10});
-  bed.Run(load.ids29, load.frames * load.frame_us + 2'000'000);
+  RunLogged(program, load);
 
-  const BenchRun counts = bed.Counts();
+  const BenchRun counts = Counts(program);
   EXPECT_EQ(counts.delivered, load.frames);
   EXPECT_EQ(counts.dropped, 0);
   EXPECT_GT(counts.high_water, 2500) << "the pauses did not load the queue";
-  EXPECT_GT(bed.Pages(), 10) << "no page was painted meanwhile";
+  EXPECT_GT(program.Pages(), 10) << "no page was painted meanwhile";
 
   const simulator::BenchConfig config = simulator::ReadBenchConfig(ini);
   ASSERT_EQ(config.problems, std::vector<std::string>{});
   ExpectedLog expected(config.bus.load, TimeOfAdapter(config), load.ids29);
-  const std::vector<std::string> logs = bed.Logs();
+  const std::vector<std::string> logs = program.Logs();
   ASSERT_EQ(static_cast<std::int64_t>(logs.size()), expected.Files());
   for (const std::string& log : logs) {
     EXPECT_EQ(FirstDifference(log, expected.NextFile()), "") << "log " << &log - logs.data() + 1;
@@ -83,16 +100,16 @@ INSTANTIATE_TEST_SUITE_P(SoakLoads, Soak, testing::ValuesIn(kLoads),
 TEST(SoakFaults, AFlushLongerThanTheQueueLosesFramesAndTheComparisonSaysWhich) {
   const Load load = kLoads[0];
   const std::string ini = BenchFile(load);
-  SoakBed bed(ini, {.read_us = 12, .tick_us = 0, .flush_us = 250'000});
-  bed.Run(load.ids29, load.frames * load.frame_us + 2'000'000);
+  bench_run::BenchProgram program(ini, {.read_us = 12, .tick_us = 0, .flush_us = 250'000});
+  RunLogged(program, load);
 
-  const BenchRun counts = bed.Counts();
+  const BenchRun counts = Counts(program);
   EXPECT_GT(counts.dropped, 0);
   EXPECT_EQ(counts.delivered + counts.dropped, load.frames);
   EXPECT_EQ(counts.high_water, 4096);
   const simulator::BenchConfig config = simulator::ReadBenchConfig(ini);
   ExpectedLog expected(config.bus.load, TimeOfAdapter(config), load.ids29);
-  const std::vector<std::string> logs = bed.Logs();
+  const std::vector<std::string> logs = program.Logs();
   ASSERT_GE(logs.size(), 2u);
   EXPECT_EQ(FirstDifference(logs[0], expected.NextFile()), "") << "before the first flush";
   EXPECT_EQ(FirstDifference(logs[1], expected.NextFile()).substr(0, 12), "record 4097:");

@@ -11,9 +11,8 @@
 #include "simulator/canlib_bench.h"
 #include "simulator/canusb_bench.h"
 #include "simulator/ifcan_bench.h"
-#include "tests/soak/bench_report.h"
 
-namespace tolvane::soak {
+namespace tolvane::bench_run {
 
 /// How long the program keeps the adapter waiting, in bench time.
 struct Pauses {
@@ -22,25 +21,35 @@ struct Pauses {
   std::int64_t flush_us;  // each log file
 };
 
-/// The whole program on a machine in memory with one simulated adapter. The bench's clock is moved
+/// The whole program on a machine in memory with simulated adapters. The bench's clock is moved
 /// by the program's own doings, so a run comes out the same on every machine.
-class SoakBed {
+class BenchProgram {
  public:
   /// `ini` describes bus and adapter.
-  SoakBed(const std::string& ini, const Pauses& pauses);
-  SoakBed(const SoakBed&) = delete;
-  SoakBed& operator=(const SoakBed&) = delete;
+  BenchProgram(const std::string& ini, const Pauses& pauses);
+  BenchProgram(const BenchProgram&) = delete;
+  BenchProgram& operator=(const BenchProgram&) = delete;
 
-  /// Start, a run of `length_us` of bench time with ticks in its yields and the csv log on, and the
-  /// click on Bt_Disconnect.
-  void Run(bool ids29, std::int64_t length_us);
+  /// The start of the process, up to the window that waits.
+  void Start() { form_.Form_Load(); }
+  /// Picks a line of the device list, from 0.
+  void Select(std::int32_t line) { memory_.window.Cmb_Serect_Device.ListIndex(line); }
+  /// A run of `length_us` of bench time, with ticks in its yields, to the click on Bt_Disconnect.
+  void Run(std::int64_t length_us);
+
+  /// The settings, which the start fills.
+  [[nodiscard]] ELM327_Info& Device() { return form_.device; }
 
   /// The whole bytes of all logs, in the order in which they were written.
   [[nodiscard]] std::vector<std::string> Logs() const;
 
-  /// What the bench counted in the run.
-  [[nodiscard]] BenchRun Counts() const { return LastRun(report_.str()).value_or(BenchRun{}); }
+  /// What the libraries have reported so far.
+  [[nodiscard]] std::string Report() const { return report_.str(); }
 
+  [[nodiscard]] const std::vector<String>& DeviceLines() const {
+    return memory_.window.Cmb_Serect_Device.Lines();
+  }
+  [[nodiscard]] String Page() const { return memory_.RTB_MainView.Text(); }
   [[nodiscard]] std::int32_t Pages() const { return memory_.RTB_MainView.Swaps(); }
 
  private:
@@ -84,4 +93,4 @@ class SoakBed {
   Form1 form_;
 };
 
-}  // namespace tolvane::soak
+}  // namespace tolvane::bench_run

@@ -1,9 +1,9 @@
-#include "tests/soak/soak_bed.h"
+#include "tests/bench_run/bench_program.h"
 
 #include <ostream>
 #include <utility>
 
-namespace tolvane::soak {
+namespace tolvane::bench_run {
 namespace {
 
 const String kFolder = u"C:\\Tolvane";
@@ -23,7 +23,7 @@ class ReadClock : public simulator::BenchClock {
 
 }  // namespace
 
-SoakBed::SoakBed(const std::string& ini, const Pauses& pauses)
+BenchProgram::BenchProgram(const std::string& ini, const Pauses& pauses)
     : pauses_(pauses),
       canusbdrv_(NewBench("canusbdrv", ini)),
       IFCan_(NewBench("IFCan", ini)),
@@ -38,14 +38,15 @@ SoakBed::SoakBed(const std::string& ini, const Pauses& pauses)
   memory_.events.OnYield([this] { Yield(); });
 }
 
-std::unique_ptr<simulator::Bench> SoakBed::NewBench(const char* library, const std::string& ini) {
+std::unique_ptr<simulator::Bench> BenchProgram::NewBench(const char* library,
+                                                         const std::string& ini) {
   auto report =
       std::make_unique<simulator::Report>(std::make_unique<std::ostream>(&report_), library);
   return std::make_unique<simulator::Bench>(simulator::ReadBenchConfig(ini), ".", std::move(report),
                                             std::make_unique<ReadClock>(now_us_, pauses_.read_us));
 }
 
-platform::Platform SoakBed::Platform() {
+platform::Platform BenchProgram::Platform() {
   const platform::Platform machine = memory_.Platform();
   return {.events = machine.events,
           .timers = machine.timers,
@@ -66,18 +67,13 @@ platform::Platform SoakBed::Platform() {
           .run_protection = machine.run_protection};
 }
 
-void SoakBed::Run(bool ids29, std::int64_t length_us) {
-  form_.Form_Load();
-  form_.device.t_bitRate = 0;
-  form_.device.t_msgID_type = ids29 ? kMsgIdType29Bit : 0;
-  form_.device.t_LogSave_Enable = 1;
-  form_.device.t_LogSaveFormat = kLogFormatCsv;
+void BenchProgram::Run(std::int64_t length_us) {
   last_tick_us_ = now_us_;
   end_us_ = now_us_ + length_us;
   form_.Bt_Connect_Click();
 }
 
-void SoakBed::Yield() {
+void BenchProgram::Yield() {
   if (form_.RxFlag == 1 && now_us_ >= end_us_) form_.Bt_Disconnect_Click();
   if (now_us_ - last_tick_us_ < kTickPeriodUs) return;
   for (auto* timer : {&memory_.FormBG, &memory_.FormBG2, &memory_.FormBG_29, &memory_.FormBG2_29}) {
@@ -88,7 +84,7 @@ void SoakBed::Yield() {
   last_tick_us_ = now_us_;
 }
 
-std::vector<std::string> SoakBed::Logs() const {
+std::vector<std::string> BenchProgram::Logs() const {
   std::vector<std::string> logs;
   for (const String& path : memory_.files.Files(kFolder)) {
     if (path.ends_with(u".csv")) logs.push_back(memory_.files.Bytes(path).value_or(""));
@@ -96,4 +92,4 @@ std::vector<std::string> SoakBed::Logs() const {
   return logs;
 }
 
-}  // namespace tolvane::soak
+}  // namespace tolvane::bench_run
