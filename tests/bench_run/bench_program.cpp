@@ -74,6 +74,9 @@ void BenchProgram::Run(std::int64_t length_us) {
 }
 
 void BenchProgram::Yield() {
+  // An adapter that is not on the bus does not ask for the time.
+  if (now_us_ == last_yield_us_) now_us_ += pauses_.read_us;
+  last_yield_us_ = now_us_;
   if (form_.RxFlag == 1 && now_us_ >= end_us_) form_.Bt_Disconnect_Click();
   if (now_us_ - last_tick_us_ < kTickPeriodUs) return;
   for (auto* timer : {&memory_.FormBG, &memory_.FormBG2, &memory_.FormBG_29, &memory_.FormBG2_29}) {

@@ -83,6 +83,7 @@ class BenchProgram {
   Pauses pauses_;
   std::int64_t now_us_ = 0;
   std::int64_t last_tick_us_ = 0;
+  std::int64_t last_yield_us_ = 0;
   std::int64_t end_us_ = 0;
   std::stringbuf report_;
   platform::memory::MemoryPlatform memory_;
