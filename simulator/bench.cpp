@@ -66,7 +66,7 @@ std::unique_ptr<BusTap> Bench::Listen(std::string_view adapter, const AdapterPla
   std::unique_ptr<BusSource> source = std::make_unique<BurstSource>(NewSource(), plan.burst);
   report_->Line("bus " + EscapeText(adapter) + " bit_rate=" + std::to_string(settings.bit_rate) +
                 " silent=" + (settings.silent ? "1" : "0"));
-  if (settings.bit_rate != config_.bus.load.bit_rate) {
+  if (settings.bit_rate != config_.bus.bit_rate) {
     source = std::make_unique<GarbledSource>(std::move(source));
   }
   TapPlan tap = plan.tap;
@@ -75,7 +75,7 @@ std::unique_ptr<BusTap> Bench::Listen(std::string_view adapter, const AdapterPla
 }
 
 void Bench::JudgeRate(std::string_view adapter, std::int32_t bit_rate) {
-  const std::int64_t of_bus = config_.bus.load.bit_rate;
+  const std::int64_t of_bus = config_.bus.bit_rate;
   if (bit_rate == of_bus) return;
   report_->Fault(EscapeText(adapter) + " at " + std::to_string(bit_rate) + " bit/s on a bus of " +
                  std::to_string(of_bus));

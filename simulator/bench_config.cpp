@@ -124,7 +124,9 @@ void TakeBus(SectionReader& reader, BusPlan& bus) {
   reader.Take("seed", load.seed, std::numeric_limits<std::int64_t>::min(), kAny);
   reader.TakeChoice("format", load.format, kFormats);
   reader.Take("rate", load.rate, 0, 10'000'000);
-  reader.Take("bit_rate", load.bit_rate, 1'000, 10'000'000);
+  reader.Take("bit_rate", bus.bit_rate, 1'000, 10'000'000);
+  load.bit_rate = bus.bit_rate;
+  reader.Take("generator_bit_rate", load.bit_rate, 1'000, 10'000'000);
   reader.Take("frames", load.frames, 0, kAny);
   reader.Take("ids", load.ids, 1, kMaxExtendedId);
   reader.Take("first_id", load.first_id, 0, kMaxExtendedId);

@@ -57,9 +57,10 @@ struct CanlibPlan {
 struct BusPlan {
   enum class Source : std::uint8_t { kVehicle, kLog, kGenerator };
   Source source = Source::kVehicle;
-  std::string log;          // UTF-8, from the file's own folder
-  std::int64_t repeat = 1;  // 0: without end
-  LoadPlan load;            // its seed and format are the vehicle's too, its bit rate is the bus's
+  std::string log;                  // UTF-8, from the file's own folder
+  std::int64_t repeat = 1;          // 0: without end
+  std::int64_t bit_rate = 500'000;  // adapters at any other receive nothing
+  LoadPlan load;                    // its seed and format are the vehicle's too
 };
 
 struct BenchConfig {

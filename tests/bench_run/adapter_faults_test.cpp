@@ -162,6 +162,12 @@ TEST_F(InterfaceClock, BehindTheTopOfItsWordTheTimeGoesByTheRepairOfAWrap) {
                    LogLine(-1'717'842, 4), LogLine(-1'717'742, 5)}));
 }
 
+TEST_F(InterfaceClock, ThatBeginsBelowZeroIsNoOriginAndTheTimeStandsStill) {
+  ASSERT_NO_FATAL_FAILURE(
+      Start(kTenPerSecond + std::string("[faults]\nclock_start=0x80000000\n"), kInterface));
+  EXPECT_EQ(Run(150), (Lines{LogLine(0, 0), LogLine(0, 1)}));
+}
+
 TEST_F(InterfaceClock, ThatWrapsWhereTheProgramExpectsItJumpsOnceByItsFirstStamp) {
   ASSERT_NO_FATAL_FAILURE(
       Start(kTenPerSecond + std::string("[faults]\nclock_wrap=429491000\nclock_start=429240000\n"),

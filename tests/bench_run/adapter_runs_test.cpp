@@ -87,7 +87,7 @@ TEST_F(Search, KeepsNoTailOfALongerText) {
   EXPECT_EQ(program.DeviceLines(),
             (std::vector<String>{u"CANUSB ABCDEFGHIJKLMNOPQRSTUVWXYZ012345", u"CANUSB SHORTER",
                                  u"a long name of a channel", u"short"}));
-  EXPECT_EQ(simulator::FaultsOf(program.Report()), Faults{});
+  EXPECT_EQ(FaultsOf(program.Report()), Faults{});
 }
 
 }  // namespace

@@ -10,7 +10,7 @@
 #include <vector>
 
 #include "tests/bench_run/bench_program.h"
-#include "tests/simulator/bench_on_text.h"
+#include "tests/helpers/bench_faults.h"
 
 namespace tolvane::bench_run {
 
@@ -20,7 +20,6 @@ inline constexpr std::array kKindNames{"Canusb", "Interface", "Kvaser"};
 /// What the report calls the adapter.
 inline constexpr std::array kAdapterNames{"TV100001", "IFCAN1", "channel0"};
 
-using simulator::Faults;
 using Lines = std::vector<std::string>;
 
 /// Ten frames a second with identifier 123, whose two bytes count them from 0.
@@ -77,7 +76,7 @@ class BenchRun : public testing::Test {
     return logs.empty() ? Lines{} : Records(logs.back());
   }
 
-  [[nodiscard]] Faults FaultsSoFar() const { return simulator::FaultsOf(program_->Report()); }
+  [[nodiscard]] Faults FaultsSoFar() const { return FaultsOf(program_->Report()); }
   [[nodiscard]] bool Reported(const std::string& text) const {
     return program_->Report().find(text) != std::string::npos;
   }

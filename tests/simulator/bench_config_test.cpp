@@ -74,7 +74,8 @@ TEST(BenchConfig, BenchAndBusKeys) {
   const BenchConfig config = ReadBenchConfig(
       "[bench]\nqueue=16\ngaps=8\nspeed=2.5\nclock=reads\nclock_step_us=20\nreport=r.txt\n"
       "[bus]\nsource=generator\nlog=a.log\nrepeat=0\nseed=9\nformat=both\nrate=100\n"
-      "bit_rate=1000000\nframes=5\nids=7\nfirst_id=0x100\npayload=3\nburst=4\ncontent=random\n"
+      "bit_rate=1000000\ngenerator_bit_rate=2000000\nframes=5\nids=7\nfirst_id=0x100\npayload="
+      "3\nburst=4\ncontent=random\n"
       "[canusb 1]\n");
   EXPECT_EQ(config.problems, Texts{});
   EXPECT_TRUE(config.counted_clock);
@@ -90,13 +91,20 @@ TEST(BenchConfig, BenchAndBusKeys) {
   EXPECT_EQ(load.seed, 9u);
   EXPECT_EQ(load.format, IdFormat::kBoth);
   EXPECT_EQ(load.rate, 100);
-  EXPECT_EQ(load.bit_rate, 1'000'000);
+  EXPECT_EQ(config.bus.bit_rate, 1'000'000);
+  EXPECT_EQ(load.bit_rate, 2'000'000);
   EXPECT_EQ(load.frames, 5);
   EXPECT_EQ(load.ids, 7);
   EXPECT_EQ(load.first_id, 0x100);
   EXPECT_EQ(load.payload, 3);
   EXPECT_EQ(load.burst, 4);
   EXPECT_EQ(load.content, LoadPlan::Content::kRandom);
+}
+
+TEST(BenchConfig, TheGeneratorFillsTheBusUnlessTold) {
+  EXPECT_EQ(ReadBenchConfig("").bus.bit_rate, 500'000);
+  EXPECT_EQ(ReadBenchConfig("").bus.load.bit_rate, 500'000);
+  EXPECT_EQ(ReadBenchConfig("[bus]\nbit_rate=125000\n").bus.load.bit_rate, 125'000);
 }
 
 TEST(BenchConfig, AdapterKeys) {

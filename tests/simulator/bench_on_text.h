@@ -7,25 +7,11 @@
 #include <iterator>
 #include <memory>
 #include <string>
-#include <vector>
 
 #include "simulator/bench.h"
+#include "tests/helpers/bench_faults.h"
 
 namespace tolvane::simulator {
-
-using Faults = std::vector<std::string>;
-
-/// The lines of a report that tell a fault, from behind that word on.
-inline simulator::Faults FaultsOf(const std::string& report) {
-  constexpr std::string_view kMark = " fault: ";
-  simulator::Faults faults;
-  for (std::size_t at = 0; (at = report.find(kMark, at)) != std::string::npos;) {
-    at += kMark.size();
-    const std::size_t end = report.find_first_of("\r\n", at);
-    faults.push_back(report.substr(at, end - at));
-  }
-  return faults;
-}
 
 /// A bench made of texts, with a clock that the test moves, in a folder of its own.
 class BenchOnText {
@@ -63,7 +49,7 @@ class BenchOnText {
   }
 
   /// What the report so far tells of wrong calls, without the library's name.
-  simulator::Faults Faults() const { return FaultsOf(ReportText()); }
+  tolvane::Faults Faults() const { return FaultsOf(ReportText()); }
 
  private:
   class SharedClock : public BenchClock {

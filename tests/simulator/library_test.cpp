@@ -106,18 +106,25 @@ TEST_F(SimulatedLibrary, CanusbdrvGivesRecordsAndReports) {
     EXPECT_EQ(calls.canusb_getFirstAdapter(serial.data(), 32), 1);
     EXPECT_EQ(std::string_view(serial.data(), 33), "12345678901234567890123456789012!");
     EXPECT_EQ(calls.canusb_getNextAdapter(serial.data(), 32), 0);
-    std::array<char, 4> rate{'5', '0', '0', '\0'};
+    EXPECT_EQ(serial.front(), '1') << "nothing is written";
+    std::array<char, 16> rate{"500"};
+    rate[11] = '!';
     const std::int32_t handle =
         calls.canusb_Open("12345678901234567890123456789012", rate.data(), 0, -1, 1);
     ASSERT_GT(handle, 0);
+    EXPECT_EQ(std::string_view(rate.data(), 12), std::string_view("500 kbit/s\0!", 12))
+        << "written back into the room behind it";
     std::array<char, 64> version{};
     EXPECT_EQ(calls.canusb_VersionInfo(handle, version.data()), 1);
     EXPECT_STREQ(version.data(), "V5");
     // One millisecond of bus time passes with each read.
     platform::CanusbMessage message{};
+    message.data.fill(0xEE);
     EXPECT_EQ(calls.canusb_Read(handle, &message), 1);
     EXPECT_EQ(message.id, 0x123);
     EXPECT_EQ(message.len, 2);
+    EXPECT_EQ(message.data[1], 2);
+    EXPECT_EQ(message.data[2], 0xEE) << "no more than the length says";
     EXPECT_EQ(calls.canusb_Read(handle, &message), 1);
     EXPECT_EQ(message.id, 0x1FFFFFFF);
     EXPECT_EQ(message.timestamp, 2);
@@ -167,7 +174,7 @@ TEST_F(SimulatedLibrary, IfcanGivesRecordsAndReports) {
     EXPECT_EQ(calls.CanDeactivate(handle), 0);
     EXPECT_EQ(calls.CanClosePort(handle), 0);
   }
-  EXPECT_NE(Report().find("IFCan CanSetConfig(1, 0, 1, 2, 3, 4, 5, 295) = 0\n"), std::string::npos);
+  EXPECT_NE(Report().find("IFCan CanSetConfig(0, 0, 1, 2, 3, 4, 5, 295) = 0\n"), std::string::npos);
   EXPECT_TRUE(Report().ends_with("IFCan unload\n"));
 }
 
@@ -193,11 +200,13 @@ TEST_F(SimulatedLibrary, Canlib32GivesRecordsAndReports) {
     EXPECT_EQ(calls.canSetBusOutputControl(handle, 1), 0);
     EXPECT_EQ(calls.canBusOn(handle), 0);
     std::int32_t id = 0;
-    std::array<std::uint8_t, 8> data{};
+    std::array<std::uint8_t, 8> data{0, 0, 0xEE};
     std::int32_t dlc = 0;
     std::int32_t flag = 0;
     std::int32_t time = 0;
     EXPECT_EQ(calls.canRead(handle, &id, data.data(), &dlc, &flag, &time), 0);
+    EXPECT_EQ(data[1], 2);
+    EXPECT_EQ(data[2], 0xEE) << "no more than the length says";
     EXPECT_EQ(calls.canRead(handle, &id, data.data(), &dlc, &flag, &time), 0);
     EXPECT_EQ(id, 0x1FFFFFFF);
     EXPECT_EQ(data[7], 8);

@@ -7,7 +7,7 @@
 
 #include "simulator/bench_config.h"
 #include "tests/bench_run/bench_program.h"
-#include "tests/simulator/bench_on_text.h"
+#include "tests/helpers/bench_faults.h"
 #include "tests/soak/adapter_times.h"
 #include "tests/soak/bench_report.h"
 #include "tests/soak/expected_log.h"
@@ -60,7 +60,7 @@ void RunLogged(bench_run::BenchProgram& program, const Load& load) {
   program.Device().t_LogSave_Enable = 1;
   program.Device().t_LogSaveFormat = kLogFormatCsv;
   program.Run(load.frames * load.frame_us + 2'000'000);
-  EXPECT_EQ(simulator::FaultsOf(program.Report()), simulator::Faults{});
+  EXPECT_EQ(FaultsOf(program.Report()), Faults{});
 }
 
 BenchRun Counts(const bench_run::BenchProgram& program) {

@@ -13,7 +13,8 @@ constexpr std::string_view kAdapters =
     "[canusb 1]\n[canusb 2]\ncanusb_Open = -3\n"
     "[interface 1]\n[interface 2]\nCanGetConfig = 0xC0000002\n"
     "[kvaser 0]\n[kvaser 1]\ncanOpenChannel = -15 after 1\n"
-    "[bus]\nsource = log\nlog = frames.log\n";
+    "[bus]\nsource = log\nlog = frames.log\n"
+    "[faults]\ndata = whole\n";
 
 }  // namespace
 

@@ -27,19 +27,23 @@ struct Settings {
 /// What a bit rate is on the screen and for each library; empty or 0 where it is refused.
 struct RateRow {
   const wchar_t* shown;
+  int bit_rate;
   const char* canusb;
   int interface_code;
   int kvaser;
 };
-inline constexpr std::array<RateRow, 9> kRates{{{L"1M bps", "1000", 39, -1},
-                                                {L"800k bps", "800", 0, 0},
-                                                {L"500k bps", "500", 295, -2},
-                                                {L"250k bps", "250", 570, -3},
-                                                {L"100k bps", "100", 2358, -5},
-                                                {L"50k bps", "50", 7459, -7},
-                                                {L"20k bps", "20", 0, 0},
-                                                {L"10k bps", "10", 0, -9},
-                                                {L"125k bps", "125", 1338, -4}}};
+inline constexpr std::array<RateRow, 9> kRates{{{L"1M bps", 1'000'000, "1000", 39, -1},
+                                                {L"800k bps", 800'000, "800", 0, 0},
+                                                {L"500k bps", 500'000, "500", 295, -2},
+                                                {L"250k bps", 250'000, "250", 570, -3},
+                                                {L"100k bps", 100'000, "100", 2358, -5},
+                                                {L"50k bps", 50'000, "50", 7459, -7},
+                                                {L"20k bps", 20'000, "20", 0, 0},
+                                                {L"10k bps", 10'000, "10", 0, -9},
+                                                {L"125k bps", 125'000, "125", 1338, -4}}};
+
+/// What the libraries' report calls the adapter of each kind that works.
+inline constexpr std::array kAdapterNames{"TV100001", "IFCAN1", "channel0"};
 
 /// Calls of an adapter's library as its report tells them, results included.
 using Calls = std::vector<std::string>;

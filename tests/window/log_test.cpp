@@ -177,7 +177,7 @@ class HeldFile {
 constexpr int kBurst = 20'001;
 constexpr std::string_view kBursts =
     "[bench]\nqueue = 100000\n[bus]\nsource = generator\nids = 4\nburst = 20001\n"
-    "bit_rate = 10000000\nrate = 2000\nframes = 60003\n";
+    "generator_bit_rate = 10000000\nrate = 2000\nframes = 60003\n";
 
 std::string BurstRecords(int burst) {
   constexpr int kBetweenBursts = 10'000'500;  // us

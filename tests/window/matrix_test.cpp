@@ -84,7 +84,7 @@ const WorkerRow kWorkers[] = {
      {k123, k123 + k456, k123},
      {kProgramEnds, kConnectionEnds, kProgramEnds}},
     {"FormBG2_29",
-     {.bit_rate = 8, .ids_of_29_bits = true, .extended_only = true, .silent = true},
+     {.ids_of_29_bits = true, .extended_only = true, .silent = true},
      true,
      {kStandard123 + kExtended123 + kNew456 + kNew456 + k1FFFFFFF, kExtended123 + k1FFFFFFF,
       kRemoteOn123 + kExtended123 + k1FFFFFFF},

@@ -152,7 +152,7 @@ TEST_F(SpreadsheetLog, NeitherClicksNorTicksComeThroughInAFlush) {
   ASSERT_NO_FATAL_FAILURE(
       StartWith(L"Excel.Application --version 16.0",
                 "[bench]\nqueue = 100000\n[bus]\nsource = generator\nids = 2000\nrate = 4000\n"
-                "bit_rate = 10000000\nframes = 20001\n"));
+                "frames = 20001\n"));
   Choose({});
   office_->Script("delay_ms = 40\n");
   ASSERT_NO_FATAL_FAILURE(Connect(main_));

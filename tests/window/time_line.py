@@ -13,35 +13,41 @@ class Clock(NamedTuple):
     tick: int   # µs
     range: int  # ticks; the count runs from 0 to one below and starts over
     wrap: int   # ms that are added when a stamp is below the one before
+    signed: bool = False  # the upper half of the range is negative
 
     def milliseconds(self, microseconds: int, start: int) -> int:
         """The stamp so long after the first frame, at which the clock stood at `start` ticks."""
         ticks = (start + microseconds // self.tick) % self.range
-        return ticks * self.tick // 1000
+        if self.signed and ticks >= self.range // 2:
+            ticks -= self.range
+        return int(ticks * self.tick / 1000)  # towards zero
 
 
 CLOCKS = {
     "canusb": Clock(1000, 60_000, 60_000),
-    "interface": Clock(1, 429_491_000, 429_491),
-    "kvaser": Clock(1000, 1 << 31, 0),
+    "interface": Clock(1, 1 << 32, 429_491, True),
+    "kvaser": Clock(1000, 1 << 32, 0, True),
 }
 
 
 class TimeLine:
-    """The run's time line at ratio 1. After the clock's first wrap it jumps once, by the first stamp."""
+    """The run's time line at ratio 1. After the clock's first wrap it jumps once, by the first stamp. With a
+    first stamp below zero it stands still; -1 counts as none."""
 
     def __init__(self, clock: Clock, start: int) -> None:
         self.clock, self.start = clock, start
-        self.origin: int | None = None
+        self.origin = -1
         self.last = 0
         self.time = 0
 
     def add(self, microseconds: int) -> int:
         """The time of the next frame, so long after the first, ms."""
         stamp = self.clock.milliseconds(microseconds, self.start)
-        if self.origin is None:
+        elapsed = 0
+        if self.origin >= 0:
+            elapsed = stamp - self.origin
+        elif self.origin == -1:
             self.origin = stamp
-        elapsed = stamp - self.origin
         if elapsed >= self.last:
             self.time += elapsed - self.last
         else:

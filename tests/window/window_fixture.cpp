@@ -48,6 +48,7 @@ RealProgram::RealProgram()
 
 void RealProgram::PlugIn(std::string_view ini, const std::vector<const wchar_t*>& libraries) {
   bench_.emplace(folder_.Path(), ini, libraries);
+  faults_seen_ = 0;
 }
 
 DrivenWindow RealProgram::StartProgram() {
@@ -69,6 +70,16 @@ void RealProgram::Connect(const DrivenWindow& window) {
 void RealProgram::Disconnect(const DrivenWindow& window) {
   ASSERT_TRUE(window.Click(Bt_Disconnect));
   ASSERT_TRUE(WaitUntil([&] { return window.Enabled(Bt_Connect); }));
+  ExpectFaults();
+}
+
+void RealProgram::ExpectFaults() {
+  if (!bench_) return;
+  const Faults faults = FaultsOf(bench_->Report());
+  EXPECT_EQ(Faults(faults.begin() + static_cast<std::ptrdiff_t>(faults_seen_), faults.end()),
+            expected_faults_);
+  faults_seen_ = faults.size();
+  expected_faults_.clear();
 }
 
 bool RealProgram::WaitForLines(const DrivenWindow& window, std::size_t lines) {

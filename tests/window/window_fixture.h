@@ -9,6 +9,7 @@
 #include <string_view>
 #include <vector>
 
+#include "tests/helpers/bench_faults.h"
 #include "tests/window/probe.h"
 #include "tests/window/simulated_bench.h"
 #include "tools/drive/driven_program.h"
@@ -37,7 +38,8 @@ std::ostream& operator<<(std::ostream& stream, const WindowState& state);
 [[nodiscard]] WindowState IdleState();
 [[nodiscard]] WindowState ConnectedState();
 
-/// A test with the real program in a folder of its own, on a simulated bench.
+/// A test with the real program in a folder of its own, on a simulated bench. A fault that the
+/// bench's libraries report fails it, unless it is expected.
 class RealProgram : public testing::Test {
  protected:
   RealProgram();
@@ -50,6 +52,10 @@ class RealProgram : public testing::Test {
   /// Presses the button of the connect and waits until a run is on.
   void Connect(const DrivenWindow& window);
   void Disconnect(const DrivenWindow& window);
+  /// What the libraries have objected to since the last look, and nothing else, stands in
+  /// `expected_faults_`, which is empty from then on. Each disconnect looks, and the test's end.
+  void ExpectFaults();
+  void TearDown() override { ExpectFaults(); }
   /// Waits until the page has at least so many lines.
   static bool WaitForLines(const DrivenWindow& window, std::size_t lines);
 
@@ -60,6 +66,10 @@ class RealProgram : public testing::Test {
   ProgramFolder folder_;
   std::optional<SimulatedBench> bench_;
   std::optional<DrivenProgram> program_;
+  Faults expected_faults_;
+
+ private:
+  std::size_t faults_seen_ = 0;
 };
 
 }  // namespace tolvane::window
