@@ -74,6 +74,11 @@ std::unique_ptr<BusTap> Bench::Listen(std::string_view adapter, const AdapterPla
   return std::make_unique<BusTap>(*clock_, std::move(source), tap);
 }
 
+std::int32_t Bench::Refuse(std::string_view call, std::string_view why, std::int32_t result) {
+  report_->Fault(std::string(call) + ": " + std::string(why));
+  return result;
+}
+
 void Bench::JudgeRate(std::string_view adapter, std::int32_t bit_rate) {
   const std::int64_t of_bus = config_.bus.bit_rate;
   if (bit_rate == of_bus) return;

@@ -50,6 +50,8 @@ class Bench {
   /// and no data.
   std::unique_ptr<BusTap> Listen(std::string_view adapter, const AdapterPlan& plan,
                                  const BusSettings& settings);
+  /// Tells that a call is one that no program may make, or not now; gives its result back.
+  std::int32_t Refuse(std::string_view call, std::string_view why, std::int32_t result);
   /// Another rate than the bus's is a fault.
   void JudgeRate(std::string_view adapter, std::int32_t bit_rate);
 

@@ -116,11 +116,6 @@ CanlibBench::~CanlibBench() {
   }
 }
 
-std::int32_t CanlibBench::Refuse(std::string_view call, std::string_view why, std::int32_t status) {
-  bench_->Record().Fault(std::string(call) + ": " + std::string(why));
-  return status;
-}
-
 void CanlibBench::canInitializeLibrary() {
   initialized_ = true;
   bench_->Record().Line("canInitializeLibrary()");
@@ -128,8 +123,8 @@ void CanlibBench::canInitializeLibrary() {
 
 std::int32_t CanlibBench::canGetNumberOfChannels(std::int32_t& count) {
   constexpr std::string_view kCall = "canGetNumberOfChannels";
-  const std::int32_t status =
-      initialized_ ? script_.Next(kCall).value_or(kOk) : Refuse(kCall, kTooEarly, kNotInitialized);
+  const std::int32_t status = initialized_ ? script_.Next(kCall).value_or(kOk)
+                                           : bench_->Refuse(kCall, kTooEarly, kNotInitialized);
   if (status == kOk) count = bench_->Config().channels;
   bench_->Record().Line(CallLine(kCall).Gives(status, std::to_string(count)));
   return status;
@@ -149,7 +144,7 @@ std::int32_t CanlibBench::canGetChannelData(std::int32_t channel, std::int32_t i
 std::int32_t CanlibBench::ChannelData(std::int32_t number, std::int32_t item,
                                       std::span<std::byte> buffer) {
   constexpr std::string_view kCall = "canGetChannelData";
-  if (!initialized_) return Refuse(kCall, kTooEarly, kNotInitialized);
+  if (!initialized_) return bench_->Refuse(kCall, kTooEarly, kNotInitialized);
   // No fault: programs ask by handle, and where channels are missing that is another number.
   Channel* const channel = FindChannel(number);
   if (channel == nullptr) return kNotFound;
@@ -157,7 +152,7 @@ std::int32_t CanlibBench::ChannelData(std::int32_t number, std::int32_t item,
   if (const auto scripted = channel->script.Next(item_call)) return *scripted;
   if (const auto scripted = channel->script.Next(kCall)) return *scripted;
   const std::int32_t status = WriteItem(*channel->plan, item, buffer);
-  return status == kOk ? kOk : Refuse(kCall, "no such item, or too small a buffer", status);
+  return status == kOk ? kOk : bench_->Refuse(kCall, "no such item, or too small a buffer", status);
 }
 
 std::int32_t CanlibBench::canOpenChannel(std::int32_t channel, std::int32_t flags) {
@@ -168,11 +163,11 @@ std::int32_t CanlibBench::canOpenChannel(std::int32_t channel, std::int32_t flag
 
 std::int32_t CanlibBench::Open(std::int32_t number, std::int32_t flags) {
   constexpr std::string_view kCall = "canOpenChannel";
-  if (!initialized_) return Refuse(kCall, kTooEarly, kNotInitialized);
-  if ((flags & ~kInitAccess) != 0) return Refuse(kCall, "flags without meaning", kParam);
+  if (!initialized_) return bench_->Refuse(kCall, kTooEarly, kNotInitialized);
+  if ((flags & ~kInitAccess) != 0) return bench_->Refuse(kCall, "flags without meaning", kParam);
   Channel* const channel = FindChannel(number);
   if (channel == nullptr) return kNotFound;
-  if (channel->handle != kClosed) return Refuse(kCall, "already open", kNoChannels);
+  if (channel->handle != kClosed) return bench_->Refuse(kCall, "already open", kNoChannels);
   if (const auto scripted = channel->script.Next(kCall)) return *scripted;
   channel->init_access = (flags & kInitAccess) != 0;
   channel->params_asked = channel->bus_asked = false;
@@ -189,7 +184,8 @@ template <typename Action>
 std::int32_t CanlibBench::OnChannel(std::string_view call, std::int32_t handle, Action action) {
   Channel* const channel = FindOpen(handle);
   if (channel == nullptr) {
-    return Refuse(call, "no open channel has the handle " + std::to_string(handle), kInvalidHandle);
+    return bench_->Refuse(call, "no open channel has the handle " + std::to_string(handle),
+                          kInvalidHandle);
   }
   if (const auto scripted = channel->script.Next(call)) return *scripted;
   return action(*channel);
@@ -199,7 +195,7 @@ std::int32_t CanlibBench::canClose(std::int32_t handle) {
   const std::int32_t status = OnChannel("canClose", handle, [](const Channel&) { return kOk; });
   bench_->Record().Line(CallLine("canClose").Number(handle).Gives(status));
   if (Channel* const channel = FindOpen(handle)) {
-    if (channel->tap != nullptr) Refuse("canClose", "the channel is on the bus", status);
+    if (channel->tap != nullptr) bench_->Record().Fault("canClose: the channel is on the bus");
     LeaveBus(*channel);
     channel->handle = kClosed;
   }
@@ -208,8 +204,9 @@ std::int32_t CanlibBench::canClose(std::int32_t handle) {
 
 std::optional<std::int32_t> CanlibBench::RefuseSetUp(std::string_view call,
                                                      const Channel& channel) {
-  if (!channel.init_access) return Refuse(call, "without initial access", kNotSupported);
-  if (channel.tap != nullptr) return Refuse(call, "the channel is on the bus", kNotSupported);
+  if (!channel.init_access) return bench_->Refuse(call, "without initial access", kNotSupported);
+  if (channel.tap != nullptr)
+    return bench_->Refuse(call, "the channel is on the bus", kNotSupported);
   return std::nullopt;
 }
 
@@ -223,7 +220,7 @@ std::int32_t CanlibBench::canSetBusParams(std::int32_t handle, std::int32_t rate
     if (const auto refused = RefuseSetUp(kCall, channel)) return *refused;
     // The numbers behind a predefined rate mean nothing.
     const std::int32_t bit_rate = BitRate(rate);
-    if (bit_rate == 0) return Refuse(kCall, "no predefined rate", kParam);
+    if (bit_rate == 0) return bench_->Refuse(kCall, "no predefined rate", kParam);
     channel.bit_rate = bit_rate;
     return kOk;
   });
@@ -243,7 +240,7 @@ std::int32_t CanlibBench::canSetBusOutputControl(std::int32_t handle, std::uint3
   constexpr std::string_view kCall = "canSetBusOutputControl";
   const std::int32_t status = OnChannel(kCall, handle, [&](Channel& channel) {
     if (const auto refused = RefuseSetUp(kCall, channel)) return *refused;
-    if (!IsDriver(driver_type)) return Refuse(kCall, "no such driver type", kParam);
+    if (!IsDriver(driver_type)) return bench_->Refuse(kCall, "no such driver type", kParam);
     channel.driver_type = driver_type;
     return kOk;
   });
@@ -261,10 +258,10 @@ std::int32_t CanlibBench::canBusOn(std::int32_t handle) {
 
 std::int32_t CanlibBench::GoOnBus(Channel& channel) {
   constexpr std::string_view kCall = "canBusOn";
-  if (channel.tap != nullptr) return Refuse(kCall, "the channel is on the bus", kOk);
+  if (channel.tap != nullptr) return bench_->Refuse(kCall, "the channel is on the bus", kOk);
   // A program cannot help parameters that the script refuses.
   if (channel.bit_rate == 0 && channel.params_asked) return kHardware;
-  if (channel.bit_rate == 0) return Refuse(kCall, "no bus parameters", kHardware);
+  if (channel.bit_rate == 0) return bench_->Refuse(kCall, "no bus parameters", kHardware);
   bench_->JudgeRate(NameOf(*channel.plan), channel.bit_rate);
   channel.tap = bench_->Listen(
       NameOf(*channel.plan), channel.plan->adapter,
@@ -286,7 +283,8 @@ std::int32_t CanlibBench::canRead(std::int32_t handle, std::int32_t& id,
                                   std::array<std::uint8_t, 8>& msg, std::int32_t& dlc,
                                   std::int32_t& flag, std::int32_t& time) {
   return OnChannel("canRead", handle, [&](Channel& channel) {
-    if (!channel.bus_asked) return Refuse("canRead", "the channel is not on the bus", kNoMessage);
+    if (!channel.bus_asked)
+      return bench_->Refuse("canRead", "the channel is not on the bus", kNoMessage);
     if (channel.tap == nullptr) return kNoMessage;
     BusFrame frame;
     if (const auto failure = ReadFailure(*channel.tap, frame, kNoMessage, kHardware)) {

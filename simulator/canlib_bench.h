@@ -55,8 +55,6 @@ class CanlibBench : public platform::CanlibLibrary {
   Channel* FindOpen(std::int32_t handle);
   Channel* FindChannel(std::int32_t number);
   std::int32_t Open(std::int32_t channel, std::int32_t flags);
-  /// The call that none may make, and what the library answers.
-  std::int32_t Refuse(std::string_view call, std::string_view why, std::int32_t status);
   /// Nothing for a channel that can be set up now.
   std::optional<std::int32_t> RefuseSetUp(std::string_view call, const Channel& channel);
   std::int32_t GoOnBus(Channel& channel);

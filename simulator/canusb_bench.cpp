@@ -70,18 +70,15 @@ CanusbBench::~CanusbBench() {
   }
 }
 
-std::int32_t CanusbBench::Refuse(std::string_view call, std::string_view why, std::int32_t result) {
-  bench_->Record().Fault(std::string(call) + ": " + std::string(why));
-  return result;
-}
-
 std::int32_t CanusbBench::RefuseHandle(std::string_view call, std::int32_t handle) {
-  return Refuse(call, "no open adapter has the handle " + std::to_string(handle), kNotOpen);
+  return bench_->Refuse(call, "no open adapter has the handle " + std::to_string(handle), kNotOpen);
 }
 
 void CanusbBench::TellRun(const Adapter& adapter, const TapCounts& counts) {
   bench_->Record().Run(adapter.plan->serial, counts);
-  if (counts.kept_back > 0) Refuse("canusb_Open", "the filter keeps frames back", kOk);
+  if (counts.kept_back > 0) {
+    bench_->Record().Fault("canusb_Open: the filter keeps frames back");
+  }
 }
 
 std::int16_t CanusbBench::canusb_getFirstAdapter(std::array<char, kSerialSize>& serial) {
@@ -90,9 +87,10 @@ std::int16_t CanusbBench::canusb_getFirstAdapter(std::array<char, kSerialSize>& 
 }
 
 std::int16_t CanusbBench::canusb_getNextAdapter(std::array<char, kSerialSize>& serial) {
+  constexpr std::string_view kCall = "canusb_getNextAdapter";
   if (!next_found_)
-    return static_cast<std::int16_t>(Refuse("canusb_getNextAdapter", "ahead of the first", 0));
-  return Search("canusb_getNextAdapter", serial);
+    return static_cast<std::int16_t>(bench_->Refuse(kCall, "ahead of the first", 0));
+  return Search(kCall, serial);
 }
 
 std::int16_t CanusbBench::Search(std::string_view call, std::array<char, kSerialSize>& serial) {
@@ -131,14 +129,15 @@ std::int32_t CanusbBench::Open(const std::string& serial, const std::string& rat
   const auto adapter = std::ranges::find_if(adapters_, [&](const Adapter& candidate) {
     return std::string_view(candidate.plan->serial).substr(0, kSerialSize) == serial;
   });
-  if (adapter == adapters_.end()) return Refuse(kCall, "no such adapter", kOpenSubsystem);
-  if (adapter->tap != nullptr) return Refuse(kCall, "already open", kOpenSubsystem);
+  if (adapter == adapters_.end()) return bench_->Refuse(kCall, "no such adapter", kOpenSubsystem);
+  if (adapter->tap != nullptr) return bench_->Refuse(kCall, "already open", kOpenSubsystem);
   if (const auto scripted = adapter->script.Next(kCall)) return *scripted;
   adapter->bit_rate = BitRate(rate);
-  if (adapter->bit_rate == 0) return Refuse(kCall, "no such rate", kInvalidParam);
-  if ((flags & ~kStampFlag) != 0) return Refuse(kCall, "flags without meaning", kInvalidParam);
+  if (adapter->bit_rate == 0) return bench_->Refuse(kCall, "no such rate", kInvalidParam);
+  if ((flags & ~kStampFlag) != 0)
+    return bench_->Refuse(kCall, "flags without meaning", kInvalidParam);
   adapter->stamps = (flags & kStampFlag) != 0;
-  if (!adapter->stamps) Refuse(kCall, "frames without stamps", kOk);
+  if (!adapter->stamps) bench_->Record().Fault("canusb_Open: frames without stamps");
   adapter->tap = bench_->Listen(adapter->plan->serial, adapter->plan->adapter,
                                 {.bit_rate = adapter->bit_rate, .filter = filter});
   adapter->handle = ++last_handle_;

@@ -52,8 +52,6 @@ class CanusbBench : public platform::CanusbLibrary {
   std::int16_t Search(std::string_view call, std::array<char, kSerialSize>& serial);
   std::int32_t Open(const std::string& serial, const std::string& rate,
                     const AcceptanceFilter& filter, std::int32_t flags);
-  /// The call that none may make, and what the driver answers.
-  std::int32_t Refuse(std::string_view call, std::string_view why, std::int32_t result);
   std::int32_t RefuseHandle(std::string_view call, std::int32_t handle);
   void TellRun(const Adapter& adapter, const TapCounts& counts);
 

@@ -80,11 +80,6 @@ IfcanBench::~IfcanBench() {
   }
 }
 
-std::int32_t IfcanBench::Refuse(std::string_view call, std::string_view why, std::int32_t status) {
-  bench_->Record().Fault(std::string(call) + ": " + std::string(why));
-  return status;
-}
-
 std::int32_t IfcanBench::CanOpenPort(const std::string& name) {
   const std::int32_t handle = Open(name);
   bench_->Record().Line(CallLine("CanOpenPort").Text(name).Gives(handle));
@@ -95,7 +90,7 @@ std::int32_t IfcanBench::Open(const std::string& name) {
   const auto port = std::ranges::find(
       ports_, name, [](const Port& candidate) { return NameOf(*candidate.plan); });
   if (port == ports_.end()) return kClosed;
-  if (port->handle != kClosed) return Refuse("CanOpenPort", "already open", kClosed);
+  if (port->handle != kClosed) return bench_->Refuse("CanOpenPort", "already open", kClosed);
   if (const auto scripted = port->script.Next("CanOpenPort")) return *scripted;
   port->config = port->plan->config;
   port->config_asked = port->configured = port->bus_asked = false;
@@ -110,7 +105,8 @@ std::int32_t IfcanBench::OnPort(std::string_view call, std::int32_t handle, Acti
   Port* const port = FindOpen(handle);
   if (port == nullptr && handle == kClosed && MayLackPort(call)) return kInvalidHandle;
   if (port == nullptr) {
-    return Refuse(call, "no open port has the handle " + std::to_string(handle), kInvalidHandle);
+    return bench_->Refuse(call, "no open port has the handle " + std::to_string(handle),
+                          kInvalidHandle);
   }
   if (const auto scripted = port->script.Next(call)) return *scripted;
   return action(*port);
@@ -121,7 +117,7 @@ std::int32_t IfcanBench::CanClosePort(std::int32_t handle) {
   const std::int32_t status = OnPort("CanClosePort", handle, [](const Port&) { return kSuccess; });
   bench_->Record().Line(CallLine("CanClosePort").Number(handle).Gives(status));
   if (Port* const port = FindOpen(handle)) {
-    if (port->tap != nullptr) Refuse("CanClosePort", "the port is active", status);
+    if (port->tap != nullptr) bench_->Record().Fault("CanClosePort: the port is active");
     LeaveBus(*port);
     port->handle = kClosed;
   }
@@ -140,7 +136,8 @@ std::int32_t IfcanBench::CanGetConfig(std::int32_t handle, IfcanConfig& config) 
 std::int32_t IfcanBench::CanSetConfig(std::int32_t handle, const IfcanConfig& config) {
   if (Port* const port = FindOpen(handle)) port->config_asked = true;
   const std::int32_t status = OnPort("CanSetConfig", handle, [&](Port& port) {
-    if (port.tap != nullptr) return Refuse("CanSetConfig", "the port is active", kCannotAccess);
+    if (port.tap != nullptr)
+      return bench_->Refuse("CanSetConfig", "the port is active", kCannotAccess);
     port.config = config;
     port.configured = true;
     return kSuccess;
@@ -159,16 +156,16 @@ std::int32_t IfcanBench::CanActivate(std::int32_t handle) {
 
 std::int32_t IfcanBench::Activate(Port& port) {
   constexpr std::string_view kCall = "CanActivate";
-  if (port.tap != nullptr) return Refuse(kCall, "the port is active", kCannotAccess);
+  if (port.tap != nullptr) return bench_->Refuse(kCall, "the port is active", kCannotAccess);
   // A program cannot help a configuration that the script refuses.
   if (!port.configured && port.config_asked) return kInvalidParameter;
-  if (!port.configured) return Refuse(kCall, "never configured", kInvalidParameter);
-  if (!IsMode(port.config.mode)) return Refuse(kCall, "no such mode", kInvalidParameter);
+  if (!port.configured) return bench_->Refuse(kCall, "never configured", kInvalidParameter);
+  if (!IsMode(port.config.mode)) return bench_->Refuse(kCall, "no such mode", kInvalidParameter);
   if (port.config.passed_through != port.plan->config.passed_through) {
-    return Refuse(kCall, "the board's own words are changed", kInvalidParameter);
+    return bench_->Refuse(kCall, "the board's own words are changed", kInvalidParameter);
   }
   const std::int32_t bit_rate = BitRate(port.config.baud_rate);
-  if (bit_rate == 0) return Refuse(kCall, "no such rate", kInvalidParameter);
+  if (bit_rate == 0) return bench_->Refuse(kCall, "no such rate", kInvalidParameter);
   const bool silent = (port.config.mode & kListenOnly) != 0;
   bench_->JudgeRate(NameOf(*port.plan), bit_rate);
   port.tap = bench_->Listen(NameOf(*port.plan), port.plan->adapter,
@@ -178,7 +175,8 @@ std::int32_t IfcanBench::Activate(Port& port) {
 
 std::int32_t IfcanBench::CanDeactivate(std::int32_t handle) {
   const std::int32_t status = OnPort("CanDeactivate", handle, [this](const Port& port) {
-    return port.bus_asked ? kSuccess : Refuse("CanDeactivate", "the port is not active", kSuccess);
+    return port.bus_asked ? kSuccess
+                          : bench_->Refuse("CanDeactivate", "the port is not active", kSuccess);
   });
   bench_->Record().Line(CallLine("CanDeactivate").Number(handle).Gives(status));
   if (Port* const port = FindOpen(handle)) {
@@ -198,9 +196,9 @@ std::int32_t IfcanBench::CanReceiveMessage(std::int32_t handle, platform::IfcanM
 /// time.
 std::int32_t IfcanBench::Receive(Port& port, platform::IfcanMessage& message, std::int32_t& count) {
   constexpr std::string_view kCall = "CanReceiveMessage";
-  if (count != 1) return Refuse(kCall, "the room is not one record", kInvalidParameter);
+  if (count != 1) return bench_->Refuse(kCall, "the room is not one record", kInvalidParameter);
   count = 0;
-  if (!port.bus_asked) return Refuse(kCall, "the port is not active", kBufferIsEmpty);
+  if (!port.bus_asked) return bench_->Refuse(kCall, "the port is not active", kBufferIsEmpty);
   if (port.tap == nullptr) return kBufferIsEmpty;
   BusFrame frame;
   if (const auto failure = ReadFailure(*port.tap, frame, kBufferIsEmpty, kUsbioFailed)) {

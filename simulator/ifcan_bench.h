@@ -51,8 +51,6 @@ class IfcanBench : public platform::IfcanLibrary {
   std::int32_t OnPort(std::string_view call, std::int32_t handle, Action action);
   std::int32_t Activate(Port& port);
   std::int32_t Receive(Port& port, platform::IfcanMessage& message, std::int32_t& count);
-  /// The call that none may make, and what the library answers.
-  std::int32_t Refuse(std::string_view call, std::string_view why, std::int32_t status);
   void LeaveBus(Port& port);
 
   std::unique_ptr<Bench> bench_;

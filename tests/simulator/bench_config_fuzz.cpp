@@ -16,7 +16,8 @@ void CheckAdapter(const AdapterPlan& plan) {
   constexpr std::int64_t kHourUs = 3'600'000'000;
   for (const auto& unit : {tolvane::simulator::kCanusbStamps, tolvane::simulator::kIfcanStamps}) {
     const std::int32_t stamp = tolvane::simulator::Stamp(unit, plan.clock, kHourUs);
-    if (stamp < 0 || stamp >= unit.range) std::abort();
+    const std::int64_t range = plan.clock.wrap > 0 ? plan.clock.wrap : unit.range;
+    if (static_cast<std::uint32_t>(stamp) >= range) std::abort();
   }
 }
 

@@ -190,9 +190,7 @@ TEST_F(AdapterFaults, BoardClocksGoThroughNegativeStampsAndThroughTheRepairOfAWr
                row.faults,
            {L"IFCan.dll"});
     Start();
-    ASSERT_NO_FATAL_FAILURE(Connect(main_));
-    EXPECT_TRUE(WaitForShown(L"123  2   05 00"));
-    ASSERT_NO_FATAL_FAILURE(Disconnect(main_));
+    RunUntilShown(L"123  2   05 00");
     End();
     std::string records;
     for (int n = 0; n < 6; ++n) {
