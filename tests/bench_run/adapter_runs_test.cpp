@@ -76,6 +76,43 @@ TEST_P(EachKind, WithoutARateThatThereIsReceivesNothing) {
 INSTANTIATE_TEST_SUITE_P(Kinds, EachKind, testing::ValuesIn(kKinds),
                          [](const auto& kind) { return kKindNames[kind.param]; });
 
+struct FailedSetUp {
+  Kind kind;
+  const char* failing;
+  std::size_t records;  // of the 250 ms of the run
+  std::vector<std::string> made;
+};
+
+using RunSetUp = BenchRun;
+
+// A run whose set-up failed goes on as if it had not, and the library cannot object to that.
+TEST_F(RunSetUp, ResultsAreNotLookedAt) {
+  const Lines interface_calls = {"CanSetConfig(0, ", "CanActivate(0)", "CanDeactivate(0)",
+                                 "CanClosePort(0) = 0"};
+  const Lines kvaser_calls = {"canSetBusParams(0, ", "canSetBusOutputControl(0, 4)", "canBusOn(0)",
+                              "canBusOff(0)", "canClose(0) = 0"};
+  for (const FailedSetUp& row :
+       {FailedSetUp{kInterface, "CanSetConfig=0xC0000001", 0, interface_calls},
+        FailedSetUp{kInterface, "CanActivate=0xC0000001", 0, interface_calls},
+        FailedSetUp{kInterface, "CanDeactivate=0xC0000001", 3, interface_calls},
+        FailedSetUp{kKvaser, "canSetBusParams=-1", 0, kvaser_calls},
+        FailedSetUp{kKvaser, "canSetBusOutputControl=-1", 3, kvaser_calls},
+        FailedSetUp{kKvaser, "canBusOn=-15", 0, kvaser_calls},
+        FailedSetUp{kKvaser, "canBusOff=-15 after 1", 3, kvaser_calls}}) {
+    SCOPED_TRACE(row.failing);
+    ASSERT_NO_FATAL_FAILURE(
+        Start(kTenPerSecond + std::string("[faults]\n") + row.failing, row.kind));
+    const std::size_t before = program_->Report().size();
+    EXPECT_EQ(Run(250).size(), row.records);
+    std::size_t at = before;
+    for (const std::string& call : row.made) {
+      at = program_->Report().find(call, at);
+      ASSERT_NE(at, std::string::npos) << call << " is missing, or comes too early";
+    }
+    EXPECT_EQ(FaultsSoFar(), Faults{});
+  }
+}
+
 using Search = BenchRun;
 
 TEST_F(Search, KeepsNoTailOfALongerText) {
