@@ -21,6 +21,12 @@ class IfcanRefuses : public IfcanBed {
          "(1.0) c 123#01\n");
     return library_->CanOpenPort("IFCAN1");
   }
+
+  /// The status of the activation with a configuration; to write it is refused to nobody.
+  std::int32_t ActivateWith(std::int32_t handle, const IfcanConfig& config) {
+    EXPECT_EQ(library_->CanSetConfig(handle, config), 0);
+    return library_->CanActivate(handle);
+  }
 };
 
 TEST_F(IfcanRefuses, ThePortThatWasNeverConfigured) {
@@ -56,8 +62,7 @@ TEST_F(IfcanRefuses, ModesThatThereAreNot) {
   for (const std::int32_t mode : {2, 3, 7, -1, INT32_MAX}) {
     IfcanConfig config = kOfBoard;
     config.mode = mode;
-    EXPECT_EQ(library_->CanSetConfig(handle, config), 0) << mode;
-    EXPECT_EQ(library_->CanActivate(handle), kInvalidParameter) << mode;
+    EXPECT_EQ(ActivateWith(handle, config), kInvalidParameter) << mode;
   }
   EXPECT_EQ(bench_.Faults(), Faults(5, "CanActivate: no such mode"));
 }
@@ -67,8 +72,7 @@ TEST_F(IfcanRefuses, NoneOfTheModesThatThereAre) {
   for (const std::int32_t mode : {0, 1, INT32_MIN, INT32_MIN + 1}) {
     IfcanConfig config = kOfBoard;
     config.mode = mode;
-    EXPECT_EQ(library_->CanSetConfig(handle, config), 0) << mode;
-    EXPECT_EQ(library_->CanActivate(handle), 0) << mode;
+    EXPECT_EQ(ActivateWith(handle, config), 0) << mode;
     const std::string told =
         "bus IFCAN1 bit_rate=500000 silent=" + std::to_string(mode & 1) + "\nIFCan CanActivate";
     EXPECT_NE(bench_.ReportText().find(told), std::string::npos) << mode;
@@ -82,8 +86,7 @@ TEST_F(IfcanRefuses, ChangesOfTheBoardsOwnWords) {
   for (std::size_t word = 0; word < kOfBoard.passed_through.size(); ++word) {
     IfcanConfig config = kOfBoard;
     ++config.passed_through[word];
-    EXPECT_EQ(library_->CanSetConfig(handle, config), 0) << word;
-    EXPECT_EQ(library_->CanActivate(handle), kInvalidParameter) << word;
+    EXPECT_EQ(ActivateWith(handle, config), kInvalidParameter) << word;
   }
   EXPECT_EQ(bench_.Faults(), Faults(5, "CanActivate: the board's own words are changed"));
 }
@@ -93,8 +96,7 @@ TEST_F(IfcanRefuses, RatesThatThereAreNot) {
   for (const std::int32_t rate : {0, 294, 500, -1}) {
     IfcanConfig config = kOfBoard;
     config.baud_rate = rate;
-    EXPECT_EQ(library_->CanSetConfig(handle, config), 0) << rate;
-    EXPECT_EQ(library_->CanActivate(handle), kInvalidParameter) << rate;
+    EXPECT_EQ(ActivateWith(handle, config), kInvalidParameter) << rate;
   }
   EXPECT_EQ(bench_.Faults(), Faults(4, "CanActivate: no such rate"));
 }
