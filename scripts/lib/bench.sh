@@ -10,7 +10,7 @@ bench_options() {
   option ids BITS "11|29|both" "" "$1"
   opt[ids]=11
   option clock-start N 0..4294967295 "$2" "where the adapter's clock stands when the run begins, in its own \
-ticks; CANUSB's starts over at 60,000"
+ticks; CANUSB's starts over at 60,000, the upper half of Interface's and Kvaser's range is negative"
 }
 
 # The libraries stand where the program looks for a vendor's.
@@ -43,4 +43,11 @@ bench_write() {
     fi
     printf '\n[bench]\nreport = Z:%s\nspeed = %s\n' "${file%.ini}-report.txt" "$speed"
   } >"$file"
+}
+
+# bench_judges FILE: what the libraries of the bench FILE refused, or saw left undone, is a failure.
+bench_judges() {
+  local faults
+  faults=$(grep ' fault: ' "${1%.ini}-report.txt") || return 0
+  fail "calls that no adapter takes: $faults"
 }

@@ -36,8 +36,9 @@ stage_logs() {
   # All roll over, and the adapter's clock wraps on the way.
   log_case log-csv "$car" --times 2 --clock-start 50000
   log_case log-xlsx "$car" --times 2 --clock-start 50000 --format xlsx
-  # Three files: what the second one's identifiers lose comes in the third.
-  local thrice=(--ids 29 --adapter interface --times 17 --speed 20 --clock-start 300000000)
+  # Three files: what the second one's identifiers lose comes in the third. The board's stamps turn
+  # negative on the way.
+  local thrice=(--ids 29 --adapter interface --times 17 --speed 20 --clock-start 2100000000)
   log_case log-29 "$boat" "${thrice[@]}"
   [ ! -r "$recorded_car" ] || log_case log-recorded "$recorded_car" --times 2 --clock-start 50000
   [ ! -r "$recorded_boat" ] || log_case log-recorded-29 "$recorded_boat" "${thrice[@]}"
