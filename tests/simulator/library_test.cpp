@@ -6,27 +6,19 @@
 #include <array>
 #include <cstring>
 #include <filesystem>
-#include <fstream>
-#include <iterator>
 #include <string>
 #include <string_view>
 
 #include "platform/windows/abi/canlib_abi.h"
 #include "platform/windows/abi/canusbdrv_abi.h"
 #include "platform/windows/abi/ifcan_abi.h"
+#include "tests/simulator/library_bed.h"
 
 namespace tolvane::simulator {
 namespace {
 
 namespace abi = platform::windows::abi;
 namespace fs = std::filesystem;
-
-/// The build tree's simulator folder, found from this program's own place in it.
-fs::path SimulatorFolder() {
-  std::array<wchar_t, 1'024> path{};
-  GetModuleFileNameW(nullptr, path.data(), path.size());
-  return fs::path(path.data()).parent_path() / ".." / ".." / "simulator";
-}
 
 /// A library while it is loaded; its exports are those of `Abi`.
 template <typename Abi>
@@ -56,40 +48,6 @@ class Loaded {
   HMODULE module_;
 };
 
-class SimulatedLibrary : public testing::Test {
- protected:
-  void SetUp() override {
-    folder_ =
-        fs::temp_directory_path() /
-        (std::string("tolvane-") + testing::UnitTest::GetInstance()->current_test_info()->name());
-    fs::remove_all(folder_);
-    fs::create_directories(folder_);
-  }
-
-  void TearDown() override {
-    SetEnvironmentVariableW(L"TOLVANE_BENCH", nullptr);
-    fs::remove_all(folder_);
-  }
-
-  void WriteFile(const char* name, std::string_view text) {
-    std::ofstream(folder_ / name, std::ios::binary) << text;
-  }
-
-  void UseBench(std::string_view ini) {
-    WriteFile("bench.ini", ini);
-    SetEnvironmentVariableW(L"TOLVANE_BENCH", (folder_ / "bench.ini").c_str());
-  }
-
-  std::string Report() {
-    std::ifstream file(folder_ / "report.txt", std::ios::binary);
-    return {std::istreambuf_iterator<char>(file), {}};
-  }
-
-  fs::path folder_;
-};
-
-constexpr std::string_view kBus =
-    "[bench]\nclock=reads\nclock_step_us=1000\nreport=report.txt\n[bus]\nsource=log\nlog=bus.log\n";
 constexpr std::string_view kLog =
     "(1.000) c 123#0102\n(1.002) c 1FFFFFFF#0102030405060708\n(1.003) c 7FF#R4\n";
 
