@@ -69,7 +69,12 @@ bool Excel_OutputDB::Get_SubFolder_Name(ELM327_Info& device, String& FolderName)
     // and the log, which looks under the base, stays there.
     const String name(PathOfFolder(clean));
     const String elsewhere(PathOfFolder(device.t_LogSaveFilePath));
-    if (!MakeLogFolder(services_.files, elsewhere + u'\\' + name, device)) return false;
+    const String path = elsewhere + u'\\' + name;
+    const bool takes_the_log = elsewhere == base;
+    if (!(takes_the_log ? MakeLogFolder(services_.files, path, device)
+                        : services_.files.CreateFolder(path))) {
+      return false;
+    }
     FolderName = name;
     return true;
   }

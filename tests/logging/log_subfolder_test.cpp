@@ -191,6 +191,17 @@ TEST_F(WorkbookSubfolder, OneWithinBracketsCannotBeMade) {
   EXPECT_FALSE(files.FolderExists(u"E:\\Logs\\bench [2]-002"));
 }
 
+TEST_F(WorkbookSubfolder, OneElsewhereThatTakesNoWorkbookMayHaveAnyPath) {
+  for (const std::int32_t mode : {0, 1}) {
+    device.t_LogSaveFilePath_mode = mode;
+    const String path =
+        u"E:\\Logs [" + String(200, u'b') + u"] " + String(FileNumberText(mode).View());
+    EXPECT_TRUE(DecideIn(path, u"bench [1]")) << mode;
+  }
+  device.t_LogSaveFilePath_mode = 0;
+  EXPECT_FALSE(DecideIn(u"C:\\Tolvane", u"bench [1]")) << "where the workbooks go";
+}
+
 TEST_F(WorkbookSubfolder, WithoutAServerTheyAreFoldersLikeOthers) {
   struct Row {
     std::int32_t t_LogSave_Enable;
