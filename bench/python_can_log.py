@@ -4,9 +4,12 @@
 usage: python_can_log.py RECORDING LOG
 """
 
+import signal
 import sys
 
-import can
+# Ctrl-C ends it without a word, while it imports the rest too.
+signal.signal(signal.SIGINT, signal.SIG_DFL)
+import can  # noqa: E402
 
 
 def main(recording: str, log: str) -> None:

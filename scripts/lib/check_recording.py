@@ -3,7 +3,6 @@
 
 import argparse
 import collections
-import signal
 import sys
 
 import recording as rec
@@ -30,8 +29,6 @@ def duration(frames: list[rec.Frame], times: int) -> int:
 
 
 def main() -> int:
-    # Ctrl-C ends it without a word.
-    signal.signal(signal.SIGINT, signal.SIG_DFL)
     options = argparse.ArgumentParser(description=__doc__)
     options.add_argument("recording")
     options.add_argument("--ids", choices=("11", "29", "both"), default="both",

@@ -25,6 +25,9 @@ fail() {
   exit 1
 }
 
+# run_python SCRIPT ARGS: one of the project's own, named from the project's folder.
+run_python() { "$root/scripts/lib/python-run" "$root/$1" "${@:2}"; }
+
 # as_root COMMAND ARGS: package set-up alone needs this.
 as_root() {
   if [ "$(id -u)" -eq 0 ]; then

@@ -2,6 +2,7 @@
 
 import importlib.util
 import os
+import pathlib
 import sys
 
 DEBIANS_PYTHON = "/usr/bin/python3"
@@ -14,4 +15,6 @@ def has(module: str) -> bool:
     if sys.executable == DEBIANS_PYTHON or not os.path.exists(DEBIANS_PYTHON):
         return False
     sys.stdout.flush()
-    os.execv(DEBIANS_PYTHON, [DEBIANS_PYTHON, "-B", *sys.argv])
+    os.environ["TOLVANE_PYTHON"] = DEBIANS_PYTHON
+    run = str(pathlib.Path(__file__).resolve().parent / "python-run")
+    os.execv(run, [run, *sys.argv])

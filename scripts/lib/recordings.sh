@@ -10,7 +10,7 @@ own_recording() (
   mkdir -p "$build/recordings" || fail "the folder $build/recordings cannot be made"
   new=$(mktemp "$file.XXXXXX") || fail "no file can be made in $build/recordings"
   trap 'rm -f "$new"' EXIT
-  python3 -B "$root/tests/traffic/generate.py" "$1" >"$new" || fail "the recording $1 cannot be made"
+  run_python tests/traffic/generate.py "$1" >"$new" || fail "the recording $1 cannot be made"
   chmod 644 "$new"
   cmp -s "$new" "$file" || mv "$new" "$file"
   printf '%s\n' "$file"

@@ -57,5 +57,6 @@ release_readme() {
 
 # release_zip FOLDER: the archive of a folder of $files, beside it.
 release_zip() {
-  unswayed python3 -B "$root/scripts/lib/write_zip.py" "$files/$1.zip" "$files/$1" "$seconds"
+  unswayed "$root/scripts/lib/python-run" "$root/scripts/lib/write_zip.py" "$files/$1.zip" "$files/$1" \
+    "$seconds"
 }

@@ -86,7 +86,7 @@ fresh_stuck=1800
 
 fresh_run() { timeout --foreground "$fresh_stuck" "$root/scripts/lib/fresh-run" "$@"; }
 
-fresh_check() { python3 -B "$root/scripts/lib/fresh_check.py" "$@"; }
+fresh_check() { run_python scripts/lib/fresh_check.py "$@"; }
 
 # What the last command in the root said.
 fresh_said=$results/fresh-said.txt
@@ -109,7 +109,7 @@ fresh_demo_page() {
 fresh_program_x86() {
   local folder=$fresh_root$fresh_project/build/windows-x86/program
   (cd "$folder" && printf '%s\n' Tolvane.exe qxt100.dll | LC_ALL=C diff - <(LC_ALL=C ls -A)) &&
-    python3 -B "$root/tests/release/check_program.py" "$folder" i386
+    run_python tests/release/check_program.py "$folder" i386
 }
 
 # A package that is missing while nothing can be fetched: one sentence says so, and nothing else is tried.

@@ -5,6 +5,6 @@
 # Packages the commit twice, in two places.
 stage_release() {
   # Four builds from nothing: a few minutes on two free cores, and half an hour on busy ones.
-  count_command release timeout 2400 python3 -B "$root/tests/release/check_release.py" "$root" \
-    "$build/release-check"
+  count_command release timeout 2400 "$root/scripts/lib/python-run" "$root/tests/release/check_release.py" \
+    "$root" "$build/release-check"
 }

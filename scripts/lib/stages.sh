@@ -100,7 +100,7 @@ run_ctest() {
   GTEST_OUTPUT=$(gtest_output "$preset" "$folder") ctest --test-dir "$build/$preset" --timeout 900 \
     --no-tests=error --output-on-failure --output-junit "$folder/entries.junit" "$@" \
     >"$folder.log" 2>&1 || true
-  counts=$(python3 "$root/scripts/lib/tally.py" "$folder/entries.junit" "$folder" 2>>"$folder.log") ||
+  counts=$(run_python scripts/lib/tally.py "$folder/entries.junit" "$folder" 2>>"$folder.log") ||
     counts="0 0 0"
   read -r p f s <<<"$counts"
   if [ $((p + f + s)) -eq 0 ]; then

@@ -26,7 +26,7 @@ need_recording() {
   [ -e "$1" ] || fail "there is no recording $1"
   # Who names a wrong file waits for the installation of Python at most, and not for that of the compilers.
   command -v python3 >/dev/null || need_packages recordings
-  summary=$(python3 -B "$root/scripts/lib/check_recording.py" --ids "$2" "${@:3}" -- "$1") || exit 1
+  summary=$(run_python scripts/lib/check_recording.py --ids "$2" "${@:3}" -- "$1") || exit 1
   say "$summary"
 }
 

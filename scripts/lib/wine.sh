@@ -115,7 +115,7 @@ wine_session_alone() {
 # wine_session_shown: the session of a demo that the user has open on his own display.
 wine_session_shown() {
   local display managed=N
-  display=$(timeout 10 python3 -B "$root/scripts/lib/display_check.py" 2>/dev/null) ||
+  display=$(timeout 10 "$root/scripts/lib/python-run" "$root/scripts/lib/display_check.py" 2>/dev/null) ||
     fail "the display $DISPLAY does not answer: put DISPLAY right, or add --seconds 20 for a run by itself"
   [ "$display" = bare ] || managed=Y
   wine_enter "$stand/wine-prefix-shown${TOLVANE_DPI:+-$wine_dpi}"

@@ -117,8 +117,9 @@ class Command(unittest.TestCase):
 
     def test_an_interruption_while_it_reads_ends_it_without_a_word(self):
         os.mkfifo(self.file)
-        reader = subprocess.Popen([sys.executable, "-B", os.path.join(LIB, "check_recording.py"), str(self.file)],
-                                  stdout=subprocess.PIPE, stderr=subprocess.PIPE, text=True)
+        command = [os.path.join(LIB, name) for name in ("python-run", "check_recording.py")]
+        reader = subprocess.Popen([*command, str(self.file)], stdout=subprocess.PIPE, stderr=subprocess.PIPE,
+                                  text=True)
         # Opens once the other side does.
         with open(self.file, "wb"):
             reader.send_signal(signal.SIGINT)

@@ -2,7 +2,6 @@
 """Writes the recording of one of our buses to the standard output, the same bytes every time."""
 
 import argparse
-import signal
 import sys
 
 import boat
@@ -14,8 +13,6 @@ BUSES = {"car": car.BUS, "boat": boat.BUS, "both": both.BUS}
 
 
 def main() -> None:
-    # Ctrl-C ends it without a word.
-    signal.signal(signal.SIGINT, signal.SIG_DFL)
     options = argparse.ArgumentParser(description=__doc__)
     options.add_argument("name", choices=BUSES)
     given = options.parse_args()

@@ -19,7 +19,8 @@ from bus import Bus, Message
 from content import Content
 from dice import Dice
 
-sys.path.insert(0, sys.argv.pop())
+LIB = sys.argv.pop()
+sys.path.insert(0, LIB)
 import recording as rec  # noqa: E402
 
 # Of each recording, SHA-256. A deliberate change of a generator changes its line here.
@@ -65,8 +66,8 @@ class Bytes(unittest.TestCase):
 class Interruption(unittest.TestCase):
     def test_the_generator_ends_without_a_word(self):
         # Nobody fetches the rest of what it writes, so it is still at it.
-        writer = subprocess.Popen([sys.executable, "-B", pathlib.Path(__file__).parent / "generate.py", "car"],
-                                  stdout=subprocess.PIPE, stderr=subprocess.PIPE)
+        writer = subprocess.Popen([os.path.join(LIB, "python-run"), pathlib.Path(__file__).parent / "generate.py",
+                                   "car"], stdout=subprocess.PIPE, stderr=subprocess.PIPE)
         writer.stdout.read(1)
         writer.send_signal(signal.SIGINT)
         self.assertEqual(b"", writer.communicate(timeout=60)[1])

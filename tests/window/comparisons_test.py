@@ -14,6 +14,7 @@ import compare_logs as logs
 import compare_replay as replay
 
 HERE = pathlib.Path(__file__).parent
+RUN = str(HERE.parents[1] / "scripts/lib/python-run")
 FRAME = "(1.000000) can0 1A0#0102\n"
 PAGE = replay.HEADERS[11] + "\n1A0  2   01 02" + " " * 18 + "   ----ms\n"
 LOG = "\r\n".join([logs.FIRST_LINE, "", "2026/01/02 3:04:05,,,bit rate：,500k bps", logs.HARDWARE["canusb"], "",
@@ -95,7 +96,7 @@ class Comparison(unittest.TestCase):
     def test_an_interruption_while_they_read_ends_them_without_a_word(self):
         os.mkfifo(self.recording)
         for command, compared in self.commands.items():
-            reader = subprocess.Popen([sys.executable, "-B", str(HERE / command), str(self.recording), compared],
+            reader = subprocess.Popen([RUN, str(HERE / command), str(self.recording), compared],
                                       stdout=subprocess.PIPE, stderr=subprocess.PIPE, text=True)
             # Opens once the other side does.
             with open(self.recording, "wb"):

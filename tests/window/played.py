@@ -2,7 +2,6 @@
 
 import argparse
 import pathlib
-import signal
 import sys
 from collections.abc import Callable
 
@@ -42,9 +41,7 @@ def accepted(frames: list[rec.Frame], ids: int) -> list[rec.Frame]:
 
 
 def compare(comparison: Callable[[rec.Recording], int], given: argparse.Namespace) -> int:
-    """Runs it; the status. What cannot be compared is told in one sentence, and Ctrl-C ends it
-    without a word."""
-    signal.signal(signal.SIGINT, signal.SIG_DFL)
+    """Runs it; the status. What cannot be compared is told in one sentence."""
     try:
         recording = rec.read(given.recording)
         rec.comparable_frames(recording, given.ids)

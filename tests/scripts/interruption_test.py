@@ -1,0 +1,92 @@
+#!/usr/bin/env python3
+"""Tests of scripts/lib/python-run: Ctrl-C ends a Python script without a word, whenever it comes. The
+project's folder is the argument."""
+
+import os
+import pathlib
+import signal
+import subprocess
+import sys
+import tempfile
+import time
+import unittest
+
+PROJECT = pathlib.Path(sys.argv.pop())
+RUN = PROJECT / "scripts/lib/python-run"
+RECORDING = "(1502984866.421964) can0 123#0102\n"
+
+
+class Interruption(unittest.TestCase):
+    def setUp(self):
+        folder = tempfile.TemporaryDirectory(prefix="an interruption ")
+        self.addCleanup(folder.cleanup)
+        self.folder = pathlib.Path(folder.name)
+
+    def script(self, name: str, text: str) -> pathlib.Path:
+        path = self.folder / name
+        path.write_text(text, encoding="utf-8")
+        return path
+
+    def start(self, *words, **environment: str) -> subprocess.Popen:
+        return subprocess.Popen([str(word) for word in words], stdin=subprocess.DEVNULL, stdout=subprocess.PIPE,
+                                stderr=subprocess.PIPE, text=True, env=os.environ | environment,
+                                start_new_session=True)
+
+    def test_a_script_is_run_as_python_itself_runs_it(self):
+        self.script("neighbour.py", "NAME = 'neighbour'\n")
+        script = self.script("script.py", "import sys\nimport neighbour\n"
+                                          "print(__name__, __file__, sys.argv, neighbour.NAME)\nsys.exit(3)\n")
+        process = self.start(RUN, script, "one", "two words", "--three")
+        self.assertEqual((f"__main__ {script} {[str(script), 'one', 'two words', '--three']} neighbour\n", ""),
+                         process.communicate())
+        self.assertEqual(3, process.returncode)
+        self.assertFalse((self.folder / "__pycache__").exists())
+
+    def test_an_interruption_while_a_script_still_imports_ends_it(self):
+        began = self.folder / "began"
+        self.script("slow.py", f"import pathlib, time\npathlib.Path({str(began)!r}).touch()\ntime.sleep(60)\n")
+        process = self.start(RUN, self.script("script.py", "import slow\n"))
+        while not began.exists():
+            time.sleep(0.01)
+        os.killpg(process.pid, signal.SIGINT)
+        self.assertEqual(("", ""), process.communicate(timeout=20))
+        self.assertEqual(-signal.SIGINT, process.returncode)
+
+    def test_what_python_does_before_the_script_says_nothing_of_an_interruption(self):
+        # Stands for the modules that Python itself reads first.
+        began = self.folder / "began"
+        self.script("sitecustomize.py", f"import pathlib, time\npathlib.Path({str(began)!r}).touch()\ntime.sleep(0.5)\n")
+        process = self.start(RUN, self.script("script.py", "print('ran')\n"), PYTHONPATH=str(self.folder))
+        while not began.exists():
+            time.sleep(0.01)
+        os.killpg(process.pid, signal.SIGINT)
+        self.assertEqual(("ran\n", ""), process.communicate(timeout=20))
+
+    def test_every_script_starts_python_so(self):
+        for path in (PROJECT / "scripts").rglob("*"):
+            if path.is_file() and path.suffix != ".py" and path != RUN:
+                self.assertNotRegex(path.read_text(encoding="utf-8"), r'python3 ([-"]|\$\{?root)', path)
+
+    def test_an_interrupted_demo_says_nothing_of_python(self):
+        # The recording is a pipe that nobody fills, so the demo waits for its reader.
+        pipe = self.folder / "recording.log"
+        os.mkfifo(pipe)
+        (self.folder / "project").mkdir()
+        for name in ("scripts", "tests"):
+            (self.folder / "project" / name).symlink_to(PROJECT / name)
+        for delay in range(0, 200, 20):
+            with self.subTest(milliseconds=delay):
+                process = self.start(self.folder / "project/scripts/demo", "--log", pipe)
+                time.sleep(delay / 1000)
+                # One that comes before Python can be ended ends the demo later.
+                for _ in range(20):
+                    os.killpg(process.pid, signal.SIGINT)
+                    time.sleep(0.3)
+                    if process.poll() is not None:
+                        break
+                self.assertEqual(("", ""), process.communicate(timeout=20))
+                self.assertIn(process.returncode, (130, -signal.SIGINT))
+
+
+if __name__ == "__main__":
+    unittest.main()
