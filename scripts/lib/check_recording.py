@@ -6,6 +6,7 @@ import collections
 import sys
 
 import recording as rec
+from counted import counted
 
 COMPARABLE = {"page": rec.page_frames, "logs": rec.comparable_frames}
 
@@ -18,8 +19,7 @@ def summary(recording: rec.Recording) -> str:
     kinds = ", ".join(f"{counts[kind]} {kind}" for kind in ("standard", "extended", "remote", "error"))
     sent = f", {counts['sent']} sent by the recorder" if counts["sent"] else ""
     milliseconds = frames[-1].microseconds // 1000
-    count = "1 frame" if len(frames) == 1 else f"{len(frames)} frames"
-    return (f"{recording.name}: {count} in {milliseconds // 1000}.{milliseconds % 1000:03} s: "
+    return (f"{recording.name}: {counted(len(frames), 'frame')} in {milliseconds // 1000}.{milliseconds % 1000:03} s: "
             f"{kinds}{sent}{rec.bad_lines_text(recording)}")
 
 

@@ -20,6 +20,9 @@ command_name=$(realpath --relative-to="$root" "$0")
 
 say() { printf '%s\n' "-- $*"; }
 
+# counted NUMBER NOUN: "1 second", "2 seconds".
+counted() { printf '%s %s%s\n' "$1" "$2" "$([ "$1" -eq 1 ] || echo s)"; }
+
 fail() {
   printf 'error: %s\n' "$*" >&2
   exit 1

@@ -71,6 +71,6 @@ picture_convert() {
   convert "$1" -define png:exclude-chunk=date,tIME "$2" || fail "the picture $1 cannot be converted"
   colours=$(identify -format %k "$2")
   [ "$colours" -ge "$fewest_colours" ] ||
-    fail "the picture $2 shows no window, it has $colours colours"
+    fail "the picture $2 shows no window, it has $(counted "$colours" colour)"
 }
 fewest_colours=8

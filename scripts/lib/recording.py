@@ -4,6 +4,8 @@ them: simulator/candump_log.h tells the form, tests/simulator/candump_lines.inc 
 import re
 from typing import NamedTuple
 
+from counted import counted
+
 GOOD_LINE = "a line looks like \"(1502984866.421964) can0 123#0102\", as candump -L writes it"
 ERROR_FRAME = 0x2000_0000
 MAX_STANDARD, MAX_EXTENDED = 0x7FF, 0x1FFF_FFFF
@@ -169,5 +171,4 @@ def bad_lines_text(recording: Recording) -> str:
     """For the end of a message; empty without any."""
     if recording.bad_lines == 0:
         return ""
-    lines = "1 bad line" if recording.bad_lines == 1 else f"{recording.bad_lines} bad lines"
-    return f"; {lines} left out, the first is line {recording.first_bad_line}"
+    return f"; {counted(recording.bad_lines, 'bad line')} left out, the first is line {recording.first_bad_line}"

@@ -95,6 +95,11 @@ class Stages(unittest.TestCase):
             done = run(*arguments)
             self.assertEqual((1, "", sentence), (done.returncode, done.stdout, done.stderr))
 
+    def test_one_thing_is_told_as_one(self):
+        self.assertEqual("0 seconds,1 second,2 seconds,1 log file,",
+                         self.bash('for n in 0 1 2; do counted "$n" second; done; counted 1 "log file"')
+                         .replace("\n", ","))
+
     def test_a_command_counts_once_as_passed_failed_or_skipped(self):
         output = self.bash('count_command good true; count_command bad sh -c "echo broken; exit 3"\n'
                            'count_command away sh -c "echo why; exit 77"\necho "$passed $failed $skipped"')

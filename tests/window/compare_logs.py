@@ -12,6 +12,7 @@ from played import rec
 from time_line import TimeLine
 
 import debians_python
+from counted import counted
 
 RECORDS_PER_FILE = 20001
 HEAD_LINES = 8
@@ -110,7 +111,7 @@ class CsvLogs:
         yield from (f"{path.name}: {fault}" for fault in self.head_faults(lines[:HEAD_LINES]))
         lines = lines[HEAD_LINES:-1]
         if len(lines) != len(expected):
-            yield f"{path.name}: {len(lines)} records instead of {len(expected)}"
+            yield f"{path.name}: {counted(len(lines), 'record')} instead of {len(expected)}"
         for number, (line, want) in enumerate(zip(lines, expected), HEAD_LINES + 1):
             if line != want:
                 yield f"{path.name} line {number}: {line!r}, recording {want!r}"
@@ -160,7 +161,7 @@ def xlsx_faults(path: pathlib.Path, expected: list[Record], adapter: str, ids: i
              sheet.iter_rows(min_row=FIRST_ROW, max_row=LAST_ROW, max_col=12, values_only=True)]
     records = [row for row in found if row[0] != ""]
     if len(records) != len(expected) or any(any(row) for row in found[len(records):]):
-        yield f"{path.name}: {len(records)} records instead of {len(expected)}"
+        yield f"{path.name}: {counted(len(records), 'record')} instead of {len(expected)}"
     for number, (row, record) in enumerate(zip(records, expected), FIRST_ROW):
         if row != record + ("",) * (12 - len(record)):
             yield f"{path.name} row {number}: {row}, recording {record}"
@@ -171,7 +172,7 @@ def faults(logs: list[pathlib.Path], expected: list[Record], adapter: str = "can
     """The last file holds what is left over, maybe nothing."""
     needed = len(expected) // RECORDS_PER_FILE + 1
     if len(logs) != needed:
-        yield f"{len(logs)} log files instead of {needed}"
+        yield f"{counted(len(logs), 'log file')} instead of {needed}"
     csv_logs = CsvLogs(adapter, ids)
     for place, path in enumerate(logs):
         part = expected[place * RECORDS_PER_FILE:(place + 1) * RECORDS_PER_FILE]
@@ -195,8 +196,8 @@ def compare(recording: rec.Recording, given: argparse.Namespace) -> int:
     found = list(faults(logs, expected, given.adapter, given.ids))
     for fault in found[:20]:
         print(fault)
-    print(f"{len(expected)} frames sent, {len(logs)} log files compared, {len(found)} faults"
-          f"{rec.bad_lines_text(recording)}")
+    print(f"{counted(len(expected), 'frame')} sent, {counted(len(logs), 'log file')} compared, "
+          f"{counted(len(found), 'fault')}{rec.bad_lines_text(recording)}")
     return 1 if found else 0
 
 

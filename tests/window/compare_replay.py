@@ -15,6 +15,8 @@ import played
 from played import rec
 from time_line import TimeLine
 
+from counted import counted
+
 HEADERS = {
     11: "ID  DLC  D1 D2 D3 D4 D5 D6 D7 D8",
     29: "E    ID    DLC  D1 D2 D3 D4 D5 D6 D7 D8",
@@ -80,7 +82,7 @@ def differences(expected: list[list[str]], page: list[str]) -> list[str]:
     found = [f"line {number}: page {have!r}, recording {' or '.join(map(repr, allowed))}"
              for number, (allowed, have) in enumerate(zip(expected, page), 1) if have not in allowed]
     if len(expected) != len(page):
-        found.append(f"the page has {len(page)} lines, the recording makes {len(expected)}")
+        found.append(f"the page has {counted(len(page), 'line')}, the recording makes {len(expected)}")
     return found
 
 
@@ -98,7 +100,8 @@ def compare(recording: rec.Recording, given: argparse.Namespace) -> int:
     found = differences(expected, read_page(given.page))
     for difference in found[:20]:
         print(difference)
-    print(f"{len(expected)} lines compared, {len(found)} differ{rec.bad_lines_text(recording)}")
+    print(f"{counted(len(expected), 'line')} compared, {counted(len(found), 'difference')}"
+          f"{rec.bad_lines_text(recording)}")
     return 1 if found else 0
 
 

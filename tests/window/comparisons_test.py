@@ -54,8 +54,8 @@ class Comparison(unittest.TestCase):
     def test_true_pages_and_logs_pass_with_options_in_any_order(self):
         self.write(FRAME + "bad\n")
         told = "; 1 bad line left out, the first is line 2\n"
-        for command, said in (("compare_replay.py", "2 lines compared, 0 differ"),
-                              ("compare_logs.py", "1 frames sent, 1 log files compared, 0 faults")):
+        for command, said in (("compare_replay.py", "2 lines compared, 0 differences"),
+                              ("compare_logs.py", "1 frame sent, 1 log file compared, 0 faults")):
             recording, compared = str(self.recording), self.commands[command]
             for words in (("--ids", "11", recording, compared), (recording, "--ids", "11", compared),
                           (recording, compared, "--adapter", "canusb")):
@@ -67,7 +67,7 @@ class Comparison(unittest.TestCase):
         for command, compared in self.commands.items():
             status, out, error = self.run_on(command, str(self.recording), compared)
             self.assertEqual((1, ""), (status, error))
-            self.assertRegex(out, "1 differ|1 faults")
+            self.assertRegex(out, "2 lines compared, 1 difference\n|1 frame sent, 1 log file compared, 1 fault\n")
 
     def test_a_recording_with_nothing_playable_is_refused(self):
         self.all_refuse(f"there is no recording {self.recording}")
