@@ -28,11 +28,22 @@ def duration(frames: list[rec.Frame], times: int) -> int:
     return (times - 1) * rec.pass_length(frames) + frames[-1].microseconds
 
 
+def advice(recording: rec.Recording) -> str:
+    """For a run whose identifiers' bits are unknown. Empty when each run shows something."""
+    try:
+        rec.shown_frames(recording, 11)
+    except rec.Refused:
+        return ("all its identifiers have 29 bits, and a window set to 11 bits shows none of them: give --ids 29, "
+                "or choose 29 bits in the window's settings")
+    return ""
+
+
 def main() -> int:
     options = argparse.ArgumentParser(description=__doc__)
     options.add_argument("recording")
-    options.add_argument("--ids", choices=("11", "29", "both"), default="both",
-                         help="bits of the run's identifiers")
+    options.add_argument("--ids", choices=("11", "29", "both", "unknown"), default="both",
+                         help="bits of the run's identifiers; when they are unknown, a second line says what a "
+                              "run with 11 bits lacks")
     options.add_argument("--comparable", choices=COMPARABLE,
                          help="refuses also what a run's page or logs cannot be compared with")
     options.add_argument("--duration", type=int, metavar="TIMES",
@@ -45,7 +56,12 @@ def main() -> int:
     except rec.Refused as refused:
         print(f"error: {refused}", file=sys.stderr)
         return 1
-    print(summary(recording) if given.duration is None else duration(recording.frames, given.duration))
+    if given.duration is not None:
+        print(duration(recording.frames, given.duration))
+        return 0
+    print(summary(recording))
+    if given.ids == "unknown" and advice(recording):
+        print(advice(recording))
     return 0
 
 

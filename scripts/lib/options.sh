@@ -84,6 +84,7 @@ check_value() {
     *..*)
       [[ $value =~ ^(0|[1-9][0-9]{0,9})$ ]] && ((value >= ${kind%..*} && value <= ${kind#*..})) && return
       wanted="a whole number from ${kind%..*} to ${kind#*..}"
+      [[ ! $value =~ ^0[0-9]+$ ]] || wanted+=" without leading zeros"
       ;;
     factor)
       [[ $value =~ ^([0-9]{0,3}(\.[0-9]{1,3})?|1000)$ && $value =~ [1-9] ]] && return

@@ -20,14 +20,15 @@ source "$root/scripts/lib/settings.sh"
 source "$root/scripts/lib/recordings.sh"
 
 # need_recording FILE IDS [--comparable page|logs]: says what the recording holds, or ends the script with a sentence
-# when that is nothing for a program with identifiers of so many bits, or nothing to compare with.
+# when that is nothing for a program with identifiers of so many bits, or nothing to compare with. IDS is that of
+# the options, or `unknown`.
 need_recording() {
-  local summary
+  local summary line
   [ -e "$1" ] || fail "there is no recording $1"
   # Who names a wrong file waits for the installation of Python at most, and not for that of the compilers.
   command -v python3 >/dev/null || need_packages recordings
   summary=$(run_python scripts/lib/check_recording.py --ids "$2" "${@:3}" -- "$1") || exit 1
-  say "$summary"
+  while IFS= read -r line; do say "$line"; done <<<"$summary"
 }
 
 # run_prepare NAME: the session and $folder, which has the program.

@@ -123,6 +123,8 @@ class Options(Place):
                 ("demo", "--seconds", "0", whole), ("demo", "--seconds", "1.5", whole),
                 ("demo", "--seconds", str(MOST_WHOLE + 1), whole), ("demo", "--still", "0", whole),
                 ("demo", "--still", "-1", whole), ("demo", "--seconds", "9" * 30, whole),
+                ("demo", "--seconds", "01", f"{whole} without leading zeros"),
+                ("demo", "--clock-start", "00", f"{ticks} without leading zeros"),
                 ("demo", "--clock-start", "-1", ticks), ("demo", "--clock-start", "4294967296", ticks),
                 ("demo", "--adapter", "usb", "is canusb, interface or kvaser"),
                 ("demo", "--adapter", "canusb|interface", "is canusb, interface or kvaser"),
@@ -201,7 +203,13 @@ class Recordings(Place):
 
     def test_a_window_for_the_user_may_show_any_identifiers(self):
         log = self.file("extended.log", GOOD_LINE.replace("123#", "00000123#"))
-        self.assertIn("dpkg-query", self.run_script("demo", "--log", log, environment={"DISPLAY": ":4095"}).begun)
+        shown = {"DISPLAY": ":4095"}
+        ended = self.run_script("demo", "--log", log, environment=shown)
+        self.assertIn("dpkg-query", ended.begun)
+        self.assertRegex(ended.said, r"\A-- .*: 1 frame in .*\n-- all its identifiers have 29 bits, .*: give --ids 29, ")
+        for ids in ("29", "both"):
+            said = self.run_script("demo", "--log", log, "--ids", ids, environment=shown).said
+            self.assertNotIn("--ids", said)
 
     def test_identifier_0_alone_has_logs_and_no_page(self):
         log = self.file("zero.log", GOOD_LINE.replace("123#", "000#"))
