@@ -129,10 +129,11 @@ build_all() {
   }
 }
 
-# build_before_commands [TARGET...]: the program and what drives it, so that no command's limit of time
-# includes their first build.
+# build_before_commands [TARGET...]: the program, what drives it, and the Wine prefix that all others are
+# copied from, so that no command's limit of time includes the making of these.
 build_before_commands() {
   (build_program x64 tolvane_drive "$@") || { count_failed "the program cannot be built"; return 1; }
+  need_wine
 }
 
 # Entries of ctest that are no unit tests.

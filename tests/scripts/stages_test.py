@@ -15,6 +15,8 @@ STAGES = "checks unit sanitizers fuzz soak commands wine window replay logs rele
 NO_WINE = {"wine", "wine64", "wine32", "xvfb"}
 X64, X86 = "g++-mingw-w64-x86-64-posix", "g++-mingw-w64-i686-posix"
 NO_WINDOWS = NO_WINE | {X64, X86}
+# The stages that start scripts, each with what starts and counts one.
+COMMAND_STAGES = {"commands": "count_command", "replay": "replay_case", "logs": "log_case"}
 
 
 def run(*arguments: str) -> subprocess.CompletedProcess:
@@ -71,11 +73,20 @@ class Stages(unittest.TestCase):
     def test_the_checks_have_the_tools_that_their_tests_call(self):
         self.assertLessEqual({"git", "python3", "imagemagick", "shellcheck"}, self.packages_of("checks"))
 
+    def test_the_first_wine_prefix_belongs_to_no_commands_limit_of_time(self):
+        for stage, case in COMMAND_STAGES.items():
+            said = self.bash(f'''build_program() {{ echo build; }}
+                need_wine() {{ echo prefix; }}
+                own_recording() {{ echo /dev/null; }}
+                {case}() {{ echo case; }}
+                stage_{stage}''').splitlines()
+            self.assertEqual(["build", "prefix", "case"], said[:3], stage)
+
     def test_the_first_build_belongs_to_no_commands_limit_of_time(self):
-        for stage, cases in {"commands": "count_command", "replay": "replay_case", "logs": "log_case"}.items():
+        for stage, case in COMMAND_STAGES.items():
             said = self.bash(f'''build_program() {{ echo "build $*"; exit 1; }}
                 own_recording() {{ echo /dev/null; }}
-                {cases}() {{ echo case; }}
+                {case}() {{ echo case; }}
                 stage_{stage} || true; echo "$failed"''').splitlines()
             self.assertRegex(said[0], "^build x64 tolvane_drive", stage)
             self.assertEqual("1", said[-1])
