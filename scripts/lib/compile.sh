@@ -1,6 +1,8 @@
 # Configuring and building a preset, quietly: the output stands in a file and is shown on failure.
 # shellcheck shell=bash
 : "${build:?common.sh comes first}" "${root:?}"
+# shellcheck source=lock.sh
+source "$root/scripts/lib/lock.sh"
 
 # quietly LOG COMMAND ARGS
 quietly() {
@@ -13,20 +15,22 @@ quietly() {
   fi
 }
 
-# One CMake at a time works in a preset's folder; a second script waits for it.
+# cmake_alone PRESET LOG CMAKE-ARGUMENTS: one CMake at a time works in a preset's folder, and a second script
+# waits for it.
+cmake_alone() (
+  lock_alone "$build/$1.lock" "builds in $build/$1 too"
+  cd "$root" && quietly "$2" cmake "${@:3}"
+)
 
 # configure_preset PRESET [CMAKE-ARGUMENT...]
-configure_preset() {
-  (cd "$root" && quietly "$build/$1-configure.log" flock "$build/$1.lock" cmake --preset "$@")
-}
+configure_preset() { cmake_alone "$1" "$build/$1-configure.log" --preset "$@"; }
 
 # build_configured PRESET [TARGET...]: everything when no target is named.
 build_configured() {
   local preset=$1 targets=()
   shift
   [ $# -eq 0 ] || targets=(--target "$@")
-  (cd "$root" && quietly "$build/$preset-build.log" \
-    flock "$build/$preset.lock" cmake --build --preset "$preset" "${targets[@]}")
+  cmake_alone "$preset" "$build/$preset-build.log" --build --preset "$preset" "${targets[@]}"
 }
 
 # build_preset PRESET [TARGET...]: the Windows presets need no test package, unless tests were built

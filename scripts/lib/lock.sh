@@ -26,3 +26,9 @@ lock_wait() {
   fi
   lock_sign "$2"
 }
+
+# lock_alone FILE WHAT: the same until the script ends, or the subshell.
+lock_alone() {
+  lock_open "$1"
+  lock_wait "$lock_descriptor" "$@"
+}

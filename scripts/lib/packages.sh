@@ -2,6 +2,8 @@
 # shellcheck shell=bash
 # shellcheck disable=SC2034 # the lists are read through ${!list}
 : "${build:?common.sh comes first}"
+# shellcheck source=lock.sh
+source "${root:?}/scripts/lib/lock.sh"
 
 # What builds the program for each Windows, and what runs it and looks at it.
 packages_build_x64="cmake ninja-build g++-mingw-w64-x86-64-posix binutils-mingw-w64-x86-64"
@@ -51,25 +53,29 @@ missing_packages() {
 
 # need_packages GROUP...: installs what misses, after saying so.
 need_packages() {
-  local missing log=$build/packages.log
-  missing=$(missing_packages "$@")
-  if [ -n "$missing" ]; then
-    say "this machine misses these Debian packages, they are installed now: $missing"
-    command -v apt-get >/dev/null ||
-      fail "no apt-get here: install the packages above (or their like) by hand"
-    as_root apt-get --version >/dev/null || fail "without root rights they cannot be installed"
-    mkdir -p "$build"
-    # Lists that are empty or out of date make the first attempt fail.
-    # shellcheck disable=SC2086 # a list of words
-    if ! install_packages $missing >"$log" 2>&1; then
-      say "fetching the package lists"
-      as_root apt-get update >>"$log" 2>&1 || true
-      install_packages $missing >"$log" 2>&1 ||
-        fail "the packages above cannot be installed: $(first_complaint "$log")"
-    fi
-  fi
+  [ -z "$(missing_packages "$@")" ] || install_missing "$@" || exit 1
   case " $* " in *" run "*) need_japanese_locale ;; esac
 }
+
+# install_missing GROUP...: one script at a time. What another one has installed meanwhile misses no more.
+install_missing() (
+  lock_alone "$build/packages.lock" "installs packages too"
+  log=$build/packages.log
+  missing=$(missing_packages "$@")
+  [ -n "$missing" ] || exit 0
+  say "this machine misses these Debian packages, they are installed now: $missing"
+  command -v apt-get >/dev/null ||
+    fail "no apt-get here: install the packages above (or their like) by hand"
+  as_root apt-get --version >/dev/null || fail "without root rights they cannot be installed"
+  # Lists that are empty or out of date make the first attempt fail.
+  # shellcheck disable=SC2086 # a list of words
+  if ! install_packages $missing >"$log" 2>&1; then
+    say "fetching the package lists"
+    as_root apt-get update >>"$log" 2>&1 || true
+    install_packages $missing >"$log" 2>&1 ||
+      fail "the packages above cannot be installed: $(first_complaint "$log")"
+  fi
+)
 
 # first_complaint LOG: the first thing that apt-get or debootstrap complained of.
 first_complaint() {

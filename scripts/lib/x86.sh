@@ -6,6 +6,8 @@
 : "${build:?common.sh comes first}" "${root:?}" "${packages_x86_root:?packages.sh comes first}"
 # shellcheck source=debian_root.sh
 source "$root/scripts/lib/debian_root.sh"
+# shellcheck source=lock.sh
+source "$root/scripts/lib/lock.sh"
 
 x86_root=$build/x86-root
 
@@ -39,9 +41,21 @@ runs_32_bit_programs() {
 
 # x86_make_root: false when it cannot be made; x86_reason tells why.
 x86_make_root() {
+  local making code=0
+  x86_root_ready && return
+  lock_open "$x86_root.lock"
+  making=$lock_descriptor
+  lock_wait "$making" "$x86_root.lock" "makes the 32-bit root too"
+  x86_root_ready || x86_root_anew || code=$?
+  exec {making}>&-
+  return "$code"
+}
+
+# A root made for another list of packages is made anew.
+x86_root_ready() { [ "$(cat "$x86_root/tolvane-ready" 2>/dev/null)" = "$packages_x86_root" ]; }
+
+x86_root_anew() {
   x86_log=$build/x86-root.log
-  # A root made for another list of packages is made anew.
-  [ "$(cat "$x86_root/tolvane-ready" 2>/dev/null)" = "$packages_x86_root" ] && return
   say "making the 32-bit root $x86_root (a minute or two, 850 MB)"
   debian_root_make "$x86_root" i386 || { x86_log=$debian_root_log; return 1; }
   # shellcheck disable=SC2086 # a list of words
