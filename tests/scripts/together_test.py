@@ -4,8 +4,11 @@ the argument.
 
 What would install or build stands here as a program that waits until it is let go."""
 
+import contextlib
+import os
 import pathlib
 import shutil
+import signal
 import subprocess
 import sys
 import tempfile
@@ -14,6 +17,12 @@ import time
 import unittest
 
 PROJECT = pathlib.Path(sys.argv.pop())
+
+
+def end(process: subprocess.Popen) -> None:
+    """With all that it started."""
+    with contextlib.suppress(ProcessLookupError):
+        os.killpg(process.pid, signal.SIGKILL)
 
 
 class Together(unittest.TestCase):
@@ -43,10 +52,11 @@ class Together(unittest.TestCase):
     def start(self, *words: str) -> subprocess.Popen:
         environment = {"PATH": f"{self.tools}:/usr/bin:/bin", "HOME": str(self.folder)}
         process = subprocess.Popen([str(self.project / words[0]), *words[1:]], env=environment, text=True,
-                                   stdin=subprocess.DEVNULL, stdout=subprocess.PIPE, stderr=subprocess.STDOUT)
+                                   stdin=subprocess.DEVNULL, stdout=subprocess.PIPE, stderr=subprocess.STDOUT,
+                                   start_new_session=True)
         self.addCleanup(process.stdout.close)
         self.addCleanup(process.wait)
-        self.addCleanup(process.kill)
+        self.addCleanup(end, process)
         return process
 
     def begun(self) -> int:
@@ -60,7 +70,7 @@ class Together(unittest.TestCase):
             time.sleep(0.02)
         other = self.start(*second)
         # One that does not wait for the first has nothing to say while its tool waits.
-        deadline = threading.Timer(30, other.kill)
+        deadline = threading.Timer(30, end, [other])
         deadline.start()
         self.addCleanup(deadline.cancel)
         told = next((line for line in other.stdout if line.startswith("-- waiting ")), "")
