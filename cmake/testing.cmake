@@ -12,16 +12,25 @@ if(WIN32)
   if(NOT TARGET GTest::gtest_main)
     add_library(GTest::gtest_main ALIAS gtest_main)
   endif()
+  # As the tests themselves.
+  foreach(library gtest gtest_main gmock)
+    target_compile_options(${library} PRIVATE -O0 -g0)
+  endforeach()
 else()
   find_package(GTest REQUIRED)
 endif()
 include(GoogleTest)
 
 # What every test is compiled with. The tests' own code needs no optimizer, and without it compiles in
-# half the time.
+# half the time. Nobody debugs the Windows ones under Wine, and without symbols they link faster by a third.
 add_library(tolvane_test_options INTERFACE)
 target_link_libraries(tolvane_test_options INTERFACE tolvane_options GTest::gtest_main GTest::gmock)
-target_compile_options(tolvane_test_options INTERFACE -O0 -g1)
+if(WIN32)
+  target_compile_options(tolvane_test_options INTERFACE -O0 -g0)
+  target_link_options(tolvane_test_options INTERFACE -s)
+else()
+  target_compile_options(tolvane_test_options INTERFACE -O0 -g1)
+endif()
 
 # Most of what is left goes into reading these headers, so all tests share one reading of them. Files
 # include what they use all the same: CMAKE_DISABLE_PRECOMPILE_HEADERS builds them without.

@@ -52,6 +52,18 @@ class Stages(unittest.TestCase):
         self.bash('for stage in $(all_stages); do declare -F "stage_$stage"; done')
         self.bash('for group in $(stage_groups $(all_stages)); do list=packages_$group; : "${!list:?}"; done')
 
+    def test_what_is_built_by_name_is_built_by_a_stage(self):
+        for stage, targets in {"unit": "native", "sanitizers": "native-sanitize", "x86": "windows-x86",
+                               "soak": "native soak_tests tolvane_soak benchmarks",
+                               "wine": "windows-x64 all benchmarks"}.items():
+            said = self.bash(f'''need_wine() {{ :; }}
+                x86_obstacle() {{ :; }}
+                x86_make_root() {{ :; }}
+                source() {{ :; }}
+                build_all() {{ echo "$*"; return 1; }}
+                stage_{stage} || true''')
+            self.assertEqual([targets], said.splitlines(), stage)
+
     def test_a_stage_brings_only_what_it_needs(self):
         for stage, strangers in {"checks": NO_WINDOWS | {"clang", "debootstrap"},
                                  "unit": NO_WINDOWS | {"clang", "git", "shellcheck"},
