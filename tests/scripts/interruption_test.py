@@ -11,6 +11,8 @@ import tempfile
 import time
 import unittest
 
+import processes
+
 PROJECT = pathlib.Path(sys.argv.pop())
 RUN = PROJECT / "scripts/lib/python-run"
 RECORDING = "(1502984866.421964) can0 123#0102\n"
@@ -28,9 +30,8 @@ class Interruption(unittest.TestCase):
         return path
 
     def start(self, *words, **environment: str) -> subprocess.Popen:
-        return subprocess.Popen([str(word) for word in words], stdin=subprocess.DEVNULL, stdout=subprocess.PIPE,
-                                stderr=subprocess.PIPE, text=True, env=os.environ | environment,
-                                start_new_session=True)
+        return processes.start(self, [str(word) for word in words], env=os.environ | environment,
+                               stderr=subprocess.PIPE)
 
     def test_a_script_is_run_as_python_itself_runs_it(self):
         self.script("neighbour.py", "NAME = 'neighbour'\n")
@@ -55,7 +56,8 @@ class Interruption(unittest.TestCase):
     def test_what_python_does_before_the_script_says_nothing_of_an_interruption(self):
         # Stands for the modules that Python itself reads first.
         began = self.folder / "began"
-        self.script("sitecustomize.py", f"import pathlib, time\npathlib.Path({str(began)!r}).touch()\ntime.sleep(0.5)\n")
+        self.script("sitecustomize.py",
+                    f"import pathlib, time\npathlib.Path({str(began)!r}).touch()\ntime.sleep(0.5)\n")
         process = self.start(RUN, self.script("script.py", "print('ran')\n"), PYTHONPATH=str(self.folder))
         while not began.exists():
             time.sleep(0.01)

@@ -4,11 +4,8 @@ the argument.
 
 What would install or build stands here as a program that waits until it is let go."""
 
-import contextlib
-import os
 import pathlib
 import shutil
-import signal
 import subprocess
 import sys
 import tempfile
@@ -16,13 +13,9 @@ import threading
 import time
 import unittest
 
+import processes
+
 PROJECT = pathlib.Path(sys.argv.pop())
-
-
-def end(process: subprocess.Popen) -> None:
-    """With all that it started."""
-    with contextlib.suppress(ProcessLookupError):
-        os.killpg(process.pid, signal.SIGKILL)
 
 
 class Together(unittest.TestCase):
@@ -51,13 +44,8 @@ class Together(unittest.TestCase):
 
     def start(self, *words: str) -> subprocess.Popen:
         environment = {"PATH": f"{self.tools}:/usr/bin:/bin", "HOME": str(self.folder)}
-        process = subprocess.Popen([str(self.project / words[0]), *words[1:]], env=environment, text=True,
-                                   stdin=subprocess.DEVNULL, stdout=subprocess.PIPE, stderr=subprocess.STDOUT,
-                                   start_new_session=True)
-        self.addCleanup(process.stdout.close)
-        self.addCleanup(process.wait)
-        self.addCleanup(end, process)
-        return process
+        return processes.start(self, [str(self.project / words[0]), *words[1:]], env=environment,
+                               stderr=subprocess.STDOUT)
 
     def begun(self) -> int:
         return len(self.calls.read_text(encoding="utf-8").splitlines())
@@ -70,7 +58,7 @@ class Together(unittest.TestCase):
             time.sleep(0.02)
         other = self.start(*second)
         # One that does not wait for the first has nothing to say while its tool waits.
-        deadline = threading.Timer(30, end, [other])
+        deadline = threading.Timer(30, processes.end, [other])
         deadline.start()
         self.addCleanup(deadline.cancel)
         told = next((line for line in other.stdout if line.startswith("-- waiting ")), "")
