@@ -141,7 +141,7 @@ other_entries='^(floors|docs|scripts|traffic|window|release|fuzz)\.|^window_test
 
 stage_checks() {
   configure_preset native || { count_failed "the preset native cannot be configured"; return; }
-  run_ctest checks native -R '^(floors|docs|scripts|traffic|window|release)\.'
+  run_ctest checks native -j2 -R '^(floors|docs|scripts|traffic|window|release)\.'
   count_command format check_format
   count_command shellcheck check_scripts
 }
