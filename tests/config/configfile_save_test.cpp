@@ -100,7 +100,19 @@ TEST_F(ConfigSave, WholeRecordByteForByte) {
 }
 
 TEST_F(ConfigSave, RecordIs382BytesAndItsTexts) {
-  EXPECT_EQ(kDistinct.size(), 382U + 15U + 34U + 5U + 0U + 5U);
+  FillDistinct(device);
+  const auto saved_size = [&] {
+    files.Remove(kPath);
+    EXPECT_EQ(Save(), FileSaveSystem::kConfigSaved);
+    return Config().size();
+  };
+  EXPECT_EQ(saved_size(), 382U + 15U + 34U + 5U + 0U + 5U);
+  device.Application_title = u"Tolvane";
+  device.Copy_light = u"";
+  device.t_SaveFilePath = u"";
+  device.t_LogSaveFilePath = u"C:\\表";
+  device.t_LogComment = u"";
+  EXPECT_EQ(saved_size(), 382U + 7U + 0U + 0U + 5U + 0U);
 }
 
 TEST_F(ConfigSave, EveryFieldComesBackToItsPlace) {
@@ -164,13 +176,17 @@ TEST_F(ConfigSave, TextBeyondItsCountIsCutAtAWholeCharacter) {
     const char* label;
     String comment;
     std::size_t bytes;
+    StringView start;
   };
   const String filler(65534, u'x');
-  const Row rows[] = {{"fits exactly", filler + u"y", 65535},
-                      {"one too many", filler + u"yz", 65535},
-                      {"double byte across the end", filler + u"表", 65534},
-                      {"pair across the end is one question mark", filler + u"\U0001F600z", 65535},
-                      {"all double bytes", String(40000, u'表'), 65534}};
+  const Row rows[] = {
+      {"fits exactly", filler + u"y", 65535, u"xx"},
+      {"one too many", filler + u"yz", 65535, u"xx"},
+      {"double byte across the end", filler + u"表", 65534, u"xx"},
+      {"pair across the end is one question mark", filler + u"\U0001F600z", 65535, u"xx"},
+      {"pair well before the end", u"\U0001F601" + filler + u"z", 65535, u"?x"},
+      {"half a pair at the very end", filler + u"y\xD83D", 65535, u"xx"},
+      {"all double bytes", String(40000, u'表'), 65534, u"表表"}};
   for (const Row& row : rows) {
     device.t_LogComment = row.comment;
     files.Remove(kPath);
@@ -180,6 +196,7 @@ TEST_F(ConfigSave, TextBeyondItsCountIsCutAtAWholeCharacter) {
     ASSERT_EQ(Load(), FileSaveSystem::kConfigLoaded) << row.label;
     EXPECT_EQ(device.t_dividend_ratio, 1.0) << row.label;
     EXPECT_EQ(device.t_LogComment.find(u'\u30FB'), String::npos) << "no broken character";
+    EXPECT_EQ(device.t_LogComment.substr(0, 2), row.start) << row.label;
   }
 }
 

@@ -88,6 +88,19 @@ const Office kOffices[] = {
 INSTANTIATE_TEST_SUITE_P(Rows, FormOptionLog1Office, testing::ValuesIn(kOffices),
                          [](const auto& row) { return row.param.label; });
 
+TEST_F(FormOptionLog1Test, AnyOfTheServersGivesTheSpreadsheetFormat) {
+  for (const std::int32_t installed : {-1, 0, 1, 2, 3}) {
+    device.ExcelInstallCheck = installed;
+    device.t_LogSaveFormat = kLogFormatSpreadsheet;
+    form.read_setting(device);
+    EXPECT_EQ(form.RB_LogSV_Format[0].enabled, installed >= 1) << installed;
+    EXPECT_EQ(form.RB_LogSV_Format[0].checked, installed >= 1) << installed;
+    form.RB_LogSV_Format[0].enabled = installed < 1;
+    form.CB_LogFile_Enable_Click(device);
+    EXPECT_EQ(form.RB_LogSV_Format[0].enabled, installed >= 1) << installed;
+  }
+}
+
 TEST_F(FormOptionLog1Test, WithoutAServerTheTextFormatIsSelectedWhateverTheSetting) {
   device.t_LogSaveFormat = 1;
   form.read_setting(device);

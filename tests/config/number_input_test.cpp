@@ -47,6 +47,9 @@ TEST(WholeNumberInput, RoundsHalvesToEvenBeforeTheLimits) {
 
 TEST(HexInput, ReadsDigitsOfEitherCaseIntoASigned32BitValue) {
   EXPECT_EQ(HexInput(u"7ff"), 0x7FF);
+  EXPECT_EQ(HexInput(u"89abcdef"), std::int64_t{-0x76543211});
+  EXPECT_EQ(HexInput(u"01234567"), 0x01234567);
+  EXPECT_EQ(HexInput(u"89ABCDEF"), std::int64_t{-0x76543211});
   EXPECT_EQ(HexInput(u" 1FFFFFFF "), 0x1FFFFFFF);
   EXPECT_EQ(HexInput(u"00000000000000000000000000000000000000AB"), 0xAB);
   EXPECT_EQ(HexInput(u"80000000"), std::int64_t{std::numeric_limits<std::int32_t>::min()});
@@ -59,8 +62,8 @@ TEST(HexInput, MoreThanEightSignificantDigitsAreOutsideEveryRange) {
 }
 
 TEST(HexInput, RefusesWhatIsNoHexadecimalNumber) {
-  for (const StringView row :
-       {u"", u"  ", u"xyz", u"-1", u"&H1", u"1 2", u"７ＦＦ", u"😀", u"0x1"}) {
+  for (const StringView row : {u"", u"  ", u"/", u":", u"@", u"G", u"`", u"g", u"xyz", u"-1",
+                               u"&H1", u"1 2", u"７ＦＦ", u"😀", u"0x1"}) {
     EXPECT_FALSE(HexInput(row)) << testing::PrintToString(String(row));
   }
 }

@@ -110,6 +110,21 @@ TEST_F(CsvLog, The20001stRecordOfAChannelRollsOver) {
   EXPECT_TRUE(SameBytes(LogBytes(u"001"), expected));
 }
 
+TEST_F(CsvLog, AChannelIsAsLongAsTheLogSays) {
+  db.Excel_DB_ArayyCounter_MAX = 2;
+  for (std::int32_t i = 0; i < 7; ++i) {
+    EXPECT_EQ(db.Excel_DB_ArayyCh, i / 3 % 2 + 1) << i;
+    db.csv_DataInput(i, 0x100, 0, kBytes);
+    RollOver();
+  }
+  EXPECT_EQ(db.Excel_DB_ArayyCounter, 1);
+  for (const StringView number : {u"001", u"002"}) {
+    const std::string bytes = LogBytes(number);
+    EXPECT_EQ(std::count(bytes.begin(), bytes.end(), '\n'), 8 + 3);
+  }
+  EXPECT_EQ(LogBytes(u"003"), "");
+}
+
 TEST_F(CsvLog, RecordsGoOnInTheOtherChannelAndComeBackToTheFirst) {
   for (std::int32_t i = 0; i < 3 * 20001; ++i) {
     db.csv_DataInput(i, 0x100, 0, kBytes);

@@ -80,10 +80,15 @@ TEST_F(WorkbookRecords, AnotherChannelNumberFillsNoRecordsAndClearsNothing) {
   EXPECT_EQ(Cell(0, 2), u"123");
 }
 
-TEST_F(WorkbookRecords, AFlagOtherThanOneIsNoStar) {
-  for (const std::int32_t can_Flag : {0, 2, -1}) db.Excel_DataInput29(1.0, 1, 0, kBytes, can_Flag);
+TEST_F(WorkbookRecords, TheFlagOfOneIsAStarInRecordsOfBothWidths) {
+  for (const std::int32_t can_Flag : {0, 1, 2, -1}) {
+    db.Excel_DataInput(1.0, 1, 0, kBytes, can_Flag);
+    db.Excel_DataInput29(1.0, 1, 0, kBytes, can_Flag);
+  }
   FlushWorkbook(1);
-  for (std::size_t row = 0; row < 3; ++row) EXPECT_EQ(Cell(row, 1), u"") << row;
+  for (std::size_t row = 0; row < 8; ++row) {
+    EXPECT_EQ(Cell(row, 1), row / 2 == 1 ? u"*" : u"") << row;
+  }
 }
 
 TEST_F(WorkbookRecords, ARunBeginsWithBlankTables) {

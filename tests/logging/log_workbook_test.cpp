@@ -11,6 +11,8 @@ namespace {
 
 class Workbook : public WorkbookTest {};
 
+constexpr std::int32_t kCallsBehindTheYield = 4;  // two to save, two to close
+
 /// One value with its font size, as the head of the sheet is filled.
 void AppendHeadCell(std::vector<std::string>& lines, const std::string& address,
                     const std::string& value, int size) {
@@ -107,8 +109,10 @@ TEST_F(Workbook, EveryRefusedCallEndsTheFlushAndTheNextOneWorks) {
     StartRun();
     db.Excel_DataInput(1.0, 0x123, 8, kBytes, 0);
     const std::int32_t before = servers.Operations();
+    const std::int64_t yields_before = events.Yields();
     servers.FailAt(n);
     FlushWorkbook(1);
+    EXPECT_EQ(events.Yields() - yields_before, n > calls - kCallsBehindTheYield ? 1 : 0) << n;
     EXPECT_EQ(servers.Operations() - before, n) << "nothing is asked behind the refused call";
     EXPECT_EQ(servers.LiveObjects(), 1) << n;
     FlushWorkbook(1);
@@ -226,7 +230,7 @@ TEST_F(Workbook, TheFlushItselfLetsEventsInOnlyBeforeTheSave) {
   });
   FlushWorkbook(1);
   EXPECT_EQ(events.Yields(), 1);
-  EXPECT_EQ(calls_after_yield, 4) << "two to save, two to close";
+  EXPECT_EQ(calls_after_yield, kCallsBehindTheYield);
 }
 
 TEST_F(Workbook, YieldsForTakenNamesComeOnTop) {

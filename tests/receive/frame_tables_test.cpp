@@ -115,5 +115,13 @@ TEST(ArayyClear, ClearsUpToAndIncludingTheBound) {
   EXPECT_EQ(currencies(3), Currency{1});
 }
 
+TEST(Column, AFillTakesItsBoundInAndANegativeOneFillsNothing) {
+  for (std::int32_t bound = -2; bound < 4; ++bound) {
+    Column<std::int32_t, 4> column;
+    column.Fill(bound, 7);
+    for (std::int16_t i = 0; i < 4; ++i) EXPECT_EQ(column(i), i <= bound ? 7 : 0) << bound;
+  }
+}
+
 }  // namespace
 }  // namespace tolvane

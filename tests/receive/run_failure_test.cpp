@@ -64,12 +64,19 @@ TEST(FailedOpen, InterfaceStillDeactivatesAndClosesWithHandleMinusOne) {
 }
 
 TEST(FailedOpen, InterfaceBoxComesBeforeTheClose) {
-  RunBench bench;
-  bench.IFCan.get_config_status = 9;
-  Lines before;
-  bench.message_box.WhileShown([&] { before = bench.journal.Lines(); });
-  bench.Run(BindingKind::kInterface, WorkerKind::FormBG);
-  EXPECT_EQ(std::count(before.begin(), before.end(), "CanDeactivate(-1)"), 0);
+  for (const WorkerKind worker : kAllWorkers) {
+    SCOPED_TRACE(WayName(BindingKind::kInterface, worker));
+    RunBench bench;
+    bench.IFCan.get_config_status = 9;
+    Lines before;
+    bench.message_box.WhileShown([&] {
+      before = Calls(bench);
+      EXPECT_EQ(bench.RxFlag, 1);
+    });
+    bench.Run(BindingKind::kInterface, worker);
+    EXPECT_EQ(before, (Lines{"CanOpenPort(\"IFCAN1\")", "CanGetConfig(101)", "CanClosePort(101)"}));
+    EXPECT_EQ(Calls(bench), (Lines{"CanDeactivate(-1)", "CanClosePort(-1)"}));
+  }
 }
 
 TEST(FailedOpen, KvaserSecondLineDiffersByWorker) {
@@ -103,6 +110,26 @@ TEST(RefusedRate, NothingIsOpenedAndTheStatusIsZero) {
       ExpectStopMessage(bench, u"非対応の通信速度が選択されています。\r\n接続をを終了します。");
       EXPECT_EQ(Calls(bench), Lines{});
       EXPECT_EQ(bench.RxFlag, 0);
+    }
+  }
+}
+
+// The subfolder is the first thing that a run makes. CANUSB refuses no rate, but may not open.
+TEST(RefusedRate, LeavesTheSubfolderOfTheRun) {
+  for (const BindingKind binding : kAllBindings) {
+    for (const WorkerKind worker : kAllWorkers) {
+      SCOPED_TRACE(WayName(binding, worker));
+      RunBench bench;
+      bench.device.t_LogSave_subFolder = 1;
+      bench.device.t_LogComment = u"bench";
+      bench.device.t_bitRate = 1;
+      bench.canusbdrv.open_result = 0;
+      bool made_before_the_box = false;
+      bench.message_box.WhileShown(
+          [&] { made_before_the_box = bench.files.FolderExists(u"C:\\Tolvane\\bench"); });
+      bench.Run(binding, worker);
+      EXPECT_EQ(bench.message_box.Boxes().size(), 1u);
+      EXPECT_TRUE(made_before_the_box);
     }
   }
 }

@@ -160,9 +160,15 @@ TEST_P(Exclusion, ModeZeroDropsNothing) {
 }
 
 TEST_P(Exclusion, AnyOtherModeDropsEverything) {
-  bench_.device.t_Save_ID_DisableMode = 2;
-  EXPECT_EQ(Stored(bench_, GetParam(), WorkerKind::FormBG2), 0);
-  EXPECT_EQ(bench_.loop.Yields(), 1);
+  for (const std::int32_t mode : {2, -1, INT32_MIN, INT32_MAX}) {
+    for (const WorkerKind worker : {WorkerKind::FormBG2, WorkerKind::FormBG2_29}) {
+      RunBench bench;
+      bench.device.t_Save_ID_DisableMode = mode;
+      bench.Play(GetParam(), {{.id = 0x0FF}, {.id = 0x100}});
+      EXPECT_EQ(Stored(bench, GetParam(), worker), 0) << WayName(GetParam(), worker) << mode;
+      EXPECT_EQ(bench.loop.Yields(), 1);
+    }
+  }
 }
 
 TEST_P(Exclusion, DroppedFramesReachNeitherTableNorLog) {

@@ -165,25 +165,6 @@ TEST(Logs, NegativeDlcIsLoggedAsItIsWithoutBytes) {
   EXPECT_EQ(bench.workers.FormBG.Frames().CAN11_DLC(0x10), 255);
 }
 
-TEST(Logs, SpreadsheetGetsTheFramesOfBothKinds) {
-  for (const WorkerKind worker : {WorkerKind::FormBG, WorkerKind::FormBG_29}) {
-    RunBench bench;
-    bench.automation.Register(u"Excel.Application");
-    bench.objExcel = bench.automation.CreateObject(u"Excel.Application");
-    bench.device.ExcelInstallCheck = 1;
-    bench.device.t_LogSave_Enable = 1;
-    bench.device.t_LogSaveFormat = 1;
-    bench.Run(kCanusb, worker, {{.id = 0x10}, {.id = 0x11, .extended = Is29Bit(worker)}});
-    ASSERT_FALSE(bench.automation.Tables().empty());
-    const auto& cells = bench.automation.Tables().back().cells;  // the records, behind the header
-    ASSERT_EQ(cells.size(), 20001u * 12u);
-    EXPECT_EQ(cells[1], u"");
-    EXPECT_EQ(cells[2], Is29Bit(worker) ? u"00000010" : u"010");
-    EXPECT_EQ(cells[12 + 1], Is29Bit(worker) ? u"*" : u"");
-    EXPECT_EQ(cells[12 + 2], Is29Bit(worker) ? u"00000011" : u"011");
-  }
-}
-
 TEST(Logs, HalfIsFlushedInTheLoopAfterRecord20001AndThenTheOtherFills) {
   for (const WorkerKind worker : {WorkerKind::FormBG, WorkerKind::FormBG_29}) {
     RunBench bench;

@@ -1,58 +1,14 @@
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <string>
 #include <vector>
 
 #include "tests/receive/run_bench.h"
+#include "tests/receive/run_sequence.h"
 
 namespace tolvane {
 namespace {
-
-using Lines = std::vector<std::string>;
-
-// What a run does to the outside, in order: 500k bps, csv log, user disconnects at the first yield.
-const Lines kBeginShown = {"TB_Protocol.Text = \"500k bps\"",
-                           "TB_Status.Text = \"通信中　ログ出力(csv)\""};
-const Lines kFinishing = {"TB_Status.Text = \"終了処理中\""};
-const Lines kFlushAndTimer = {"flush", "TimerBackView.Enabled = false"};
-const Lines kInterfaceOpen = {"CanOpenPort(\"IFCAN1\")", "CanGetConfig(101)"};
-const Lines kInterfaceClose = {"CanDeactivate(101)", "CanClosePort(101)"};
-const Lines kKvaserClose = {"canBusOff(5)", "canClose(5)"};
-
-Lines Joined(const std::vector<Lines>& parts) {
-  Lines all;
-  for (const Lines& part : parts) all.insert(all.end(), part.begin(), part.end());
-  return all;
-}
-
-Lines ExpectedOrder(BindingKind binding, WorkerKind worker) {
-  if (binding == BindingKind::kCanusb) {
-    return Joined({{"canusb_Open(\"LWR12345\", \"500\", 0, -1, 1)"},
-                   kBeginShown,
-                   {"TimerBackView.Enabled = true", "timeBeginPeriod(1)", "timeEndPeriod(1)"},
-                   kFinishing,
-                   {"canusb_Close(1)"},
-                   kFlushAndTimer});
-  }
-  if (binding == BindingKind::kInterface) {
-    return Joined({kInterfaceOpen,
-                   kBeginShown,
-                   {"TimerBackView.Enabled = true", "CanSetConfig(101, 0, 11, 12, 13, 14, 15, 295)",
-                    "CanActivate(101)", "timeBeginPeriod(1)", "timeEndPeriod(1)"},
-                   kFinishing,
-                   kFlushAndTimer,
-                   kInterfaceClose});
-  }
-  const bool status_first = worker == WorkerKind::FormBG2;
-  return Joined(
-      {{"canOpenChannel(0, 128)"},
-       kBeginShown,
-       {"canSetBusParams(5, -2, 5, 2, 1, 1, 0)", "canSetBusOutputControl(5, 4)",
-        "TimerBackView.Enabled = true", "canBusOn(5)", "timeBeginPeriod(1)", "timeEndPeriod(1)"},
-       status_first ? kFinishing : kKvaserClose,
-       status_first ? kKvaserClose : kFinishing,
-       kFlushAndTimer});
-}
 
 TEST(RunOrder, EachOfTheTwelveWaysHasItsSequence) {
   for (const BindingKind binding : kAllBindings) {
@@ -61,7 +17,7 @@ TEST(RunOrder, EachOfTheTwelveWaysHasItsSequence) {
       RunBench bench;
       bench.LogToCsv();
       EXPECT_EQ(bench.Run(binding, worker), 0);
-      EXPECT_EQ(bench.journal.Lines(), ExpectedOrder(binding, worker));
+      EXPECT_EQ(bench.journal.Lines(), SequenceOf(binding, worker, BenchHandle(binding)));
       EXPECT_EQ(bench.RxFlag, 0);
     }
   }
@@ -111,17 +67,6 @@ TEST(RunOrder, CanusbTimerIsStillOnInTheFlushAfterTheClose) {
   EXPECT_TRUE(timer_in_flush);
   ASSERT_GE(before_flush.size(), 2u);
   EXPECT_EQ(before_flush[before_flush.size() - 2], "canusb_Close(1)");
-}
-
-TEST(RunOrder, FurtherSetUpResultsAreNotLookedAt) {
-  RunBench bench;
-  bench.IFCan.set_config_status = 3;
-  bench.IFCan.activate_status = 4;
-  EXPECT_EQ(bench.Run(BindingKind::kInterface, WorkerKind::FormBG, {{.id = 0x10}}), 0);
-  EXPECT_EQ(bench.workers.FormBG.Frames().CAN11_Received(0x10), 3);
-  bench.canlib32.call_result = -9;
-  bench.Run(BindingKind::kKvaser, WorkerKind::FormBG, {{.id = 0x11}});
-  EXPECT_EQ(bench.workers.FormBG.Frames().CAN11_Received(0x11), 3);
 }
 
 TEST(RunOrder, InterfaceRunGivesTheStatusOfItsClose) {
@@ -270,6 +215,46 @@ TEST(RunStart, LogsGoToTheSubfolder) {
   bench.device.t_LogComment = u"bench";
   bench.Run(BindingKind::kCanusb, WorkerKind::FormBG);
   EXPECT_TRUE(bench.files.FileExists(u"C:\\Tolvane\\bench\\KL26112009-001.csv"));
+}
+
+// The flag of the subfolder is read at the flush as well, so a name left by the run before would
+// show.
+TEST(RunStart, NeitherFolderNorFileNameOfTheRunBeforeIsUsed) {
+  RunBench bench;
+  bench.LogToCsv();
+  bench.device.t_LogSave_subFolder = 1;
+  bench.device.t_LogComment = u"bench";
+  bench.files.AddFolder(u"C:\\Tolvane\\bench");
+  bench.files.AddFile(u"C:\\Tolvane\\bench\\KL26112009-001.csv", "taken");
+  for (const BindingKind binding : kAllBindings) {
+    for (const WorkerKind worker : kAllWorkers) {
+      SCOPED_TRACE(WayName(binding, worker));
+      bench.files.Remove(u"C:\\Tolvane\\bench-002");
+      bench.device.t_LogSave_subFolder = 1;
+      bench.Run(binding, worker);
+      EXPECT_TRUE(bench.files.FileExists(u"C:\\Tolvane\\bench-002\\KL26112009-001.csv"));
+
+      bench.device.t_LogSave_subFolder = 0;
+      bench.events = {[&] {
+        bench.device.t_LogSave_subFolder = 1;
+        bench.RxFlag = 0;
+      }};
+      bench.Run(binding, worker);
+      EXPECT_NE(bench.Log(1), "no file");
+      bench.files.Remove(u"C:\\Tolvane\\KL26112009-001.csv");
+    }
+  }
+}
+
+TEST(RunStart, FileNumbersAreSearchedFromTheFirstOn) {
+  RunBench bench;
+  bench.LogToCsv();
+  bench.files.AddFile(u"C:\\Tolvane\\KL26112009-001.csv", "taken");
+  bench.Run(BindingKind::kCanusb, WorkerKind::FormBG);
+  EXPECT_NE(bench.Log(2), "no file");
+  bench.files.Remove(u"C:\\Tolvane\\KL26112009-001.csv");
+  bench.Run(BindingKind::kCanusb, WorkerKind::FormBG);
+  EXPECT_NE(bench.Log(1), "no file");
 }
 
 }  // namespace

@@ -40,6 +40,15 @@ TEST_F(SpreadsheetRun, TheServerLivesFromBeforeTheCommentToTheEnd) {
   EXPECT_LT(place("call Excel.Application.Quit()"), static_cast<std::ptrdiff_t>(lines.size()));
 }
 
+TEST_F(SpreadsheetRun, TheServerIsHandedToTheRunOnEachAdapter) {
+  for (const std::int32_t vender : {kVenderCanusb, kVenderInterface, kVenderKvaser}) {
+    Choose(vender);
+    memory_.journal.Clear();
+    Connect();
+    EXPECT_THAT(bench_.Noted("call Excel.Application.ActiveWorkbook.SaveAs"), SizeIs(1)) << vender;
+  }
+}
+
 struct ServerRow {
   const char* label;
   std::int32_t t_LogSave_Enable;

@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include <cstdint>
+#include <string>
 
 #include "tests/run/run_control.h"
 
@@ -81,6 +82,57 @@ TEST_F(RunControl, ATextLogOfTheRunStandsInTheProgramsFolder) {
   Connect();
   EXPECT_TRUE(bench_.Wrote(u"KL26010509-001.csv"));
 }
+
+/// Two frames of ID 10 on one of the three adapters: 100 ms apart by its timer, 250 ms by the
+/// computer's clock.
+class RunOfTwoClocks : public RunControl, public testing::WithParamInterface<std::int32_t> {
+ protected:
+  RunOfTwoClocks() {
+    Choose(GetParam());
+    form_.device.t_LogSave_Enable = 1;
+    form_.device.t_dividend_ratio = 3.0;
+    memory_.qxt100.Now(5000);
+  }
+
+  void Play(std::int32_t time) {
+    memory_.canusbdrv.frames.Play({Frame(0x10, time, 1)});
+    memory_.IFCan.frames.Play(
+        {{.dlc = 0, .word2 = 0, .id = 0x10, .data = {}, .timestamp = time * 1000}});
+    memory_.canlib32.frames.Play({{.id = 0x10, .msg = {}, .dlc = 0, .flag = 2, .time = time}});
+  }
+
+  void Run() {
+    Play(1000);
+    Connect({[this] {
+               memory_.qxt100.Advance(250);
+               Play(1100);
+             },
+             [this] { memory_.FormBG.Tick(); }});
+  }
+
+  void ExpectCycle(StringView cycle) {
+    EXPECT_TRUE(memory_.RTB_MainView.Text().ends_with(u"   " + String(cycle) + u"ms\r\n"))
+        << Narrow(memory_.RTB_MainView.Text());
+    const std::string log =
+        memory_.files.Bytes(u"C:\\Tolvane\\KL26010509-001.csv").value_or("no file");
+    EXPECT_NE(log.find("\r\n         0 , 010 , "), std::string::npos) << log;
+    EXPECT_NE(log.find("\r\n       " + Narrow(cycle) + " , 010 , "), std::string::npos) << log;
+  }
+};
+
+TEST_P(RunOfTwoClocks, OfTheAdapterShowsAndLogsItsTimeStretchedByTheRatio) {
+  Run();
+  ExpectCycle(u"300");
+}
+
+TEST_P(RunOfTwoClocks, OfWindowsShowsAndLogsTheComputersTimeAsItIs) {
+  form_.device.t_Timer_Mode = 1;
+  Run();
+  ExpectCycle(u"250");
+}
+
+INSTANTIATE_TEST_SUITE_P(Adapters, RunOfTwoClocks,
+                         testing::Values(kVenderCanusb, kVenderInterface, kVenderKvaser));
 
 TEST_F(RunControl, OtherKindsShowTheirPagesToo) {
   Choose(kVenderInterface);

@@ -1,6 +1,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <cstddef>
 #include <string>
 #include <vector>
 
@@ -165,17 +166,35 @@ TEST(Start, ASecondInstanceShowsNothingAndTouchesNoFile) {
 }
 
 TEST(Start, OnlyLibrariesThatArePresentAreCalled) {
-  Form1Bench bench;
-  bench.Remove(kSystem, u"canusbdrv.dll");
-  bench.Remove(kSystem, u"canlib32.dll");
-  bench.memory.canusbdrv.serials = {"LAW00001"};
-  bench.memory.canlib32.channels = {0};
-  bench.memory.IFCan.ports = {{.number = 3}};
-  bench.form.Form_Load();
-  EXPECT_EQ(bench.form.ApplicationOpenFlag, 1);
-  EXPECT_THAT(bench.Noted("canusb_"), IsEmpty());
-  EXPECT_THAT(bench.Noted("canInitializeLibrary"), IsEmpty());
-  EXPECT_THAT(bench.memory.window.Cmb_Serect_Device.Lines(), ElementsAre(u"Interface  port:3"));
+  const struct {
+    StringView file;
+    const char* first_call;
+    StringView line;
+  } kLibraries[] = {{u"canusbdrv.dll", "canusb_getFirstAdapter", u"CANUSB LAW00001"},
+                    {u"IFCan.dll", "CanOpenPort(\"IFCAN1\")", u"Interface  port:3"},
+                    {u"canlib32.dll", "canInitializeLibrary", u"Leaf"}};
+  for (unsigned present = 1; present < 8; ++present) {
+    Form1Bench bench;
+    bench.memory.canusbdrv.serials = {"LAW00001"};
+    bench.memory.IFCan.ports = {{.number = 3}};
+    bench.memory.canlib32.channels = {0};
+    bench.memory.canlib32.channel_data[{0, 13}] = {std::byte{'L'}, std::byte{'e'}, std::byte{'a'},
+                                                   std::byte{'f'}};
+    std::vector<String> lines;
+    for (unsigned i = 0; i < 3; ++i) {
+      if (present >> i & 1) {
+        lines.emplace_back(kLibraries[i].line);
+      } else {
+        bench.Remove(kSystem, kLibraries[i].file);
+      }
+    }
+    bench.form.Form_Load();
+    EXPECT_EQ(bench.form.ApplicationOpenFlag, 1) << present;
+    EXPECT_EQ(bench.memory.window.Cmb_Serect_Device.Lines(), lines) << present;
+    for (unsigned i = 0; i < 3; ++i) {
+      EXPECT_EQ(bench.Noted(kLibraries[i].first_call).size(), present >> i & 1) << present << i;
+    }
+  }
 }
 
 TEST(Start, AllThreeKindsStandInTheListInTheirOrder) {

@@ -103,10 +103,11 @@ TEST_F(CanusbSearch, EveryNulIsRemoved) {
   EXPECT_THAT(Found(), ElementsAre("LAW12345"));
 }
 
+// A library writes its text and one NUL, and all NUL are taken out of what is in the buffer.
 TEST_F(CanusbSearch, AnEarlierLongerSerialLeavesNothingBehind) {
-  memory_.canusbdrv.serials = {"LAW0000012345", "LAW0002"};
+  memory_.canusbdrv.serials = {"LAW0000012345", "LAW0002", "LAW00003"};
   Run();
-  EXPECT_THAT(Found(), ElementsAre("LAW0000012345", "LAW0002"));
+  EXPECT_THAT(Found(), ElementsAre("LAW0000012345", "LAW0002", "LAW00003"));
 }
 
 TEST_F(CanusbSearch, BytesBeyondAsciiKeepTheirIdentityAndShowInTheCodePage) {

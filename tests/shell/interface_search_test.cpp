@@ -68,6 +68,18 @@ TEST_F(InterfaceSearch, APortWithoutInformationStaysWithZeros) {
   EXPECT_EQ(IfCan_d_.IfCAN_info_ulPhysicalLayer(1), 0);
 }
 
+TEST_F(InterfaceSearch, HandleZeroIsAHandleAndNoCloseIsLookedAt) {
+  memory_.IFCan.ports = {{.number = 1, .information = {36, 0, 4851, 0, 0, 0, 0, 0, 0}, .handle = 0},
+                         {.number = 2}};
+  memory_.IFCan.close_status = IfCan_u_.IFCAN_ERROR_NOT_READY;
+  Run();
+  EXPECT_EQ(IfCan_d_.Interface_CAN_FindCount, 2);
+  EXPECT_EQ(IfCan_d_.IfCAN_info_ulDeviceID(1), 4851);
+  const Lines lines = memory_.journal.Take();
+  EXPECT_EQ(CountOf(lines, "CanClosePort(0)"), 1);
+  EXPECT_EQ(CountOf(lines, "CanClosePort(102)"), 1);
+}
+
 TEST_F(InterfaceSearch, TakesAll255AndNeverAsksForMore) {
   for (int n = 1; n <= 256; ++n) memory_.IFCan.ports.push_back({.number = n});
   Run();

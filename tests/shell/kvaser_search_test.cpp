@@ -130,6 +130,20 @@ TEST_F(KvaserSearch, TheLimitIsOfChannelNumbersNotOfSuccesses) {
   EXPECT_EQ(kvCan_d_.Kvaser_FindCount, 29);
 }
 
+TEST_F(KvaserSearch, ResultsOfTheOtherCallsAreNotLookedAt) {
+  Plug("Leaf");
+  Plug("Memorator");
+  Run();
+  const Lines undisturbed = memory_.journal.Take();
+  for (const char* call : {"canGetNumberOfChannels", "canBusOff", "canClose"}) {
+    memory_.canlib32.call_results = {{call, -1}};
+    kvCan_d_.Param_ALL_Clear();
+    Run();
+    EXPECT_EQ(kvCan_d_.Kvaser_FindCount, 2) << call;
+    EXPECT_EQ(memory_.journal.Take(), undisturbed) << call;
+  }
+}
+
 TEST_F(KvaserSearch, AWrongCountHarmsNothing) {
   Plug("Leaf");
   memory_.canlib32.channel_count = std::numeric_limits<std::int32_t>::max();

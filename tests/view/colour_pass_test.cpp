@@ -21,27 +21,6 @@ TEST(ColourPass, FormBG2PaintsAFirstFrameThatItsTextPassPassesOver) {
   EXPECT_EQ(bed.highlights->ViewColorlength_d1_timerCounter(0x100), 90);
 }
 
-TEST(ColourPass, RowsWithoutFramesAndExcludedOnesAreNotPainted) {
-  for (const std::uint8_t state : {row_state::kNone, row_state::kWriting}) {
-    Bed bed;
-    Settle(bed, 0x100);
-    Next(bed, 0x100, kOther, 100);
-    bed.Page();
-    bed.frames->CAN11_Received(0x100, state);
-    bed.Page();
-    EXPECT_EQ(bed.Colours(), Runs{});
-  }
-  Bed bed;
-  Settle(bed, 0x100);
-  Next(bed, 0x100, kOther, 200);
-  bed.device.t_DisableID_ON(7, 1);
-  bed.device.t_DisableID_Start(7, 0x100);
-  bed.device.t_DisableID_End(7, 0x100);
-  bed.Page();
-  EXPECT_EQ(bed.Colours(), Runs{});
-  EXPECT_EQ(bed.highlights->ViewColorlength_d3_timerCounter(0x100), 0);
-}
-
 TEST(ColourPass, ALitByteThatAShorterFrameNoLongerHasIsNotPainted) {
   for (const std::uint8_t dlc : std::to_array<std::uint8_t>({0, 2, 9})) {
     Bed bed;
@@ -93,7 +72,7 @@ TEST(ColourPass, StalePositionsBeyondThePageAreClamped) {
   EXPECT_EQ(bed.Colours(), (Runs{{70, end, 0x969696}}));
 }
 
-TEST(ColourPass, TheExtendedOneExcludesByIDAndNotByRow) {
+TEST(ColourPass, TheExtendedOneDoesNotExcludeByRow) {
   TickBed<WorkerKind::FormBG_29> bed;
   const std::int16_t row = bed.AddKey(0x300, 1);
   bed.Receive(row, 8, kData, 1000);
@@ -105,10 +84,6 @@ TEST(ColourPass, TheExtendedOneExcludesByIDAndNotByRow) {
   bed.device.t_DisableID_End(0, row);
   bed.Page();
   EXPECT_EQ(bed.Colours().size(), 2U);
-  bed.device.t_DisableID_Start(0, 0x300);
-  bed.device.t_DisableID_End(0, 0x300);
-  bed.Page();
-  EXPECT_EQ(bed.Colours(), Runs{});
 }
 
 TEST(Highlight29, RegionsStayWithTheirMessageWhenALowerIDMovesTheLines) {

@@ -78,6 +78,14 @@ TEST(MeasuredCycle, WhatDoesNotFitStopsAtTheEndsAndAWholeNumberStaysWhole) {
   constexpr std::int64_t kLastWhole = 9'223'372'036'854'770'000;
   EXPECT_EQ(MeasuredCycle(1e300, CycleType::kWhole).ten_thousandths, kLastWhole);
   EXPECT_EQ(MeasuredCycle(-1e300, CycleType::kWhole).ten_thousandths, -kLastWhole);
+  for (const double beyond : {922'337'203'685'477.0, 922'337'203'685'478.0, 1e15}) {
+    EXPECT_EQ(MeasuredCycle(beyond, CycleType::kWhole).ten_thousandths, kLastWhole) << beyond;
+    EXPECT_EQ(MeasuredCycle(-beyond, CycleType::kWhole).ten_thousandths, -kLastWhole) << beyond;
+  }
+  EXPECT_EQ(MeasuredCycle(922'337'203'685'476.0, CycleType::kWhole).ten_thousandths,
+            kLastWhole - 10'000);
+  EXPECT_EQ(MeasuredCycle(-922'337'203'685'476.0, CycleType::kWhole).ten_thousandths,
+            10'000 - kLastWhole);
   EXPECT_EQ(
       MeasuredCycle(std::numeric_limits<double>::quiet_NaN(), CycleType::kWhole).ten_thousandths,
       -kLastWhole);

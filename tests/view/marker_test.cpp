@@ -68,16 +68,6 @@ TEST(Marker, NeedsItsSwitchAndALine) {
   EXPECT_EQ(bed.Backgrounds(), Runs{});
 }
 
-TEST(Marker, AnExcludedIDGetsNeitherLineNorPaint) {
-  Bed bed;
-  bed.Receive(0x100, 8, kData, 5);
-  Mark(bed, 0, 0x100, 1, 1, 1);
-  bed.device.t_DisableID_ON(0, 1);
-  bed.device.t_DisableID_End(0, 0x7FF);
-  EXPECT_EQ(bed.Page(), u"ID  DLC  D1 D2 D3 D4 D5 D6 D7 D8\r\n");
-  EXPECT_EQ(bed.Backgrounds(), Runs{});
-}
-
 TEST(Marker, WithItsFirstByteBeyondTheLengthItPaintsTheHeadOfThePage) {
   Bed bed;
   bed.Receive(0x100, 2, kData, 5);

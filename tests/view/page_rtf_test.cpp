@@ -38,6 +38,17 @@ TEST(PageRtf, TheThreeSpecialCharactersAndControlCharactersAreEscaped) {
   EXPECT_EQ(Rtf({String(u"\0\x1F~\x7F", 4), {}, {}}), Document("", "\\'00\\'1f~\\u127?"));
 }
 
+TEST(PageRtf, EachOfThe32ControlCharactersHasItsOwnEscape) {
+  constexpr std::string_view kDigits = "0123456789abcdef";
+  for (char16_t character = 0; character < u' '; ++character) {
+    std::string escape = {'\\', '\'', kDigits[character / 16], kDigits[character % 16]};
+    if (character == u'\t') escape = "\\tab ";
+    if (character == u'\r' || character == u'\n') escape = "\\par\r\n";
+    EXPECT_EQ(Rtf({String{u'a', character, u'b'}, {}, {}}), Document("", "a" + escape + "b"))
+        << int{character};
+  }
+}
+
 TEST(PageRtf, WhatIsNotAsciiBecomesANumberWithAFallback) {
   EXPECT_EQ(Rtf({u"除外 ～９", {}, {}}), Document("", "\\u-27036?\\u22806? \\u-162?\\u-231?"));
   EXPECT_EQ(Rtf({u"é\U0001F697", {}, {}}), Document("", "\\u233?\\u-10179?\\u-8553?"));

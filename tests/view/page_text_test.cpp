@@ -231,17 +231,5 @@ TEST(PageText, ARowOnceShownStaysForTheRun) {
   EXPECT_EQ(bed.Page(), first);
 }
 
-TEST(PageText, TheTickWritesOnlyCycleAndStoppedFlag) {
-  Bed bed;
-  ReceiveTwo(bed, 1000, 1100);
-  CAN_ReadDB before = *bed.frames;
-  bed.Page();
-  EXPECT_EQ(bed.frames->CAN11_Received(0x1A0), before.CAN11_Received(0x1A0));
-  EXPECT_EQ(bed.frames->CAN11_ReceivedTime(0x1A0), before.CAN11_ReceivedTime(0x1A0));
-  EXPECT_EQ(bed.frames->CAN11_ReceivedTime_old(0x1A0), before.CAN11_ReceivedTime_old(0x1A0));
-  EXPECT_EQ(bed.frames->CAN11_ReadTime_old(0x1A0), before.CAN11_ReadTime_old(0x1A0));
-  EXPECT_EQ(bed.frames->CAN11_Data1_old(0x1A0), before.CAN11_Data1_old(0x1A0));
-}
-
 }  // namespace
 }  // namespace tolvane

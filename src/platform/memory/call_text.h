@@ -30,11 +30,11 @@ inline std::string CallText(const std::string& name, std::initializer_list<std::
 
 inline std::string Quoted(const std::string& text) { return '"' + text + '"'; }
 
-/// `text` padded with NUL, cut to the buffer.
+/// `text` and one NUL, cut to the buffer. What stood behind them stays, as libraries leave it.
 template <std::size_t N>
 void CopyText(const std::string& text, std::array<char, N>& buffer) {
-  buffer.fill('\0');
-  std::copy_n(text.begin(), std::min(text.size(), N), buffer.begin());
+  const auto end = std::copy_n(text.begin(), std::min(text.size(), N), buffer.begin());
+  if (end != buffer.end()) *end = '\0';
 }
 
 }  // namespace tolvane::platform::memory

@@ -12,19 +12,23 @@ constexpr std::int32_t kNotFound = -3;  // canERR_NOTFOUND
 
 }  // namespace
 
+std::int32_t CanlibLibrary::ResultOf(const std::string& call) const {
+  const auto result = call_results.find(call);
+  return result == call_results.end() ? call_result : result->second;
+}
+
 void CanlibLibrary::canInitializeLibrary() { journal_.Note("canInitializeLibrary()"); }
 
 std::int32_t CanlibLibrary::canGetNumberOfChannels(std::int32_t& count) {
   journal_.Note("canGetNumberOfChannels()");
   count = channel_count.value_or(static_cast<std::int32_t>(channels.size()));
-  return call_result;
+  return ResultOf("canGetNumberOfChannels");
 }
 
 std::int32_t CanlibLibrary::canGetChannelData(std::int32_t channel, std::int32_t item,
                                               std::span<std::byte> buffer) {
   journal_.Note(
       CallText("canGetChannelData", {channel, item, static_cast<std::int64_t>(buffer.size())}));
-  std::fill(buffer.begin(), buffer.end(), std::byte{0});
   const auto data = channel_data.find({channel, item});
   if (data == channel_data.end()) return kParam;
   std::copy_n(data->second.begin(), std::min(data->second.size(), buffer.size()), buffer.begin());
@@ -39,7 +43,7 @@ std::int32_t CanlibLibrary::canOpenChannel(std::int32_t channel, std::int32_t fl
 
 std::int32_t CanlibLibrary::canClose(std::int32_t handle) {
   journal_.Note(CallText("canClose", {handle}));
-  return call_result;
+  return ResultOf("canClose");
 }
 
 std::int32_t CanlibLibrary::canSetBusParams(std::int32_t handle, std::int32_t rate,
@@ -47,22 +51,22 @@ std::int32_t CanlibLibrary::canSetBusParams(std::int32_t handle, std::int32_t ra
                                             std::uint32_t sjw, std::uint32_t no_samp,
                                             std::uint32_t syncmode) {
   journal_.Note(CallText("canSetBusParams", {handle, rate, tseg1, tseg2, sjw, no_samp, syncmode}));
-  return call_result;
+  return ResultOf("canSetBusParams");
 }
 
 std::int32_t CanlibLibrary::canSetBusOutputControl(std::int32_t handle, std::uint32_t driver_type) {
   journal_.Note(CallText("canSetBusOutputControl", {handle, driver_type}));
-  return call_result;
+  return ResultOf("canSetBusOutputControl");
 }
 
 std::int32_t CanlibLibrary::canBusOn(std::int32_t handle) {
   journal_.Note(CallText("canBusOn", {handle}));
-  return call_result;
+  return ResultOf("canBusOn");
 }
 
 std::int32_t CanlibLibrary::canBusOff(std::int32_t handle) {
   journal_.Note(CallText("canBusOff", {handle}));
-  return call_result;
+  return ResultOf("canBusOff");
 }
 
 std::int32_t CanlibLibrary::canRead(std::int32_t handle, std::int32_t& id,
@@ -72,7 +76,7 @@ std::int32_t CanlibLibrary::canRead(std::int32_t handle, std::int32_t& id,
   const CanlibFrame* frame = frames.Take();
   if (frame == nullptr) return empty_read_result;
   id = frame->id;
-  msg = frame->msg;
+  WriteBytes(frame->msg, only_bytes_of_length ? frame->dlc : kAllBytes, msg);
   dlc = frame->dlc;
   flag = frame->flag;
   time = frame->time;

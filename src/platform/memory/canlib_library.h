@@ -4,6 +4,7 @@
 #include <cstddef>
 #include <map>
 #include <optional>
+#include <string>
 #include <utility>
 #include <vector>
 
@@ -46,14 +47,18 @@ class CanlibLibrary final : public platform::CanlibLibrary {
   std::vector<std::int32_t> channels;         // what opening channel i gives: a handle or a failure
   std::optional<std::int32_t> channel_count;  // what the library says when not their number
   std::map<std::pair<std::int32_t, std::int32_t>, std::vector<std::byte>> channel_data;
-  std::int32_t data_result = 0;         // of a query that has its answer in channel_data
-  std::int32_t call_result = 0;         // of the calls whose result nobody looks at
-  std::int32_t read_result = 0;         // of a read that delivers a frame
-  std::int32_t empty_read_result = -2;  // canERR_NOMSG
+  std::int32_t data_result = 0;  // of a query that has its answer in channel_data
+  std::int32_t call_result = 0;  // of the calls whose result nobody looks at
+  std::map<std::string, std::int32_t> call_results;  // of some of them, by name
+  std::int32_t read_result = 0;                      // of a read that delivers a frame
+  std::int32_t empty_read_result = -2;               // canERR_NOMSG
   FrameScript<CanlibFrame> frames;
   bool note_reads = false;
+  bool only_bytes_of_length = false;  // a read leaves the other data bytes as they are
 
  private:
+  [[nodiscard]] std::int32_t ResultOf(const std::string& call) const;
+
   Journal& journal_;
 };
 

@@ -38,7 +38,12 @@ std::int32_t CanusbLibrary::canusb_Read(std::int32_t handle, CanusbMessage& mess
   if (note_reads) journal_.Note(CallText("canusb_Read", {handle}));
   const CanusbMessage* frame = frames.Take();
   if (frame == nullptr) return empty_read_result;
+  const auto before = message.data;
   message = *frame;
+  if (only_bytes_of_length) {
+    message.data = before;
+    WriteBytes(frame->data, frame->len, message.data);
+  }
   return read_result;
 }
 

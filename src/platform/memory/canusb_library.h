@@ -34,6 +34,7 @@ class CanusbLibrary final : public platform::CanusbLibrary {
   std::int32_t empty_read_result = -7;  // ERROR_CANUSB_NO_MESSAGE
   FrameScript<CanusbMessage> frames;
   bool note_reads = false;
+  bool only_bytes_of_length = false;  // a read leaves the other data bytes as they are
 
  private:
   std::int16_t GiveAdapter(std::array<char, kSerialSize>& serial);

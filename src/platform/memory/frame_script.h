@@ -1,5 +1,7 @@
 #pragma once
 
+#include <algorithm>
+#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <functional>
@@ -7,6 +9,14 @@
 #include <vector>
 
 namespace tolvane::platform::memory {
+
+constexpr std::int32_t kAllBytes = 8;
+
+/// Writes the first `count` data bytes of a frame, at most all, into a caller's record.
+inline void WriteBytes(const std::array<std::uint8_t, 8>& from, std::int32_t count,
+                       std::array<std::uint8_t, 8>& to) {
+  std::copy_n(from.begin(), std::clamp(count, 0, kAllBytes), to.begin());
+}
 
 /// The frames that an adapter's queue holds, played in order, as often as told.
 template <typename Record>

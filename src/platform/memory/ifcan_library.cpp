@@ -12,9 +12,13 @@ constexpr std::int32_t kInvalidHandle = INT32_MIN + 0x4000000A;  // IFCAN_ERROR_
 
 }  // namespace
 
+std::int32_t IfcanLibrary::HandleOf(const Port& port) {
+  return port.handle.value_or(port.number + kHandleBase);
+}
+
 const IfcanLibrary::Port* IfcanLibrary::PortOf(std::int32_t handle) const {
   const auto port = std::find_if(ports.begin(), ports.end(), [handle](const Port& candidate) {
-    return candidate.number + kHandleBase == handle;
+    return HandleOf(candidate) == handle;
   });
   return port == ports.end() ? nullptr : &*port;
 }
@@ -26,7 +30,7 @@ std::int32_t IfcanLibrary::StatusFor(std::int32_t handle, std::int32_t status) c
 std::int32_t IfcanLibrary::CanOpenPort(const std::string& name) {
   journal_.Note(CallText("CanOpenPort", {Quoted(name)}));
   for (const Port& port : ports) {
-    if (name == "IFCAN" + std::to_string(port.number)) return port.number + kHandleBase;
+    if (name == "IFCAN" + std::to_string(port.number)) return HandleOf(port);
   }
   return kNoPort;
 }
@@ -56,7 +60,7 @@ std::int32_t IfcanLibrary::CanActivate(std::int32_t handle) {
 
 std::int32_t IfcanLibrary::CanDeactivate(std::int32_t handle) {
   journal_.Note(CallText("CanDeactivate", {handle}));
-  return StatusFor(handle, 0);
+  return StatusFor(handle, deactivate_status);
 }
 
 std::int32_t IfcanLibrary::CanReceiveMessage(std::int32_t handle, IfcanMessage& message,
@@ -65,7 +69,12 @@ std::int32_t IfcanLibrary::CanReceiveMessage(std::int32_t handle, IfcanMessage& 
   const IfcanMessage* frame = frames.Take();
   count = frame == nullptr ? 0 : 1;
   if (frame == nullptr) return empty_read_status;
+  const auto before = message.data;
   message = *frame;
+  if (only_bytes_of_length) {
+    message.data = before;
+    WriteBytes(frame->data, frame->dlc, message.data);
+  }
   return 0;
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -9,14 +10,15 @@
 
 namespace tolvane::platform::memory {
 
-/// IFCan.dll with scripted ports and frames. The handle of port n is 100 + n. Every call is noted,
-/// the reads only on demand.
+/// IFCan.dll with scripted ports and frames. The handle of port n is 100 + n, unless the script
+/// says otherwise. Every call is noted, the reads only on demand.
 class IfcanLibrary final : public platform::IfcanLibrary {
  public:
   struct Port {
     std::int32_t number;  // of its name, "IFCAN" and the number
     IfcanPortInformation information = {};
     std::int32_t information_status = 0;
+    std::optional<std::int32_t> handle = {};
   };
   static constexpr std::int32_t kHandleBase = 100;
 
@@ -39,12 +41,15 @@ class IfcanLibrary final : public platform::IfcanLibrary {
   std::int32_t get_config_status = 0;
   std::int32_t set_config_status = 0;
   std::int32_t activate_status = 0;
+  std::int32_t deactivate_status = 0;
   std::int32_t close_status = 0;
   std::int32_t empty_read_status = INT32_MIN + 0x40000008;  // IFCAN_ERROR_BUFFER_IS_EMPTY
   FrameScript<IfcanMessage> frames;
   bool note_reads = false;
+  bool only_bytes_of_length = false;  // a read leaves the other data bytes as they are
 
  private:
+  [[nodiscard]] static std::int32_t HandleOf(const Port& port);
   /// `status` for a handle of a port, else the refusal.
   [[nodiscard]] std::int32_t StatusFor(std::int32_t handle, std::int32_t status) const;
   [[nodiscard]] const Port* PortOf(std::int32_t handle) const;

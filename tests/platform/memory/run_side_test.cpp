@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <array>
 #include <string>
 #include <vector>
 
@@ -111,9 +113,10 @@ TEST(MemoryCanusb, ListsItsAdaptersFromTheFirst) {
   library.serials = {"LWR12345", "0123456789012345678901234567890123456789"};
   std::array<char, CanusbLibrary::kSerialSize> serial;
   for (int round = 0; round < 2; ++round) {
+    serial.fill('x');
     EXPECT_GT(library.canusb_getFirstAdapter(serial), 0);
     EXPECT_EQ(std::string(serial.data()), "LWR12345");
-    EXPECT_EQ(serial.back(), '\0');
+    EXPECT_EQ(std::count(serial.begin(), serial.end(), 'x'), 23) << "what stood behind it stays";
     EXPECT_GT(library.canusb_getNextAdapter(serial), 0);
     EXPECT_EQ(std::string(serial.data(), serial.size()), "01234567890123456789012345678901");
     EXPECT_EQ(library.canusb_getNextAdapter(serial), 0);
@@ -122,6 +125,17 @@ TEST(MemoryCanusb, ListsItsAdaptersFromTheFirst) {
   library.version_result = -1;
   EXPECT_EQ(library.canusb_VersionInfo(4, version), -1);
   EXPECT_EQ(std::string(version.data()), "V1011");
+}
+
+TEST(MemoryCanlib, RefusesAllCallsOrSingleOnes) {
+  Journal journal;
+  CanlibLibrary library(journal);
+  library.call_results["canBusOn"] = -4;
+  EXPECT_EQ(library.canBusOn(5), -4);
+  EXPECT_EQ(library.canBusOff(5), 0);
+  library.call_result = -1;
+  EXPECT_EQ(library.canBusOn(5), -4);
+  EXPECT_EQ(library.canBusOff(5), -1);
 }
 
 TEST(MemoryIfcan, RefusesHandlesOfNoPort) {
@@ -137,6 +151,10 @@ TEST(MemoryIfcan, RefusesHandlesOfNoPort) {
   EXPECT_NE(library.CanGetPortInformation(101, information), 0);
   EXPECT_NE(library.CanClosePort(-1), 0);
   EXPECT_EQ(library.CanClosePort(103), 0);
+  library.ports.front().handle = 0;
+  EXPECT_EQ(library.CanOpenPort("IFCAN3"), 0);
+  EXPECT_EQ(library.CanClosePort(0), 0);
+  EXPECT_NE(library.CanClosePort(103), 0);
 }
 
 TEST(MemoryCanlib, GivesTheDataOfItsChannels) {
@@ -151,7 +169,7 @@ TEST(MemoryCanlib, GivesTheDataOfItsChannels) {
   EXPECT_LT(library.canOpenChannel(2, 128), 0);
   std::array<std::byte, 3> buffer = {std::byte{9}, std::byte{9}, std::byte{9}};
   EXPECT_EQ(library.canGetChannelData(0, 13, buffer), 0);
-  EXPECT_EQ(buffer, (std::array<std::byte, 3>{std::byte{'c'}, std::byte{'h'}, std::byte{0}}));
+  EXPECT_EQ(buffer, (std::array<std::byte, 3>{std::byte{'c'}, std::byte{'h'}, std::byte{9}}));
   EXPECT_LT(library.canGetChannelData(0, 14, buffer), 0);
   EXPECT_EQ(journal.Lines().back(), "canGetChannelData(0, 14, 3)");
 }
