@@ -163,14 +163,20 @@ TEST(FailedSubfolder, StopsTheRunBeforeAnythingIsOpened) {
 // The board's tables are cleared before the subfolder is tried, those of the others after.
 TEST(FailedSubfolder, ComesAfterTheTablesOfAnInterfaceRunOnly) {
   for (const BindingKind binding : kAllBindings) {
-    RunBench bench;
-    bench.Run(binding, WorkerKind::FormBG, {{.id = 0x10}});
-    bench.device.t_LogSave_subFolder = 1;
-    bench.device.t_LogComment = u"bench";
-    bench.files.Protect(u"C:\\Tolvane", true);
-    bench.Run(binding, WorkerKind::FormBG);
-    EXPECT_EQ(bench.workers.FormBG.Frames().CAN11_Received(0x10),
-              binding == BindingKind::kInterface ? 0 : 3);
+    for (const WorkerKind worker : kAllWorkers) {
+      RunBench bench;
+      bench.Run(binding, worker, {{.id = 0x10}});
+      bench.device.t_LogSave_subFolder = 1;
+      bench.device.t_LogComment = u"bench";
+      bench.files.Protect(u"C:\\Tolvane", true);
+      bench.Run(binding, worker);
+      const std::uint8_t left[] = {bench.workers.FormBG.Frames().CAN11_Received(0x10),
+                                   bench.workers.FormBG2.Frames().CAN11_Received(0x10),
+                                   bench.workers.FormBG_29.Frames().CAN29_Received(0),
+                                   bench.workers.FormBG2_29.Frames().CAN29_Received(0)};
+      EXPECT_EQ(left[static_cast<std::size_t>(worker)], binding == BindingKind::kInterface ? 0 : 3)
+          << WayName(binding, worker);
+    }
   }
 }
 

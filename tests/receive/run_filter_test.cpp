@@ -29,6 +29,7 @@ TEST(AcceptTest, Canusb) {
                  {kMax11 + 1, 0, false, true},
                  {-1, 0, false, true},
                  {INT32_MIN, 128, false, true},
+                 {INT32_MIN + 0x10, 0, false, true},
                  {0x10, 128, false, true},
                  {0x10, 64, false, true},
                  {0x10, 1, false, true},
@@ -79,11 +80,19 @@ TEST(AcceptTest, Kvaser) {
   const struct {
     std::int32_t id, flag;
     bool by11, by29;
-  } kFrames[] = {
-      {0, 2, true, true},        {kMax11, 2, true, true},      {kMax11 + 1, 2, false, true},
-      {-1, 2, false, false},     {0x10, 4, false, true},       {0x10, 3, false, true},
-      {0x10, 0x42, false, true}, {0x10, 0, false, true},       {0x10, -1, false, true},
-      {kMax29, 4, false, true},  {kMax29 + 1, 4, false, false}};
+  } kFrames[] = {{0, 2, true, true},
+                 {kMax11, 2, true, true},
+                 {kMax11 + 1, 2, false, true},
+                 {-1, 2, false, false},
+                 {0x10, 4, false, true},
+                 {0x10, 3, false, true},
+                 {0x10, 0x42, false, true},
+                 {0x10, 0, false, true},
+                 {0x10, -1, false, true},
+                 {kMax29, 4, false, true},
+                 {kMax29 + 1, 4, false, false},
+                 {INT32_MIN + 0x10, 2, false, false},
+                 {INT32_MIN + 0x10, 4, false, false}};
   for (const auto& row : kFrames) {
     for (const WorkerKind worker : kAllWorkers) {
       RunBench bench;

@@ -9,7 +9,6 @@
 
 #include "tests/counting/allocations.h"
 #include "tests/view/tick_bed.h"
-#include "view/tick_traits.h"
 
 namespace tolvane {
 namespace {
@@ -156,26 +155,6 @@ TEST(Tick, TheSteadyStateAllocatesNothing) {
   EXPECT_EQ(counting::Allocations(), before + 1);
   EXPECT_EQ(AllocationsOfALitTick<WorkerKind::FormBG>(), 0);
   EXPECT_EQ(AllocationsOfALitTick<WorkerKind::FormBG_29>(), 0);
-}
-
-TEST(TickTraits, WhatDiffersFromWorkerToWorker) {
-  struct Row {
-    WorkerKind worker;
-    RowTest rows;
-    CycleType cycle;
-    bool refresh;
-  };
-  const Row rows[] = {
-      {WorkerKind::FormBG, RowTest::kReceived, CycleType::kWhole, true},
-      {WorkerKind::FormBG2, RowTest::kReceivedMany, CycleType::kWhole, false},
-      {WorkerKind::FormBG_29, RowTest::kEveryUsedPlace, CycleType::kFourDecimals, false},
-      {WorkerKind::FormBG2_29, RowTest::kReceived, CycleType::kWhole, false}};
-  for (const Row& row : rows) {
-    const TickTraits& traits = TickTraitsOf(row.worker);
-    EXPECT_EQ(traits.text_pass_rows, row.rows);
-    EXPECT_EQ(traits.cycle, row.cycle);
-    EXPECT_EQ(traits.refresh, row.refresh);
-  }
 }
 
 }  // namespace

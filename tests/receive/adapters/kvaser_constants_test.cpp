@@ -1,3 +1,5 @@
+// The values that the program uses are held by the tests of what it does with them; here stand
+// those that are only declared.
 #include <gtest/gtest.h>
 
 #include <cstdint>
@@ -11,22 +13,12 @@ TEST(KvaserConstants, HoldTheLibrarysValuesAfterAClear) {
   KvaserCAN kvCan_u;
   kvCan_u.canBITRATE_500K = 99;
   kvCan_u.Param_ALL_Clear();
-  EXPECT_EQ(kvCan_u.canBITRATE_1M, -1);
-  EXPECT_EQ(kvCan_u.canBITRATE_500K, -2);
-  EXPECT_EQ(kvCan_u.canBITRATE_250K, -3);
-  EXPECT_EQ(kvCan_u.canBITRATE_125K, -4);
-  EXPECT_EQ(kvCan_u.canBITRATE_100K, -5);
-  EXPECT_EQ(kvCan_u.canBITRATE_50K, -7);
-  EXPECT_EQ(kvCan_u.canBITRATE_10K, -9);
+  EXPECT_EQ(kvCan_u.canBITRATE_500K, -2) << "cleared";
 
-  EXPECT_EQ(kvCan_u.canDRIVER_NORMAL, 4);
-  EXPECT_EQ(kvCan_u.canDRIVER_SILENT, 1);
   EXPECT_EQ(kvCan_u.canDRIVER_SELFRECEPTION, 8);
   EXPECT_EQ(kvCan_u.canDRIVER_OFF, 0);
 
   EXPECT_EQ(kvCan_u.canMSG_RTR, 1);
-  EXPECT_EQ(kvCan_u.canMSG_STD, 2);
-  EXPECT_EQ(kvCan_u.canMSG_EXT, 4);
   EXPECT_EQ(kvCan_u.canMSG_WAKEUP, 8);
   EXPECT_EQ(kvCan_u.canMSG_NERR, 0x10);
   EXPECT_EQ(kvCan_u.canMSG_ERROR_FRAME, 0x20);
@@ -41,7 +33,6 @@ TEST(KvaserConstants, HoldTheLibrarysValuesAfterAClear) {
   EXPECT_EQ(kvCan_u.canOPEN_REQUIRE_EXTENDED, 0x10);
   EXPECT_EQ(kvCan_u.canOPEN_ACCEPT_VIRTUAL, 0x20);
   EXPECT_EQ(kvCan_u.canOPEN_OVERRIDE_EXCLUSIVE, 0x40);
-  EXPECT_EQ(kvCan_u.canOPEN_REQUIRE_INIT_ACCESS, 0x80);
   EXPECT_EQ(kvCan_u.canOPEN_NO_INIT_ACCESS, 0x100);
   EXPECT_EQ(kvCan_u.canOPEN_ACCEPT_LARGE_DLC, 0x200);
   EXPECT_EQ(kvCan_u.canOPEN_CAN_FD, 0x400);
@@ -121,7 +112,6 @@ TEST(KvaserConstants, HoldTheLibrarysValuesAfterAClear) {
   EXPECT_EQ(kvCan_u.canTRANSCEIVER_RESNET_MASTER_STBY, 2);
   EXPECT_EQ(kvCan_u.canTRANSCEIVER_RESNET_SLAVE, 3);
 
-  EXPECT_EQ(kvCan_u.canOK, 0);
   EXPECT_EQ(kvCan_u.canERR_PARAM, -1);
   EXPECT_EQ(kvCan_u.canERR_NOMSG, -2);
   EXPECT_EQ(kvCan_u.canERR_NOTFOUND, -3);
@@ -147,13 +137,9 @@ TEST(KvaserConstants, HoldTheLibrarysValuesAfterAClear) {
   EXPECT_EQ(kvCan_u.canCHANNELDATA_CARD_TYPE, 4);
   EXPECT_EQ(kvCan_u.canCHANNELDATA_CARD_NUMBER, 5);
   EXPECT_EQ(kvCan_u.canCHANNELDATA_CHAN_NO_ON_CARD, 6);
-  EXPECT_EQ(kvCan_u.canCHANNELDATA_CARD_SERIAL_NO, 7);
   EXPECT_EQ(kvCan_u.canCHANNELDATA_TRANS_SERIAL_NO, 8);
-  EXPECT_EQ(kvCan_u.canCHANNELDATA_CARD_FIRMWARE_REV, 9);
   EXPECT_EQ(kvCan_u.canCHANNELDATA_CARD_HARDWARE_REV, 10);
-  EXPECT_EQ(kvCan_u.canCHANNELDATA_CARD_UPC_NO, 11);
   EXPECT_EQ(kvCan_u.canCHANNELDATA_TRANS_UPC_NO, 12);
-  EXPECT_EQ(kvCan_u.canCHANNELDATA_CHANNEL_NAME, 13);
   EXPECT_EQ(kvCan_u.canCHANNELDATA_DLL_FILE_VERSION, 14);
   EXPECT_EQ(kvCan_u.canCHANNELDATA_DLL_PRODUCT_VERSION, 15);
   EXPECT_EQ(kvCan_u.canCHANNELDATA_DLL_FILETYPE, 16);
