@@ -1,6 +1,5 @@
 #pragma once
 
-#include <algorithm>
 #include <array>
 #include <cstddef>
 #include <cstdint>
@@ -23,7 +22,7 @@ class Column {
 
   /// Sets elements 0 to `Arayy_MAX`, the upper bound included; a negative bound sets none.
   void Fill(std::int32_t Arayy_MAX, const T& value) {
-    if (Arayy_MAX >= 0) std::fill_n(elements_.begin(), Arayy_MAX + 1, value);
+    for (std::int32_t i = 0; i <= Arayy_MAX; ++i) elements_[static_cast<std::size_t>(i)] = value;
   }
 
  private:

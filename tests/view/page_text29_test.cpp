@@ -153,6 +153,21 @@ TEST(PageText29, ACycleRegionIsTwoCharactersLongerThanItsFraction) {
   EXPECT_EQ(bed.view.page->text.substr(static_cast<std::size_t>(start), 8), u"100.25ms");
 }
 
+// Of a board, whose rows show the stored cycle again when two frames bear one stamp.
+TEST(PageText29, ATenThousandthBetweenTwoStampsIsNotOneStamp) {
+  Bed bed;
+  bed.device.t_select_Vender = kVenderInterface;
+  const std::int16_t row = bed.AddKey(7, 1);
+  bed.Receive(row, 0, kData, 1000);
+  bed.Receive(row, 0, kData, 1000.0001);
+  bed.frames->CAN29_ReceivedTime_Delta(row, 50);
+  bed.frames->CAN29_ReceivedTime_writting(row, 1);
+  EXPECT_TRUE(bed.Page().ends_with(u"   ????ms\r\n"));
+  bed.Receive(row, 0, kData, 1000.0001);
+  bed.frames->CAN29_ReceivedTime_writting(row, 1);
+  EXPECT_TRUE(bed.Page().ends_with(u"   50ms\r\n"));
+}
+
 TEST(PageText29, TwelveDigitsOfAFractionFitTheirRegion) {
   Bed bed;
   const std::int16_t row = bed.AddKey(7, 1);
