@@ -19,6 +19,7 @@ class AllWindows : ProgramWindows {
     device_.Param_ALL_Clear();
     dialogs_.emplace(DialogSurroundings{instance_, gate_, loop_, window_.Hwnd()}, files_, device_,
                      cursor_);
+    window_.Attach(&*dialogs_);
   }
 
   [[nodiscard]] bool Made() const { return made_; }
@@ -27,6 +28,10 @@ class AllWindows : ProgramWindows {
   [[nodiscard]] WindowsEventLoop& Loop() { return loop_; }
   [[nodiscard]] DialogWindows& Dialogs() { return *dialogs_; }
   [[nodiscard]] Form1Window& Window() { return window_; }
+  /// The windows that the main one unloads.
+  [[nodiscard]] OtherForms& Forms() { return OtherFormsOf(window_.Face()); }
+  /// The settings that the dialogs show and write.
+  [[nodiscard]] ELM327_Info& Device() { return device_; }
 
   /// A window of this process that is open, null without.
   [[nodiscard]] static HWND Find(const wchar_t* window_class) {

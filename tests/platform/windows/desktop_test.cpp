@@ -1,6 +1,7 @@
 // Small facilities of the desktop: clock texts, the clipboard, the mark of the running program.
 #include <gtest/gtest.h>
 
+#include <atomic>
 #include <chrono>
 #include <future>
 #include <thread>
@@ -211,7 +212,11 @@ class Watcher {
   };
   Findings Stop() {
     if (thread_.joinable()) {
-      Sleep(200);  // the last change is told by a message
+      // The last change is told by a message.
+      for (const ULONGLONG end = GetTickCount64() + kPatience;
+           seen_ != GetClipboardSequenceNumber() && GetTickCount64() < end;) {
+        Sleep(1);
+      }
       PostThreadMessageW(thread_id_, WM_QUIT, 0, 0);
       thread_.join();
     }
@@ -239,10 +244,12 @@ class Watcher {
     if (GetClipboardData(CF_UNICODETEXT) == nullptr || GetClipboardData(rich_text) == nullptr) {
       ++findings_.halves;
     }
-    Sleep(5);
+    Sleep(5);  // what it does with them
+    seen_ = GetClipboardSequenceNumber();
     CloseClipboard();
   }
 
+  std::atomic<DWORD> seen_ = 0;  // the last change that was looked at
   std::thread thread_;
   DWORD thread_id_ = 0;
   Findings findings_;

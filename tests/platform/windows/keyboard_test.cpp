@@ -168,6 +168,15 @@ TEST_F(MainWindowKeys, KeysInARunWaitForItsYield) {
   EXPECT_EQ(events_.commands.size(), 2U);
 }
 
+TEST_F(MainWindowKeys, EscapeClosesNothing) {
+  for (const int id : {Bt_Connect, TB_LogComment, RTB_MainView}) {
+    SetFocus(Child(id));
+    Press(loop_, VK_ESCAPE);
+    loop_.YieldToEvents();
+    EXPECT_EQ(events_.queries, 0) << id;
+  }
+}
+
 class OtherWindowsKeys : public testing::Test {
  protected:
   void SetUp() override {

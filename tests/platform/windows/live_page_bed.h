@@ -17,6 +17,18 @@ class LivePage : public LiveView {
     page->backgrounds.Paint(0, 2, 0x80FFFF);
     view_.SwapPage(page);
   }
+  /// Asks as a program that reads the screen does, the page live each time, until its answer comes
+  /// from the control: there is a pause between two fillings.
+  template <typename Ask>
+  [[nodiscard]] bool FillsForReader(Ask ask) {
+    constexpr ULONGLONG kDeadline = 10'000;  // ms
+    for (const ULONGLONG end = GetTickCount64() + kDeadline; GetTickCount64() < end;) {
+      SwapMarkedPage();
+      ask();
+      if (Surface() == nullptr) return true;
+    }
+    return false;
+  }
   void ExpectMarkedPageInTheControl() {
     EXPECT_EQ(Surface(), nullptr);
     EXPECT_EQ(view_.Text(), kText);

@@ -284,6 +284,20 @@ TEST_F(LiveSurfaceTest, AClickFocusesTheControlAndTheRightButtonIsTheControls) {
   EXPECT_NE(Surface(), nullptr) << "the menu took the page off";
 }
 
+TEST_F(LiveSurfaceTest, RefreshPaintsAtOnceWhicheverFaceIsShown) {
+  const auto unpainted = [](HWND face) { return GetUpdateRect(face, nullptr, FALSE) != FALSE; };
+  Swap(Lines(3));
+  ASSERT_TRUE(unpainted(Surface()));
+  view_.Refresh();
+  EXPECT_FALSE(unpainted(Surface()));
+  view_.Locked(false);
+  ASSERT_EQ(Surface(), nullptr);
+  InvalidateRect(view_.Hwnd(), nullptr, FALSE);
+  ASSERT_TRUE(unpainted(view_.Hwnd()));
+  view_.Refresh();
+  EXPECT_FALSE(unpainted(view_.Hwnd()));
+}
+
 TEST_F(LiveSurfaceTest, ATickThatIsShownAllocatesNothingInTheSteadyState) {
   auto page = Page(Lines(2000));
   auto other = Page(Lines(2000));

@@ -57,6 +57,45 @@ TEST_F(RichEdit, TextComesBackWithItsLineEnds) {
   EXPECT_EQ(view_.Text(), u"");
 }
 
+TEST_F(RichEdit, TextComesInTheFontOfThePageWhateverFormatsStoodThere) {
+  const auto expect_default = [this](std::int32_t position) {
+    const CHARFORMAT2W format = FormatAt(position);
+    EXPECT_STREQ(format.szFaceName, L"ＭＳ ゴシック") << position;
+    EXPECT_EQ(format.yHeight, 9 * 20) << position;
+    EXPECT_EQ(format.bCharSet, SHIFTJIS_CHARSET) << position;
+    EXPECT_EQ(format.dwEffects & (CFE_BOLD | CFE_AUTOBACKCOLOR), CFE_AUTOBACKCOLOR) << position;
+    EXPECT_EQ(ColourAt(position), 0U) << position;
+  };
+  view_.Text(u"old");
+  expect_default(0);
+  for (const WPARAM scope : {SCF_ALL, SCF_DEFAULT}) {
+    CHARFORMAT2W other{};
+    other.cbSize = sizeof(other);
+    other.dwMask = CFM_FACE | CFM_SIZE | CFM_CHARSET | CFM_COLOR | CFM_BACKCOLOR | CFM_BOLD;
+    other.dwEffects = CFE_BOLD;
+    other.yHeight = 30 * 20;
+    other.crTextColor = RGB(0, 0, 255);
+    other.crBackColor = RGB(255, 255, 0);
+    lstrcpyW(other.szFaceName, L"Arial");
+    SendMessageW(view_.Hwnd(), EM_SETCHARFORMAT, scope, reinterpret_cast<LPARAM>(&other));
+  }
+  ASSERT_EQ(FormatAt(0).yHeight, 30 * 20);
+  view_.Text(u"ab\r\nc");
+  for (const std::int32_t position : {0, 1, 4}) expect_default(position);
+  // What is written there behind it, as by the user.
+  view_.SelStart(5);
+  SendMessageW(view_.Hwnd(), EM_REPLACESEL, TRUE, reinterpret_cast<LPARAM>(L"d"));
+  expect_default(5);
+}
+
+TEST_F(RichEdit, RichTextThatIsWrittenToTheSelectionStandsThereAsItsSource) {
+  view_.Text(u"ab");
+  view_.SelStart(1);
+  view_.SelText(u"{\\rtf1 \\b rich}");
+  EXPECT_EQ(view_.Text(), u"a{\\rtf1 \\b rich}b");
+  EXPECT_EQ(FormatAt(10).dwEffects & CFE_BOLD, 0U);
+}
+
 TEST_F(RichEdit, SelectionCountsALineEndAsTwo) {
   view_.Text(u"ab\r\ncd\r\nef");
   view_.SelStart(8);

@@ -16,47 +16,12 @@
 #include "tests/platform/windows/all_windows_bed.h"
 #include "tests/platform/windows/pump.h"
 #include "tests/platform/windows/scratch_folder.h"
+#include "tests/platform/windows/system_dialog.h"
 // Last, see there.
 #include "platform/windows/resources/resource.h"
 
 namespace tolvane::platform::windows {
 namespace {
-
-/// A question that the system asks by a dialog of its own.
-class WhileAsked {
- public:
-  /// Does `ask`, which brings that dialog up over `owner`, and `meanwhile` with it as soon as it is
-  /// up; cancels it if it still is then.
-  WhileAsked(HWND owner, const std::function<void()>& ask, std::function<void(HWND)> meanwhile)
-      : owner_(owner), meanwhile_(std::move(meanwhile)) {
-    asked_ = this;
-    const UINT_PTR timer = SetTimer(nullptr, 0, 50, &OnTimer);
-    ask();
-    KillTimer(nullptr, timer);
-    EXPECT_TRUE(done_) << "no dialog of the system came up";
-  }
-
- private:
-  [[nodiscard]] HWND SystemDialog() const {
-    HWND found = nullptr;
-    while ((found = FindWindowExW(nullptr, found, L"#32770", nullptr)) != nullptr) {
-      if (GetWindow(found, GW_OWNER) == owner_ && IsWindowVisible(found)) break;
-    }
-    return found;
-  }
-  static void CALLBACK OnTimer(HWND, UINT, UINT_PTR, DWORD) {
-    WhileAsked& question = *asked_;
-    const HWND dialog = question.SystemDialog();
-    if (dialog == nullptr) return;
-    if (!std::exchange(question.done_, true)) question.meanwhile_(dialog);
-    if (IsWindow(dialog)) PostMessageW(dialog, WM_COMMAND, IDCANCEL, 0);
-  }
-
-  static inline WhileAsked* asked_ = nullptr;
-  HWND owner_;
-  std::function<void(HWND)> meanwhile_;
-  bool done_ = false;
-};
 
 /// The common settings over a window of their own.
 class SettingsDialogTest : public testing::Test {
@@ -146,7 +111,7 @@ class LogSettings : public SettingsDialogTest {
   /// Types a folder's name and chooses it.
   static void ChooseAnother(HWND chooser) {
     EnumChildWindows(chooser, &TypeAnother, 0);
-    SendMessageW(chooser, WM_COMMAND, IDOK, 0);
+    Answer(chooser, IDOK);
   }
   /// Into the first box that is shown; of the others the chooser wants nothing.
   static BOOL CALLBACK TypeAnother(HWND child, LPARAM /*unused*/) {
