@@ -135,6 +135,19 @@ TEST_F(PageCommands, WithoutPlainTextOnTheClipboardThereIsNoPaste) {
   End();
 }
 
+TEST_F(PageCommands, RichTextGoesInAtTheCaretAsItsSourceAheadOfThePlainText) {
+  ASSERT_NO_FATAL_FAILURE(StartWith(L"ab"));
+  HeldClipboard().Put(L"plain", "{\\rtf1\\ansi \\b rich}");
+  SetCaret(1);
+  Do(menu_View_Ctrl_V);
+  EXPECT_EQ(Utf8(Page()), "a{\\rtf1\\ansi \\b rich}b");
+  HeldClipboard().Put(L"plain");
+  SetCaret(0);
+  Do(menu_View_Ctrl_V);
+  EXPECT_EQ(Utf8(Page()), "plaina{\\rtf1\\ansi \\b rich}b");
+  End();
+}
+
 TEST_F(PageCommands, BrokenRichTextHarmsNothing) {
   ASSERT_NO_FATAL_FAILURE(StartWith(L""));
   const std::string broken[] = {"{\\rtf1 {\\fonttbl{\\f0\\fcharset999999999999 \\u-99999999999?",

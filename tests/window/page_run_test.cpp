@@ -124,6 +124,17 @@ TEST_F(PageCommandsInARun, OfFormBGThePopUpStaysAway) {
   End();
 }
 
+TEST_F(PageCommandsInARun, OfFormBGTheFocusOfThePageIsSentOnToTheStatusAndAfterItStays) {
+  ASSERT_NO_FATAL_FAILURE(StartRun({"FormBG", false, false}));
+  FocusComment();
+  ExpectFocusAfterClick(TB_Status);
+  ASSERT_NO_FATAL_FAILURE(Disconnect(main_));
+  FocusComment();
+  main_.ClickMouse(RTB_MainView);
+  EXPECT_TRUE(WaitUntil([&] { return main_.HasFocus(RTB_MainView); }));
+  End();
+}
+
 TEST_F(PageCommandsInARun, OfFormBGTheItemsFitThePageAfterIt) {
   ASSERT_NO_FATAL_FAILURE(StartRun({"FormBG", false, false}));
   { HeldClipboard().Put(L""); }

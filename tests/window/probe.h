@@ -13,6 +13,21 @@ constexpr const wchar_t* kProbeName = L"TolvaneMenuProbe";
 /// Name of the registered message that asks for the cursor over a control.
 constexpr const wchar_t* kHandName = L"TolvaneHandProbe";
 
+/// A procedure of the probe's library, hooked into the thread of a window as long as it lives.
+class ProbeHook {
+ public:
+  ProbeHook(const std::filesystem::path& library, const char* procedure, int kind, HWND window);
+  ~ProbeHook();
+  ProbeHook(const ProbeHook&) = delete;
+  ProbeHook& operator=(const ProbeHook&) = delete;
+
+  [[nodiscard]] bool Set() const { return hook_ != nullptr; }
+
+ private:
+  HMODULE library_;
+  HHOOK hook_ = nullptr;
+};
+
 /// What can be seen and done in another process alone, at a window of it. A small library is hooked
 /// into the window's thread and sees registered messages arrive. A running program answers in its
 /// yields.
@@ -20,9 +35,6 @@ class ProgramProbe {
  public:
   /// `library` is the path of tolvane_probe.dll.
   ProgramProbe(const std::filesystem::path& library, HWND window);
-  ~ProgramProbe();
-  ProgramProbe(const ProgramProbe&) = delete;
-  ProgramProbe& operator=(const ProgramProbe&) = delete;
 
   /// Whether an item of the menu bar or of the pop-up that is open, which only its own process
   /// knows, can be chosen. The library leaves the state on the window as a property, which any
@@ -40,10 +52,33 @@ class ProgramProbe {
  private:
   [[nodiscard]] std::optional<bool> Ask(const wchar_t* question, int id) const;
 
-  HMODULE library_;
-  HHOOK hook_ = nullptr;
+  ProbeHook hook_;
   HWND window_;
 };
+
+/// Watches the ticks of the program's view from within its thread, where nothing of another
+/// process's pace shows. One at a time.
+class TickProbe {
+ public:
+  /// `library` is the path of tolvane_probe.dll, `window` any window of the program.
+  TickProbe(const std::filesystem::path& library, HWND window);
+
+  /// The shortest time so far, in microseconds, from the message of one tick to that of the next;
+  /// empty before the second tick.
+  [[nodiscard]] std::optional<long> ShortestPeriod() const;
+  /// Ticks so far.
+  [[nodiscard]] long Ticks() const;
+
+ private:
+  ProbeHook hook_;
+};
+
+// Properties of the window that carries the timer.
+constexpr const wchar_t* kShortestPeriodName = L"TolvaneShortestPeriod";
+constexpr const wchar_t* kTicksName = L"TolvaneTicks";
+constexpr const wchar_t* kTimerWindowClass = L"TolvaneWorker";
+/// Export of the library, for a hook of the kind WH_GETMESSAGE.
+constexpr const char* kTickProcedure = "TolvaneTickProcedure";
 
 /// Name of the registered message that drops a path, given as a global atom.
 constexpr const wchar_t* kDropName = L"TolvaneDropProbe";

@@ -54,8 +54,54 @@ void PostDrop(HWND control, ATOM atom) {
   PostMessageW(control, WM_DROPFILES, reinterpret_cast<WPARAM>(list), 0);
 }
 
+bool IsTimerWindow(HWND window) {
+  wchar_t name[32] = L"";
+  GetClassNameW(window, name, static_cast<int>(std::size(name)));
+  return lstrcmpW(name, kTimerWindowClass) == 0;
+}
+
+/// Microseconds of the counter that never goes back.
+LONG_PTR Now() {
+  LARGE_INTEGER counter;
+  LARGE_INTEGER frequency;
+  QueryPerformanceCounter(&counter);
+  QueryPerformanceFrequency(&frequency);
+  return static_cast<LONG_PTR>(counter.QuadPart * 1'000'000 / frequency.QuadPart);
+}
+
+LONG_PTR Property(HWND window, const wchar_t* name) {
+  return reinterpret_cast<LONG_PTR>(GetPropW(window, name));
+}
+void SetProperty(HWND window, const wchar_t* name, LONG_PTR value) {
+  SetPropW(window, name, reinterpret_cast<HANDLE>(value));
+}
+
+/// A tick begins.
+void NoteTick(HWND window) {
+  static LONG_PTR last = 0;
+  const LONG_PTR now = Now();
+  const LONG_PTR shortest = Property(window, kShortestPeriodName);
+  const LONG_PTR period = now - last;
+  if (last != 0 && (shortest == 0 || period < shortest)) {
+    SetProperty(window, kShortestPeriodName, period);
+  }
+  last = now;
+  SetProperty(window, kTicksName, Property(window, kTicksName) + 1);
+}
+
 }  // namespace
 }  // namespace tolvane::window
+
+extern "C" __declspec(dllexport) LRESULT CALLBACK
+    TolvaneTickProcedure(int code, WPARAM removed, LPARAM lparam) {
+  using namespace tolvane::window;
+  const auto& message = *reinterpret_cast<const MSG*>(lparam);
+  if (code == HC_ACTION && removed == PM_REMOVE && message.message == WM_TIMER &&
+      IsTimerWindow(message.hwnd)) {
+    NoteTick(message.hwnd);
+  }
+  return CallNextHookEx(nullptr, code, removed, lparam);
+}
 
 extern "C" __declspec(dllexport) LRESULT CALLBACK
     TolvaneProbeProcedure(int code, WPARAM wparam, LPARAM lparam) {

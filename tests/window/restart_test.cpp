@@ -3,6 +3,7 @@
 
 #include "tests/helpers/expect_bytes.h"
 #include "tests/window/log_fixture.h"
+#include "tests/window/message_icon.h"
 #include "tools/drive/screen_picture.h"
 #include "tools/drive/text.h"
 // Last: its symbols are also names of controls elsewhere.
@@ -54,6 +55,26 @@ TEST_F(Restart, KeepsThePageWithItsColoursAndTheComment) {
   EXPECT_TRUE(WaitUntil([&] { return Shown(kRed) == red && Shown(kYellow) == yellow; }))
       << Shown(kRed) << " of " << red << ", " << Shown(kYellow) << " of " << yellow;
   KeepPicture(main_.Handle(), "after");
+  End();
+}
+
+TEST_F(Restart, ALongPageIsShownFromItsEnd) {
+  ASSERT_NO_FATAL_FAILURE(Start());
+  std::wstring page;
+  for (int line = 1; line <= 300; ++line) page += L"line " + std::to_wstring(line) + L"\r\n";
+  main_.Type(RTB_MainView, page + L"end");
+  End();
+
+  ASSERT_NO_FATAL_FAILURE(Start());
+  EXPECT_TRUE(main_.Text(RTB_MainView).ends_with(L"end"));
+  const HWND view = main_.Control(RTB_MainView);
+  const auto first_line = [view] { return Send(view, EM_GETFIRSTVISIBLELINE, 0, 0).value_or(0); };
+  EXPECT_GT(first_line(), 0);
+  KeepPicture(main_.Handle(), "end");
+  // The user cannot scroll further down.
+  const LRESULT shown = first_line();
+  (void)Send(view, WM_VSCROLL, SB_BOTTOM, 0);
+  EXPECT_EQ(first_line(), shown);
   End();
 }
 
@@ -147,6 +168,7 @@ TEST_F(Restart, OldSettingsAreTakenOverAfterAQuestionOrRefusedAndDeleted) {
                      L"ソフトのバージョン：1.23\r\n設定データのバージョン：" +
                      std::wstring(row.shown)));
       EXPECT_TRUE(WaitUntil([&] { return DrivenWindow(question->box).HasFocus(IDNO); }));
+      EXPECT_TRUE(WaitUntil([&] { return ShowsIcon(question->box, IDI_QUESTION); }));
       ASSERT_TRUE(Press(*question, row.answer));
       main_ = program_->WaitForMainWindow();
     } else {

@@ -1,4 +1,5 @@
 // A run in the real window: connect, live page, disconnect.
+#include <climits>
 #include <fstream>
 #include <string>
 
@@ -83,6 +84,25 @@ TEST_F(Run, ShowsEachIdentifierOnItsLineWithItsLastBytesAndCycle) {
   KeepPicture(window.Handle(), "page");
   ASSERT_NO_FATAL_FAILURE(Disconnect(window));
   EXPECT_EQ(window.Text(RTB_MainView), expected);
+}
+
+TEST_F(Run, TheViewTicksEvery30Milliseconds) {
+  // One line: a period is the interval and the length of a tick.
+  std::ofstream(folder_.Path() / L"frames.log", std::ios::binary) << "(0.000000) can0 123#00\n";
+  const DrivenWindow window = StartOn("[canusb 1]\n[bus]\nsource = log\nlog = frames.log\n");
+  ASSERT_TRUE(window.Exists());
+  ASSERT_NO_FATAL_FAILURE(Connect(window));
+  const TickProbe probe(OwnFolder() / L"tolvane_probe.dll", window.Handle());
+  // A busy machine makes a period longer, and none shorter.
+  constexpr long kInterval = 30'000;  // us
+  EXPECT_TRUE(WaitUntil([&] {
+    return probe.Ticks() >= 100 && probe.ShortestPeriod().value_or(LONG_MAX) < kInterval + 4'000;
+  })) << probe.Ticks()
+      << " ticks, the shortest period " << probe.ShortestPeriod().value_or(0) << " us";
+  EXPECT_GE(probe.ShortestPeriod().value_or(0), kInterval - 1'000);
+  ASSERT_NO_FATAL_FAILURE(Disconnect(window));
+  window.Close();
+  EXPECT_EQ(program_->WaitForEnd(), 0u);
 }
 
 /// While it lives, a thread of another process stands still, and what is posted to it waits.

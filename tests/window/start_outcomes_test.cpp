@@ -9,6 +9,7 @@
 #include "tests/window/damaged_library.h"
 #include "tests/window/message_icon.h"
 #include "tests/window/window_fixture.h"
+#include "tools/drive/screen_picture.h"
 #include "tools/drive/text.h"
 // Last: its symbols are also names of controls elsewhere.
 #include "src/platform/windows/resources/resource.h"
@@ -214,7 +215,7 @@ TEST_F(StartOutcome, ListsThreeKindsInOrderWithTheirTexts) {
   EXPECT_EQ(window.Text(TB_ODB_Hard_Version), L"V1.02N0.93");
   (void)Send(window.Control(Cmb_Serect_Device), CB_SHOWDROPDOWN, TRUE, 0);
   EXPECT_TRUE(WaitUntil([] { return FindTopWindow(L"ComboLBox") != nullptr; }));
-  Sleep(300);  // until the list has been painted
+  EXPECT_TRUE(AwaitPainted(FindTopWindow(L"ComboLBox")));
   KeepPicture(window.Handle(), "list");
   (void)Send(window.Control(Cmb_Serect_Device), CB_SHOWDROPDOWN, FALSE, 0);
 

@@ -11,6 +11,7 @@ namespace tolvane::window {
 namespace {
 
 constexpr const wchar_t* kTitle = L"Tolvane Ver1.23";
+constexpr const wchar_t* kSplashClass = L"TolvaneSplash";
 
 using Start = RealProgram;
 
@@ -26,6 +27,7 @@ TEST_F(Start, OneCanusbAdapterIsListedWithItsVersionAndTheWindowWaits) {
   EXPECT_EQ(window.Text(TB_ODB_Hard_Version), L"V1.02N0.93");
   EXPECT_EQ(window.Text(TB_LogComment), L"ＣＡＮ受信ログ");
   EXPECT_EQ(State(window), IdleState());
+  EXPECT_EQ(FindTopWindow(kSplashClass, program_->Id()), nullptr);
   KeepPicture(window.Handle(), "window");
 
   window.Close();
@@ -77,6 +79,30 @@ TEST_F(Start, EveryWayOfClosingSavesAndEndsTheProgram) {
   }
 }
 
+// The support library is sought where the folder's name without the program's name leads, each
+// time that it stands there.
+TEST_F(Start, AFolderThatBearsTheProgramsNameTwiceIsSearchedWithoutIt) {
+  PlugIn(kOneCanusb, {L"canusbdrv.dll"});
+  const ProgramFolder named(OwnFolder() / L"..\\..\\program",
+                            OwnFolder() / L"Tolvane.exe-under-Tolvane.exetest");
+  const ProgramFolder searched(OwnFolder() / L"..\\..\\program", OwnFolder() / L"-under-test");
+  {
+    program_.emplace(named.Executable());
+    const DrivenWindow window = program_->WaitForMainWindow();
+    ASSERT_TRUE(window.Exists());
+    EXPECT_TRUE(WaitUntil([&] { return window.Enabled(Bt_Connect); }));
+    window.Close();
+    EXPECT_EQ(program_->WaitForEnd(), 0u);
+  }
+  std::filesystem::remove(searched.Path() / L"qxt100.dll");
+  program_.emplace(named.Executable());
+  const auto message = WaitForMessage(program_->Id());
+  ASSERT_TRUE(message);
+  EXPECT_TRUE(message->text.starts_with(L"qxt100.dll が見つかりません。")) << Utf8(message->text);
+  ASSERT_TRUE(Press(*message, IDOK));
+  EXPECT_TRUE(program_->WaitForEnd());
+}
+
 struct FailedStart {
   const char* label;
   std::string_view ini;
@@ -84,13 +110,34 @@ struct FailedStart {
   const wchar_t* missing_file;  // of the program's folder, null for none
   std::function<std::wstring()> text;
   bool writes_settings;
+  std::optional<double> progress;  // of the splash behind the message, where it is up by then
 };
 
 std::ostream& operator<<(std::ostream& stream, const FailedStart& row) {
   return stream << row.label;
 }
 
-class StartFails : public RealProgram, public testing::WithParamInterface<FailedStart> {};
+/// How far the bar has come, of 1, to the pixel.
+double ProgressOf(const DrivenWindow& splash) {
+  RECT track{};
+  GetClientRect(splash.Control(Pic_ProgressBar_0), &track);
+  POINT cover{};
+  MapWindowPoints(splash.Control(Pic_ProgressBar_1), splash.Control(Pic_ProgressBar_0), &cover, 1);
+  return track.right > 0 ? static_cast<double>(cover.x) / track.right : -1;
+}
+
+class StartFails : public RealProgram, public testing::WithParamInterface<FailedStart> {
+ protected:
+  void ExpectSplash(std::optional<double> progress) const {
+    const DrivenWindow splash(FindTopWindow(kSplashClass, program_->Id()));
+    ASSERT_EQ(splash.Exists(), progress.has_value());
+    EXPECT_EQ(FindTopWindow(kMainWindowClass, program_->Id()), nullptr);
+    if (!progress) return;
+    EXPECT_EQ(Utf8(splash.Text(Lb_msg)), Utf8(L"検索結果の判断処理中"));
+    EXPECT_NEAR(ProgressOf(splash), *progress, 0.005);
+    EXPECT_TRUE(splash.Visible(Image1));
+  }
+};
 
 TEST_P(StartFails, WithItsMessageAndEndsTheProgram) {
   const FailedStart& row = GetParam();
@@ -102,6 +149,7 @@ TEST_P(StartFails, WithItsMessageAndEndsTheProgram) {
   EXPECT_EQ(Utf8(message->title), Utf8(kTitle));
   EXPECT_EQ(Utf8(message->text), Utf8(row.text()));
   KeepPicture(message->box, "message");
+  ExpectSplash(row.progress);
 
   ASSERT_TRUE(Press(*message, IDOK));
   EXPECT_TRUE(program_->WaitForEnd());
@@ -120,7 +168,8 @@ const FailedStart kFailedStarts[] = {
            L"qxt100.dll が見つかりません。\r\nqxt100.dll は同梱のものを使用してください。\r\n"
            L"アプリケーションを終了します。");
      },
-     false},
+     false,
+     {}},
     {"NoAdapterLibrary",
      "",
      {},
@@ -130,13 +179,15 @@ const FailedStart kFailedStarts[] = {
               L"\\canusbdrv.dll\r\nドライバがインストールされていません。\r\n"
               L"アプリケーションを終了します。";
      },
-     false},
+     false,
+     {}},
     {"NothingPluggedIn",
      "[bus]\nsource = vehicle\n",
      {L"canusbdrv.dll", L"IFCan.dll", L"canlib32.dll"},
      nullptr,
      [] { return std::wstring(L"デバイスが見つかりません。\r\nアプリケーションを終了します。"); },
-     true},
+     true,
+     0.45},
     {"VersionQueryFails",
      "[canusb 1]\ncanusb_VersionInfo = -1\n",
      {L"canusbdrv.dll"},
@@ -144,7 +195,8 @@ const FailedStart kFailedStarts[] = {
      [] {
        return std::wstring(L"機器が正常に動作していません。\r\nアプリケーションを終了します。");
      },
-     true},
+     true,
+     0.8},
 };
 
 INSTANTIATE_TEST_SUITE_P(Table, StartFails, testing::ValuesIn(kFailedStarts),

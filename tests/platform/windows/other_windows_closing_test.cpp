@@ -1,6 +1,7 @@
 // The ways of closing the windows beside the main one.
 #include <gtest/gtest.h>
 
+#include <ostream>
 #include <string>
 
 #include "platform/windows/formversion_window.h"
@@ -39,6 +40,8 @@ struct Typed {
   const wchar_t* text;
   String (*setting)(const ELM327_Info& device);
 };
+
+std::ostream& operator<<(std::ostream& stream, const Typed& typed) { return stream << typed.name; }
 
 const Typed kTyped[] = {
     {"CommonSetting", 0, TB_DataChangeColorTime, L"77",
