@@ -131,7 +131,8 @@ TEST_F(CommonSetting, WhatStandsBehindAModalWindowTakesNoMessageOfOtherProgramsE
   const DrivenWindow dialog = Open(menu_common_setting);
   EXPECT_TRUE(main_.Click(Bt_Connect));
   (void)Send(main_.Handle(), WM_COMMAND, Bt_Connect, 0);
-  EXPECT_FALSE(WaitUntil([&] { return !main_.Enabled(Bt_Connect); }, std::chrono::seconds(1)));
+  ASSERT_TRUE(main_.AwaitPosted(TB_Protocol));
+  EXPECT_TRUE(main_.Enabled(Bt_Connect));
   EXPECT_EQ(main_.Text(TB_Protocol), L"---");
 
   dialog.Command(Bt_DataChangeColor_Dialog);

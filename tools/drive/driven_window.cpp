@@ -157,6 +157,13 @@ void DrivenWindow::Type(int id, const std::wstring& text) const {
   (void)Send(edit, EM_REPLACESEL, TRUE, reinterpret_cast<LPARAM>(text.c_str()));
 }
 
+bool DrivenWindow::AwaitPosted(int edit) const {
+  const auto selection = [&] { return Send(Control(edit), EM_GETSEL, 0, 0); };
+  const int end = selection() == MAKELRESULT(0, 1) ? 2 : 1;
+  PostMessageW(Control(edit), EM_SETSEL, 0, end);
+  return WaitUntil([&] { return selection() == MAKELRESULT(0, end); });
+}
+
 void DrivenWindow::Close() const { PostMessageW(window_, WM_CLOSE, 0, 0); }
 
 }  // namespace tolvane::window

@@ -67,6 +67,10 @@ class DrivenWindow {
   void Type(int id, const std::wstring& text) const;
   void Close() const;
 
+  /// Waits until the program has taken in what was posted to it so far, by what is posted behind
+  /// it: another selection in an edit control, `edit`, of two characters at least.
+  [[nodiscard]] bool AwaitPosted(int edit) const;
+
  private:
   HWND window_ = nullptr;
 };

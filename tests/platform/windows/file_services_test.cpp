@@ -89,7 +89,8 @@ TEST_F(Files, AFileThatAnotherProgramHoldsIsRefusedWholly) {
 
 TEST_F(Files, AReadOnlyFileIsDeletedByForceOnly) {
   ASSERT_TRUE(folder_.Put(u"kept.dat", "x"));
-  SetFileAttributesW(Wide(folder_ / u"kept.dat"), FILE_ATTRIBUTE_READONLY);
+  SetFileAttributesW(Wide(folder_ / u"kept.dat"), FILE_ATTRIBUTE_READONLY | FILE_ATTRIBUTE_ARCHIVE);
+  EXPECT_EQ(files_.Attributes(folder_ / u"kept.dat"), 1 + 32) << "every bit is told";
   EXPECT_FALSE(files_.DeleteFile(folder_ / u"kept.dat", false));
   EXPECT_TRUE(files_.DeleteFile(folder_ / u"kept.dat", true));
   EXPECT_FALSE(files_.FileExists(folder_ / u"kept.dat"));

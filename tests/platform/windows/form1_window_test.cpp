@@ -300,16 +300,17 @@ TEST_F(MainWindowTest, TheViewTakesWhatALargerWindowGives) {
 
 TEST_F(MainWindowTest, ControlsThatMoveAreSeenWhole) {
   window_.Start(SW_SHOW);
-  PumpFor(loop_, 100);
+  loop_.YieldToEvents();
+  RedrawWindow(window_.Hwnd(), nullptr, nullptr, RDW_UPDATENOW | RDW_ALLCHILDREN);
   const int controls[] = {Bt_Connect, Bt_Disconnect, Bt_SaveFile, Bt_ViewClear, Lb_Status};
   std::vector<WindowPicture> before;
   for (const int id : controls) before.emplace_back(Child(id));
   // By half a button, by more than one, and back.
   for (const int width : {1000, 1272, 1000, 940}) {
     SetWindowPos(window_.Hwnd(), nullptr, 0, 0, width, 700, SWP_NOMOVE | SWP_NOZORDER);
-    PumpFor(loop_, 100);
     for (std::size_t i = 0; i < std::size(controls); ++i) {
-      EXPECT_TRUE(WindowPicture(Child(controls[i])) == before[i]) << controls[i] << " at " << width;
+      EXPECT_TRUE(PumpUntil(loop_, [&] { return WindowPicture(Child(controls[i])) == before[i]; }))
+          << controls[i] << " at " << width;
     }
   }
 }

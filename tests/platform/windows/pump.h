@@ -12,10 +12,4 @@ bool PumpUntil(WindowsEventLoop& loop, Done done) {
   return done();
 }
 
-/// Yields for `milliseconds`.
-inline void PumpFor(WindowsEventLoop& loop, ULONGLONG milliseconds) {
-  const ULONGLONG end = GetTickCount64() + milliseconds;
-  while (GetTickCount64() < end) loop.YieldToEvents();
-}
-
 }  // namespace tolvane::platform::windows

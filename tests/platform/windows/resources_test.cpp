@@ -154,6 +154,7 @@ TEST(VersionResource, OfTheProgramAndItsLibraryTellsTheSameVersion) {
     EXPECT_THAT(VersionNumbers(file), testing::ElementsAre(1, 23, 0, 0));
     EXPECT_EQ(VersionText(file, u"CompanyName"), u"Tolvane Project");
     EXPECT_EQ(VersionText(file, u"OriginalFilename"), file);
+    EXPECT_EQ(VersionText(file, u"InternalName"), file.substr(0, file.rfind(u'.')));
     EXPECT_EQ(VersionText(file, u"ProductName"), u"Tolvane");
     EXPECT_EQ(VersionText(file, u"ProductVersion"), u"1.23");
     EXPECT_EQ(VersionText(file, u"FileVersion"), u"1.23");

@@ -45,6 +45,7 @@ TEST_F(SplashTest, ShowsThePhaseUntilItMakesWay) {
   splash_.Visible(true);
   EXPECT_TRUE(IsWindowVisible(splash_.Hwnd()));
   EXPECT_EQ(WindowText(GetDlgItem(splash_.Hwnd(), Lb_msg)), u"デバイスの初期処理中");
+  EXPECT_EQ(WindowText(GetDlgItem(splash_.Hwnd(), Lb_Splash_Title)), u"Tolvane");
   EXPECT_TRUE(WindowPicture(splash_.Hwnd()).Save(u"splash"));
   splash_.MakeWay();
   EXPECT_TRUE(IsWindowVisible(splash_.Hwnd())) << "nobody told it to go";
