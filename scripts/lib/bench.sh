@@ -47,7 +47,8 @@ bench_write() {
 
 # bench_judges FILE: what the libraries of the bench FILE refused, or saw left undone, is a failure.
 bench_judges() {
-  local faults
-  faults=$(grep ' fault: ' "${1%.ini}-report.txt") || return 0
+  local report=${1%.ini}-report.txt faults
+  [ -s "$report" ] || fail "the simulated libraries left no report in $report"
+  faults=$(grep ' fault: ' "$report") || return 0
   fail "calls that no adapter takes: $faults"
 }

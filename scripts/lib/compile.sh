@@ -37,7 +37,8 @@ build_configured() {
 # there before.
 build_preset() { configure_preset "$1" && build_configured "$@"; }
 
-# build_tests PRESET [TARGET...]: the same with tests and benchmarks, which need their packages too.
+# build_tests PRESET [TARGET...]: the same with tests, and with benchmarks where they are named; both need
+# their packages too.
 build_tests() { configure_preset "$1" -DTOLVANE_TESTS=ON && build_configured "$@"; }
 
 # build_program ARCH [TARGET...]: the program's folder, the simulated libraries, and other targets.

@@ -174,21 +174,33 @@ stage_soak() {
   build_all native soak_tests tolvane_soak benchmarks && run_ctest soak native -j2 -R '(^|/)Soak'
 }
 
+# can_have COMMAND ARGS: whether it succeeds, tried in a shell of its own: what ends a script there ends no
+# other stage, and what it starts is ended again.
+can_have() {
+  (
+    # shellcheck disable=SC2034 # for run_at_exit
+    at_exit_commands=()
+    trap run_at_exit EXIT
+    "$@"
+  )
+}
+
 # Wine and the X server stand from the first stage that needs them to the end of the script.
 need_wine() {
   [ -z "${wine_lock:-}" ] || return 0
   # shellcheck source=wine.sh
   source "$root/scripts/lib/wine.sh"
+  can_have wine_session || { count_failed "the Wine prefix or the display cannot be had"; return 1; }
   wine_session
 }
 
 stage_wine() {
-  need_wine
+  need_wine || return
   build_all windows-x64 all benchmarks && run_ctest wine windows-x64 -E "$other_entries"
 }
 
 stage_window() {
-  need_wine
+  need_wine || return
   build_all windows-x64 && run_ctest window windows-x64 -R '^window_tests$'
   keep_pictures
 }
@@ -218,6 +230,8 @@ stage_x86() {
     count_skipped "x86: $obstacle"
   elif ! x86_make_root; then
     count_skipped "x86: the 32-bit root cannot be made: $(x86_reason)"
+  elif ! can_have display_start; then
+    count_failed "x86: the display cannot be had"
   elif build_all windows-x86; then
     display_start
     GTEST_FILTER=$x86_filter run_ctest x86 windows-x86

@@ -48,6 +48,7 @@ class Interruption(unittest.TestCase):
         self.script("slow.py", f"import pathlib, time\npathlib.Path({str(began)!r}).touch()\ntime.sleep(60)\n")
         process = self.start(RUN, self.script("script.py", "import slow\n"))
         while not began.exists():
+            self.assertIsNone(process.poll())
             time.sleep(0.01)
         os.killpg(process.pid, signal.SIGINT)
         self.assertEqual(("", ""), process.communicate(timeout=20))
@@ -60,6 +61,7 @@ class Interruption(unittest.TestCase):
                     f"import pathlib, time\npathlib.Path({str(began)!r}).touch()\ntime.sleep(0.5)\n")
         process = self.start(RUN, self.script("script.py", "print('ran')\n"), PYTHONPATH=str(self.folder))
         while not began.exists():
+            self.assertIsNone(process.poll())
             time.sleep(0.01)
         os.killpg(process.pid, signal.SIGINT)
         self.assertEqual(("ran\n", ""), process.communicate(timeout=20))

@@ -59,6 +59,7 @@ class Stages(unittest.TestCase):
             said = self.bash(f'''need_wine() {{ :; }}
                 x86_obstacle() {{ :; }}
                 x86_make_root() {{ :; }}
+                display_start() {{ :; }}
                 source() {{ :; }}
                 build_all() {{ echo "$*"; return 1; }}
                 stage_{stage} || true''')
@@ -103,6 +104,19 @@ class Stages(unittest.TestCase):
             self.assertRegex(said[0], "^build x64 tolvane_drive", stage)
             self.assertEqual("1", said[-1])
             self.assertNotIn("case", said)
+
+    def test_a_wine_prefix_that_cannot_be_had_fails_its_stage_and_ends_no_other(self):
+        for stage in ("wine", "window", *COMMAND_STAGES):
+            said = self.bash(f'''source() {{ :; }}
+                wine_session() {{ at_exit echo ended; fail "no prefix"; }}
+                build_program() {{ :; }}
+                build_all() {{ echo built; }}
+                own_recording() {{ echo /dev/null; }}
+                run_stage {stage} 2>&1; echo "$failed"''').splitlines()
+            self.assertIn("error: no prefix", said, stage)
+            self.assertIn("ended", said, stage)
+            self.assertNotIn("built", said, stage)
+            self.assertEqual("1", said[-1], stage)
 
     def test_help_stands_anywhere_and_names_every_stage(self):
         for arguments in (["--help"], ["--only", "unit", "--help"], ["--x86", "-h"]):
