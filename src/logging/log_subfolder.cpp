@@ -70,11 +70,12 @@ bool Excel_OutputDB::Get_SubFolder_Name(ELM327_Info& device, String& FolderName)
     const String name(PathOfFolder(clean));
     const String elsewhere(PathOfFolder(device.t_LogSaveFilePath));
     const String path = elsewhere + u'\\' + name;
-    const bool takes_the_log = elsewhere == base;
-    if (!(takes_the_log ? MakeLogFolder(services_.files, path, device)
-                        : services_.files.CreateFolder(path))) {
-      return false;
-    }
+    const String in_base = base + u'\\' + name;
+    const bool made = path == in_base ? MakeLogFolder(services_.files, path, device)
+                                      : services_.files.CreateFolder(path);
+    if (!made) return false;
+    // One folder may be spelled in two ways; then the log goes into it all the same.
+    if (services_.files.FolderExists(in_base) && !TakesLogFiles(in_base, device)) return false;
     FolderName = name;
     return true;
   }

@@ -202,6 +202,24 @@ TEST_F(WorkbookSubfolder, OneElsewhereThatTakesNoWorkbookMayHaveAnyPath) {
   EXPECT_FALSE(DecideIn(u"C:\\Tolvane", u"bench [1]")) << "where the workbooks go";
 }
 
+TEST_F(WorkbookSubfolder, OneThatTakesTheLogUnderAnotherSpellingCannotBeMade) {
+  device.t_LogSaveFilePath_mode = 0;
+  device.t_LogSaveFilePath = u"c:\\TOLVANE";
+  device.t_LogComment = u"bench [1]";
+  EXPECT_FALSE(Decide());
+  EXPECT_EQ(FolderName, u"");
+}
+
+TEST_F(LogSubfolder, OneElsewhereThatTakesNoLogMayBeAsLongAsAFolderCanBe) {
+  const String path = u"E:\\" + String(235, u'b');
+  files.AddFolder(path);
+  device.t_LogSaveFilePath_mode = 0;
+  device.t_LogSaveFilePath = path;
+  device.t_LogComment = u"bench";
+  EXPECT_TRUE(Decide());
+  EXPECT_TRUE(files.FolderExists(path + u"\\bench")) << "244 characters";
+}
+
 TEST_F(WorkbookSubfolder, WithoutAServerTheyAreFoldersLikeOthers) {
   struct Row {
     std::int32_t t_LogSave_Enable;
