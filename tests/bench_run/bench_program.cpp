@@ -23,8 +23,9 @@ class ReadClock : public simulator::BenchClock {
 
 }  // namespace
 
-BenchProgram::BenchProgram(const std::string& ini, const Pauses& pauses)
+BenchProgram::BenchProgram(const std::string& ini, const Pauses& pauses, std::stringbuf& report)
     : pauses_(pauses),
+      report_(report),
       canusbdrv_(NewBench("canusbdrv", ini)),
       IFCan_(NewBench("IFCan", ini)),
       canlib32_(NewBench("canlib32", ini)),

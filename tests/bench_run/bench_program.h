@@ -25,8 +25,9 @@ struct Pauses {
 /// by the program's own doings, so a run comes out the same on every machine.
 class BenchProgram {
  public:
-  /// `ini` describes bus and adapter.
-  BenchProgram(const std::string& ini, const Pauses& pauses);
+  /// `ini` describes bus and adapter. What the libraries report goes to `report`, the last of it
+  /// when the program is destroyed.
+  BenchProgram(const std::string& ini, const Pauses& pauses, std::stringbuf& report);
   BenchProgram(const BenchProgram&) = delete;
   BenchProgram& operator=(const BenchProgram&) = delete;
 
@@ -85,7 +86,7 @@ class BenchProgram {
   std::int64_t last_tick_us_ = 0;
   std::int64_t last_yield_us_ = 0;
   std::int64_t end_us_ = 0;
-  std::stringbuf report_;
+  std::stringbuf& report_;
   platform::memory::MemoryPlatform memory_;
   FlushClock wall_clock_{memory_.wall_clock, now_us_, pauses_.flush_us};
   simulator::CanusbBench canusbdrv_;

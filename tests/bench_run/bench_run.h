@@ -6,6 +6,7 @@
 #include <array>
 #include <cstdint>
 #include <optional>
+#include <sstream>
 #include <string>
 #include <vector>
 
@@ -57,12 +58,18 @@ inline Lines Records(const std::string& log) {
 }
 
 /// The whole program with one adapter of each kind, whose csv log is on. Each read takes 1 ms.
+/// Faults that a program's calls make fail its test, once it has ended, unless they stand in
+/// `expected_faults_`.
 class BenchRun : public testing::Test {
  protected:
-  /// Starts the program on the bench file, to which the adapters are added, and selects one.
+  void TearDown() override { EndProgram(); }
+
+  /// Starts the program on the bench file, to which the adapters are added, and selects one. One
+  /// that runs already is ended.
   void Start(const std::string& ini, Kind kind) {
+    EndProgram();
     program_.emplace(ini + "\n[canusb 1]\n[interface 1]\n[kvaser 0]\n",
-                     Pauses{.read_us = 1'000, .tick_us = 0, .flush_us = 0});
+                     Pauses{.read_us = 1'000, .tick_us = 0, .flush_us = 0}, report_);
     program_->Start();
     program_->Device().t_LogSave_Enable = 1;
     program_->Device().t_LogSaveFormat = kLogFormatCsv;
@@ -76,13 +83,22 @@ class BenchRun : public testing::Test {
     return logs.empty() ? Lines{} : Records(logs.back());
   }
 
-  [[nodiscard]] Faults FaultsSoFar() const { return FaultsOf(program_->Report()); }
   [[nodiscard]] bool Reported(const std::string& text) const {
-    return program_->Report().find(text) != std::string::npos;
+    return report_.str().find(text) != std::string::npos;
   }
   [[nodiscard]] std::string Page() const { return platform::memory::Narrow(program_->Page()); }
 
+  std::stringbuf report_;  // of this program
   std::optional<BenchProgram> program_;
+  Faults expected_faults_;  // of this program
+
+ private:
+  void EndProgram() {
+    program_.reset();
+    EXPECT_EQ(FaultsOf(report_.str()), expected_faults_);
+    report_.str("");
+    expected_faults_.clear();
+  }
 };
 
 /// A test for each kind of adapter.

@@ -195,6 +195,23 @@ TEST_P(Nesting, ADisconnectInTheFlushOfAFullChannelLosesNothing) {
   EXPECT_FALSE(memory_.canusbdrv.frames.Empty()) << "the frame behind it was never accepted";
 }
 
+TEST_P(Nesting, ATickInTheFlushOfAFullChannelIsOneOfMany) {
+  TakeName(1);
+  Arrive(0x1A0, 20'001);
+  bool in_flush = false;
+  Run([&](int depth) {
+    if (depth == 2) return;
+    if (std::exchange(in_flush, true))
+      return memory_.RTB_MainView.Swaps() < 2 ? Tick() : Disconnect();
+    Tick();
+    EXPECT_EQ(memory_.RTB_MainView.Swaps(), 1);
+    EXPECT_TRUE(Timer().Enabled()) << "the run goes on";
+    EXPECT_EQ(Log(2), "no file");
+  });
+  EXPECT_EQ(memory_.RTB_MainView.Swaps(), 2);
+  EXPECT_EQ(LoggedFrames(Log(2)), 20'001U);
+}
+
 TEST_P(Nesting, TheSessionEndsWithinATick) {
   Run([&](int depth) {
     if (depth == 1) return Tick();

@@ -108,5 +108,14 @@ TEST(ExecutableFolder, ThatNamesTheExecutableIsCutBeforeTheSupportLibraryIsSough
   ExpectOneStopBox(memory.message_box.Boxes(), kLibrariesMissing);
 }
 
+TEST(ExecutableFolder, ThatNamesTheExecutableTwiceIsCutTwice) {
+  platform::memory::MemoryPlatform memory;
+  memory.files.AddFolder(u"C:\\Tools.old");
+  memory.files.AddFile(u"C:\\Tools.old\\qxt100.dll", "MZ");
+  Form1 form(memory.Platform(), memory.MainWindow(), u"C:\\ToolsTolvane.exe.old\\Tolvane.exe");
+  form.Form_Load();
+  ExpectOneStopBox(memory.message_box.Boxes(), kLibrariesMissing);
+}
+
 }  // namespace
 }  // namespace tolvane

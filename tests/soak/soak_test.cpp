@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <ostream>
+#include <sstream>
 #include <string>
 
 #include "simulator/bench_config.h"
@@ -73,9 +74,11 @@ TEST_P(Soak, EveryFrameOfTheBusIsDeliveredAndLogged) {
   const Load& load = GetParam();
   const std::string ini = BenchFile(load);
   const std::int64_t covered_us = 4096 * load.frame_us;
+  std::stringbuf report;
   bench_run::BenchProgram program(
       ini,
-      {.read_us = load.frame_us / 4, .tick_us = covered_us / 10, .flush_us = covered_us * 8 / 10});
+      {.read_us = load.frame_us / 4, .tick_us = covered_us / 10, .flush_us = covered_us * 8 / 10},
+      report);
   RunLogged(program, load);
 
   const BenchRun counts = Counts(program);
@@ -100,7 +103,8 @@ INSTANTIATE_TEST_SUITE_P(SoakLoads, Soak, testing::ValuesIn(kLoads),
 TEST(SoakFaults, AFlushLongerThanTheQueueLosesFramesAndTheComparisonSaysWhich) {
   const Load load = kLoads[0];
   const std::string ini = BenchFile(load);
-  bench_run::BenchProgram program(ini, {.read_us = 12, .tick_us = 0, .flush_us = 250'000});
+  std::stringbuf report;
+  bench_run::BenchProgram program(ini, {.read_us = 12, .tick_us = 0, .flush_us = 250'000}, report);
   RunLogged(program, load);
 
   const BenchRun counts = Counts(program);

@@ -63,7 +63,7 @@ std::wstring AdapterRuns::ConnectToMessage(std::string_view picture) {
   return message->text;
 }
 
-// Handles count up, except Kvaser's.
+// Only Kvaser's handle is the same in each run.
 Calls ExpectedCalls(Kind kind, const Settings& settings, const Calls& made) {
   const RateRow& rate = kRates[static_cast<std::size_t>(settings.bit_rate)];
   const std::size_t equals = made.empty() ? std::string::npos : made.front().rfind("= ");
