@@ -53,7 +53,7 @@ double BaselineTick(HWND like, platform::CodePage& code_page, WindowsEventLoop& 
 
 int Compare(const wchar_t* library, int rounds) {
   const HINSTANCE instance = GetModuleHandleW(nullptr);
-  EventGate gate;
+  platform::EventGate gate;
   WindowsEventLoop loop(gate);
   WindowsCodePage code_page;
   SplashWindow splash(instance);
