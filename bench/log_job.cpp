@@ -9,10 +9,10 @@
 
 #include "bench/local_files.h"
 #include "logging/excel_outputdb.h"
-#include "platform/memory/code_page_932.h"
-#include "platform/memory/event_loop.h"
-#include "platform/memory/special_folders.h"
-#include "platform/memory/wall_clock.h"
+#include "platform/memory/system/code_page_932.h"
+#include "platform/memory/system/event_loop.h"
+#include "platform/memory/system/special_folders.h"
+#include "platform/memory/system/wall_clock.h"
 #include "simulator/candump_log.h"
 
 namespace tolvane {

@@ -7,10 +7,10 @@
 #include <cstdint>
 #include <string>
 
-#include "platform/memory/support_library.h"
+#include "platform/memory/system/support_library.h"
 #include "tests/view/tick_bed.h"
-#include "view/highlight_columns.h"
 #include "view/page_rtf.h"
+#include "view/tables/highlight_columns.h"
 
 namespace tolvane {
 namespace {

@@ -51,8 +51,7 @@ if(TOLVANE_SANITIZE OR TOLVANE_FUZZ)
   target_link_options(tolvane_options INTERFACE ${tolvane_sanitizers})
 endif()
 
-# tolvane_library(name SOURCES ... USES ...): one static library of one floor of the program.
-# USES names the libraries of the floors below it; the include check compares the real includes.
+# tolvane_library(name SOURCES ... USES ...): a static library that sees the contracts of src/platform.
 function(tolvane_library name)
   cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "SOURCES;USES")
   add_library(${name} STATIC ${arg_SOURCES})

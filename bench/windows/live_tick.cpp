@@ -1,6 +1,6 @@
 #include "bench/windows/live_tick.h"
 
-#include "view/highlight_columns.h"
+#include "view/tables/highlight_columns.h"
 
 namespace tolvane::bench {
 namespace {

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "platform/windows/event_loop.h"
-#include "platform/windows/support_library.h"
+#include "platform/windows/system/event_loop.h"
+#include "platform/windows/system/support_library.h"
 #include "tests/view/tick_bed.h"
 
 namespace tolvane::bench {

@@ -1,8 +1,8 @@
 #include "bench/windows/rich_edit_baseline.h"
 
-#include "platform/windows/line_ends.h"
-#include "platform/windows/rich_edit_stream.h"
-#include "platform/windows/text.h"
+#include "platform/windows/rich_text/line_ends.h"
+#include "platform/windows/rich_text/rich_edit_stream.h"
+#include "platform/windows/system/text.h"
 
 namespace tolvane::bench {
 

@@ -2,7 +2,7 @@
 
 #include <vector>
 
-#include "platform/windows/rich_edit_view.h"
+#include "platform/windows/rich_text/rich_edit_view.h"
 
 namespace tolvane::bench {
 

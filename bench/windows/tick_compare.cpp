@@ -7,9 +7,9 @@
 
 #include "bench/windows/live_tick.h"
 #include "bench/windows/rich_edit_baseline.h"
-#include "platform/windows/code_page.h"
-#include "platform/windows/form1_window.h"
-#include "platform/windows/text.h"
+#include "platform/windows/main_window/form1_window.h"
+#include "platform/windows/system/code_page.h"
+#include "platform/windows/system/text.h"
 
 namespace tolvane::bench {
 namespace {

@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "platform/file_services.h"
-#include "view/stringbuilder.h"
+#include "view/tables/stringbuilder.h"
 
 namespace tolvane {
 

@@ -6,10 +6,10 @@
 #include "platform/automation.h"
 #include "platform/timer.h"
 #include "receive/adapters/binding.h"
-#include "receive/can_readdb.h"
-#include "receive/can_readdb29.h"
 #include "receive/open_traits.h"
 #include "receive/run_parts.h"
+#include "receive/tables/can_readdb.h"
+#include "receive/tables/can_readdb29.h"
 #include "view/tick.h"
 
 namespace tolvane {

@@ -5,12 +5,12 @@
 
 #include "platform/support_library.h"
 #include "receive/adapters/binding.h"
-#include "receive/can_readdb.h"
-#include "receive/can_readdb29.h"
-#include "receive/common_function2.h"
-#include "receive/frame_columns.h"
-#include "receive/key_list.h"
-#include "receive/time_line.h"
+#include "receive/tables/can_readdb.h"
+#include "receive/tables/can_readdb29.h"
+#include "receive/tables/common_function2.h"
+#include "receive/tables/frame_columns.h"
+#include "receive/tables/key_list.h"
+#include "receive/tables/time_line.h"
 #include "run/elm327_info.h"
 
 namespace tolvane {

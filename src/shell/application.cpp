@@ -3,11 +3,11 @@
 #include <array>
 
 #include "config/filesavesystem.h"
-#include "run/form1.h"
-#include "shell/adapter_discovery.h"
+#include "run/control/form1.h"
 #include "shell/common_function.h"
-#include "shell/device_select.h"
-#include "shell/dll_presence_check.h"
+#include "shell/discovery/adapter_discovery.h"
+#include "shell/discovery/device_select.h"
+#include "shell/discovery/dll_presence_check.h"
 
 namespace tolvane {
 

@@ -4,7 +4,7 @@
 #include <cstdint>
 #include <string>
 
-#include "run/form1.h"
+#include "run/control/form1.h"
 #include "run/number_text.h"
 
 namespace tolvane {

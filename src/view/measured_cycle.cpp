@@ -1,6 +1,6 @@
 #include "view/measured_cycle.h"
 
-#include "receive/can_readdb.h"
+#include "receive/tables/can_readdb.h"
 #include "run/elm327_info.h"
 
 namespace tolvane {

@@ -1,10 +1,10 @@
 #include "view/page_colours.h"
 
-#include "receive/frame_columns.h"
-#include "view/highlight_columns.h"
+#include "receive/tables/frame_columns.h"
 #include "view/message_marker.h"
 #include "view/optfunction1.h"
 #include "view/page_rows.h"
+#include "view/tables/highlight_columns.h"
 #include "view/tick_traits.h"
 
 namespace tolvane {

@@ -4,12 +4,12 @@
 #include <cstddef>
 #include <cstdint>
 
-#include "receive/frame_columns.h"
+#include "receive/tables/frame_columns.h"
 #include "run/number_text.h"
-#include "view/highlight_columns.h"
 #include "view/highlight_rules.h"
 #include "view/measured_cycle.h"
 #include "view/optfunction1.h"
+#include "view/tables/highlight_columns.h"
 
 namespace tolvane {
 

@@ -6,7 +6,7 @@
 #include "run/column.h"
 #include "view/message_marker.h"
 #include "view/page_rows.h"
-#include "view/stringbuilder.h"
+#include "view/tables/stringbuilder.h"
 #include "view/tick_parts.h"
 #include "view/tick_traits.h"
 

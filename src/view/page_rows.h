@@ -3,10 +3,10 @@
 #include <cstdint>
 
 #include "platform/string.h"
-#include "receive/can_readdb.h"
-#include "receive/can_readdb29.h"
+#include "receive/tables/can_readdb.h"
+#include "receive/tables/can_readdb29.h"
 #include "run/number_text.h"
-#include "view/stringbuilder.h"
+#include "view/tables/stringbuilder.h"
 
 namespace tolvane {
 

@@ -2,7 +2,7 @@
 
 #include "run/worker_kind.h"
 #include "view/back_page.h"
-#include "view/stringbuilder.h"
+#include "view/tables/stringbuilder.h"
 #include "view/tick_parts.h"
 
 namespace tolvane {

@@ -6,11 +6,11 @@
 #include "platform/rich_text_view.h"
 #include "platform/support_library.h"
 #include "platform/timer.h"
-#include "receive/can_readdb.h"
-#include "receive/can_readdb29.h"
+#include "receive/tables/can_readdb.h"
+#include "receive/tables/can_readdb29.h"
 #include "run/elm327_info.h"
-#include "view/can_viewdb.h"
-#include "view/can_viewdb29.h"
+#include "view/tables/can_viewdb.h"
+#include "view/tables/can_viewdb29.h"
 
 namespace tolvane {
 

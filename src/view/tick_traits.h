@@ -4,7 +4,7 @@
 #include <cstddef>
 #include <cstdint>
 
-#include "receive/can_readdb.h"
+#include "receive/tables/can_readdb.h"
 #include "run/worker_kind.h"
 #include "view/measured_cycle.h"
 

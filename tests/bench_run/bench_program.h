@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "platform/memory/memory_platform.h"
-#include "run/form1.h"
+#include "run/control/form1.h"
 #include "simulator/canlib_bench.h"
 #include "simulator/canusb_bench.h"
 #include "simulator/ifcan_bench.h"

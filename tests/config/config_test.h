@@ -8,10 +8,10 @@
 #include <string_view>
 
 #include "config/filesavesystem.h"
-#include "platform/memory/code_page_932.h"
-#include "platform/memory/file_system.h"
-#include "platform/memory/journal.h"
-#include "platform/memory/message_box.h"
+#include "platform/memory/dialogs/message_box.h"
+#include "platform/memory/system/code_page_932.h"
+#include "platform/memory/system/file_system.h"
+#include "platform/memory/system/journal.h"
 #include "run/elm327_info.h"
 
 namespace tolvane {

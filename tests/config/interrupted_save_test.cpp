@@ -6,7 +6,7 @@
 #include <string>
 #include <tuple>
 
-#include "platform/memory/rich_text_view.h"
+#include "platform/memory/rich_text/rich_text_view.h"
 #include "tests/config/config_test.h"
 
 namespace tolvane {

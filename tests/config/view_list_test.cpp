@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "platform/memory/rich_text_view.h"
+#include "platform/memory/rich_text/rich_text_view.h"
 #include "tests/config/config_test.h"
 
 namespace tolvane {

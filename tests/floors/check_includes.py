@@ -5,15 +5,13 @@ usage: check_includes.py ROOT
 
 Templates and headers alone defeat a fence at link time, so the includes themselves are compared
 with the table in floors.txt, and that table with the drawing in ARCHITECTURE.md. Found are:
-includes of a floor above or of another part of the same floor, files that include each other
-(directly or around), Windows where the logic lives, and files on no floor.
+includes of a room on a floor above or on the same floor, rooms that are linked with such a room, files
+that include each other (directly or around), Windows where the logic lives, and files on no floor.
 """
 
-import fnmatch
 import pathlib
 import re
 import sys
-from typing import NamedTuple
 
 SOURCE_SUFFIXES = {".h", ".cpp"}
 INCLUDE = re.compile(r'^\s*#\s*include\s*([<"])([^>"]+)[>"]', re.MULTILINE)
@@ -26,48 +24,45 @@ WINDOWS_FOLDERS = ("src/platform/windows/", "support/", "simulator/", "tools/dri
 CHECKED_FOLDERS = ("src", "support", "simulator", "tools", "tests", "bench")
 
 
-class Part(NamedTuple):
-    floor: int
-    names: tuple[str, ...]
-    patterns: tuple[str, ...]
-
-
-def read_floors(text: str) -> list[Part]:
-    """The parts of the table, in its order."""
-    parts = []
+def read_floors(text: str) -> dict[str, int]:
+    """The floor of each room of the table."""
+    floors = {}
     for line in text.splitlines():
-        if not line.strip() or line.startswith("#"):
-            continue
-        head, patterns = line.split(":")
-        floor, *names = head.split()
-        parts.append(Part(int(floor), tuple(names), tuple(patterns.split())))
-    return parts
+        if line.strip() and not line.startswith("#"):
+            floor, *rooms = line.split()
+            floors.update({room: int(floor) for room in rooms})
+    return floors
 
 
-def read_drawing(text: str) -> list[list[str]]:
-    """The names of each floor in the ```floors block of ARCHITECTURE.md, top floor first."""
+def read_drawing(text: str) -> list[set[str]]:
+    """The rooms of each floor in the ```floors block of ARCHITECTURE.md, top floor first. Fields stand
+    apart by two blanks or more."""
     block = re.search(r"^```floors\n(.*?)^```", text, re.MULTILINE | re.DOTALL)
     if not block:
         return []
-    # Fields stand apart by two blanks or more; the last one of a line says what the floor is.
-    return [re.split(r" {2,}", line.strip())[:-1] for line in block.group(1).splitlines() if line]
+    drawing: list[set[str]] = []
+    for line in block.group(1).splitlines():
+        fields = re.split(r" {2,}", line.strip())
+        if line.startswith(" "):
+            # More rooms of the floor before.
+            drawing[-1].update(fields)
+        else:
+            # The last field says what the floor is.
+            drawing.append(set(fields[:-1]))
+    return drawing
 
 
-def compare_drawing(parts: list[Part], drawing: list[list[str]]) -> list[str]:
-    floors: dict[int, set[str]] = {}
-    for part in parts:
-        floors.setdefault(part.floor, set()).update(part.names)
-    table = [floors[floor] for floor in sorted(floors, reverse=True)]
-    if table == [set(names) for names in drawing]:
+def compare_drawing(floors: dict[str, int], drawing: list[set[str]]) -> list[str]:
+    table = [{room for room, its in floors.items() if its == floor}
+             for floor in sorted(set(floors.values()), reverse=True)]
+    if table == drawing:
         return []
     return [f"ARCHITECTURE.md draws the floors {drawing}, floors.txt has {table}"]
 
 
-def part_of(path: str, parts: list[Part]) -> Part | None:
-    """The part of `path`, which is relative to src/."""
-    fitting = [(len(pattern), part) for part in parts for pattern in part.patterns
-               if fnmatch.fnmatchcase(path, pattern)]
-    return max(fitting, key=lambda entry: entry[0])[1] if fitting else None
+def room_of(path: str) -> str:
+    """The room of `path`, which is relative to src/."""
+    return path.rpartition("/")[0]
 
 
 def strip_comments(text: str) -> str:
@@ -82,13 +77,13 @@ def includes_of(text: str) -> list[tuple[str, str]]:
     return INCLUDE.findall(text)
 
 
-def check_floors(sources: dict[str, str], parts: list[Part]) -> list[str]:
+def check_floors(sources: dict[str, str], floors: dict[str, int]) -> list[str]:
     """`sources` maps paths relative to src/ to their text."""
     problems = []
     for path, text in sorted(sources.items()):
-        part = part_of(path, parts)
-        if part is None:
-            problems.append(f"src/{path}: on no floor of floors.txt")
+        room = room_of(path)
+        if room not in floors:
+            problems.append(f"src/{path}: its folder is no room of floors.txt")
             continue
         for mark, name in includes_of(text):
             if mark != '"':
@@ -96,10 +91,19 @@ def check_floors(sources: dict[str, str], parts: list[Part]) -> list[str]:
             if name not in sources:
                 problems.append(f'src/{path}: "{name}" is no file below src/')
                 continue
-            other = part_of(name, parts)
-            if other is not None and other != part and other.floor >= part.floor:
-                problems.append(f'src/{path}: on the floor of {" ".join(part.names)}, may not '
-                                f'include "{name}" of {" ".join(other.names)}')
+            other = room_of(name)
+            if other != room and floors.get(other, -1) >= floors[room]:
+                problems.append(f'src/{path}: the room {room} may not include "{name}"')
+    return problems
+
+
+def check_uses(builds: dict[str, str], floors: dict[str, int]) -> list[str]:
+    """`builds` maps rooms to their CMakeLists.txt: what a room is linked with lies below it."""
+    problems = []
+    for room, text in sorted(builds.items()):
+        for used in " ".join(re.findall(r"\bUSES ([^)]*)\)", text)).split():
+            if floors.get(used, -1) >= floors.get(room, -1):
+                problems.append(f"src/{room}/CMakeLists.txt: the room {room} may not use {used}")
     return problems
 
 
@@ -146,18 +150,20 @@ def read_sources(root: pathlib.Path, folder: str) -> dict[str, str]:
 
 
 def main(root: pathlib.Path) -> int:
-    parts = read_floors((pathlib.Path(__file__).parent / "floors.txt").read_text(encoding="utf-8"))
+    floors = read_floors((pathlib.Path(__file__).parent / "floors.txt").read_text(encoding="utf-8"))
     drawing = read_drawing((root / "ARCHITECTURE.md").read_text(encoding="utf-8"))
     files: dict[str, str] = {}
     for folder in CHECKED_FOLDERS:
         files.update(read_sources(root, folder))
     sources = {path.removeprefix("src/"): text for path, text in files.items()
                if path.startswith("src/")}
-    problems = (compare_drawing(parts, drawing) + check_floors(sources, parts) +
-                check_circles(sources) + check_windows(files))
+    builds = {path.parent.relative_to(root / "src").as_posix(): path.read_text(encoding="utf-8")
+              for path in (root / "src").rglob("CMakeLists.txt")}
+    problems = (compare_drawing(floors, drawing) + check_floors(sources, floors) +
+                check_uses(builds, floors) + check_circles(sources) + check_windows(files))
     for problem in problems:
         print(problem)
-    print(f"{len(sources)} files of src/ on {len(parts)} parts, {len(problems)} problems")
+    print(f"{len(sources)} files of src/ in {len(floors)} rooms, {len(problems)} problems")
     return 1 if problems or not sources else 0
 
 

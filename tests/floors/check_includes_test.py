@@ -5,13 +5,12 @@ import unittest
 
 import check_includes as check
 
-PARTS = check.read_floors("""
+FLOORS = check.read_floors("""
 # comment
-3  windows      : platform/windows/*
-3  memory       : platform/memory/*
-2  view         : view/*
-1  table        : view/table*
-0  ground       : platform/* run/*
+3  platform/windows platform/memory
+2  view
+1  view/tables
+0  platform run
 """)
 
 
@@ -19,37 +18,44 @@ def floors(**sources: str) -> list[str]:
     """Names of sources: `__` for the slash, `_h` for the suffix."""
     return check.check_floors(
         {name.replace("__", "/").removesuffix("_h") + ".h": text for name, text in sources.items()},
-        PARTS)
+        FLOORS)
 
 
 class Floors(unittest.TestCase):
-    def test_an_include_of_the_own_part_or_below_is_allowed(self):
+    def test_an_include_of_the_own_room_or_below_is_allowed(self):
         self.assertEqual([], floors(view__a_h='#include "view/b.h"\n#include "run/x.h"',
-                                    view__b_h='#include "view/table.h"', view__table_h="",
+                                    view__b_h='#include "view/tables/t.h"', view__tables__t_h="",
                                     run__x_h=""))
 
     def test_an_include_of_a_floor_above_is_found(self):
-        self.assertEqual(['src/run/x.h: on the floor of ground, may not include "view/a.h" of view'],
+        self.assertEqual(['src/run/x.h: the room run may not include "view/a.h"'],
                          floors(run__x_h='#include "view/a.h"', view__a_h=""))
 
-    def test_the_longest_pattern_decides_within_a_folder(self):
-        problems = floors(view__table_h='#include "view/a.h"', view__a_h="")
+    def test_a_sub_folder_is_a_room_of_its_own(self):
+        self.assertEqual(['src/view/tables/t.h: the room view/tables may not include "view/a.h"'],
+                         floors(view__tables__t_h='#include "view/a.h"', view__a_h=""))
+
+    def test_rooms_of_one_floor_may_not_include_each_other(self):
         self.assertEqual(
-            ['src/view/table.h: on the floor of table, may not include "view/a.h" of view'],
-            problems)
+            ['src/platform/memory/a.h: the room platform/memory may not include "platform/windows/b.h"'],
+            floors(platform__memory__a_h='#include "platform/windows/b.h"', platform__windows__b_h=""))
 
-    def test_siblings_of_one_floor_may_not_include_each_other(self):
-        problems = floors(platform__memory__a_h='#include "platform/windows/b.h"',
-                          platform__windows__b_h="")
-        self.assertEqual(1, len(problems))
-        self.assertIn("may not include", problems[0])
-
-    def test_a_file_on_no_floor_is_found(self):
-        self.assertEqual(["src/lost/a.h: on no floor of floors.txt"], floors(lost__a_h=""))
+    def test_a_file_in_no_room_is_found(self):
+        self.assertEqual(["src/lost/a.h: its folder is no room of floors.txt"], floors(lost__a_h=""))
 
     def test_a_quoted_include_of_no_file_is_found(self):
         self.assertEqual(['src/run/x.h: "run/gone.h" is no file below src/'],
                          floors(run__x_h='#include "run/gone.h"'))
+
+
+class Uses(unittest.TestCase):
+    def test_a_room_is_linked_with_rooms_below_it(self):
+        self.assertEqual([], check.check_uses({"view": "tolvane_room(USES view/tables\n run)\n"}, FLOORS))
+
+    def test_a_room_of_the_same_floor_or_above_is_found(self):
+        self.assertEqual(["src/run/CMakeLists.txt: the room run may not use platform",
+                          "src/run/CMakeLists.txt: the room run may not use view"],
+                         check.check_uses({"run": "tolvane_room(USES platform view)"}, FLOORS))
 
 
 class Circles(unittest.TestCase):
@@ -92,12 +98,11 @@ class Texts(unittest.TestCase):
         self.assertEqual(4, text.count("\n"))
 
     def test_a_drawing_that_differs_from_the_table_is_found(self):
-        drawing = check.read_drawing("text\n```floors\nwindows  memory    outsiders\n"
-                                     "view      rules\ntable     tables\nground    floor\n```\n")
-        self.assertEqual([["windows", "memory"], ["view"], ["table"], ["ground"]], drawing)
-        self.assertEqual([], check.compare_drawing(PARTS, drawing))
-        self.assertEqual(1, len(check.compare_drawing(PARTS, drawing[1:])))
-        self.assertEqual(1, len(check.compare_drawing(PARTS, [])))
+        drawing = check.read_drawing("text\n```floors\nplatform/memory    outsiders\n  platform/windows\n"
+                                     "view      rules\nview/tables     tables\nplatform  run    floor\n```\n")
+        self.assertEqual([], check.compare_drawing(FLOORS, drawing))
+        self.assertEqual(1, len(check.compare_drawing(FLOORS, drawing[1:])))
+        self.assertEqual(1, len(check.compare_drawing(FLOORS, [])))
 
 
 if __name__ == "__main__":

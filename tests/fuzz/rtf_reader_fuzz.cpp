@@ -7,7 +7,7 @@
 #include <utility>
 #include <vector>
 
-#include "platform/memory/rtf_reader.h"
+#include "platform/memory/rich_text/rtf_reader.h"
 #include "tests/fuzz/fuzz_entry.h"
 #include "view/page_rtf.h"
 #include "view/rtf_in_black.h"

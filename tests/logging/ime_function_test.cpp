@@ -5,8 +5,8 @@
 #include <algorithm>
 
 #include "logging/log_naming.h"
-#include "platform/memory/message_box.h"
-#include "platform/memory/rich_text_view.h"
+#include "platform/memory/dialogs/message_box.h"
+#include "platform/memory/rich_text/rich_text_view.h"
 #include "tests/logging/log_test.h"
 
 namespace tolvane {

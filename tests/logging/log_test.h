@@ -7,13 +7,13 @@
 #include <string>
 
 #include "logging/excel_outputdb.h"
-#include "platform/memory/automation.h"
-#include "platform/memory/code_page_932.h"
-#include "platform/memory/event_loop.h"
-#include "platform/memory/file_system.h"
-#include "platform/memory/journal.h"
-#include "platform/memory/special_folders.h"
-#include "platform/memory/wall_clock.h"
+#include "platform/memory/automation/automation.h"
+#include "platform/memory/system/code_page_932.h"
+#include "platform/memory/system/event_loop.h"
+#include "platform/memory/system/file_system.h"
+#include "platform/memory/system/journal.h"
+#include "platform/memory/system/special_folders.h"
+#include "platform/memory/system/wall_clock.h"
 #include "run/elm327_info.h"
 
 namespace tolvane {

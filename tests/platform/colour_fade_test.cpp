@@ -6,7 +6,7 @@
 #include <limits>
 #include <string>
 
-#include "platform/memory/support_library.h"
+#include "platform/memory/system/support_library.h"
 
 namespace tolvane::platform {
 namespace {

@@ -6,7 +6,7 @@
 #include <cstddef>
 #include <cstdint>
 
-#include "receive/frame_columns.h"
+#include "receive/tables/frame_columns.h"
 #include "tests/receive/run_bench.h"
 
 namespace tolvane {

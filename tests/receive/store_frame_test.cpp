@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-#include "platform/memory/support_library.h"
+#include "platform/memory/system/support_library.h"
 
 namespace tolvane {
 namespace {

@@ -7,7 +7,7 @@
 #include <utility>
 #include <vector>
 
-#include "platform/memory/support_library.h"
+#include "platform/memory/system/support_library.h"
 #include "receive/store_frame.h"
 
 namespace tolvane {

@@ -1,7 +1,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "tests/run/form1_bench.h"
+#include "tests/run/control/form1_bench.h"
 
 namespace tolvane {
 namespace {

@@ -2,8 +2,8 @@
 
 #include <gtest/gtest.h>
 
-#include "platform/memory/automation.h"
-#include "platform/memory/journal.h"
+#include "platform/memory/automation/automation.h"
+#include "platform/memory/system/journal.h"
 
 namespace tolvane {
 namespace {

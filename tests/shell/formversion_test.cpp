@@ -3,7 +3,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "platform/memory/shell.h"
+#include "platform/memory/system/shell.h"
 
 namespace tolvane {
 namespace {

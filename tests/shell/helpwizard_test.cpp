@@ -5,10 +5,10 @@
 
 #include <cstdint>
 
-#include "platform/memory/code_page_932.h"
-#include "platform/memory/file_system.h"
-#include "platform/memory/help_window.h"
-#include "platform/memory/shell.h"
+#include "platform/memory/dialogs/help_window.h"
+#include "platform/memory/system/code_page_932.h"
+#include "platform/memory/system/file_system.h"
+#include "platform/memory/system/shell.h"
 
 namespace tolvane {
 namespace {

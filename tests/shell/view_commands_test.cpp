@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "tests/run/form1_bench.h"
+#include "tests/run/control/form1_bench.h"
 
 namespace tolvane {
 namespace {

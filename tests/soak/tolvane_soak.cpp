@@ -15,8 +15,8 @@
 #include <vector>
 
 #include "config/filesavesystem.h"
-#include "platform/memory/code_page_932.h"
-#include "platform/memory/file_system.h"
+#include "platform/memory/system/code_page_932.h"
+#include "platform/memory/system/file_system.h"
 #include "tests/soak/soak_report.h"
 
 namespace tolvane::soak {

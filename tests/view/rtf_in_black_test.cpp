@@ -4,7 +4,7 @@
 
 #include <string>
 
-#include "platform/memory/rtf_reader.h"
+#include "platform/memory/rich_text/rtf_reader.h"
 #include "view/page_rtf.h"
 
 namespace tolvane {

@@ -10,12 +10,12 @@
 #include <vector>
 
 #include "platform/rich_text_view.h"
-#include "receive/frame_columns.h"
-#include "receive/frame_table_of.h"
 #include "receive/store_frame.h"
+#include "receive/tables/frame_columns.h"
+#include "receive/tables/frame_table_of.h"
 #include "run/elm327_info.h"
-#include "view/can_viewdb.h"
-#include "view/can_viewdb29.h"
+#include "view/tables/can_viewdb.h"
+#include "view/tables/can_viewdb29.h"
 #include "view/tick.h"
 
 namespace tolvane::platform {

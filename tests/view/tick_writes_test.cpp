@@ -6,7 +6,7 @@
 #include <memory>
 
 #include "tests/view/worker_bed.h"
-#include "view/highlight_columns.h"
+#include "view/tables/highlight_columns.h"
 
 namespace tolvane {
 namespace {

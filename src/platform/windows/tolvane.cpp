@@ -1,19 +1,19 @@
 // The program's entry: makes everything from outside once, hands it to Form1, and runs the message
 // loop until the main window is unloaded.
-#include "platform/windows/automation.h"
-#include "platform/windows/call_filter.h"
-#include "platform/windows/clipboard.h"
-#include "platform/windows/code_page.h"
-#include "platform/windows/file_services.h"
-#include "platform/windows/form1_binding.h"
-#include "platform/windows/form1_window.h"
-#include "platform/windows/message_box.h"
-#include "platform/windows/process.h"
-#include "platform/windows/run_protection.h"
-#include "platform/windows/support_library.h"
-#include "platform/windows/theme.h"
-#include "platform/windows/vendor_libraries.h"
-#include "platform/windows/wall_clock.h"
+#include "platform/windows/automation/automation.h"
+#include "platform/windows/automation/call_filter.h"
+#include "platform/windows/dialogs/message_box.h"
+#include "platform/windows/main_window/form1_binding.h"
+#include "platform/windows/main_window/form1_window.h"
+#include "platform/windows/rich_text/clipboard.h"
+#include "platform/windows/system/code_page.h"
+#include "platform/windows/system/file_services.h"
+#include "platform/windows/system/process.h"
+#include "platform/windows/system/run_protection.h"
+#include "platform/windows/system/support_library.h"
+#include "platform/windows/system/wall_clock.h"
+#include "platform/windows/vendor/vendor_libraries.h"
+#include "platform/windows/window_parts/theme.h"
 
 namespace tolvane::platform::windows {
 namespace {

@@ -5,9 +5,9 @@
 #include <array>
 #include <optional>
 
-#include "platform/windows/dialog_windows.h"
-#include "platform/windows/file_services.h"
-#include "tests/platform/windows/main_window_bed.h"
+#include "platform/windows/dialogs/dialog_windows.h"
+#include "platform/windows/system/file_services.h"
+#include "tests/platform/windows/main_window/main_window_bed.h"
 
 namespace tolvane::platform::windows {
 

@@ -5,7 +5,7 @@
 #include <iterator>
 #include <vector>
 
-#include "platform/windows/formversion_window.h"
+#include "platform/windows/dialogs/formversion_window.h"
 #include "tests/platform/windows/all_windows_bed.h"
 #include "tests/platform/windows/pump.h"
 // Last, see there.

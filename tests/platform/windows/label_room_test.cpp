@@ -4,8 +4,8 @@
 
 #include <algorithm>
 
-#include "platform/windows/form1_layout.h"
-#include "platform/windows/window_place.h"
+#include "platform/windows/main_window/form1_layout.h"
+#include "platform/windows/window_parts/window_place.h"
 #include "tests/platform/windows/all_windows_bed.h"
 #include "tests/platform/windows/window_picture.h"
 // Last, see there.

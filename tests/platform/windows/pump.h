@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/windows/event_loop.h"
+#include "platform/windows/system/event_loop.h"
 
 namespace tolvane::platform::windows {
 

@@ -1,9 +1,9 @@
 #include "tests/platform/windows/window_picture.h"
 
-#include "platform/windows/file_bytes.h"
-#include "platform/windows/file_services.h"
-#include "platform/windows/handle.h"
-#include "platform/windows/text.h"
+#include "platform/windows/system/file_bytes.h"
+#include "platform/windows/system/file_services.h"
+#include "platform/windows/system/handle.h"
+#include "platform/windows/system/text.h"
 
 namespace tolvane::platform::windows {
 namespace {

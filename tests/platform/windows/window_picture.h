@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "platform/string.h"
-#include "platform/windows/win32.h"
+#include "platform/windows/system/win32.h"
 
 namespace tolvane::platform::windows {
 

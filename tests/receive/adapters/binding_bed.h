@@ -8,7 +8,7 @@
 #include <string>
 #include <vector>
 
-#include "platform/memory/journal.h"
+#include "platform/memory/system/journal.h"
 #include "receive/adapters/binding.h"
 #include "run/elm327_info.h"
 

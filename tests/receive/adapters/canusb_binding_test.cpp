@@ -6,7 +6,7 @@
 #include <map>
 #include <string>
 
-#include "platform/memory/canusb_library.h"
+#include "platform/memory/vendor/canusb_library.h"
 #include "tests/receive/adapters/binding_bed.h"
 
 namespace tolvane {

@@ -7,7 +7,7 @@
 #include <map>
 #include <string>
 
-#include "platform/memory/ifcan_library.h"
+#include "platform/memory/vendor/ifcan_library.h"
 #include "tests/receive/adapters/binding_bed.h"
 
 namespace tolvane {

@@ -7,7 +7,7 @@
 #include <map>
 #include <string>
 
-#include "platform/memory/canlib_library.h"
+#include "platform/memory/vendor/canlib_library.h"
 #include "receive/adapters/handle_text.h"
 #include "tests/receive/adapters/binding_bed.h"
 

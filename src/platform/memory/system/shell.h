@@ -1,0 +1,27 @@
+#pragma once
+
+#include <string>
+
+#include "platform/memory/system/journal.h"
+#include "platform/shell.h"
+
+namespace tolvane::platform::memory {
+
+/// Opens nothing and notes what it was asked.
+class Shell final : public platform::Shell {
+ public:
+  explicit Shell(Journal& journal) : journal_(journal) {}
+
+  void ShellExecuteA(StringView verb, StringView file, std::int32_t show_command) override {
+    journal_.Note("ShellExecuteA(" + Narrow(verb) + ", " + Narrow(file) + ", " +
+                  std::to_string(show_command) + ")");
+  }
+  void OpenPage(StringView file, StringView address) override {
+    journal_.Note("OpenPage(" + Narrow(file) + ", " + Narrow(address) + ")");
+  }
+
+ private:
+  Journal& journal_;
+};
+
+}  // namespace tolvane::platform::memory

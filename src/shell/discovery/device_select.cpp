@@ -1,0 +1,149 @@
+#include "shell/discovery/device_select.h"
+
+#include <array>
+#include <span>
+
+#include "receive/adapters/board_name.h"
+#include "receive/adapters/narrow_text.h"
+#include "run/number_text.h"
+#include "shell/discovery/adapter_text.h"
+
+namespace tolvane {
+
+namespace {
+
+/// A query's answer: two 32-bit words, zero where the library wrote nothing.
+using CardData = std::array<std::uint32_t, 2>;
+
+/// The lists of the three kinds follow each other; lines count from 1 over all of them. Line 0, no
+/// selection, goes to an adapter without a serial text as long as any CANUSB adapter was found.
+void ResolveLine(ELM327_Info& device, CAN_DB& CAN_d, CAN_DB_Interface& IfCan_d,
+                 CAN_DB_Kvaser& kvCan_d) {
+  const std::int32_t line = device.t_CmbBOX_device_SelectNo;
+  const std::int32_t last_canusb = CAN_d.CAN_USB_FindCount;
+  const std::int32_t last_interface = last_canusb + IfCan_d.Interface_CAN_FindCount;
+  const std::int32_t last_kvaser = last_interface + kvCan_d.Kvaser_FindCount;
+  device.t_select_Vender = kVenderNone;
+  if (line < 0) return;
+  if (last_canusb > 0 && line <= last_canusb) {
+    device.t_select_Vender = kVenderCanusb;
+    CAN_d.CAN_USB_SelectNo = line;
+  } else if (line > last_canusb && line <= last_interface) {
+    device.t_select_Vender = kVenderInterface;
+    IfCan_d.Interface_CAN_SelectNo = line - last_canusb;
+  } else if (line > last_interface && line <= last_kvaser) {
+    device.t_select_Vender = kVenderKvaser;
+    kvCan_d.KvCAN_SelectNo = line - last_interface;
+  }
+}
+
+std::int32_t ShowCanusb(const platform::Platform& platform, platform::TextBox& TB_ODB_Hard_Version,
+                        const CANUSB& CAN_u, CAN_DB& CAN_d) {
+  CAN_d.CAN_USB_SelectSerial =
+      CAN_d.CAN_USB_FindSerialNo(static_cast<std::int16_t>(CAN_d.CAN_USB_SelectNo));
+  std::string rate = NarrowText(CAN_u.CAN_BAUD_500K);
+  CAN_d.CAN_USB_Handle = platform.canusbdrv.canusb_Open(
+      NarrowText(CAN_d.CAN_USB_SelectSerial), rate, CAN_u.CANUSB_ACCEPTANCE_CODE_ALL,
+      CAN_u.CANUSB_ACCEPTANCE_MASK_ALL, CAN_u.CANUSB_FLAG_TIMESTAMP);
+  if (CAN_d.CAN_USB_Handle <= 0) return 0;
+
+  std::array<char, platform::CanusbLibrary::kVersionSize> version{};
+  const std::int32_t result = platform.canusbdrv.canusb_VersionInfo(CAN_d.CAN_USB_Handle, version);
+  CAN_d.CAN_USB_Version = platform.code_page.Decode(WithoutNul(version));
+  TB_ODB_Hard_Version.Text(result > 0 ? StringView(CAN_d.CAN_USB_Version) : u"???");
+  platform.canusbdrv.canusb_Close(CAN_d.CAN_USB_Handle);
+  return result;
+}
+
+String InterfaceText(const CAN_DB_Interface& IfCan_d) {
+  const auto port = static_cast<std::int16_t>(IfCan_d.Interface_CAN_SelectNo);
+  String text = u"Interface ";
+  text +=
+      Get_Board_Name(IfCan_d.IfCAN_info_ulDeviceID(port), IfCan_d.IfCAN_info_ulSubsystemID(port));
+  text += u" RevID:";
+  text += DecimalText(std::int64_t{IfCan_d.IfCAN_info_ulRevisionID(port)});
+  text += u" ch:";
+  text += DecimalText(std::int64_t{IfCan_d.IfCAN_info_ulChannelNumber(port)});
+  if (IfCan_d.IfCAN_info_ulPhysicalLayer(port) == 1) text += u" 高速CAN対応";
+  return text;
+}
+
+CardData QueryCard(platform::CanlibLibrary& library, std::int32_t handle, std::int32_t item) {
+  std::array<std::byte, sizeof(CardData)> bytes{};
+  library.canGetChannelData(handle, item, bytes);
+  CardData words{};
+  for (std::size_t i = 0; i < bytes.size(); ++i) {
+    words[i / 4] |= std::to_integer<std::uint32_t>(bytes[i]) << 8 * (i % 4);
+  }
+  return words;
+}
+
+/// The bits of a number that is written as 16 hexadecimal digits, the second word first.
+std::uint64_t Number64(const CardData& words) { return std::uint64_t{words[1]} << 32 | words[0]; }
+
+/// Digits `first` to `last` of those 16, counted from 1, as a number of its own.
+std::uint32_t Digits(std::uint64_t number, int first, int last) {
+  const std::uint64_t shifted = number >> 4 * (16 - last);
+  return static_cast<std::uint32_t>(shifted & ((std::uint64_t{1} << 4 * (last - first + 1)) - 1));
+}
+
+void AppendFiveDigits(std::uint32_t number, String& text) {
+  const ShortText digits = HexText(static_cast<std::int32_t>(number));
+  text.append(5 - digits.Length(), u'0');
+  text += digits;
+}
+
+String KvaserText(platform::CanlibLibrary& library, const KvaserCAN& kvCan_u,
+                  const CAN_DB_Kvaser& kvCan_d) {
+  // One above the channel's own place in the list, which counts from 0: the card told about is that
+  // of the next found channel, and of handle 0 for the last one.
+  const std::int32_t handle =
+      kvCan_d.Kvaser_DevHandle(static_cast<std::int16_t>(kvCan_d.KvCAN_SelectNo));
+  const auto serial = static_cast<std::int32_t>(
+      QueryCard(library, handle, kvCan_u.canCHANNELDATA_CARD_SERIAL_NO)[0]);
+  const std::uint64_t firmware =
+      Number64(QueryCard(library, handle, kvCan_u.canCHANNELDATA_CARD_FIRMWARE_REV));
+  const std::uint64_t product =
+      Number64(QueryCard(library, handle, kvCan_u.canCHANNELDATA_CARD_UPC_NO));
+
+  String text = u"P/N：";
+  text += HexText(static_cast<std::int32_t>(Digits(product, 1, 5)));
+  text += u'-';
+  AppendFiveDigits(Digits(product, 6, 10), text);
+  text += u'-';
+  AppendFiveDigits(Digits(product, 11, 15), text);
+  text += u'-';
+  text += HexText(static_cast<std::int32_t>(Digits(product, 16, 16)));
+  text += u"  S/N：";
+  text += DecimalText(std::int64_t{serial});
+  text += u"  FW：";
+  text += DecimalText(std::int64_t{Digits(firmware, 1, 4)});
+  text += u'.';
+  text += DecimalText(std::int64_t{Digits(firmware, 5, 8)});
+  text += u'.';
+  text += DecimalText(std::int64_t{Digits(firmware, 9, 12)});
+  return text;
+}
+
+}  // namespace
+
+std::int32_t Apply_Device_Select(const platform::Platform& platform,
+                                 platform::TextBox& TB_ODB_Hard_Version, ELM327_Info& device,
+                                 const CANUSB& CAN_u, CAN_DB& CAN_d, CAN_DB_Interface& IfCan_d,
+                                 const KvaserCAN& kvCan_u, CAN_DB_Kvaser& kvCan_d) {
+  ResolveLine(device, CAN_d, IfCan_d, kvCan_d);
+  switch (device.t_select_Vender) {
+    case kVenderCanusb:
+      return ShowCanusb(platform, TB_ODB_Hard_Version, CAN_u, CAN_d);
+    case kVenderInterface:
+      TB_ODB_Hard_Version.Text(InterfaceText(IfCan_d));
+      return 1;
+    case kVenderKvaser:
+      TB_ODB_Hard_Version.Text(KvaserText(platform.canlib32, kvCan_u, kvCan_d));
+      return 1;
+    default:
+      return 0;
+  }
+}
+
+}  // namespace tolvane

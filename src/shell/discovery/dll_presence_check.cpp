@@ -1,0 +1,61 @@
+#include "shell/discovery/dll_presence_check.h"
+
+#include <array>
+
+namespace tolvane::Common_Function {
+
+namespace {
+
+struct AdapterLibrary {
+  StringView file;
+  std::int32_t bit;
+};
+
+constexpr std::array<AdapterLibrary, 3> kAdapterLibraries = {{{u"canusbdrv.dll", kLibraryCanusb},
+                                                              {u"IFCan.dll", kLibraryInterface},
+                                                              {u"canlib32.dll", kLibraryKvaser}}};
+
+/// A folder given as the path of the executable is taken for the folder that holds it.
+String WithoutExecutable(String folder) {
+  constexpr StringView kExecutable = u"Tolvane.exe";
+  for (std::size_t at; (at = folder.find(kExecutable)) != String::npos;) {
+    folder.erase(at, kExecutable.size());
+  }
+  if (folder.ends_with(u'\\')) folder.pop_back();
+  return folder;
+}
+
+bool HasSupportLibrary(const platform::Platform& platform, const ELM327_Info& device) {
+  const String file = WithoutExecutable(device.ExecutableFolder()) + u"\\qxt100.dll";
+  return platform.files.FileExists(file) && platform.qxt100.Load();
+}
+
+}  // namespace
+
+std::int32_t DLL_Presence_Check(const platform::Platform& platform, const ELM327_Info& device) {
+  if (!HasSupportLibrary(platform, device)) {
+    platform.message_box.Critical(
+        u"qxt100.dll が見つかりません。\r\n"
+        u"qxt100.dll は同梱のものを使用してください。\r\n"
+        u"アプリケーションを終了します。",
+        device.Application_title);
+    return -1;
+  }
+
+  const String system_folder = platform.folders.System() + u"\\";
+  std::int32_t present = 0;
+  for (const auto& [file, bit] : kAdapterLibraries) {
+    if (platform.files.FileExists(system_folder + String(file))) present |= bit;
+  }
+  if (present == 0) {
+    platform.message_box.Critical(u"CANインタフェース用DLLが見つかりません。\r\n" + system_folder +
+                                      u"canusbdrv.dll\r\n"
+                                      u"ドライバがインストールされていません。\r\n"
+                                      u"アプリケーションを終了します。",
+                                  device.Application_title);
+    return -1;
+  }
+  return present;
+}
+
+}  // namespace tolvane::Common_Function

@@ -1,0 +1,59 @@
+#include "platform/windows/main_window/form1_binding.h"
+
+#include <gtest/gtest.h>
+
+#include "tests/run/control/form1_bench.h"
+// Last, see there.
+#include "platform/windows/resources/resource.h"
+
+namespace tolvane::platform::windows {
+namespace {
+
+/// A disk without a file, which counts who looks for one.
+class NoFiles final : public FileServices {
+ public:
+  bool FolderExists(StringView) override { return false; }
+  bool FileExists(StringView) override {
+    ++searches;
+    return false;
+  }
+  bool CreateFolder(StringView) override { return false; }
+  std::unique_ptr<TextStream> CreateTextFile(StringView, bool, bool) override { return nullptr; }
+  bool DeleteFile(StringView, bool) override { return false; }
+  std::optional<BinaryRead> ReadBinary(StringView, std::size_t) override { return std::nullopt; }
+  bool WriteBinary(StringView, std::span<const std::byte>) override { return false; }
+  std::optional<std::int32_t> Attributes(StringView) override { return std::nullopt; }
+
+  int searches = 0;
+};
+
+class Form1BindingTest : public testing::Test {
+ protected:
+  Form1BindingTest() { bench_.Start(); }
+
+  Form1Bench bench_;
+  EventGate gate_;
+  WindowsEventLoop loop_{gate_};
+  NoFiles files_;
+  DialogWindows dialogs_{{GetModuleHandleW(nullptr), gate_, loop_, nullptr},
+                         files_,
+                         bench_.form.device,
+                         bench_.form.mouseCursor};
+  Form1Binding binding_{bench_.form, dialogs_};
+};
+
+TEST_F(Form1BindingTest, F1LooksForTheManualUntilClosingHasBegun) {
+  binding_.HelpKey();
+  EXPECT_EQ(files_.searches, 1);
+  int yields = 0;
+  bench_.memory.events.OnYield([&] {
+    ++yields;
+    binding_.HelpKey();
+  });
+  bench_.form.menu_file_close_Click();
+  EXPECT_GT(yields, 1);
+  EXPECT_EQ(files_.searches, 1) << "the manual opens while the program closes";
+}
+
+}  // namespace
+}  // namespace tolvane::platform::windows

@@ -1,0 +1,107 @@
+#include "platform/windows/main_window/timer.h"
+
+#include <gtest/gtest.h>
+
+#include "tests/platform/windows/pump.h"
+
+namespace tolvane::platform::windows {
+namespace {
+
+constexpr std::int32_t kInterval = 30;  // ms
+
+class WorkerTimer : public testing::Test {
+ protected:
+  WorkerTimer() {
+    timer_.OnTick([this] { ++ticks_; });
+  }
+
+  /// Yields as long as a timer of the same interval takes to tick some times.
+  void PumpWhileAnotherTicks() {
+    WorkerWindow another(gate_, GetModuleHandleW(nullptr), kInterval);
+    int ticks = 0;
+    another.OnTick([&ticks] { ++ticks; });
+    another.Enabled(true);
+    EXPECT_TRUE(PumpUntil(loop_, [&ticks] { return ticks >= 3; }));
+  }
+
+  EventGate gate_;
+  WindowsEventLoop loop_{gate_};
+  WorkerWindow timer_{gate_, GetModuleHandleW(nullptr), kInterval};
+  int ticks_ = 0;
+};
+
+TEST_F(WorkerTimer, StartsDisabledAndThenTicksAgainAndAgain) {
+  EXPECT_FALSE(timer_.Enabled());
+  EXPECT_EQ(timer_.Interval(), kInterval);
+  PumpWhileAnotherTicks();
+  EXPECT_EQ(ticks_, 0);
+  timer_.Enabled(true);
+  EXPECT_TRUE(PumpUntil(loop_, [this] { return ticks_ >= 3; }));
+}
+
+TEST_F(WorkerTimer, DisabledDropsTheTickThatIsDue) {
+  timer_.Enabled(true);
+  // The tick falls due while nobody yields.
+  const ULONGLONG due = GetTickCount64() + 3 * kInterval;
+  while (GetTickCount64() < due) {
+  }
+  timer_.Enabled(false);
+  PumpWhileAnotherTicks();
+  EXPECT_EQ(ticks_, 0);
+}
+
+TEST_F(WorkerTimer, EnablingAgainStartsAWholeNewPeriod) {
+  timer_.Enabled(true);
+  const ULONGLONG due = GetTickCount64() + 3 * kInterval;
+  while (GetTickCount64() < due) {
+  }
+  timer_.Enabled(false);
+  timer_.Enabled(true);
+  loop_.YieldToEvents();
+  EXPECT_EQ(ticks_, 0) << "the old period's tick came through";
+  EXPECT_TRUE(PumpUntil(loop_, [this] { return ticks_ > 0; }));
+}
+
+TEST_F(WorkerTimer, WaitsForTheYieldWhenSomethingElsePumpsDuringAHandler) {
+  timer_.Enabled(true);
+  gate_.Deliver([this] {
+    // What an automation call does: hands out messages without opening the gate.
+    const ULONGLONG end = GetTickCount64() + 5 * kInterval;
+    MSG message;
+    while (GetTickCount64() < end) {
+      if (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) DispatchMessageW(&message);
+    }
+    EXPECT_EQ(ticks_, 0);
+    loop_.YieldToEvents();
+    EXPECT_GE(ticks_, 1);
+    EXPECT_LE(ticks_, 2) << "held ticks must not pile up";
+  });
+}
+
+TEST_F(WorkerTimer, ATickHeldFromBeforeAStopIsDroppedAfterANewStart) {
+  timer_.Enabled(true);
+  gate_.Deliver([this] {
+    MSG message;
+    while (gate_.Waiting() == 0) {
+      if (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) DispatchMessageW(&message);
+    }
+    timer_.Enabled(false);
+    timer_.Enabled(true);
+  });
+  gate_.DeliverWaiting();
+  EXPECT_EQ(ticks_, 0) << "the old period's tick came through";
+  EXPECT_TRUE(PumpUntil(loop_, [this] { return ticks_ > 0; }));
+}
+
+TEST_F(WorkerTimer, NeverTicksAgainOnceItsWindowIsGone) {
+  timer_.Enabled(true);
+  timer_.Destroy();
+  EXPECT_FALSE(timer_.Enabled());
+  timer_.Enabled(true);
+  EXPECT_FALSE(timer_.Enabled());
+  PumpWhileAnotherTicks();
+  EXPECT_EQ(ticks_, 0);
+}
+
+}  // namespace
+}  // namespace tolvane::platform::windows

@@ -1,0 +1,133 @@
+// The support library as built, and what becomes of libraries that cannot be used.
+#include <gtest/gtest.h>
+
+#include <cmath>
+
+#include "platform/windows/system/file_services.h"
+#include "platform/windows/system/process.h"
+#include "platform/windows/system/support_library.h"
+#include "platform/windows/vendor/vendor_libraries.h"
+#include "tests/platform/windows/system/scratch_folder.h"
+
+namespace tolvane::platform::windows {
+namespace {
+
+String ProgramFile(StringView name) {
+  return ExecutableFolder() + u"\\..\\..\\..\\program\\" + String(name);
+}
+
+std::string ProgramFileContent(StringView name) {
+  const auto read = ReadBytes(ProgramFile(name), 1 << 26);
+  return read ? std::string(reinterpret_cast<const char*>(read->bytes.data()), read->bytes.size())
+              : std::string();
+}
+
+TEST(Qxt100, ClockGivesWholeMillisecondsAndNeverGoesBack) {
+  WindowsSupportLibrary library(ProgramFile(u"qxt100.dll"));
+  ASSERT_TRUE(library.Load());
+  const double start = library.qx_timeGetTime();
+  const ULONGLONG ticks = GetTickCount64();
+  double last = start;
+  while (last < start + 100) {
+    const double now = library.qx_timeGetTime();
+    ASSERT_EQ(now, std::floor(now));
+    ASSERT_GE(now, last);
+    last = now;
+  }
+  EXPECT_NEAR(static_cast<double>(GetTickCount64() - ticks), 100, 50) << "not milliseconds";
+}
+
+TEST(Qxt100, ClockTellsEveryMillisecondApart) {
+  WindowsSupportLibrary library(ProgramFile(u"qxt100.dll"));
+  ASSERT_TRUE(library.Load());
+  WindowsTimerResolution winmm(WindowsSpecialFolders().System() + u"\\winmm.dll");
+  winmm.timeBeginPeriod(1);
+  // Asked on and on. What else the machine has to do may take a step here and there, not many in a
+  // row, and not in every attempt.
+  constexpr int kInARow = 10;
+  int in_a_row = 0;
+  double last = library.qx_timeGetTime();
+  for (const double end = last + 10'000; in_a_row < kInARow && last < end;) {
+    const double now = library.qx_timeGetTime();
+    if (now == last) continue;
+    in_a_row = now - last <= 1 ? in_a_row + 1 : 0;
+    last = now;
+  }
+  EXPECT_EQ(in_a_row, kInARow);
+  winmm.timeEndPeriod(1);
+}
+
+TEST(Qxt100, FadesByItsExport) {
+  WindowsSupportLibrary library(ProgramFile(u"qxt100.dll"));
+  ASSERT_TRUE(library.Load());
+  EXPECT_EQ(library.ColorAttenuation(0x4080FF, 60000, 60000), 0x4080FF);
+  EXPECT_EQ(library.ColorAttenuation(0x4080FF, 30000, 60000), 0x20407F);
+  EXPECT_EQ(library.ColorAttenuation(0x4080FF, 0, 60000), 0);
+}
+
+TEST(Library, StaysLoadedWhenItsObjectHasGone) {
+  {
+    WindowsSupportLibrary library(ProgramFile(u"qxt100.dll"));
+    ASSERT_TRUE(library.Load());
+  }
+  EXPECT_NE(GetModuleHandleW(L"qxt100.dll"), nullptr);
+}
+
+TEST(UnusableLibrary, MissingFileIsNotLoaded) {
+  EXPECT_FALSE(WindowsSupportLibrary(ProgramFile(u"missing.dll")).Load());
+}
+
+TEST(UnusableLibrary, TextInPlaceOfALibraryIsNotLoaded) {
+  const ScratchFolder folder;
+  ASSERT_TRUE(folder.Put(u"qxt100.dll", "this is no library"));
+  EXPECT_FALSE(WindowsSupportLibrary(folder / u"qxt100.dll").Load());
+}
+
+TEST(UnusableLibrary, OtherBitnessIsNotLoaded) {
+  const ScratchFolder folder;
+  std::string content = ProgramFileContent(u"qxt100.dll");
+  ASSERT_GT(content.size(), 0x40U);
+  // The machine field behind the signature to which the word at 0x3C leads.
+  const auto header =
+      static_cast<unsigned char>(content[0x3C]) + (static_cast<unsigned char>(content[0x3D]) << 8U);
+  const bool is_x64 = sizeof(void*) == 8;
+  content.replace(header + 4U, 2, is_x64 ? "\x4c\x01" : "\x64\x86", 2);
+  ASSERT_TRUE(folder.Put(u"qxt100.dll", content));
+  EXPECT_FALSE(WindowsSupportLibrary(folder / u"qxt100.dll").Load());
+}
+
+TEST(UnusableLibrary, OneWithoutACalledExportFindsNothing) {
+  const String wrong = ProgramFile(u"qxt100.dll");
+
+  WindowsCanusb canusb(wrong);
+  std::array<char, CanusbLibrary::kSerialSize> serial{};
+  std::string rate = "500";
+  EXPECT_EQ(canusb.canusb_getFirstAdapter(serial), 0);
+  EXPECT_EQ(canusb.canusb_getNextAdapter(serial), 0);
+  EXPECT_EQ(canusb.canusb_Open("TV100001", rate, 0, -1, 1), 0);
+  CanusbMessage message{};
+  EXPECT_LE(canusb.canusb_Read(0, message), 0);
+  canusb.canusb_Close(0);
+
+  WindowsIfcan ifcan(wrong);
+  IfcanConfig config{};
+  EXPECT_EQ(ifcan.CanOpenPort("IFCAN1"), -1);
+  EXPECT_NE(ifcan.CanGetConfig(-1, config), 0);
+  EXPECT_NE(ifcan.CanClosePort(-1), 0);
+
+  WindowsCanlib canlib(wrong);
+  std::int32_t count = 7;
+  canlib.canInitializeLibrary();
+  EXPECT_LT(canlib.canGetNumberOfChannels(count), 0);
+  EXPECT_EQ(count, 0);
+  EXPECT_LT(canlib.canOpenChannel(0, 128), 0);
+}
+
+TEST(UnusableLibrary, WithoutTheTimerServiceARunGoesOn) {
+  WindowsTimerResolution winmm(ProgramFile(u"missing.dll"));
+  winmm.timeBeginPeriod(1);
+  winmm.timeEndPeriod(1);
+}
+
+}  // namespace
+}  // namespace tolvane::platform::windows

@@ -1,0 +1,80 @@
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <string>
+#include <vector>
+
+#include "platform/memory/memory_platform.h"
+#include "run/control/form1.h"
+
+namespace tolvane {
+
+inline const String kFolder = u"C:\\Tolvane";
+inline const String kSystem = u"C:\\Windows\\System32";
+
+/// The program on a machine in memory, before its start: support library and the three vendors'
+/// libraries installed, nothing plugged in, no settings. Handlers are bound as the front end binds
+/// them.
+class Form1Bench {
+ public:
+  Form1Bench() {
+    memory.files.AddFolder(kFolder);
+    memory.files.AddFolder(kSystem);
+    Install(kFolder, u"qxt100.dll");
+    for (const StringView file : {u"canusbdrv.dll", u"IFCan.dll", u"canlib32.dll"}) {
+      Install(kSystem, file);
+    }
+    memory.window.Cmb_Serect_Device.OnClick([this] { form.Cmb_Serect_Device_Click(); });
+    memory.window.window.OnUnload([this] {
+      std::int32_t Cancel = 0;
+      form.Form_QueryUnload(Cancel);
+      if (Cancel != 1) form.Form_Unload();
+    });
+  }
+
+  void Install(const String& folder, StringView file) {
+    memory.files.AddFile(Path(folder, file), "MZ");
+  }
+  void Remove(const String& folder, StringView file) { memory.files.Remove(Path(folder, file)); }
+  static String Path(const String& folder, StringView file) {
+    return folder + u"\\" + String(file);
+  }
+  [[nodiscard]] bool Wrote(StringView file) { return memory.files.FileExists(Path(kFolder, file)); }
+
+  /// A start with one CANUSB adapter, which succeeds; the journal is then empty.
+  void Start() {
+    memory.canusbdrv.serials = {"LAW00001"};
+    form.Form_Load();
+    memory.journal.Clear();
+  }
+
+  /// The user's click or choice; it waits while the program does not take any.
+  void Click(void (Form1::*handler)()) {
+    memory.gate.Deliver([this, handler] { (form.*handler)(); });
+  }
+
+  /// Lines of the journal that begin with `prefix`.
+  [[nodiscard]] std::vector<std::string> Noted(const std::string& prefix) const {
+    std::vector<std::string> found;
+    for (const std::string& line : memory.journal.Lines()) {
+      if (line.starts_with(prefix)) found.push_back(line);
+    }
+    return found;
+  }
+
+  platform::memory::MemoryPlatform memory;
+  Form1 form{memory.Platform(), memory.MainWindow(), kFolder};
+};
+
+/// Long journals: tells the first line that differs.
+inline void ExpectLines(const std::vector<std::string>& actual,
+                        const std::vector<std::string>& expected) {
+  const auto [a, e] = std::mismatch(actual.begin(), actual.end(), expected.begin(), expected.end());
+  EXPECT_TRUE(a == actual.end() && e == expected.end())
+      << "line " << a - actual.begin() << ": " << (a == actual.end() ? "(end)" : *a)
+      << "\n  expected: " << (e == expected.end() ? "(end)" : *e);
+}
+
+}  // namespace tolvane

@@ -1,0 +1,60 @@
+#include "view/tables/stringbuilder.h"
+
+#include <gtest/gtest.h>
+
+namespace tolvane {
+namespace {
+
+constexpr std::size_t kBlock = 1'200'000;
+
+TEST(StringBuilder, StartsEmpty) {
+  const StringBuilder builder;
+  EXPECT_EQ(builder.mTextLength, 0);
+  EXPECT_EQ(builder.Text(), u"");
+}
+
+TEST(StringBuilder, AppendsInOrderAndCountsUtf16Units) {
+  StringBuilder builder;
+  builder.Append(u"ID  ");
+  builder.Append(u"");
+  builder.Append(u"除外\r\n");
+  EXPECT_EQ(builder.mTextLength, 8);
+  EXPECT_EQ(builder.Text(), u"ID  除外\r\n");
+}
+
+TEST(StringBuilder, TextBeyondOneBlockGrowsByOneMore) {
+  StringBuilder builder;
+  builder.Append(String(kBlock - 1, u'a'));
+  builder.Append(u"bcd");
+  EXPECT_EQ(builder.mTextLength, 1'200'002);
+  EXPECT_EQ(builder.Text(), String(kBlock - 1, u'a') + u"bcd");
+}
+
+TEST(StringBuilder, OfAnAppendLongerThanABlockOnlyWhatFitsIsKept) {
+  StringBuilder builder;
+  builder.Append(String(kBlock + 5, u'a'));
+  EXPECT_EQ(builder.mTextLength, 1'200'005);
+  EXPECT_EQ(builder.Text(), String(kBlock, u'a'));
+
+  builder.Append(u"");
+  EXPECT_EQ(builder.Text(), String(kBlock, u'a'));
+  builder.Append(u"b");
+  EXPECT_EQ(builder.Text(), String(kBlock, u'a') + String(5, u'\0') + u"b");
+}
+
+TEST(StringBuilder, AfterClearingItBehavesAsANewOne) {
+  StringBuilder builder;
+  builder.Append(String(kBlock, u'x'));
+  builder.Append(String(kBlock, u'x'));
+  builder.AllClear();
+  EXPECT_EQ(builder.mTextLength, 0);
+  EXPECT_EQ(builder.Text(), u"");
+
+  builder.Append(String(kBlock + 2, u'a'));
+  EXPECT_EQ(builder.Text(), String(kBlock, u'a'));
+  builder.Append(u"b");
+  EXPECT_EQ(builder.Text(), String(kBlock, u'a') + String(2, u'\0') + u"b");
+}
+
+}  // namespace
+}  // namespace tolvane
