@@ -1,0 +1,1 @@
+// What the shared precompiled headers are compiled beside.
