@@ -1,6 +1,7 @@
 #include "platform/memory/system/journal.h"
 
 #include <cstdint>
+#include <utility>
 
 #include "run/number_text.h"
 
@@ -47,6 +48,8 @@ std::string Narrow(StringView text) {
   }
   return bytes;
 }
+
+void Journal::Note(std::string line) { lines_.push_back(std::move(line)); }
 
 void Journal::Assign(const std::string& control, const char* property, bool value) {
   Note(control + "." + property + " = " + (value ? "true" : "false"));

@@ -15,7 +15,7 @@ namespace tolvane::platform::memory {
 /// "Form1.Unload()". One journal is shared by all that must be compared in one order.
 class Journal {
  public:
-  void Note(std::string line) { lines_.push_back(std::move(line)); }
+  void Note(std::string line);
   void Assign(const std::string& control, const char* property, bool value);
   void Assign(const std::string& control, const char* property, StringView value);
   void Assign(const std::string& control, const char* property, double value);
