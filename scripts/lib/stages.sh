@@ -152,9 +152,11 @@ check_format() {
   (cd "$root" && sources_of '*.h' '*.cpp' | xargs clang-format --dry-run --Werror)
 }
 
-check_scripts() {
-  (cd "$root" && sources_of .ci/run scripts bench/compare tests/scripts/commands_check tests/soak/run |
-    grep -v '\.py$' | xargs shellcheck)
+check_scripts() { (cd "$root" && shell_scripts | xargs shellcheck); }
+
+# Those that git tracks: their names or their first lines tell.
+shell_scripts() {
+  sources_of | LC_ALL=C xargs awk 'FNR == 1 && (FILENAME ~ /[.]sh$/ || /^#!.*[ /](ba)?sh$/) { print FILENAME }'
 }
 
 stage_unit() {

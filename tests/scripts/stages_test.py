@@ -10,6 +10,8 @@ import tempfile
 import time
 import unittest
 
+import tracked
+
 PROJECT = pathlib.Path(sys.argv.pop())
 STAGES = "checks unit sanitizers fuzz soak commands wine window replay logs release x86 fresh"
 NO_WINE = {"wine", "wine64", "wine32", "xvfb"}
@@ -143,13 +145,28 @@ class Stages(unittest.TestCase):
         self.assertEqual(["broken", f"-- failed: bad (the whole output: {self.folder}/build/test-results/bad.log)",
                           "-- skipped: away: why", "1 1 1"], output.splitlines())
 
+    def played(self, tool: str, script: str) -> str:
+        """What makes a shell find the tool."""
+        path = self.folder / "bin" / tool
+        path.parent.mkdir()
+        path.write_text(f"#!/bin/bash\n{script}\n", encoding="utf-8")
+        path.chmod(0o755)
+        return f'PATH="{path.parent}:$PATH"\n'
+
+    def test_every_shell_script_of_the_project_is_checked(self):
+        output = self.bash(self.played("shellcheck", 'printf "%s\\n" "$@"') + f'root="{PROJECT}"\ncheck_scripts')
+        self.assertEqual(sorted(tracked.shell_scripts(PROJECT)), sorted(output.splitlines()))
+
+    def number_in(self, file: pathlib.Path) -> int:
+        while not (file.exists() and file.read_text()):
+            time.sleep(0.02)
+        return int(file.read_text())
+
     def test_what_an_interrupted_stage_started_ends(self):
         for number in (signal.SIGINT, signal.SIGTERM):
             mark = self.folder / f"started-{number}"
             process = self.start(f'wait_long() {{ sleep 300 & echo $! >"{mark}"; wait; }}\ncount_command long wait_long')
-            while not (mark.exists() and mark.read_text()):
-                time.sleep(0.02)
-            sleeper = int(mark.read_text())
+            sleeper = self.number_in(mark)
             process.send_signal(number)
             process.communicate(timeout=20)
             self.assertEqual(128 + number, process.returncode)
