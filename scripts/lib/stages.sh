@@ -50,6 +50,18 @@ stop_running() {
   [ -z "$running" ] || wait "$running" || true
 }
 
+# in_group COMMAND ARGS: in a process group of its own, which ends with this script.
+in_group() {
+  local code=0
+  set -m
+  "$@" </dev/null &
+  set +m
+  running=$!
+  wait "$running" || code=$?
+  running=""
+  return "$code"
+}
+
 run_stage() {
   local began=$SECONDS before=$failed
   say "stage $1"
@@ -73,13 +85,7 @@ count_command() {
   local name=$1 log=$results/$1.log code=0
   shift
   mkdir -p "$results"
-  # In a process group of its own, which ends with this script.
-  set -m
-  "$@" >"$log" 2>&1 </dev/null &
-  set +m
-  running=$!
-  wait "$running" || code=$?
-  running=""
+  in_group "$@" >"$log" 2>&1 || code=$?
   case $code in
     0) passed=$((passed + 1)) ;;
     77) count_skipped "$name: $(tail -n 1 "$log")" ;;
@@ -97,9 +103,11 @@ run_ctest() {
   rm -rf "$folder"
   mkdir -p "$folder"
   # A Windows test binary runs as one entry and leaves its cases' results in this folder.
-  GTEST_OUTPUT=$(gtest_output "$preset" "$folder") ctest --test-dir "$build/$preset" --timeout 900 \
-    --no-tests=error --output-on-failure --output-junit "$folder/entries.junit" "$@" \
-    >"$folder.log" 2>&1 || true
+  # Tests that lost this script would come into the way of the next run's: `timeout` hands the signal on to
+  # all of them, and sets no limit.
+  GTEST_OUTPUT=$(gtest_output "$preset" "$folder") in_group setpriv --pdeathsig TERM timeout 0 \
+    ctest --test-dir "$build/$preset" --timeout 900 --no-tests=error --output-on-failure \
+    --output-junit "$folder/entries.junit" "$@" >"$folder.log" 2>&1 || true
   counts=$(run_python scripts/lib/tally.py "$folder/entries.junit" "$folder" 2>>"$folder.log") ||
     counts="0 0 0"
   read -r p f s <<<"$counts"

@@ -157,6 +157,14 @@ class Stages(unittest.TestCase):
         output = self.bash(self.played("shellcheck", 'printf "%s\\n" "$@"') + f'root="{PROJECT}"\ncheck_scripts')
         self.assertEqual(sorted(tracked.shell_scripts(PROJECT)), sorted(output.splitlines()))
 
+    def test_the_tests_of_a_killed_run_end(self):
+        mark = self.folder / "started"
+        process = self.start(self.played("ctest", f'sleep 300 & echo $! >"{mark}"; wait') + "run_ctest unit native")
+        test = self.number_in(mark)
+        process.kill()
+        process.communicate(timeout=20)
+        self.assertFalse(running(test), f"process {test} still runs")
+
     def number_in(self, file: pathlib.Path) -> int:
         while not (file.exists() and file.read_text()):
             time.sleep(0.02)
