@@ -66,6 +66,13 @@ need_build_folder() {
 # find its status in $exit_status.
 at_exit_commands=()
 at_exit() { at_exit_commands=("$*" "${at_exit_commands[@]}"); }
+# After all others.
+at_very_end() { at_exit_commands+=("$*"); }
+# end_child PROCESS: ends what this script started in the background.
+end_child() {
+  kill "$1" 2>/dev/null || true
+  wait "$1" 2>/dev/null || true
+}
 run_at_exit() {
   # shellcheck disable=SC2034 # for the commands
   local exit_status=$? command

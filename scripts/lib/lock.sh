@@ -1,5 +1,5 @@
-# Locks between scripts. The kernel lets go of a lock when its holder ends, however it ends; whatever
-# outlives the holder must not inherit the descriptor. The lock's file names the last holder.
+# Locks between scripts. The kernel lets go of a lock when the last process ends that has its descriptor,
+# however it ends. The lock's file names the last one that had it alone.
 # shellcheck shell=bash
 : "${command_name:?common.sh comes first}"
 
@@ -15,20 +15,38 @@ lock_sign() { printf '%s, process %s\n' "$command_name" "$$" >"$1"; }
 # lock_holder FILE: who has the lock. He signs right after he gets it.
 lock_holder() {
   sleep 0.3
-  cat "$1"
+  grep . "$1" || echo "another script"
+}
+
+# lock_take SECONDS DESCRIPTOR FILE WHAT [--shared]: has the lock. Once that has taken so many seconds it is told
+# for whom it waits.
+lock_take() {
+  local how=("${@:5}" "$2")
+  flock --timeout "$1" "${how[@]}" && return
+  say "waiting for $(lock_holder "$3"), which $4"
+  flock "${how[@]}"
 }
 
 # lock_wait DESCRIPTOR FILE WHAT: has the lock alone, after waiting for whoever has it.
 lock_wait() {
-  if ! flock -n "$1"; then
-    say "waiting for $(lock_holder "$2"), which $3"
-    flock "$1"
-  fi
+  lock_take 0 "$@"
   lock_sign "$2"
 }
 
-# lock_alone FILE WHAT: the same until the script ends, or the subshell.
+# lock_alone FILE WHAT: the same until the shell ends, and all that it started, which inherits the descriptor: a
+# compiler or an installation that lost its script works on, and the next one must not come into its way.
 lock_alone() {
   lock_open "$1"
   lock_wait "$lock_descriptor" "$@"
+}
+
+# lock_script FILE WHAT: the same until the script ends, whatever it leaves running.
+lock_script() {
+  lock_alone "$@"
+  # From here on one child has the lock. It ends with the script, also with one that has ended already.
+  # shellcheck disable=SC2016 # a script text for the inner shell
+  setsid setpriv --pdeathsig KILL sh -c '[ "$PPID" -ne "$1" ] || exec sleep infinity' sh "$$" >/dev/null 2>&1 &
+  # What the script does at its end still has the lock.
+  at_very_end end_child "$!"
+  exec {lock_descriptor}>&-
 }

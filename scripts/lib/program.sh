@@ -31,12 +31,7 @@ program_folder_end() {
 program_start() {
   (cd "$1" && drop_lock && exec setsid setpriv --pdeathsig KILL wine Tolvane.exe) &
   program=$!
-  at_exit program_stop
-}
-
-program_stop() {
-  kill "$program" 2>/dev/null || true
-  wait "$program" 2>/dev/null || true
+  at_exit end_child "$program"
 }
 
 drive() { wine "$build/windows-x64/tools/tolvane_drive.exe" "$@"; }

@@ -96,13 +96,18 @@ wine_session() {
   wine_enter "$wine_tests_prefix"
   display_start
   at_exit wine_leave
-  flock -s "$wine_lock"
+  wine_take_lock --shared
   if ! wine_prefix_ready; then
-    flock "$wine_lock"
+    wine_take_lock
+    lock_sign "$WINEPREFIX.lock"
     wine_prefix_ready || wine_prepare
-    flock -s "$wine_lock"
+    wine_take_lock --shared
   fi
 }
+
+# wine_take_lock [--shared]: a session that ends has the prefix alone for a moment, one that makes it for ten
+# seconds.
+wine_take_lock() { lock_take 2 "$wine_lock" "$WINEPREFIX.lock" "has the Wine prefix to itself" "$@"; }
 
 # wine_session_alone: a session for a run by itself, once no other one is under way.
 wine_session_alone() {
@@ -142,13 +147,15 @@ wine_prepare() {
   local making
   lock_open "$wine_tests_prefix-template.lock"
   making=$lock_descriptor
-  flock "$making"
+  lock_wait "$making" "$wine_tests_prefix-template.lock" "makes a Wine prefix too"
   wine_make_prefix {making}>&-
   exec {making}>&-
 }
 
 wine_leave() {
-  if flock -n "$wine_lock"; then wine_end; fi
+  flock -n "$wine_lock" || return 0
+  lock_sign "$WINEPREFIX.lock"
+  wine_end
 }
 
 wine_end() {
@@ -173,14 +180,14 @@ display_start() {
     return
   fi
   command -v Xvfb >/dev/null || fail "Xvfb is not installed: scripts/demo and scripts/test install it"
-  local numbers screen=$((1280 * wine_dpi / 96))x$((1024 * wine_dpi / 96))x24
+  local numbers xvfb_process screen=$((1280 * wine_dpi / 96))x$((1024 * wine_dpi / 96))x24
   numbers=$(mktemp)
   # It must not hear Ctrl-C, which would end it under the program; and it ends with this script even when
   # nothing of the script is left to end it.
   (drop_lock && exec setsid setpriv --pdeathsig TERM Xvfb -displayfd 3 -screen 0 "$screen" -nolisten tcp) \
     3>"$numbers" >/dev/null 2>&1 &
   xvfb_process=$!
-  at_exit display_stop
+  at_exit end_child "$xvfb_process"
   for _ in {1..200}; do
     [ -s "$numbers" ] && break
     kill -0 "$xvfb_process" 2>/dev/null || break
@@ -190,9 +197,4 @@ display_start() {
   DISPLAY=:$(cat "$numbers")
   export DISPLAY TOLVANE_DISPLAY=$DISPLAY
   rm "$numbers"
-}
-
-display_stop() {
-  kill "$xvfb_process" 2>/dev/null || true
-  wait "$xvfb_process" 2>/dev/null || true
 }

@@ -53,12 +53,10 @@ class Together(unittest.TestCase):
     def begun(self) -> int:
         return len(self.calls.read_text(encoding="utf-8").splitlines())
 
-    def the_second_waits(self, which: str, first: tuple[str, ...], second: tuple[str, ...]) -> list[str]:
-        """Starts both, and lets them go once the second one waits. What each said at last."""
+    def begin_both(self, which: str, first: tuple[str, ...], second: tuple[str, ...]) -> list[subprocess.Popen]:
+        """Starts both; the second one waits then."""
         one = self.start(*first)
-        while self.begun() == 0:
-            self.assertIsNone(one.poll(), first)
-            time.sleep(0.02)
+        self.wait_for_begun(1, one)
         other = self.start(*second)
         # One that does not wait for the first has nothing to say while its tool waits.
         deadline = threading.Timer(30, processes.end, [other])
@@ -67,14 +65,41 @@ class Together(unittest.TestCase):
         told = next((line for line in other.stdout if line.startswith("-- waiting ")), "")
         self.assertEqual(f"-- waiting for {first[0]}, process {one.pid}, which {which}\n", told)
         self.assertEqual(1, self.begun(), "the second one did not wait")
+        return [one, other]
+
+    def wait_for_begun(self, number: int, process: subprocess.Popen) -> None:
+        for _ in range(1500):
+            if self.begun() == number:
+                return
+            self.assertIsNone(process.poll(), process.args)
+            time.sleep(0.02)
+        self.fail(f"{process.args} does not begin")
+
+    def the_second_waits(self, which: str, first: tuple[str, ...], second: tuple[str, ...]) -> list[str]:
+        """Starts both, and lets them go once the second one waits. What each said at last."""
+        both = self.begin_both(which, first, second)
         self.go.touch()
-        return [process.communicate(timeout=60)[0] for process in (one, other)]
+        return [process.communicate(timeout=60)[0] for process in both]
+
+    def the_second_goes_on_when_the_first_is_killed(self, which: str, *words: str) -> None:
+        """Though what the first one started runs on."""
+        self.play_waiting("dpkg-query", "exit 1")
+        self.play("apt-get", "exit 1")
+        one, other = self.begin_both(which, words, words)
+        one.kill()
+        self.wait_for_begun(2, other)
 
     def test_two_runs_of_the_tests(self):
         self.play_waiting("dpkg-query", "exit 1")
         self.play("apt-get", "exit 1")
         for said in self.the_second_waits("runs the tests too", *2 * [("scripts/test", "--only", "fresh")]):
             self.assertIn("this machine misses these Debian packages", said)
+
+    def test_a_killed_run_of_the_tests(self):
+        self.the_second_goes_on_when_the_first_is_killed("runs the tests too", "scripts/test", "--only", "fresh")
+
+    def test_a_killed_measurement(self):
+        self.the_second_goes_on_when_the_first_is_killed("measures too", "bench/compare", "--only", "ticks")
 
     def test_two_measurements(self):
         self.play_waiting("dpkg-query", "exit 1")
@@ -103,19 +128,44 @@ class Together(unittest.TestCase):
         self.assertNotIn("this machine misses", second)
 
     def test_two_that_need_the_32_bit_root_make_it_once(self):
-        shell = self.project / "root-maker"
-        shell.write_text(f'''#!/bin/bash
-            source "{self.project}/scripts/lib/common.sh"
+        self.make_script("root-maker", f'''
             source "$root/scripts/lib/packages.sh"
             source "$root/scripts/lib/x86.sh"
             x86_root_ready() {{ [ -e "{self.go}" ]; }}
             x86_root_anew() {{ wait-for-it; }}
-            x86_make_root && echo ready''', encoding="utf-8")
-        shell.chmod(0o755)
-        self.play_waiting("wait-for-it", "")
+            x86_make_root && echo ready''')
         said = self.the_second_waits("makes the 32-bit root too", *2 * [("root-maker",)])
         self.assertEqual(["ready\n", "ready\n"], said)
         self.assertEqual(1, self.begun())
+
+    def make_script(self, name: str, text: str) -> None:
+        """One that may start `wait-for-it`."""
+        script = self.project / name
+        script.write_text(f'#!/bin/bash\nsource "{self.project}/scripts/lib/common.sh"\n{text}', encoding="utf-8")
+        script.chmod(0o755)
+        self.play_waiting("wait-for-it", "")
+
+    def test_two_that_need_the_wine_prefix_make_it_once(self):
+        self.play("wine", "")
+        self.make_script("session", f'''
+            source "$root/scripts/lib/wine.sh"
+            display_start() {{ :; }}
+            wine_end() {{ :; }}
+            wine_prefix_ready() {{ [ -e "{self.go}" ]; }}
+            wine_prepare() {{ wait-for-it; }}
+            wine_session && echo ready''')
+        for said in self.the_second_waits("has the Wine prefix to itself", *2 * [("session",)]):
+            # A machine without the locale says so before.
+            self.assertTrue(said.endswith("ready\n"), said)
+        self.assertEqual(1, self.begun())
+
+    def test_two_that_make_a_wine_prefix(self):
+        self.make_script("prefix-maker", '''
+            source "$root/scripts/lib/wine.sh"
+            wine_make_prefix() { wait-for-it; }
+            wine_prepare && echo ready''')
+        said = self.the_second_waits("makes a Wine prefix too", *2 * [("prefix-maker",)])
+        self.assertEqual(["ready\n", "ready\n"], said)
 
 
 if __name__ == "__main__":
