@@ -1,6 +1,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <utility>
+
 #include "tests/run/control/form1_bench.h"
 
 namespace tolvane {
@@ -29,6 +31,15 @@ class Closing : public testing::Test {
     EXPECT_THAT(bench_.memory.message_box.Boxes(), IsEmpty());
     EXPECT_FALSE(bench_.Wrote(u"lglist.dat"));
     EXPECT_FALSE(bench_.Wrote(u"config.dat"));
+  }
+  void ExpectClosedInOrder() {
+    EXPECT_THAT(bench_.memory.journal.Lines(),
+                ElementsAre("Form1.Unload()", "yield", "FormBG.TimerBackView.Enabled = false",
+                            "RTB_MainView.SaveFile(\"C:\\Tolvane\\lglist.dat\")", "Form2.Unload()",
+                            "yield", "FormBG.Unload()", "yield", "FormBG_29.Unload()", "yield",
+                            "FormBG2.Unload()", "yield", "FormBG2_29.Unload()", "yield",
+                            "FormVersion.Unload()", "yield", "FormCommonSetting.Unload()", "yield",
+                            "FormOption1.Unload()", "yield", "FormHelp.Unload()", "yield"));
   }
 
   Form1Bench bench_;
@@ -61,13 +72,7 @@ TEST_F(Closing, DoesNotLookAtTheOtherTimers) {
 
 TEST_F(Closing, SavesThenUnloadsTheOtherFormsInOrder) {
   bench_.form.menu_file_close_Click();
-  EXPECT_THAT(bench_.memory.journal.Lines(),
-              ElementsAre("Form1.Unload()", "yield", "FormBG.TimerBackView.Enabled = false",
-                          "RTB_MainView.SaveFile(\"C:\\Tolvane\\lglist.dat\")", "Form2.Unload()",
-                          "yield", "FormBG.Unload()", "yield", "FormBG_29.Unload()", "yield",
-                          "FormBG2.Unload()", "yield", "FormBG2_29.Unload()", "yield",
-                          "FormVersion.Unload()", "yield", "FormCommonSetting.Unload()", "yield",
-                          "FormOption1.Unload()", "yield", "FormHelp.Unload()", "yield"));
+  ExpectClosedInOrder();
   EXPECT_TRUE(bench_.Wrote(u"lglist.dat"));
   EXPECT_TRUE(bench_.Wrote(u"config.dat"));
 }
@@ -104,7 +109,6 @@ TEST_F(Closing, StartsNoRunInAnyOfItsYields) {
   int clicks = 0;
   bench_.memory.events.OnYield([&] {
     ++clicks;
-    EXPECT_TRUE(bench_.form.Closing());
     bench_.Click(&Form1::Bt_Connect_Click);
   });
   bench_.Click(&Form1::menu_file_close_Click);
@@ -115,10 +119,33 @@ TEST_F(Closing, StartsNoRunInAnyOfItsYields) {
   EXPECT_TRUE(bench_.Wrote(u"config.dat"));
 }
 
-TEST_F(Closing, ThatWasRefusedIsNoClosing) {
+TEST_F(Closing, TakesNoCommandInAnyOfItsYields) {
+  bench_.memory.RTB_MainView.Text(u"notes");
+  const std::size_t files = bench_.memory.files.Files(kFolder).size();
+  bool clicking = false;
+  bench_.memory.events.OnYield([&] {
+    bench_.memory.journal.Note("yield");
+    if (std::exchange(clicking, true)) return;
+    for (const auto command :
+         {&Form1::Bt_ViewClear_Click, &Form1::Bt_SaveFile_Click, &Form1::menu_file_close_Click,
+          &Form1::menu_View_Date_Click, &Form1::RTB_MainView_ContextMenu}) {
+      bench_.Click(command);
+    }
+    clicking = false;
+  });
+  bench_.memory.journal.Clear();
+  bench_.Click(&Form1::menu_file_close_Click);
+  ExpectClosedInOrder();
+  EXPECT_EQ(bench_.memory.RTB_MainView.Text(), u"notes");
+  EXPECT_EQ(bench_.memory.files.Files(kFolder).size(), files + 2) << "a snapshot was saved";
+  EXPECT_THAT(bench_.memory.message_box.Boxes(), IsEmpty());
+}
+
+TEST_F(Closing, ThatWasRefusedTakesCommandsAsBefore) {
   bench_.form.RxFlag = 1;
   EXPECT_EQ(Ask(), 1);
-  EXPECT_FALSE(bench_.form.Closing());
+  bench_.Click(&Form1::Bt_Disconnect_Click);
+  EXPECT_EQ(bench_.form.RxFlag, 0);
 }
 
 }  // namespace

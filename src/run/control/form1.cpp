@@ -57,7 +57,6 @@ Form1::Form1(const platform::Platform& platform, const platform::MainWindow& win
 }
 
 void Form1::Bt_Connect_Click() {
-  if (closing_) return;
   Lock_Window();
   // A starting server lets the end of the session through, and the process may be ended at any
   // moment then: nothing would save what a run received.

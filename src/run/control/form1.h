@@ -38,9 +38,13 @@ class Form1 {
   void Form_QueryUnload(std::int32_t& Cancel);
   void Form_Unload();
   void menu_file_close_Click();
-  /// True from the Form_QueryUnload that lets the window close. In its yields, and in those of
-  /// Form_Unload, no command is to come any more: nothing starts that would outlive the window.
-  [[nodiscard]] bool Closing() const { return closing_; }
+  /// Every command of the user comes through here. From the Form_QueryUnload on that lets the
+  /// window close none is carried out: in the yields of closing nothing starts that would outlive
+  /// the window.
+  template <typename Command>
+  void Do(Command command) {
+    if (!closing_) command();
+  }
   /// What makes Form_QueryUnload refuse, without its saving: for the question at the end of a
   /// Windows session.
   [[nodiscard]] bool ClosingIsRefused() const;
@@ -51,8 +55,8 @@ class Form1 {
 
   // run/form1.cpp: a run
 
-  /// The whole run: returns when it has ended and the window is put back. Nothing once closing has
-  /// begun; no frame is received once the session has ended.
+  /// The whole run: returns when it has ended and the window is put back. No frame is received once
+  /// the session has ended.
   void Bt_Connect_Click();
   void Bt_Disconnect_Click();
   void Bt_ViewClear_Click();

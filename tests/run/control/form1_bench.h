@@ -26,7 +26,8 @@ class Form1Bench {
     for (const StringView file : {u"canusbdrv.dll", u"IFCan.dll", u"canlib32.dll"}) {
       Install(kSystem, file);
     }
-    memory.window.Cmb_Serect_Device.OnClick([this] { form.Cmb_Serect_Device_Click(); });
+    memory.window.Cmb_Serect_Device.OnClick(
+        [this] { form.Do([this] { form.Cmb_Serect_Device_Click(); }); });
     memory.window.window.OnUnload([this] {
       std::int32_t Cancel = 0;
       form.Form_QueryUnload(Cancel);
@@ -50,9 +51,10 @@ class Form1Bench {
     memory.journal.Clear();
   }
 
-  /// The user's click or choice; it waits while the program does not take any.
+  /// The user's click or choice, led as the front end leads it. It waits while the program takes
+  /// none.
   void Click(void (Form1::*handler)()) {
-    memory.gate.Deliver([this, handler] { (form.*handler)(); });
+    memory.gate.Deliver([this, handler] { form.Do([this, handler] { (form.*handler)(); }); });
   }
 
   /// Lines of the journal that begin with `prefix`.

@@ -143,7 +143,6 @@ TEST_P(Nesting, ClosingIsRefusedWithinATickAndWithinTheLastFlush) {
   EXPECT_EQ(within_flushes, 1);
   EXPECT_THAT(bench_.Noted("Form2.Unload"), IsEmpty());
   EXPECT_FALSE(bench_.Wrote(u"config.dat"));
-  EXPECT_FALSE(form_.Closing());
   EXPECT_EQ(LoggedFrames(Log(2)), 2U);
 }
 

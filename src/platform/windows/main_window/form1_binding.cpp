@@ -56,9 +56,10 @@ void Call(const Handler<Object> (&handlers)[N], int id, Object& object) {
 }  // namespace
 
 void Form1Binding::Command(int id) {
-  if (form_.Closing()) return;
-  Call(kHandlers, id, form_);
-  Call(kDialogHandlers, id, dialogs_);
+  form_.Do([this, id] {
+    Call(kHandlers, id, form_);
+    Call(kDialogHandlers, id, dialogs_);
+  });
 }
 
 bool Form1Binding::QueryUnload() {

@@ -7,7 +7,7 @@
 namespace tolvane::platform::windows {
 
 /// Leads the events of the main window to the handlers of Form1 and to the windows that the menus
-/// open. Once closing has begun no command comes through.
+/// open.
 class Form1Binding final : public Form1Events {
  public:
   Form1Binding(Form1& form, DialogWindows& dialogs) : form_(form), dialogs_(dialogs) {}
@@ -15,11 +15,11 @@ class Form1Binding final : public Form1Events {
   void Command(int id) override;
   void ViewSelectionChanged() override { form_.RTB_MainView_SelChange(); }
   void ViewContextMenu() override {
-    if (!form_.Closing()) form_.RTB_MainView_ContextMenu();
+    form_.Do([this] { form_.RTB_MainView_ContextMenu(); });
   }
   void ViewGotFocus() override { form_.RTB_MainView_GotFocus(); }
   void HelpKey() override {
-    if (!form_.Closing()) dialogs_.ShowManual(form_.RxFlag == 1);
+    form_.Do([this] { dialogs_.ShowManual(form_.RxFlag == 1); });
   }
   [[nodiscard]] bool QueryUnload() override;
   void Unload() override { form_.Form_Unload(); }

@@ -55,5 +55,24 @@ TEST_F(Form1BindingTest, F1LooksForTheManualUntilClosingHasBegun) {
   EXPECT_EQ(files_.searches, 1) << "the manual opens while the program closes";
 }
 
+TEST_F(Form1BindingTest, CommandsComeThroughUntilClosingHasBegun) {
+  const auto commands = [this] {
+    bench_.form.RxFlag = 1;
+    binding_.Command(Bt_Disconnect);
+    binding_.ViewContextMenu();
+    return bench_.form.RxFlag;
+  };
+  EXPECT_EQ(commands(), 0);
+  EXPECT_EQ(bench_.Noted("menu_View.PopUp").size(), 1U);
+  int yields = 0;
+  bench_.memory.events.OnYield([&] {
+    ++yields;
+    EXPECT_EQ(commands(), 1) << "a command comes through while the program closes";
+  });
+  bench_.form.menu_file_close_Click();
+  EXPECT_GT(yields, 1);
+  EXPECT_EQ(bench_.Noted("menu_View.PopUp").size(), 1U);
+}
+
 }  // namespace
 }  // namespace tolvane::platform::windows
