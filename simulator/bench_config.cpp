@@ -162,7 +162,7 @@ void TakeWords(SectionReader& reader, platform::IfcanConfig& config) {
 
 void TakeIfcan(SectionReader& reader, IfcanPlan& plan) {
   constexpr std::int32_t k500k = 295;
-  plan.config = {.mode = 0, .passed_through = {}, .baud_rate = k500k};
+  plan.config = {.mode = 0, .passed_through = {11, 12, 13, 14, 15}, .baud_rate = k500k};
   TakeWords(reader, plan.config);
   platform::IfcanPortInformation& information = plan.information;
   information = {.ulStructLength = sizeof(information),

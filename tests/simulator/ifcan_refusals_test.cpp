@@ -91,6 +91,19 @@ TEST_F(IfcanRefuses, ChangesOfTheBoardsOwnWords) {
   EXPECT_EQ(bench_.Faults(), Faults(5, "CanActivate: the board's own words are changed"));
 }
 
+TEST_F(IfcanRefuses, ZerosForTheWordsOfABoardThatNobodyDescribed) {
+  Plug("[interface 1]\n");
+  const std::int32_t handle = library_->CanOpenPort("IFCAN1");
+  IfcanConfig config{};
+  EXPECT_EQ(library_->CanGetConfig(handle, config), 0);
+  for (std::size_t word = 0; word < config.passed_through.size(); ++word) {
+    IfcanConfig zeroed = config;
+    zeroed.passed_through[word] = 0;
+    EXPECT_EQ(ActivateWith(handle, zeroed), kInvalidParameter) << word;
+  }
+  EXPECT_EQ(ActivateWith(handle, config), 0);
+}
+
 TEST_F(IfcanRefuses, RatesThatThereAreNot) {
   const std::int32_t handle = Open();
   for (const std::int32_t rate : {0, 294, 500, -1}) {

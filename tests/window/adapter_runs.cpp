@@ -77,7 +77,7 @@ Calls ExpectedCalls(Kind kind, const Settings& settings, const Calls& made) {
     case kInterface:
       return {"CanOpenPort(\"IFCAN1\") = " + handle,
               "CanGetConfig" + call + ") = 0",
-              "CanSetConfig" + call + (settings.silent ? ", 1" : ", 0") + ", 0, 0, 0, 0, 0, " +
+              "CanSetConfig" + call + (settings.silent ? ", 1" : ", 0") + ", 11, 12, 13, 14, 15, " +
                   std::to_string(rate.interface_code) + ") = 0",
               "CanActivate" + call + ") = 0",
               "CanDeactivate" + call + ") = 0",

@@ -71,7 +71,8 @@ class SettingsFile : public OpenedWindows {
     EXPECT_NE(report.find("delivered=2 "), std::string::npos) << report;
     EXPECT_EQ(report.find("canSetBusOutputControl"), std::string::npos) << report;
     if (library == "IFCan") {
-      EXPECT_NE(report.find(", -2147483648, 0, 0, 0, 0, 0, 295) = 0"), std::string::npos) << report;
+      EXPECT_NE(report.find(", -2147483648, 11, 12, 13, 14, 15, 295) = 0"), std::string::npos)
+          << report;
     }
     return main_.Text(RTB_MainView);
   }
@@ -81,7 +82,7 @@ TEST_F(SettingsFile, ValuesThatNoDialogWritesHaveTheirToldEffects) {
   std::ofstream(folder_.Path() / L"frames.log", std::ios::binary)
       << "(0.0) can0 123#0102\n(0.1) can0 123#0304\n";
   PlugIn(
-      "[interface 1]\nconfig = 0x80000000,0,0,0,0,0,295\n[kvaser 0]\n"
+      "[interface 1]\nconfig = 0x80000000,11,12,13,14,15,295\n[kvaser 0]\n"
       "[bus]\nsource = log\nlog = frames.log\n",
       {L"IFCan.dll", L"canlib32.dll"});
   ASSERT_NO_FATAL_FAILURE(Start());
