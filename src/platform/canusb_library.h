@@ -31,8 +31,9 @@ class CanusbLibrary {
 
   virtual ~CanusbLibrary() = default;
 
-  /// Both write the adapter's serial text, padded with NUL; all 32 bytes may be text. The result
-  /// is a signed 16-bit number, greater than 0 while an adapter was given.
+  /// Both write the adapter's serial text, padded with NUL; all 32 bytes may be text. A driver that
+  /// pads with one NUL alone leaves the rest as it was. The result is a signed 16-bit number,
+  /// greater than 0 while an adapter was given.
   virtual std::int16_t canusb_getFirstAdapter(std::array<char, kSerialSize>& serial) = 0;
   virtual std::int16_t canusb_getNextAdapter(std::array<char, kSerialSize>& serial) = 0;
 

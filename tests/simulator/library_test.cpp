@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 #include <windows.h>
 
+#include <algorithm>
 #include <array>
 #include <cstring>
 #include <filesystem>
@@ -12,6 +13,7 @@
 #include "platform/windows/abi/canlib_abi.h"
 #include "platform/windows/abi/canusbdrv_abi.h"
 #include "platform/windows/abi/ifcan_abi.h"
+#include "platform/windows/vendor_libraries.h"
 #include "tests/simulator/library_bed.h"
 
 namespace tolvane::simulator {
@@ -177,6 +179,38 @@ TEST_F(SimulatedLibrary, Canlib32GivesRecordsAndReports) {
   EXPECT_NE(Report().find("canlib32 canSetBusParams(0, -2, 5, 2, 1, 1, 0) = 0\n"),
             std::string::npos);
   EXPECT_TRUE(Report().ends_with("canlib32 unload\n"));
+}
+
+/// As long as the buffer, the NULs as slashes.
+template <std::size_t size>
+std::string Shown(const std::array<char, size>& buffer) {
+  std::string text(buffer.data(), buffer.size());
+  std::ranges::replace(text, '\0', '/');
+  return text;
+}
+
+TEST_F(SimulatedLibrary, CanusbdrvWritesIntoTheProgramsOwnBuffers) {
+  const fs::path file = folder_ / "canusbdrv.dll";
+  fs::copy_file(SimulatorFolder() / "canusbdrv.dll", file);
+  UseBench("[canusb 1]\nserial=LONGER-ONE\nversion=V5\n[canusb 2]\nserial=SHORTER\n");
+  platform::windows::WindowsCanusb library(file.u16string());
+  std::array<char, 32> serial;
+  serial.fill('?');
+  EXPECT_EQ(library.canusb_getFirstAdapter(serial), 1);
+  EXPECT_EQ(Shown(serial), "LONGER-ONE/?????????????????????");
+  EXPECT_EQ(library.canusb_getNextAdapter(serial), 1);
+  EXPECT_EQ(Shown(serial), "SHORTER/NE/?????????????????????");
+  EXPECT_EQ(library.canusb_getNextAdapter(serial), 0);
+  EXPECT_EQ(Shown(serial), "SHORTER/NE/?????????????????????") << "nothing is written";
+  std::array<char, 64> version;
+  version.fill('?');
+  std::string rate = "500";
+  const std::int32_t handle = library.canusb_Open("LONGER-ONE", rate, 0, -1, 1);
+  EXPECT_EQ(library.canusb_VersionInfo(handle, version), 1);
+  EXPECT_EQ(Shown(version), "V5/" + std::string(61, '?'));
+  library.canusb_Close(handle);
+  // The program leaves it loaded, and its folder could not be removed.
+  FreeLibrary(GetModuleHandleW(file.c_str()));
 }
 
 TEST_F(SimulatedLibrary, TheBenchFileBesideTheLibraryIsUsed) {

@@ -10,10 +10,12 @@ namespace {
 // by a NUL that nobody counted.
 constexpr std::size_t kSlack = 64;
 
-/// Calls `fill(buffer)` on a roomy buffer and takes the `Size` bytes that count.
+/// Calls `fill(buffer)` on a roomy copy of the text and takes the `Size` bytes that count: what the
+/// driver does not write stays as its caller left it.
 template <std::size_t Size, typename Fill>
 auto FillText(std::array<char, Size>& text, Fill fill) {
   std::array<char, Size + kSlack> buffer{};
+  std::ranges::copy(text, buffer.begin());
   const auto result = fill(buffer.data());
   std::copy_n(buffer.begin(), Size, text.begin());
   return result;
