@@ -82,8 +82,19 @@ SIMULATED_EXPORT std::int32_t TOLVANE_STDCALL canusb_VersionInfo(std::int32_t ha
   return result;
 }
 
-// The searches are left out: their callers take half of the register that is given here.
-static_assert(std::is_same_v<decltype(&canusb_Open), decltype(Abi::canusb_Open)> &&
+/// The type of an export that fills the whole register of which its caller takes half.
+template <typename OfCaller>
+struct WholeRegister;
+template <typename... Arguments>
+struct WholeRegister<std::int16_t(TOLVANE_STDCALL*)(Arguments...)> {
+  using Type = std::int32_t(TOLVANE_STDCALL*)(Arguments...);
+};
+
+static_assert(std::is_same_v<decltype(&canusb_getFirstAdapter),
+                             WholeRegister<decltype(Abi::canusb_getFirstAdapter)>::Type> &&
+              std::is_same_v<decltype(&canusb_getNextAdapter),
+                             WholeRegister<decltype(Abi::canusb_getNextAdapter)>::Type> &&
+              std::is_same_v<decltype(&canusb_Open), decltype(Abi::canusb_Open)> &&
               std::is_same_v<decltype(&canusb_Close), decltype(Abi::canusb_Close)> &&
               std::is_same_v<decltype(&canusb_Read), decltype(Abi::canusb_Read)> &&
               std::is_same_v<decltype(&canusb_VersionInfo), decltype(Abi::canusb_VersionInfo)>);
