@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <cstring>
 
 #include "platform/windows/system/file_services.h"
 #include "platform/windows/system/process.h"
@@ -123,10 +124,53 @@ TEST(UnusableLibrary, OneWithoutACalledExportFindsNothing) {
   EXPECT_LT(canlib.canOpenChannel(0, 128), 0);
 }
 
-TEST(UnusableLibrary, WithoutTheTimerServiceARunGoesOn) {
-  WindowsTimerResolution winmm(ProgramFile(u"missing.dll"));
+/// A library beside the tests that stands for winmm.dll; loaded already, so that it counts on when
+/// the program lets it go.
+class CountingTimer {
+ public:
+  explicit CountingTimer(StringView file)
+      : path_(ExecutableFolder() + u'\\' + String(file)), module_(LoadLibraryW(Wide(path_))) {
+    const FARPROC calls = module_ ? GetProcAddress(module_.Get(), "TimerCalls") : nullptr;
+    EXPECT_NE(calls, nullptr) << "error " << GetLastError();
+    std::memcpy(&calls_, &calls, sizeof(calls_));
+    before_ = All().size();
+  }
+
+  [[nodiscard]] const String& Path() const { return path_; }
+  /// Since this object was made, a line each.
+  [[nodiscard]] std::string Calls() const { return All().substr(before_); }
+
+ private:
+  [[nodiscard]] std::string All() const { return calls_ == nullptr ? "" : calls_(); }
+
+  String path_;
+  ModuleHandle module_;
+  const char*(__stdcall* calls_)() = nullptr;
+  std::size_t before_ = 0;
+};
+
+TEST(TimerResolution, IsBegunAndEndedInTheLibraryByThePeriodThatWasAsked) {
+  const CountingTimer timer(u"tolvane_counting_timer.dll");
+  WindowsTimerResolution winmm(timer.Path());
+  EXPECT_EQ(timer.Calls(), "");
   winmm.timeBeginPeriod(1);
+  EXPECT_EQ(timer.Calls(), "begin 1\n");
   winmm.timeEndPeriod(1);
+  EXPECT_EQ(timer.Calls(), "begin 1\nend 1\n");
+  winmm.timeBeginPeriod(0xFFFF'FFFE);
+  winmm.timeEndPeriod(0xFFFF'FFFF);
+  EXPECT_EQ(timer.Calls(), "begin 1\nend 1\nbegin 4294967294\nend 4294967295\n");
+}
+
+TEST(UnusableLibrary, WithoutTheTimerServiceARunGoesOn) {
+  // What could not be ended is not begun either.
+  const CountingTimer endless(u"tolvane_endless_timer.dll");
+  for (const String& path : {ProgramFile(u"missing.dll"), endless.Path()}) {
+    WindowsTimerResolution winmm(path);
+    winmm.timeBeginPeriod(1);
+    winmm.timeEndPeriod(1);
+  }
+  EXPECT_EQ(endless.Calls(), "");
 }
 
 }  // namespace
