@@ -2,7 +2,6 @@
 #include <gtest/gtest.h>
 
 #include <cstdint>
-#include <utility>
 #include <vector>
 
 #include "receive/adapters/canusb_binding.h"
@@ -25,12 +24,12 @@ struct KeptByFormBG {
   std::int32_t Device_Timer_Kind = 0;
 };
 
-/// A whole run on a CANUSB adapter by the rules of `kind`.
-void RunOn(KeptByFormBG& kept, RunBench& bench, BindingKind kind = kCanusb) {
+/// A whole run on a CANUSB adapter.
+void RunOn(KeptByFormBG& kept, RunBench& bench) {
   CanusbBinding binding(bench.canusbdrv, bench.CAN_u, bench.CAN_d);
   bench.RxFlag = 1;
   Receive<CAN_ReadDB>(
-      open_traits(kind, kFormBG), binding, bench.parts,
+      open_traits(kCanusb, kFormBG), binding, bench.parts,
       {kept.frames, kept.highlights, kept.log, bench.timers[0], kept.Device_Timer_Kind},
       bench.device, nullptr);
 }
@@ -48,16 +47,6 @@ TEST(Start, ClearsHighlightsAndLogOfTheRunBefore) {
   EXPECT_EQ(kept.log.Excel_DB_ArayyCounter, 0);
   EXPECT_EQ(kept.log.Excel_DB_ArayyCh, 1);
   EXPECT_EQ(kept.log.str_bitrate, u"");
-}
-
-TEST(Start, TellsTheViewWhoseTimerItIs) {
-  for (const auto& [kind, expected] :
-       {std::pair(kCanusb, 1), {BindingKind::kInterface, 2}, {BindingKind::kKvaser, 3}}) {
-    RunBench bench;
-    KeptByFormBG kept(bench);
-    RunOn(kept, bench, kind);
-    EXPECT_EQ(kept.Device_Timer_Kind, expected);
-  }
 }
 
 // The flush of a full half yields at a taken name; by then the counter is 0 and the channel still
