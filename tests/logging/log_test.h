@@ -63,6 +63,12 @@ class LogTest : public ::testing::Test {
   void RollOver(platform::AutomationObject* objExcel = nullptr) {
     db.RollOver(device, objExcel, FileName_Date, FileName_No, FolderName);
   }
+  /// The same with a channel that was full with its last record.
+  void RollOverNow(platform::AutomationObject* objExcel = nullptr) {
+    db.Excel_DB_ArayyCounter_MAX = db.Excel_DB_ArayyCounter - 1;
+    RollOver(objExcel);
+    db.Excel_DB_ArayyCounter_MAX = Excel_OutputDB::kRow_MAX;
+  }
 
   /// The bytes of log number `number` of the hour, empty when there is none.
   std::string LogBytes(StringView number, StringView extension = u".csv") {

@@ -24,13 +24,11 @@ class SessionEndOutput : public LogTest, public testing::WithParamInterface<std:
       db.Excel_DataInput(now_time, can_ID, 2, kBytes, 0);
     }
   }
-  /// As the receive loop does behind a full channel. Nothing can be written.
-  void FailToFlush(std::int32_t channel) {
+  /// The current channel is full, and nothing can be written.
+  void FailToFlush() {
     files.Protect(u"C:\\Tolvane", true);
-    Flush(channel);
+    RollOverNow();
     files.Protect(u"C:\\Tolvane", false);
-    db.Excel_DB_ArayyCounter = 0;
-    db.Excel_DB_ArayyCh = 3 - channel;
   }
   void EndSession() { db.Session_End_Output(device, FileName_Date, FileName_No, FolderName); }
   std::size_t FileCount() { return files.Files(u"C:\\Tolvane").size(); }
@@ -49,7 +47,7 @@ TEST_P(SessionEndOutput, RecordsOfAFailedFlushComeAheadOfTheCurrentOnes) {
   Begin(0);
   Record11(1.5, 0x00F);
   Record11(2.0, 0x100);
-  FailToFlush(1);
+  FailToFlush();
   Record11(3.0, 0x7FF);
   EndSession();
   EXPECT_TRUE(SameBytes(LogBytes(u"001"), head11_ + "       1.5 , 00F , 2 ,  00,1A\r\n"
@@ -62,7 +60,7 @@ TEST_P(SessionEndOutput, RecordsOfTheSecondChannelAreNotLostEither) {
   Begin(0);
   db.Excel_DB_ArayyCh = 2;
   Record11(1.0, 0x100);
-  FailToFlush(2);
+  FailToFlush();
   EndSession();
   EXPECT_TRUE(SameBytes(LogBytes(u"001"), head11_ + "         1 , 100 , 2 ,  00,1A\r\n"));
   EXPECT_TRUE(SameBytes(LogBytes(u"002"), head11_)) << "the current channel, though it is empty";
@@ -75,9 +73,9 @@ TEST_P(SessionEndOutput, NewRecordsOfAChannelComeBehindThoseThatAFlushLeftInIt) 
   Record11(2.0, 0x002);
   Record11(3.0, 0x003);
   Record11(4.0, 0x004);
-  FailToFlush(1);
+  FailToFlush();
   Record11(5.0, 0x005);
-  FailToFlush(2);
+  FailToFlush();
   Record11(6.0, 0x006);
   Record11(7.0, 0x007);
   EndSession();
@@ -99,10 +97,8 @@ TEST_P(SessionEndOutput, AChannelThatWasWrittenIsNotWrittenAgain) {
   Record11(1.0, 0x100);
   servers.Register(u"Excel.Application");
   const auto objExcel = servers.CreateObject(u"Excel.Application");
-  Flush(1, objExcel.get());
+  RollOverNow(objExcel.get());
   files.Remove(u"C:\\Tolvane\\KL26112009-001.csv");
-  db.Excel_DB_ArayyCounter = 0;
-  db.Excel_DB_ArayyCh = 2;
   Record11(2.0, 0x200);
   EndSession();
   EXPECT_TRUE(SameBytes(LogBytes(u"001"), head11_ + "         2 , 200 , 2 ,  00,1A\r\n"));
