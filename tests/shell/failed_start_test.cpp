@@ -99,22 +99,22 @@ TEST(FailedStartLater, SavesTheCommentOfTheStillEmptyBox) {
   EXPECT_EQ(bench.form.device.t_LogComment, u"");
 }
 
-TEST(ExecutableFolder, ThatNamesTheExecutableIsCutBeforeTheSupportLibraryIsSought) {
+/// That a program told that it stands in `told` finds its support library in `cut`.
+void ExpectSupportLibraryFoundIn(const String& cut, const String& told) {
   platform::memory::MemoryPlatform memory;
-  memory.files.AddFolder(u"C:\\Tools");
-  memory.files.AddFile(u"C:\\Tools\\qxt100.dll", "MZ");
-  Form1 form(memory.Platform(), memory.MainWindow(), u"C:\\Tools\\Tolvane.exe");
+  memory.files.AddFolder(cut);
+  memory.files.AddFile(cut + u"\\qxt100.dll", "MZ");
+  Form1 form(memory.Platform(), memory.MainWindow(), told);
   form.Form_Load();
   ExpectOneStopBox(memory.message_box.Boxes(), kLibrariesMissing);
 }
 
+TEST(ExecutableFolder, ThatNamesTheExecutableIsCutBeforeTheSupportLibraryIsSought) {
+  ExpectSupportLibraryFoundIn(u"C:\\Tools", u"C:\\Tools\\Tolvane.exe");
+}
+
 TEST(ExecutableFolder, ThatNamesTheExecutableTwiceIsCutTwice) {
-  platform::memory::MemoryPlatform memory;
-  memory.files.AddFolder(u"C:\\Tools.old");
-  memory.files.AddFile(u"C:\\Tools.old\\qxt100.dll", "MZ");
-  Form1 form(memory.Platform(), memory.MainWindow(), u"C:\\ToolsTolvane.exe.old\\Tolvane.exe");
-  form.Form_Load();
-  ExpectOneStopBox(memory.message_box.Boxes(), kLibrariesMissing);
+  ExpectSupportLibraryFoundIn(u"C:\\Tools.old", u"C:\\ToolsTolvane.exe.old\\Tolvane.exe");
 }
 
 }  // namespace
