@@ -61,6 +61,7 @@ TEST_F(CanusbSearch, SixCharactersAtFirstFindNone) {
 
 TEST_F(CanusbSearch, TextWithoutAPositiveResultDoesNotCount) {
   using Limits = std::numeric_limits<std::int16_t>;
+  memory_.canusbdrv.writes_on_refusal = true;
   for (const std::int16_t result : {std::int16_t{0}, std::int16_t{-1}, Limits::min()}) {
     memory_.canusbdrv.serials = {"LAW00001"};
     memory_.canusbdrv.search_result = result;

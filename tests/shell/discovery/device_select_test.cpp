@@ -115,12 +115,17 @@ TEST_F(DeviceSelect, CanusbThatDoesNotOpenKeepsTheText) {
 }
 
 TEST_F(DeviceSelect, CanusbWithoutAVersionShowsQuestionMarksAndStaysSelected) {
-  for (const std::int32_t result : {0, -1}) {
-    FindCanusb(u"LAW00001");
-    memory_.canusbdrv.version_result = result;
-    EXPECT_EQ(Select(1), result);
-    EXPECT_EQ(Shown(), u"???");
-    EXPECT_EQ(device_.t_select_Vender, kVenderCanusb);
+  FindCanusb(u"LAW00001");
+  for (const bool written : {true, false}) {
+    for (const std::int32_t result : {0, -1}) {
+      CAN_d_.CAN_USB_Version = u"of the adapter before";
+      memory_.canusbdrv.writes_on_refusal = written;
+      memory_.canusbdrv.version_result = result;
+      EXPECT_EQ(Select(1), result);
+      EXPECT_EQ(Shown(), u"???");
+      EXPECT_EQ(CAN_d_.CAN_USB_Version, written ? u"V1011" : u"");
+      EXPECT_EQ(device_.t_select_Vender, kVenderCanusb);
+    }
   }
 }
 
@@ -179,6 +184,18 @@ TEST_F(KvaserSelect, ShowsProductSerialAndFirmwareOfTheNextChannel) {
   EXPECT_THAT(memory_.journal.Take(),
               ElementsAre("canGetChannelData(101, 7, 8)", "canGetChannelData(101, 9, 8)",
                           "canGetChannelData(101, 11, 8)", testing::_));
+}
+
+TEST_F(KvaserSelect, WhatTheLibraryDoesNotTellIsZero) {
+  FindChannels(2);
+  for (const std::int32_t item : {kSerialItem, kFirmwareItem, kProductItem}) {
+    Answer(101, item, 12345, 6);
+  }
+  Select(1);
+  EXPECT_EQ(Shown(), u"P/N：0-00600-00303-9  S/N：12345  FW：0.6.0");
+  memory_.canlib32.data_result = -1;
+  EXPECT_EQ(Select(1), 1);
+  EXPECT_EQ(Shown(), u"P/N：0-00000-00000-0  S/N：0  FW：0.0.0");
 }
 
 TEST_F(KvaserSelect, TheLastChannelShowsTheCardOfHandle0) {

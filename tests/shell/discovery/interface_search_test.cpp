@@ -58,6 +58,7 @@ TEST_F(InterfaceSearch, StoresAllNineWordsAtThePlaceInTheList) {
 }
 
 TEST_F(InterfaceSearch, APortWithoutInformationStaysWithZeros) {
+  memory_.IFCan.writes_on_refusal = true;
   memory_.IFCan.ports = {{.number = 1,
                           .information = {36, 4466, 4851, 8340, 3, 7, 11, 2, 1},
                           .information_status = IfCan_u_.IFCAN_ERROR_NOT_READY}};

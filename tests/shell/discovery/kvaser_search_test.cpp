@@ -84,6 +84,7 @@ TEST_F(KvaserSearch, AChannelWithoutAReadableNameCounts) {
 
 TEST_F(KvaserSearch, OnlyANegativeResultTakesTheNameAway) {
   Plug("Leaf");
+  memory_.canlib32.writes_on_refusal = true;
   memory_.canlib32.data_result = -1;
   Run();
   EXPECT_EQ(kvCan_d_.Kvaser_FindCount, 1);
@@ -135,6 +136,7 @@ TEST_F(KvaserSearch, ResultsOfTheOtherCallsAreNotLookedAt) {
   Plug("Memorator");
   Run();
   const Lines undisturbed = memory_.journal.Take();
+  memory_.canlib32.writes_on_refusal = true;
   for (const char* call : {"canGetNumberOfChannels", "canBusOff", "canClose"}) {
     memory_.canlib32.call_results = {{call, -1}};
     kvCan_d_.Param_ALL_Clear();
@@ -142,6 +144,15 @@ TEST_F(KvaserSearch, ResultsOfTheOtherCallsAreNotLookedAt) {
     EXPECT_EQ(kvCan_d_.Kvaser_FindCount, 2) << call;
     EXPECT_EQ(memory_.journal.Take(), undisturbed) << call;
   }
+}
+
+TEST_F(KvaserSearch, ACountThatIsNotToldIsNone) {
+  Plug("Leaf");
+  memory_.canlib32.call_results = {{"canGetNumberOfChannels", -1}};
+  Run();
+  EXPECT_EQ(kvCan_d_.Kvaser_FindCount, 0);
+  EXPECT_THAT(memory_.journal.Take(),
+              ElementsAre("canInitializeLibrary()", "yield", "canGetNumberOfChannels()"));
 }
 
 TEST_F(KvaserSearch, AWrongCountHarmsNothing) {

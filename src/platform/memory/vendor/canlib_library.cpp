@@ -21,8 +21,11 @@ void CanlibLibrary::canInitializeLibrary() { journal_.Note("canInitializeLibrary
 
 std::int32_t CanlibLibrary::canGetNumberOfChannels(std::int32_t& count) {
   journal_.Note("canGetNumberOfChannels()");
-  count = channel_count.value_or(static_cast<std::int32_t>(channels.size()));
-  return ResultOf("canGetNumberOfChannels");
+  const std::int32_t status = ResultOf("canGetNumberOfChannels");
+  if (Writes(status)) {
+    count = channel_count.value_or(static_cast<std::int32_t>(channels.size()));
+  }
+  return status;
 }
 
 std::int32_t CanlibLibrary::canGetChannelData(std::int32_t channel, std::int32_t item,
@@ -31,7 +34,8 @@ std::int32_t CanlibLibrary::canGetChannelData(std::int32_t channel, std::int32_t
       CallText("canGetChannelData", {channel, item, static_cast<std::int64_t>(buffer.size())}));
   const auto data = channel_data.find({channel, item});
   if (data == channel_data.end()) return kParam;
-  std::copy_n(data->second.begin(), std::min(data->second.size(), buffer.size()), buffer.begin());
+  const std::size_t size = std::min(data->second.size(), buffer.size());
+  if (Writes(data_result)) std::copy_n(data->second.begin(), size, buffer.begin());
   return data_result;
 }
 
@@ -75,6 +79,7 @@ std::int32_t CanlibLibrary::canRead(std::int32_t handle, std::int32_t& id,
   if (note_reads) journal_.Note(CallText("canRead", {handle}));
   const CanlibFrame* frame = frames.Take();
   if (frame == nullptr) return empty_read_result;
+  if (read_result < 0) return read_result;
   id = frame->id;
   WriteBytes(frame->msg, only_bytes_of_length ? frame->dlc : kAllBytes, msg);
   dlc = frame->dlc;

@@ -55,8 +55,11 @@ class CanlibLibrary final : public platform::CanlibLibrary {
   FrameScript<CanlibFrame> frames;
   bool note_reads = false;
   bool only_bytes_of_length = false;  // a read leaves the other data bytes as they are
+  bool writes_on_refusal = false;     // queries that fail write their answer all the same
 
  private:
+  /// Whether a query with this status writes into the caller's memory.
+  [[nodiscard]] bool Writes(std::int32_t status) const { return status >= 0 || writes_on_refusal; }
   [[nodiscard]] std::int32_t ResultOf(const std::string& call) const;
 
   Journal& journal_;

@@ -17,7 +17,8 @@ std::int16_t CanusbLibrary::canusb_getNextAdapter(std::array<char, kSerialSize>&
 
 std::int16_t CanusbLibrary::GiveAdapter(std::array<char, kSerialSize>& serial) {
   if (next_adapter_ >= serials.size()) return 0;
-  CopyText(serials[next_adapter_++], serial);
+  const std::string& text = serials[next_adapter_++];
+  if (Writes(search_result)) CopyText(text, serial);
   return search_result;
 }
 
@@ -38,6 +39,7 @@ std::int32_t CanusbLibrary::canusb_Read(std::int32_t handle, CanusbMessage& mess
   if (note_reads) journal_.Note(CallText("canusb_Read", {handle}));
   const CanusbMessage* frame = frames.Take();
   if (frame == nullptr) return empty_read_result;
+  if (read_result <= 0) return read_result;
   const auto before = message.data;
   message = *frame;
   if (only_bytes_of_length) {
@@ -50,7 +52,7 @@ std::int32_t CanusbLibrary::canusb_Read(std::int32_t handle, CanusbMessage& mess
 std::int32_t CanusbLibrary::canusb_VersionInfo(std::int32_t handle,
                                                std::array<char, kVersionSize>& text) {
   journal_.Note(CallText("canusb_VersionInfo", {handle}));
-  CopyText(version, text);
+  if (Writes(version_result)) CopyText(version, text);
   return version_result;
 }
 

@@ -35,8 +35,11 @@ class CanusbLibrary final : public platform::CanusbLibrary {
   FrameScript<CanusbMessage> frames;
   bool note_reads = false;
   bool only_bytes_of_length = false;  // a read leaves the other data bytes as they are
+  bool writes_on_refusal = false;     // queries that fail write their answer all the same
 
  private:
+  /// Whether a query with this result writes into the caller's memory.
+  [[nodiscard]] bool Writes(std::int32_t result) const { return result > 0 || writes_on_refusal; }
   std::int16_t GiveAdapter(std::array<char, kSerialSize>& serial);
 
   Journal& journal_;

@@ -42,8 +42,9 @@ std::int32_t IfcanLibrary::CanClosePort(std::int32_t handle) {
 
 std::int32_t IfcanLibrary::CanGetConfig(std::int32_t handle, IfcanConfig& read) {
   journal_.Note(CallText("CanGetConfig", {handle}));
-  read = config;
-  return StatusFor(handle, get_config_status);
+  const std::int32_t status = StatusFor(handle, get_config_status);
+  if (Writes(status)) read = config;
+  return status;
 }
 
 std::int32_t IfcanLibrary::CanSetConfig(std::int32_t handle, const IfcanConfig& written) {
@@ -83,7 +84,7 @@ std::int32_t IfcanLibrary::CanGetPortInformation(std::int32_t handle,
   journal_.Note(CallText("CanGetPortInformation", {handle}));
   const Port* port = PortOf(handle);
   if (port == nullptr) return kInvalidHandle;
-  information = port->information;
+  if (Writes(port->information_status)) information = port->information;
   return port->information_status;
 }
 

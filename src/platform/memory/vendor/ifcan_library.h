@@ -47,8 +47,11 @@ class IfcanLibrary final : public platform::IfcanLibrary {
   FrameScript<IfcanMessage> frames;
   bool note_reads = false;
   bool only_bytes_of_length = false;  // a read leaves the other data bytes as they are
+  bool writes_on_refusal = false;     // queries that fail write their answer all the same
 
  private:
+  /// Whether a query with this status writes into the caller's memory.
+  [[nodiscard]] bool Writes(std::int32_t status) const { return status == 0 || writes_on_refusal; }
   [[nodiscard]] static std::int32_t HandleOf(const Port& port);
   /// `status` for a handle of a port, else the refusal.
   [[nodiscard]] std::int32_t StatusFor(std::int32_t handle, std::int32_t status) const;

@@ -122,9 +122,73 @@ TEST(MemoryCanusb, ListsItsAdaptersFromTheFirst) {
     EXPECT_EQ(library.canusb_getNextAdapter(serial), 0);
   }
   std::array<char, CanusbLibrary::kVersionSize> version;
-  library.version_result = -1;
-  EXPECT_EQ(library.canusb_VersionInfo(4, version), -1);
+  EXPECT_EQ(library.canusb_VersionInfo(4, version), 1);
   EXPECT_EQ(std::string(version.data()), "V1011");
+}
+
+TEST(MemoryCanusb, WritesNothingWhereItRefuses) {
+  Journal journal;
+  CanusbLibrary library(journal);
+  library.serials = {"LWR12345", "LWR12346"};
+  library.search_result = 0;
+  library.version_result = -1;
+  library.read_result = -4;
+  library.frames.Play({{0x123, 1, 0, 1, {1}}});
+  std::array<char, CanusbLibrary::kSerialSize> serial = {'x'};
+  EXPECT_EQ(library.canusb_getFirstAdapter(serial), 0);
+  EXPECT_EQ(serial[0], 'x');
+  std::array<char, CanusbLibrary::kVersionSize> version = {'x'};
+  EXPECT_EQ(library.canusb_VersionInfo(4, version), -1);
+  EXPECT_EQ(version[0], 'x');
+  CanusbMessage message = {7, 0, 0, 0, {}};
+  EXPECT_EQ(library.canusb_Read(4, message), -4);
+  EXPECT_EQ(message.id, 7);
+  library.writes_on_refusal = true;
+  EXPECT_EQ(library.canusb_getNextAdapter(serial), 0);
+  EXPECT_EQ(std::string(serial.data()), "LWR12346");
+}
+
+TEST(MemoryCanlib, WritesNothingWhereItRefuses) {
+  Journal journal;
+  CanlibLibrary library(journal);
+  library.channels = {0};
+  library.channel_data[{0, 13}] = {std::byte{'c'}};
+  library.call_results["canGetNumberOfChannels"] = -1;
+  library.data_result = -1;
+  library.read_result = -1;
+  library.frames.Play({{.id = 0x123, .msg = {1}, .dlc = 1, .flag = 2, .time = 3}});
+  std::int32_t count = 7;
+  EXPECT_EQ(library.canGetNumberOfChannels(count), -1);
+  EXPECT_EQ(count, 7);
+  std::array<std::byte, 1> buffer = {std::byte{9}};
+  EXPECT_EQ(library.canGetChannelData(0, 13, buffer), -1);
+  EXPECT_EQ(buffer[0], std::byte{9});
+  std::int32_t id = 7, dlc = 7, flag = 7, time = 7;
+  std::array<std::uint8_t, 8> msg = {7};
+  EXPECT_EQ(library.canRead(0, id, msg, dlc, flag, time), -1);
+  EXPECT_EQ((std::array{id, std::int32_t{msg[0]}, dlc, flag, time}), (std::array{7, 7, 7, 7, 7}));
+  library.writes_on_refusal = true;
+  EXPECT_EQ(library.canGetNumberOfChannels(count), -1);
+  EXPECT_EQ(count, 1);
+}
+
+TEST(MemoryIfcan, WritesNothingWhereItRefuses) {
+  Journal journal;
+  IfcanLibrary library(journal);
+  library.ports = {{.number = 3, .information_status = 5}};
+  library.ports.front().information.ulBoardID = 7;
+  IfcanConfig config = {};
+  config.mode = 1;
+  EXPECT_NE(library.CanGetConfig(-1, config), 0);
+  library.get_config_status = 9;
+  EXPECT_EQ(library.CanGetConfig(103, config), 9);
+  EXPECT_EQ(config.mode, 1);
+  IfcanPortInformation information = {};
+  EXPECT_EQ(library.CanGetPortInformation(103, information), 5);
+  EXPECT_EQ(information.ulBoardID, 0);
+  library.writes_on_refusal = true;
+  EXPECT_EQ(library.CanGetConfig(103, config), 9);
+  EXPECT_EQ(config.mode, 7);
 }
 
 TEST(MemoryCanlib, RefusesAllCallsOrSingleOnes) {
