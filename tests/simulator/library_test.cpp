@@ -13,7 +13,7 @@
 #include "platform/windows/abi/canlib_abi.h"
 #include "platform/windows/abi/canusbdrv_abi.h"
 #include "platform/windows/abi/ifcan_abi.h"
-#include "platform/windows/vendor_libraries.h"
+#include "platform/windows/vendor/vendor_libraries.h"
 #include "tests/simulator/library_bed.h"
 
 namespace tolvane::simulator {
