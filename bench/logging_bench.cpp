@@ -16,7 +16,7 @@ namespace tolvane {
 namespace {
 
 constexpr std::array<std::uint8_t, 8> kData = {0x00, 0x1A, 0xFF, 0x03, 0x44, 0x55, 0x66, 0x77};
-constexpr std::int32_t kRecords = 20001;
+constexpr std::int32_t kRecords = Excel_OutputDB::kRow_MAX + 1;  // of a channel
 
 /// A folder of its own, gone at the end.
 class ScratchFolder {
@@ -44,6 +44,8 @@ struct Bench {
     db.csv_DB_Initialize(0, device);
   }
 
+  void RollOver() { db.RollOver(device, nullptr, FileName_Date, FileName_No, {}); }
+
   platform::memory::CodePage932 code_page;
   ScratchFolder scratch;
   LocalFiles files{scratch.Path(), code_page};
@@ -67,9 +69,11 @@ void RunRecords(benchmark::State& state, double step, Record record) {
   for (auto _ : state) {
     record(bench.db, NowTime(frame, step), static_cast<std::int32_t>(frame & 0x7FF));
     ++frame;
-    if (bench.db.Excel_DB_ArayyCounter < kRecords) continue;
-    bench.db.Excel_DB_ArayyCounter = 0;
-    bench.db.csv_DB_Initialize(1, bench.device);
+    if (frame % kRecords != 0) continue;
+    state.PauseTiming();
+    bench.RollOver();
+    bench.scratch.Empty();
+    state.ResumeTiming();
   }
   state.SetItemsProcessed(state.iterations());
 }
@@ -94,7 +98,7 @@ void FlushChannel(benchmark::State& state) {
     bench.scratch.Empty();
     for (std::int32_t i = 0; i < kRecords; ++i) Csv29(bench.db, NowTime(i, 0.125), i);
     state.ResumeTiming();
-    bench.db.Excel_DataOutput(1, bench.device, nullptr, bench.FileName_Date, bench.FileName_No, {});
+    bench.RollOver();
   }
 }
 BENCHMARK(FlushChannel)->Unit(benchmark::kMillisecond);

@@ -23,12 +23,10 @@ class LitPage {
 
   explicit LitPage(bool fractions) {
     bed_.timer.interval = 0;
-    if constexpr (std::is_same_v<typename Bed::Table, CAN_ReadDB>) {
-      for (std::int16_t id = 1; id <= 2047; ++id) Light(id, fractions);
+    if constexpr (Bed::kIs29) {
+      for (std::int32_t key = 0; key <= 4000; ++key) Light(0x100000 + key * 577, fractions);
     } else {
-      for (std::int32_t key = 0; key <= 4000; ++key) {
-        Light(bed_.AddKey(0x100000 + key * 577, 1), fractions);
-      }
+      for (std::int32_t id = 1; id <= 2047; ++id) Light(id, fractions);
     }
   }
 
@@ -41,9 +39,10 @@ class LitPage {
  private:
   // Bytes and cycles moved some time ago, each row at another time, and the timer's step of 0 keeps
   // them there: the fades of a bus in use, the same at each tick.
-  void Light(std::int16_t row, bool fractions) {
+  void Light(std::int32_t id, bool fractions) {
+    const std::int16_t row = bed_.Receive(id, 8, kData, 1000.0);
     const double cycle = 10 + row % 1000 + (fractions ? 0.25 : 0.0);
-    for (int i = 0; i < 3; ++i) bed_.Receive(row, 8, kData, 1000.0 + i * cycle);
+    for (int i = 1; i < 3; ++i) bed_.Receive(id, 8, kData, 1000.0 + i * cycle);
     for (std::size_t k = 0; k < 8; ++k) {
       ((*bed_.highlights).*Highlight::d_timerCounter[k])(
           row, 1 + (row * 29 + 7000 * static_cast<int>(k)) % 60000);

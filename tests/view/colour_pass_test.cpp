@@ -40,9 +40,8 @@ TEST(ColourPass, ALitByteThatAShorterFrameNoLongerHasIsNotPainted) {
 TEST(ColourPass, FormBG_29PaintsNothingOnARowThatIsNotSettledThoughItHasALine) {
   for (const std::uint8_t state : {row_state::kNone, row_state::kWriting}) {
     TickBed<WorkerKind::FormBG_29> bed;
-    const std::int16_t row = bed.AddKey(0x300, 1);
-    bed.Receive(row, 8, kData, 1000);
-    bed.Receive(row, 8, kOther, 1100);
+    const std::int16_t row = bed.Receive(0x300, 8, kData, 1000);
+    bed.Receive(0x300, 8, kOther, 1100);
     bed.device.t_MsgMarker_ON(0, 1);
     bed.device.t_MsgMarkerID(0, 0x300);
     bed.device.t_MsgMarkerStartByte(0, 1);
@@ -74,9 +73,8 @@ TEST(ColourPass, StalePositionsBeyondThePageAreClamped) {
 
 TEST(ColourPass, TheExtendedOneDoesNotExcludeByRow) {
   TickBed<WorkerKind::FormBG_29> bed;
-  const std::int16_t row = bed.AddKey(0x300, 1);
-  bed.Receive(row, 8, kData, 1000);
-  bed.Receive(row, 8, kOther, 1100);
+  const std::int16_t row = bed.Receive(0x300, 8, kData, 1000);
+  bed.Receive(0x300, 8, kOther, 1100);
   bed.Page();
   EXPECT_EQ(bed.Colours().size(), 2U);
   bed.device.t_DisableID_ON(0, 1);
@@ -88,14 +86,13 @@ TEST(ColourPass, TheExtendedOneDoesNotExcludeByRow) {
 
 TEST(Highlight29, RegionsStayWithTheirMessageWhenALowerIDMovesTheLines) {
   TickBed<WorkerKind::FormBG_29> bed;
-  const std::int16_t row = bed.AddKey(0x300, 1);
-  bed.Receive(row, 8, kData, 1000);
-  bed.Receive(row, 8, kOther, 1100);
+  const std::int16_t row = bed.Receive(0x300, 8, kData, 1000);
+  bed.Receive(0x300, 8, kOther, 1100);
   bed.Page();
   constexpr std::int32_t kFirstCells = 41 + 15;
   EXPECT_EQ(bed.Colours()[0], (platform::ColourRun{kFirstCells + 7, kFirstCells + 9, 60000}));
 
-  bed.Receive(bed.AddKey(0x100, 1), 8, kData, 1000);
+  bed.Receive(0x100, 8, kData, 1000);
   const String& page = bed.Page();
   constexpr std::int32_t kLine = 15 + 24 + 3 + 6 + 2;  // "----ms"
   EXPECT_EQ(bed.Colours()[0],

@@ -143,8 +143,8 @@ TEST(Marker, StartsAreNotedOnEachTick) {
 
 TEST(Marker, OnANumberWithTwoRowsIsRecordedAtTheLaterOne) {
   TickBed<WorkerKind::FormBG_29> bed;
-  bed.Receive(bed.AddKey(0x123, 0), 8, kData, 5);
-  bed.Receive(bed.AddKey(0x123, 1), 8, kData, 5);
+  bed.Receive(0x123, 8, kData, 5, kStandard);
+  bed.Receive(0x123, 8, kData, 5);
   Mark(bed, 3, 0x123, 1, 2, 7);
   bed.Page();
   constexpr std::int32_t kSecondCells = 41 + (15 + 24 + 3 + 6 + 2) + 15;
@@ -155,8 +155,8 @@ TEST(Marker, OnANumberWithTwoRowsIsRecordedAtTheLaterOne) {
 
 TEST(Marker, WithoutTheFirstByteInTheLaterRowTheEarlierOneIsPainted) {
   TickBed<WorkerKind::FormBG2_29> bed;
-  bed.Receive(bed.AddKey(0x123, 0), 8, kData, 5);
-  bed.Receive(bed.AddKey(0x123, 1), 0, kData, 5);
+  bed.Receive(0x123, 8, kData, 5, kStandard);
+  bed.Receive(0x123, 0, kData, 5);
   Mark(bed, 3, 0x123, 1, 1, 7);
   bed.Page();
   EXPECT_EQ(bed.Backgrounds(), (Runs{{41 + 15 + 1, 41 + 15 + 3, 7}}));

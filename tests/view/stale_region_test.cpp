@@ -21,10 +21,10 @@ class StaleRegion : public EachWorker<Worker> {
  protected:
   using typename EachWorker<Worker>::Frame;
 
-  StaleRegion() : lit_(this->RowOf(0x100)), plain_(this->RowOf(0x200)) {
-    for (const std::int16_t row : {lit_, plain_}) {
-      this->bed_.Receive(row, 8, kData, 1000);
-      this->bed_.Receive(row, 8, kData, 1100);
+  StaleRegion() {
+    for (const double time : {1000, 1100}) {
+      lit_ = this->bed_.Receive(0x100, 8, kData, time);
+      this->bed_.Receive(0x200, 8, kData, time);
     }
     this->bed_.Page();
   }
@@ -44,15 +44,14 @@ class StaleRegion : public EachWorker<Worker> {
     EXPECT_EQ(this->bed_.Backgrounds(), Runs{});
   }
 
-  std::int16_t lit_;
-  std::int16_t plain_;
+  std::int16_t lit_ = 0;
 };
 
 TYPED_TEST_SUITE(StaleRegion, AllWorkers);
 
 TYPED_TEST(StaleRegion, OfChangedBytesIsNotPaintedBehindAnExclusion) {
   auto& bed = this->bed_;
-  bed.Receive(this->lit_, 8, kOther, 1200);
+  bed.Receive(0x100, 8, kOther, 1200);
   bed.Page();
   ASSERT_EQ(bed.Colours().size(), 2U);
   this->Exclude(0x100);
@@ -64,7 +63,7 @@ TYPED_TEST(StaleRegion, OfChangedBytesIsNotPaintedBehindAnExclusion) {
 
 TYPED_TEST(StaleRegion, OfALateCycleIsNotPaintedBehindAnExclusion) {
   auto& bed = this->bed_;
-  bed.Receive(this->lit_, 8, kData, 1500);
+  bed.Receive(0x100, 8, kData, 1500);
   bed.Page();
   ASSERT_EQ(bed.Colours().size(), 1U);
   this->Exclude(0x100);
@@ -74,7 +73,7 @@ TYPED_TEST(StaleRegion, OfALateCycleIsNotPaintedBehindAnExclusion) {
 TYPED_TEST(StaleRegion, OfAStoppedMessageIsNotPaintedBehindAnExclusion) {
   auto& bed = this->bed_;
   bed.support.now = 10'000;
-  bed.Receive(this->plain_, 8, kData, 1200);
+  bed.Receive(0x200, 8, kData, 1200);
   bed.Page();
   ASSERT_EQ(bed.Colours().size(), 1U);
   ASSERT_EQ(bed.Colours()[0].colour, bed.device.t_MsgBlackout_Color);
@@ -96,7 +95,7 @@ TYPED_TEST(StaleRegion, OfAMarkerIsNotPaintedBehindAnExclusion) {
 
 TYPED_TEST(StaleRegion, OfARowThatIsNotSettledIsNotPainted) {
   auto& bed = this->bed_;
-  bed.Receive(this->lit_, 8, kOther, 1500);
+  bed.Receive(0x100, 8, kOther, 1500);
   bed.device.t_MsgMarker_ON(0, 1);
   bed.device.t_MsgMarkerID(0, 0x100);
   bed.Page();

@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "platform/rich_text_view.h"
+#include "receive/adapters/canusb_binding.h"
 #include "receive/store_frame.h"
 #include "receive/tables/frame_columns.h"
 #include "receive/tables/frame_table_of.h"
@@ -134,13 +135,18 @@ class BedView final : public platform::RichTextView {
 
 using Bytes8 = std::array<std::uint8_t, 8>;
 
+// Flags of a frame as a CANUSB adapter gives them.
+constexpr std::uint8_t kStandard = 0;
+constexpr std::uint8_t kRemote = 64;  // makes a new key each time
+constexpr std::uint8_t kExtended = 128;
+
 /// One worker's tables and its tick, on a simulated main window, as a CANUSB run starts it.
 template <WorkerKind kKind>
 class TickBed {
  public:
   using Table = typename FrameTableOf<kKind>::Type;
   using ViewTable = typename ViewTableOf<Table>::Type;
-  using Frame = FrameColumns<Table>;
+  static constexpr bool kIs29 = std::is_same_v<Table, CAN_ReadDB29>;
 
   TickBed() {
     device.Param_ALL_Clear();
@@ -149,20 +155,17 @@ class TickBed {
     highlights->Param_ALL_Clear();
   }
 
-  /// One accepted frame of the message time `time`, in ms, as the receive loop stores it.
-  void Receive(std::int16_t row, std::uint8_t dlc, const Bytes8& data, double time) {
+  /// One accepted frame of the message time `time`, in ms, as the receive loop stores it; its row.
+  /// The flags matter to a table of 29 bits alone.
+  std::int16_t Receive(std::int32_t id, std::uint8_t dlc, const Bytes8& data, double time,
+                       std::uint8_t flags = kExtended) {
     time_.Message_Time = time;
     clock_.now = support.now;
-    const bool found = ((*frames).*Frame::Received)(row) != row_state::kNone;
-    StoreInSlot(*frames, {row, found}, ReceivedFrame{.can_DATA = data, .can_DLC = dlc}, time_, 0.0,
-                without_timer_, clock_);
-  }
-
-  /// Puts a key into the next free row at its place in the list, and gives the row.
-  std::int16_t AddKey(std::int32_t id,
-                      std::uint8_t extended) requires std::is_same_v<Table, CAN_ReadDB29> {
-    return static_cast<std::int16_t>(
-        frames->CAN29_ArrayNo(Alloc_CAN29_Slot(*frames, id, extended)));
+    const ReceivedFrame frame{
+        .can_DATA = data, .id = id, .can_DLC = dlc, .key = CanusbBinding::KeyFlagsOf(flags)};
+    const FrameSlot slot = slots_.SlotOf(*frames, frame);
+    StoreInSlot(*frames, slot, frame, time_, 0.0, without_timer_, clock_);
+    return slot.row;
   }
 
   /// One tick; the page's text.
@@ -204,6 +207,7 @@ class TickBed {
   BedSupport clock_{clock_calls_};  // the receive loop reads it, outside the tick
   ELM327_Info without_timer_ = WithoutTimer();
   TimeLine time_;
+  SlotFinder<Table> slots_;
 };
 
 }  // namespace tolvane

@@ -55,7 +55,7 @@ TEST(Tick, ExtendedScansYieldAtPositions0And400AndSoOn) {
   };
   for (const Row& row : {Row{0, 0}, Row{1, 1}, Row{400, 1}, Row{401, 2}, Row{4001, 11}}) {
     TickBed<WorkerKind::FormBG2_29> bed;
-    for (std::int32_t key = 0; key < row.keys; ++key) bed.AddKey(key, 1);
+    for (std::int32_t key = 0; key < row.keys; ++key) bed.Receive(key, 0, kData, 5);
     bed.Page();
     EXPECT_EQ(std::count(bed.calls.begin(), bed.calls.end(), "yield"), row.yields) << row.keys;
   }
@@ -63,8 +63,8 @@ TEST(Tick, ExtendedScansYieldAtPositions0And400AndSoOn) {
 
 TEST(Tick, TheEndOfAnExtendedScanIsReadAgainOnEachPass) {
   TickBed<WorkerKind::FormBG_29> bed;
-  bed.Receive(bed.AddKey(0x100, 1), 0, kData, 5);
-  bed.events.during_yield = [&] { bed.Receive(bed.AddKey(0x200, 1), 0, kData, 5); };
+  bed.Receive(0x100, 0, kData, 5);
+  bed.events.during_yield = [&] { bed.Receive(0x200, 0, kData, 5); };
   const String blanks(27, u' ');
   EXPECT_EQ(bed.Page(),
             u"E    ID    DLC  D1 D2 D3 D4 D5 D6 D7 D8\r\n"
@@ -128,13 +128,10 @@ template <WorkerKind kKind>
 std::int64_t AllocationsOfALitTick() {
   TickBed<kKind> bed;
   bed.support.keep_fades = false;
-  for (std::int16_t i = 1; i <= 2000; ++i) {
-    std::int16_t row = i;
-    if constexpr (std::is_same_v<typename TickBed<kKind>::Table, CAN_ReadDB29>) {
-      row = bed.AddKey(i * 77, 1);
-    }
-    bed.Receive(row, 8, kData, 1000);
-    bed.Receive(row, 8, kOther, 1100.25);
+  for (std::int32_t i = 1; i <= 2000; ++i) {
+    const std::int32_t id = TickBed<kKind>::kIs29 ? i * 77 : i;
+    bed.Receive(id, 8, kData, 1000);
+    bed.Receive(id, 8, kOther, 1100.25);
   }
   bed.device.t_MsgMarker_ON(0, 1);
   bed.device.t_MsgMarkerID(0, 0x4D);

@@ -23,7 +23,9 @@ class TickWrites : public EachWorker<Worker> {
   void FillEveryRow() {
     Table& frames = *this->bed_.frames;
     if constexpr (EachWorker<Worker>::kIs29) {
-      for (std::int32_t key = kKeys; key > 0; --key) this->bed_.AddKey(key * 7, key % 3 == 0);
+      for (std::int32_t key = kKeys; key > 0; --key) {
+        this->bed_.Receive(key * 7, 0, {}, 0, key % 3 == 0 ? kExtended : kStandard);
+      }
     } else {
       for (std::int32_t row = 0; row <= kLast; ++row) {
         frames.CAN11_ReadTime(static_cast<std::int16_t>(row), row);

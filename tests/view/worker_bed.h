@@ -2,7 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <cstdint>
 #include <type_traits>
 
 #include "tests/view/tick_bed.h"
@@ -16,16 +15,7 @@ class EachWorker : public testing::Test {
   using Bed = TickBed<Worker::value>;
   using Table = typename Bed::Table;
   using Frame = FrameColumns<Table>;
-  static constexpr bool kIs29 = std::is_same_v<Table, CAN_ReadDB29>;
-
-  /// The row of `id`, in an extended table that of a new key.
-  std::int16_t RowOf(std::int32_t id) {
-    if constexpr (kIs29) {
-      return bed_.AddKey(id, 1);
-    } else {
-      return static_cast<std::int16_t>(id);
-    }
-  }
+  static constexpr bool kIs29 = Bed::kIs29;
 
   Bed bed_;
 };
