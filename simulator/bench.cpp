@@ -65,13 +65,16 @@ std::unique_ptr<BusTap> Bench::Listen(std::string_view adapter, const AdapterPla
                                       const BusSettings& settings) {
   std::unique_ptr<BusSource> source = std::make_unique<BurstSource>(NewSource(), plan.burst);
   report_->Line("bus " + EscapeText(adapter) + " bit_rate=" + std::to_string(settings.bit_rate) +
-                " silent=" + (settings.silent ? "1" : "0"));
+                " driver=" + std::string(settings.driver));
   if (settings.bit_rate != config_.bus.bit_rate) {
     source = std::make_unique<GarbledSource>(std::move(source));
   }
   TapPlan tap = plan.tap;
   tap.filter = settings.filter;
-  return std::make_unique<BusTap>(*clock_, std::move(source), tap);
+  return std::make_unique<BusTap>(*clock_, std::move(source), tap,
+                                  [this, name = std::string(adapter)](std::int64_t delivered) {
+                                    report_->End(name, delivered);
+                                  });
 }
 
 std::int32_t Bench::Refuse(std::string_view call, std::string_view why, std::int32_t result) {

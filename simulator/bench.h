@@ -28,10 +28,14 @@ class CallScript {
   std::vector<std::int64_t> calls_;
 };
 
+/// Drivers of all kinds of adapters: one that acknowledges frames, and one that does not.
+inline constexpr std::string_view kNormalDriver = "normal";
+inline constexpr std::string_view kSilentDriver = "silent";
+
 /// What a program has set an adapter to.
 struct BusSettings {
-  std::int32_t bit_rate;  // bits per second
-  bool silent = false;    // acknowledges nothing
+  std::int32_t bit_rate;    // bits per second
+  std::string_view driver;  // how it drives the bus, as the report tells it
   AcceptanceFilter filter{};
 };
 

@@ -5,7 +5,8 @@
 
 namespace tolvane::simulator {
 
-BusTap::BusTap(BenchClock& clock, std::unique_ptr<BusSource> source, const TapPlan& plan)
+BusTap::BusTap(BenchClock& clock, std::unique_ptr<BusSource> source, const TapPlan& plan,
+               AtEnd at_end)
     : clock_(clock),
       source_(std::move(source)),
       plan_(plan),
@@ -13,7 +14,8 @@ BusTap::BusTap(BenchClock& clock, std::unique_ptr<BusSource> source, const TapPl
       has_pending_(source_->Next(pending_)),
       began_us_(clock.NowUs()),
       gaps_behind_frame_(static_cast<std::size_t>(plan.gaps)),
-      gaps_behind_empty_read_(static_cast<std::size_t>(plan.gaps)) {}
+      gaps_behind_empty_read_(static_cast<std::size_t>(plan.gaps)),
+      at_end_(std::move(at_end)) {}
 
 BusTap::Result BusTap::Read(BusFrame& frame) {
   const std::int64_t now_us = clock_.NowUs();
@@ -23,7 +25,10 @@ BusTap::Result BusTap::Read(BusFrame& frame) {
   if (bus_us >= plan_.pulled_at_us) return Result::kPulled;
   TakeDue(bus_us);
   last_read_delivered_ = queue_.Pop(frame);
-  if (!last_read_delivered_) return Result::kEmpty;
+  if (!last_read_delivered_) {
+    TellEnd();
+    return Result::kEmpty;
+  }
   ++counts_.delivered;
   return Result::kDelivered;
 }
@@ -50,6 +55,11 @@ void BusTap::TakeDue(std::int64_t bus_us) {
     if (Hears(pending_)) Queue(pending_);
     has_pending_ = source_->Next(pending_);
   }
+}
+
+void BusTap::TellEnd() {
+  if (has_pending_ || at_end_ == nullptr) return;
+  std::exchange(at_end_, nullptr)(counts_.delivered);
 }
 
 void BusTap::Queue(const BusFrame& frame) {

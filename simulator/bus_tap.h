@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <vector>
 
@@ -52,11 +53,16 @@ class BusTap {
  public:
   enum class Result : std::uint8_t { kDelivered, kEmpty, kPulled };
 
+  /// Told once, by the first read that finds nothing and nothing to come: how many frames the
+  /// adapter has given out.
+  using AtEnd = std::function<void(std::int64_t delivered)>;
+
   /// `clock` outlives the tap.
-  BusTap(BenchClock& clock, std::unique_ptr<BusSource> source, const TapPlan& plan);
+  BusTap(BenchClock& clock, std::unique_ptr<BusSource> source, const TapPlan& plan,
+         AtEnd at_end = nullptr);
 
   /// Moves every frame that is due into the queue, then takes the oldest one. Looks at the clock
-  /// once, never waits, allocates nothing, and gives no frame before its time.
+  /// once, never waits, allocates nothing of its own, and gives no frame before its time.
   Result Read(BusFrame& frame);
 
   TapCounts Counts() const;
@@ -64,6 +70,7 @@ class BusTap {
  private:
   void NoteRead(std::int64_t now_us);
   void TakeDue(std::int64_t bus_us);
+  void TellEnd();
   bool Hears(const BusFrame& frame) const;
   void Queue(const BusFrame& frame);
 
@@ -79,6 +86,7 @@ class BusTap {
   GapRecord gaps_behind_frame_;
   GapRecord gaps_behind_empty_read_;
   TapCounts counts_;
+  AtEnd at_end_;
 };
 
 }  // namespace tolvane::simulator

@@ -21,8 +21,7 @@ constexpr std::int32_t kHardware = -15;
 constexpr std::int32_t kNotSupported = -19;
 
 constexpr std::int32_t kInitAccess = 128;  // of the open's flags
-constexpr std::uint32_t kSilentDriver = 1;
-constexpr std::uint32_t kNormalDriver = 4;
+constexpr std::uint32_t kNormalType = 4;   // the driver type of an open
 
 constexpr std::int32_t kCardSerialNo = 7;
 constexpr std::int32_t kCardFirmwareRev = 9;
@@ -45,9 +44,20 @@ std::int32_t BitRate(std::int32_t rate) {
   return kPredefined[static_cast<std::size_t>(-1 - rate)];
 }
 
-bool IsDriver(std::uint32_t type) {
-  constexpr auto kTypes = std::to_array<std::uint32_t>({0, kSilentDriver, kNormalDriver, 8});
-  return std::ranges::find(kTypes, type) != kTypes.end();
+/// What a driver type is called; nothing for a number that is none.
+std::string_view DriverName(std::uint32_t type) {
+  switch (type) {
+    case 0:
+      return "off";
+    case 1:
+      return kSilentDriver;
+    case kNormalType:
+      return kNormalDriver;
+    case 8:
+      return "selfreception";
+    default:
+      return {};
+  }
 }
 
 std::string NameOf(const CanlibPlan& plan) { return "channel" + std::to_string(plan.channel); }
@@ -103,7 +113,7 @@ CanlibBench::CanlibBench(std::unique_ptr<Bench> bench)
                          .init_access = false,
                          .params_asked = false,
                          .bit_rate = 0,
-                         .driver_type = kNormalDriver,
+                         .driver_type = kNormalType,
                          .bus_asked = false,
                          .tap = nullptr});
   }
@@ -172,7 +182,7 @@ std::int32_t CanlibBench::Open(std::int32_t number, std::int32_t flags) {
   channel->init_access = (flags & kInitAccess) != 0;
   channel->params_asked = channel->bus_asked = false;
   channel->bit_rate = 0;
-  channel->driver_type = kNormalDriver;
+  channel->driver_type = kNormalType;
   std::int32_t handle = 0;
   while (FindOpen(handle) != nullptr) ++handle;
   channel->handle = handle;
@@ -240,7 +250,8 @@ std::int32_t CanlibBench::canSetBusOutputControl(std::int32_t handle, std::uint3
   constexpr std::string_view kCall = "canSetBusOutputControl";
   const std::int32_t status = OnChannel(kCall, handle, [&](Channel& channel) {
     if (const auto refused = RefuseSetUp(kCall, channel)) return *refused;
-    if (!IsDriver(driver_type)) return bench_->Refuse(kCall, "no such driver type", kParam);
+    if (DriverName(driver_type).empty())
+      return bench_->Refuse(kCall, "no such driver type", kParam);
     channel.driver_type = driver_type;
     return kOk;
   });
@@ -263,9 +274,9 @@ std::int32_t CanlibBench::GoOnBus(Channel& channel) {
   if (channel.bit_rate == 0 && channel.params_asked) return kHardware;
   if (channel.bit_rate == 0) return bench_->Refuse(kCall, "no bus parameters", kHardware);
   bench_->JudgeRate(NameOf(*channel.plan), channel.bit_rate);
-  channel.tap = bench_->Listen(
-      NameOf(*channel.plan), channel.plan->adapter,
-      {.bit_rate = channel.bit_rate, .silent = channel.driver_type != kNormalDriver});
+  channel.tap =
+      bench_->Listen(NameOf(*channel.plan), channel.plan->adapter,
+                     {.bit_rate = channel.bit_rate, .driver = DriverName(channel.driver_type)});
   return kOk;
 }
 

@@ -138,8 +138,9 @@ std::int32_t CanusbBench::Open(const std::string& serial, const std::string& rat
     return bench_->Refuse(kCall, "flags without meaning", kInvalidParam);
   adapter->stamps = (flags & kStampFlag) != 0;
   if (!adapter->stamps) bench_->Record().Fault("canusb_Open: frames without stamps");
-  adapter->tap = bench_->Listen(adapter->plan->serial, adapter->plan->adapter,
-                                {.bit_rate = adapter->bit_rate, .filter = filter});
+  adapter->tap =
+      bench_->Listen(adapter->plan->serial, adapter->plan->adapter,
+                     {.bit_rate = adapter->bit_rate, .driver = kNormalDriver, .filter = filter});
   adapter->handle = ++last_handle_;
   return adapter->handle;
 }

@@ -168,8 +168,9 @@ std::int32_t IfcanBench::Activate(Port& port) {
   if (bit_rate == 0) return bench_->Refuse(kCall, "no such rate", kInvalidParameter);
   const bool silent = (port.config.mode & kListenOnly) != 0;
   bench_->JudgeRate(NameOf(*port.plan), bit_rate);
-  port.tap = bench_->Listen(NameOf(*port.plan), port.plan->adapter,
-                            {.bit_rate = bit_rate, .silent = silent});
+  port.tap =
+      bench_->Listen(NameOf(*port.plan), port.plan->adapter,
+                     {.bit_rate = bit_rate, .driver = silent ? kSilentDriver : kNormalDriver});
   return kSuccess;
 }
 

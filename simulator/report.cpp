@@ -48,6 +48,10 @@ Report::~Report() { Line("unload"); }
 
 void Report::Line(std::string_view line) {
   last_fault_.clear();
+  Write(line);
+}
+
+void Report::Write(std::string_view line) {
   if (out_ == nullptr) return;
   *out_ << library_ << ' ' << line << '\n';
   out_->flush();
@@ -57,6 +61,10 @@ void Report::Fault(std::string_view what) {
   if (last_fault_ == what) return;
   Line("fault: " + std::string(what));
   last_fault_ = what;
+}
+
+void Report::End(std::string_view adapter, std::int64_t delivered) {
+  Write("end " + EscapeText(adapter) + " delivered=" + std::to_string(delivered));
 }
 
 void Report::Run(std::string_view adapter, const TapCounts& counts) {

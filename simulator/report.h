@@ -43,12 +43,17 @@ class Report {
   /// again, as of a read, is told once.
   void Fault(std::string_view what);
 
+  /// "end TV100001 delivered=N" once an adapter has given out all that its bus brings. A fault that
+  /// goes on behind it is not told again.
+  void End(std::string_view adapter, std::int64_t delivered);
+
   /// The summary of one stretch on the bus:
   /// "run TV100001 reads=N delivered=N dropped=N longest_gap_ms=N.NNN queue_high_water=N", and
   /// behind it a line "gap TV100001 behind=frame ms=N.NNN delivered=N" for each gap that is kept.
   void Run(std::string_view adapter, const TapCounts& counts);
 
  private:
+  void Write(std::string_view line);
   void Gaps(std::string_view adapter, std::string_view behind, const std::vector<ReadGap>& gaps);
 
   std::unique_ptr<std::ostream> out_;

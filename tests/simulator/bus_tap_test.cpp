@@ -74,6 +74,23 @@ TEST(BusTap, FramesThatFindTheQueueFullAreLostAndCounted) {
   EXPECT_EQ(counts.reads, 6);
 }
 
+TEST(BusTap, TellsOnceThatAllHasBeenGivenOut) {
+  HandClock clock;
+  std::vector<std::int64_t> told;
+  BusTap tap(clock, At({1, 2, 9}), {.queue = 1},
+             [&](std::int64_t delivered) { told.push_back(delivered); });
+  BusFrame frame;
+  tap.Read(frame);
+  clock.now_us += 2;
+  EXPECT_EQ(ReadAll(tap), Ids{1});
+  EXPECT_EQ(told, (std::vector<std::int64_t>{})) << "a frame is still to come";
+  clock.now_us += 7;
+  EXPECT_EQ(tap.Read(frame), BusTap::Result::kDelivered);
+  EXPECT_EQ(told, (std::vector<std::int64_t>{})) << "not before a read finds nothing";
+  for (int read = 0; read < 3; ++read) tap.Read(frame);
+  EXPECT_EQ(told, (std::vector<std::int64_t>{2}));
+}
+
 TEST(BusTap, TheLongestGapIsBetweenTwoReads) {
   HandClock clock;
   BusTap tap(clock, At({}), {});

@@ -176,7 +176,7 @@ TEST_F(CanlibBenchTest, TheReportTellsCallsInOrder) {
             "canlib32 canGetChannelData(0, 13, 64) = 0\n"
             "canlib32 canSetBusParams(0, -2, 5, 2, 1, 1, 0) = 0\n"
             "canlib32 canSetBusOutputControl(0, 1) = 0\n"
-            "canlib32 bus channel0 bit_rate=500000 silent=1\n"
+            "canlib32 bus channel0 bit_rate=500000 driver=silent\n"
             "canlib32 canBusOn(0) = 0\n"
             "canlib32 canBusOff(0) = 0\n"
             "canlib32 run channel0 reads=1 delivered=0 dropped=0 longest_gap_ms=0.000 "

@@ -126,16 +126,31 @@ TEST_F(CanlibRefuses, DataAtAnotherRateThanTheBus) {
   }
 }
 
-TEST_F(CanlibRefuses, TheDriverTypeIsKeptUntilTheClose) {
+TEST_F(CanlibRefuses, TheDriverTypeIsToldAndKeptUntilTheClose) {
+  struct Type {
+    std::uint32_t number;
+    const char* name;
+  };
+  constexpr Type kTypes[] = {{0, "off"}, {1, "silent"}, {4, "normal"}, {8, "selfreception"}};
   Plug("[kvaser 0]\n");
-  const std::int32_t handle = Open(0);
-  EXPECT_EQ(library_->canSetBusOutputControl(handle, 1), 0);
-  GoOnBus(handle);
-  EXPECT_NE(bench_.ReportText().find("bus channel0 bit_rate=500000 silent=1"), std::string::npos);
-  library_->canBusOff(handle);
-  library_->canClose(handle);
-  GoOnBus(Open(0));
-  EXPECT_NE(bench_.ReportText().find("bus channel0 bit_rate=500000 silent=0"), std::string::npos);
+  const auto go_on_bus = [&](std::int32_t handle, const char* driver) {
+    const std::size_t before = bench_.ReportText().size();
+    GoOnBus(handle);
+    library_->canBusOff(handle);
+    EXPECT_NE(bench_.ReportText().find(
+                  std::string("bus channel0 bit_rate=500000 driver=") + driver + "\n", before),
+              std::string::npos)
+        << driver;
+  };
+  for (const Type& type : kTypes) {
+    const std::int32_t handle = Open(0);
+    EXPECT_EQ(library_->canSetBusOutputControl(handle, type.number), 0);
+    for (int run = 0; run < 2; ++run) go_on_bus(handle, type.name);
+    library_->canClose(handle);
+    const std::int32_t again = Open(0);
+    go_on_bus(again, "normal");
+    library_->canClose(again);
+  }
 }
 
 TEST_F(CanlibRefuses, AReadOffTheBusAndTellsItOnce) {

@@ -175,13 +175,35 @@ TEST_F(CanusbBenchTest, TheReportTellsCallsInOrderAndTheCountsOfARun) {
             "canusbdrv bench file line 10: nonsense: no such key in this section\n"
             "canusbdrv canusb_getFirstAdapter() = 1 \"T\\xE9\"\n"
             "canusbdrv recording frames=3 refused_lines=1 first_refused_line=4\n"
-            "canusbdrv bus T\\xE9 bit_rate=250000 silent=0\n"
+            "canusbdrv bus T\\xE9 bit_rate=250000 driver=normal\n"
             "canusbdrv canusb_Open(\"T\\xE9\", \"250\", 0, -1, 1) = 1\n"
             "canusbdrv canusb_VersionInfo(1) = 1 \"V1\"\n"
             "canusbdrv canusb_Close(1) = 1\n"
             "canusbdrv run T\\xE9 reads=2 delivered=2 dropped=1 longest_gap_ms=1.234 "
             "queue_high_water=2\n"
             "canusbdrv unload\n");
+}
+
+TEST_F(CanusbBenchTest, TheReportTellsThatTheTrafficIsOver) {
+  Plug("[bus]\nsource=log\nlog=bus.log\n[canusb 1]\nserial=T\\xE9\n", "(1.0) c 001#\n");
+  for (int run = 0; run < 2; ++run) {
+    const std::int32_t handle = Open("T\xE9");
+    CanusbMessage message{};
+    for (int read = 0; read < 3; ++read) library_->canusb_Read(handle, message);
+    const std::size_t told = bench_.ReportText().rfind("canusbdrv end T\\xE9 delivered=1\n");
+    EXPECT_GT(told + 1, bench_.ReportText().rfind("canusb_Open")) << "of each run";
+    library_->Close(handle);
+  }
+}
+
+TEST_F(CanusbBenchTest, AFaultOfEachReadIsToldOnceThoughTheTrafficEnds) {
+  Plug("[bus]\nsource=log\nlog=bus.log\nbit_rate=250000\n[canusb 1]\nserial=TV1\n",
+       "(1.0) c 001#\n");
+  const std::int32_t handle = Open("TV1");
+  CanusbMessage message{};
+  for (int read = 0; read < 3; ++read) library_->canusb_Read(handle, message);
+  EXPECT_NE(bench_.ReportText().find("end TV1 delivered=0\n"), std::string::npos);
+  EXPECT_EQ(bench_.Faults(), Faults{"TV1 at 500000 bit/s on a bus of 250000"});
 }
 
 TEST_F(CanusbBenchTest, AnAdapterLeftOpenIsReportedAtTheEnd) {

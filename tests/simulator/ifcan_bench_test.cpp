@@ -165,7 +165,7 @@ TEST_F(IfcanBenchTest, TheReportTellsCallsInOrder) {
             "IFCan CanGetConfig(0) = 0\n"
             "IFCan CanSetConfig(0, 1, 2, 3, 4, 5, 6, 39) = 0\n"
             "IFCan recording frames=1 refused_lines=0\n"
-            "IFCan bus IFCAN1 bit_rate=1000000 silent=1\n"
+            "IFCan bus IFCAN1 bit_rate=1000000 driver=silent\n"
             "IFCan CanActivate(0) = 0\n"
             "IFCan CanDeactivate(0) = 0\n"
             "IFCan run IFCAN1 reads=1 delivered=1 dropped=0 longest_gap_ms=0.000 "

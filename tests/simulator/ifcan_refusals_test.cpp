@@ -73,8 +73,8 @@ TEST_F(IfcanRefuses, NoneOfTheModesThatThereAre) {
     IfcanConfig config = kOfBoard;
     config.mode = mode;
     EXPECT_EQ(ActivateWith(handle, config), 0) << mode;
-    const std::string told =
-        "bus IFCAN1 bit_rate=500000 silent=" + std::to_string(mode & 1) + "\nIFCan CanActivate";
+    const std::string told = std::string("bus IFCAN1 bit_rate=500000 driver=") +
+                             ((mode & 1) != 0 ? "silent" : "normal") + "\nIFCan CanActivate";
     EXPECT_NE(bench_.ReportText().find(told), std::string::npos) << mode;
     EXPECT_EQ(library_->CanDeactivate(handle), 0) << mode;
   }
