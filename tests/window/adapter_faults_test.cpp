@@ -60,8 +60,8 @@ TEST_F(AdapterFaults, PulledInTheRunLeaveThePageAndAWholeLogAndDisconnect) {
   RunEach(
       [&] {
         EXPECT_TRUE(WaitForShown(L"123  2   04 00"));
-        // What would come was due at 0.5 s; no more waiting can show that it does not.
-        Sleep(500);
+        // What stands still for two and a half cycles turns grey. The next frame was due after one.
+        EXPECT_TRUE(Shows(main_, RTB_MainView, RGB(150, 150, 150), 100));
         EXPECT_TRUE(WaitForShown(L"123  2   04 00"));
         EXPECT_TRUE(main_.Text(TB_Status).starts_with(L"通信中"));
       },
@@ -152,15 +152,17 @@ TEST_F(AdapterFaults, JunkInTheIdWordIsMaskedForInterfaceAlone) {
     main_.SelectLine(Cmb_Serect_Device, kind);
     ASSERT_TRUE(main_.Click(Bt_ViewClear));
     ASSERT_NO_FATAL_FAILURE(Connect(main_));
+    EXPECT_EQ(AwaitWholeTraffic(kAdapterNames[kind]), 10);
+    // A frame that was taken has been on the page since the first of them.
+    EXPECT_TRUE(WaitForLines(main_, 1));
     if (kind == kInterface) {
       EXPECT_TRUE(WaitForShown(L"  00000123  2   09 00"));
-    } else {
-      EXPECT_TRUE(WaitForLines(main_, 1));
-      Sleep(500);  // nothing is to come
     }
     const std::wstring page = main_.Text(RTB_MainView);
     EXPECT_EQ(page.find(L"123  2") != std::wstring::npos, kind == kInterface) << Utf8(page);
     ASSERT_NO_FATAL_FAILURE(Disconnect(main_));
+    const std::string log = FileBytes(Logs().back());
+    EXPECT_EQ(log.ends_with("D8\r\n"), kind != kInterface) << log;
   }
   End();
 }

@@ -161,16 +161,16 @@ TEST_F(SpreadsheetLog, NeitherClicksNorTicksComeThroughInAFlush) {
   const std::size_t grey = grey_pixels();
   PostMessageW(main_.Control(Bt_Disconnect), BM_CLICK, 0, 0);
   int looks = 0;
-  while (true) {
+  EXPECT_TRUE(WaitUntil([&] {
     const bool enabled = main_.Enabled(Bt_Disconnect);
     const std::size_t shown = grey_pixels();
     // The yield ahead of the saving comes behind the filter.
-    if (office_->Lines().size() >= kCallsAtConnect + kCallsPerFlush - 6) break;
+    if (office_->Lines().size() >= kCallsAtConnect + kCallsPerFlush - 6) return true;
     EXPECT_TRUE(enabled);
     EXPECT_EQ(shown, grey);
     ++looks;
-    Sleep(50);
-  }
+    return false;
+  }));
   EXPECT_GT(looks, 10);
   ASSERT_TRUE(WaitUntil([&] { return main_.Enabled(Bt_Connect); }));
   // The yield let the waiting tick and the click through: what stood still is grey, the run is

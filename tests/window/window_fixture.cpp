@@ -47,6 +47,7 @@ RealProgram::RealProgram()
     : folder_(OwnFolder() / L"..\\..\\program", OwnFolder() / L"program-under-test") {}
 
 void RealProgram::PlugIn(std::string_view ini, const std::vector<const wchar_t*>& libraries) {
+  ExpectFaults();
   bench_.emplace(folder_.Path(), ini, libraries);
   faults_seen_ = 0;
 }
@@ -62,6 +63,7 @@ std::optional<ShownMessage> RealProgram::StartToMessage() {
 }
 
 void RealProgram::Connect(const DrivenWindow& window) {
+  connected_at_ = bench_ ? bench_->Report().size() : 0;
   ASSERT_TRUE(window.Click(Bt_Connect));
   ASSERT_TRUE(WaitUntil([&] { return window.Text(TB_Status).starts_with(L"通信中"); }))
       << Utf8(window.Text(TB_Status));
@@ -80,6 +82,19 @@ void RealProgram::ExpectFaults() {
             expected_faults_);
   faults_seen_ = faults.size();
   expected_faults_.clear();
+}
+
+std::int64_t RealProgram::AwaitWholeTraffic(std::string_view adapter) const {
+  const std::string mark = " end " + std::string(adapter) + " delivered=";
+  std::string told;
+  const bool over = WaitUntil([&] {
+    const std::string report = bench_->Report();
+    const std::size_t at = report.find(mark, connected_at_);
+    if (at == std::string::npos || report.find('\n', at) == std::string::npos) return false;
+    told = report.substr(at + mark.size());
+    return true;
+  });
+  return over ? std::stoll(told) : -1;
 }
 
 bool RealProgram::WaitForLines(const DrivenWindow& window, std::size_t lines) {

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cstdint>
 #include <filesystem>
 #include <optional>
 #include <ostream>
@@ -44,6 +45,7 @@ class RealProgram : public testing::Test {
  protected:
   RealProgram();
 
+  /// In place of what was plugged in before, whose faults are judged now.
   void PlugIn(std::string_view ini, const std::vector<const wchar_t*>& libraries);
   /// Starts the program; its main window, or one that does not exist.
   DrivenWindow StartProgram();
@@ -56,6 +58,9 @@ class RealProgram : public testing::Test {
   /// `expected_faults_`, which is empty from then on. Each disconnect looks, and the test's end.
   void ExpectFaults();
   void TearDown() override { ExpectFaults(); }
+  /// Waits until the adapter that the report calls so has given out all the traffic of this run;
+  /// how many frames that was, -1 when more is to come.
+  [[nodiscard]] std::int64_t AwaitWholeTraffic(std::string_view adapter) const;
   /// Waits until the page has at least so many lines.
   static bool WaitForLines(const DrivenWindow& window, std::size_t lines);
 
@@ -70,6 +75,7 @@ class RealProgram : public testing::Test {
 
  private:
   std::size_t faults_seen_ = 0;
+  std::size_t connected_at_ = 0;  // of the report
 };
 
 }  // namespace tolvane::window
