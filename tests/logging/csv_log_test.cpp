@@ -166,6 +166,15 @@ TEST_F(CsvLog, WhatCodePage932CannotHoldBecomesQuestionMarks) {
   EXPECT_NE(LogBytes(u"001").find("\r\n\r\n???\x95\x5c\r\n\r\n"), std::string::npos);
 }
 
+TEST_F(CsvLog, AnExclusionInForceLeavesNoTrace) {
+  device.t_Save_ID_DisableMode = 1;
+  device.t_DisableID_ON(0, 1);
+  device.t_DisableID_End(0, 0x7FF);
+  StartRun();
+  Flush(1);
+  EXPECT_TRUE(SameBytes(LogBytes(u"001"), kHead + kColumns11));
+}
+
 TEST_F(CsvLog, OnlyTheSettingOf29BitModeGivesItsColumnLine) {
   device.t_msgID_type = 1;
   StartRun();

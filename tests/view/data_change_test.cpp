@@ -47,6 +47,20 @@ TEST(DataChange, FullColourStandsUntilTheNextFrameThenFallsByTheInterval) {
   }
 }
 
+TEST(DataChange, OnlyTheLastTwoFramesAreCompared) {
+  Bed bed;
+  Settle(bed, 0x100);
+  Next(bed, 0x100, kOther, 100);
+  Next(bed, 0x100, kData, 100);
+  Next(bed, 0x100, kData, 100);
+  bed.Page();
+  EXPECT_EQ(bed.Colours(), Runs{}) << "there and back between two ticks";
+  Next(bed, 0x100, kOther, 100);
+  Next(bed, 0x100, kData, 100);
+  bed.Page();
+  EXPECT_EQ(bed.Colours().size(), 2U) << "back in the last frame is a change";
+}
+
 TEST(DataChange, TheStepIsTheIntervalOfTheTimer) {
   Bed bed;
   bed.timer.interval = 70;

@@ -68,6 +68,15 @@ TEST_F(RunControl, AfterTheRunThePageCanBeEditedAndKept) {
   EXPECT_EQ(next.memory.RTB_MainView.Text(), kept);
 }
 
+TEST_F(RunControl, SettingsAndPageAreWrittenAtTheEndOfTheProgramAlone) {
+  form_.device.t_bitRate = 7;
+  memory_.canusbdrv.frames.Play({Frame(0x123, 1, 1)});
+  Connect({[this] { memory_.FormBG.Tick(); }});
+  for (const StringView file : {u"config.dat", u"lglist.dat"}) EXPECT_FALSE(bench_.Wrote(file));
+  form_.menu_file_close_Click();
+  for (const StringView file : {u"config.dat", u"lglist.dat"}) EXPECT_TRUE(bench_.Wrote(file));
+}
+
 TEST_F(RunControl, APulledAdapterKeepsTheRunUntilTheUserDisconnects) {
   memory_.canusbdrv.frames.Play({Frame(0x123, 1, 1)});
   memory_.canusbdrv.empty_read_result = -4;
