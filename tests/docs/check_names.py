@@ -37,7 +37,7 @@ def defines(text: str, name: str, is_header: bool) -> bool:
     """Definitions begin at the start of a line, members of a header's class two blanks behind it. What stands
     deeper, and what is only told in a comment, uses the name."""
     indent = "(?:  )?" if is_header else ""
-    line = re.compile(rf"^{indent}(?![ /#]).*\b{name}\b", re.MULTILINE)
+    line = re.compile(rf"^{indent}(?![ /]|#(?!define)).*\b{name}\b", re.MULTILINE)
     code = re.sub(r"//.*", "", text)
     return line.search(code) is not None
 
