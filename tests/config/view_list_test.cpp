@@ -2,6 +2,7 @@
 
 #include "platform/memory/rich_text/rich_text_view.h"
 #include "tests/config/config_test.h"
+#include "tests/helpers/rtf_of.h"
 
 namespace tolvane {
 namespace {
@@ -49,12 +50,12 @@ TEST_F(ViewList, MissingFileOrFolderLeavesTheViewAsItIs) {
 
 TEST_F(ViewList, WithoutAnExecutableFolderNothingHappens) {
   const ELM327_Info homeless{u""};
-  files.AddFile(u"\\lglist.dat", "{\\rtf1 x}");
+  files.AddFile(u"\\lglist.dat", RtfOf(u"x"));
   RTB_MainView.Text(u"as built");
   FileSaveSystem::SaveViewList(homeless, files, RTB_MainView);
   FileSaveSystem::LoadViewList(homeless, files, RTB_MainView);
   EXPECT_EQ(RTB_MainView.Text(), u"as built");
-  EXPECT_EQ(files.Bytes(u"\\lglist.dat"), "{\\rtf1 x}");
+  EXPECT_EQ(files.Bytes(u"\\lglist.dat"), RtfOf(u"x"));
 }
 
 TEST_F(ViewList, FailuresKeepTheOldFileAndTheView) {

@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "tests/helpers/rtf_of.h"
 #include "tests/run/control/form1_bench.h"
 
 namespace tolvane {
@@ -18,7 +19,7 @@ TEST(Start, RunsItsStepsInOrder) {
   bench.memory.canlib32.channels = {0};
   bench.memory.canusbdrv.serials = {"LAW00001", "LAW00002"};
   bench.memory.canusbdrv.version = "V1011";
-  bench.memory.files.AddFile(bench.Path(kFolder, u"lglist.dat"), "{\\rtf1 kept}");
+  bench.memory.files.AddFile(bench.Path(kFolder, u"lglist.dat"), RtfOf(u"kept"));
   bench.memory.automation.Register(u"Excel.Application", 16);
   bench.memory.IFCan.ports = {{.number = 1}};
   bench.memory.events.OnYield([&bench] { bench.memory.journal.Note("yield"); });
@@ -106,7 +107,7 @@ TEST(Start, RunsItsStepsInOrder) {
 
 TEST(Start, LeavesTheProgramWaiting) {
   Form1Bench bench;
-  bench.memory.files.AddFile(bench.Path(kFolder, u"lglist.dat"), "{\\rtf1 kept}");
+  bench.memory.files.AddFile(bench.Path(kFolder, u"lglist.dat"), RtfOf(u"kept"));
   bench.form.RxFlag = bench.form.DebugMode = 1;
   bench.memory.canusbdrv.serials = {"LAW00001"};
   bench.form.Form_Load();

@@ -7,11 +7,10 @@
 
 namespace tolvane::platform::memory {
 
-/// Reads a Rich Text Format document: text, text colours (\cf) and backgrounds (\highlight, \cb).
-/// Empty when `rtf` does not begin as one. Any other input gives what can be made out of it: other
-/// formats and destinations are passed over, a document that breaks off ends there, line ends come
-/// out as CR LF, the line end of the last paragraph is dropped. A byte above 7F, \'xx, stands for
-/// the character of its own number.
+/// The page of a document that WritePageRtf wrote, whether RtfInBlack went over it or not. Empty
+/// for every other document, also one that a rich edit control would read: so whatever reads a page
+/// back here also judges how it was written. Line ends come out as CR LF, in the colours of the
+/// first of their characters.
 [[nodiscard]] std::optional<RichTextPage> ReadRtf(StringView rtf);
 
 }  // namespace tolvane::platform::memory

@@ -8,6 +8,7 @@
 
 #include "platform/memory/system/code_page_932.h"
 #include "platform/memory/system/file_system.h"
+#include "tests/helpers/rtf_of.h"
 
 namespace tolvane::platform::memory {
 namespace {
@@ -104,9 +105,10 @@ TEST_F(RichTextViewInMemory, SelRTFIsTheSelectionAlone) {
 TEST_F(RichTextViewInMemory, RichTextThatCannotBeReadLeavesTheContent) {
   view.Text(u"stays");
   EXPECT_FALSE(view.TextRTF(u"just text"));
-  files.AddFile(u"C:\\a.rtf", "{\\rtf1 new}");
+  const std::string rtf = RtfOf(u"new");
+  files.AddFile(u"C:\\a.rtf", rtf);
   view.RefuseRichText(true);
-  EXPECT_FALSE(view.TextRTF(u"{\\rtf1 new}"));
+  EXPECT_FALSE(view.TextRTF(String(rtf.begin(), rtf.end())));
   EXPECT_FALSE(view.LoadFile(u"C:\\a.rtf"));
   EXPECT_EQ(view.Text(), u"stays");
   view.RefuseRichText(false);
