@@ -1,69 +1,46 @@
 #include "simulator/office/area.h"
 
-#include <algorithm>
-
 namespace tolvane::office {
 namespace {
 
-/// Takes the letters at the start of `text`; 0 when there are none or the column is too high.
-int TakeColumn(StringView& text) {
+/// Takes a cell, or with `whole_columns` a column, from the start of `text`.
+std::optional<Area> TakePart(StringView& text, bool whole_columns) {
   int column = 0;
-  while (!text.empty()) {
-    const char16_t upper = text[0] >= u'a' && text[0] <= u'z' ? text[0] - u'a' + u'A' : text[0];
-    if (upper < u'A' || upper > u'Z') break;
-    column = column * 26 + (upper - u'A' + 1);
-    if (column > kLastColumn) return 0;
-    text.remove_prefix(1);
+  for (; !text.empty() && text[0] >= u'A' && text[0] <= u'Z'; text.remove_prefix(1)) {
+    column = column * 26 + (text[0] - u'A' + 1);
+    if (column > kLastColumn) return {};
   }
-  return column;
-}
-
-/// Takes the digits at the start of `text`; 0 when there are none or the row is too high.
-int TakeRow(StringView& text) {
   int row = 0;
-  while (!text.empty() && text[0] >= u'0' && text[0] <= u'9') {
+  for (; !whole_columns && !text.empty() && text[0] >= u'0' && text[0] <= u'9';
+       text.remove_prefix(1)) {
     row = row * 10 + (text[0] - u'0');
-    if (row > kLastRow) return 0;
-    text.remove_prefix(1);
+    if (row > kLastRow) return {};
   }
-  return row;
-}
-
-std::optional<Area> TakeCell(StringView& text) {
-  const int column = TakeColumn(text);
-  const int row = TakeRow(text);
-  if (column == 0 || row == 0) return std::nullopt;
-  return Area{row, column, row, column};
-}
-
-std::optional<Area> TakeColumnArea(StringView& text) {
-  const int column = TakeColumn(text);
-  if (column == 0) return std::nullopt;
-  return Area{1, column, kLastRow, column};
+  if (column == 0 || (row == 0 && !whole_columns)) return {};
+  return whole_columns ? Area{1, column, kLastRow, column} : Area{row, column, row, column};
 }
 
 /// One part, or two with a colon between.
-template <typename TakePart>
-std::optional<Area> ParseParts(StringView text, TakePart take_part) {
-  const std::optional<Area> first = take_part(text);
+std::optional<Area> Parse(StringView text, bool whole_columns) {
+  const std::optional<Area> first = TakePart(text, whole_columns);
   if (!first || text.empty()) return first;
-  if (text[0] != u':') return std::nullopt;
+  if (text[0] != u':') return {};
   text.remove_prefix(1);
-  const std::optional<Area> second = take_part(text);
-  if (!second || !text.empty()) return std::nullopt;
-  return Around(*first, *second);
+  const std::optional<Area> last = TakePart(text, whole_columns);
+  if (!last || !text.empty()) return {};
+  return Spanning(*first, *last);
 }
 
 }  // namespace
 
-Area Around(const Area& one, const Area& other) {
-  return {std::min(one.first_row, other.first_row), std::min(one.first_column, other.first_column),
-          std::max(one.last_row, other.last_row), std::max(one.last_column, other.last_column)};
+std::optional<Area> Spanning(const Area& first, const Area& last) {
+  if (last.first_row < first.first_row || last.first_column < first.first_column) return {};
+  return Area{first.first_row, first.first_column, last.last_row, last.last_column};
 }
 
-std::optional<Area> ParseArea(StringView text) { return ParseParts(text, TakeCell); }
+std::optional<Area> ParseArea(StringView text) { return Parse(text, false); }
 
-std::optional<Area> ParseColumns(StringView text) { return ParseParts(text, TakeColumnArea); }
+std::optional<Area> ParseColumns(StringView text) { return Parse(text, true); }
 
 std::string ColumnName(int column) {
   std::string name;

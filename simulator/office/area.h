@@ -25,8 +25,8 @@ struct Area {
 
 inline constexpr Area kWholeSheet{1, 1, kLastRow, kLastColumn};
 
-/// The smallest area that holds both.
-Area Around(const Area& one, const Area& other);
+/// From the one to the other; empty when the last one begins above or to the left of the first.
+std::optional<Area> Spanning(const Area& first, const Area& last);
 
 /// "H1:K2" or "A1"; empty for anything else.
 std::optional<Area> ParseArea(StringView text);

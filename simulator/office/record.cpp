@@ -1,9 +1,7 @@
 #include "simulator/office/record.h"
 
-#include <charconv>
 #include <cstddef>
 
-#include "simulator/office/crc32.h"
 #include "simulator/office/utf8.h"
 
 namespace tolvane::office {
@@ -29,33 +27,20 @@ std::string HexText(std::uint32_t number) {
   return out;
 }
 
+/// The size, and the texts of a small one.
 std::string TableText(const Table& table) {
   constexpr std::size_t kMostShown = 64;
-  std::string out = (table.as_typed ? "typed(" : "table(") + std::to_string(table.rows) + "x" +
-                    std::to_string(table.columns) + ")";
-  if (table.texts.size() <= kMostShown) {
-    for (const String& text : table.texts) out += " " + Quoted(text);
-    return out;
-  }
-  std::uint32_t crc = 0;
-  std::string bytes;
-  for (const String& text : table.texts) {
-    bytes.clear();
-    AppendUtf8(bytes, text);
-    bytes.push_back('\0');
-    crc = Crc32(bytes, crc);
-  }
-  return out + " crc=" + HexText(crc);
+  std::string out =
+      "table(" + std::to_string(table.rows) + "x" + std::to_string(table.columns) + ")";
+  if (table.texts.size() > kMostShown) return out;
+  for (const String& text : table.texts) out += " " + Quoted(text);
+  return out;
 }
 
 struct ValueTexts {
   std::string operator()(std::monostate) const { return "Empty"; }
   std::string operator()(bool value) const { return value ? "True" : "False"; }
   std::string operator()(std::int32_t value) const { return std::to_string(value); }
-  std::string operator()(double value) const {
-    char digits[32];
-    return {digits, std::to_chars(digits, digits + sizeof digits, value).ptr};
-  }
   std::string operator()(const String& value) const { return Quoted(value); }
   std::string operator()(const Table& value) const { return TableText(value); }
   std::string operator()(const Object& value) const { return value.text; }

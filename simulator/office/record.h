@@ -16,16 +16,14 @@ namespace tolvane::office {
 ///         | "name" member | "busy" | "locale" number | "script" text | "end"
 ///   member = object "." member-name [ "(" value { ", " value } ")" ]
 ///   value  = "True" | "False" | number | text in quotes, a quote doubled | object | list
-///   list   = ( "table(" | "typed(" ) rows "x" columns ")" and its texts up to 64, else
-///            "crc=" 8 hex digits; typed is a list whose texts each came in a VARIANT
+///   list   = "table(" rows "x" columns ")" and its texts, if they are no more than 64
 ///
 /// "busy" stands for a call that the script had turned away, "locale" for one in another language
 /// than English. A line of something that failed ends with " ! " and the HRESULT in 8 hex digits.
-/// The checksum is CRC-32 over the texts in UTF-8, row by row, a zero byte behind each.
 class Record {
  public:
-  Record() = default;  // keeps nothing
-  explicit Record(const std::filesystem::path& path);
+  /// Keeps nothing without a path.
+  explicit Record(const std::filesystem::path& path = {});
 
   void Line(std::string_view line);
 

@@ -1,56 +1,44 @@
 #include "simulator/office/script.h"
 
+#include <algorithm>
 #include <charconv>
-#include <optional>
-#include <utility>
+#include <iterator>
 
 #include "simulator/ini_file.h"
 
 namespace tolvane::office {
 namespace {
 
-template <typename Number>
-std::optional<Number> ParseNumber(std::string_view text, Number highest, int base) {
-  Number number = 0;
-  const char* const end = text.data() + text.size();
-  const auto [stop, error] = std::from_chars(text.data(), end, number, base);
-  if (error != std::errc() || stop != end || number < 0 || number > highest) return std::nullopt;
-  return number;
-}
+struct Number {
+  std::string_view key;
+  std::int32_t Script::*field;
+  std::int32_t highest;
+};
 
-template <typename Field, typename Number>
-bool Assign(Field& field, std::optional<Number> number) {
-  if (number) field = static_cast<Field>(*number);
-  return number.has_value();
-}
+constexpr Number kNumbers[] = {
+    {"delay_ms", &Script::delay_ms, 60'000},        {"fail_at", &Script::fail_at, 1'000'000},
+    {"fail_creation", &Script::fail_creation, 1},   {"busy_at", &Script::busy_at, 1'000'000},
+    {"busy_calls", &Script::busy_calls, 1'000'000}, {"busy_ms", &Script::busy_ms, 60'000}};
 
-std::optional<BusyAs> ParseBusyAs(std::string_view text) {
-  constexpr std::pair<std::string_view, BusyAs> kWays[] = {{"rejected", BusyAs::kRejected},
-                                                           {"later", BusyAs::kLater},
-                                                           {"suspended", BusyAs::kSuspended},
-                                                           {"exception", BusyAs::kException}};
-  for (const auto& [name, way] : kWays) {
-    if (name == text) return way;
-  }
-  return std::nullopt;
-}
+constexpr std::string_view kWays[] = {"rejected", "later", "suspended", "exception"};
 
 bool Apply(Script& script, std::string_view key, std::string_view value) {
-  if (key == "record") {
-    script.record = value;
+  if (key == "busy_as") {
+    const auto* const way = std::ranges::find(kWays, value);
+    if (way == std::end(kWays)) return false;
+    script.busy_as = static_cast<BusyAs>(way - std::begin(kWays));
     return true;
   }
-  if (key == "delay_ms") return Assign(script.delay_ms, ParseNumber<int>(value, 60'000, 10));
-  if (key == "fail_at") return Assign(script.fail_at, ParseNumber<int>(value, 1'000'000'000, 10));
-  if (key == "fail_with") {
-    return Assign(script.fail_with, ParseNumber<std::uint32_t>(value, 0xFFFFFFFF, 16));
+  const auto* const number = std::ranges::find(kNumbers, key, &Number::key);
+  std::int32_t read = 0;
+  const char* const end = value.data() + value.size();
+  const auto [stop, error] = std::from_chars(value.data(), end, read);
+  if (number == std::end(kNumbers) || error != std::errc() || stop != end || read < 0 ||
+      read > number->highest) {
+    return false;
   }
-  if (key == "fail_creation") return Assign(script.fail_creation, ParseNumber<int>(value, 1, 10));
-  if (key == "busy_at") return Assign(script.busy_at, ParseNumber<int>(value, 1'000'000'000, 10));
-  if (key == "busy_calls") return Assign(script.busy_calls, ParseNumber<int>(value, 1'000'000, 10));
-  if (key == "busy_ms") return Assign(script.busy_ms, ParseNumber<int>(value, 60'000, 10));
-  if (key == "busy_as") return Assign(script.busy_as, ParseBusyAs(value));
-  return false;
+  script.*number->field = read;
+  return true;
 }
 
 }  // namespace

@@ -17,11 +17,9 @@ enum class BusyAs {
 
 /// What one server process is told to do beside its work.
 struct Script {
-  std::string record;         // path of the record in UTF-8, "" for none
-  std::int32_t delay_ms = 0;  // waited before each operation, 0 to 60,000
-  std::int32_t fail_at = 0;   // the operation that fails, counted from 1; 0 none
-  std::uint32_t fail_with = 0x800A03EC;
-  bool fail_creation = false;  // no object is made at all
+  std::int32_t delay_ms = 0;       // waited before each operation, 0 to 60,000
+  std::int32_t fail_at = 0;        // the operation that fails, counted from 1; 0 none
+  std::int32_t fail_creation = 0;  // 1: no object is made at all
   // From operation `busy_at` on, 0 being the creation, so many calls are turned away, or all for so
   // long from the first one on. They count as no operations.
   std::int32_t busy_at = 0;
@@ -32,7 +30,7 @@ struct Script {
   std::vector<std::string> problems;  // one text for each entry that was not understood
 };
 
-/// Reads the section [office] of an INI text in UTF-8; what is not understood keeps its default.
+/// Reads the section [office] of an INI text; what is not understood keeps its default.
 Script ParseScript(std::string_view ini);
 
 }  // namespace tolvane::office

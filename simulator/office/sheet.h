@@ -6,12 +6,18 @@
 #include <optional>
 #include <vector>
 
+#include "platform/string.h"
 #include "simulator/office/area.h"
-#include "simulator/office/cell_value.h"
-#include "simulator/office/table.h"
-#include "simulator/office/typed_text.h"
 
 namespace tolvane::office {
+
+/// A rectangle of texts, row by row, as one call carries it: texts.size() is rows x columns.
+/// A list that came with one dimension is one row.
+struct Table {
+  std::size_t rows = 0;
+  std::size_t columns = 0;
+  std::vector<String> texts;
+};
 
 /// How a cell looks. Filled means colour index 36 of the default palette, light yellow.
 struct CellStyle {
@@ -19,27 +25,22 @@ struct CellStyle {
   bool filled = false;
   bool bordered = false;
   bool right_aligned = false;
-  int number_format = 0;  // of the built-in ones
   bool operator==(const CellStyle&) const = default;
 };
 
 struct Cell {
-  CellValue value;
+  String text;              // empty for an empty cell
   std::uint16_t style = 0;  // index in Sheet::Styles()
 
-  [[nodiscard]] bool IsEmpty() const { return value == CellValue(); }
+  [[nodiscard]] bool IsLeftOut() const { return text.empty() && style == 0; }
 };
 
-/// One worksheet: values, looks, merged ranges, column widths and a filter. Operations on an area
+/// One worksheet: texts, looks, merged ranges, column widths and a filter. Operations on an area
 /// answer false, and change nothing, when it has more than a million cells and is not the whole
 /// sheet.
 class Sheet {
  public:
-  /// The same value in all cells; false also for a formula.
-  [[nodiscard]] bool SetValue(const Area& area, const Typed& typed);
-
-  /// Texts stay what they are, unless the table is to be taken as typed. False also when the table
-  /// has another size than the area, or holds what would then be a formula.
+  /// False also when the table has another size than the area.
   [[nodiscard]] bool SetTexts(const Area& area, Table&& table);
 
   /// Sets one field of the style of all cells of the area, those still empty included.
@@ -64,31 +65,34 @@ class Sheet {
   void Merge(const Area& area) { merged_.push_back(area); }
 
   /// `width` is in characters of the default font.
-  void SetColumnWidth(const Area& columns, double width);
+  void SetColumnWidth(const Area& columns, int width);
 
   /// The filter reaches from this cell to the last row and column in use.
-  void SetFilter(int row, int column);
+  void SetFilter(const Area& cell) {
+    filter_ = Used(cell);
+    filter_->first_row = cell.first_row;
+    filter_->first_column = cell.first_column;
+  }
 
   /// Style 0 is the one of all cells that nothing else was said about.
   [[nodiscard]] const std::vector<CellStyle>& Styles() const { return styles_; }
   /// Row r of the sheet is element r - 1; rows differ in length, rows behind the last are empty.
   [[nodiscard]] const std::vector<std::vector<Cell>>& Rows() const { return rows_; }
   [[nodiscard]] const std::vector<Area>& Merged() const { return merged_; }
-  [[nodiscard]] const std::map<int, double>& ColumnWidths() const { return widths_; }
+  [[nodiscard]] const std::map<int, int>& ColumnWidths() const { return widths_; }
   [[nodiscard]] const std::optional<Area>& Filter() const { return filter_; }
-  /// Everything that was ever assigned to, A1 at the least.
-  [[nodiscard]] Area Used() const;
+  /// Everything that was ever assigned to, and this area too, from A1 on.
+  [[nodiscard]] Area Used(const Area& area = {}) const;
 
  private:
   static bool IsWorkable(const Area& area);
   Cell& At(int row, int column);
-  void Set(int row, int column, const Typed& typed);
   std::uint16_t StyleIndex(const CellStyle& style);
 
   std::vector<CellStyle> styles_{CellStyle{}};
   std::vector<std::vector<Cell>> rows_;
   std::vector<Area> merged_;
-  std::map<int, double> widths_;
+  std::map<int, int> widths_;
   std::optional<Area> filter_;
 };
 

@@ -10,7 +10,4 @@ namespace tolvane::office {
 void AppendUtf8(std::string& out, StringView text);
 std::string ToUtf8(StringView text);
 
-/// Bytes that are no UTF-8 become U+FFFD.
-String FromUtf8(std::string_view bytes);
-
 }  // namespace tolvane::office

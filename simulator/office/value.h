@@ -8,9 +8,7 @@
 #include <vector>
 
 #include "platform/string.h"
-#include "simulator/office/area.h"
 #include "simulator/office/sheet.h"
-#include "simulator/office/table.h"
 
 namespace tolvane::office {
 
@@ -35,7 +33,7 @@ struct Object {
   std::string text;              // how it was reached, for the record; "" for the program
 };
 
-using Value = std::variant<std::monostate, bool, std::int32_t, double, String, Table, Object>;
+using Value = std::variant<std::monostate, bool, std::int32_t, String, Table, Object>;
 
 /// Results of an operation: 0, or an HRESULT as the client sees it.
 enum Result : std::uint32_t {

@@ -1,8 +1,6 @@
 #include "simulator/office/xls_writer.h"
 
 #include <algorithm>
-#include <bit>
-#include <cmath>
 #include <cstddef>
 #include <cstdint>
 #include <vector>
@@ -15,8 +13,7 @@ namespace {
 
 // stream  = globals, sheet
 // globals = bof, code page, { font }, 15 style formats, { cell format }, bound sheet, eof
-// sheet   = bof, { column info }, dimensions, { label | number | truth | blank }, window, [ merged
-// ], eof
+// sheet   = bof, { column info }, dimensions, { label | blank }, window, [ merged ], eof
 enum Record : std::uint32_t {
   kEof = 0x000A,
   kFont = 0x0031,
@@ -27,9 +24,7 @@ enum Record : std::uint32_t {
   kMergedCells = 0x00E5,
   kDimensions = 0x0200,
   kBlank = 0x0201,
-  kNumber = 0x0203,
   kLabel = 0x0204,
-  kTruth = 0x0205,
   kWindow = 0x023E,
   kBof = 0x0809,
 };
@@ -88,7 +83,7 @@ void AppendFormat(std::string& out, std::uint32_t font, std::uint32_t kind,
   constexpr std::uint32_t kSolid = 1U << 26;
   std::string body;
   Append16(body, font);
-  Append16(body, static_cast<std::uint32_t>(style.number_format));
+  Append16(body, 0);  // number format: general
   Append16(body, kind);
   Append8(body, kBottom | (style.right_aligned ? kRight : 0U));
   Append16(body, 0);  // rotation, indent
@@ -137,7 +132,7 @@ void AppendColumnWidths(std::string& out, const Sheet& sheet) {
     std::string body;
     Append16(body, static_cast<std::uint32_t>(column - 1));
     Append16(body, static_cast<std::uint32_t>(column - 1));
-    Append16(body, static_cast<std::uint32_t>(std::lround(width * 256)));
+    Append16(body, static_cast<std::uint32_t>(width * 256));
     Append16(body, kStyleFormats);
     Append32(body, 0);
     AppendRecord(out, kColumnInfo, body);
@@ -154,33 +149,19 @@ void AppendDimensions(std::string& out, const Area& used) {
   AppendRecord(out, kDimensions, body);
 }
 
-/// Gives the record that the value belongs into.
-Record AppendValue(std::string& body, const Cell& cell) {
-  if (cell.IsEmpty()) return kBlank;
-  if (const double* const number = std::get_if<double>(&cell.value)) {
-    const auto bits = std::bit_cast<std::uint64_t>(*number);
-    Append32(body, static_cast<std::uint32_t>(bits));
-    Append32(body, static_cast<std::uint32_t>(bits >> 32));
-    return kNumber;
-  }
-  if (const bool* const truth = std::get_if<bool>(&cell.value)) {
-    Append8(body, *truth ? 1 : 0);
-    Append8(body, 0);  // no error code
-    return kTruth;
-  }
-  const StringView text = StringView(std::get<String>(cell.value)).substr(0, 255);
-  Append16(body, static_cast<std::uint32_t>(text.size()));
-  AppendUnits(body, text);
-  return kLabel;
-}
-
 void AppendCell(std::string& out, std::size_t row, std::size_t column, const Cell& cell) {
-  if (cell.IsEmpty() && cell.style == 0) return;
+  constexpr std::size_t kLabel_MAX = 255;
+  if (cell.IsLeftOut()) return;
   std::string body;
   Append16(body, static_cast<std::uint32_t>(row));
   Append16(body, static_cast<std::uint32_t>(column));
   Append16(body, kStyleFormats + cell.style);
-  AppendRecord(out, AppendValue(body, cell), body);
+  if (!cell.text.empty()) {
+    const StringView text = StringView(cell.text).substr(0, kLabel_MAX);
+    Append16(body, static_cast<std::uint32_t>(text.size()));
+    AppendUnits(body, text);
+  }
+  AppendRecord(out, cell.text.empty() ? kBlank : kLabel, body);
 }
 
 void AppendMerged(std::string& out, const std::vector<Area>& areas) {

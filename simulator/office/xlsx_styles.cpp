@@ -10,11 +10,9 @@ constexpr const char* kFillsAndBorders =
     R"(<fills count="3"><fill><patternFill patternType="none"/></fill><fill><patternFill patternType="gray125"/></fill><fill><patternFill patternType="solid"><fgColor rgb="FFFFFF99"/><bgColor indexed="64"/></patternFill></fill></fills><borders count="2"><border><left/><right/><top/><bottom/><diagonal/></border><border><left style="thin"><color auto="1"/></left><right style="thin"><color auto="1"/></right><top style="thin"><color auto="1"/></top><bottom style="thin"><color auto="1"/></bottom><diagonal/></border></borders><cellStyleXfs count="1"><xf numFmtId="0" fontId="0" fillId="0" borderId="0"/></cellStyleXfs>)";
 
 std::string FormatXml(const CellStyle& style, std::size_t font) {
-  std::string out =
-      R"(<xf numFmtId=")" + std::to_string(style.number_format) + R"(" fontId=")" +
-      std::to_string(font) + R"(" fillId=")" + (style.filled ? "2" : "0") + R"(" borderId=")" +
-      (style.bordered ? "1" : "0") +
-      R"(" xfId="0" applyNumberFormat="1" applyFont="1" applyFill="1" applyBorder="1")";
+  std::string out = R"(<xf numFmtId="0" fontId=")" + std::to_string(font) + R"(" fillId=")" +
+                    (style.filled ? "2" : "0") + R"(" borderId=")" + (style.bordered ? "1" : "0") +
+                    R"(" xfId="0" applyFont="1" applyFill="1" applyBorder="1")";
   return out + (style.right_aligned ? R"( applyAlignment="1"><alignment horizontal="right"/></xf>)"
                                     : "/>");
 }

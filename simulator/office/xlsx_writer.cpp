@@ -6,8 +6,8 @@
 #include <unordered_map>
 #include <vector>
 
+#include "simulator/office/utf8.h"
 #include "simulator/office/xlsx_styles.h"
-#include "simulator/office/xml_text.h"
 #include "simulator/office/zip_archive.h"
 
 namespace tolvane::office {
@@ -32,6 +32,33 @@ constexpr std::string_view kWorkbookRelations =
 constexpr std::string_view kSheetStart =
     R"(<?xml version="1.0" encoding="UTF-8" standalone="yes"?>
 <worksheet xmlns="http://schemas.openxmlformats.org/spreadsheetml/2006/main">)";
+
+void AppendControl(std::string& out, char16_t control) {
+  constexpr std::string_view kDigits = "0123456789ABCDEF";
+  out += "_x00";
+  out.push_back(kDigits[control >> 4]);
+  out.push_back(kDigits[control & 0xF]);
+  out.push_back('_');
+}
+
+/// Control characters, which XML cannot hold, come out in the workbook format's own manner,
+/// "_x0007_".
+void AppendXmlText(std::string& out, StringView text) {
+  std::size_t plain_start = 0;
+  for (std::size_t index = 0; index < text.size(); ++index) {
+    const char16_t unit = text[index];
+    const bool control = unit < 0x20 && unit != u'\t' && unit != u'\n';
+    if (!control && unit != u'&' && unit != u'<' && unit != u'>') continue;
+    AppendUtf8(out, text.substr(plain_start, index - plain_start));
+    plain_start = index + 1;
+    if (control) {
+      AppendControl(out, unit);
+    } else {
+      out += unit == u'&' ? "&amp;" : unit == u'<' ? "&lt;" : "&gt;";
+    }
+  }
+  AppendUtf8(out, text.substr(plain_start));
+}
 
 /// The texts of a workbook, each once. The views belong to the sheet.
 class SharedStrings {
@@ -90,20 +117,12 @@ void AppendCell(std::string& out, const Cell& cell, std::string_view column, std
     out += R"(" s=")";
     AppendNumber(out, cell.style);
   }
-  if (cell.IsEmpty()) {
+  if (cell.text.empty()) {
     out += R"("/>)";
     return;
   }
-  if (const String* const text = std::get_if<String>(&cell.value)) {
-    out += R"(" t="s"><v>)";
-    AppendNumber(out, strings.Index(*text));
-  } else if (const bool* const truth = std::get_if<bool>(&cell.value)) {
-    out += R"(" t="b"><v>)";
-    AppendNumber(out, *truth ? 1 : 0);
-  } else {
-    out += R"("><v>)";
-    AppendNumber(out, std::get<double>(cell.value));
-  }
+  out += R"(" t="s"><v>)";
+  AppendNumber(out, strings.Index(cell.text));
   out += "</v></c>";
 }
 
@@ -115,7 +134,7 @@ void AppendRow(std::string& out, const std::vector<Cell>& cells, std::string_vie
   out += R"(">)";
   const std::size_t first_cell = out.size();
   for (std::size_t index = 0; index < cells.size(); ++index) {
-    if (cells[index].IsEmpty() && cells[index].style == 0) continue;
+    if (cells[index].IsLeftOut()) continue;
     AppendCell(out, cells[index], column_names[index], row, strings);
   }
   if (out.size() == first_cell) {

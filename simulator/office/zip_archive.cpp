@@ -1,8 +1,8 @@
 #include "simulator/office/zip_archive.h"
 
+#include <array>
 #include <utility>
 
-#include "simulator/office/crc32.h"
 #include "simulator/office/little_endian.h"
 
 namespace tolvane::office {
@@ -17,6 +17,27 @@ constexpr std::uint32_t kEndRecord = 0x06054B50;
 constexpr std::uint32_t kVersion = 20;
 constexpr std::uint32_t kStored = 0;
 constexpr std::uint32_t kDate = 0x0021;  // 1 January 1980
+
+/// By the low byte of the remainder so far; reflected polynomial EDB88320.
+constexpr std::array<std::uint32_t, 256> kCrcTable = [] {
+  std::array<std::uint32_t, 256> table{};
+  for (std::uint32_t byte = 0; byte < 256; ++byte) {
+    std::uint32_t value = byte;
+    for (int bit = 0; bit < 8; ++bit) {
+      value = (value >> 1) ^ ((value & 1U) != 0 ? 0xEDB88320U : 0U);
+    }
+    table[byte] = value;
+  }
+  return table;
+}();
+
+std::uint32_t Crc32(std::string_view bytes) {
+  std::uint32_t value = 0xFFFFFFFF;
+  for (const char character : bytes) {
+    value = (value >> 8) ^ kCrcTable[(value ^ static_cast<unsigned char>(character)) & 0xFFU];
+  }
+  return ~value;
+}
 
 struct Entry {
   std::string_view name;

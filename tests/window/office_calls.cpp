@@ -91,7 +91,7 @@ Calls FlushCalls(const std::string& saving) {
   }
   const Calls records = Rows(7, 20007);
   Append(lines, records);
-  Append(lines, {"put " + records.back().substr(4) + ".Value = table(20001x12) crc=*",
+  Append(lines, {"put " + records.back().substr(4) + ".Value = table(20001x12)",
                  "get ActiveSheet.cells(7, 1)", "call ActiveSheet.cells(7, 1).AutoFilter(1)",
                  "get ActiveWorkbook", "call ActiveWorkbook.SaveAs(" + saving + ")",
                  "get ActiveWorkbook", "call ActiveWorkbook.Close"});
@@ -100,7 +100,6 @@ Calls FlushCalls(const std::string& saving) {
 
 Calls NormalCalls(Calls lines) {
   for (std::string& line : lines) {
-    Blank(line, "20001x12) crc=", 8, "*");
     constexpr std::string_view kDate = "Range(\"H1\").Value = table(1x1) \"";
     const std::size_t date = line.find(kDate);
     if (date != std::string::npos)

@@ -15,11 +15,11 @@ void Append(Calls& lines, const Calls& more);
 /// What gives the server its screen back and ends it.
 [[nodiscard]] Calls DisconnectCalls();
 
-/// What one flush asks of the server, in order; `saving` are the words behind SaveAs. The checksum
-/// of the records and the date are blanked, as NormalCalls leaves them.
+/// What one flush asks of the server, in order; `saving` are the words behind SaveAs. The date is
+/// blanked, as NormalCalls leaves it.
 [[nodiscard]] Calls FlushCalls(const std::string& saving);
 
-/// The lines without what differs from run to run: date, checksum, folder and hour of the file.
+/// The lines without what differs from run to run: date, folder and hour of the file.
 [[nodiscard]] Calls NormalCalls(Calls lines);
 
 }  // namespace tolvane::window

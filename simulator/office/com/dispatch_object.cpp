@@ -116,7 +116,7 @@ std::optional<Verb> DispatchObject::VerbOf(DISPID member, WORD flags) const {
       {DISPATCH_METHOD, Verb::kCall},
   };
   for (const auto& [flag, verb] : kVerbs) {
-    if ((flags & flag) != 0 && Server::HasMember(object_, verb, member)) return verb;
+    if ((flags & flag) != 0 && MemberName(object_.kind, verb, member)) return verb;
   }
   return std::nullopt;
 }

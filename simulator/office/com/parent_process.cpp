@@ -21,12 +21,6 @@ DWORD ParentId() {
 
 }  // namespace
 
-ParentProcess::ParentProcess() {
-  if (const DWORD id = ParentId()) handle_ = OpenProcess(SYNCHRONIZE, FALSE, id);
-}
-
-ParentProcess::~ParentProcess() {
-  if (handle_ != nullptr) CloseHandle(handle_);
-}
+HANDLE OpenParentProcess() { return OpenProcess(SYNCHRONIZE, FALSE, ParentId()); }
 
 }  // namespace tolvane::office

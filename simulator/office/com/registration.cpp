@@ -5,7 +5,6 @@
 #include <vector>
 
 #include "simulator/office/com/class_link.h"
-#include "simulator/office/com/own_path.h"
 
 namespace tolvane::office {
 namespace {
@@ -13,6 +12,12 @@ namespace {
 /// The classes of the current user alone: a machine's other users have nothing to do with a test.
 constexpr const wchar_t* kUserClasses = L"Software\\Classes\\";
 constexpr const wchar_t* kVersionValue = L"StandInVersion";
+
+std::wstring OwnPath() {
+  std::wstring path(32'768, L'\0');  // the longest that there is
+  path.resize(GetModuleFileNameW(nullptr, path.data(), static_cast<DWORD>(path.size())));
+  return path;
+}
 
 std::wstring IdText(const CLSID& id) {
   wchar_t text[40];

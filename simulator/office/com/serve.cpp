@@ -12,14 +12,12 @@
 #include "simulator/office/com/busy_filter.h"
 #include "simulator/office/com/class_factory.h"
 #include "simulator/office/com/lifetime.h"
-#include "simulator/office/com/own_path.h"
 #include "simulator/office/com/parent_process.h"
 #include "simulator/office/com/registration.h"
 #include "simulator/office/com/text.h"
 #include "simulator/office/record.h"
 #include "simulator/office/script.h"
 #include "simulator/office/server.h"
-#include "simulator/office/utf8.h"
 
 namespace tolvane::office {
 namespace {
@@ -35,17 +33,10 @@ std::wstring Environment(const wchar_t* name) {
 }
 
 Script ReadScript() {
-  std::filesystem::path path = Environment(L"TOLVANE_OFFICE_SCRIPT");
-  if (path.empty()) path = std::filesystem::path(OwnPath()).parent_path() / "tolvane_office.ini";
-  std::ifstream file(path, std::ios::binary);
+  std::ifstream file(std::filesystem::path(Environment(L"TOLVANE_OFFICE_SCRIPT")),
+                     std::ios::binary);
   const std::string text{std::istreambuf_iterator<char>(file), {}};
   return ParseScript(text);
-}
-
-Record OpenRecord(const Script& script) {
-  std::filesystem::path path = Environment(L"TOLVANE_OFFICE_RECORD");
-  if (path.empty()) path = FromUtf8(script.record);
-  return path.empty() ? Record() : Record(path);
 }
 
 /// False when the loop is to end.
@@ -73,8 +64,7 @@ class Deadlines {
 };
 
 void RunMessageLoop(const Server& server, const Lifetime& lifetime) {
-  const ParentProcess parent;
-  const HANDLE handle = parent.Handle();
+  const HANDLE handle = OpenParentProcess();
   const DWORD count = handle == nullptr ? 0 : 1;
   Deadlines deadlines;
   while (DispatchMessages() && !deadlines.Passed(server, lifetime)) {
@@ -85,7 +75,7 @@ void RunMessageLoop(const Server& server, const Lifetime& lifetime) {
 
 UINT ServeOnThisThread(const ServedClass& served) {
   const Script script = ReadScript();
-  Record record = OpenRecord(script);
+  Record record(Environment(L"TOLVANE_OFFICE_RECORD"));
   Server server(FromWide(served.name), FromWide(RegisteredVersion(served)), script, record);
   Lifetime lifetime;
   ClassFactory factory(server, lifetime);

@@ -10,9 +10,9 @@
 
 namespace tolvane::office {
 
-/// What a client put into a call: texts, whole and other numbers, truth values, arrays of texts
-/// with one or two dimensions (of BSTR or of VARIANT), objects of this server, each also by
-/// reference. Empty for anything else. The variant stays as it is.
-std::optional<Value> FromVariant(VARIANT& variant);
+/// What a client put into a call: a text, a 32-bit number, a truth value, an array of BSTR with two
+/// dimensions, or an object of this server. Empty for anything else, as the log puts nothing else:
+/// texts in an array of VARIANT a real program would take as typed, and make numbers of some.
+std::optional<Value> FromVariant(const VARIANT& variant);
 
 }  // namespace tolvane::office

@@ -5,16 +5,15 @@
 namespace tolvane::office {
 namespace {
 
-TEST(OfficeArea, ReadsOneCellAndTwoCornersInAnyOrder) {
+TEST(OfficeArea, ReadsOneCellAndTwoCorners) {
   EXPECT_EQ(ParseArea(u"A1"), (Area{1, 1, 1, 1}));
   EXPECT_EQ(ParseArea(u"H1:K2"), (Area{1, 8, 2, 11}));
-  EXPECT_EQ(ParseArea(u"k2:h1"), (Area{1, 8, 2, 11}));
   EXPECT_EQ(ParseArea(u"IV65536"), (Area{65536, 256, 65536, 256}));
 }
 
 TEST(OfficeArea, RefusesWhatIsNoCell) {
   for (const char16_t* text : {u"", u"A", u"1", u"A0", u"IW1", u"A65537", u"A1:", u"A1:B", u"A1 ",
-                               u"A1:B2:C3", u":A1", u"A99999999999"}) {
+                               u"A1:B2:C3", u":A1", u"A99999999999", u"h1", u"K2:H1"}) {
     EXPECT_EQ(ParseArea(text), std::nullopt) << std::string(text, text + StringView(text).size());
   }
 }

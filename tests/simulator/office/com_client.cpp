@@ -13,15 +13,13 @@ BSTR NewBstr(StringView text) {
   return SysAllocStringLen(wide.data(), static_cast<UINT>(wide.size()));
 }
 
-/// One row crosses with one dimension, more with two.
 VARIANT TableVariant(const Table& table, VARTYPE element) {
   SAFEARRAYBOUND bounds[2] = {{static_cast<ULONG>(table.rows), 1},
                               {static_cast<ULONG>(table.columns), 1}};
-  const bool flat = table.rows == 1;
   VARIANT out;
   VariantInit(&out);
   out.vt = static_cast<VARTYPE>(VT_ARRAY | element);
-  out.parray = SafeArrayCreate(element, flat ? 1 : 2, flat ? bounds + 1 : bounds);
+  out.parray = SafeArrayCreate(element, 2, bounds);
   void* data = nullptr;
   SafeArrayAccessData(out.parray, &data);
   for (std::size_t index = 0; index < table.texts.size(); ++index) {

@@ -3,8 +3,6 @@
 #include <type_traits>
 #include <utility>
 
-#include "simulator/office/member.h"
-
 namespace tolvane::office {
 
 DirectClient::DirectClient(Server& server) : server_(server) {
@@ -17,8 +15,6 @@ Value DirectClient::ToValue(const Argument& argument) const {
       [&](const auto& value) -> Value {
         if constexpr (std::is_same_v<std::decay_t<decltype(value)>, Handle>) {
           return objects_[value.index];
-        } else if constexpr (std::is_same_v<std::decay_t<decltype(value)>, Table>) {
-          return Table{value.rows, value.columns, value.texts, texts_as_typed || value.as_typed};
         } else {
           return value;
         }
@@ -32,7 +28,8 @@ Outcome DirectClient::Invoke(Handle object, Verb verb, StringView name,
   Arguments values;
   for (const Argument& argument : arguments) values.positional.push_back(ToValue(argument));
   for (const NamedArgument& argument : named) {
-    auto& field = SameName(argument.name, u"FileName") ? values.file_name : values.file_format;
+    auto& field =
+        NameId(argument.name) == NameId(u"FileName") ? values.file_name : values.file_format;
     field = ToValue(argument.value);
   }
   const Object target = objects_[object.index];

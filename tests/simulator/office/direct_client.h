@@ -21,9 +21,6 @@ class DirectClient : public SampleClient {
   /// The text that a property gives, "" for anything else.
   String GetText(Handle object, StringView name);
 
-  /// The texts of a table are put like those of an array of VARIANT.
-  bool texts_as_typed = false;
-
   /// Results other than kDone, in order.
   std::vector<std::uint32_t> failures;
 

@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "platform/string.h"
-#include "simulator/office/table.h"
+#include "simulator/office/sheet.h"
 
 namespace tolvane::office {
 

@@ -2,18 +2,10 @@
 
 #include <gtest/gtest.h>
 
-#include "simulator/office/crc32.h"
-
 namespace tolvane::office {
 namespace {
 
 using namespace std::string_literals;
-
-TEST(OfficeCrc32, HasTheKnownCheckValueAndGoesOnPieceByPiece) {
-  EXPECT_EQ(Crc32("123456789"), 0xCBF43926U);
-  EXPECT_EQ(Crc32("6789", Crc32("12345")), 0xCBF43926U);
-  EXPECT_EQ(Crc32(""), 0U);
-}
 
 TEST(OfficeZipArchive, StoresAnEntryByteForByte) {
   ZipArchive archive;
