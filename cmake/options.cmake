@@ -51,6 +51,16 @@ if(TOLVANE_SANITIZE OR TOLVANE_FUZZ)
   target_link_options(tolvane_options INTERFACE ${tolvane_sanitizers})
 endif()
 
+# A fuzzer finds its way by what its inputs reach of the program, not of the target alone.
+if(TOLVANE_FUZZ)
+  set(tolvane_uninstrumented "${CMAKE_SOURCE_DIR}/tests/fuzz/uninstrumented.txt")
+  target_compile_options(
+    tolvane_options INTERFACE -fsanitize=fuzzer-no-link
+                              -fsanitize-ignorelist=${tolvane_uninstrumented}
+                              -fsanitize-coverage-ignorelist=${tolvane_uninstrumented})
+  target_link_options(tolvane_options INTERFACE -fsanitize=fuzzer-no-link)
+endif()
+
 # Half of the time of compiling goes into reading these headers, so all libraries share one reading of them.
 # Files include what they use all the same: CMAKE_DISABLE_PRECOMPILE_HEADERS builds them without.
 add_library(tolvane_standard_headers OBJECT "${CMAKE_CURRENT_LIST_DIR}/standard_headers.cpp")

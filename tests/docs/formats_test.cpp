@@ -12,7 +12,7 @@
 #include "config/configfilerecord.h"
 #include "simulator/bench_config.h"
 #include "tests/docs/document.h"
-#include "tests/run/run_control.h"
+#include "tests/run/control/run_control.h"
 
 namespace tolvane {
 namespace {

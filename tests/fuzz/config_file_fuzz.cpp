@@ -2,7 +2,6 @@
 // be written and read again unchanged.
 #include <cstddef>
 #include <cstdint>
-#include <cstdlib>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -13,16 +12,14 @@
 #include "platform/memory/system/file_system.h"
 #include "platform/memory/system/journal.h"
 #include "tests/fuzz/fuzz_entry.h"
+#include "tests/fuzz/input.h"
 
 namespace {
 
 using namespace tolvane;
+using fuzz::Require;
 
 constexpr StringView kPath = u"C:\\Tolvane\\config.dat";
-
-void Require(bool promise) {
-  if (!promise) std::abort();
-}
 
 /// Opening the C library's converters takes longer than an input.
 platform::memory::CodePage932& SharedCodePage() {

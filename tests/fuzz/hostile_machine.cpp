@@ -1,0 +1,205 @@
+#include "tests/fuzz/hostile_machine.h"
+
+#include <cstddef>
+#include <utility>
+#include <vector>
+
+#include "logging/spreadsheet_server.h"
+#include "platform/memory/rich_text/rtf_reader.h"
+#include "tests/fuzz/input.h"
+#include "view/page_rtf.h"
+
+namespace tolvane::fuzz {
+namespace {
+
+const String kFolder = u"C:\\Tolvane";
+const String kSystem = u"C:\\Windows\\System32";
+
+/// Each line end two characters, as it comes out of rich text.
+String WithWholeLineEnds(StringView text) {
+  String whole;
+  for (std::size_t i = 0; i < text.size(); ++i) {
+    const bool is_second = text[i] == u'\n' && i > 0 && text[i - 1] == u'\r';
+    if (is_second) continue;
+    const bool is_end = text[i] == u'\r' || text[i] == u'\n';
+    whole += is_end ? StringView(u"\r\n") : text.substr(i, 1);
+  }
+  return whole;
+}
+
+/// The colour of each character, -1 for none; of a line end that of the first one counts.
+std::vector<std::int32_t> ColourByCharacter(const platform::ColourRuns& runs, StringView text) {
+  std::vector<std::int32_t> colours(text.size(), -1);
+  std::int32_t last = 0;
+  for (const platform::ColourRun& run : runs.Runs()) {
+    Require(run.start >= last && run.start < run.end);
+    Require(run.end <= static_cast<std::int32_t>(text.size()));
+    last = run.end;
+    for (std::int32_t i = run.start; i < run.end; ++i) {
+      colours[static_cast<std::size_t>(i)] = run.colour & 0xFFFFFF;
+    }
+  }
+  for (std::size_t i = 1; i < text.size(); ++i) {
+    if (text[i] == u'\n' && text[i - 1] == u'\r') colours[i] = colours[i - 1];
+  }
+  return colours;
+}
+
+}  // namespace
+
+HostileMachine::HostileMachine(const std::string& config, std::optional<std::int32_t> version)
+    : servers(version), form(Platform(), memory.MainWindow(), kFolder) {
+  memory.files.AddFolder(memory.folders.Desktop());
+  memory.files.AddFile(kFolder + u"\\qxt100.dll", "MZ");
+  for (const StringView library : {u"\\canusbdrv.dll", u"\\IFCan.dll", u"\\canlib32.dll"}) {
+    memory.files.AddFile(kSystem + String(library), "MZ");
+  }
+  memory.files.AddFile(kFolder + u"\\config.dat", config);
+  memory.message_box.Answer(true);
+  memory.canusbdrv.serials = {"TV100001"};
+  memory.IFCan.ports = {{.number = 1}};
+  memory.canlib32.channels = {0};
+  memory.canusbdrv.frames.OnTake([this] { Feed(memory.canusbdrv, &BusFrame::ForCanusb); });
+  memory.IFCan.frames.OnTake([this] { Feed(memory.IFCan, &BusFrame::ForInterface); });
+  memory.canlib32.frames.OnTake([this] { Feed(memory.canlib32, &BusFrame::ForKvaser); });
+  memory.window.Cmb_Serect_Device.OnClick([this] { form.Cmb_Serect_Device_Click(); });
+  memory.window.window.OnUnload([this] {
+    std::int32_t Cancel = 0;
+    form.Form_QueryUnload(Cancel);
+    if (Cancel != 1) form.Form_Unload();
+  });
+}
+
+platform::Platform HostileMachine::Platform() {
+  const platform::Platform machine = memory.Platform();
+  return {.events = machine.events,
+          .timers = machine.timers,
+          .qxt100 = machine.qxt100,
+          .winmm = machine.winmm,
+          .canusbdrv = machine.canusbdrv,
+          .IFCan = machine.IFCan,
+          .canlib32 = machine.canlib32,
+          .message_box = machine.message_box,
+          .files = files,
+          .folders = machine.folders,
+          .wall_clock = machine.wall_clock,
+          .code_page = machine.code_page,
+          .automation = servers,
+          .clipboard = machine.clipboard,
+          .single_instance = machine.single_instance,
+          .cursors = machine.cursors,
+          .run_protection = machine.run_protection};
+}
+
+template <typename Library, typename Record>
+void HostileMachine::Feed(Library& library, Record (BusFrame::*as)() const) {
+  memory.qxt100.Advance(1);
+  if (bus.empty()) return;
+  library.frames.Play({(bus.front().*as)()});
+  if (IsTaken(bus.front(), form.device)) ++taken_;
+  bus.pop_front();
+}
+
+void HostileMachine::WhileWaiting(std::function<void()> handler) {
+  memory.message_box.WhileShown([this, handler] {
+    const bool before = std::exchange(in_box_, true);
+    handler();
+    in_box_ = before;
+  });
+  servers.WhileCalled([this, handler = std::move(handler)] {
+    const bool before = std::exchange(in_call_, true);
+    const std::int32_t swaps = memory.RTB_MainView.Swaps();
+    handler();
+    Require(swaps == memory.RTB_MainView.Swaps());
+    in_call_ = before;
+  });
+}
+
+void HostileMachine::Act(std::function<void()> deed) {
+  if (in_box_ || IsLeft()) return;
+  memory.gate.Deliver([this, deed = std::move(deed)] {
+    Require(!in_call_);
+    if (!IsLeft()) deed();
+  });
+}
+
+void HostileMachine::Click(void (Form1::*handler)()) {
+  Act([this, handler] {
+    if (handler == &Form1::Bt_Connect_Click) {
+      if (memory.window.Bt_Connect.Enabled()) Connect();
+    } else if (handler != &Form1::Bt_Disconnect_Click || memory.window.Bt_Disconnect.Enabled()) {
+      (form.*handler)();
+    }
+  });
+}
+
+void HostileMachine::Tick() {
+  for (auto* timer : {&memory.FormBG, &memory.FormBG2, &memory.FormBG_29, &memory.FormBG2_29}) {
+    timer->Tick();
+  }
+}
+
+void HostileMachine::EndSession() {
+  if (IsLeft()) return;
+  session_ended_ = true;
+  form.Session_Ends();
+}
+
+void HostileMachine::Connect() {
+  taken_ = 0;
+  files.Forget();
+  servers.Forget();
+  form.Bt_Connect_Click();
+  JudgeRun();
+  JudgeLog();
+  JudgePage();
+}
+
+void HostileMachine::JudgeRun() const {
+  const auto& window = memory.window;
+  Require(form.RxFlag == 0 && !form.ClosingIsRefused() && form.objExcel == nullptr);
+  Require(window.Bt_Connect.Enabled() && !window.Bt_Disconnect.Enabled());
+  Require(window.menu_common_setting.Enabled() && window.menu_opt_function1.Enabled() &&
+          window.menu_opt_log1.Enabled() && window.Cmb_Serect_Device.Enabled());
+  Require(!memory.RTB_MainView.Locked() && !window.TB_LogComment.Locked());
+  for (const auto* timer :
+       {&memory.FormBG, &memory.FormBG2, &memory.FormBG_29, &memory.FormBG2_29}) {
+    Require(!timer->Enabled());
+  }
+  Require(memory.run_protection.Begins() == memory.run_protection.Ends());
+}
+
+/// Every frame that was taken stands in the logs once, as far as nothing kept them from being
+/// written. What one file could not take comes with the next one of its channel, and the two
+/// channels take turns.
+void HostileMachine::JudgeLog() const {
+  const ELM327_Info& device = form.device;
+  const JudgedFiles::Logs& logs = files.Seen();
+  if (device.t_LogSave_Enable != 1) {
+    Require(logs.lines == 0 && logs.failures == 0 && servers.Rows() == 0);
+  } else if (UsesSpreadsheetServer(device)) {
+    if (servers.Failures() == 0 && !session_ended_) Require(servers.Rows() == taken_);
+  } else if (device.t_LogSaveFormat != kLogFormatCsv) {
+    Require(session_ended_ || logs.lines == 0);
+  } else if (logs.failures > 0 && logs.whole_since < 2) {
+    Require(session_ended_ || logs.lines <= taken_);
+  } else if (session_ended_) {
+    // A file that was in the midst of being written holds the same lines once more.
+    Require(logs.lines >= taken_);
+  } else {
+    Require(logs.lines == taken_);
+  }
+}
+
+void HostileMachine::JudgePage() const {
+  const platform::RichTextPage& page = memory.RTB_MainView.Page();
+  const auto colours = ColourByCharacter(page.colours, page.text);
+  const auto backgrounds = ColourByCharacter(page.backgrounds, page.text);
+  const auto read = platform::memory::ReadRtf(memory.RTB_MainView.TextRTF());
+  Require(read.has_value() && read->text == WithWholeLineEnds(page.text));
+  if (read->text != page.text) return;
+  Require(ColourByCharacter(read->colours, read->text) == colours);
+  Require(ColourByCharacter(read->backgrounds, read->text) == backgrounds);
+}
+
+}  // namespace tolvane::fuzz
