@@ -36,6 +36,10 @@ void JudgeHex(StringView text) {
   const bool fits = *value == static_cast<std::int32_t>(*value);
   Require(fits || *value == INT64_MAX);
   if (fits) Require(HexInput(HexText(static_cast<std::int32_t>(*value))) == value);
+  constexpr StringView kBlanks = u" \t\u3000";
+  const std::size_t first = text.find_first_not_of(u" \t\u30000");
+  const bool is_zero = first == StringView::npos;
+  Require(fits == (is_zero || text.find_last_not_of(kBlanks) - first < 8));
 }
 
 bool IsWithin(std::int64_t value, std::int64_t low, std::int64_t high) {
