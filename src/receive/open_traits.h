@@ -4,8 +4,7 @@
 #include <cstdint>
 
 #include "platform/string.h"
-#include "receive/adapters/interfacecan.h"
-#include "receive/adapters/kvasercan.h"
+#include "receive/adapters/id_limits.h"
 #include "run/elm327_info.h"
 #include "run/worker_kind.h"
 
@@ -31,18 +30,15 @@ enum class Configuring : std::uint8_t { kBeforeTimer, kAfterTimer };
 /// the timer's end.
 enum class EndOrder : std::uint8_t { kStatusCloseFlush, kCloseStatusFlush, kStatusFlushClose };
 
-constexpr std::int32_t kAnyFlag = -1;
-constexpr std::int32_t kWholeWord = -1;
 constexpr std::int32_t kNoLowestId = INT32_MIN;
 
 /// What differs between the twelve ways of a run.
 struct OpenTraits {
-  // The accept test: the ID, masked, lies between the two bounds, and the frame's flag is the given
-  // one. IDs compare as signed numbers.
-  std::int32_t id_mask;
+  // The accept test: the ID lies between the two bounds, as signed numbers, and the frame is a plain
+  // standard one where only such are taken.
   std::int32_t lowest_id;
   std::int32_t highest_id;
-  std::int32_t flag;
+  bool plain_standard;
   FormatFilter format_filter;
   bool exclusion;  // drops frames in an exclusion range
   std::int32_t Device_Timer_Kind;
@@ -59,11 +55,8 @@ namespace open_traits_cells {
 
 constexpr StringView kEndsApp = u"アプリケーションを終了します。";
 constexpr StringView kEndsRun = u"接続を終了します。";
-constexpr std::int32_t kId11 = 2047;
-constexpr std::int32_t kId29 = 536870911;
-constexpr std::int32_t kStd = KvaserCAN{}.canMSG_STD;
-constexpr std::int32_t kAny = kAnyFlag;
-constexpr std::int32_t kWord = kWholeWord;
+constexpr std::int32_t kId11 = kMaxStandardID;
+constexpr std::int32_t kId29 = kMaxExtendedID;
 constexpr std::int32_t kLow = kNoLowestId;
 constexpr auto kNone = FormatFilter::kNone;
 constexpr auto kStandard = FormatFilter::kStandard;
@@ -79,27 +72,27 @@ constexpr auto kCSF = EndOrder::kCloseStatusFlush;
 constexpr auto kSFC = EndOrder::kStatusFlushClose;
 
 // One line per worker, in the order of WorkerKind; wide on purpose, to be read down the columns.
-// The four lines of the Kvaser adapter end differently from each other, and so they must.
+// The Kvaser lines fail and end in three different ways, and so they must.
 // clang-format off
 constexpr OpenTraits kTable[3][4] = {
-    //  mask   lowest highest flag  filter     excl.  kind            wrap      start    hardware  config.  failed    close  end
+    //  lowest highest plain  filter     excl.  kind            wrap      start    hardware  config.  failed    close  end
     {  // CANUSB
-        {kWord,    0, kId11,    0, kNone,     false, kVenderCanusb,    60000.0, kFolder, kBoth,    kBefore, kEndsApp, false, kSCF},
-        {kWord,    0, kId11,    0, kNone,     true,  kVenderCanusb,    60000.0, kFolder, kBoth,    kBefore, kEndsApp, false, kSCF},
-        {kWord, kLow, kId29, kAny, kNone,     false, kVenderCanusb,    60000.0, kFolder, kBoth,    kBefore, kEndsApp, false, kSCF},
-        {kWord, kLow, kId29, kAny, kNone,     true,  kVenderCanusb,    60000.0, kFolder, kBoth,    kBefore, kEndsApp, false, kSCF},
+        {   0, kId11, true,  kNone,     false, kVenderCanusb,    60000.0, kFolder, kBoth,    kBefore, kEndsApp, false, kSCF},
+        {   0, kId11, true,  kNone,     true,  kVenderCanusb,    60000.0, kFolder, kBoth,    kBefore, kEndsApp, false, kSCF},
+        {kLow, kId29, false, kNone,     false, kVenderCanusb,    60000.0, kFolder, kBoth,    kBefore, kEndsApp, false, kSCF},
+        {kLow, kId29, false, kNone,     true,  kVenderCanusb,    60000.0, kFolder, kBoth,    kBefore, kEndsApp, false, kSCF},
     },
     {  // Interface
-        {kWord,    0, kId11, kAny, kNone,     false, kVenderInterface, 429491.0, kTables, kVersion, kAfter, kEndsRun, true,  kSFC},
-        {kWord,    0, kId11, kAny, kStandard, true,  kVenderInterface, 429491.0, kTables, kVersion, kAfter, kEndsRun, true,  kSFC},
-        {kId29,    0, kId29, kAny, kNone,     false, kVenderInterface, 429491.0, kTables, kVersion, kAfter, kEndsRun, true,  kSFC},
-        {kId29,    0, kId29, kAny, kExtended, true,  kVenderInterface, 429491.0, kTables, kVersion, kAfter, kEndsRun, true,  kSFC},
+        {   0, kId11, true,  kNone,     false, kVenderInterface, 429491.0, kTables, kVersion, kAfter, kEndsRun, true,  kSFC},
+        {   0, kId11, true,  kStandard, true,  kVenderInterface, 429491.0, kTables, kVersion, kAfter, kEndsRun, true,  kSFC},
+        {   0, kId29, false, kNone,     false, kVenderInterface, 429491.0, kTables, kVersion, kAfter, kEndsRun, true,  kSFC},
+        {   0, kId29, false, kExtended, true,  kVenderInterface, 429491.0, kTables, kVersion, kAfter, kEndsRun, true,  kSFC},
     },
     {  // Kvaser
-        {kWord,    0, kId11, kStd, kNone,     false, kVenderKvaser,         0.0, kFolder, kBoth,    kBefore, kEndsRun, false, kCSF},
-        {kWord,    0, kId11, kStd, kNone,     true,  kVenderKvaser,         0.0, kFolder, kBoth,    kBefore, kEndsApp, false, kSCF},
-        {kWord,    0, kId29, kAny, kNone,     false, kVenderKvaser,         0.0, kFolder, kBoth,    kBefore, kEndsRun, false, kCSF},
-        {kWord,    0, kId29, kAny, kNone,     true,  kVenderKvaser,         0.0, kFolder, kBoth,    kBefore, kEndsApp, false, kCSF},
+        {   0, kId11, true,  kNone,     false, kVenderKvaser,         0.0, kFolder, kBoth,    kBefore, kEndsRun, false, kCSF},
+        {   0, kId11, true,  kNone,     true,  kVenderKvaser,         0.0, kFolder, kBoth,    kBefore, kEndsApp, false, kSCF},
+        {   0, kId29, false, kNone,     false, kVenderKvaser,         0.0, kFolder, kBoth,    kBefore, kEndsRun, false, kCSF},
+        {   0, kId29, false, kNone,     true,  kVenderKvaser,         0.0, kFolder, kBoth,    kBefore, kEndsApp, false, kCSF},
     },
 };
 // clang-format on

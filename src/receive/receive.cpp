@@ -140,7 +140,7 @@ void Run<Table>::ClearLog() {
 
 template <typename Table>
 bool Run<Table>::OpenAdapter(std::int32_t& status) {
-  if (binding_.Open(device_)) return true;
+  if (binding_.Open()) return true;
   Stop(kOpenFailed, traits_.failed_open_text);
   if (traits_.close_after_failed_open) status = binding_.Close();
   return false;
@@ -207,12 +207,10 @@ void Run<Table>::ReadWhileWanted() {
 /// Null for an empty read and for a frame that this run does not take.
 template <typename Table>
 const ReceivedFrame* Run<Table>::ReadAccepted() {
-  ReceivedFrame* frame = binding_.Read();
-  if (frame == nullptr) return nullptr;
-  frame->id &= traits_.id_mask;
-  if (frame->id < traits_.lowest_id || frame->id > traits_.highest_id ||
-      (traits_.flag != kAnyFlag && frame->flag != traits_.flag) ||
-      !PassesFormat(traits_.format_filter, device_.t_MsgFmtTyp, frame->flag == 1)) {
+  const ReceivedFrame* frame = binding_.Read();
+  if (frame == nullptr || frame->id < traits_.lowest_id || frame->id > traits_.highest_id ||
+      (traits_.plain_standard && !frame->plain_standard) ||
+      !PassesFormat(traits_.format_filter, device_.t_MsgFmtTyp, frame->key.can_Flag == 1)) {
     return nullptr;
   }
   return frame;

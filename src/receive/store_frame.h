@@ -42,13 +42,12 @@ template <>
 class SlotFinder<CAN_ReadDB29> {
  public:
   FrameSlot SlotOf(CAN_ReadDB29& frames, const ReceivedFrame& frame) {
-    if (frame.key.match != KeyFlags::kNone) {
-      const auto p = search_.Find(frames, frame.id, static_cast<std::uint8_t>(frame.key.match));
+    if (frame.key.match) {
+      const auto p = search_.Find(frames, frame.id, *frame.key.match);
       if (p) return {RowAt(frames, *p), true};
     }
-    if (frame.key.insert == KeyFlags::kNone) return {0, false};
-    const auto flag = static_cast<std::uint8_t>(frame.key.insert);
-    return {RowAt(frames, Alloc_CAN29_Slot(frames, frame.id, flag)), false};
+    if (!frame.key.insert) return {0, false};
+    return {RowAt(frames, Alloc_CAN29_Slot(frames, frame.id, *frame.key.insert)), false};
   }
 
  private:

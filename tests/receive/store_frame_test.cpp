@@ -4,6 +4,7 @@
 
 #include <array>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -16,8 +17,8 @@ using Bytes = std::array<std::uint8_t, 8>;
 constexpr double kWrap = 60000.0;
 constexpr KeyFlags kStandardKey = {.match = 0, .insert = 0, .can_Flag = 0};
 constexpr KeyFlags kExtendedKey = {.match = 1, .insert = 1, .can_Flag = 1};
-constexpr KeyFlags kRemoteKey = {.match = KeyFlags::kNone, .insert = 0, .can_Flag = 0};
-constexpr KeyFlags kNoKey = {.match = KeyFlags::kNone, .insert = KeyFlags::kNone, .can_Flag = 1};
+constexpr KeyFlags kRemoteKey = {.match = std::nullopt, .insert = 0, .can_Flag = 0};
+constexpr KeyFlags kNoKey = {.match = std::nullopt, .insert = std::nullopt, .can_Flag = 1};
 
 template <typename Table>
 class StoreFrames : public testing::Test {

@@ -1,13 +1,12 @@
 #include "config/dialogs/formoption1.h"
 
 #include "config/dialogs/number_input.h"
+#include "receive/adapters/id_limits.h"
 #include "run/number_text.h"
 
 namespace tolvane {
 
 namespace {
-
-constexpr std::int64_t kMaxExtendedID = 0x1FFFFFFF;
 
 bool IsID(std::int64_t value) { return value >= 0 && value <= kMaxExtendedID; }
 

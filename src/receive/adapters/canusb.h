@@ -17,26 +17,26 @@ class CANUSB {
   std::int32_t CAN_MAX_EXTENDED_ID = 536870911;
 
   // Timing register pairs of the adapter, an alternative to the rate texts.
-  String CAN_BAUD_BTR_1M = u"0x00:0x14";
-  String CAN_BAUD_BTR_500K = u"0x00:1C";
-  String CAN_BAUD_BTR_250K = u"0x01:0x1C";
-  String CAN_BAUD_BTR_125K = u"0x3:0x1C";
-  String CAN_BAUD_BTR_100K = u"0x43:0x2F";
-  String CAN_BAUD_BTR_50K = u"0x47:0x2F";
-  String CAN_BAUD_BTR_20K = u"0x53:0x2F";
-  String CAN_BAUD_BTR_10K = u"0x67:0x2F";
-  String CAN_BAUD_BTR_5K = u"0x7F:0x7F";
+  StringView CAN_BAUD_BTR_1M = u"0x00:0x14";
+  StringView CAN_BAUD_BTR_500K = u"0x00:1C";
+  StringView CAN_BAUD_BTR_250K = u"0x01:0x1C";
+  StringView CAN_BAUD_BTR_125K = u"0x3:0x1C";
+  StringView CAN_BAUD_BTR_100K = u"0x43:0x2F";
+  StringView CAN_BAUD_BTR_50K = u"0x47:0x2F";
+  StringView CAN_BAUD_BTR_20K = u"0x53:0x2F";
+  StringView CAN_BAUD_BTR_10K = u"0x67:0x2F";
+  StringView CAN_BAUD_BTR_5K = u"0x7F:0x7F";
 
   // Rate texts, kbit/s.
-  String CAN_BAUD_1M = u"1000";
-  String CAN_BAUD_800K = u"800";
-  String CAN_BAUD_500K = u"500";  // also the rate of the version query
-  String CAN_BAUD_250K = u"250";
-  String CAN_BAUD_125K = u"125";
-  String CAN_BAUD_100K = u"100";
-  String CAN_BAUD_50K = u"50";
-  String CAN_BAUD_20K = u"20";
-  String CAN_BAUD_10K = u"10";
+  StringView CAN_BAUD_1M = u"1000";
+  StringView CAN_BAUD_800K = u"800";
+  StringView CAN_BAUD_500K = u"500";  // also the rate of the version query
+  StringView CAN_BAUD_250K = u"250";
+  StringView CAN_BAUD_125K = u"125";
+  StringView CAN_BAUD_100K = u"100";
+  StringView CAN_BAUD_50K = u"50";
+  StringView CAN_BAUD_20K = u"20";
+  StringView CAN_BAUD_10K = u"10";
 
   std::int32_t CANSTATUS_RECEIVE_FIFO_FULL = 1;
   std::int32_t CANSTATUS_TRANSMIT_FIFO_FULL = 2;

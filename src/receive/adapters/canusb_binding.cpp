@@ -3,6 +3,11 @@
 #include "receive/adapters/narrow_text.h"
 
 namespace tolvane {
+namespace {
+
+constexpr int kExtended = CANUSB{}.CANMSG_EXTENDED;
+
+}  // namespace
 
 bool CanusbBinding::TakeRate(std::int32_t t_bitRate) {
   const StringView rates[] = {CAN_u_.CAN_BAUD_1M,   CAN_u_.CAN_BAUD_800K, CAN_u_.CAN_BAUD_500K,
@@ -13,18 +18,18 @@ bool CanusbBinding::TakeRate(std::int32_t t_bitRate) {
   return true;
 }
 
-bool CanusbBinding::Open(const ELM327_Info&) {
+bool CanusbBinding::Open() {
   CAN_d_.CAN_USB_Handle = canusbdrv_.canusb_Open(
       NarrowText(CAN_d_.CAN_USB_SelectSerial), rate_, CAN_u_.CANUSB_ACCEPTANCE_CODE_ALL,
       CAN_u_.CANUSB_ACCEPTANCE_MASK_ALL, CAN_u_.CANUSB_FLAG_TIMESTAMP);
   return CAN_d_.CAN_USB_Handle > 0;
 }
 
-ReceivedFrame* CanusbBinding::Read() {
+const ReceivedFrame* CanusbBinding::Read() {
   if (canusbdrv_.canusb_Read(CAN_d_.CAN_USB_Handle, record_) <= 0) return nullptr;
   frame_.id = record_.id;
   frame_.can_DLC = record_.len;
-  frame_.flag = record_.flags;
+  frame_.plain_standard = record_.flags == 0;
   frame_.device_time = record_.timestamp;
   frame_.key = KeyFlagsOf(record_.flags);
   return &frame_;
@@ -36,11 +41,13 @@ std::int32_t CanusbBinding::Close() {
 }
 
 KeyFlags CanusbBinding::KeyFlagsOf(std::uint8_t flags) {
-  const std::int32_t whole = flags >> 7;
-  const std::int32_t rounded = (flags + 63 + whole) >> 7;  // half of 128, less one where even
-  return {.match = (flags & 127) == 0 ? whole : KeyFlags::kNone,
-          .insert = rounded,
-          .can_Flag = rounded};
+  const int whole = flags / kExtended;
+  // Half of the divisor is added, and one less where the quotient is even.
+  const int rounded = (flags + kExtended / 2 - 1 + whole) / kExtended;
+  KeyFlags key = {
+      .match = {}, .insert = static_cast<std::uint8_t>(rounded), .can_Flag = rounded};
+  if (flags % kExtended == 0) key.match = static_cast<std::uint8_t>(whole);
+  return key;
 }
 
 }  // namespace tolvane

@@ -17,10 +17,10 @@ class CanusbBinding final : public Binding {
       : canusbdrv_(canusbdrv), CAN_u_(CAN_u), CAN_d_(CAN_d) {}
 
   [[nodiscard]] bool TakeRate(std::int32_t t_bitRate) override;
-  [[nodiscard]] bool Open(const ELM327_Info& device) override;
+  [[nodiscard]] bool Open() override;
   void Configure(const ELM327_Info&) override {}
   void GoOnBus() override {}
-  [[nodiscard]] ReceivedFrame* Read() override;
+  [[nodiscard]] const ReceivedFrame* Read() override;
   std::int32_t Close() override;
 
   /// Flags 0 and 128 match the keys stored as 0 and 1, any others match none, so that a remote

@@ -1,6 +1,7 @@
 #include "receive/adapters/interface_binding.h"
 
 #include "receive/adapters/handle_text.h"
+#include "receive/adapters/id_limits.h"
 
 namespace tolvane {
 namespace {
@@ -35,7 +36,7 @@ bool InterfaceBinding::TakeRate(std::int32_t t_bitRate) {
   }
 }
 
-bool InterfaceBinding::Open(const ELM327_Info&) {
+bool InterfaceBinding::Open() {
   const std::int32_t handle = IFCan_.CanOpenPort(PortName(IfCan_d_.Interface_CAN_SelectNo));
   IfCan_d_.Interface_CAN_Handle = HandleText(handle);
   if (IFCan_.CanGetConfig(Handle(), config_) != IfCan_u_.IFCAN_ERROR_SUCCESS) {
@@ -54,17 +55,16 @@ void InterfaceBinding::Configure(const ELM327_Info& device) {
 
 void InterfaceBinding::GoOnBus() { IFCan_.CanActivate(Handle()); }
 
-ReceivedFrame* InterfaceBinding::Read() {
+const ReceivedFrame* InterfaceBinding::Read() {
   std::int32_t count = 1;
   if (IFCan_.CanReceiveMessage(Handle(), record_, count) != IfCan_u_.IFCAN_ERROR_SUCCESS) {
     return nullptr;
   }
-  const bool extended = (record_.id & IfCan_u_.CAN_EXT_FRAME) != 0;
-  frame_.id = record_.id;
+  frame_.id = record_.id & kMaxExtendedID;
   frame_.can_DLC = record_.dlc;
-  frame_.flag = extended;
+  frame_.plain_standard = frame_.id == record_.id;  // no other bit of the ID word is set
   frame_.device_time = record_.timestamp / kTimestampsPerMillisecond;
-  frame_.key = KeyFlagsOf(extended);
+  frame_.key = KeyFlagsOf((record_.id & IfCan_u_.CAN_EXT_FRAME) != 0);
   return &frame_;
 }
 
@@ -73,7 +73,10 @@ std::int32_t InterfaceBinding::Close() {
   return IFCan_.CanClosePort(Handle());
 }
 
-KeyFlags InterfaceBinding::KeyFlagsOf(bool extended) { return {extended, extended, extended}; }
+KeyFlags InterfaceBinding::KeyFlagsOf(bool extended) {
+  const std::uint8_t flag = extended ? 1 : 0;
+  return {.match = flag, .insert = flag, .can_Flag = flag};
+}
 
 std::int32_t InterfaceBinding::Handle() const {
   return HandleNumber(IfCan_d_.Interface_CAN_Handle);

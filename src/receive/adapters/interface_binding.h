@@ -19,10 +19,10 @@ class InterfaceBinding final : public Binding {
 
   [[nodiscard]] bool TakeRate(std::int32_t t_bitRate) override;
   /// A port whose configuration cannot be read is closed again; the handle is then -1.
-  [[nodiscard]] bool Open(const ELM327_Info& device) override;
+  [[nodiscard]] bool Open() override;
   void Configure(const ELM327_Info& device) override;
   void GoOnBus() override;
-  [[nodiscard]] ReceivedFrame* Read() override;
+  [[nodiscard]] const ReceivedFrame* Read() override;
   /// Also called after a failed open, with handle -1.
   std::int32_t Close() override;
 

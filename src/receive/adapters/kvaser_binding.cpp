@@ -32,7 +32,7 @@ bool KvaserBinding::TakeRate(std::int32_t t_bitRate) {
   }
 }
 
-bool KvaserBinding::Open(const ELM327_Info&) {
+bool KvaserBinding::Open() {
   const auto selected = static_cast<std::int16_t>(kvCan_d_.KvCAN_SelectNo - 1);
   const std::int32_t handle = canlib32_.canOpenChannel(kvCan_d_.Kvaser_DevChannel(selected),
                                                        kvCan_u_.canOPEN_REQUIRE_INIT_ACCESS);
@@ -54,11 +54,12 @@ void KvaserBinding::SetDriver(std::int32_t driver_type) {
 
 void KvaserBinding::GoOnBus() { canlib32_.canBusOn(Handle()); }
 
-ReceivedFrame* KvaserBinding::Read() {
+const ReceivedFrame* KvaserBinding::Read() {
   const std::int32_t ret =
-      canlib32_.canRead(Handle(), frame_.id, msg_, frame_.can_DLC, frame_.flag, frame_.device_time);
+      canlib32_.canRead(Handle(), frame_.id, msg_, frame_.can_DLC, flag_, frame_.device_time);
   if (ret < kvCan_u_.canOK) return nullptr;
-  frame_.key = KeyFlagsOf(kvCan_u_, frame_.flag);
+  frame_.plain_standard = flag_ == kvCan_u_.canMSG_STD;
+  frame_.key = KeyFlagsOf(kvCan_u_, flag_);
   return &frame_;
 }
 
@@ -71,7 +72,7 @@ std::int32_t KvaserBinding::Close() {
 KeyFlags KvaserBinding::KeyFlagsOf(const KvaserCAN& kvCan_u, std::int32_t flag) {
   if (flag == kvCan_u.canMSG_STD) return {.match = 0, .insert = 0, .can_Flag = 0};
   if (flag == kvCan_u.canMSG_EXT) return {.match = 1, .insert = 1, .can_Flag = 1};
-  return {.match = KeyFlags::kNone, .insert = KeyFlags::kNone, .can_Flag = 1};
+  return {.match = {}, .insert = {}, .can_Flag = 1};
 }
 
 std::int32_t KvaserBinding::Handle() const { return HandleNumber(kvCan_d_.KvCAN_Handle); }

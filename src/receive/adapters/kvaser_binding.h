@@ -16,10 +16,10 @@ class KvaserBinding final : public Binding {
       : canlib32_(canlib32), kvCan_u_(kvCan_u), kvCan_d_(kvCan_d) {}
 
   [[nodiscard]] bool TakeRate(std::int32_t t_bitRate) override;
-  [[nodiscard]] bool Open(const ELM327_Info& device) override;
+  [[nodiscard]] bool Open() override;
   void Configure(const ELM327_Info& device) override;
   void GoOnBus() override;
-  [[nodiscard]] ReceivedFrame* Read() override;
+  [[nodiscard]] const ReceivedFrame* Read() override;
   std::int32_t Close() override;
 
   /// A flag that is exactly canMSG_STD or canMSG_EXT matches the keys stored as 0 or 1 and makes
@@ -36,6 +36,7 @@ class KvaserBinding final : public Binding {
   CAN_DB_Kvaser& kvCan_d_;
   std::int32_t rate_ = 0;
   std::array<std::uint8_t, 8> msg_ = {};
+  std::int32_t flag_ = 0;
   ReceivedFrame frame_ = {.can_DATA = msg_};
 };
 

@@ -27,7 +27,7 @@ TEST_F(CanusbTest, OpensWithTheRateTextOfEachBitRate) {
   CAN_d_.CAN_USB_SelectSerial = u"LWR12345";
   for (const auto& [t_bitRate, rate] : kRates) {
     EXPECT_TRUE(binding_.TakeRate(t_bitRate)) << t_bitRate;
-    EXPECT_TRUE(binding_.Open(device_));
+    EXPECT_TRUE(binding_.Open());
     EXPECT_EQ(journal_.Take(), Calls{"canusb_Open(\"LWR12345\", \"" + rate + "\", 0, -1, 1)"});
   }
 }
@@ -35,18 +35,18 @@ TEST_F(CanusbTest, OpensWithTheRateTextOfEachBitRate) {
 TEST_F(CanusbTest, AnUnknownRateAfterAKnownOneIsEmptyAgain) {
   EXPECT_TRUE(binding_.TakeRate(2));
   EXPECT_TRUE(binding_.TakeRate(99));
-  EXPECT_TRUE(binding_.Open(device_));
+  EXPECT_TRUE(binding_.Open());
   EXPECT_EQ(journal_.Take(), Calls{"canusb_Open(\"\", \"\", 0, -1, 1)"});
 }
 
 TEST_F(CanusbTest, HandleOfZeroOrLessIsAFailure) {
   for (const std::int32_t handle : {0, -2, INT32_MIN}) {
     canusbdrv_.open_result = handle;
-    EXPECT_FALSE(binding_.Open(device_)) << handle;
+    EXPECT_FALSE(binding_.Open()) << handle;
     EXPECT_EQ(CAN_d_.CAN_USB_Handle, handle);
   }
   canusbdrv_.open_result = 17;
-  EXPECT_TRUE(binding_.Open(device_));
+  EXPECT_TRUE(binding_.Open());
   EXPECT_EQ(CAN_d_.CAN_USB_Handle, 17);
 }
 
@@ -65,7 +65,7 @@ TEST_F(CanusbTest, ReadsOneRecordWithTheHandleOfTheRecord) {
   ASSERT_NE(frame, nullptr);
   EXPECT_EQ(frame->id, -7);
   EXPECT_EQ(frame->device_time, 59999);
-  EXPECT_EQ(frame->flag, 128);
+  EXPECT_FALSE(frame->plain_standard);
   EXPECT_EQ(frame->can_DLC, 255);
   EXPECT_TRUE(std::equal(kFrameBytes.begin(), kFrameBytes.end(), frame->can_DATA.begin()));
   EXPECT_EQ(binding_.Read(), nullptr);
@@ -97,9 +97,9 @@ TEST(CanusbKeyFlags, AreFlagsOver128RoundedHalvesToEven) {
   const struct {
     std::int32_t flags;
     KeyFlags key;
-  } kCases[] = {{0, {0, 0, 0}},    {1, {-1, 0, 0}},   {63, {-1, 0, 0}},  {64, {-1, 0, 0}},
-                {65, {-1, 1, 1}},  {127, {-1, 1, 1}}, {128, {1, 1, 1}},  {129, {-1, 1, 1}},
-                {191, {-1, 1, 1}}, {192, {-1, 2, 2}}, {193, {-1, 2, 2}}, {255, {-1, 2, 2}}};
+  } kCases[] = {{0, {0, 0, 0}},    {1, {{}, 0, 0}},   {63, {{}, 0, 0}},  {64, {{}, 0, 0}},
+                {65, {{}, 1, 1}},  {127, {{}, 1, 1}}, {128, {1, 1, 1}},  {129, {{}, 1, 1}},
+                {191, {{}, 1, 1}}, {192, {{}, 2, 2}}, {193, {{}, 2, 2}}, {255, {{}, 2, 2}}};
   for (const auto& row : kCases) {
     EXPECT_EQ(CanusbBinding::KeyFlagsOf(static_cast<std::uint8_t>(row.flags)), row.key)
         << row.flags;

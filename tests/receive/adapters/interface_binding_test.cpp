@@ -31,7 +31,7 @@ TEST_F(InterfaceTest, WritesTheRateCodeOfEachBitRateItHas) {
                                                       {4, "2358"}, {5, "7459"}, {8, "1338"}};
   for (const auto& [t_bitRate, code] : kCodes) {
     EXPECT_TRUE(binding_.TakeRate(t_bitRate));
-    EXPECT_TRUE(binding_.Open(device_));
+    EXPECT_TRUE(binding_.Open());
     binding_.Configure(device_);
     EXPECT_EQ(journal_.Take(), (Calls{"CanOpenPort(\"IFCAN1\")", "CanGetConfig(101)",
                                       "CanSetConfig(101, 0, 11, 12, 13, 14, 15, " + code + ")"}));
@@ -45,7 +45,7 @@ TEST_F(InterfaceTest, SilentModeChoosesTheModeWord) {
   EXPECT_TRUE(binding_.TakeRate(2));
   for (const auto& [t_silent_mode, mode] : kModes) {
     device_.t_silent_mode = t_silent_mode;
-    EXPECT_TRUE(binding_.Open(device_));
+    EXPECT_TRUE(binding_.Open());
     journal_.Clear();
     binding_.Configure(device_);
     EXPECT_EQ(journal_.Take(), Calls{"CanSetConfig(101, " + mode + ", 11, 12, 13, 14, 15, 295)"});
@@ -55,7 +55,7 @@ TEST_F(InterfaceTest, SilentModeChoosesTheModeWord) {
 TEST_F(InterfaceTest, OpensThePlaceInTheFoundListNotThePortsOwnNumber) {
   IfCan_d_.Interface_CAN_FindNo(2, 12);
   IfCan_d_.Interface_CAN_SelectNo = 2;
-  EXPECT_FALSE(binding_.Open(device_));
+  EXPECT_FALSE(binding_.Open());
   EXPECT_EQ(journal_.Take(),
             (Calls{"CanOpenPort(\"IFCAN2\")", "CanGetConfig(-1)", "CanClosePort(-1)"}));
   EXPECT_EQ(IfCan_d_.Interface_CAN_Handle, u"-1");
@@ -63,7 +63,7 @@ TEST_F(InterfaceTest, OpensThePlaceInTheFoundListNotThePortsOwnNumber) {
 
 TEST_F(InterfaceTest, PortWhoseConfigurationIsRefusedIsClosedAndForgotten) {
   IFCan_.get_config_status = 1;
-  EXPECT_FALSE(binding_.Open(device_));
+  EXPECT_FALSE(binding_.Open());
   EXPECT_EQ(IfCan_d_.Interface_CAN_Handle, u"-1");
   EXPECT_EQ(journal_.Take(),
             (Calls{"CanOpenPort(\"IFCAN1\")", "CanGetConfig(101)", "CanClosePort(101)"}));
@@ -75,12 +75,12 @@ TEST_F(InterfaceTest, PortWhoseConfigurationIsRefusedIsClosedAndForgotten) {
 TEST_F(InterfaceTest, HandleOfMinusOneIsAFailureThoughTheConfigurationWasRead) {
   IFCan_.ports = {{.number = -1 - IFCan_.kHandleBase}};
   IfCan_d_.Interface_CAN_SelectNo = -1 - IFCan_.kHandleBase;
-  EXPECT_FALSE(binding_.Open(device_));
+  EXPECT_FALSE(binding_.Open());
   EXPECT_EQ(journal_.Take(), (Calls{"CanOpenPort(\"IFCAN-101\")", "CanGetConfig(-1)"}));
 }
 
 TEST_F(InterfaceTest, HandleIsKeptAsDecimalText) {
-  EXPECT_TRUE(binding_.Open(device_));
+  EXPECT_TRUE(binding_.Open());
   EXPECT_EQ(IfCan_d_.Interface_CAN_Handle, u"101");
   journal_.Clear();
   IfCan_d_.Interface_CAN_Handle = u"42";
@@ -89,21 +89,21 @@ TEST_F(InterfaceTest, HandleIsKeptAsDecimalText) {
 }
 
 TEST_F(InterfaceTest, CloseGivesTheLibrarysStatus) {
-  EXPECT_TRUE(binding_.Open(device_));
+  EXPECT_TRUE(binding_.Open());
   IFCan_.close_status = 77;
   EXPECT_EQ(binding_.Close(), 77);
 }
 
 TEST_F(InterfaceTest, ReadsOneRecordWithACountOfOne) {
-  EXPECT_TRUE(binding_.Open(device_));
+  EXPECT_TRUE(binding_.Open());
   journal_.Clear();
   IFCan_.note_reads = true;
   IFCan_.frames.Play({{0x1208, 99, INT32_MIN | 0x123, kFrameBytes, 2'345'999}});
   const ReceivedFrame* frame = binding_.Read();
   ASSERT_NE(frame, nullptr);
-  EXPECT_EQ(frame->id, INT32_MIN | 0x123);
+  EXPECT_EQ(frame->id, 0x123);
   EXPECT_EQ(frame->can_DLC, 0x1208);
-  EXPECT_EQ(frame->flag, 1);
+  EXPECT_FALSE(frame->plain_standard);
   EXPECT_EQ(frame->device_time, 2345);
   EXPECT_EQ(frame->key, (KeyFlags{1, 1, 1}));
   EXPECT_TRUE(std::equal(kFrameBytes.begin(), kFrameBytes.end(), frame->can_DATA.begin()));
@@ -119,7 +119,7 @@ TEST_F(InterfaceTest, TimestampIsDividedTowardsZero) {
     const ReceivedFrame* frame = binding_.Read();
     ASSERT_NE(frame, nullptr);
     EXPECT_EQ(frame->device_time, milliseconds) << timestamp;
-    EXPECT_EQ(frame->flag, 0);
+    EXPECT_TRUE(frame->plain_standard);
     EXPECT_EQ(frame->key, (KeyFlags{0, 0, 0}));
   }
 }
