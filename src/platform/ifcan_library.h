@@ -43,13 +43,15 @@ static_assert(sizeof(IfcanMessage) == 24 && offsetof(IfcanMessage, id) == 8 &&
               offsetof(IfcanMessage, data) == 12 && offsetof(IfcanMessage, timestamp) == 20);
 
 /// IFCan.dll, reached by its exported names. Statuses are 0 for success, else the codes of
-/// InterfaceCAN::Get_Status_Message. A library that cannot be used opens no port (-1). Nothing
-/// here pumps messages or blocks.
+/// InterfaceCAN::Get_Status_Message. A library that cannot be used opens no port. Nothing here
+/// pumps messages or blocks.
 class IfcanLibrary {
  public:
+  static constexpr std::int32_t kNoPort = -1;
+
   virtual ~IfcanLibrary() = default;
 
-  /// A port handle, or -1 when there is no such port.
+  /// A port handle, or kNoPort when there is no such port.
   virtual std::int32_t CanOpenPort(const std::string& name) = 0;
   virtual std::int32_t CanClosePort(std::int32_t handle) = 0;
   virtual std::int32_t CanGetConfig(std::int32_t handle, IfcanConfig& config) = 0;

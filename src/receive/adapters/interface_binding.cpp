@@ -6,7 +6,7 @@
 namespace tolvane {
 namespace {
 
-constexpr std::int32_t kNoHandle = -1;
+constexpr std::int32_t kNoPort = platform::IfcanLibrary::kNoPort;
 constexpr std::int32_t kTimestampsPerMillisecond = 1000;
 
 }  // namespace
@@ -41,9 +41,9 @@ bool InterfaceBinding::Open() {
   IfCan_d_.Interface_CAN_Handle = HandleText(handle);
   if (IFCan_.CanGetConfig(Handle(), config_) != IfCan_u_.IFCAN_ERROR_SUCCESS) {
     IFCan_.CanClosePort(Handle());
-    IfCan_d_.Interface_CAN_Handle = HandleText(kNoHandle);
+    IfCan_d_.Interface_CAN_Handle = HandleText(kNoPort);
   }
-  return Handle() != kNoHandle;
+  return Handle() != kNoPort;
 }
 
 void InterfaceBinding::Configure(const ELM327_Info& device) {

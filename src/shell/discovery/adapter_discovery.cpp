@@ -66,7 +66,7 @@ void Find_Interface_Ports(const platform::Platform& platform, const InterfaceCAN
                           CAN_DB_Interface& IfCan_d) {
   for (std::int32_t n = 1; n <= kLastInterfacePort; ++n) {
     const std::int32_t handle = platform.IFCan.CanOpenPort(PortName(n));
-    if (handle != -1) {
+    if (handle != platform::IfcanLibrary::kNoPort) {
       const auto count = static_cast<std::int16_t>(++IfCan_d.Interface_CAN_FindCount);
       IfCan_d.Interface_CAN_FindNo(count, n);
       platform::IfcanPortInformation information{};

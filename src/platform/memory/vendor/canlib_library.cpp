@@ -7,8 +7,7 @@
 namespace tolvane::platform::memory {
 namespace {
 
-constexpr std::int32_t kParam = -1;     // canERR_PARAM
-constexpr std::int32_t kNotFound = -3;  // canERR_NOTFOUND
+constexpr KvaserCAN kvCan_u{};
 
 }  // namespace
 
@@ -33,7 +32,7 @@ std::int32_t CanlibLibrary::canGetChannelData(std::int32_t channel, std::int32_t
   journal_.Note(
       CallText("canGetChannelData", {channel, item, static_cast<std::int64_t>(buffer.size())}));
   const auto data = channel_data.find({channel, item});
-  if (data == channel_data.end()) return kParam;
+  if (data == channel_data.end()) return kvCan_u.canERR_PARAM;
   const std::size_t size = std::min(data->second.size(), buffer.size());
   if (Writes(data_result)) std::copy_n(data->second.begin(), size, buffer.begin());
   return data_result;
@@ -41,7 +40,8 @@ std::int32_t CanlibLibrary::canGetChannelData(std::int32_t channel, std::int32_t
 
 std::int32_t CanlibLibrary::canOpenChannel(std::int32_t channel, std::int32_t flags) {
   journal_.Note(CallText("canOpenChannel", {channel, flags}));
-  if (channel < 0 || static_cast<std::size_t>(channel) >= channels.size()) return kNotFound;
+  if (channel < 0 || static_cast<std::size_t>(channel) >= channels.size())
+    return kvCan_u.canERR_NOTFOUND;
   return channels[static_cast<std::size_t>(channel)];
 }
 

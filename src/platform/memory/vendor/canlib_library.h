@@ -11,6 +11,7 @@
 #include "platform/canlib_library.h"
 #include "platform/memory/system/journal.h"
 #include "platform/memory/vendor/frame_script.h"
+#include "receive/adapters/kvasercan.h"
 
 namespace tolvane::platform::memory {
 
@@ -51,7 +52,7 @@ class CanlibLibrary final : public platform::CanlibLibrary {
   std::int32_t call_result = 0;  // of the calls whose result nobody looks at
   std::map<std::string, std::int32_t> call_results;  // of some of them, by name
   std::int32_t read_result = 0;                      // of a read that delivers a frame
-  std::int32_t empty_read_result = -2;               // canERR_NOMSG
+  std::int32_t empty_read_result = KvaserCAN{}.canERR_NOMSG;
   FrameScript<CanlibFrame> frames;
   bool note_reads = false;
   bool only_bytes_of_length = false;  // a read leaves the other data bytes as they are

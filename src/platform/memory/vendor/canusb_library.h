@@ -6,6 +6,7 @@
 #include "platform/canusb_library.h"
 #include "platform/memory/system/journal.h"
 #include "platform/memory/vendor/frame_script.h"
+#include "receive/adapters/canusb.h"
 
 namespace tolvane::platform::memory {
 
@@ -30,8 +31,8 @@ class CanusbLibrary final : public platform::CanusbLibrary {
   std::int32_t open_result = 1;      // the handle
   std::int32_t version_result = 1;
   std::string version = "V1011";
-  std::int32_t read_result = 1;         // of a read that delivers a frame
-  std::int32_t empty_read_result = -7;  // ERROR_CANUSB_NO_MESSAGE
+  std::int32_t read_result = 1;  // of a read that delivers a frame
+  std::int32_t empty_read_result = CANUSB{}.ERROR_CANUSB_NO_MESSAGE;
   FrameScript<CanusbMessage> frames;
   bool note_reads = false;
   bool only_bytes_of_length = false;  // a read leaves the other data bytes as they are

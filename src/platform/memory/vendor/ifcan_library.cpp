@@ -7,8 +7,7 @@
 namespace tolvane::platform::memory {
 namespace {
 
-constexpr std::int32_t kNoPort = -1;
-constexpr std::int32_t kInvalidHandle = INT32_MIN + 0x4000000A;  // IFCAN_ERROR_INVALID_HANDLE
+constexpr std::int32_t kInvalidHandle = InterfaceCAN{}.IFCAN_ERROR_INVALID_HANDLE;
 
 }  // namespace
 

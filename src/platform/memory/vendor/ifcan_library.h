@@ -7,6 +7,7 @@
 #include "platform/ifcan_library.h"
 #include "platform/memory/system/journal.h"
 #include "platform/memory/vendor/frame_script.h"
+#include "receive/adapters/interfacecan.h"
 
 namespace tolvane::platform::memory {
 
@@ -43,7 +44,7 @@ class IfcanLibrary final : public platform::IfcanLibrary {
   std::int32_t activate_status = 0;
   std::int32_t deactivate_status = 0;
   std::int32_t close_status = 0;
-  std::int32_t empty_read_status = INT32_MIN + 0x40000008;  // IFCAN_ERROR_BUFFER_IS_EMPTY
+  std::int32_t empty_read_status = InterfaceCAN{}.IFCAN_ERROR_BUFFER_IS_EMPTY;
   FrameScript<IfcanMessage> frames;
   bool note_reads = false;
   bool only_bytes_of_length = false;  // a read leaves the other data bytes as they are

@@ -1,11 +1,11 @@
 #include "platform/windows/vendor/vendor_libraries.h"
+#include "receive/adapters/interfacecan.h"
 
 namespace tolvane::platform::windows {
 namespace {
 
-constexpr std::int32_t kNoPort = -1;
-// The library's own "invalid handle" answer: without the library no handle is valid.
-constexpr auto kInvalidHandle = static_cast<std::int32_t>(0xC000000AU);
+// Without the library no handle is valid.
+constexpr std::int32_t kInvalidHandle = InterfaceCAN{}.IFCAN_ERROR_INVALID_HANDLE;
 
 }  // namespace
 
