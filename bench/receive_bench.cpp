@@ -17,7 +17,7 @@ namespace {
 constexpr std::int64_t kFramesPerRun = 4'000'000;
 constexpr std::int32_t kIdStep29 = 131'071;  // spreads the keys over the whole 29 bits
 
-void PlayRuns(benchmark::State& state, RunBench& bench, BindingKind binding, WorkerKind worker) {
+void PlayRuns(benchmark::State& state, RunBench& bench, AdapterKind binding, WorkerKind worker) {
   const auto ids = static_cast<std::int32_t>(state.range(0));
   const bool is29 = Is29Bit(worker);
   std::vector<BusFrame> frames;
@@ -36,7 +36,7 @@ void PlayRuns(benchmark::State& state, RunBench& bench, BindingKind binding, Wor
   state.SetItemsProcessed(state.iterations() * times * ids);
 }
 
-void Receive(benchmark::State& state, BindingKind binding, WorkerKind worker,
+void Receive(benchmark::State& state, AdapterKind binding, WorkerKind worker,
              std::int32_t t_Timer_Mode) {
   RunBench bench;
   bench.device.t_Timer_Mode = t_Timer_Mode;
@@ -70,37 +70,37 @@ class NoFiles final : public platform::FileServices {
   };
 };
 
-void ReceiveAndLog(benchmark::State& state, BindingKind binding, WorkerKind worker) {
+void ReceiveAndLog(benchmark::State& state, AdapterKind binding, WorkerKind worker) {
   NoFiles files;
   RunBench bench(&files);
   bench.LogToCsv();
   PlayRuns(state, bench, binding, worker);
 }
 
-BENCHMARK_CAPTURE(Receive, canusb_11bit, BindingKind::kCanusb, WorkerKind::FormBG, 0)
+BENCHMARK_CAPTURE(Receive, canusb_11bit, AdapterKind::kCanusb, WorkerKind::FormBG, 0)
     ->Arg(1)
     ->Arg(60)
     ->Arg(2047);
-BENCHMARK_CAPTURE(Receive, canusb_11bit_exclusion, BindingKind::kCanusb, WorkerKind::FormBG2, 0)
+BENCHMARK_CAPTURE(Receive, canusb_11bit_exclusion, AdapterKind::kCanusb, WorkerKind::FormBG2, 0)
     ->Arg(2047);
-BENCHMARK_CAPTURE(Receive, canusb_11bit_pc_clock, BindingKind::kCanusb, WorkerKind::FormBG, 1)
+BENCHMARK_CAPTURE(Receive, canusb_11bit_pc_clock, AdapterKind::kCanusb, WorkerKind::FormBG, 1)
     ->Arg(2047);
-BENCHMARK_CAPTURE(Receive, canusb_29bit, BindingKind::kCanusb, WorkerKind::FormBG_29, 0)
+BENCHMARK_CAPTURE(Receive, canusb_29bit, AdapterKind::kCanusb, WorkerKind::FormBG_29, 0)
     ->Arg(1)
     ->Arg(60)
     ->Arg(2047)
     ->Arg(4001);
-BENCHMARK_CAPTURE(Receive, interface_11bit, BindingKind::kInterface, WorkerKind::FormBG, 0)
+BENCHMARK_CAPTURE(Receive, interface_11bit, AdapterKind::kInterface, WorkerKind::FormBG, 0)
     ->Arg(2047);
-BENCHMARK_CAPTURE(Receive, interface_29bit, BindingKind::kInterface, WorkerKind::FormBG_29, 0)
+BENCHMARK_CAPTURE(Receive, interface_29bit, AdapterKind::kInterface, WorkerKind::FormBG_29, 0)
     ->Arg(4001);
-BENCHMARK_CAPTURE(Receive, kvaser_11bit, BindingKind::kKvaser, WorkerKind::FormBG, 0)->Arg(2047);
-BENCHMARK_CAPTURE(Receive, kvaser_29bit, BindingKind::kKvaser, WorkerKind::FormBG_29, 0)->Arg(4001);
+BENCHMARK_CAPTURE(Receive, kvaser_11bit, AdapterKind::kKvaser, WorkerKind::FormBG, 0)->Arg(2047);
+BENCHMARK_CAPTURE(Receive, kvaser_29bit, AdapterKind::kKvaser, WorkerKind::FormBG_29, 0)->Arg(4001);
 
-BENCHMARK_CAPTURE(ReceiveAndLog, canusb_11bit, BindingKind::kCanusb, WorkerKind::FormBG)
+BENCHMARK_CAPTURE(ReceiveAndLog, canusb_11bit, AdapterKind::kCanusb, WorkerKind::FormBG)
     ->Arg(60)
     ->Arg(2047);
-BENCHMARK_CAPTURE(ReceiveAndLog, canusb_29bit, BindingKind::kCanusb, WorkerKind::FormBG_29)
+BENCHMARK_CAPTURE(ReceiveAndLog, canusb_29bit, AdapterKind::kCanusb, WorkerKind::FormBG_29)
     ->Arg(60)
     ->Arg(4001);
 

@@ -5,12 +5,10 @@
 
 #include "platform/string.h"
 #include "receive/adapters/id_limits.h"
-#include "run/elm327_info.h"
+#include "run/adapter_kind.h"
 #include "run/worker_kind.h"
 
 namespace tolvane {
-
-enum class BindingKind : std::uint8_t { kCanusb, kInterface, kKvaser };
 
 /// What t_MsgFmtTyp does to a frame: 0 lets every frame through, 1 what is named here, any other
 /// value none. Only the exclusion workers on an Interface board look at it.
@@ -34,15 +32,13 @@ constexpr std::int32_t kNoLowestId = INT32_MIN;
 
 /// What differs between the twelve ways of a run.
 struct OpenTraits {
-  // The accept test: the ID lies between the two bounds, as signed numbers, and the frame is a plain
-  // standard one where only such are taken.
+  // The accept test: the ID lies between the two bounds, as signed numbers, and the frame is a
+  // plain standard one where only such are taken.
   std::int32_t lowest_id;
   std::int32_t highest_id;
   bool plain_standard;
   FormatFilter format_filter;
   bool exclusion;  // drops frames in an exclusion range
-  std::int32_t Device_Timer_Kind;
-  double device_time_wrap;  // ms
   StartOrder start_order;
   HardwareText hardware_text;
   Configuring configuring;
@@ -71,37 +67,37 @@ constexpr auto kSCF = EndOrder::kStatusCloseFlush;
 constexpr auto kCSF = EndOrder::kCloseStatusFlush;
 constexpr auto kSFC = EndOrder::kStatusFlushClose;
 
-// One line per worker, in the order of WorkerKind; wide on purpose, to be read down the columns.
+// One line per worker, in the order of WorkerKind, to be read down the columns.
 // The Kvaser lines fail and end in three different ways, and so they must.
 // clang-format off
 constexpr OpenTraits kTable[3][4] = {
-    //  lowest highest plain  filter     excl.  kind            wrap      start    hardware  config.  failed    close  end
+    //   lowe. high.  plain  filter     excl.  start    hardware  config.  failed    close  end
     {  // CANUSB
-        {   0, kId11, true,  kNone,     false, kVenderCanusb,    60000.0, kFolder, kBoth,    kBefore, kEndsApp, false, kSCF},
-        {   0, kId11, true,  kNone,     true,  kVenderCanusb,    60000.0, kFolder, kBoth,    kBefore, kEndsApp, false, kSCF},
-        {kLow, kId29, false, kNone,     false, kVenderCanusb,    60000.0, kFolder, kBoth,    kBefore, kEndsApp, false, kSCF},
-        {kLow, kId29, false, kNone,     true,  kVenderCanusb,    60000.0, kFolder, kBoth,    kBefore, kEndsApp, false, kSCF},
+        {   0, kId11, true,  kNone,     false, kFolder, kBoth,    kBefore, kEndsApp, false, kSCF},
+        {   0, kId11, true,  kNone,     true,  kFolder, kBoth,    kBefore, kEndsApp, false, kSCF},
+        {kLow, kId29, false, kNone,     false, kFolder, kBoth,    kBefore, kEndsApp, false, kSCF},
+        {kLow, kId29, false, kNone,     true,  kFolder, kBoth,    kBefore, kEndsApp, false, kSCF},
     },
     {  // Interface
-        {   0, kId11, true,  kNone,     false, kVenderInterface, 429491.0, kTables, kVersion, kAfter, kEndsRun, true,  kSFC},
-        {   0, kId11, true,  kStandard, true,  kVenderInterface, 429491.0, kTables, kVersion, kAfter, kEndsRun, true,  kSFC},
-        {   0, kId29, false, kNone,     false, kVenderInterface, 429491.0, kTables, kVersion, kAfter, kEndsRun, true,  kSFC},
-        {   0, kId29, false, kExtended, true,  kVenderInterface, 429491.0, kTables, kVersion, kAfter, kEndsRun, true,  kSFC},
+        {   0, kId11, true,  kNone,     false, kTables, kVersion, kAfter, kEndsRun, true,  kSFC},
+        {   0, kId11, true,  kStandard, true,  kTables, kVersion, kAfter, kEndsRun, true,  kSFC},
+        {   0, kId29, false, kNone,     false, kTables, kVersion, kAfter, kEndsRun, true,  kSFC},
+        {   0, kId29, false, kExtended, true,  kTables, kVersion, kAfter, kEndsRun, true,  kSFC},
     },
     {  // Kvaser
-        {   0, kId11, true,  kNone,     false, kVenderKvaser,         0.0, kFolder, kBoth,    kBefore, kEndsRun, false, kCSF},
-        {   0, kId11, true,  kNone,     true,  kVenderKvaser,         0.0, kFolder, kBoth,    kBefore, kEndsApp, false, kSCF},
-        {   0, kId29, false, kNone,     false, kVenderKvaser,         0.0, kFolder, kBoth,    kBefore, kEndsRun, false, kCSF},
-        {   0, kId29, false, kNone,     true,  kVenderKvaser,         0.0, kFolder, kBoth,    kBefore, kEndsApp, false, kCSF},
+        {   0, kId11, true,  kNone,     false, kFolder, kBoth,    kBefore, kEndsRun, false, kCSF},
+        {   0, kId11, true,  kNone,     true,  kFolder, kBoth,    kBefore, kEndsApp, false, kSCF},
+        {   0, kId29, false, kNone,     false, kFolder, kBoth,    kBefore, kEndsRun, false, kCSF},
+        {   0, kId29, false, kNone,     true,  kFolder, kBoth,    kBefore, kEndsApp, false, kCSF},
     },
 };
 // clang-format on
 
 }  // namespace open_traits_cells
 
-/// By binding, then worker.
-[[nodiscard]] constexpr const OpenTraits& open_traits(BindingKind binding, WorkerKind worker) {
-  return open_traits_cells::kTable[static_cast<std::size_t>(binding)]
+/// By adapter, then worker.
+[[nodiscard]] constexpr const OpenTraits& open_traits(AdapterKind adapter, WorkerKind worker) {
+  return open_traits_cells::kTable[static_cast<std::size_t>(adapter)]
                                   [static_cast<std::size_t>(worker)];
 }
 

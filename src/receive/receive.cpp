@@ -2,7 +2,8 @@
 
 #include <initializer_list>
 
-#include "receive/bit_rate.h"
+#include "receive/adapters/bit_rate.h"
+#include "receive/open_traits.h"
 #include "receive/store_frame.h"
 #include "view/optfunction1.h"
 
@@ -42,9 +43,10 @@ bool PassesExclusion(std::int32_t id, const ELM327_Info& device) {
 template <typename Table>
 class Run {
  public:
-  Run(const OpenTraits& traits, Binding& binding, const RunParts& parts,
+  Run(AdapterKind adapter, WorkerKind kind, Binding& binding, const RunParts& parts,
       const WorkerParts<Table>& worker, ELM327_Info& device, platform::AutomationObject* objExcel)
-      : traits_(traits),
+      : adapter_(AdapterTraitsOf(adapter)),
+        traits_(open_traits(adapter, kind)),
         binding_(binding),
         parts_(parts),
         worker_(worker),
@@ -72,6 +74,7 @@ class Run {
   void FlushAndStopTimer();
   void Stop(StringView first_line, StringView second_line);
 
+  const AdapterTraits& adapter_;
   const OpenTraits& traits_;
   Binding& binding_;
   const RunParts& parts_;
@@ -102,7 +105,7 @@ std::int32_t Run<Table>::Execute() {
 template <typename Table>
 bool Run<Table>::Prepare() {
   if (traits_.start_order == StartOrder::kSubfolderFirst && !MakeSubfolder()) return false;
-  worker_.Device_Timer_Kind = traits_.Device_Timer_Kind;
+  worker_.Device_Timer_Kind = adapter_.vender;
   ClearTables();
   if (traits_.start_order == StartOrder::kTablesFirst && !MakeSubfolder()) return false;
   ClearLog();
@@ -198,8 +201,7 @@ void Run<Table>::ReadWhileWanted() {
       continue;
     }
     if (traits_.exclusion && !PassesExclusion(frame->id, device_)) continue;
-    StoreFrame(worker_.frames, slots_, *frame, time_, traits_.device_time_wrap, device_,
-               parts_.qxt100);
+    StoreFrame(worker_.frames, slots_, *frame, time_, adapter_.timer_wrap, device_, parts_.qxt100);
     if (device_.t_LogSave_Enable == 1) Log(*frame);
   }
 }
@@ -273,16 +275,16 @@ void Run<Table>::Stop(StringView first_line, StringView second_line) {
 }  // namespace
 
 template <typename Table>
-std::int32_t Receive(const OpenTraits& traits, Binding& binding, const RunParts& parts,
+std::int32_t Receive(AdapterKind adapter, WorkerKind kind, Binding& binding, const RunParts& parts,
                      const WorkerParts<Table>& worker, ELM327_Info& device,
                      platform::AutomationObject* objExcel) {
-  return Run<Table>(traits, binding, parts, worker, device, objExcel).Execute();
+  return Run<Table>(adapter, kind, binding, parts, worker, device, objExcel).Execute();
 }
 
-template std::int32_t Receive(const OpenTraits&, Binding&, const RunParts&,
+template std::int32_t Receive(AdapterKind, WorkerKind, Binding&, const RunParts&,
                               const WorkerParts<CAN_ReadDB>&, ELM327_Info&,
                               platform::AutomationObject*);
-template std::int32_t Receive(const OpenTraits&, Binding&, const RunParts&,
+template std::int32_t Receive(AdapterKind, WorkerKind, Binding&, const RunParts&,
                               const WorkerParts<CAN_ReadDB29>&, ELM327_Info&,
                               platform::AutomationObject*);
 

@@ -3,7 +3,6 @@
 #include "receive/adapters/canusb_binding.h"
 #include "receive/adapters/interface_binding.h"
 #include "receive/adapters/kvaser_binding.h"
-#include "receive/open_traits.h"
 #include "receive/receive.h"
 
 namespace tolvane {
@@ -29,7 +28,7 @@ template <WorkerKind kKind>
 void WorkerForm<kKind>::Open_CANUSB(platform::AutomationObject* objExcel, ELM327_Info& device,
                                     const CANUSB& CAN_u, CAN_DB& CAN_d) {
   CanusbBinding binding(parts_.canusbdrv, CAN_u, CAN_d);
-  Open(BindingKind::kCanusb, binding, device, objExcel);
+  Open(AdapterKind::kCanusb, binding, device, objExcel);
 }
 
 template <WorkerKind kKind>
@@ -37,22 +36,22 @@ std::int32_t WorkerForm<kKind>::Open_InterfaceCAN(platform::AutomationObject* ob
                                                   ELM327_Info& device, const InterfaceCAN& IfCan_u,
                                                   CAN_DB_Interface& IfCan_d) {
   InterfaceBinding binding(parts_.IFCan, IfCan_u, IfCan_d);
-  return Open(BindingKind::kInterface, binding, device, objExcel);
+  return Open(AdapterKind::kInterface, binding, device, objExcel);
 }
 
 template <WorkerKind kKind>
 void WorkerForm<kKind>::Open_KvaserCAN(platform::AutomationObject* objExcel, ELM327_Info& device,
                                        const KvaserCAN& kvCan_u, CAN_DB_Kvaser& kvCan_d) {
   KvaserBinding binding(parts_.canlib32, kvCan_u, kvCan_d);
-  Open(BindingKind::kKvaser, binding, device, objExcel);
+  Open(AdapterKind::kKvaser, binding, device, objExcel);
 }
 
 template <WorkerKind kKind>
-std::int32_t WorkerForm<kKind>::Open(BindingKind kind, Binding& binding, ELM327_Info& device,
+std::int32_t WorkerForm<kKind>::Open(AdapterKind adapter, Binding& binding, ELM327_Info& device,
                                      platform::AutomationObject* objExcel) {
   const WorkerParts<Table> worker = {*frames_, *highlights_, log_, TimerBackView_,
                                      Device_Timer_Kind_};
-  return Receive(open_traits(kind, kKind), binding, parts_, worker, device, objExcel);
+  return Receive(adapter, kKind, binding, parts_, worker, device, objExcel);
 }
 
 template class WorkerForm<WorkerKind::FormBG>;

@@ -6,10 +6,10 @@
 #include "logging/excel_outputdb.h"
 #include "platform/platform.h"
 #include "receive/adapters/binding.h"
-#include "receive/open_traits.h"
 #include "receive/run_parts.h"
 #include "receive/tables/frame_table_of.h"
 #include "receive/worker.h"
+#include "run/adapter_kind.h"
 #include "run/worker_kind.h"
 #include "view/tick.h"
 
@@ -37,12 +37,12 @@ class WorkerForm final : public Worker {
   [[nodiscard]] const Table& Frames() const { return *frames_; }
 
  private:
-  std::int32_t Open(BindingKind kind, Binding& binding, ELM327_Info& device,
+  std::int32_t Open(AdapterKind adapter, Binding& binding, ELM327_Info& device,
                     platform::AutomationObject* objExcel);
 
   RunParts parts_;
   platform::Timer& TimerBackView_;
-  std::int32_t Device_Timer_Kind_ = 0;  // 1 CANUSB, 2 Interface, 3 Kvaser
+  std::int32_t Device_Timer_Kind_ = 0;  // of the last run
   // On the heap, hundreds of kilobytes each, so that a main window fits on a stack.
   std::unique_ptr<Table> frames_ = std::make_unique<Table>();
   std::unique_ptr<typename ViewTableOf<Table>::Type> highlights_ =

@@ -5,6 +5,7 @@
 #include <cstdint>
 
 #include "platform/string.h"
+#include "run/adapter_kind.h"
 #include "run/column.h"
 
 namespace tolvane {
@@ -13,12 +14,6 @@ namespace tolvane {
 constexpr std::int32_t Rgb(std::int32_t red, std::int32_t green, std::int32_t blue) {
   return red | green << 8 | blue << 16;
 }
-
-// t_select_Vender and Device_Timer_Kind.
-constexpr std::int32_t kVenderNone = 0;
-constexpr std::int32_t kVenderCanusb = 1;
-constexpr std::int32_t kVenderInterface = 2;
-constexpr std::int32_t kVenderKvaser = 3;
 
 constexpr std::int32_t kMsgIdType29Bit = 128;  // t_msgID_type of 29-bit mode
 
@@ -74,7 +69,7 @@ class ELM327_Info {
   // The selected adapter. Not in the settings file.
   std::any t_Hardware_Driver_Enable;        // nothing reads or writes it
   std::int32_t t_CmbBOX_device_SelectNo{};  // 1-based line of Cmb_Serect_Device
-  std::int32_t t_select_Vender{};           // 0 none, 1 CANUSB, 2 Interface, 3 Kvaser
+  std::int32_t t_select_Vender{};           // kVenderNone, or of adapter_traits
 
   // Highlights.
   std::int32_t t_DataChangeColorTime{};  // ms

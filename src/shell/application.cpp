@@ -3,6 +3,7 @@
 #include <array>
 
 #include "config/filesavesystem.h"
+#include "run/adapter_kind.h"
 #include "run/control/form1.h"
 #include "shell/common_function.h"
 #include "shell/discovery/adapter_discovery.h"
@@ -82,11 +83,14 @@ void Form1::Search_Devices(std::int32_t libraries) {
   window_.Form2.Progress(0);
   window_.Form2.Visible(true);
   Splash_Step(0.15);
-  if (libraries & kLibraryCanusb) Find_CANUSB_Adapters(platform_, CAN_d);
+  const auto is_there = [libraries](AdapterKind kind) {
+    return (libraries & AdapterTraitsOf(kind).library_bit) != 0;
+  };
+  if (is_there(AdapterKind::kCanusb)) Find_CANUSB_Adapters(platform_, CAN_d);
   Splash_Step(0.3);
-  if (libraries & kLibraryInterface) Find_Interface_Ports(platform_, IfCan_u, IfCan_d);
+  if (is_there(AdapterKind::kInterface)) Find_Interface_Ports(platform_, IfCan_u, IfCan_d);
   Splash_Step(0.4);
-  if (libraries & kLibraryKvaser) Find_Kvaser_Channels(platform_, kvCan_u, kvCan_d);
+  if (is_there(AdapterKind::kKvaser)) Find_Kvaser_Channels(platform_, kvCan_u, kvCan_d);
   window_.Form2.Progress(0.45);
   window_.Form2.Lb_msg(u"検索結果の判断処理中");
   platform_.events.YieldToEvents();

@@ -1,7 +1,6 @@
 #include "view/measured_cycle.h"
 
-#include "receive/tables/can_readdb.h"
-#include "run/elm327_info.h"
+#include "run/adapter_kind.h"
 
 namespace tolvane {
 
@@ -18,18 +17,6 @@ std::int64_t WholeNumber(double value) {
   return static_cast<std::int64_t>(rounded);
 }
 
-// ms. Only the Interface board would need its own, and its cycles are never repaired.
-std::int64_t WrapLength(std::int32_t Device_Timer_Kind) {
-  switch (Device_Timer_Kind) {
-    case kVenderCanusb:
-      return 60000;
-    case kVenderInterface:
-      return 429491;
-    default:
-      return 0;
-  }
-}
-
 }  // namespace
 
 Currency MeasuredCycle(double difference, CycleType type) {
@@ -39,7 +26,7 @@ Currency MeasuredCycle(double difference, CycleType type) {
 
 Currency WrapRepaired(Currency cycle, std::int32_t Device_Timer_Kind) {
   if (cycle.ten_thousandths >= 0) return cycle;
-  return {cycle.ten_thousandths + WrapLength(Device_Timer_Kind) * kOne};
+  return {cycle.ten_thousandths + TimerWrap(Device_Timer_Kind) * kOne};
 }
 
 ShortText StoredCycleText(double stored) {

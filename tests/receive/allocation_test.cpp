@@ -10,7 +10,7 @@ namespace tolvane {
 namespace {
 
 /// What the frames of a run allocate, from the first to the empty queue behind the last.
-std::int64_t AllocationsInLoop(BindingKind binding, WorkerKind worker, std::int64_t times,
+std::int64_t AllocationsInLoop(AdapterKind binding, WorkerKind worker, std::int64_t times,
                                bool logging) {
   RunBench bench;
   if (logging) bench.LogToCsv();
@@ -31,7 +31,7 @@ std::int64_t AllocationsInLoop(BindingKind binding, WorkerKind worker, std::int6
 }
 
 TEST(Allocations, AFrameMakesNone) {
-  for (const BindingKind binding : kAllBindings) {
+  for (const AdapterKind binding : kAllBindings) {
     for (const WorkerKind worker : kAllWorkers) {
       EXPECT_EQ(AllocationsInLoop(binding, worker, 100, false), 0) << WayName(binding, worker);
     }
@@ -39,7 +39,7 @@ TEST(Allocations, AFrameMakesNone) {
 }
 
 TEST(Allocations, AChannelOfTheLogMakesOneBlockOfText) {
-  for (const BindingKind binding : kAllBindings) {
+  for (const AdapterKind binding : kAllBindings) {
     for (const WorkerKind worker : kAllWorkers) {
       EXPECT_EQ(AllocationsInLoop(binding, worker, 20, true), 1) << WayName(binding, worker);
     }

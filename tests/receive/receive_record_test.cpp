@@ -24,7 +24,7 @@ Bytes StoredBytes(const CAN_ReadDB& frames, std::int16_t row) {
 
 // A driver may write no more data bytes than the length says.
 TEST(ReceiveRecord, BeginsEmptyAndKeepsWhatAReadDoesNotWrite) {
-  for (const BindingKind binding : kAllBindings) {
+  for (const AdapterKind binding : kAllBindings) {
     SCOPED_TRACE(WayName(binding, WorkerKind::FormBG));
     RunBench bench;
     bench.canusbdrv.only_bytes_of_length = true;
@@ -50,8 +50,8 @@ TEST(ReceiveRecord, BeginsEmptyAndKeepsWhatAReadDoesNotWrite) {
 TEST(ReceiveRecord, OfABoardIsOneFrameLongInEachCall) {
   RunBench bench;
   bench.IFCan.note_reads = true;
-  bench.events = {[] {}, [&] { bench.Play(BindingKind::kInterface, {{.id = 0x11}}); }};
-  bench.Run(BindingKind::kInterface, WorkerKind::FormBG, {{.id = 0x10}, {.id = 0x800}});
+  bench.events = {[] {}, [&] { bench.Play(AdapterKind::kInterface, {{.id = 0x11}}); }};
+  bench.Run(AdapterKind::kInterface, WorkerKind::FormBG, {{.id = 0x10}, {.id = 0x800}});
   std::int32_t reads = 0;
   for (const std::string& line : bench.journal.Lines()) {
     if (!line.starts_with("CanReceiveMessage")) continue;

@@ -96,7 +96,7 @@ class RunBench {
     device.t_LogSaveFormat = kLogFormatCsv;
   }
 
-  void Play(BindingKind binding, const std::vector<BusFrame>& frames, std::int64_t times = 1) {
+  void Play(AdapterKind binding, const std::vector<BusFrame>& frames, std::int64_t times = 1) {
     std::vector<platform::CanusbMessage> canusb;
     std::vector<platform::IfcanMessage> ifcan;
     std::vector<platform::memory::CanlibFrame> canlib;
@@ -107,31 +107,31 @@ class RunBench {
       ifcan.push_back({dlc, 0, extended ? id | INT32_MIN : id, data, time * 1000});
       canlib.push_back({id, data, dlc, extended ? 4 : 2, time});
     }
-    if (binding == BindingKind::kCanusb) canusbdrv.frames.Play(canusb, times);
-    if (binding == BindingKind::kInterface) IFCan.frames.Play(ifcan, times);
-    if (binding == BindingKind::kKvaser) canlib32.frames.Play(canlib, times);
+    if (binding == AdapterKind::kCanusb) canusbdrv.frames.Play(canusb, times);
+    if (binding == AdapterKind::kInterface) IFCan.frames.Play(ifcan, times);
+    if (binding == AdapterKind::kKvaser) canlib32.frames.Play(canlib, times);
   }
 
   /// A whole run, as the connect button starts it. The status of an Interface run, else 0.
-  std::int32_t Run(BindingKind binding, WorkerKind kind) {
+  std::int32_t Run(AdapterKind binding, WorkerKind kind) {
     std::int32_t status = 0;
     gate.Deliver([&] { status = Open(binding, kind); });
     return status;
   }
-  std::int32_t Open(BindingKind binding, WorkerKind kind) {
+  std::int32_t Open(AdapterKind binding, WorkerKind kind) {
     RxFlag = 1;
     Worker& worker = workers.Of(kind);
-    if (binding == BindingKind::kInterface) {
+    if (binding == AdapterKind::kInterface) {
       return worker.Open_InterfaceCAN(objExcel.get(), device, IfCan_u, IfCan_d);
     }
-    if (binding == BindingKind::kCanusb) {
+    if (binding == AdapterKind::kCanusb) {
       worker.Open_CANUSB(objExcel.get(), device, CAN_u, CAN_d);
     } else {
       worker.Open_KvaserCAN(objExcel.get(), device, kvCan_u, kvCan_d);
     }
     return 0;
   }
-  std::int32_t Run(BindingKind binding, WorkerKind kind, const std::vector<BusFrame>& frames) {
+  std::int32_t Run(AdapterKind binding, WorkerKind kind, const std::vector<BusFrame>& frames) {
     Play(binding, frames);
     return Run(binding, kind);
   }
@@ -206,13 +206,13 @@ class RunBench {
   Workers workers{parts, {timers[0], timers[1], timers[2], timers[3]}};
 };
 
-constexpr BindingKind kAllBindings[] = {BindingKind::kCanusb, BindingKind::kInterface,
-                                        BindingKind::kKvaser};
+constexpr AdapterKind kAllBindings[] = {AdapterKind::kCanusb, AdapterKind::kInterface,
+                                        AdapterKind::kKvaser};
 constexpr WorkerKind kAllWorkers[] = {WorkerKind::FormBG, WorkerKind::FormBG2,
                                       WorkerKind::FormBG_29, WorkerKind::FormBG2_29};
 
 /// Name of one of the twelve ways, for failures and test names.
-inline std::string WayName(BindingKind binding, WorkerKind worker) {
+inline std::string WayName(AdapterKind binding, WorkerKind worker) {
   const char* const kBindingNames[] = {"Canusb", "Interface", "Kvaser"};
   const char* const kWorkerNames[] = {"FormBG", "FormBG2", "FormBG29", "FormBG229"};
   return std::string(kBindingNames[static_cast<std::size_t>(binding)]) + "_" +

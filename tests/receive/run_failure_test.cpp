@@ -35,11 +35,11 @@ constexpr StringView kRunEnds = u"機器が正常に動作していません。\
 TEST(FailedOpen, CanusbShowsTheBoxAndClosesNothing) {
   for (const WorkerKind worker : kAllWorkers) {
     for (const std::int32_t handle : {0, -2}) {
-      SCOPED_TRACE(WayName(BindingKind::kCanusb, worker));
+      SCOPED_TRACE(WayName(AdapterKind::kCanusb, worker));
       RunBench bench;
       bench.device.t_LogSave_Enable = 1;
       bench.canusbdrv.open_result = handle;
-      bench.Run(BindingKind::kCanusb, worker, {{.id = 0x10}});
+      bench.Run(AdapterKind::kCanusb, worker, {{.id = 0x10}});
       ExpectStopMessage(bench, kAppEnds);
       EXPECT_EQ(Calls(bench), Lines{"canusb_Open(\"LWR12345\", \"500\", 0, -1, 1)"});
       EXPECT_EQ(bench.RxFlag, 0);
@@ -50,10 +50,10 @@ TEST(FailedOpen, CanusbShowsTheBoxAndClosesNothing) {
 
 TEST(FailedOpen, InterfaceStillDeactivatesAndClosesWithHandleMinusOne) {
   for (const WorkerKind worker : kAllWorkers) {
-    SCOPED_TRACE(WayName(BindingKind::kInterface, worker));
+    SCOPED_TRACE(WayName(AdapterKind::kInterface, worker));
     RunBench bench;
     bench.IFCan.get_config_status = 9;
-    const std::int32_t status = bench.Run(BindingKind::kInterface, worker);
+    const std::int32_t status = bench.Run(AdapterKind::kInterface, worker);
     EXPECT_EQ(status, bench.IfCan_u.IFCAN_ERROR_INVALID_HANDLE);
     ExpectStopMessage(bench, kRunEnds);
     EXPECT_EQ(Calls(bench), (Lines{"CanOpenPort(\"IFCAN1\")", "CanGetConfig(101)",
@@ -65,7 +65,7 @@ TEST(FailedOpen, InterfaceStillDeactivatesAndClosesWithHandleMinusOne) {
 
 TEST(FailedOpen, InterfaceBoxComesBeforeTheClose) {
   for (const WorkerKind worker : kAllWorkers) {
-    SCOPED_TRACE(WayName(BindingKind::kInterface, worker));
+    SCOPED_TRACE(WayName(AdapterKind::kInterface, worker));
     RunBench bench;
     bench.IFCan.get_config_status = 9;
     Lines before;
@@ -73,7 +73,7 @@ TEST(FailedOpen, InterfaceBoxComesBeforeTheClose) {
       before = Calls(bench);
       EXPECT_EQ(bench.RxFlag, 1);
     });
-    bench.Run(BindingKind::kInterface, worker);
+    bench.Run(AdapterKind::kInterface, worker);
     EXPECT_EQ(before, (Lines{"CanOpenPort(\"IFCAN1\")", "CanGetConfig(101)", "CanClosePort(101)"}));
     EXPECT_EQ(Calls(bench), (Lines{"CanDeactivate(-1)", "CanClosePort(-1)"}));
   }
@@ -82,10 +82,10 @@ TEST(FailedOpen, InterfaceBoxComesBeforeTheClose) {
 TEST(FailedOpen, KvaserSecondLineDiffersByWorker) {
   const StringView kTexts[] = {kRunEnds, kAppEnds, kRunEnds, kAppEnds};
   for (const WorkerKind worker : kAllWorkers) {
-    SCOPED_TRACE(WayName(BindingKind::kKvaser, worker));
+    SCOPED_TRACE(WayName(AdapterKind::kKvaser, worker));
     RunBench bench;
     bench.canlib32.channels = {-3};
-    bench.Run(BindingKind::kKvaser, worker);
+    bench.Run(AdapterKind::kKvaser, worker);
     ExpectStopMessage(bench, kTexts[static_cast<std::size_t>(worker)]);
     EXPECT_EQ(Calls(bench), Lines{"canOpenChannel(0, 128)"});
     EXPECT_EQ(bench.RxFlag, 0);
@@ -94,12 +94,12 @@ TEST(FailedOpen, KvaserSecondLineDiffersByWorker) {
 
 TEST(RefusedRate, NothingIsOpenedAndTheStatusIsZero) {
   const struct {
-    BindingKind binding;
+    AdapterKind binding;
     std::int32_t t_bitRate;
   } kRefused[] = {
-      {BindingKind::kInterface, 1}, {BindingKind::kInterface, 6},  {BindingKind::kInterface, 7},
-      {BindingKind::kInterface, 9}, {BindingKind::kInterface, -1}, {BindingKind::kKvaser, 1},
-      {BindingKind::kKvaser, 6},    {BindingKind::kKvaser, 9},     {BindingKind::kKvaser, -1}};
+      {AdapterKind::kInterface, 1}, {AdapterKind::kInterface, 6},  {AdapterKind::kInterface, 7},
+      {AdapterKind::kInterface, 9}, {AdapterKind::kInterface, -1}, {AdapterKind::kKvaser, 1},
+      {AdapterKind::kKvaser, 6},    {AdapterKind::kKvaser, 9},     {AdapterKind::kKvaser, -1}};
   for (const auto& row : kRefused) {
     for (const WorkerKind worker : kAllWorkers) {
       SCOPED_TRACE(WayName(row.binding, worker));
@@ -116,7 +116,7 @@ TEST(RefusedRate, NothingIsOpenedAndTheStatusIsZero) {
 
 // The subfolder is the first thing that a run makes. CANUSB refuses no rate, but may not open.
 TEST(RefusedRate, LeavesTheSubfolderOfTheRun) {
-  for (const BindingKind binding : kAllBindings) {
+  for (const AdapterKind binding : kAllBindings) {
     for (const WorkerKind worker : kAllWorkers) {
       SCOPED_TRACE(WayName(binding, worker));
       RunBench bench;
@@ -137,13 +137,13 @@ TEST(RefusedRate, LeavesTheSubfolderOfTheRun) {
 TEST(RefusedRate, TenKbitIsTakenByKvaser) {
   RunBench bench;
   bench.device.t_bitRate = 7;
-  bench.Run(BindingKind::kKvaser, WorkerKind::FormBG, {{.id = 0x10}});
+  bench.Run(AdapterKind::kKvaser, WorkerKind::FormBG, {{.id = 0x10}});
   EXPECT_TRUE(bench.message_box.Boxes().empty());
   EXPECT_EQ(bench.workers.FormBG.Frames().CAN11_Received(0x10), 3);
 }
 
 TEST(FailedSubfolder, StopsTheRunBeforeAnythingIsOpened) {
-  for (const BindingKind binding : kAllBindings) {
+  for (const AdapterKind binding : kAllBindings) {
     for (const WorkerKind worker : kAllWorkers) {
       SCOPED_TRACE(WayName(binding, worker));
       RunBench bench;
@@ -162,7 +162,7 @@ TEST(FailedSubfolder, StopsTheRunBeforeAnythingIsOpened) {
 
 // The board's tables are cleared before the subfolder is tried, those of the others after.
 TEST(FailedSubfolder, ComesAfterTheTablesOfAnInterfaceRunOnly) {
-  for (const BindingKind binding : kAllBindings) {
+  for (const AdapterKind binding : kAllBindings) {
     for (const WorkerKind worker : kAllWorkers) {
       RunBench bench;
       bench.Run(binding, worker, {{.id = 0x10}});
@@ -174,14 +174,14 @@ TEST(FailedSubfolder, ComesAfterTheTablesOfAnInterfaceRunOnly) {
                                    bench.workers.FormBG2.Frames().CAN11_Received(0x10),
                                    bench.workers.FormBG_29.Frames().CAN29_Received(0),
                                    bench.workers.FormBG2_29.Frames().CAN29_Received(0)};
-      EXPECT_EQ(left[static_cast<std::size_t>(worker)], binding == BindingKind::kInterface ? 0 : 3)
+      EXPECT_EQ(left[static_cast<std::size_t>(worker)], binding == AdapterKind::kInterface ? 0 : 3)
           << WayName(binding, worker);
     }
   }
 }
 
 TEST(LostAdapter, IsSurvivedInSilence) {
-  for (const BindingKind binding : kAllBindings) {
+  for (const AdapterKind binding : kAllBindings) {
     RunBench bench;
     const auto idle = [] {};
     bench.events = {[&] {

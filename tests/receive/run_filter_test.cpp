@@ -13,7 +13,7 @@ constexpr std::int32_t kMax29 = 536870911;
 constexpr std::array<std::uint8_t, 8> kData = {1, 2, 3, 4, 5, 6, 7, 8};
 
 /// How many frames a run of the bench has stored: each moves the clock's reading count by one.
-std::int64_t Stored(RunBench& bench, BindingKind binding, WorkerKind worker) {
+std::int64_t Stored(RunBench& bench, AdapterKind binding, WorkerKind worker) {
   const std::int64_t before = bench.qxt100.Reads();
   bench.Run(binding, worker);
   return bench.qxt100.Reads() - before;
@@ -40,9 +40,9 @@ TEST(AcceptTest, Canusb) {
     for (const WorkerKind worker : kAllWorkers) {
       RunBench bench;
       bench.canusbdrv.frames.Play({{row.id, 0, row.flags, 8, kData}});
-      EXPECT_EQ(Stored(bench, BindingKind::kCanusb, worker),
+      EXPECT_EQ(Stored(bench, AdapterKind::kCanusb, worker),
                 (Is29Bit(worker) ? row.by29 : row.by11) ? 1 : 0)
-          << row.id << ' ' << int{row.flags} << ' ' << WayName(BindingKind::kCanusb, worker);
+          << row.id << ' ' << int{row.flags} << ' ' << WayName(AdapterKind::kCanusb, worker);
     }
   }
 }
@@ -57,8 +57,8 @@ TEST(AcceptTest, Interface) {
     for (const WorkerKind worker : kAllWorkers) {
       RunBench bench;
       bench.IFCan.frames.Play({{8, 0x7FFFFFFF, row.id, kData, 0}});
-      EXPECT_EQ(Stored(bench, BindingKind::kInterface, worker), Is29Bit(worker) || row.by11 ? 1 : 0)
-          << row.id << ' ' << WayName(BindingKind::kInterface, worker);
+      EXPECT_EQ(Stored(bench, AdapterKind::kInterface, worker), Is29Bit(worker) || row.by11 ? 1 : 0)
+          << row.id << ' ' << WayName(AdapterKind::kInterface, worker);
     }
   }
 }
@@ -67,7 +67,7 @@ TEST(AcceptTest, InterfaceMasksTheIdWordOfA29BitRun) {
   RunBench bench;
   bench.IFCan.frames.Play(
       {{8, 0, static_cast<std::int32_t>(0xF8000123u), kData, 0}, {8, 0, 0x60000123, kData, 0}});
-  bench.Run(BindingKind::kInterface, WorkerKind::FormBG_29);
+  bench.Run(AdapterKind::kInterface, WorkerKind::FormBG_29);
   const CAN_ReadDB29& frames = bench.workers.FormBG_29.Frames();
   ASSERT_EQ(frames.CAN29_Received_ID_Counter, 2);
   EXPECT_EQ(frames.CAN29_Received_ID(0), 0x123);
@@ -97,9 +97,9 @@ TEST(AcceptTest, Kvaser) {
     for (const WorkerKind worker : kAllWorkers) {
       RunBench bench;
       bench.canlib32.frames.Play({{row.id, kData, 8, row.flag, 0}});
-      EXPECT_EQ(Stored(bench, BindingKind::kKvaser, worker),
+      EXPECT_EQ(Stored(bench, AdapterKind::kKvaser, worker),
                 (Is29Bit(worker) ? row.by29 : row.by11) ? 1 : 0)
-          << row.id << ' ' << row.flag << ' ' << WayName(BindingKind::kKvaser, worker);
+          << row.id << ' ' << row.flag << ' ' << WayName(AdapterKind::kKvaser, worker);
     }
   }
 }
@@ -121,16 +121,16 @@ TEST(FormatFilter, InterfaceExclusionWorkersFollowTheSetting) {
     for (const bool extended : {false, true}) {
       RunBench bench;
       bench.device.t_MsgFmtTyp = row.t_MsgFmtTyp;
-      bench.Play(BindingKind::kInterface, {{.id = 0x10, .extended = extended}});
-      EXPECT_EQ(Stored(bench, BindingKind::kInterface, row.worker),
+      bench.Play(AdapterKind::kInterface, {{.id = 0x10, .extended = extended}});
+      EXPECT_EQ(Stored(bench, AdapterKind::kInterface, row.worker),
                 (extended ? row.extended : row.standard) ? 1 : 0)
-          << row.t_MsgFmtTyp << ' ' << extended << WayName(BindingKind::kInterface, row.worker);
+          << row.t_MsgFmtTyp << ' ' << extended << WayName(AdapterKind::kInterface, row.worker);
     }
   }
 }
 
 TEST(FormatFilter, CanusbAndKvaserDoNotLookAtTheSetting) {
-  for (const BindingKind binding : {BindingKind::kCanusb, BindingKind::kKvaser}) {
+  for (const AdapterKind binding : {AdapterKind::kCanusb, AdapterKind::kKvaser}) {
     for (const WorkerKind worker : kAllWorkers) {
       for (const std::int32_t t_MsgFmtTyp : {0, 1, 2}) {
         RunBench bench;
@@ -142,7 +142,7 @@ TEST(FormatFilter, CanusbAndKvaserDoNotLookAtTheSetting) {
   }
 }
 
-class Exclusion : public testing::TestWithParam<BindingKind> {
+class Exclusion : public testing::TestWithParam<AdapterKind> {
  protected:
   Exclusion() {
     bench_.device.t_DisableID_ON(7, 1);

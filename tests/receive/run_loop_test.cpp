@@ -9,7 +9,7 @@
 namespace tolvane {
 namespace {
 
-constexpr auto kCanusb = BindingKind::kCanusb;
+constexpr auto kCanusb = AdapterKind::kCanusb;
 constexpr auto kFormBG = WorkerKind::FormBG;
 
 TEST(Yields, OnceForAnEmptyReadAndNeverWhileFramesWait) {
@@ -21,7 +21,7 @@ TEST(Yields, OnceForAnEmptyReadAndNeverWhileFramesWait) {
 }
 
 TEST(Yields, OnceForEachRejectedFrame) {
-  for (const BindingKind binding : kAllBindings) {
+  for (const AdapterKind binding : kAllBindings) {
     RunBench bench;
     const auto go_on = [] {};
     bench.events = {go_on, go_on, go_on};
@@ -34,7 +34,7 @@ TEST(Yields, OnceForAFrameThatTheFormatFilterRejects) {
   RunBench bench;
   bench.device.t_MsgFmtTyp = 1;
   bench.events = {[] {}};
-  bench.Run(BindingKind::kInterface, WorkerKind::FormBG2_29, {{.id = 0x10}});
+  bench.Run(AdapterKind::kInterface, WorkerKind::FormBG2_29, {{.id = 0x10}});
   EXPECT_EQ(bench.loop.Yields(), 2);
 }
 
@@ -116,7 +116,7 @@ TEST(Settings, AreReadAfreshForEveryFrame) {
 }
 
 TEST(Logs, FinalHalfIsWrittenThoughEmpty) {
-  for (const BindingKind binding : kAllBindings) {
+  for (const AdapterKind binding : kAllBindings) {
     for (const WorkerKind worker : kAllWorkers) {
       RunBench bench;
       bench.LogToCsv();
@@ -140,13 +140,13 @@ TEST(Logs, FormatThatIsNeitherGetsRecordsButNoHeader) {
 
 TEST(Logs, GetTheDlcAsTheAdapterReportedIt) {
   const struct {
-    BindingKind binding;
+    AdapterKind binding;
     std::int32_t dlc;
     const char* text;
   } kCases[] = {{kCanusb, 255, "255"},
-                {BindingKind::kInterface, 0x1208, "4616"},
-                {BindingKind::kKvaser, 15, "15"},
-                {BindingKind::kKvaser, 4616, "4616"}};
+                {AdapterKind::kInterface, 0x1208, "4616"},
+                {AdapterKind::kKvaser, 15, "15"},
+                {AdapterKind::kKvaser, 4616, "4616"}};
   for (const auto& row : kCases) {
     RunBench bench;
     bench.LogToCsv();
@@ -160,7 +160,7 @@ TEST(Logs, GetTheDlcAsTheAdapterReportedIt) {
 TEST(Logs, NegativeDlcIsLoggedAsItIsWithoutBytes) {
   RunBench bench;
   bench.LogToCsv();
-  bench.Run(BindingKind::kKvaser, kFormBG, {{.id = 0x10, .dlc = -1}});
+  bench.Run(AdapterKind::kKvaser, kFormBG, {{.id = 0x10, .dlc = -1}});
   EXPECT_EQ(bench.Records(), "         0 , 010 , -1\r\n");
   EXPECT_EQ(bench.workers.FormBG.Frames().CAN11_DLC(0x10), 255);
 }

@@ -8,7 +8,7 @@
 namespace tolvane {
 namespace {
 
-constexpr auto kCanusb = BindingKind::kCanusb;
+constexpr auto kCanusb = AdapterKind::kCanusb;
 
 TEST(CanFlag, OfCanusbIsTheRoundedQuotientSoThatTwoIsNoStar) {
   RunBench bench;
@@ -36,7 +36,7 @@ TEST(CanFlag, OfKvaserIsOneForAnyFlagButStandard) {
   const std::array<std::uint8_t, 8> data = {};
   bench.canlib32.frames.Play(
       {{1, data, 0, 2, 0}, {1, data, 0, 4, 0}, {1, data, 0, 3, 0}, {9, data, 0, 0x24, 0}});
-  bench.Run(BindingKind::kKvaser, WorkerKind::FormBG_29);
+  bench.Run(AdapterKind::kKvaser, WorkerKind::FormBG_29);
   EXPECT_EQ(bench.Records(),
             "         0 ,   , 00000001 , 0\r\n"
             "         0 , * , 00000001 , 0\r\n"
@@ -55,13 +55,13 @@ TEST(CanFlag, NegativeIdOfCanusbIsKeptAndLogged) {
 }
 
 struct Way {
-  BindingKind binding;
+  AdapterKind binding;
   WorkerKind worker;
 };
 
 std::vector<Way> AllWays() {
   std::vector<Way> ways;
-  for (const BindingKind binding : kAllBindings) {
+  for (const AdapterKind binding : kAllBindings) {
     for (const WorkerKind worker : kAllWorkers) ways.push_back({binding, worker});
   }
   return ways;

@@ -11,7 +11,7 @@ namespace tolvane {
 namespace {
 
 TEST(RunOrder, EachOfTheTwelveWaysHasItsSequence) {
-  for (const BindingKind binding : kAllBindings) {
+  for (const AdapterKind binding : kAllBindings) {
     for (const WorkerKind worker : kAllWorkers) {
       SCOPED_TRACE(WayName(binding, worker));
       RunBench bench;
@@ -26,7 +26,7 @@ TEST(RunOrder, EachOfTheTwelveWaysHasItsSequence) {
 TEST(RunOrder, SilentKvaserRunSetsTheDriverBeforeTheTimerAndGoesOnBusAfterIt) {
   RunBench bench;
   bench.device.t_silent_mode = 1;
-  bench.Run(BindingKind::kKvaser, WorkerKind::FormBG);
+  bench.Run(AdapterKind::kKvaser, WorkerKind::FormBG);
   const Lines lines = bench.journal.Take();
   EXPECT_EQ(Lines(lines.begin() + 3, lines.begin() + 7),
             (Lines{"canSetBusParams(5, -2, 5, 2, 1, 1, 0)", "canSetBusOutputControl(5, 1)",
@@ -35,7 +35,7 @@ TEST(RunOrder, SilentKvaserRunSetsTheDriverBeforeTheTimerAndGoesOnBusAfterIt) {
 
 TEST(RunOrder, WithoutLogNothingIsFlushed) {
   RunBench bench;
-  bench.Run(BindingKind::kCanusb, WorkerKind::FormBG);
+  bench.Run(AdapterKind::kCanusb, WorkerKind::FormBG);
   const Lines lines = bench.journal.Take();
   EXPECT_EQ(std::count(lines.begin(), lines.end(), "flush"), 0);
   EXPECT_TRUE(bench.files.Files(u"C:\\Tolvane").empty());
@@ -47,7 +47,7 @@ TEST(RunOrder, TimerThatIsOffAtTheEndIsNotSwitchedOffAgain) {
     bench.timers[0].Enabled(false);
     bench.RxFlag = 0;
   }};
-  bench.Run(BindingKind::kCanusb, WorkerKind::FormBG);
+  bench.Run(AdapterKind::kCanusb, WorkerKind::FormBG);
   const Lines lines = bench.journal.Take();
   EXPECT_EQ(std::count(lines.begin(), lines.end(), "TimerBackView.Enabled = false"), 1);
 }
@@ -63,7 +63,7 @@ TEST(RunOrder, CanusbTimerIsStillOnInTheFlushAfterTheClose) {
                     timer_in_flush = bench.timers[0].Enabled();
                     before_flush = bench.journal.Lines();
                   }};
-  bench.Run(BindingKind::kCanusb, WorkerKind::FormBG);
+  bench.Run(AdapterKind::kCanusb, WorkerKind::FormBG);
   EXPECT_TRUE(timer_in_flush);
   ASSERT_GE(before_flush.size(), 2u);
   EXPECT_EQ(before_flush[before_flush.size() - 2], "canusb_Close(1)");
@@ -72,7 +72,7 @@ TEST(RunOrder, CanusbTimerIsStillOnInTheFlushAfterTheClose) {
 TEST(RunOrder, InterfaceRunGivesTheStatusOfItsClose) {
   RunBench bench;
   bench.IFCan.close_status = 55;
-  EXPECT_EQ(bench.Run(BindingKind::kInterface, WorkerKind::FormBG_29), 55);
+  EXPECT_EQ(bench.Run(AdapterKind::kInterface, WorkerKind::FormBG_29), 55);
 }
 
 TEST(RunStart, RateTextOfEachBitRate) {
@@ -82,7 +82,7 @@ TEST(RunStart, RateTextOfEachBitRate) {
     RunBench bench;
     bench.device.t_bitRate = t_bitRate;
     bench.LogToCsv();
-    bench.Run(BindingKind::kCanusb, WorkerKind::FormBG);
+    bench.Run(AdapterKind::kCanusb, WorkerKind::FormBG);
     EXPECT_EQ(bench.window.TB_Protocol.Text(), kTexts[t_bitRate]);
     std::string log_line;
     bench.code_page.Encode(u",,,bit rate：," + String(kTexts[t_bitRate]) + u"\r\n", log_line);
@@ -95,7 +95,7 @@ TEST(RunStart, BitRateOutsideTheTableSetsNeitherBoxNorLog) {
     RunBench bench;
     bench.device.t_bitRate = t_bitRate;
     bench.LogToCsv();
-    bench.Run(BindingKind::kCanusb, WorkerKind::FormBG);
+    bench.Run(AdapterKind::kCanusb, WorkerKind::FormBG);
     EXPECT_EQ(bench.journal.Lines().front(), "canusb_Open(\"LWR12345\", \"\", 0, -1, 1)");
     EXPECT_EQ(bench.window.TB_Protocol.Text(), u"---");
     std::string log_line;
@@ -124,18 +124,18 @@ TEST(RunStart, StatusSaysWhatIsLogged) {
       status = bench.window.TB_Status.Text();
       bench.RxFlag = 0;
     }};
-    bench.Run(BindingKind::kCanusb, WorkerKind::FormBG);
+    bench.Run(AdapterKind::kCanusb, WorkerKind::FormBG);
     EXPECT_EQ(status, row.status) << row.enable << ' ' << row.format;
   }
 }
 
 TEST(RunStart, HardwareTextIsDeviceAndVersionAndOnABoardTheVersionAlone) {
   const struct {
-    BindingKind binding;
+    AdapterKind binding;
     StringView line;
-  } kCases[] = {{BindingKind::kCanusb, u"\r\nCANUSB LWR12345 、V1011\r\n"},
-                {BindingKind::kInterface, u"\r\nV1011\r\n"},
-                {BindingKind::kKvaser, u"\r\nCANUSB LWR12345 、V1011\r\n"}};
+  } kCases[] = {{AdapterKind::kCanusb, u"\r\nCANUSB LWR12345 、V1011\r\n"},
+                {AdapterKind::kInterface, u"\r\nV1011\r\n"},
+                {AdapterKind::kKvaser, u"\r\nCANUSB LWR12345 、V1011\r\n"}};
   for (const auto& row : kCases) {
     for (const WorkerKind worker : kAllWorkers) {
       RunBench bench;
@@ -149,7 +149,7 @@ TEST(RunStart, HardwareTextIsDeviceAndVersionAndOnABoardTheVersionAlone) {
 }
 
 TEST(RunStart, EachRunBeginsWithClearedTablesAndTimes) {
-  for (const BindingKind binding : kAllBindings) {
+  for (const AdapterKind binding : kAllBindings) {
     RunBench bench;
     bench.Run(binding, WorkerKind::FormBG, {{.id = 0x10, .time = 500}, {.id = 0x10, .time = 700}});
     EXPECT_EQ(bench.workers.FormBG.Frames().CAN11_ReceivedTime(0x10), 200.0);
@@ -165,7 +165,7 @@ TEST(RunStart, EachRunBeginsWithClearedTablesAndTimes) {
 
 TEST(RunStart, TableSurvivesTheEndOfARun) {
   RunBench bench;
-  bench.Run(BindingKind::kCanusb, WorkerKind::FormBG, {{.id = 0x10}});
+  bench.Run(AdapterKind::kCanusb, WorkerKind::FormBG, {{.id = 0x10}});
   EXPECT_EQ(bench.workers.FormBG.Frames().CAN11_Received(0x10), 3);
 }
 
@@ -181,12 +181,12 @@ TEST(RunStart, FootOfThePageIsMadeOnceFromTheSettings) {
     page = bench.RTB_MainView.Text();
     bench.RxFlag = 0;
   }};
-  bench.Run(BindingKind::kCanusb, WorkerKind::FormBG);
+  bench.Run(AdapterKind::kCanusb, WorkerKind::FormBG);
   EXPECT_NE(page.find(u"メッセージ除外範囲 3： 100 ～ 1FF"), String::npos);
 }
 
 TEST(RunStart, SubfolderIsMadeOncePerRunAlsoWithoutALog) {
-  for (const BindingKind binding : kAllBindings) {
+  for (const AdapterKind binding : kAllBindings) {
     RunBench bench;
     bench.device.t_LogSave_subFolder = 1;
     bench.device.t_LogComment = u"bench";
@@ -202,7 +202,7 @@ TEST(RunStart, SubfolderFlagOtherThanOneMakesNone) {
     bench.LogToCsv();
     bench.device.t_LogSave_subFolder = flag;
     bench.device.t_LogComment = u"bench";
-    bench.Run(BindingKind::kCanusb, WorkerKind::FormBG);
+    bench.Run(AdapterKind::kCanusb, WorkerKind::FormBG);
     EXPECT_FALSE(bench.files.FolderExists(u"C:\\Tolvane\\bench")) << flag;
     EXPECT_NE(bench.Log(), "no file") << flag;
   }
@@ -213,7 +213,7 @@ TEST(RunStart, LogsGoToTheSubfolder) {
   bench.LogToCsv();
   bench.device.t_LogSave_subFolder = 1;
   bench.device.t_LogComment = u"bench";
-  bench.Run(BindingKind::kCanusb, WorkerKind::FormBG);
+  bench.Run(AdapterKind::kCanusb, WorkerKind::FormBG);
   EXPECT_TRUE(bench.files.FileExists(u"C:\\Tolvane\\bench\\KL26112009-001.csv"));
 }
 
@@ -226,7 +226,7 @@ TEST(RunStart, NeitherFolderNorFileNameOfTheRunBeforeIsUsed) {
   bench.device.t_LogComment = u"bench";
   bench.files.AddFolder(u"C:\\Tolvane\\bench");
   bench.files.AddFile(u"C:\\Tolvane\\bench\\KL26112009-001.csv", "taken");
-  for (const BindingKind binding : kAllBindings) {
+  for (const AdapterKind binding : kAllBindings) {
     for (const WorkerKind worker : kAllWorkers) {
       SCOPED_TRACE(WayName(binding, worker));
       bench.files.Remove(u"C:\\Tolvane\\bench-002");
@@ -250,10 +250,10 @@ TEST(RunStart, FileNumbersAreSearchedFromTheFirstOn) {
   RunBench bench;
   bench.LogToCsv();
   bench.files.AddFile(u"C:\\Tolvane\\KL26112009-001.csv", "taken");
-  bench.Run(BindingKind::kCanusb, WorkerKind::FormBG);
+  bench.Run(AdapterKind::kCanusb, WorkerKind::FormBG);
   EXPECT_NE(bench.Log(2), "no file");
   bench.files.Remove(u"C:\\Tolvane\\KL26112009-001.csv");
-  bench.Run(BindingKind::kCanusb, WorkerKind::FormBG);
+  bench.Run(AdapterKind::kCanusb, WorkerKind::FormBG);
   EXPECT_NE(bench.Log(1), "no file");
 }
 

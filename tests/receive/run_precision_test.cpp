@@ -31,7 +31,7 @@ class AdapterPrecision : public testing::TestWithParam<std::uint16_t> {
 };
 
 TEST_P(AdapterPrecision, ChangedInEachReadItChangesNoSum) {
-  for (const BindingKind binding : kAllBindings) {
+  for (const AdapterKind binding : kAllBindings) {
     RunBench bench;
     const auto spoil = [] { ControlWord(GetParam()); };
     bench.canusbdrv.frames.OnTake(spoil);
@@ -55,7 +55,7 @@ TEST(RunPrecision, ASupportLibraryThatChangesItChangesNoSumOfTheComputersClock) 
     now += 33'554'433.0;  // more than 24 bits hold
   });
   bench.device.t_Timer_Mode = 1;
-  bench.Run(BindingKind::kCanusb, WorkerKind::FormBG, {{.id = 1}, {.id = 2}});
+  bench.Run(AdapterKind::kCanusb, WorkerKind::FormBG, {{.id = 1}, {.id = 2}});
   ControlWord(before);
   // The clock is read twice for each frame.
   EXPECT_EQ(bench.workers.FormBG.Frames().CAN11_ReceivedTime(2), 2 * 33'554'433.0);

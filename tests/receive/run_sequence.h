@@ -12,13 +12,13 @@ namespace tolvane {
 using Lines = std::vector<std::string>;
 
 /// The handle that the bench's adapters give.
-inline std::int32_t BenchHandle(BindingKind binding) {
+inline std::int32_t BenchHandle(AdapterKind binding) {
   switch (binding) {
-    case BindingKind::kCanusb:
+    case AdapterKind::kCanusb:
       return 1;
-    case BindingKind::kInterface:
+    case AdapterKind::kInterface:
       return 101;
-    case BindingKind::kKvaser:
+    case AdapterKind::kKvaser:
       break;
   }
   return 5;
@@ -26,7 +26,7 @@ inline std::int32_t BenchHandle(BindingKind binding) {
 
 /// What a run does to the outside, in order: 500k bps, csv log, the user disconnects at the first
 /// yield. `adapter` is the handle.
-inline Lines SequenceOf(BindingKind binding, WorkerKind worker, std::int32_t adapter) {
+inline Lines SequenceOf(AdapterKind binding, WorkerKind worker, std::int32_t adapter) {
   const std::string handle = std::to_string(adapter);
   const Lines shown = {"TB_Protocol.Text = \"500k bps\"",
                        "TB_Status.Text = \"通信中　ログ出力(csv)\""};
@@ -39,7 +39,7 @@ inline Lines SequenceOf(BindingKind binding, WorkerKind worker, std::int32_t ada
     for (const Lines& part : parts) all.insert(all.end(), part.begin(), part.end());
     return all;
   };
-  if (binding == BindingKind::kCanusb) {
+  if (binding == AdapterKind::kCanusb) {
     return joined({{"canusb_Open(\"LWR12345\", \"500\", 0, -1, 1)"},
                    shown,
                    timer_on,
@@ -48,7 +48,7 @@ inline Lines SequenceOf(BindingKind binding, WorkerKind worker, std::int32_t ada
                    {"canusb_Close(" + handle + ")"},
                    flush});
   }
-  if (binding == BindingKind::kInterface) {
+  if (binding == AdapterKind::kInterface) {
     return joined({{"CanOpenPort(\"IFCAN1\")", "CanGetConfig(" + handle + ")"},
                    shown,
                    timer_on,

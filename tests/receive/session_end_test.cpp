@@ -18,7 +18,7 @@ std::vector<BusFrame> SomeFrames(bool extended) {
 }
 
 TEST(SessionEnd, RecordsOfEveryWayAreWrittenAtOnceAndNotTwice) {
-  for (const BindingKind binding : kAllBindings) {
+  for (const AdapterKind binding : kAllBindings) {
     for (const WorkerKind worker : kAllWorkers) {
       SCOPED_TRACE(WayName(binding, worker));
       const std::vector<BusFrame> frames = SomeFrames(Is29Bit(worker));
@@ -50,12 +50,12 @@ TEST(SessionEnd, RecordsOfEveryWayAreWrittenAtOnceAndNotTwice) {
 // A spreadsheet server may be in the midst of a call or ended before the program.
 TEST(SessionEnd, RecordsOfASpreadsheetLogBecomeTheLinesOfATextLog) {
   for (const WorkerKind worker : {WorkerKind::FormBG, WorkerKind::FormBG_29}) {
-    SCOPED_TRACE(WayName(BindingKind::kCanusb, worker));
+    SCOPED_TRACE(WayName(AdapterKind::kCanusb, worker));
     const std::vector<BusFrame> frames = SomeFrames(Is29Bit(worker));
     RunBench text;
     text.LogToCsv();
     text.device.t_msgID_type = Is29Bit(worker) ? kMsgIdType29Bit : 0;
-    text.Run(BindingKind::kCanusb, worker, frames);
+    text.Run(AdapterKind::kCanusb, worker, frames);
 
     RunBench bench;
     bench.device.t_LogSave_Enable = 1;
@@ -70,7 +70,7 @@ TEST(SessionEnd, RecordsOfASpreadsheetLogBecomeTheLinesOfATextLog) {
       EXPECT_EQ(bench.Log(), text.Log());
       bench.RxFlag = 0;
     }};
-    bench.Run(BindingKind::kCanusb, worker, frames);
+    bench.Run(AdapterKind::kCanusb, worker, frames);
     EXPECT_EQ(bench.automation.Operations(), operations) << "the server was called";
   }
 }
@@ -81,12 +81,12 @@ TEST(SessionEnd, InTheMidstOfAFlushNothingIsLost) {
   RunBench bench;
   bench.LogToCsv();
   bench.files.AddFile(u"C:\\Tolvane\\KL26112009-001.csv", "taken");
-  bench.Play(BindingKind::kCanusb, {{.id = 0x10}}, kChannel);
+  bench.Play(AdapterKind::kCanusb, {{.id = 0x10}}, kChannel);
   bench.events = {[&] {
     bench.Session_End_Output();
     bench.RxFlag = 0;
   }};
-  bench.Run(BindingKind::kCanusb, WorkerKind::FormBG);
+  bench.Run(AdapterKind::kCanusb, WorkerKind::FormBG);
   EXPECT_EQ(bench.Log(1), "taken");
   const std::string records = bench.Records(2);
   EXPECT_EQ(std::count(records.begin(), records.end(), '\n'), kChannel);
@@ -96,7 +96,7 @@ TEST(SessionEnd, InTheMidstOfAFlushNothingIsLost) {
 TEST(SessionEnd, RecordsThatAFlushCouldNotWriteAreNotLost) {
   constexpr std::size_t kChannel = 20'001;
   for (const WorkerKind worker : {WorkerKind::FormBG, WorkerKind::FormBG_29}) {
-    SCOPED_TRACE(WayName(BindingKind::kCanusb, worker));
+    SCOPED_TRACE(WayName(AdapterKind::kCanusb, worker));
     const bool extended = Is29Bit(worker);
     RunBench bench;
     bench.LogToCsv();
@@ -107,8 +107,8 @@ TEST(SessionEnd, RecordsThatAFlushCouldNotWriteAreNotLost) {
       bench.Session_End_Output();
       bench.RxFlag = 0;
     }};
-    bench.Play(BindingKind::kCanusb, {{.id = 0x10, .extended = extended, .dlc = 1}}, kChannel + 2);
-    bench.Run(BindingKind::kCanusb, worker);
+    bench.Play(AdapterKind::kCanusb, {{.id = 0x10, .extended = extended, .dlc = 1}}, kChannel + 2);
+    bench.Run(AdapterKind::kCanusb, worker);
 
     const std::string line11 = "         0 , 010 , 1 ,  01\r\n";
     const std::string line29 = "         0 , * , 00000010 , 1 ,  01\r\n";
@@ -128,7 +128,7 @@ TEST(SessionEnd, ARunWithoutLogHasNothingToWrite) {
     EXPECT_FALSE(bench.Session_End_Output);
     bench.RxFlag = 0;
   }};
-  bench.Run(BindingKind::kCanusb, WorkerKind::FormBG, {{.id = 0x10}});
+  bench.Run(AdapterKind::kCanusb, WorkerKind::FormBG, {{.id = 0x10}});
 
   // Of a format that no flush writes there is no file at this end either.
   bench.device.t_LogSave_Enable = 1;
@@ -137,7 +137,7 @@ TEST(SessionEnd, ARunWithoutLogHasNothingToWrite) {
     bench.Session_End_Output();
     bench.RxFlag = 0;
   }};
-  bench.Run(BindingKind::kCanusb, WorkerKind::FormBG, {{.id = 0x10}});
+  bench.Run(AdapterKind::kCanusb, WorkerKind::FormBG, {{.id = 0x10}});
   EXPECT_EQ(bench.Log(), "no file");
 }
 
@@ -149,7 +149,7 @@ TEST(SessionEnd, AFullDiskLosesTheRecordsWithoutAWord) {
     bench.Session_End_Output();
     bench.RxFlag = 0;
   }};
-  bench.Run(BindingKind::kCanusb, WorkerKind::FormBG, {{.id = 0x10}});
+  bench.Run(AdapterKind::kCanusb, WorkerKind::FormBG, {{.id = 0x10}});
   EXPECT_TRUE(bench.message_box.Boxes().empty());
 }
 

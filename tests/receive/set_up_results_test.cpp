@@ -14,7 +14,7 @@ constexpr const char* kOneRecord = "         0 , 010 , 8 ,  01,02,03,04,05,06,07
 constexpr const char* kOneRecord29 = "         0 ,   , 00000010 , 8 ,  01,02,03,04,05,06,07,08\r\n";
 
 /// A run that logs one frame goes its whole way.
-void ExpectUndisturbed(RunBench& bench, BindingKind binding, WorkerKind worker,
+void ExpectUndisturbed(RunBench& bench, AdapterKind binding, WorkerKind worker,
                        std::int32_t handle) {
   bench.LogToCsv();
   bench.Run(binding, worker, {{.id = 0x10}});
@@ -26,30 +26,30 @@ void ExpectUndisturbed(RunBench& bench, BindingKind binding, WorkerKind worker,
 
 struct RefusedCall {
   const char* call;
-  BindingKind binding;
+  AdapterKind binding;
   void (*refuse)(RunBench& bench);
 };
 
 constexpr std::int32_t kRefusal = INT32_MIN + 0x4000000A;
 
 constexpr RefusedCall kRefusedCalls[] = {
-    {"CanSetConfig", BindingKind::kInterface,
+    {"CanSetConfig", AdapterKind::kInterface,
      [](RunBench& bench) { bench.IFCan.set_config_status = kRefusal; }},
-    {"CanActivate", BindingKind::kInterface,
+    {"CanActivate", AdapterKind::kInterface,
      [](RunBench& bench) { bench.IFCan.activate_status = kRefusal; }},
-    {"CanDeactivate", BindingKind::kInterface,
+    {"CanDeactivate", AdapterKind::kInterface,
      [](RunBench& bench) { bench.IFCan.deactivate_status = kRefusal; }},
-    {"CanClosePort", BindingKind::kInterface,
+    {"CanClosePort", AdapterKind::kInterface,
      [](RunBench& bench) { bench.IFCan.close_status = kRefusal; }},
-    {"canSetBusParams", BindingKind::kKvaser,
+    {"canSetBusParams", AdapterKind::kKvaser,
      [](RunBench& bench) { bench.canlib32.call_results["canSetBusParams"] = -1; }},
-    {"canSetBusOutputControl", BindingKind::kKvaser,
+    {"canSetBusOutputControl", AdapterKind::kKvaser,
      [](RunBench& bench) { bench.canlib32.call_results["canSetBusOutputControl"] = -1; }},
-    {"canBusOn", BindingKind::kKvaser,
+    {"canBusOn", AdapterKind::kKvaser,
      [](RunBench& bench) { bench.canlib32.call_results["canBusOn"] = -1; }},
-    {"canBusOff", BindingKind::kKvaser,
+    {"canBusOff", AdapterKind::kKvaser,
      [](RunBench& bench) { bench.canlib32.call_results["canBusOff"] = -1; }},
-    {"canClose", BindingKind::kKvaser,
+    {"canClose", AdapterKind::kKvaser,
      [](RunBench& bench) { bench.canlib32.call_results["canClose"] = -1; }},
 };
 
@@ -69,7 +69,7 @@ INSTANTIATE_TEST_SUITE_P(Calls, RefusedSetUp, testing::ValuesIn(kRefusedCalls),
 
 TEST(HandleZero, IsAHandleLikeAnyOther) {
   for (const WorkerKind worker : kAllWorkers) {
-    for (const BindingKind binding : {BindingKind::kInterface, BindingKind::kKvaser}) {
+    for (const AdapterKind binding : {AdapterKind::kInterface, AdapterKind::kKvaser}) {
       SCOPED_TRACE(WayName(binding, worker));
       RunBench bench;
       bench.IFCan.ports = {{.number = 1, .handle = 0}};

@@ -30,7 +30,7 @@ class SpreadsheetBench : public RunBench {
 };
 
 TEST(SpreadsheetRecords, ReachTheServerOnEachOfTheTwelveWays) {
-  for (const BindingKind binding : kAllBindings) {
+  for (const AdapterKind binding : kAllBindings) {
     for (const WorkerKind worker : kAllWorkers) {
       SCOPED_TRACE(WayName(binding, worker));
       const bool is29 = Is29Bit(worker);
@@ -59,15 +59,15 @@ TEST(SpreadsheetRecords, ReachTheServerOnEachOfTheTwelveWays) {
 TEST(SpreadsheetRecords, MarkTheFramesThatTheAdapterCallsExtended) {
   const std::array<std::uint8_t, 8> data = {};
   for (const WorkerKind worker : {WorkerKind::FormBG_29, WorkerKind::FormBG2_29}) {
-    SCOPED_TRACE(WayName(BindingKind::kKvaser, worker));
+    SCOPED_TRACE(WayName(AdapterKind::kKvaser, worker));
     SpreadsheetBench kvaser;
     kvaser.canlib32.frames.Play(
         {{1, data, 0, 2, 0}, {1, data, 0, 4, 0}, {1, data, 0, 3, 0}, {9, data, 0, 0x24, 0}});
-    kvaser.Run(BindingKind::kKvaser, worker);
+    kvaser.Run(AdapterKind::kKvaser, worker);
     SpreadsheetBench canusb;
     canusb.canusbdrv.frames.Play(
         {{1, 0, 0, 0, data}, {1, 0, 128, 0, data}, {1, 0, 64, 0, data}, {1, 0, 192, 0, data}});
-    canusb.Run(BindingKind::kCanusb, worker);
+    canusb.Run(AdapterKind::kCanusb, worker);
     // A Kvaser frame is standard or counts as extended; twice CANUSB's bit is no extended frame.
     const StringView kKvaserMarks[] = {u"", u"*", u"*", u"*"};
     const StringView kCanusbMarks[] = {u"", u"*", u"", u""};

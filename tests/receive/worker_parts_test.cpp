@@ -11,7 +11,7 @@
 namespace tolvane {
 namespace {
 
-constexpr auto kCanusb = BindingKind::kCanusb;
+constexpr auto kCanusb = AdapterKind::kCanusb;
 constexpr auto kFormBG = WorkerKind::FormBG;
 
 /// What a FormBG keeps for its life, open to a look from outside.
@@ -29,7 +29,7 @@ void RunOn(KeptByFormBG& kept, RunBench& bench) {
   CanusbBinding binding(bench.canusbdrv, bench.CAN_u, bench.CAN_d);
   bench.RxFlag = 1;
   Receive<CAN_ReadDB>(
-      open_traits(kCanusb, kFormBG), binding, bench.parts,
+      kCanusb, kFormBG, binding, bench.parts,
       {kept.frames, kept.highlights, kept.log, bench.timers[0], kept.Device_Timer_Kind},
       bench.device, nullptr);
 }

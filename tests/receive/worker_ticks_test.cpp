@@ -9,7 +9,7 @@ namespace tolvane {
 namespace {
 
 /// The page of a run in which all frames have come.
-String PageOfRun(RunBench& bench, BindingKind binding, WorkerKind worker,
+String PageOfRun(RunBench& bench, AdapterKind binding, WorkerKind worker,
                  const std::vector<BusFrame>& frames) {
   String page;
   bench.events = {[&] {
@@ -41,7 +41,7 @@ TEST(WorkerTicks, EachFormShowsItsOwnRowsAndCycles) {
        String(kHeader29) + line(u"  00000100", u"100") + line(u"  00000200", u"----"), 0},
   };
   for (const auto& row : kCases) {
-    for (const BindingKind binding : kAllBindings) {
+    for (const AdapterKind binding : kAllBindings) {
       SCOPED_TRACE(WayName(binding, row.worker));
       RunBench bench;
       bench.device.t_select_Vender = static_cast<std::int32_t>(binding) + 1;
@@ -58,12 +58,12 @@ TEST(WorkerTicks, EachFormShowsItsOwnRowsAndCycles) {
 // adds the length of the timer's kind.
 TEST(WorkerTicks, KnowWhoseTimerTheCycleComesFrom) {
   const struct {
-    BindingKind binding;
+    AdapterKind binding;
     std::int32_t from, to;  // ms
     StringView cycle;
-  } kCases[] = {{BindingKind::kCanusb, 100000, 10, u"   20010ms\r\n"},
-                {BindingKind::kInterface, 500000, 0, u"   358982ms\r\n"},
-                {BindingKind::kKvaser, 700, 200, u"   ????ms\r\n"}};
+  } kCases[] = {{AdapterKind::kCanusb, 100000, 10, u"   20010ms\r\n"},
+                {AdapterKind::kInterface, 500000, 0, u"   358982ms\r\n"},
+                {AdapterKind::kKvaser, 700, 200, u"   ????ms\r\n"}};
   for (const auto& row : kCases) {
     for (const WorkerKind worker : kAllWorkers) {
       SCOPED_TRACE(WayName(row.binding, worker));

@@ -14,6 +14,7 @@
 #include "platform/windows/system/wall_clock.h"
 #include "platform/windows/vendor/vendor_libraries.h"
 #include "platform/windows/window_parts/theme.h"
+#include "run/adapter_kind.h"
 
 namespace tolvane::platform::windows {
 namespace {
@@ -82,9 +83,12 @@ int Run(HINSTANCE instance, int show_command) {
 
   WindowsSupportLibrary qxt100(program_folder + u"\\qxt100.dll");
   WindowsTimerResolution winmm(system_folder + u"\\winmm.dll");
-  WindowsCanusb canusbdrv(system_folder + u"\\canusbdrv.dll");
-  WindowsIfcan ifcan(system_folder + u"\\IFCan.dll");
-  WindowsCanlib canlib32(system_folder + u"\\canlib32.dll");
+  const auto library_of = [&system_folder](AdapterKind kind) {
+    return system_folder + u"\\" + String(AdapterTraitsOf(kind).library);
+  };
+  WindowsCanusb canusbdrv(library_of(AdapterKind::kCanusb));
+  WindowsIfcan ifcan(library_of(AdapterKind::kInterface));
+  WindowsCanlib canlib32(library_of(AdapterKind::kKvaser));
   WindowsMessageBox message_box(gate, window.Hwnd());
   WindowsWallClock wall_clock;
   WindowsAutomationServers automation;

@@ -1,5 +1,6 @@
 #include "receive/adapters/canusb_binding.h"
 
+#include "receive/adapters/bit_rate.h"
 #include "receive/adapters/narrow_text.h"
 
 namespace tolvane {
@@ -10,11 +11,11 @@ constexpr int kExtended = CANUSB{}.CANMSG_EXTENDED;
 }  // namespace
 
 bool CanusbBinding::TakeRate(std::int32_t t_bitRate) {
-  const StringView rates[] = {CAN_u_.CAN_BAUD_1M,   CAN_u_.CAN_BAUD_800K, CAN_u_.CAN_BAUD_500K,
-                              CAN_u_.CAN_BAUD_250K, CAN_u_.CAN_BAUD_100K, CAN_u_.CAN_BAUD_50K,
-                              CAN_u_.CAN_BAUD_20K,  CAN_u_.CAN_BAUD_10K,  CAN_u_.CAN_BAUD_125K};
-  const bool known = t_bitRate >= 0 && t_bitRate < static_cast<std::int32_t>(std::size(rates));
-  rate_ = known ? NarrowText(rates[t_bitRate]) : std::string();
+  const auto rate = OfBitRate<StringView>(
+      t_bitRate, {CAN_u_.CAN_BAUD_1M, CAN_u_.CAN_BAUD_800K, CAN_u_.CAN_BAUD_500K,
+                  CAN_u_.CAN_BAUD_250K, CAN_u_.CAN_BAUD_100K, CAN_u_.CAN_BAUD_50K,
+                  CAN_u_.CAN_BAUD_20K, CAN_u_.CAN_BAUD_10K, CAN_u_.CAN_BAUD_125K});
+  rate_ = NarrowText(rate.value_or(StringView()));
   return true;
 }
 
@@ -44,8 +45,7 @@ KeyFlags CanusbBinding::KeyFlagsOf(std::uint8_t flags) {
   const int whole = flags / kExtended;
   // Half of the divisor is added, and one less where the quotient is even.
   const int rounded = (flags + kExtended / 2 - 1 + whole) / kExtended;
-  KeyFlags key = {
-      .match = {}, .insert = static_cast<std::uint8_t>(rounded), .can_Flag = rounded};
+  KeyFlags key = {.match = {}, .insert = static_cast<std::uint8_t>(rounded), .can_Flag = rounded};
   if (flags % kExtended == 0) key.match = static_cast<std::uint8_t>(whole);
   return key;
 }

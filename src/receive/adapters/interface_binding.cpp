@@ -1,5 +1,6 @@
 #include "receive/adapters/interface_binding.h"
 
+#include "receive/adapters/bit_rate.h"
 #include "receive/adapters/handle_text.h"
 #include "receive/adapters/id_limits.h"
 
@@ -12,28 +13,12 @@ constexpr std::int32_t kTimestampsPerMillisecond = 1000;
 }  // namespace
 
 bool InterfaceBinding::TakeRate(std::int32_t t_bitRate) {
-  switch (t_bitRate) {
-    case 0:
-      rate_ = IfCan_u_.CAN_BAUDRATE_1M;
-      return true;
-    case 2:
-      rate_ = IfCan_u_.CAN_BAUDRATE_500k;
-      return true;
-    case 3:
-      rate_ = IfCan_u_.CAN_BAUDRATE_250k;
-      return true;
-    case 4:
-      rate_ = IfCan_u_.CAN_BAUDRATE_100k;
-      return true;
-    case 5:
-      rate_ = IfCan_u_.CAN_BAUDRATE_50k;
-      return true;
-    case 8:
-      rate_ = IfCan_u_.CAN_BAUDRATE_125k;
-      return true;
-    default:
-      return false;
-  }
+  const auto rate = OfBitRate<std::int32_t>(
+      t_bitRate, {IfCan_u_.CAN_BAUDRATE_1M, std::nullopt, IfCan_u_.CAN_BAUDRATE_500k,
+                  IfCan_u_.CAN_BAUDRATE_250k, IfCan_u_.CAN_BAUDRATE_100k, IfCan_u_.CAN_BAUDRATE_50k,
+                  std::nullopt, std::nullopt, IfCan_u_.CAN_BAUDRATE_125k});
+  rate_ = rate.value_or(0);
+  return rate.has_value();
 }
 
 bool InterfaceBinding::Open() {

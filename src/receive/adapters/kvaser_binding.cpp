@@ -1,35 +1,17 @@
 #include "receive/adapters/kvaser_binding.h"
 
+#include "receive/adapters/bit_rate.h"
 #include "receive/adapters/handle_text.h"
 
 namespace tolvane {
 
 bool KvaserBinding::TakeRate(std::int32_t t_bitRate) {
-  switch (t_bitRate) {
-    case 0:
-      rate_ = kvCan_u_.canBITRATE_1M;
-      return true;
-    case 2:
-      rate_ = kvCan_u_.canBITRATE_500K;
-      return true;
-    case 3:
-      rate_ = kvCan_u_.canBITRATE_250K;
-      return true;
-    case 4:
-      rate_ = kvCan_u_.canBITRATE_100K;
-      return true;
-    case 5:
-      rate_ = kvCan_u_.canBITRATE_50K;
-      return true;
-    case 7:
-      rate_ = kvCan_u_.canBITRATE_10K;
-      return true;
-    case 8:
-      rate_ = kvCan_u_.canBITRATE_125K;
-      return true;
-    default:
-      return false;
-  }
+  const auto rate = OfBitRate<std::int32_t>(
+      t_bitRate, {kvCan_u_.canBITRATE_1M, std::nullopt, kvCan_u_.canBITRATE_500K,
+                  kvCan_u_.canBITRATE_250K, kvCan_u_.canBITRATE_100K, kvCan_u_.canBITRATE_50K,
+                  std::nullopt, kvCan_u_.canBITRATE_10K, kvCan_u_.canBITRATE_125K});
+  rate_ = rate.value_or(0);
+  return rate.has_value();
 }
 
 bool KvaserBinding::Open() {

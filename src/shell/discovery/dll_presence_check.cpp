@@ -1,19 +1,10 @@
 #include "shell/discovery/dll_presence_check.h"
 
-#include <array>
+#include "run/adapter_kind.h"
 
 namespace tolvane::Common_Function {
 
 namespace {
-
-struct AdapterLibrary {
-  StringView file;
-  std::int32_t bit;
-};
-
-constexpr std::array<AdapterLibrary, 3> kAdapterLibraries = {{{u"canusbdrv.dll", kLibraryCanusb},
-                                                              {u"IFCan.dll", kLibraryInterface},
-                                                              {u"canlib32.dll", kLibraryKvaser}}};
 
 /// A folder given as the path of the executable is taken for the folder that holds it.
 String WithoutExecutable(String folder) {
@@ -44,8 +35,9 @@ std::int32_t DLL_Presence_Check(const platform::Platform& platform, const ELM327
 
   const String system_folder = platform.folders.System() + u"\\";
   std::int32_t present = 0;
-  for (const auto& [file, bit] : kAdapterLibraries) {
-    if (platform.files.FileExists(system_folder + String(file))) present |= bit;
+  for (const AdapterTraits& adapter : adapter_traits) {
+    const bool found = platform.files.FileExists(system_folder + String(adapter.library));
+    if (found) present |= adapter.library_bit;
   }
   if (present == 0) {
     platform.message_box.Critical(u"CANインタフェース用DLLが見つかりません。\r\n" + system_folder +

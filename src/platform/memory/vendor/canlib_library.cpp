@@ -40,8 +40,9 @@ std::int32_t CanlibLibrary::canGetChannelData(std::int32_t channel, std::int32_t
 
 std::int32_t CanlibLibrary::canOpenChannel(std::int32_t channel, std::int32_t flags) {
   journal_.Note(CallText("canOpenChannel", {channel, flags}));
-  if (channel < 0 || static_cast<std::size_t>(channel) >= channels.size())
+  if (channel < 0 || static_cast<std::size_t>(channel) >= channels.size()) {
     return kvCan_u.canERR_NOTFOUND;
+  }
   return channels[static_cast<std::size_t>(channel)];
 }
 

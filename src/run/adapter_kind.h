@@ -1,0 +1,48 @@
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+
+#include "platform/string.h"
+
+namespace tolvane {
+
+/// The three kinds of adapter. How a run goes with each stands in receive/open_traits.h, the bit
+/// rates that each has in its binding.
+enum class AdapterKind : std::uint8_t { kCanusb, kInterface, kKvaser };
+
+/// What is known of a kind before any adapter is seen.
+struct AdapterTraits {
+  std::int32_t vender;       // its number in t_select_Vender and Device_Timer_Kind
+  std::int32_t library_bit;  // in the result of DLL_Presence_Check
+  StringView library;        // file in the system folder
+  std::int32_t timer_wrap;   // ms after which the adapter's timer starts over; 0 for never
+};
+
+/// By AdapterKind.
+inline constexpr std::array<AdapterTraits, 3> adapter_traits = {{
+    {.vender = 1, .library_bit = 1, .library = u"canusbdrv.dll", .timer_wrap = 60'000},
+    {.vender = 2, .library_bit = 2, .library = u"IFCan.dll", .timer_wrap = 429'491},
+    {.vender = 3, .library_bit = 4, .library = u"canlib32.dll", .timer_wrap = 0},
+}};
+
+[[nodiscard]] constexpr const AdapterTraits& AdapterTraitsOf(AdapterKind kind) {
+  return adapter_traits[static_cast<std::size_t>(kind)];
+}
+
+// t_select_Vender and Device_Timer_Kind.
+constexpr std::int32_t kVenderNone = 0;
+constexpr std::int32_t kVenderCanusb = AdapterTraitsOf(AdapterKind::kCanusb).vender;
+constexpr std::int32_t kVenderInterface = AdapterTraitsOf(AdapterKind::kInterface).vender;
+constexpr std::int32_t kVenderKvaser = AdapterTraitsOf(AdapterKind::kKvaser).vender;
+
+/// The timer_wrap of Device_Timer_Kind, 0 for no kind.
+[[nodiscard]] constexpr std::int32_t TimerWrap(std::int32_t Device_Timer_Kind) {
+  for (const AdapterTraits& adapter : adapter_traits) {
+    if (adapter.vender == Device_Timer_Kind) return adapter.timer_wrap;
+  }
+  return 0;
+}
+
+}  // namespace tolvane
