@@ -71,7 +71,7 @@ constexpr auto kSFC = EndOrder::kStatusFlushClose;
 // The Kvaser lines fail and end in three different ways, and so they must.
 // clang-format off
 constexpr OpenTraits kTable[3][4] = {
-    //   lowe. high.  plain  filter     excl.  start    hardware  config.  failed    close  end
+    //   low   high   plain  filter     excl.  start    hardware  config.  failed    close  end
     {  // CANUSB
         {   0, kId11, true,  kNone,     false, kFolder, kBoth,    kBefore, kEndsApp, false, kSCF},
         {   0, kId11, true,  kNone,     true,  kFolder, kBoth,    kBefore, kEndsApp, false, kSCF},

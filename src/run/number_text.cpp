@@ -172,7 +172,8 @@ ShortText HexID11Text(std::int32_t id) {
 ShortText HexSettingText(std::int32_t id) { return id == 0 ? HexText(0) : HexID11Text(id); }
 
 double RoundHalfToEven(double value) {
-  // Not nearbyint: its result would follow whatever rounding mode a vendor's library left behind.
+  // By steps that come out alike in every rounding mode, not by nearbyint: a vendor's library may
+  // have left another one behind.
   const double whole = std::floor(value);
   const double fraction = value - whole;
   if (fraction < 0.5) return whole;

@@ -2,10 +2,12 @@
 
 #include <gtest/gtest.h>
 
+#include <cfenv>
 #include <charconv>
 #include <cmath>
 #include <limits>
 #include <random>
+#include <utility>
 
 namespace tolvane {
 namespace {
@@ -118,6 +120,21 @@ TEST(RoundHalfToEven, TakesTheEvenNeighbourOfAHalf) {
   EXPECT_EQ(RoundHalfToEven(-1.5), -2.0);
   EXPECT_EQ(RoundHalfToEven(2.5000001), 3.0);
   EXPECT_EQ(RoundHalfToEven(-2.5000001), -3.0);
+}
+
+// A vendor's library may leave another mode behind than it found.
+TEST(RoundHalfToEven, ComesOutAlikeInEveryRoundingMode) {
+  const std::pair<double, double> kCases[] = {
+      {0.5, 0.0}, {1.5, 2.0},   {2.5, 2.0},   {-1.5, -2.0},  {2.4, 2.0},
+      {2.6, 3.0}, {-2.4, -2.0}, {-2.6, -3.0}, {-1e-20, 0.0}, {0.49999999999999994, 0.0}};
+  for (const int mode : {FE_UPWARD, FE_DOWNWARD, FE_TOWARDZERO}) {
+    for (const auto& [value, rounded] : kCases) {
+      std::fesetround(mode);
+      const double result = RoundHalfToEven(value);
+      std::fesetround(FE_TONEAREST);
+      EXPECT_EQ(result, rounded) << value << " in mode " << mode;
+    }
+  }
 }
 
 TEST(ToCurrency, RoundsToFourDecimalsAndStaysInRange) {

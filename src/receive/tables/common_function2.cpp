@@ -1,29 +1,16 @@
 #include "receive/tables/common_function2.h"
 
-#include <cfloat>
+#include "platform/extended_term.h"
 
 namespace tolvane::Common_Function2 {
 namespace {
 
+using platform::ExtendedTerm;
+
 // The sums are made in the x87 format and rounded to double once, at the end.
-static_assert(LDBL_MANT_DIG == 64);
-
-constexpr std::uint16_t kExtendedPrecision = 0x037F;  // rounds to nearest, masks every exception
-
-/// The first term of a sum in the x87 format. Any library called since the last sum may have left
-/// the unit with another precision or rounding, or have turned its exceptions on; looking costs a
-/// nanosecond. The term passes through the setting, or the compiler might do the sum ahead of it.
-long double FirstTerm(double term) {
-  std::uint16_t control = 0;
-  asm volatile("fnstcw %0" : "=m"(control));
-  if (control != kExtendedPrecision) {
-    asm volatile("fldcw %1" : "+m"(term) : "m"(kExtendedPrecision));
-  }
-  return term;
-}
 
 double GrownLine(double elapsed, double wrap, double last_elapsed, double ratio, double line) {
-  const long double growth = FirstTerm(elapsed) + wrap - last_elapsed;
+  const long double growth = ExtendedTerm(elapsed) + wrap - last_elapsed;
   return static_cast<double>(growth * ratio + line);
 }
 
@@ -49,7 +36,7 @@ void FollowClock(double& Time_Origin, double& Message_Time, double& Time_Last_El
   } else {
     Time_Origin = now;
   }
-  Message_Time = static_cast<double>(FirstTerm(elapsed) + Message_Time - Time_Last_Elapsed);
+  Message_Time = static_cast<double>(ExtendedTerm(elapsed) + Message_Time - Time_Last_Elapsed);
   Time_Last_Elapsed = elapsed;
 }
 

@@ -1,9 +1,8 @@
 #include "platform/windows/main_window/splash_window.h"
 
-#include <cmath>
-
 #include "platform/windows/system/text.h"
 #include "platform/windows/window_parts/window_place.h"
+#include "run/number_text.h"
 // Last, see there.
 #include "platform/windows/resources/resource.h"
 
@@ -79,7 +78,7 @@ void SplashWindow::ShowPhase(StringView text) { SetWindowTextW(message_, Wide(St
 void SplashWindow::Progress(double fraction) {
   RECT track{};
   GetClientRect(track_, &track);
-  const int left = static_cast<int>(std::nearbyint(track.right * fraction));
+  const int left = static_cast<int>(RoundHalfToEven(track.right * fraction));
   SetWindowPos(cover_, nullptr, left, 0, 0, 0, SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
