@@ -32,7 +32,7 @@ class LitPage {
 
   void Tick() {
     bed_.calls.clear();
-    tick_.TimerBackView_Timer();
+    tick_.TimerBackView_Timer(bed_.device);
   }
   [[nodiscard]] const platform::RichTextPage& Page() const { return *bed_.view.page; }
 
@@ -54,11 +54,11 @@ class LitPage {
 
   Bed bed_;
   platform::memory::SupportLibrary support_;
-  tolvane::Tick<typename Bed::Table> tick_{kKind,
-                                           {bed_.device, bed_.timer, support_, bed_.events,
-                                            bed_.view, bed_.RxFlag, bed_.Device_Timer_Kind},
-                                           *bed_.frames,
-                                           *bed_.highlights};
+  tolvane::Tick<typename Bed::Table> tick_{
+      kKind,
+      {bed_.timer, support_, bed_.events, bed_.view, bed_.RxFlag, bed_.Device_Timer_Kind},
+      *bed_.frames,
+      *bed_.highlights};
 };
 
 template <WorkerKind kKind>

@@ -15,13 +15,11 @@ LiveTick::LiveTick(std::int16_t rows, platform::Timer& timer, platform::SupportL
                    platform::EventLoop& events, platform::RichTextView& view)
     : rows_(rows),
       qxt100_(qxt100),
-      tick_(WorkerKind::FormBG,
-            {bed_.device, timer, qxt100, events, view, bed_.RxFlag, bed_.Device_Timer_Kind},
+      tick_(WorkerKind::FormBG, {timer, qxt100, events, view, bed_.RxFlag, bed_.Device_Timer_Kind},
             *bed_.frames, *bed_.highlights),
-      tick_without_window_(
-          WorkerKind::FormBG,
-          {bed_.device, timer, qxt100, events, bed_.view, bed_.RxFlag, bed_.Device_Timer_Kind},
-          *bed_.frames, *bed_.highlights) {
+      tick_without_window_(WorkerKind::FormBG,
+                           {timer, qxt100, events, bed_.view, bed_.RxFlag, bed_.Device_Timer_Kind},
+                           *bed_.frames, *bed_.highlights) {
   for (int i = 0; i < 3; ++i) Receive();
 }
 

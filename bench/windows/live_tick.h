@@ -16,9 +16,9 @@ class LiveTick {
   /// Gives every row a frame, and its first byte the light that it keeps for the coming tick.
   void Receive();
   /// One whole tick: compose, colours, swap, paint.
-  void Tick() { tick_.TimerBackView_Timer(); }
+  void Tick() { tick_.TimerBackView_Timer(bed_.device); }
   /// The same without the window: compose and colours.
-  void Compose() { tick_without_window_.TimerBackView_Timer(); }
+  void Compose() { tick_without_window_.TimerBackView_Timer(bed_.device); }
   /// The page of the last Compose.
   [[nodiscard]] const platform::RichTextPage& Page() const { return *bed_.view.page; }
 

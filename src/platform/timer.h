@@ -18,7 +18,7 @@ class Timer {
   /// Milliseconds between two ticks, fixed when the timer is made.
   [[nodiscard]] virtual std::int32_t Interval() const = 0;
 
-  /// What a tick calls. Set once by the owner before the first Enabled(true).
+  /// What a tick calls. Set by the owner while the timer is off.
   virtual void OnTick(std::function<void()> handler) = 0;
 };
 

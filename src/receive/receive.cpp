@@ -134,11 +134,11 @@ void Run<Table>::ClearTables() {
 template <typename Table>
 void Run<Table>::ClearLog() {
   log_.Param_ALL_Clear();
-  const String version = parts_.TB_ODB_Hard_Version.Text();
+  const String version = parts_.window.TB_ODB_Hard_Version.Text();
   log_.hardware_information =
       traits_.hardware_text == HardwareText::kVersion
           ? version
-          : Joined({parts_.Cmb_Serect_Device.Text(), kDeviceAndVersionJoint, version});
+          : Joined({parts_.window.Cmb_Serect_Device.Text(), kDeviceAndVersionJoint, version});
 }
 
 template <typename Table>
@@ -158,13 +158,13 @@ void Run<Table>::Start() {
   worker_.TimerBackView.Enabled(true);
   if (traits_.configuring == Configuring::kAfterTimer) binding_.Configure(device_);
   binding_.GoOnBus();
-  parts_.winmm.timeBeginPeriod(kTimerPeriod);
+  parts_.platform.winmm.timeBeginPeriod(kTimerPeriod);
 }
 
 template <typename Table>
 void Run<Table>::ShowRate() {
   if (const auto text = BitRateText(device_.t_bitRate)) {
-    parts_.TB_Protocol.Text(*text);
+    parts_.window.TB_Protocol.Text(*text);
     log_.str_bitrate = *text;
   }
 }
@@ -180,7 +180,7 @@ void Run<Table>::ShowReceiving() {
       status = kReceivingToCsv;
     }
   }
-  parts_.TB_Status.Text(status);
+  parts_.window.TB_Status.Text(status);
 }
 
 template <typename Table>
@@ -197,11 +197,12 @@ void Run<Table>::ReadWhileWanted() {
   while (parts_.RxFlag == 1) {
     const ReceivedFrame* frame = ReadAccepted();
     if (frame == nullptr) {
-      parts_.events.YieldToEvents();
+      parts_.platform.events.YieldToEvents();
       continue;
     }
     if (traits_.exclusion && !PassesExclusion(frame->id, device_)) continue;
-    StoreFrame(worker_.frames, slots_, *frame, time_, adapter_.timer_wrap, device_, parts_.qxt100);
+    StoreFrame(worker_.frames, slots_, *frame, time_, adapter_.timer_wrap, device_,
+               parts_.platform.qxt100);
     if (device_.t_LogSave_Enable == 1) Log(*frame);
   }
 }
@@ -245,10 +246,10 @@ void Run<CAN_ReadDB29>::Store(const ReceivedFrame& frame, double now_time) {
 
 template <typename Table>
 std::int32_t Run<Table>::Finish() {
-  parts_.winmm.timeEndPeriod(kTimerPeriod);
+  parts_.platform.winmm.timeEndPeriod(kTimerPeriod);
   std::int32_t status = 0;
   if (traits_.end_order == EndOrder::kCloseStatusFlush) status = binding_.Close();
-  parts_.TB_Status.Text(kFinishing);
+  parts_.window.TB_Status.Text(kFinishing);
   if (traits_.end_order == EndOrder::kStatusCloseFlush) status = binding_.Close();
   FlushAndStopTimer();
   if (traits_.end_order == EndOrder::kStatusFlushClose) status = binding_.Close();
@@ -268,8 +269,8 @@ void Run<Table>::FlushAndStopTimer() {
 
 template <typename Table>
 void Run<Table>::Stop(StringView first_line, StringView second_line) {
-  parts_.message_box.Critical(Joined({first_line, u"\r\n", second_line}),
-                              device_.Application_title);
+  parts_.platform.message_box.Critical(Joined({first_line, u"\r\n", second_line}),
+                                       device_.Application_title);
 }
 
 }  // namespace

@@ -11,23 +11,23 @@ template <WorkerKind kKind>
 WorkerForm<kKind>::WorkerForm(const RunParts& parts, platform::Timer& TimerBackView)
     : parts_(parts),
       TimerBackView_(TimerBackView),
-      log_(parts.log),
+      log_({.events = parts.platform.events,
+            .files = parts.platform.files,
+            .folders = parts.platform.folders,
+            .wall_clock = parts.platform.wall_clock}),
       tick_(kKind,
-            {.device = parts.device,
-             .TimerBackView = TimerBackView,
-             .qxt100 = parts.qxt100,
-             .events = parts.events,
-             .RTB_MainView = parts.RTB_MainView,
+            {.TimerBackView = TimerBackView,
+             .qxt100 = parts.platform.qxt100,
+             .events = parts.platform.events,
+             .RTB_MainView = parts.window.RTB_MainView,
              .RxFlag = parts.RxFlag,
              .Device_Timer_Kind = Device_Timer_Kind_},
-            *frames_, *highlights_) {
-  TimerBackView_.OnTick([this] { tick_.TimerBackView_Timer(); });
-}
+            *frames_, *highlights_) {}
 
 template <WorkerKind kKind>
 void WorkerForm<kKind>::Open_CANUSB(platform::AutomationObject* objExcel, ELM327_Info& device,
                                     const CANUSB& CAN_u, CAN_DB& CAN_d) {
-  CanusbBinding binding(parts_.canusbdrv, CAN_u, CAN_d);
+  CanusbBinding binding(parts_.platform.canusbdrv, CAN_u, CAN_d);
   Open(AdapterKind::kCanusb, binding, device, objExcel);
 }
 
@@ -35,20 +35,21 @@ template <WorkerKind kKind>
 std::int32_t WorkerForm<kKind>::Open_InterfaceCAN(platform::AutomationObject* objExcel,
                                                   ELM327_Info& device, const InterfaceCAN& IfCan_u,
                                                   CAN_DB_Interface& IfCan_d) {
-  InterfaceBinding binding(parts_.IFCan, IfCan_u, IfCan_d);
+  InterfaceBinding binding(parts_.platform.IFCan, IfCan_u, IfCan_d);
   return Open(AdapterKind::kInterface, binding, device, objExcel);
 }
 
 template <WorkerKind kKind>
 void WorkerForm<kKind>::Open_KvaserCAN(platform::AutomationObject* objExcel, ELM327_Info& device,
                                        const KvaserCAN& kvCan_u, CAN_DB_Kvaser& kvCan_d) {
-  KvaserBinding binding(parts_.canlib32, kvCan_u, kvCan_d);
+  KvaserBinding binding(parts_.platform.canlib32, kvCan_u, kvCan_d);
   Open(AdapterKind::kKvaser, binding, device, objExcel);
 }
 
 template <WorkerKind kKind>
 std::int32_t WorkerForm<kKind>::Open(AdapterKind adapter, Binding& binding, ELM327_Info& device,
                                      platform::AutomationObject* objExcel) {
+  TimerBackView_.OnTick([this, &device] { tick_.TimerBackView_Timer(device); });
   const WorkerParts<Table> worker = {*frames_, *highlights_, log_, TimerBackView_,
                                      Device_Timer_Kind_};
   return Receive(adapter, kKind, binding, parts_, worker, device, objExcel);
@@ -59,11 +60,11 @@ template class WorkerForm<WorkerKind::FormBG2>;
 template class WorkerForm<WorkerKind::FormBG_29>;
 template class WorkerForm<WorkerKind::FormBG2_29>;
 
-Workers::Workers(const RunParts& parts, const platform::WorkerTimers& timers)
-    : FormBG(parts, timers.FormBG),
-      FormBG2(parts, timers.FormBG2),
-      FormBG_29(parts, timers.FormBG_29),
-      FormBG2_29(parts, timers.FormBG2_29) {}
+Workers::Workers(const RunParts& parts)
+    : FormBG(parts, parts.platform.timers.FormBG),
+      FormBG2(parts, parts.platform.timers.FormBG2),
+      FormBG_29(parts, parts.platform.timers.FormBG_29),
+      FormBG2_29(parts, parts.platform.timers.FormBG2_29) {}
 
 Worker& Workers::Of(WorkerKind kind) {
   switch (kind) {

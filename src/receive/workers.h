@@ -4,7 +4,7 @@
 #include <memory>
 
 #include "logging/excel_outputdb.h"
-#include "platform/platform.h"
+#include "platform/timer.h"
 #include "receive/adapters/binding.h"
 #include "receive/run_parts.h"
 #include "receive/tables/frame_table_of.h"
@@ -63,7 +63,7 @@ extern template class WorkerForm<WorkerKind::FormBG2_29>;
 
 /// The four of them, made once with the main window.
 struct Workers {
-  Workers(const RunParts& parts, const platform::WorkerTimers& timers);
+  explicit Workers(const RunParts& parts);
 
   [[nodiscard]] Worker& Of(WorkerKind kind);
 

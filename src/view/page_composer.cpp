@@ -47,11 +47,11 @@ using Highlight = HighlightColumns<typename ViewTableOf<Table>::Type>;
 
 template <typename Table>
 PageComposer<Table>::PageComposer(const TickTraits& traits, const TickParts& parts,
-                                  double tick_time, Table& frames, ViewTable& highlights,
-                                  StringBuilder& text)
+                                  const ELM327_Info& device, double tick_time, Table& frames,
+                                  ViewTable& highlights, StringBuilder& text)
     : traits_(traits),
       parts_(parts),
-      device_(parts.device),
+      device_(device),
       tick_time_(tick_time),
       interval_(parts.TimerBackView.Interval()),
       frames_(frames),

@@ -4,6 +4,7 @@
 
 #include "platform/string.h"
 #include "run/column.h"
+#include "run/elm327_info.h"
 #include "view/message_marker.h"
 #include "view/page_rows.h"
 #include "view/tables/stringbuilder.h"
@@ -20,8 +21,8 @@ class PageComposer {
   using ViewTable = typename ViewTableOf<Table>::Type;
 
   /// `tick_time` is qx_timeGetTime at the start of the tick; all tests on silence use it.
-  PageComposer(const TickTraits& traits, const TickParts& parts, double tick_time, Table& frames,
-               ViewTable& highlights, StringBuilder& text);
+  PageComposer(const TickTraits& traits, const TickParts& parts, const ELM327_Info& device,
+               double tick_time, Table& frames, ViewTable& highlights, StringBuilder& text);
 
   /// Appends header, rows and foot. Yields before every four-hundredth position.
   void Compose();

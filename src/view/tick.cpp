@@ -11,16 +11,15 @@ Tick<Table>::Tick(WorkerKind worker, const TickParts& parts, Table& frames, View
     : worker_(worker), parts_(parts), frames_(frames), highlights_(highlights) {}
 
 template <typename Table>
-void Tick<Table>::TimerBackView_Timer() {
+void Tick<Table>::TimerBackView_Timer(const ELM327_Info& device) {
   const double tick_time = parts_.qxt100.qx_timeGetTime();
   parts_.TimerBackView.Enabled(false);
 
   const TickTraits& traits = TickTraitsOf(worker_);
   text_.AllClear();
-  PageComposer<Table>(traits, parts_, tick_time, frames_, highlights_, text_).Compose();
+  PageComposer<Table>(traits, parts_, device, tick_time, frames_, highlights_, text_).Compose();
   RTB_MainView_Back_.Text(text_.Text());
-  PageColours<Table>(parts_.device, parts_.qxt100, frames_, highlights_, RTB_MainView_Back_)
-      .Paint();
+  PageColours<Table>(device, parts_.qxt100, frames_, highlights_, RTB_MainView_Back_).Paint();
 
   RTB_MainView_Back_.SwapInto(parts_.RTB_MainView);
   if (traits.refresh) parts_.RTB_MainView.Refresh();

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "run/elm327_info.h"
 #include "run/worker_kind.h"
 #include "view/back_page.h"
 #include "view/tables/stringbuilder.h"
@@ -17,10 +18,10 @@ class Tick {
 
   Tick(WorkerKind worker, const TickParts& parts, Table& frames, ViewTable& highlights);
 
-  /// One tick. Yields five times in an 11-bit scan, in an extended one once for every 400 keys
-  /// begun; the timer is off meanwhile, so that no second tick nests, and stays off when the run
-  /// has ended.
-  void TimerBackView_Timer();
+  /// One tick, by the settings of the run. Yields five times in an 11-bit scan, in an extended one
+  /// once for every 400 keys begun; the timer is off meanwhile, so that no second tick nests, and
+  /// stays off when the run has ended.
+  void TimerBackView_Timer(const ELM327_Info& device);
 
  private:
   WorkerKind worker_;

@@ -8,7 +8,6 @@
 #include "platform/timer.h"
 #include "receive/tables/can_readdb.h"
 #include "receive/tables/can_readdb29.h"
-#include "run/elm327_info.h"
 #include "view/tables/can_viewdb.h"
 #include "view/tables/can_viewdb29.h"
 
@@ -16,7 +15,6 @@ namespace tolvane {
 
 /// What a tick uses of its worker and of the main window.
 struct TickParts {
-  ELM327_Info& device;
   platform::Timer& TimerBackView;
   platform::SupportLibrary& qxt100;
   platform::EventLoop& events;

@@ -13,11 +13,15 @@
 #include "platform/memory/dialogs/message_box.h"
 #include "platform/memory/main_window/main_window.h"
 #include "platform/memory/main_window/timer.h"
+#include "platform/memory/rich_text/clipboard.h"
 #include "platform/memory/rich_text/rich_text_view.h"
 #include "platform/memory/system/code_page_932.h"
+#include "platform/memory/system/cursors.h"
 #include "platform/memory/system/event_loop.h"
 #include "platform/memory/system/file_system.h"
 #include "platform/memory/system/journal.h"
+#include "platform/memory/system/run_protection.h"
+#include "platform/memory/system/single_instance.h"
 #include "platform/memory/system/special_folders.h"
 #include "platform/memory/system/support_library.h"
 #include "platform/memory/system/timer_resolution.h"
@@ -171,6 +175,10 @@ class RunBench {
   platform::memory::MainWindow window{journal};
   platform::memory::RichTextView RTB_MainView{journal, files};
   platform::memory::AutomationServers automation{journal};
+  platform::memory::Clipboard clipboard{journal};
+  platform::memory::SingleInstance single_instance;
+  platform::memory::Cursors cursors;
+  platform::memory::RunProtection run_protection;
   platform::memory::Timer timers[4] = {
       platform::memory::Timer(journal, gate), platform::memory::Timer(journal, gate),
       platform::memory::Timer(journal, gate), platform::memory::Timer(journal, gate)};
@@ -187,23 +195,26 @@ class RunBench {
   std::unique_ptr<platform::AutomationObject> objExcel;
   std::vector<std::function<void()>> events;
 
-  RunParts parts = {.device = device,
-                    .RxFlag = RxFlag,
-                    .Session_End_Output = Session_End_Output,
-                    .Cmb_Serect_Device = window.Cmb_Serect_Device,
-                    .TB_ODB_Hard_Version = window.TB_ODB_Hard_Version,
-                    .TB_Protocol = window.TB_Protocol,
-                    .TB_Status = window.TB_Status,
-                    .RTB_MainView = RTB_MainView,
-                    .message_box = message_box,
-                    .events = loop,
-                    .qxt100 = qxt100,
-                    .winmm = winmm,
-                    .canusbdrv = canusbdrv,
-                    .IFCan = IFCan,
-                    .canlib32 = canlib32,
-                    .log = {loop, log_files, folders, wall_clock}};
-  Workers workers{parts, {timers[0], timers[1], timers[2], timers[3]}};
+  platform::Platform outside = {.events = loop,
+                                .timers = {timers[0], timers[1], timers[2], timers[3]},
+                                .qxt100 = qxt100,
+                                .winmm = winmm,
+                                .canusbdrv = canusbdrv,
+                                .IFCan = IFCan,
+                                .canlib32 = canlib32,
+                                .message_box = message_box,
+                                .files = log_files,
+                                .folders = folders,
+                                .wall_clock = wall_clock,
+                                .code_page = code_page,
+                                .automation = automation,
+                                .clipboard = clipboard,
+                                .single_instance = single_instance,
+                                .cursors = cursors,
+                                .run_protection = run_protection};
+  platform::MainWindow face = window.Face(RTB_MainView);
+  RunParts parts = {outside, face, RxFlag, Session_End_Output};
+  Workers workers{parts};
 };
 
 constexpr AdapterKind kAllBindings[] = {AdapterKind::kCanusb, AdapterKind::kInterface,

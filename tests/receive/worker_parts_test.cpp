@@ -16,7 +16,8 @@ constexpr auto kFormBG = WorkerKind::FormBG;
 
 /// What a FormBG keeps for its life, open to a look from outside.
 struct KeptByFormBG {
-  explicit KeptByFormBG(const RunBench& bench) : log(bench.parts.log) {}
+  explicit KeptByFormBG(RunBench& bench)
+      : log({bench.loop, bench.log_files, bench.folders, bench.wall_clock}) {}
 
   CAN_ReadDB frames;
   CAN_ViewDB highlights;

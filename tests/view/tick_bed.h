@@ -170,7 +170,7 @@ class TickBed {
 
   /// One tick; the page's text.
   const String& Page() {
-    tick.TimerBackView_Timer();
+    tick.TimerBackView_Timer(device);
     return view.page->text;
   }
   [[nodiscard]] const std::vector<platform::ColourRun>& Colours() const {
@@ -190,10 +190,8 @@ class TickBed {
   std::int32_t Device_Timer_Kind = kVenderCanusb;
   std::unique_ptr<Table> frames = std::make_unique<Table>();
   std::unique_ptr<ViewTable> highlights = std::make_unique<ViewTable>();
-  Tick<Table> tick{kKind,
-                   {device, timer, support, events, view, RxFlag, Device_Timer_Kind},
-                   *frames,
-                   *highlights};
+  Tick<Table> tick{
+      kKind, {timer, support, events, view, RxFlag, Device_Timer_Kind}, *frames, *highlights};
 
  private:
   /// A timer mode that no dialog offers leaves the time line where it is.

@@ -140,7 +140,7 @@ std::int64_t AllocationsOfALitTick() {
     bed.calls.clear();
   }
   const std::int64_t before = counting::Allocations();
-  bed.tick.TimerBackView_Timer();
+  bed.tick.TimerBackView_Timer(bed.device);
   const std::int64_t after = counting::Allocations();
   EXPECT_EQ(bed.Colours().size(), 16000U);
   return after - before;

@@ -22,30 +22,6 @@ WorkerKind WorkerOf(const ELM327_Info& device) {
   return excluding ? WorkerKind::FormBG2 : WorkerKind::FormBG;
 }
 
-RunParts PartsOfRun(const platform::Platform& platform, const platform::MainWindow& window,
-                    ELM327_Info& device, std::int32_t& RxFlag,
-                    std::function<void()>& Session_End_Output) {
-  return {.device = device,
-          .RxFlag = RxFlag,
-          .Session_End_Output = Session_End_Output,
-          .Cmb_Serect_Device = window.Cmb_Serect_Device,
-          .TB_ODB_Hard_Version = window.TB_ODB_Hard_Version,
-          .TB_Protocol = window.TB_Protocol,
-          .TB_Status = window.TB_Status,
-          .RTB_MainView = window.RTB_MainView,
-          .message_box = platform.message_box,
-          .events = platform.events,
-          .qxt100 = platform.qxt100,
-          .winmm = platform.winmm,
-          .canusbdrv = platform.canusbdrv,
-          .IFCan = platform.IFCan,
-          .canlib32 = platform.canlib32,
-          .log = {.events = platform.events,
-                  .files = platform.files,
-                  .folders = platform.folders,
-                  .wall_clock = platform.wall_clock}};
-}
-
 }  // namespace
 
 Form1::Form1(const platform::Platform& platform, const platform::MainWindow& window,
@@ -53,8 +29,7 @@ Form1::Form1(const platform::Platform& platform, const platform::MainWindow& win
     : device(std::move(executable_folder)),
       platform_(platform),
       window_(window),
-      workers_(PartsOfRun(platform, window, device, RxFlag, Session_End_Output_), platform.timers) {
-}
+      workers_({platform_, window_, RxFlag, Session_End_Output_}) {}
 
 void Form1::Bt_Connect_Click() {
   Lock_Window();
