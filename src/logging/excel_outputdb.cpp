@@ -39,33 +39,19 @@ void Excel_OutputDB::csv_DB_Initialize(std::int32_t cmd_ch, const ELM327_Info& d
 void Excel_OutputDB::Excel_DataInput(double now_time, std::int32_t can_ID, std::int32_t can_DLC,
                                      std::span<const std::uint8_t, 8> can_DATA,
                                      std::int32_t can_Flag) {
-  StoreInChannel({now_time, can_DLC, can_DATA}, HexID11Text(can_ID), can_Flag);
+  Excel_DataStore({now_time, can_DLC, can_DATA}, HexID11Text(can_ID), can_Flag);
 }
 
 void Excel_OutputDB::Excel_DataInput29(double now_time, std::int32_t can_ID, std::int32_t can_DLC,
                                        std::span<const std::uint8_t, 8> can_DATA,
                                        std::int32_t can_Flag) {
-  StoreInChannel({now_time, can_DLC, can_DATA}, LogID29Text(can_ID), can_Flag);
-}
-
-void Excel_OutputDB::StoreInChannel(const LogRecord& record, StringView identifier,
-                                    std::int32_t can_Flag) {
-  if (Excel_DB_ArayyCh == 1) {
-    Excel_DataStore1(record, identifier, can_Flag);
-  } else {
-    Excel_DataStore2(record, identifier, can_Flag);
-  }
+  Excel_DataStore({now_time, can_DLC, can_DATA}, LogID29Text(can_ID), can_Flag);
 }
 
 void Excel_OutputDB::csv_DataInput(double now_time, std::int32_t can_ID, std::int32_t can_DLC,
                                    std::span<const std::uint8_t, 8> can_DATA) {
-  const LogRecord record{now_time, can_DLC, can_DATA};
-  const ShortText identifier = HexID11Text(can_ID);
-  if (Excel_DB_ArayyCh == 1) {
-    csv_DataTail1(record, {}, identifier);
-  } else {
-    csv_DataTail2(record, {}, identifier);
-  }
+  csv_DataTail(Excel_DB_ArayyCh == 1 ? LogBuilder1 : LogBuilder2, {now_time, can_DLC, can_DATA}, {},
+               HexID11Text(can_ID));
 }
 
 void Excel_OutputDB::csv_DataInput29(double now_time, std::int32_t can_ID, std::int32_t can_DLC,
@@ -74,7 +60,7 @@ void Excel_OutputDB::csv_DataInput29(double now_time, std::int32_t can_ID, std::
   const LogRecord record{now_time, can_DLC, can_DATA};
   const StringView mark = CsvMark29(can_Flag);
   if (Excel_DB_ArayyCh == 1) {
-    csv_DataTail1(record, mark, LogID29Text(can_ID));
+    csv_DataTail(LogBuilder1, record, mark, LogID29Text(can_ID));
     return;
   }
   // The zeros of channel 2 land in channel 1 and come out ahead of its next file. Readers of the
@@ -83,11 +69,12 @@ void Excel_OutputDB::csv_DataInput29(double now_time, std::int32_t can_ID, std::
   if (char16_t* const at = LogBuilder1.Reserve(kCsvLine_MAX, LogBuilder_MAX)) {
     LogBuilder1.Take(zeros.copy(at, zeros.size()));
   }
-  csv_DataTail2(record, mark, HexText(can_ID));
+  csv_DataTail(LogBuilder2, record, mark, HexText(can_ID));
 }
 
-void Excel_OutputDB::Excel_DataStore(LogTable& table, const LogRecord& record,
-                                     StringView identifier, std::int32_t can_Flag) {
+void Excel_OutputDB::Excel_DataStore(const LogRecord& record, StringView identifier,
+                                     std::int32_t can_Flag) {
+  LogTable& table = Excel_DB_ArayyCh == 1 ? Time_ID_DLC_Data1 : Time_ID_DLC_Data2;
   const std::int32_t row = Excel_DB_ArayyCounter;
   table(row, 2) = identifier;
   if (can_Flag == 1) table(row, 1) = u"*";

@@ -103,22 +103,7 @@ class Excel_OutputDB {
                           const String& FolderName);
 
  private:
-  void Excel_DataStore1(const LogRecord& record, StringView identifier, std::int32_t can_Flag) {
-    Excel_DataStore(Time_ID_DLC_Data1, record, identifier, can_Flag);
-  }
-  void Excel_DataStore2(const LogRecord& record, StringView identifier, std::int32_t can_Flag) {
-    Excel_DataStore(Time_ID_DLC_Data2, record, identifier, can_Flag);
-  }
-  void csv_DataTail1(const LogRecord& record, StringView mark, StringView identifier) {
-    csv_DataTail(LogBuilder1, record, mark, identifier);
-  }
-  void csv_DataTail2(const LogRecord& record, StringView mark, StringView identifier) {
-    csv_DataTail(LogBuilder2, record, mark, identifier);
-  }
-
-  void StoreInChannel(const LogRecord& record, StringView identifier, std::int32_t can_Flag);
-  void Excel_DataStore(LogTable& table, const LogRecord& record, StringView identifier,
-                       std::int32_t can_Flag);
+  void Excel_DataStore(const LogRecord& record, StringView identifier, std::int32_t can_Flag);
   void csv_DataTail(CsvChannel& channel, const LogRecord& record, StringView mark,
                     StringView identifier);
 
