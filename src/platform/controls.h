@@ -6,27 +6,24 @@
 
 namespace tolvane::platform {
 
-// The properties of the main window's controls that the logic uses. Assigning one raises no event
-// of the control unless its comment says so.
+// What the logic reads and writes of the main window's controls. Assigning a property raises no
+// event of the control unless its comment says so.
 
 class Button {
  public:
   virtual ~Button() = default;
-  [[nodiscard]] virtual bool Enabled() const = 0;
   virtual void Enabled(bool enabled) = 0;
 };
 
 class MenuItem {
  public:
   virtual ~MenuItem() = default;
-  [[nodiscard]] virtual bool Enabled() const = 0;
   virtual void Enabled(bool enabled) = 0;
 };
 
 class Picture {
  public:
   virtual ~Picture() = default;
-  [[nodiscard]] virtual bool Visible() const = 0;
   virtual void Visible(bool visible) = 0;
 };
 
@@ -36,7 +33,6 @@ class TextBox {
   [[nodiscard]] virtual String Text() const = 0;
   virtual void Text(StringView text) = 0;
   /// True while the user cannot edit the text; the program always can.
-  [[nodiscard]] virtual bool Locked() const = 0;
   virtual void Locked(bool locked) = 0;
   virtual void SetFocus() = 0;
 };
@@ -45,7 +41,6 @@ class TextBox {
 class ComboBox {
  public:
   virtual ~ComboBox() = default;
-  [[nodiscard]] virtual bool Enabled() const = 0;
   virtual void Enabled(bool enabled) = 0;
   virtual void AddItem(StringView text) = 0;
   /// Zero-based line of the selection, -1 for none.

@@ -23,7 +23,6 @@ class EventGate {
   /// nothing while the gate is closed.
   void DeliverWaiting();
 
-  [[nodiscard]] bool Open() const { return open_; }
   [[nodiscard]] std::size_t Waiting() const { return waiting_.size(); }
 
   /// Opens the gate for a scope: a yield or a modal loop of the logic's own.

@@ -3,7 +3,6 @@
 #include <cstdint>
 
 #include "platform/automation.h"
-#include "platform/timer.h"
 #include "receive/adapters/can_db.h"
 #include "receive/adapters/can_db_interface.h"
 #include "receive/adapters/can_db_kvaser.h"
@@ -34,10 +33,6 @@ class Worker {
                                          CAN_DB_Interface& IfCan_d) = 0;
   virtual void Open_KvaserCAN(platform::AutomationObject* objExcel, ELM327_Info& device,
                               const KvaserCAN& kvCan_u, CAN_DB_Kvaser& kvCan_d) = 0;
-
-  /// Enabled while the page is repainted at intervals: from the start of a run to its end, except
-  /// inside a tick.
-  [[nodiscard]] virtual platform::Timer& TimerBackView() = 0;
 };
 
 }  // namespace tolvane

@@ -33,7 +33,6 @@ class WorkerForm final : public Worker {
   void Open_KvaserCAN(platform::AutomationObject* objExcel, ELM327_Info& device,
                       const KvaserCAN& kvCan_u, CAN_DB_Kvaser& kvCan_d) override;
 
-  [[nodiscard]] platform::Timer& TimerBackView() override { return TimerBackView_; }
   [[nodiscard]] const Table& Frames() const { return *frames_; }
 
  private:
@@ -41,7 +40,7 @@ class WorkerForm final : public Worker {
                     platform::AutomationObject* objExcel);
 
   RunParts parts_;
-  platform::Timer& TimerBackView_;
+  platform::Timer& TimerBackView_;  // on from the start of a run to its end, except inside a tick
   std::int32_t Device_Timer_Kind_ = 0;  // of the last run
   // On the heap, hundreds of kilobytes each, so that a main window fits on a stack.
   std::unique_ptr<Table> frames_ = std::make_unique<Table>();

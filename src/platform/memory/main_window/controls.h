@@ -19,7 +19,7 @@ class EnabledControl final : public Base {
   EnabledControl(Journal& journal, std::string name, bool enabled)
       : journal_(journal), name_(std::move(name)), enabled_(enabled) {}
 
-  [[nodiscard]] bool Enabled() const override { return enabled_; }
+  [[nodiscard]] bool Enabled() const { return enabled_; }
   void Enabled(bool enabled) override {
     enabled_ = enabled;
     journal_.Assign(name_, "Enabled", enabled);
@@ -38,7 +38,7 @@ class Picture final : public platform::Picture {
  public:
   Picture(Journal& journal, std::string name) : journal_(journal), name_(std::move(name)) {}
 
-  [[nodiscard]] bool Visible() const override { return visible_; }
+  [[nodiscard]] bool Visible() const { return visible_; }
   void Visible(bool visible) override {
     visible_ = visible;
     journal_.Assign(name_, "Visible", visible);
@@ -60,7 +60,7 @@ class TextBox final : public platform::TextBox {
     text_ = text;
     journal_.Assign(name_, "Text", text);
   }
-  [[nodiscard]] bool Locked() const override { return locked_; }
+  [[nodiscard]] bool Locked() const { return locked_; }
   void Locked(bool locked) override {
     locked_ = locked;
     journal_.Assign(name_, "Locked", locked);
@@ -83,7 +83,7 @@ class ComboBox final : public platform::ComboBox {
  public:
   ComboBox(Journal& journal, std::string name) : journal_(journal), name_(std::move(name)) {}
 
-  [[nodiscard]] bool Enabled() const override { return enabled_; }
+  [[nodiscard]] bool Enabled() const { return enabled_; }
   void Enabled(bool enabled) override {
     enabled_ = enabled;
     journal_.Assign(name_, "Enabled", enabled);

@@ -4,17 +4,8 @@
 
 namespace tolvane::platform::windows {
 
-bool WindowsMenuItem::Enabled() const {
-  const UINT state = GetMenuState(menu_, id_, MF_BYCOMMAND);
-  return state != static_cast<UINT>(-1) && (state & (MF_GRAYED | MF_DISABLED)) == 0;
-}
-
 void WindowsMenuItem::Enabled(bool enabled) {
   EnableMenuItem(menu_, id_, static_cast<UINT>(MF_BYCOMMAND | (enabled ? MF_ENABLED : MF_GRAYED)));
-}
-
-bool WindowsPicture::Visible() const {
-  return (GetWindowLongPtrW(window_, GWL_STYLE) & WS_VISIBLE) != 0;
 }
 
 String WindowsTextBox::Text() const { return WindowText(window_); }
@@ -24,10 +15,6 @@ void WindowsTextBox::Text(StringView text) {
   // Whoever shows a text may be busy for a while: opening an adapter, writing a log. And what is
   // painted here is not painted in the first yield of a run, when frames are waiting already.
   RedrawWindow(GetAncestor(window_, GA_ROOT), nullptr, nullptr, RDW_UPDATENOW | RDW_ALLCHILDREN);
-}
-
-bool WindowsTextBox::Locked() const {
-  return (GetWindowLongPtrW(window_, GWL_STYLE) & ES_READONLY) != 0;
 }
 
 void WindowsTextBox::Locked(bool locked) { SendMessageW(window_, EM_SETREADONLY, locked, 0); }

@@ -13,7 +13,6 @@ namespace tolvane::platform::windows {
 class WindowsButton final : public Button {
  public:
   void Attach(HWND window) { window_ = window; }
-  [[nodiscard]] bool Enabled() const override { return IsWindowEnabled(window_) != FALSE; }
   void Enabled(bool enabled) override { EnableWindow(window_, enabled); }
 
  private:
@@ -27,7 +26,6 @@ class WindowsMenuItem final : public MenuItem {
     menu_ = menu;
     id_ = id;
   }
-  [[nodiscard]] bool Enabled() const override;
   void Enabled(bool enabled) override;
 
  private:
@@ -38,8 +36,6 @@ class WindowsMenuItem final : public MenuItem {
 class WindowsPicture final : public Picture {
  public:
   void Attach(HWND window) { window_ = window; }
-  /// Whether it would be seen if its parent were.
-  [[nodiscard]] bool Visible() const override;
   void Visible(bool visible) override { ShowWindow(window_, visible ? SW_SHOWNA : SW_HIDE); }
 
  private:
@@ -53,7 +49,6 @@ class WindowsTextBox final : public TextBox {
   /// Seen at once, with whatever else of the main window waits to be painted; no event is let
   /// through.
   void Text(StringView text) override;
-  [[nodiscard]] bool Locked() const override;
   void Locked(bool locked) override;
   void SetFocus() override { ::SetFocus(window_); }
 
@@ -68,7 +63,6 @@ class WindowsComboBox final : public ComboBox {
     window_ = window;
     clicked_ = std::move(clicked);
   }
-  [[nodiscard]] bool Enabled() const override { return IsWindowEnabled(window_) != FALSE; }
   void Enabled(bool enabled) override { EnableWindow(window_, enabled); }
   void AddItem(StringView text) override;
   [[nodiscard]] std::int32_t ListIndex() const override;
