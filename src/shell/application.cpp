@@ -7,7 +7,6 @@
 #include "run/control/form1.h"
 #include "shell/common_function.h"
 #include "shell/discovery/adapter_discovery.h"
-#include "shell/discovery/device_select.h"
 #include "shell/discovery/dll_presence_check.h"
 
 namespace tolvane {
@@ -115,11 +114,6 @@ void Form1::List_Devices() {
             [this](std::int32_t i) { return Interface_Line(IfCan_d, i); });
   add_lines(kvCan_d.Kvaser_FindCount, [this](std::int32_t i) { return Kvaser_Line(kvCan_d, i); });
   Splash_Step(0.7);
-}
-
-std::int32_t Form1::Device_Select() {
-  return Apply_Device_Select(platform_, window_.TB_ODB_Hard_Version, device, CAN_u, CAN_d, IfCan_d,
-                             kvCan_u, kvCan_d);
 }
 
 void Form1::Restore_View() {

@@ -6,6 +6,7 @@
 #include "logging/ime_function.h"
 #include "logging/spreadsheet_server.h"
 #include "run/worker_kind.h"
+#include "shell/discovery/device_select.h"
 
 namespace tolvane {
 
@@ -145,6 +146,11 @@ void Form1::Cmb_Serect_Device_Click() {
   if (device.t_CmbBOX_device_SelectNo == selected) return;
   device.t_CmbBOX_device_SelectNo = selected;
   Device_Select();
+}
+
+std::int32_t Form1::Device_Select() {
+  return Apply_Device_Select(platform_, window_.TB_ODB_Hard_Version, device, CAN_u, CAN_d, IfCan_d,
+                             kvCan_u, kvCan_d);
 }
 
 String Form1::Trimmed_Comment() const {

@@ -18,8 +18,14 @@
 
 namespace tolvane {
 
-/// The main window as the controller of everything: the life of the process, the control of a run,
-/// the commands of the page. Each method lies in the folder of its subject.
+/// The main window as the controller of everything: one class in two folders. Each method is
+/// declared below under its file, which lies where what it includes lets it:
+///
+///   run/control/form1.cpp    a run and the choice of its adapter: workers, logs, discovery
+///   shell/application.cpp    the life of the process: settings files and office programs as well
+///   shell/view_commands.cpp  the page as a notebook: the page alone, but a subject of the shell
+///
+/// run/control calls up into the shell once: Bt_Connect_Click ends with Set_View_Menu_After_Run.
 ///
 /// Handlers run on the user-interface thread, during a run nested inside its yields.
 class Form1 {
@@ -28,7 +34,7 @@ class Form1 {
   Form1(const platform::Platform& platform, const platform::MainWindow& window,
         String executable_folder);
 
-  // shell/application.cpp: the life of the process
+  // shell/application.cpp
 
   /// The whole start; returns when the program waits for the user, or when the start has failed
   /// and the window is unloaded. Yields and shows message boxes. The window is not visible yet.
@@ -53,7 +59,7 @@ class Form1 {
   /// nobody, as it may come in the midst of anything that pumps messages.
   void Session_Ends();
 
-  // run/form1.cpp: a run
+  // run/control/form1.cpp
 
   /// The whole run: returns when it has ended and the window is put back. No frame is received once
   /// the session has ended.
@@ -64,7 +70,7 @@ class Form1 {
   /// Raised by every selection of a line, by the user or in code.
   void Cmb_Serect_Device_Click();
 
-  // shell/view_commands.cpp: the notebook between runs
+  // shell/view_commands.cpp
 
   /// The pop-up's items follow the selection, but not while the timer of FormBG is on: what they
   /// miss then is made up for at the end of the run.
@@ -108,12 +114,11 @@ class Form1 {
   /// How far start-up came decides what closing may write.
   enum class StartUp : std::uint8_t { kNotBegun, kBegun, kSettingsRead };
 
-  // The stages of Application_Open.
+  // shell/application.cpp: the stages of Application_Open
   void Clear_All_Parameters();
   void Search_Devices(std::int32_t libraries);
   [[nodiscard]] bool Found_Any_Device() const;
   void List_Devices();
-  std::int32_t Device_Select();
   void Restore_View();
   void Check_Office();
   /// Moves the splash's bar and lets it repaint.
@@ -123,7 +128,7 @@ class Form1 {
   /// The message of a start that cannot go on, and the closing of the window.
   void End_Start(StringView reason);
 
-  // The stages of Bt_Connect_Click.
+  // run/control/form1.cpp: the stages of Bt_Connect_Click
   void Lock_Window();
   /// False when the settings ask for a spreadsheet server that cannot be had, which is shown.
   [[nodiscard]] bool Open_Spreadsheet_Server();
@@ -133,11 +138,14 @@ class Form1 {
   void Put_Window_Back();
   void Close_Spreadsheet_Server();
 
+  /// Makes the adapter of the chosen line the one of the next run. As Apply_Device_Select.
+  std::int32_t Device_Select();
   /// What the comment's box holds, without the blanks at its ends.
   [[nodiscard]] String Trimmed_Comment() const;
   /// Cuts to 50 UTF-16 units.
   void Store_Comment(StringView comment);
 
+  // shell/view_commands.cpp
   struct ViewMenuFacts;
   void Set_View_Menu_After_Run();
   void Set_View_Menu(const ViewMenuFacts& facts);
