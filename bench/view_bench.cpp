@@ -43,11 +43,12 @@ class LitPage {
     const std::int16_t row = bed_.Receive(id, 8, kData, 1000.0);
     const double cycle = 10 + row % 1000 + (fractions ? 0.25 : 0.0);
     for (int i = 1; i < 3; ++i) bed_.Receive(id, 8, kData, 1000.0 + i * cycle);
+    auto& highlights = *bed_.highlights;
     for (std::size_t k = 0; k < 8; ++k) {
-      ((*bed_.highlights).*Highlight::d_timerCounter[k])(
-          row, 1 + (row * 29 + 7000 * static_cast<int>(k)) % 60000);
+      Highlight::d_timerCounter[k](highlights)(row,
+                                               1 + (row * 29 + 7000 * static_cast<int>(k)) % 60000);
     }
-    ((*bed_.highlights).*Highlight::dt_timerCounter)(row, 1 + row * 14);
+    Highlight::dt_timerCounter(highlights)(row, 1 + row * 14);
   }
 
   static constexpr Bytes8 kData = {0x08, 0x91, 0xA2, 0xB3, 0xC4, 0xD5, 0xE6, 0xF7};

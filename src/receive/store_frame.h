@@ -66,24 +66,24 @@ void StoreInSlot(Table& frames, const FrameSlot& slot, const ReceivedFrame& fram
                  platform::SupportLibrary& qxt100) {
   using C = FrameColumns<Table>;
   const auto [row, found] = slot;
-  (frames.*C::Received)(row, row_state::kWriting);
-  (frames.*C::DLC)(row, static_cast<std::uint8_t>(frame.can_DLC));
+  C::Received(frames)(row, row_state::kWriting);
+  C::DLC(frames)(row, static_cast<std::uint8_t>(frame.can_DLC));
   Common_Function2::Frame_Time_Update(device.t_Timer_Mode, time.Time_Origin, time.Message_Time,
                                       time.Time_Last_Elapsed, frame.device_time, device_time_wrap,
                                       device.t_dividend_ratio, qxt100);
-  (frames.*C::ReadTime_old)(row, qxt100.qx_timeGetTime());
-  (frames.*C::ReceivedTime_writting)(row, 1);
-  (frames.*C::ReceivedTime_old)(row, (frames.*C::ReceivedTime)(row));
-  (frames.*C::ReceivedTime)(row, time.Message_Time);
-  (frames.*C::ReceivedTime_writting)(row, 0);
+  C::ReadTime_old(frames)(row, qxt100.qx_timeGetTime());
+  C::ReceivedTime_writting(frames)(row, 1);
+  C::ReceivedTime_old(frames)(row, C::ReceivedTime(frames)(row));
+  C::ReceivedTime(frames)(row, time.Message_Time);
+  C::ReceivedTime_writting(frames)(row, 0);
   // A first frame is its own predecessor, so that it shows no change.
   for (std::size_t n = 0; n < C::Data.size(); ++n) {
-    (frames.*C::Data_old[n])(row, found ? (frames.*C::Data[n])(row) : frame.can_DATA[n]);
+    C::Data_old[n](frames)(row, found ? C::Data[n](frames)(row) : frame.can_DATA[n]);
   }
   for (std::size_t n = 0; n < C::Data.size(); ++n) {
-    (frames.*C::Data[n])(row, frame.can_DATA[n]);
+    C::Data[n](frames)(row, frame.can_DATA[n]);
   }
-  (frames.*C::Received)(row, found ? row_state::kMany : row_state::kFirst);
+  C::Received(frames)(row, found ? row_state::kMany : row_state::kFirst);
 }
 
 /// The same with the row that `slots` finds or makes.

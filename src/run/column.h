@@ -29,6 +29,22 @@ class Column {
   std::array<T, N> elements_{};
 };
 
+/// A column that tables of several classes have, each under a name of its own: called with a table
+/// it gives that table's column.
+template <typename Table, typename ItsColumn>
+class ColumnOf {
+ public:
+  constexpr ColumnOf(ItsColumn Table::*column) : column_(column) {}
+
+  [[nodiscard]] constexpr ItsColumn& operator()(Table& table) const { return table.*column_; }
+  [[nodiscard]] constexpr const ItsColumn& operator()(const Table& table) const {
+    return table.*column_;
+  }
+
+ private:
+  ItsColumn Table::*column_;
+};
+
 /// 64-bit fixed-point number with four decimals: a count of ten-thousandths.
 struct Currency {
   std::int64_t ten_thousandths = 0;

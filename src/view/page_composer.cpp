@@ -65,7 +65,7 @@ void PageComposer<Table>::Compose() {
   for (std::int32_t position = Rows::kFirst; position < Rows::End(frames_); ++position) {
     if (position % kYieldStep == 0) parts_.events.YieldToEvents();
     const PageRow line = Rows::At(frames_, position);
-    if (!Passes(traits_.text_pass_rows, (frames_.*Frame<Table>::Received)(line.row))) continue;
+    if (!Passes(traits_.text_pass_rows, Frame<Table>::Received(frames_)(line.row))) continue;
     if (OptFunction1::Check_DisableID(line.id, device_) != 0) continue;
     AppendRow(position, line);
   }
@@ -76,7 +76,7 @@ template <typename Table>
 void PageComposer<Table>::AppendRow(std::int32_t position, const PageRow& line) {
   PageRows<Table>::AppendID(frames_, position, text_);
   text_.Append(u"  ");
-  text_.Append(DecimalText(std::int64_t{(frames_.*Frame<Table>::DLC)(line.row)}));
+  text_.Append(DecimalText(std::int64_t{Frame<Table>::DLC(frames_)(line.row)}));
   text_.Append(u"  ");
   AppendCells(line);
   AppendPadding(line.row);
@@ -87,11 +87,11 @@ void PageComposer<Table>::AppendRow(std::int32_t position, const PageRow& line) 
 template <typename Table>
 void PageComposer<Table>::AppendCells(const PageRow& line) {
   const MarkersOf markers(line.id, device_);
-  const auto cells = static_cast<std::size_t>(ShownBytes((frames_.*Frame<Table>::DLC)(line.row)));
+  const auto cells = static_cast<std::size_t>(ShownBytes(Frame<Table>::DLC(frames_)(line.row)));
   for (std::size_t k = 0; k < cells; ++k) {
     ApplyDataChange(line.row, k);
     if (!markers.Empty()) RecordMarkerStarts(markers, static_cast<std::int32_t>(k) + 1);
-    text_.Append(kCellTexts[(frames_.*Frame<Table>::Data[k])(line.row)]);
+    text_.Append(kCellTexts[Frame<Table>::Data[k](frames_)(line.row)]);
   }
   RecordMarkerLengths(markers);
 }
@@ -99,7 +99,7 @@ void PageComposer<Table>::AppendCells(const PageRow& line) {
 template <typename Table>
 void PageComposer<Table>::AppendPadding(std::int16_t row) {
   constexpr StringView kBlanks = u"                        ";  // three for each of eight bytes
-  const std::size_t dlc = (frames_.*Frame<Table>::DLC)(row);
+  const std::size_t dlc = Frame<Table>::DLC(frames_)(row);
   if (dlc < 8) text_.Append(kBlanks.substr(dlc * 3));
 }
 
@@ -109,14 +109,14 @@ void PageComposer<Table>::AppendCycle(std::int16_t row) {
   // Without an adapter kind the next row goes on in the same line.
   if (vender < kVenderCanusb || vender > kVenderKvaser) return;
 
-  const double time = (frames_.*Frame<Table>::ReceivedTime)(row);
-  const double time_old = (frames_.*Frame<Table>::ReceivedTime_old)(row);
-  const std::uint8_t state = (frames_.*Frame<Table>::Received)(row);
+  const double time = Frame<Table>::ReceivedTime(frames_)(row);
+  const double time_old = Frame<Table>::ReceivedTime_old(frames_)(row);
+  const std::uint8_t state = Frame<Table>::Received(frames_)(row);
   Currency measured = MeasuredCycle(time - time_old, traits_.cycle);
   if (vender != kVenderInterface) measured = WrapRepaired(measured, parts_.Device_Timer_Kind);
 
   const bool accepted = measured.ten_thousandths > 0 && state == row_state::kMany &&
-                        (frames_.*Frame<Table>::ReceivedTime_writting)(row) == 0;
+                        Frame<Table>::ReceivedTime_writting(frames_)(row) == 0;
   // Its frames are stamped with the system's clock, so two of them may bear one stamp.
   const bool same_stamp =
       vender == kVenderInterface && state == row_state::kMany && measured.ten_thousandths <= 0;
@@ -127,7 +127,7 @@ void PageComposer<Table>::AppendCycle(std::int16_t row) {
   }
   text_.Append(kCycleGap);
   if (accepted || same_stamp) {
-    text_.Append(StoredCycleText((frames_.*Frame<Table>::ReceivedTime_Delta)(row)));
+    text_.Append(StoredCycleText(Frame<Table>::ReceivedTime_Delta(frames_)(row)));
   } else if (state == row_state::kFirst || (time == 0.0 && time_old == 0.0)) {
     text_.Append(u"----");
   } else {
@@ -141,34 +141,34 @@ void PageComposer<Table>::AppendCycle(std::int16_t row) {
 // then and falls from there on.
 template <typename Table>
 void PageComposer<Table>::ApplyDataChange(std::int16_t row, std::size_t k) {
-  auto& counter = highlights_.*Highlight<Table>::d_timerCounter[k];
+  auto& counter = Highlight<Table>::d_timerCounter[k](highlights_);
   const bool changed =
-      (frames_.*Frame<Table>::Data_old[k])(row) != (frames_.*Frame<Table>::Data[k])(row);
+      Frame<Table>::Data_old[k](frames_)(row) != Frame<Table>::Data[k](frames_)(row);
   if (!changed && counter(row) <= 0) return;
   counter(row, changed ? device_.t_DataChangeColorTime
                        : highlight_rules::Fallen(counter(row), interval_));
-  (highlights_.*Highlight<Table>::d_start[k])(row, text_.mTextLength + 1);
-  (highlights_.*Highlight<Table>::d_end[k])(row, 2);
+  Highlight<Table>::d_start[k](highlights_)(row, text_.mTextLength + 1);
+  Highlight<Table>::d_end[k](highlights_)(row, 2);
 }
 
 template <typename Table>
 void PageComposer<Table>::ApplyStopped(std::int16_t row) {
-  const double stored = (frames_.*Frame<Table>::ReceivedTime_Delta)(row);
+  const double stored = Frame<Table>::ReceivedTime_Delta(frames_)(row);
   if (!(stored > 0.0)) return;
-  const double last_read = (frames_.*Frame<Table>::ReadTime_old)(row);
+  const double last_read = Frame<Table>::ReadTime_old(frames_)(row);
   const bool stopped =
       highlight_rules::IsStopped(tick_time_, last_read, stored, device_.t_MsgBlackout_Ratio);
-  (frames_.*Frame<Table>::BlackoutON)(row, stopped ? 1 : 0);
+  Frame<Table>::BlackoutON(frames_)(row, stopped ? 1 : 0);
 }
 
 template <typename Table>
 void PageComposer<Table>::ApplyLate(std::int16_t row, Currency measured) {
-  auto& counter = highlights_.*Highlight<Table>::dt_timerCounter;
-  auto& stored = frames_.*Frame<Table>::ReceivedTime_Delta;
+  auto& counter = Highlight<Table>::dt_timerCounter(highlights_);
+  auto& stored = Frame<Table>::ReceivedTime_Delta(frames_);
   const double cycle = StoredCycle(measured);
   const bool late = highlight_rules::IsLate(stored(row), cycle, device_.t_MsgLateColor_Ratio);
   // A stopped message keeps a fresh region for its own colour, its counter running on below 0.
-  const bool alive = counter(row) > 0 || (frames_.*Frame<Table>::BlackoutON)(row) == 1;
+  const bool alive = counter(row) > 0 || Frame<Table>::BlackoutON(frames_)(row) == 1;
   if (late) {
     counter(row, device_.t_MsgLateColor_Time);
   } else if (alive) {
@@ -180,32 +180,32 @@ void PageComposer<Table>::ApplyLate(std::int16_t row, Currency measured) {
 
 template <typename Table>
 void PageComposer<Table>::ApplySameStamp(std::int16_t row) {
-  auto& counter = highlights_.*Highlight<Table>::dt_timerCounter;
+  auto& counter = Highlight<Table>::dt_timerCounter(highlights_);
   if (counter(row) <= 0) return;
   counter(row, highlight_rules::Fallen(counter(row), interval_));
-  const double stored = (frames_.*Frame<Table>::ReceivedTime_Delta)(row);
+  const double stored = Frame<Table>::ReceivedTime_Delta(frames_)(row);
   SetCycleRegion(row, StoredCycleText(stored).Length());
 }
 
 template <typename Table>
 void PageComposer<Table>::SetCycleRegion(std::int16_t row, std::size_t digits) {
-  (highlights_.*Highlight<Table>::dt_start)(
+  Highlight<Table>::dt_start(highlights_)(
       row, text_.mTextLength + static_cast<std::int32_t>(kCycleGap.size()));
-  (highlights_.*Highlight<Table>::dt_end)(row, static_cast<std::int32_t>(digits + kUnit.size()));
+  Highlight<Table>::dt_end(highlights_)(row, static_cast<std::int32_t>(digits + kUnit.size()));
 }
 
 template <typename Table>
 void PageComposer<Table>::RecordMarkerStarts(const MarkersOf& markers, std::int32_t byte) {
   for (const std::int16_t m : markers) {
     if (device_.t_MsgMarkerStartByte(m) != byte) continue;
-    (highlights_.*Highlight<Table>::MsgMarker_start)(m, text_.mTextLength + 1);
+    Highlight<Table>::MsgMarker_start(highlights_)(m, text_.mTextLength + 1);
   }
 }
 
 template <typename Table>
 void PageComposer<Table>::RecordMarkerLengths(const MarkersOf& markers) {
   for (const std::int16_t m : markers) {
-    (highlights_.*Highlight<Table>::MsgMarker_end)(
+    Highlight<Table>::MsgMarker_end(highlights_)(
         m, MarkerLength(device_.t_MsgMarkerStartByte(m), device_.t_MsgMarkerEndByte(m)));
   }
 }

@@ -17,7 +17,7 @@ using Bytes = std::array<std::uint8_t, 8>;
 Bytes StoredBytes(const CAN_ReadDB& frames, std::int16_t row) {
   Bytes bytes{};
   for (std::size_t n = 0; n < bytes.size(); ++n) {
-    bytes[n] = (frames.*FrameColumns<CAN_ReadDB>::Data[n])(row);
+    bytes[n] = FrameColumns<CAN_ReadDB>::Data[n](frames)(row);
   }
   return bytes;
 }

@@ -35,9 +35,7 @@ class StoreFrames : public testing::Test {
   }
   [[nodiscard]] Bytes Data(std::int16_t row) const { return Read(C::Data, row); }
   [[nodiscard]] Bytes Old(std::int16_t row) const { return Read(C::Data_old, row); }
-  [[nodiscard]] std::int32_t State(std::int16_t row) const {
-    return ((*frames_).*C::Received)(row);
-  }
+  [[nodiscard]] std::int32_t State(std::int16_t row) const { return C::Received(*frames_)(row); }
 
   ELM327_Info device_ = Defaults();
   platform::memory::SupportLibrary qxt100_;
@@ -54,7 +52,7 @@ class StoreFrames : public testing::Test {
   [[nodiscard]] Bytes Read(const std::array<typename C::Bytes, 8>& columns,
                            std::int16_t row) const {
     Bytes bytes = {};
-    for (std::size_t n = 0; n < 8; ++n) bytes[n] = ((*frames_).*columns[n])(row);
+    for (std::size_t n = 0; n < 8; ++n) bytes[n] = columns[n](*frames_)(row);
     return bytes;
   }
 };

@@ -58,14 +58,14 @@ struct NotingTable {
 template <>
 struct FrameColumns<NotingTable> {
   using Table = NotingTable;
-  using Bytes = Table::Bytes Table::*;
+  using Bytes = ColumnOf<Table, Table::Bytes>;
 
-  static constexpr auto Received = &Table::Received;
-  static constexpr auto ReceivedTime = &Table::ReceivedTime;
-  static constexpr auto ReceivedTime_old = &Table::ReceivedTime_old;
-  static constexpr auto ReceivedTime_writting = &Table::ReceivedTime_writting;
-  static constexpr auto ReadTime_old = &Table::ReadTime_old;
-  static constexpr auto DLC = &Table::DLC;
+  static constexpr ColumnOf Received = &Table::Received;
+  static constexpr ColumnOf ReceivedTime = &Table::ReceivedTime;
+  static constexpr ColumnOf ReceivedTime_old = &Table::ReceivedTime_old;
+  static constexpr ColumnOf ReceivedTime_writting = &Table::ReceivedTime_writting;
+  static constexpr ColumnOf ReadTime_old = &Table::ReadTime_old;
+  static constexpr ColumnOf DLC = &Table::DLC;
   static constexpr std::array<Bytes, 8> Data = {&Table::Data1, &Table::Data2, &Table::Data3,
                                                 &Table::Data4, &Table::Data5, &Table::Data6,
                                                 &Table::Data7, &Table::Data8};

@@ -57,7 +57,7 @@ TYPED_TEST(StaleRegion, OfChangedBytesIsNotPaintedBehindAnExclusion) {
   this->Exclude(0x100);
   this->ExpectNoColours();
   using Highlight = HighlightColumns<typename TestFixture::Bed::ViewTable>;
-  EXPECT_EQ(((*bed.highlights).*Highlight::d_timerCounter[2])(this->lit_), 60000)
+  EXPECT_EQ(Highlight::d_timerCounter[2](*bed.highlights)(this->lit_), 60000)
       << "its time stands still";
 }
 
@@ -101,8 +101,9 @@ TYPED_TEST(StaleRegion, OfARowThatIsNotSettledIsNotPainted) {
   bed.Page();
   ASSERT_EQ(bed.Colours().size(), 3U);
   ASSERT_EQ(bed.Backgrounds().size(), 1U);
+  auto& frames = *bed.frames;
   for (const std::uint8_t state : {row_state::kNone, row_state::kWriting}) {
-    ((*bed.frames).*TestFixture::Frame::Received)(this->lit_, state);
+    TestFixture::Frame::Received(frames)(this->lit_, state);
     bed.Page();
     EXPECT_EQ(bed.Colours(), Runs{}) << int{state};
     EXPECT_EQ(bed.Backgrounds(), Runs{}) << int{state};

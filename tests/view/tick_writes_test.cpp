@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <cstdint>
+#include <functional>
 #include <memory>
 
 #include "tests/view/worker_bed.h"
@@ -33,23 +34,23 @@ class TickWrites : public EachWorker<Worker> {
     }
     for (std::int32_t i = 0; i <= kLast; ++i) {
       const auto row = static_cast<std::int16_t>(i);
-      (frames.*Frame::Received)(row, static_cast<std::uint8_t>(i % 4));
-      (frames.*Frame::DLC)(row, static_cast<std::uint8_t>(i % 11));
-      (frames.*Frame::ReceivedTime)(row, 1000.0 + i % 17);
-      (frames.*Frame::ReceivedTime_old)(row, 900.0 + i % 13);
-      (frames.*Frame::ReceivedTime_Delta)(row, i % 5 == 0 ? 0.0 : 40.0 + i % 90);
-      (frames.*Frame::ReceivedTime_writting)(row, i % 7 == 0);
-      (frames.*Frame::ReadTime_old)(row, 700.0 + i % 600);
-      (frames.*Frame::BlackoutON)(row, static_cast<std::uint8_t>(i % 2));
+      Frame::Received(frames)(row, static_cast<std::uint8_t>(i % 4));
+      Frame::DLC(frames)(row, static_cast<std::uint8_t>(i % 11));
+      Frame::ReceivedTime(frames)(row, 1000.0 + i % 17);
+      Frame::ReceivedTime_old(frames)(row, 900.0 + i % 13);
+      Frame::ReceivedTime_Delta(frames)(row, i % 5 == 0 ? 0.0 : 40.0 + i % 90);
+      Frame::ReceivedTime_writting(frames)(row, i % 7 == 0);
+      Frame::ReadTime_old(frames)(row, 700.0 + i % 600);
+      Frame::BlackoutON(frames)(row, static_cast<std::uint8_t>(i % 2));
       for (std::size_t n = 0; n < 8; ++n) {
-        (frames.*Frame::Data[n])(row, static_cast<std::uint8_t>(i * 3 + static_cast<int>(n)));
-        (frames.*Frame::Data_old[n])(row, static_cast<std::uint8_t>(i * 5 + static_cast<int>(n)));
+        Frame::Data[n](frames)(row, static_cast<std::uint8_t>(i * 3 + static_cast<int>(n)));
+        Frame::Data_old[n](frames)(row, static_cast<std::uint8_t>(i * 5 + static_cast<int>(n)));
       }
     }
   }
 
   [[nodiscard]] bool IsShown(std::int16_t row) const {
-    const std::uint8_t state = ((*this->bed_.frames).*Frame::Received)(row);
+    const std::uint8_t state = Frame::Received(*this->bed_.frames)(row);
     if (Worker::value == WorkerKind::FormBG_29) return row < kKeys;
     if (EachWorker<Worker>::kIs29 ? row >= kKeys : row == 0 || row == kLast) return false;
     return state == row_state::kMany ||
@@ -63,7 +64,8 @@ class TickWrites : public EachWorker<Worker> {
   template <typename AnyColumn>
   void ExpectSame(const Table& before, AnyColumn column, std::int32_t i, const char* name) const {
     const auto row = static_cast<std::int16_t>(i);
-    EXPECT_EQ(((*this->bed_.frames).*column)(row), (before.*column)(row)) << name << ' ' << i;
+    EXPECT_EQ(std::invoke(column, *this->bed_.frames)(row), std::invoke(column, before)(row))
+        << name << ' ' << i;
   }
 };
 
@@ -105,9 +107,9 @@ TYPED_TEST(TickWrites, CycleAndStoppedFlagOfTheShownRowsAndNothingElse) {
       this->ExpectSame(*before, Columns::ReceivedTime_Delta, i, "Delta");
       this->ExpectSame(*before, Columns::BlackoutON, i, "BlackoutON");
     }
-    cycles += ((*bed.frames).*Columns::ReceivedTime_Delta)(row) !=
-              ((*before).*Columns::ReceivedTime_Delta)(row);
-    flags += ((*bed.frames).*Columns::BlackoutON)(row) != ((*before).*Columns::BlackoutON)(row);
+    cycles +=
+        Columns::ReceivedTime_Delta(*bed.frames)(row) != Columns::ReceivedTime_Delta(*before)(row);
+    flags += Columns::BlackoutON(*bed.frames)(row) != Columns::BlackoutON(*before)(row);
   }
   EXPECT_GT(cycles, 100);
   EXPECT_GT(flags, 100);

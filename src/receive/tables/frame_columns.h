@@ -5,19 +5,20 @@
 
 #include "receive/tables/can_readdb.h"
 #include "receive/tables/can_readdb29.h"
+#include "run/column.h"
 
 namespace tolvane {
 
 /// The columns that both frame tables have, under names that serve the code written once for both:
-/// `(table.*FrameColumns<Table>::DLC)(row)`.
+/// `FrameColumns<Table>::DLC(table)(row)`.
 template <typename Table>
 struct FrameColumns;
 
 template <>
 struct FrameColumns<CAN_ReadDB> {
   using Table = CAN_ReadDB;
-  using Bytes = Table::Rows<std::uint8_t> Table::*;
-  using Times = Table::Rows<double> Table::*;
+  using Bytes = ColumnOf<Table, Table::Rows<std::uint8_t>>;
+  using Times = ColumnOf<Table, Table::Rows<double>>;
 
   static constexpr Bytes Received = &Table::CAN11_Received;
   static constexpr Times ReceivedTime = &Table::CAN11_ReceivedTime;
@@ -39,8 +40,8 @@ struct FrameColumns<CAN_ReadDB> {
 template <>
 struct FrameColumns<CAN_ReadDB29> {
   using Table = CAN_ReadDB29;
-  using Bytes = Table::Rows<std::uint8_t> Table::*;
-  using Times = Table::Rows<double> Table::*;
+  using Bytes = ColumnOf<Table, Table::Rows<std::uint8_t>>;
+  using Times = ColumnOf<Table, Table::Rows<double>>;
 
   static constexpr Bytes Received = &Table::CAN29_Received;
   static constexpr Times ReceivedTime = &Table::CAN29_ReceivedTime;

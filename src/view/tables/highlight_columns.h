@@ -3,21 +3,22 @@
 #include <array>
 #include <cstdint>
 
+#include "run/column.h"
 #include "view/tables/can_viewdb.h"
 #include "view/tables/can_viewdb29.h"
 
 namespace tolvane {
 
 /// The columns that both highlight tables have, under names that serve the code written once for
-/// both: `(table.*HighlightColumns<Table>::dt_start)(row)`. Arrays are indexed by byte, from 0.
+/// both: `HighlightColumns<Table>::dt_start(table)(row)`. Arrays are indexed by byte, from 0.
 template <typename Table>
 struct HighlightColumns;
 
 template <>
 struct HighlightColumns<CAN_ViewDB> {
   using Table = CAN_ViewDB;
-  using Rows = Table::Rows Table::*;
-  using Markers = Table::Markers Table::*;
+  using Rows = ColumnOf<Table, Table::Rows>;
+  using Markers = ColumnOf<Table, Table::Markers>;
 
   static constexpr std::array<Rows, 8> d_start = {
       &Table::ViewColorlength_d1_start, &Table::ViewColorlength_d2_start,
@@ -44,8 +45,8 @@ struct HighlightColumns<CAN_ViewDB> {
 template <>
 struct HighlightColumns<CAN_ViewDB29> {
   using Table = CAN_ViewDB29;
-  using Rows = Table::Rows Table::*;
-  using Markers = Table::Markers Table::*;
+  using Rows = ColumnOf<Table, Table::Rows>;
+  using Markers = ColumnOf<Table, Table::Markers>;
 
   static constexpr std::array<Rows, 8> d_start = {
       &Table::VColorlength_d1_start, &Table::VColorlength_d2_start, &Table::VColorlength_d3_start,

@@ -38,13 +38,13 @@ TYPED_TEST(FrameTable, ClearZeroesEveryColumnToItsUpperBound) {
     }
   };
   for (const std::int16_t row : {std::int16_t{0}, TestFixture::kLast}) {
-    each_byte_column([&](auto column) { (table.*column)(row, 7); });
-    each_time_column([&](auto column) { (table.*column)(row, 7.5); });
+    each_byte_column([&](auto column) { column(table)(row, 7); });
+    each_time_column([&](auto column) { column(table)(row, 7.5); });
   }
   table.Param_ALL_Clear();
   for (const std::int16_t row : {std::int16_t{0}, TestFixture::kLast}) {
-    each_byte_column([&](auto column) { EXPECT_EQ((table.*column)(row), 0); });
-    each_time_column([&](auto column) { EXPECT_EQ((table.*column)(row), 0.0); });
+    each_byte_column([&](auto column) { EXPECT_EQ(column(table)(row), 0); });
+    each_time_column([&](auto column) { EXPECT_EQ(column(table)(row), 0.0); });
   }
 }
 
@@ -52,11 +52,11 @@ TYPED_TEST(FrameTable, ColumnsAreApartFromEachOther) {
   using C = FrameColumns<TypeParam>;
   TypeParam& table = *this->table_;
   std::uint8_t value = 1;
-  for (const auto column : C::Data) (table.*column)(5, value++);
-  for (const auto column : C::Data_old) (table.*column)(5, value++);
+  for (const auto column : C::Data) column(table)(5, value++);
+  for (const auto column : C::Data_old) column(table)(5, value++);
   value = 1;
-  for (const auto column : C::Data) EXPECT_EQ((table.*column)(5), value++);
-  for (const auto column : C::Data_old) EXPECT_EQ((table.*column)(5), value++);
+  for (const auto column : C::Data) EXPECT_EQ(column(table)(5), value++);
+  for (const auto column : C::Data_old) EXPECT_EQ(column(table)(5), value++);
 }
 
 TEST(FrameTable29, ClearResetsCounterBoundAndKeys) {

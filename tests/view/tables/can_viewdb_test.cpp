@@ -15,7 +15,8 @@ namespace {
 template <typename Table>
 void ExpectClearingReachesEverything() {
   using Columns = HighlightColumns<Table>;
-  const auto table = std::make_unique<Table>();
+  const auto on_heap = std::make_unique<Table>();
+  Table& table = *on_heap;
   std::vector<typename Columns::Rows> rows = {Columns::dt_start, Columns::dt_end,
                                               Columns::dt_timerCounter};
   for (std::size_t k = 0; k < 8; ++k) {
@@ -26,27 +27,27 @@ void ExpectClearingReachesEverything() {
   ASSERT_EQ(rows.size(), 27U);
   std::int32_t value = 0;
   for (const auto column : rows) {
-    for (std::int16_t i = 0; i <= Table::kArayy_MAX; ++i) ((*table).*column)(i, ++value);
+    for (std::int16_t i = 0; i <= Table::kArayy_MAX; ++i) column(table)(i, ++value);
   }
   value = 0;
   for (const auto column : rows) {  // no two columns are one
-    ASSERT_EQ(((*table).*column)(0), ++value);
+    ASSERT_EQ(column(table)(0), ++value);
     value += Table::kArayy_MAX;
   }
   for (std::int16_t m = 0; m <= Table::kMarker_MAX; ++m) {
-    ((*table).*Columns::MsgMarker_start)(m, 1);
-    ((*table).*Columns::MsgMarker_end)(m, 2);
+    Columns::MsgMarker_start(table)(m, 1);
+    Columns::MsgMarker_end(table)(m, 2);
   }
-  table->DisableID_Status_Buffer = u"foot";
+  table.DisableID_Status_Buffer = u"foot";
 
-  table->Param_ALL_Clear();
-  EXPECT_EQ(table->DisableID_Status_Buffer, u"");
+  table.Param_ALL_Clear();
+  EXPECT_EQ(table.DisableID_Status_Buffer, u"");
   for (const auto column : rows) {
-    for (std::int16_t i = 0; i <= Table::kArayy_MAX; ++i) ASSERT_EQ(((*table).*column)(i), 0);
+    for (std::int16_t i = 0; i <= Table::kArayy_MAX; ++i) ASSERT_EQ(column(table)(i), 0);
   }
   for (std::int16_t m = 0; m <= Table::kMarker_MAX; ++m) {
-    EXPECT_EQ(((*table).*Columns::MsgMarker_start)(m), 0);
-    EXPECT_EQ(((*table).*Columns::MsgMarker_end)(m), 0);
+    EXPECT_EQ(Columns::MsgMarker_start(table)(m), 0);
+    EXPECT_EQ(Columns::MsgMarker_end(table)(m), 0);
   }
 }
 
