@@ -1,59 +1,15 @@
 #include "config/configfilerecord.h"
 
 #include <bit>
+#include <cstdint>
 #include <string>
 #include <utility>
+
+#include "run/settings_list.h"
 
 namespace tolvane {
 
 namespace {
-
-/// Hands every field to `visit`, in the order of the file: the one place that knows it, for both
-/// directions.
-template <typename Record, typename Visit>
-void VisitFields(Record& record, Visit&& visit) {
-  visit(record.Application_title);
-  visit(record.Copy_light);
-  visit(record.t_SaveFormat);
-  visit(record.t_Save_ID_DisableMode);
-  visit(record.reserved);
-  visit(record.install_version);
-  visit(record.t_bitRate);
-  visit(record.t_msgID_type);
-  visit(record.t_MsgFmtTyp);
-  visit(record.t_silent_mode);
-  visit(record.t_ViewCaution);
-  visit(record.t_Timer_Mode);
-  visit(record.t_DataChangeColorTime);
-  visit(record.t_DataChangeColor);
-  visit(record.t_DataChangeColorEnable);
-  visit(record.t_MsgLateColor_Ratio);
-  visit(record.t_MsgLateColor_Time);
-  visit(record.t_MsgLateColor);
-  visit(record.t_MsgLateColorEnable);
-  visit(record.t_MsgBlackout_Ratio);
-  visit(record.t_MsgBlackout_Color);
-  visit(record.t_MsgBlackout_Enable);
-  visit(record.t_DisableID_ON);
-  visit(record.t_DisableID_Start);
-  visit(record.t_DisableID_End);
-  visit(record.t_MsgMarker_ON);
-  visit(record.t_MsgMarkerID);
-  visit(record.t_MsgMarkerStartByte);
-  visit(record.t_MsgMarkerEndByte);
-  visit(record.t_MsgMarkerColor);
-  visit(record.t_SaveFilePath_mode);
-  visit(record.t_SaveFilePath);
-  visit(record.t_LogSaveFormat);
-  visit(record.t_Excel_Format);
-  visit(record.t_Excel_soft);
-  visit(record.t_LogSaveFilePath_mode);
-  visit(record.t_LogSaveFilePath);
-  visit(record.t_LogSave_Enable);
-  visit(record.t_LogSave_subFolder);
-  visit(record.t_LogComment);
-  visit(record.t_dividend_ratio);
-}
 
 /// The bytes of `text`, at most kConfigText_MAX of them, no character cut in two.
 std::string EncodedText(StringView text, platform::CodePage& code_page) {
@@ -75,16 +31,25 @@ std::string EncodedText(StringView text, platform::CodePage& code_page) {
   return bytes;
 }
 
+using Table = Column<std::int32_t, 8>;
+constexpr std::int16_t kRows = 8;
+
 class RecordWriter {
  public:
   explicit RecordWriter(platform::CodePage& code_page) : code_page_(code_page) {}
 
-  void operator()(std::int32_t number) { Put(static_cast<std::uint32_t>(number), 4); }
-  void operator()(double ratio) { Put(std::bit_cast<std::uint64_t>(ratio), 8); }
-  void operator()(const ConfigFileRecord::Table& table) {
-    for (const std::int32_t number : table) (*this)(number);
+  void operator()(std::int32_t number, std::int32_t /*standard*/, std::int32_t /*since*/ = 0) {
+    Put(static_cast<std::uint32_t>(number), 4);
   }
-  void operator()(const String& text) {
+  void operator()(double ratio, double /*standard*/, std::int32_t /*since*/) {
+    Put(std::bit_cast<std::uint64_t>(ratio), 8);
+  }
+  void operator()(const Table& table, std::int32_t highest, std::int32_t /*standard*/) {
+    for (std::int16_t i = 0; i < kRows; ++i) {
+      Put(i <= highest ? static_cast<std::uint32_t>(table(i)) : 0, 4);
+    }
+  }
+  void operator()(const String& text, StringView /*standard*/) {
     const std::string encoded = EncodedText(text, code_page_);
     Put(encoded.size(), 2);
     for (const char byte : encoded) Put(static_cast<unsigned char>(byte), 1);
@@ -105,17 +70,26 @@ class RecordWriter {
 /// behind it are zeros and empty texts.
 class RecordReader {
  public:
-  RecordReader(std::span<const std::byte> bytes, platform::CodePage& code_page)
-      : rest_(bytes), code_page_(code_page) {}
+  /// `version` is where the file's version gets to, before any field that came later.
+  RecordReader(std::span<const std::byte> bytes, platform::CodePage& code_page,
+               const std::int32_t& version)
+      : rest_(bytes), code_page_(code_page), version_(version) {}
 
-  void operator()(std::int32_t& number) {
-    number = static_cast<std::int32_t>(static_cast<std::uint32_t>(TakeNumber(4)));
+  void operator()(std::int32_t& number, std::int32_t /*standard*/, std::int32_t since = 0) {
+    const std::int32_t taken = TakeLong();
+    if (version_ >= since) number = taken;
   }
-  void operator()(double& ratio) { ratio = std::bit_cast<double>(TakeNumber(8)); }
-  void operator()(ConfigFileRecord::Table& table) {
-    for (std::int32_t& number : table) (*this)(number);
+  void operator()(double& ratio, double /*standard*/, std::int32_t since) {
+    const auto taken = std::bit_cast<double>(TakeNumber(8));
+    if (version_ >= since) ratio = taken;
   }
-  void operator()(String& text) {
+  void operator()(Table& table, std::int32_t highest, std::int32_t /*standard*/) {
+    for (std::int16_t i = 0; i < kRows; ++i) {
+      const std::int32_t taken = TakeLong();
+      if (i <= highest) table(i, taken);
+    }
+  }
+  void operator()(String& text, StringView /*standard*/) {
     const auto bytes = Take(static_cast<std::size_t>(TakeNumber(2)));
     std::string encoded;
     for (const std::byte byte : bytes) encoded += static_cast<char>(byte);
@@ -143,24 +117,27 @@ class RecordReader {
     return value;
   }
 
+  std::int32_t TakeLong() {
+    return static_cast<std::int32_t>(static_cast<std::uint32_t>(TakeNumber(4)));
+  }
+
   std::span<const std::byte> rest_;
   platform::CodePage& code_page_;
+  const std::int32_t& version_;
 };
 
 }  // namespace
 
-std::vector<std::byte> EncodeConfigFileRecord(const ConfigFileRecord& record,
+std::vector<std::byte> EncodeConfigFileRecord(const ELM327_Info& device,
                                               platform::CodePage& code_page) {
   RecordWriter writer(code_page);
-  VisitFields(record, writer);
+  VisitSettings(device, writer);
   return std::move(writer).Bytes();
 }
 
-ConfigFileRecord DecodeConfigFileRecord(std::span<const std::byte> bytes,
-                                        platform::CodePage& code_page) {
-  ConfigFileRecord record;
-  VisitFields(record, RecordReader(bytes, code_page));
-  return record;
+void DecodeConfigFileRecord(std::span<const std::byte> bytes, platform::CodePage& code_page,
+                            ELM327_Info& device) {
+  VisitSettings(device, RecordReader(bytes, code_page, device.install_version));
 }
 
 }  // namespace tolvane

@@ -2,7 +2,6 @@
 
 #include <limits>
 
-#include "config/configfilerecord.h"
 #include "tests/config/config_test.h"
 
 namespace tolvane {
@@ -71,14 +70,14 @@ TEST_F(ConfigLoad, FilesOfOtherProgramsAreRefusedAndDeleted) {
       {"other maker", u"Tolvane Ver1.23", u"Copyright (C) 2026 Tolvane", -2},
       {"no texts", u"", u"", -2}};
   for (const Row& row : rows) {
-    ConfigFileRecord record;
-    record.Application_title = row.title;
-    record.Copy_light = row.copyright;
-    record.install_version = 123;
-    const auto bytes = EncodeConfigFileRecord(record, code_page);
+    device.Application_title = row.title;
+    device.Copy_light = row.copyright;
     files.Remove(kPath);
-    ASSERT_TRUE(files.WriteBinary(kPath, bytes));
+    Save();
+    device.Param_ALL_Clear();
     EXPECT_EQ(Load(), row.result) << row.label;
+    EXPECT_EQ(device.Application_title, u"Tolvane Ver1.23") << row.label;
+    EXPECT_EQ(device.Copy_light, u"Copyright (C) 2026 Tolvane Project") << row.label;
     EXPECT_EQ(files.FileExists(kPath), row.result == 0) << row.label;
   }
   EXPECT_TRUE(message_box.Boxes().empty());
@@ -182,16 +181,12 @@ TEST_F(ConfigLoad, FileThatEndsBehindTheVersionGivesZerosForTheRest) {
 }
 
 TEST_F(ConfigLoad, TextThatIsCutShortIsEmptyAndAllBehindItIsZero) {
-  ConfigFileRecord record;
-  record.Application_title = u"Tolvane";
-  record.t_LogComment = u"comment";
-  record.t_dividend_ratio = 2.0;
-  auto bytes = EncodeConfigFileRecord(record, code_page);
-  bytes.resize(bytes.size() - 8 - 1);  // without the ratio and the comment's last byte
-  const ConfigFileRecord read = DecodeConfigFileRecord(bytes, code_page);
-  EXPECT_EQ(read.Application_title, u"Tolvane");
-  EXPECT_EQ(read.t_LogComment, u"");
-  EXPECT_EQ(read.t_dividend_ratio, 0.0);
+  const std::string file = Config();
+  files.AddFile(kPath, file.substr(0, file.size() - 8 - 1));  // no ratio, no end of the comment
+  ASSERT_EQ(Load(), FileSaveSystem::kConfigLoaded);
+  EXPECT_EQ(device.t_LogSaveFilePath, u"C:\\Tolvane");
+  EXPECT_EQ(device.t_LogComment, u"");
+  EXPECT_EQ(device.t_dividend_ratio, 0.0);
 }
 
 TEST_F(ConfigLoad, CountThatPointsBeyondTheFileEndsTheReading) {

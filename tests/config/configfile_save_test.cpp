@@ -1,8 +1,8 @@
 #include <gtest/gtest.h>
 
-#include "config/configfilerecord.h"
 #include "tests/config/config_test.h"
 #include "tests/helpers/expect_bytes.h"
+#include "tests/helpers/settings_text.h"
 
 namespace tolvane {
 namespace {
@@ -125,11 +125,7 @@ TEST_F(ConfigSave, EveryFieldComesBackToItsPlace) {
   files.Remove(kPath);
   Save();
   EXPECT_TRUE(SameBytes(Config(), kDistinct)) << "what was read is written as it was";
-  EXPECT_EQ(device.t_LogComment, expected.t_LogComment);
-  EXPECT_EQ(device.t_SaveFilePath, expected.t_SaveFilePath);
-  EXPECT_EQ(device.t_dividend_ratio, expected.t_dividend_ratio);
-  EXPECT_EQ(device.t_MsgMarkerColor(7), 0x3007);
-  EXPECT_EQ(device.t_Excel_soft, 35);
+  EXPECT_EQ(SettingsText(device), SettingsText(expected));
 }
 
 TEST_F(ConfigSave, MissingFolderWritesNothingAndIsNoError) {

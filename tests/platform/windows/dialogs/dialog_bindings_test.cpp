@@ -8,11 +8,11 @@
 #include <functional>
 #include <map>
 #include <set>
-#include <sstream>
 #include <string>
 #include <vector>
 
 #include "platform/windows/dialogs/control_colour.h"
+#include "tests/helpers/settings_text.h"
 #include "tests/platform/windows/all_windows_bed.h"
 #include "tests/platform/windows/dialogs/system_dialog.h"
 // Last, see there.
@@ -40,54 +40,6 @@ BoundControl Press(int id, Change change) { return {id, nullptr, change}; }
 constexpr std::int16_t kRows = 8;
 constexpr std::int16_t kLastRange = 7;  // which is shown and never written
 constexpr std::int32_t kNoButton = -1;  // a setting that no option button has
-
-/// Every setting that a dialog has, one a line.
-std::string AllSettings(const ELM327_Info& device) {
-  std::ostringstream lines;
-  const auto line = [&lines](const char* name, const auto& value) {
-    lines << name << ' ' << testing::PrintToString(value) << '\n';
-  };
-  line("bitRate", device.t_bitRate);
-  line("msgID_type", device.t_msgID_type);
-  line("MsgFmtTyp", device.t_MsgFmtTyp);
-  line("silent_mode", device.t_silent_mode);
-  line("ViewCaution", device.t_ViewCaution);
-  line("Timer_Mode", device.t_Timer_Mode);
-  line("dividend_ratio", device.t_dividend_ratio);
-  line("DataChangeColorTime", device.t_DataChangeColorTime);
-  line("DataChangeColor", device.t_DataChangeColor);
-  line("DataChangeColorEnable", device.t_DataChangeColorEnable);
-  line("MsgLateColor_Ratio", device.t_MsgLateColor_Ratio);
-  line("MsgLateColor_Time", device.t_MsgLateColor_Time);
-  line("MsgLateColor", device.t_MsgLateColor);
-  line("MsgLateColorEnable", device.t_MsgLateColorEnable);
-  line("MsgBlackout_Ratio", device.t_MsgBlackout_Ratio);
-  line("MsgBlackout_Color", device.t_MsgBlackout_Color);
-  line("MsgBlackout_Enable", device.t_MsgBlackout_Enable);
-  line("LogSaveFormat", device.t_LogSaveFormat);
-  line("Excel_soft", device.t_Excel_soft);
-  line("Excel_Format", device.t_Excel_Format);
-  line("LogSaveFilePath_mode", device.t_LogSaveFilePath_mode);
-  line("LogSaveFilePath", device.t_LogSaveFilePath);
-  line("LogSave_Enable", device.t_LogSave_Enable);
-  line("LogSave_subFolder", device.t_LogSave_subFolder);
-  line("SaveFormat", device.t_SaveFormat);
-  line("SaveFilePath_mode", device.t_SaveFilePath_mode);
-  line("SaveFilePath", device.t_SaveFilePath);
-  line("Save_ID_DisableMode", device.t_Save_ID_DisableMode);
-  for (std::int16_t i = 0; i < kRows; ++i) {
-    lines << "row " << i << '\n';
-    line("DisableID_ON", device.t_DisableID_ON(i));
-    line("DisableID_Start", device.t_DisableID_Start(i));
-    line("DisableID_End", device.t_DisableID_End(i));
-    line("MsgMarkerID", device.t_MsgMarkerID(i));
-    line("MsgMarkerStartByte", device.t_MsgMarkerStartByte(i));
-    line("MsgMarkerEndByte", device.t_MsgMarkerEndByte(i));
-    line("MsgMarkerColor", device.t_MsgMarkerColor(i));
-    line("MsgMarker_ON", device.t_MsgMarker_ON(i));
-  }
-  return lines.str();
-}
 
 /// Settings of which all that can differ do, every box clear, and no option button selected, so
 /// that the control that changes is the only one.
@@ -302,10 +254,10 @@ TEST_P(DialogBindings, EachControlChangesItsOwnSettingAndNoOther) {
   for (const BoundControl& control : kControlsOf[GetParam()]()) {
     SetAllApart(Device());
     Use(control);
-    const std::string changed = AllSettings(Device());
+    const std::string changed = SettingsText(Device());
     SetAllApart(Device());
     if (control.write == Write::kTaken) control.change(Device());
-    EXPECT_EQ(changed, AllSettings(Device())) << control.id;
+    EXPECT_EQ(changed, SettingsText(Device())) << control.id;
   }
 }
 
