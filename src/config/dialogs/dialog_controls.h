@@ -1,7 +1,5 @@
 #pragma once
 
-#include <array>
-#include <cstddef>
 #include <cstdint>
 
 #include "platform/colour_dialog.h"
@@ -37,22 +35,6 @@ struct ColourButton {
 
 struct GroupBox {
   bool enabled = true;
-};
-
-/// Ties the buttons of an option group to the values of a setting, by place. A setting that holds
-/// none of the values selects no button, and with no button selected nothing is written.
-template <std::size_t N>
-struct OptionValues {
-  std::array<std::int32_t, N> values;
-
-  void Show(std::int32_t setting, std::array<Choice, N>& buttons) const {
-    for (std::size_t i = 0; i < N; ++i) buttons[i].checked = setting == values[i];
-  }
-  void Take(const std::array<Choice, N>& buttons, std::int32_t& setting) const {
-    for (std::size_t i = 0; i < N; ++i) {
-      if (buttons[i].checked) setting = values[i];
-    }
-  }
 };
 
 }  // namespace tolvane

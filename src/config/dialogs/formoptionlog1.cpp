@@ -1,5 +1,6 @@
 #include "config/dialogs/formoptionlog1.h"
 
+#include "config/dialogs/setting_pairs.h"
 #include "run/number_text.h"
 
 namespace tolvane {
@@ -10,6 +11,23 @@ constexpr OptionValues<2> kSnapshotFormats{{2, 1}};
 constexpr OptionValues<2> kLogFormats{{kLogFormatSpreadsheet, kLogFormatCsv}};
 constexpr OptionValues<2> kExcelFormats{{1, 2}};
 constexpr OptionValues<3> kFolderModes{{0, 1, 2}};
+constexpr CheckValues kEnable;
+constexpr CheckValues kSecondServer{.on = 2, .off = 1};
+constexpr AsItStands kPath;
+
+template <typename Form, typename Device, typename Way>
+void EachPair(Form& form, Device& device, const Way& way) {
+  way(form.RB_SV_Format, device.t_SaveFormat, kSnapshotFormats);
+  way(form.RB_Excel_Format, device.t_Excel_Format, kExcelFormats);
+  way(form.RB_SaveFilePath, device.t_SaveFilePath_mode, kFolderModes);
+  way(form.TB_SaveFilePath, device.t_SaveFilePath, kPath);
+  way(form.CB_LogFile_Enable, device.t_LogSave_Enable, kEnable);
+  way(form.RB_LogSV_Format, device.t_LogSaveFormat, kLogFormats);
+  way(form.RB_LogSaveFilePath, device.t_LogSaveFilePath_mode, kFolderModes);
+  way(form.TB_LogSaveFilePath, device.t_LogSaveFilePath, kPath);
+  way(form.CB_LogSave_subFolder, device.t_LogSave_subFolder, kEnable);
+  way(form.CB_Excel_soft_KO, device.t_Excel_soft, kSecondServer);
+}
 
 // Bits of an attribute value: read-only, hidden, system, folder, archive. All others tell of
 // storage, such as that of a synchronised or compressed folder, and say nothing about its use.
@@ -74,21 +92,11 @@ void FormOptionLog1::read_setting(const ELM327_Info& device) {
   TB_Excel_Ver.text = excel ? VersionName(u"Excel", device.ExcelInstallVersion) : u"---";
   ShowInstalled(device.ExcelInstallCheck == 2 || device.ExcelInstallCheck == 3, TB_Excel_Status2);
 
-  kSnapshotFormats.Show(device.t_SaveFormat, RB_SV_Format);
-  kFolderModes.Show(device.t_SaveFilePath_mode, RB_SaveFilePath);
-  TB_SaveFilePath.text = device.t_SaveFilePath;
-  CB_LogFile_Enable.checked = device.t_LogSave_Enable == 1;
+  EachPair(*this, device, kShow);
   EnableLogControls(CB_LogFile_Enable.checked, device, *this);
-
-  const bool server = device.ExcelInstallCheck >= 1;
-  RB_LogSV_Format[0].checked = server && device.t_LogSaveFormat == kLogFormatSpreadsheet;
-  RB_LogSV_Format[1].checked =
-      device.ExcelInstallCheck == 0 || device.t_LogSaveFormat == kLogFormatCsv;
-  kExcelFormats.Show(device.t_Excel_Format, RB_Excel_Format);
-  kFolderModes.Show(device.t_LogSaveFilePath_mode, RB_LogSaveFilePath);
-  TB_LogSaveFilePath.text = device.t_LogSaveFilePath;
-  CB_LogSave_subFolder.checked = device.t_LogSave_subFolder == 1;
-  CB_Excel_soft_KO.checked = device.t_Excel_soft == 2;
+  // Without a server there is only the text format, whatever the setting.
+  if (device.ExcelInstallCheck < 1) RB_LogSV_Format[0].checked = false;
+  if (device.ExcelInstallCheck == 0) RB_LogSV_Format[1].checked = true;
 }
 
 void FormOptionLog1::CB_LogFile_Enable_Click(const ELM327_Info& device) {
@@ -119,17 +127,6 @@ void FormOptionLog1::Img_Log_save_folder_Click(platform::FolderDialog& dialog,
   }
 }
 
-void FormOptionLog1::Bt_OK_Click(ELM327_Info& device) const {
-  kSnapshotFormats.Take(RB_SV_Format, device.t_SaveFormat);
-  kExcelFormats.Take(RB_Excel_Format, device.t_Excel_Format);
-  kFolderModes.Take(RB_SaveFilePath, device.t_SaveFilePath_mode);
-  device.t_SaveFilePath = TB_SaveFilePath.text;
-  device.t_LogSave_Enable = CB_LogFile_Enable.checked;
-  kLogFormats.Take(RB_LogSV_Format, device.t_LogSaveFormat);
-  kFolderModes.Take(RB_LogSaveFilePath, device.t_LogSaveFilePath_mode);
-  device.t_LogSaveFilePath = TB_LogSaveFilePath.text;
-  device.t_LogSave_subFolder = CB_LogSave_subFolder.checked;
-  device.t_Excel_soft = CB_Excel_soft_KO.checked ? 2 : 1;
-}
+void FormOptionLog1::Bt_OK_Click(ELM327_Info& device) const { EachPair(*this, device, kTake); }
 
 }  // namespace tolvane
