@@ -9,7 +9,6 @@ namespace {
 
 constexpr std::int32_t kFirstTopic = 1;
 constexpr std::int32_t kLastTopic = 3;
-constexpr std::int32_t kTextBeforeFirst = 100;  // topic 1 is text 101
 
 // The manual's headings as they are called in its addresses.
 constexpr StringView kConnecting = u"2-接続して受信する";

@@ -9,6 +9,8 @@
 /// The help texts of the settings dialogs, and the manual.
 namespace tolvane::HelpWizard {
 
+constexpr std::int32_t kTextBeforeFirst = 100;  // topic 1 is text 101 of the program's
+
 /// Shows a text in FormHelp: topic 1 of the common settings, 2 of the extension settings, 3 of the
 /// log settings. Any other topic does nothing.
 void Help_Show(std::int32_t topic, platform::HelpWindow& FormHelp,

@@ -75,11 +75,11 @@ void FitToText(HWND edit, const Dpi& dpi, HFONT font, bool has_edge) {
 /// `part` as it stands in the row `row` below its own line.
 HWND AddPart(HWND window, const Dpi& dpi, HFONT font, const DialogPart& part, int row, int step) {
   const PartStyle style = StyleOf(part.kind);
-  const INT_PTR id = part.id == kNoId ? kNoId : part.id + row;
+  const INT_PTR control = part.control == kNoId ? kNoId : part.control + row;
   const HWND child = CreateWindowExW(
       style.extended_style, style.class_name, part.text, style.style, dpi.Pixels(part.left),
       dpi.Pixels(part.top + row * step), dpi.Pixels(part.width), dpi.Pixels(part.height), window,
-      reinterpret_cast<HMENU>(id), GetModuleHandleW(nullptr), nullptr);
+      reinterpret_cast<HMENU>(control), GetModuleHandleW(nullptr), nullptr);
   SendMessageW(child, WM_SETFONT, reinterpret_cast<WPARAM>(font), FALSE);
   if (lstrcmpW(style.class_name, WC_EDITW) == 0) {
     FitToText(child, dpi, font, style.extended_style == WS_EX_CLIENTEDGE);

@@ -30,7 +30,7 @@ constexpr int kNoId = 0xFFFF;  // of labels and groups that nobody asks for
 
 /// A control of a dialog. Places are in units of 96 dpi.
 struct DialogPart {
-  int id;
+  int control;
   PartKind kind;
   const wchar_t* text;
   int left;
@@ -49,8 +49,8 @@ constexpr int kButtonWidth = 88;
 /// Makes the controls of a dialog as children of `window`.
 void AddParts(HWND window, const Dpi& dpi, HFONT font, std::span<const DialogPart> parts);
 
-/// `count` times the same line of controls, `step` lower each time, their ids counted up by one,
-/// their names for screen readers beginning with the line's number.
+/// `count` times the same line of controls, `step` lower each time, their numbers counted up by
+/// one, their names for screen readers beginning with the line's number.
 void AddRows(HWND window, const Dpi& dpi, HFONT font, std::span<const DialogPart> line, int count,
              int step);
 

@@ -6,13 +6,13 @@
 namespace tolvane::platform::windows {
 
 /// Loads a picture of the program in `size` units of 96 dpi and shows it in the picture control
-/// `id` of `window`. The result must live as long as the control.
-[[nodiscard]] inline IconHandle ShowPicture(HWND window, int id, int picture, int size,
+/// `control` of `window`. The result must live as long as the control.
+[[nodiscard]] inline IconHandle ShowPicture(HWND window, int control, int picture, int size,
                                             const Dpi& dpi) {
   const int pixels = dpi.Pixels(size);
   IconHandle icon(static_cast<HICON>(LoadImageW(
       GetModuleHandleW(nullptr), MAKEINTRESOURCEW(picture), IMAGE_ICON, pixels, pixels, 0)));
-  SendDlgItemMessageW(window, id, STM_SETICON, reinterpret_cast<WPARAM>(icon.Get()), 0);
+  SendDlgItemMessageW(window, control, STM_SETICON, reinterpret_cast<WPARAM>(icon.Get()), 0);
   return icon;
 }
 

@@ -5,7 +5,7 @@
 
 namespace tolvane::platform::windows {
 
-/// What every window beside the main one needs. All of it outlives them.
+/// What the windows that the menus open need. All of it outlives them.
 struct DialogSurroundings {
   HINSTANCE instance;
   EventGate& gate;

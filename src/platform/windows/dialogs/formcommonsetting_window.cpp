@@ -8,8 +8,6 @@ namespace {
 
 using enum PartKind;
 
-constexpr std::int32_t kHelpTopic = 1;
-
 // Three columns of groups on one grid, all ending at the same height; units of 96 dpi.
 constexpr int kTop = 12;
 constexpr int kBottom = 346;
@@ -136,7 +134,8 @@ constexpr COLORREF kCanusbOnly = RGB(0, 0, 255);
 FormCommonSettingWindow::FormCommonSettingWindow(const DialogSurroundings& surroundings,
                                                  HelpWindow& help, StringResources& resources,
                                                  ELM327_Info& device)
-    : SettingsDialogOf(surroundings, help, resources, device, {kWidth, kHeight}, kHelpTopic) {}
+    : SettingsDialogOf(surroundings, help, resources, device, {kWidth, kHeight},
+                       id::HELP_COMMON_SETTING) {}
 
 void FormCommonSettingWindow::AddControls() {
   Add(kFirstColumn);
@@ -171,8 +170,8 @@ void FormCommonSettingWindow::Bind(const ControlBinder& bind) {
   bind(id::TB_dividend_ratio, form_.TB_dividend_ratio);
 }
 
-void FormCommonSettingWindow::OnClick(int id) {
-  switch (id) {
+void FormCommonSettingWindow::OnClick(int control) {
+  switch (control) {
     case id::Bt_DataChangeColor_Dialog:
       return form_.Bt_DataChangeColor_Dialog_Click(CommonDialog1());
     case id::Bt_MsgLateColor_Dialog:

@@ -22,9 +22,9 @@ constexpr DWORD kViewStyle =
 constexpr UINT_PTR kTabLeaves = 1;  // of the subclass
 
 /// A box of several lines would keep Tab and Enter for itself.
-LRESULT CALLBACK TabLeaves(HWND view, UINT message, WPARAM wparam, LPARAM lparam, UINT_PTR id,
+LRESULT CALLBACK TabLeaves(HWND view, UINT message, WPARAM wparam, LPARAM lparam, UINT_PTR subclass,
                            DWORD_PTR /*data*/) noexcept {
-  if (message == WM_NCDESTROY) RemoveWindowSubclass(view, &TabLeaves, id);
+  if (message == WM_NCDESTROY) RemoveWindowSubclass(view, &TabLeaves, subclass);
   const LRESULT result = DefSubclassProc(view, message, wparam, lparam);
   return message == WM_GETDLGCODE ? result & ~LRESULT{DLGC_WANTALLKEYS} : result;
 }
@@ -89,7 +89,7 @@ void FormHelpWindow::LayOut(int width, int height) {
   const int button_top = height - margin - button_height;
   MoveWindow(GetDlgItem(Hwnd(), id::TB_View), margin, margin, width - 2 * margin,
              button_top - 2 * margin, TRUE);
-  // Painted anew, as the text may cover by now what the button showed.
+  // Repainted, as the text may now cover what the button showed.
   SetWindowPos(GetDlgItem(Hwnd(), id::Bt_Close), nullptr, width - margin - button_width, button_top,
                button_width, button_height, SWP_NOZORDER | SWP_NOACTIVATE | SWP_NOCOPYBITS);
 }

@@ -7,8 +7,6 @@ namespace {
 
 using enum PartKind;
 
-constexpr std::int32_t kHelpTopic = 2;
-
 // Two groups side by side whose lines stand at the same heights; units of 96 dpi.
 constexpr int kTop = 12;
 constexpr int kInside = 12;
@@ -86,7 +84,8 @@ constexpr DialogPart kRemark[] = {
 
 FormOption1Window::FormOption1Window(const DialogSurroundings& surroundings, HelpWindow& help,
                                      StringResources& resources, ELM327_Info& device)
-    : SettingsDialogOf(surroundings, help, resources, device, {kWidth, kHeight}, kHelpTopic) {}
+    : SettingsDialogOf(surroundings, help, resources, device, {kWidth, kHeight}, id::HELP_OPTION1) {
+}
 
 void FormOption1Window::AddControls() {
   Add(kRangesHead);
@@ -110,10 +109,10 @@ void FormOption1Window::Bind(const ControlBinder& bind) {
   bind(id::Bt_MarkerColor_Dialog_0, form_.Bt_MarkerColor_Dialog);
 }
 
-void FormOption1Window::OnClick(int id) {
-  if (id < id::Bt_MarkerColor_Dialog_0 || id >= id::Bt_MarkerColor_Dialog_0 + kRows) return;
-  const auto index = static_cast<std::int16_t>(id - id::Bt_MarkerColor_Dialog_0);
-  form_.Bt_MarkerColor_Dialog_Click(index, CommonDialog1());
+void FormOption1Window::OnClick(int control) {
+  const int row = control - id::Bt_MarkerColor_Dialog_0;
+  if (row < 0 || row >= kRows) return;
+  form_.Bt_MarkerColor_Dialog_Click(static_cast<std::int16_t>(row), CommonDialog1());
 }
 
 }  // namespace tolvane::platform::windows

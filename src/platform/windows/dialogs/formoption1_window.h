@@ -14,7 +14,7 @@ class FormOption1Window final : public SettingsDialogOf<FormOption1> {
  private:
   void AddControls() override;
   void Bind(const ControlBinder& bind) override;
-  void OnClick(int id) override;
+  void OnClick(int control) override;
 };
 
 }  // namespace tolvane::platform::windows

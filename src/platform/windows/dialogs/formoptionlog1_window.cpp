@@ -15,8 +15,6 @@ namespace {
 
 using enum PartKind;
 
-constexpr std::int32_t kHelpTopic = 3;
-
 // Snapshots in the left column, logs in the right one; units of 96 dpi.
 constexpr int kTop = 12;
 constexpr int kInside = 12;
@@ -32,7 +30,8 @@ constexpr int kRightInside = kRightColumn + kInside;
 
 constexpr int kTwoLines = kHead + 2 * kStep + 4;  // heights of groups
 constexpr int kOneLine = kHead + kStep + 4;
-constexpr int kPictureSize = 32;
+constexpr int kPictureSize = id::PICTURE_FOLDER_SIZE;
+static_assert(id::PICTURE_FOLDER_PATH_SIZE == kPictureSize);
 constexpr int kPathGroup = kHead + 3 * kStep + 4 + kPictureSize + 12;
 constexpr int kPicture2 = kPictureSize + 6;  // from the first picture's left edge
 constexpr int kPathBox = 2 * kPicture2;
@@ -168,7 +167,8 @@ std::vector<String> DroppedPaths(HDROP dropped) {
 FormOptionLog1Window::FormOptionLog1Window(const DialogSurroundings& surroundings, HelpWindow& help,
                                            StringResources& resources, ELM327_Info& device,
                                            FileServices& files)
-    : SettingsDialogOf(surroundings, help, resources, device, {kWidth, kHeight}, kHelpTopic),
+    : SettingsDialogOf(surroundings, help, resources, device, {kWidth, kHeight},
+                       id::HELP_OPTION_LOG1),
       files_(files),
       folder_dialog_(surroundings.gate) {}
 
@@ -183,8 +183,8 @@ void FormOptionLog1Window::AddControls() {
         ShowPicture(Hwnd(), kPictures[i].control, kPictures[i].picture, kPictureSize, Scale());
   }
   const HWND tool_tips = CreateToolTips(Hwnd(), Scale());
-  for (const int id : kSnapshotTargets) MakeDropTarget(tool_tips, id);
-  for (const int id : kLogTargets) MakeDropTarget(tool_tips, id);
+  for (const int target : kSnapshotTargets) MakeDropTarget(tool_tips, target);
+  for (const int target : kLogTargets) MakeDropTarget(tool_tips, target);
 }
 
 void FormOptionLog1Window::Bind(const ControlBinder& bind) {
@@ -208,8 +208,8 @@ void FormOptionLog1Window::Bind(const ControlBinder& bind) {
   bind(id::TB_Access_Ver, form_.TB_Access_Ver);
 }
 
-void FormOptionLog1Window::OnClick(int id) {
-  switch (id) {
+void FormOptionLog1Window::OnClick(int control) {
+  switch (control) {
     case id::CB_LogFile_Enable:
       return form_.CB_LogFile_Enable_Click(device_);
     case id::Img_save_folder:
@@ -223,34 +223,34 @@ void FormOptionLog1Window::OnClick(int id) {
   }
 }
 
-void FormOptionLog1Window::MakeDropTarget(HWND tool_tips, int id) {
-  const HWND control = Child(id);
+void FormOptionLog1Window::MakeDropTarget(HWND tool_tips, int target) {
+  const HWND control = Child(target);
   AddToolTip(tool_tips, Hwnd(), control, kDropTip);
   DragAcceptFiles(control, TRUE);
   for (const UINT message : kDropMessages) {
     ChangeWindowMessageFilterEx(control, message, MSGFLT_ALLOW, nullptr);
   }
-  SetWindowSubclass(control, &DropProcedure, static_cast<UINT_PTR>(id),
+  SetWindowSubclass(control, &DropProcedure, static_cast<UINT_PTR>(target),
                     reinterpret_cast<DWORD_PTR>(this));
 }
 
 LRESULT CALLBACK FormOptionLog1Window::DropProcedure(HWND control, UINT message, WPARAM wparam,
-                                                     LPARAM lparam, UINT_PTR id,
+                                                     LPARAM lparam, UINT_PTR target,
                                                      DWORD_PTR object) noexcept {
   if (message == WM_DROPFILES) {
-    reinterpret_cast<FormOptionLog1Window*>(object)->OnDrop(static_cast<int>(id),
+    reinterpret_cast<FormOptionLog1Window*>(object)->OnDrop(static_cast<int>(target),
                                                             reinterpret_cast<HDROP>(wparam));
     return 0;
   }
-  if (message == WM_NCDESTROY) RemoveWindowSubclass(control, &DropProcedure, id);
+  if (message == WM_NCDESTROY) RemoveWindowSubclass(control, &DropProcedure, target);
   return DefSubclassProc(control, message, wparam, lparam);
 }
 
-void FormOptionLog1Window::OnDrop(int id, HDROP dropped) {
+void FormOptionLog1Window::OnDrop(int target, HDROP dropped) {
   const DropHandle owned(dropped);
-  Deliver([this, id, paths = DroppedPaths(dropped)] {
+  Deliver([this, target, paths = DroppedPaths(dropped)] {
     TakeValues();
-    if (std::ranges::find(kSnapshotTargets, id) != std::end(kSnapshotTargets)) {
+    if (std::ranges::find(kSnapshotTargets, target) != std::end(kSnapshotTargets)) {
       form_.Folder_Drop(paths, files_);
     } else {
       form_.Log_Folder_Drop(paths, files_);

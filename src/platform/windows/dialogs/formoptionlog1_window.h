@@ -18,13 +18,13 @@ class FormOptionLog1Window final : public SettingsDialogOf<FormOptionLog1> {
  private:
   void AddControls() override;
   void Bind(const ControlBinder& bind) override;
-  void OnClick(int id) override;
+  void OnClick(int control) override;
 
   /// Lets a control take what is dragged onto it from the file manager.
-  void MakeDropTarget(HWND tool_tips, int id);
+  void MakeDropTarget(HWND tool_tips, int target);
   static LRESULT CALLBACK DropProcedure(HWND control, UINT message, WPARAM wparam, LPARAM lparam,
-                                        UINT_PTR id, DWORD_PTR object) noexcept;
-  void OnDrop(int id, HDROP dropped);
+                                        UINT_PTR target, DWORD_PTR object) noexcept;
+  void OnDrop(int target, HDROP dropped);
 
   FileServices& files_;
   WindowsFolderDialog folder_dialog_;

@@ -15,10 +15,10 @@ constexpr SIZE kClient{400, 188};
 constexpr RECT kFrame{8, 8, 392, 180};
 constexpr RECT kTitle{28, 28, 372, 60};
 constexpr RECT kCopyright{28, 68, 372, 90};
-constexpr int kLinkSize = 40;
+constexpr int kLinkSize = id::PICTURE_LINK_SIZE;
 constexpr RECT kLinkPicture{28, 116, 28 + kLinkSize, 116 + kLinkSize};
 constexpr RECT kLinkText{78, 125, 300, 147};
-constexpr int kOkSize = 56;
+constexpr int kOkSize = id::PICTURE_OK_SIZE;
 constexpr RECT kOkPicture{316, 108, 316 + kOkSize, 108 + kOkSize};
 constexpr RECT kOkText{330, 125, 358, 147};
 constexpr int kTitlePercent = 180;
@@ -36,8 +36,8 @@ constexpr wchar_t kLinkName[] = L"ホームページを開く";
 constexpr int kFace = 0;
 constexpr int kNothing = -1;
 
-bool IsLink(int id) { return id == id::PicURL || id == id::Lb_URL; }
-bool IsOk(int id) { return id == id::Img_OK || id == id::Lb_OK; }
+bool IsLink(int part) { return part == id::PicURL || part == id::Lb_URL; }
+bool IsOk(int part) { return part == id::Img_OK || part == id::Lb_OK; }
 
 }  // namespace
 
@@ -82,24 +82,24 @@ void FormVersionWindow::Load() {
   const AccessibleNames names;
   names.Name(Child(id::PicURL), kLinkName);
   names.Name(Child(id::Img_OK), L"OK");
-  for (const int id : {id::PicURL, id::Lb_OK}) {
-    MakePressable(Child(id));
-    names.PushButton(Child(id));
+  for (const int part : {id::PicURL, id::Lb_OK}) {
+    MakePressable(Child(part));
+    names.PushButton(Child(part));
   }
   surroundings_.loop.AddKeyboardWindow(Hwnd());
 }
 
-void FormVersionWindow::AddStatic(int id, DWORD style, const RECT& place, const String& text,
+void FormVersionWindow::AddStatic(int part, DWORD style, const RECT& place, const String& text,
                                   HFONT font) {
   // The frame must not take the mouse from what it surrounds.
-  const DWORD notify = id == id::Shape1 ? 0 : SS_NOTIFY;
-  const HWND part = CreateWindowExW(
+  const DWORD notify = part == id::Shape1 ? 0 : SS_NOTIFY;
+  const HWND child = CreateWindowExW(
       0, WC_STATICW, Wide(text), WS_CHILD | WS_VISIBLE | WS_CLIPSIBLINGS | style | notify,
       dpi_.Pixels(place.left), dpi_.Pixels(place.top), dpi_.Pixels(place.right - place.left),
       dpi_.Pixels(place.bottom - place.top), Hwnd(),
-      reinterpret_cast<HMENU>(static_cast<INT_PTR>(id)), surroundings_.instance, nullptr);
-  SendMessageW(part, WM_SETFONT, reinterpret_cast<WPARAM>(font), FALSE);
-  SetWindowSubclass(part, &PartProcedure, static_cast<UINT_PTR>(id),
+      reinterpret_cast<HMENU>(static_cast<INT_PTR>(part)), surroundings_.instance, nullptr);
+  SendMessageW(child, WM_SETFONT, reinterpret_cast<WPARAM>(font), FALSE);
+  SetWindowSubclass(child, &PartProcedure, static_cast<UINT_PTR>(part),
                     reinterpret_cast<DWORD_PTR>(this));
 }
 
@@ -140,66 +140,66 @@ LRESULT FormVersionWindow::HandleMessage(UINT message, WPARAM wparam, LPARAM lpa
 }
 
 /// Enter, Escape, and the space bar on a part that can be pressed. The mouse does not come here.
-void FormVersionWindow::OnKeyCommand(int id) {
-  const bool on_link = id == IDOK && GetFocus() == Child(id::PicURL);
-  if (id == id::PicURL || on_link) return OpenLink();
-  if (id == IDOK || id == IDCANCEL || id == id::Lb_OK) Hide();
+void FormVersionWindow::OnKeyCommand(int part) {
+  const bool on_link = part == IDOK && GetFocus() == Child(id::PicURL);
+  if (part == id::PicURL || on_link) return OpenLink();
+  if (part == IDOK || part == IDCANCEL || part == id::Lb_OK) Hide();
 }
 
-LRESULT FormVersionWindow::PaintPart(HDC context, int id) const {
+LRESULT FormVersionWindow::PaintPart(HDC context, int part) const {
   SetBkMode(context, TRANSPARENT);
-  if (id == id::Lb_OK) {
+  if (part == id::Lb_OK) {
     SetTextColor(context, kOkLetters);
     return reinterpret_cast<LRESULT>(ok_brush_.Get());
   }
-  SetTextColor(context, id == id::Lb_URL ? kLinkColour : GetSysColor(COLOR_WINDOWTEXT));
+  SetTextColor(context, part == id::Lb_URL ? kLinkColour : GetSysColor(COLOR_WINDOWTEXT));
   return reinterpret_cast<LRESULT>(GetSysColorBrush(COLOR_WINDOW));
 }
 
-LRESULT CALLBACK FormVersionWindow::PartProcedure(HWND part, UINT message, WPARAM wparam,
-                                                  LPARAM lparam, UINT_PTR id,
+LRESULT CALLBACK FormVersionWindow::PartProcedure(HWND child, UINT message, WPARAM wparam,
+                                                  LPARAM lparam, UINT_PTR part,
                                                   DWORD_PTR object) noexcept {
   switch (message) {
     case WM_LBUTTONDOWN:
     case WM_LBUTTONUP:
     case WM_MOUSEMOVE:
       reinterpret_cast<FormVersionWindow*>(object)->OnMouse(message, wparam, lparam,
-                                                            static_cast<int>(id));
+                                                            static_cast<int>(part));
       return 0;
     case WM_NCDESTROY:
-      RemoveWindowSubclass(part, &PartProcedure, id);
+      RemoveWindowSubclass(child, &PartProcedure, part);
       break;
     default:
       break;
   }
-  return DefSubclassProc(part, message, wparam, lparam);
+  return DefSubclassProc(child, message, wparam, lparam);
 }
 
-void FormVersionWindow::OnMouse(UINT message, WPARAM keys, LPARAM place, int id) {
+void FormVersionWindow::OnMouse(UINT message, WPARAM keys, LPARAM place, int part) {
   switch (message) {
     case WM_LBUTTONDOWN:
-      return OnPress(place, id);
+      return OnPress(place, part);
     case WM_LBUTTONUP:
-      return OnRelease(id);
+      return OnRelease(part);
     default:
       break;
   }
   // Windows tells a movement now and then though the mouse has not moved: a press that such a one
   // turned into a drag would never become a click.
-  const bool moved = pressed_ != id || place != pressed_at_;
-  if ((keys & MK_LBUTTON) != 0 && moved && !IsLink(id)) Drag();
+  const bool moved = pressed_ != part || place != pressed_at_;
+  if ((keys & MK_LBUTTON) != 0 && moved && !IsLink(part)) Drag();
 }
 
-void FormVersionWindow::OnPress(LPARAM place, int id) {
+void FormVersionWindow::OnPress(LPARAM place, int part) {
   pressed_at_ = place;
-  pressed_ = id;
-  if (id == id::Lb_URL) Deliver([this] { FormVersion::Lb_URL_MouseDown(device_, shell_); });
+  pressed_ = part;
+  if (part == id::Lb_URL) Deliver([this] { FormVersion::Lb_URL_MouseDown(device_, shell_); });
 }
 
-void FormVersionWindow::OnRelease(int id) {
-  if (std::exchange(pressed_, kNothing) != id) return;
-  if (IsOk(id)) Hide();
-  if (id == id::PicURL) OpenLink();
+void FormVersionWindow::OnRelease(int part) {
+  if (std::exchange(pressed_, kNothing) != part) return;
+  if (IsOk(part)) Hide();
+  if (part == id::PicURL) OpenLink();
 }
 
 void FormVersionWindow::Drag() {

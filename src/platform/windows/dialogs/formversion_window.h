@@ -32,15 +32,15 @@ class FormVersionWindow final : public BaseWindow<FormVersionWindow> {
 
  private:
   void Load();
-  [[nodiscard]] HWND Child(int id) const { return GetDlgItem(Hwnd(), id); }
-  void AddStatic(int id, DWORD style, const RECT& place, const String& text, HFONT font);
-  static LRESULT CALLBACK PartProcedure(HWND part, UINT message, WPARAM wparam, LPARAM lparam,
-                                        UINT_PTR id, DWORD_PTR object) noexcept;
-  /// Mouse messages over a part, or over the form's own face with id 0.
-  void OnMouse(UINT message, WPARAM keys, LPARAM place, int id);
-  void OnPress(LPARAM place, int id);
-  void OnRelease(int id);
-  void OnKeyCommand(int id);
+  [[nodiscard]] HWND Child(int part) const { return GetDlgItem(Hwnd(), part); }
+  void AddStatic(int part, DWORD style, const RECT& place, const String& text, HFONT font);
+  static LRESULT CALLBACK PartProcedure(HWND child, UINT message, WPARAM wparam, LPARAM lparam,
+                                        UINT_PTR part, DWORD_PTR object) noexcept;
+  /// Mouse messages over a part, or over the form's own face with 0.
+  void OnMouse(UINT message, WPARAM keys, LPARAM place, int part);
+  void OnPress(LPARAM place, int part);
+  void OnRelease(int part);
+  void OnKeyCommand(int part);
   void Hide() {
     Deliver([this] { ShowWindow(Hwnd(), SW_HIDE); });
   }
@@ -49,7 +49,7 @@ class FormVersionWindow final : public BaseWindow<FormVersionWindow> {
   }
   void Drag();
   void Deliver(EventGate::Event event) { surroundings_.gate.Deliver(std::move(event)); }
-  [[nodiscard]] LRESULT PaintPart(HDC context, int id) const;
+  [[nodiscard]] LRESULT PaintPart(HDC context, int part) const;
 
   const DialogSurroundings& surroundings_;
   Shell& shell_;

@@ -8,7 +8,7 @@ namespace tolvane::platform::windows {
 
 class WindowsMessageBox final : public MessageBox {
  public:
-  /// `owner`, the main window, must outlive this.
+  /// `owner`, the main window, must outlive this; null when there is none.
   WindowsMessageBox(EventGate& gate, HWND owner) : gate_(gate), owner_(owner) {}
 
   void Critical(StringView text, StringView title) override;

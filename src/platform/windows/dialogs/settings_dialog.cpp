@@ -16,7 +16,7 @@ namespace {
 constexpr DWORD kStyle = WS_POPUP | WS_CAPTION | WS_SYSMENU;
 constexpr DWORD kExtendedStyle = WS_EX_DLGMODALFRAME | WS_EX_CONTROLPARENT;
 constexpr int kMargin = 12;
-constexpr int kPictureSize = 32;
+constexpr int kPictureSize = id::PICTURE_HELP_SIZE;
 
 }  // namespace
 
@@ -130,8 +130,8 @@ void SettingsDialog::OnActivate(bool active) {
   }
 }
 
-void SettingsDialog::OnCommand(int id) {
-  switch (id) {
+void SettingsDialog::OnCommand(int control) {
+  switch (control) {
     case id::Bt_OK:
     case IDOK:
       Deliver([this] {
@@ -148,16 +148,18 @@ void SettingsDialog::OnCommand(int id) {
       Deliver([this] { Help(); });
       return;
     default:
-      Deliver([this, id] {
+      Deliver([this, control] {
         const HWND opening = Hwnd();
         TakeValues();
-        OnClick(id);
+        OnClick(control);
         // A modal dialog of the click may have outlived this opening, and stand over another one.
         if (Hwnd() == opening) ShowValues();
       });
   }
 }
 
-void SettingsDialog::Help() { HelpWizard::Help_Show(help_topic_, help_, resources_); }
+void SettingsDialog::Help() {
+  HelpWizard::Help_Show(help_text_ - HelpWizard::kTextBeforeFirst, help_, resources_);
+}
 
 }  // namespace tolvane::platform::windows

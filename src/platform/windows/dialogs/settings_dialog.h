@@ -13,9 +13,8 @@
 
 namespace tolvane::platform::windows {
 
-/// What the three settings dialogs share: loaded anew at each opening, the main window disabled
-/// while they are up, OK, cancel, help, the colours, the keyboard. A dialog of fixed size, as any
-/// change of size would fill it anew from the settings.
+/// What the three settings dialogs share: made and filled at each opening, the main window disabled
+/// while they are up, OK, cancel, help, the colours, the keyboard, the fixed size.
 class SettingsDialog : public BaseWindow<SettingsDialog> {
  public:
   static constexpr const wchar_t* kClassName = L"TolvaneSettingsDialog";
@@ -30,22 +29,22 @@ class SettingsDialog : public BaseWindow<SettingsDialog> {
 
  protected:
   SettingsDialog(const DialogSurroundings& surroundings, HelpWindow& help,
-                 StringResources& resources, SIZE client, std::int32_t help_topic)
+                 StringResources& resources, SIZE client, int help_text)
       : surroundings_(surroundings),
         help_(help),
         resources_(resources),
         client_(client),
-        help_topic_(help_topic) {}
+        help_text_(help_text) {}
   ~SettingsDialog() { Destroy(); }
 
   /// Forgets what an earlier opening left and reads the settings; gives the caption.
   virtual const String& LoadForm() = 0;
-  /// Pairs every control's value with its id.
+  /// Pairs every control's value with its number.
   virtual void Bind(const ControlBinder& bind) = 0;
   virtual void AddControls() = 0;
   /// A click on a control that is neither OK, cancel nor help, its value taken before and shown
   /// after it.
-  virtual void OnClick(int id) = 0;
+  virtual void OnClick(int control) = 0;
   /// OK, all values taken.
   virtual void StoreForm() = 0;
 
@@ -55,7 +54,7 @@ class SettingsDialog : public BaseWindow<SettingsDialog> {
   }
   /// OK, cancel and the help picture in the lower right corner.
   void AddClosingButtons();
-  [[nodiscard]] HWND Child(int id) const { return GetDlgItem(Hwnd(), id); }
+  [[nodiscard]] HWND Child(int control) const { return GetDlgItem(Hwnd(), control); }
   [[nodiscard]] const Dpi& Scale() const { return dpi_; }
   [[nodiscard]] ColourDialog& CommonDialog1() { return colour_dialog_; }
 
@@ -66,7 +65,7 @@ class SettingsDialog : public BaseWindow<SettingsDialog> {
   void Deliver(EventGate::Event event);
 
  private:
-  void OnCommand(int id);
+  void OnCommand(int control);
   void OnActivate(bool active);
   void FocusFirst();
   void Help();
@@ -74,8 +73,8 @@ class SettingsDialog : public BaseWindow<SettingsDialog> {
   const DialogSurroundings& surroundings_;
   HelpWindow& help_;
   StringResources& resources_;
-  SIZE client_;  // units of 96 dpi
-  std::int32_t help_topic_;
+  SIZE client_;    // units of 96 dpi
+  int help_text_;  // its number among the resources
   Dpi dpi_;
   FontHandle font_;
   IconHandle help_picture_;
@@ -88,9 +87,8 @@ template <typename Form>
 class SettingsDialogOf : public SettingsDialog {
  protected:
   SettingsDialogOf(const DialogSurroundings& surroundings, HelpWindow& help,
-                   StringResources& resources, ELM327_Info& device, SIZE client,
-                   std::int32_t help_topic)
-      : SettingsDialog(surroundings, help, resources, client, help_topic), device_(device) {}
+                   StringResources& resources, ELM327_Info& device, SIZE client, int help_text)
+      : SettingsDialog(surroundings, help, resources, client, help_text), device_(device) {}
 
   const String& LoadForm() final {
     form_ = Form();

@@ -1,6 +1,7 @@
-// Numbers of everything that Tolvane.rc and the windows name, shared by the resource compiler, C++
-// and the tests. Only #defines, grouped by window; a control's number bears the control's own name.
-// In C++ this is included last: the names are also those of members of the platform's classes,
+// Numbers of the resources, of the controls and of the commands, for the resource compiler and the
+// tests. Only #defines, grouped by window; a control's number bears the control's own name.
+// The program takes them from tolvane_control_ids.h, which is made from this. A C++ file that
+// includes this one does so last: the names are also those of members of the platform's classes,
 // which would be replaced in every header that came after.
 #ifndef TOLVANE_RESOURCE_H
 #define TOLVANE_RESOURCE_H
@@ -19,6 +20,20 @@
 #define PICTURE_FOLDER 203
 #define PICTURE_FOLDER_PATH 204
 #define PICTURE_LINK 205
+
+// Sides of the pictures in units of 96 dpi. make_pictures draws them by these numbers.
+#define ICON_CAUTION_SIZE 48
+#define ICON_SPLASH_SIZE 96
+#define PICTURE_OK_SIZE 56
+#define PICTURE_HELP_SIZE 32
+#define PICTURE_FOLDER_SIZE 32
+#define PICTURE_FOLDER_PATH_SIZE 32
+#define PICTURE_LINK_SIZE 40
+
+// Help texts of the settings dialogs.
+#define HELP_COMMON_SETTING 101
+#define HELP_OPTION1 102
+#define HELP_OPTION_LOG1 103
 
 // Menus.
 #define MENU_MAIN 10

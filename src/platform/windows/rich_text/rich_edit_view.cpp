@@ -73,7 +73,7 @@ class RichEditView::Unlocked {
   RichEditView& view_;
 };
 
-bool RichEditView::Create(HWND parent, int id, std::function<void()> selection_changed,
+bool RichEditView::Create(HWND parent, int control, std::function<void()> selection_changed,
                           std::function<void(bool by_keyboard)> context_menu) {
   selection_changed_ = std::move(selection_changed);
   context_menu_ = std::move(context_menu);
@@ -83,7 +83,7 @@ bool RichEditView::Create(HWND parent, int id, std::function<void()> selection_c
                       WS_HSCROLL | ES_MULTILINE | ES_AUTOVSCROLL | ES_AUTOHSCROLL | ES_WANTRETURN |
                       ES_NOHIDESEL;
   window_ = CreateWindowExW(WS_EX_CLIENTEDGE, MSFTEDIT_CLASS, L"", style, 0, 0, 0, 0, parent,
-                            reinterpret_cast<HMENU>(static_cast<INT_PTR>(id)),
+                            reinterpret_cast<HMENU>(static_cast<INT_PTR>(control)),
                             GetModuleHandleW(nullptr), nullptr);
   if (window_ == nullptr) return false;
   Send(EM_EXLIMITTEXT, 0, kLargestText);
@@ -152,7 +152,7 @@ String RichEditView::TextRTF() const { return FromRtfBytes(ContentRtf()); }
 bool RichEditView::TextRTF(StringView rtf) { return ReplaceOrKeep(ToRtfBytes(rtf)); }
 
 bool RichEditView::ReplaceOrKeep(std::string_view rtf) {
-  // Anything else the control would read without a murmur, as an empty text.
+  // The control reads anything else as an empty text and reports no failure.
   if (!rtf.starts_with("{\\rtf")) return false;
   const std::string before = ContentRtf();
   const String text_before = Text();

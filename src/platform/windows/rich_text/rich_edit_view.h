@@ -25,8 +25,9 @@ class RichEditView final : public RichTextView {
  public:
   explicit RichEditView(CodePage& code_page) : code_page_(code_page) {}
 
-  /// Makes the control as child number `id` of `parent`. False when the system has no rich edit.
-  [[nodiscard]] bool Create(HWND parent, int id, std::function<void()> selection_changed,
+  /// Makes the control as child number `control` of `parent`. False when the system has no rich
+  /// edit.
+  [[nodiscard]] bool Create(HWND parent, int control, std::function<void()> selection_changed,
                             std::function<void(bool by_keyboard)> context_menu);
   [[nodiscard]] HWND Hwnd() const { return window_; }
   /// Whether Tab comes to the view.
@@ -62,7 +63,7 @@ class RichEditView final : public RichTextView {
   class Unlocked;
 
   static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM wparam, LPARAM lparam,
-                                    UINT_PTR id, DWORD_PTR object) noexcept;
+                                    UINT_PTR subclass, DWORD_PTR object) noexcept;
   LRESULT HandleMessage(UINT message, WPARAM wparam, LPARAM lparam);
 
   // rich_edit_faces.cpp
