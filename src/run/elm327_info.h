@@ -20,10 +20,13 @@ constexpr std::int32_t kMsgIdType29Bit = 128;  // t_msgID_type of 29-bit mode
 constexpr std::int32_t kLogFormatSpreadsheet = 1;  // t_LogSaveFormat
 constexpr std::int32_t kLogFormatCsv = 2;
 
+constexpr std::int32_t kLogComment_MAX = 50;  // UTF-16 units of t_LogComment and of its box
+
 /// Everything that the user can set, what start-up found out about the machine, and the product's
 /// identity. One instance lives as long as the process: `device` of Form1. Only the settings
-/// dialogs, the reader of config.dat, start-up and the device selection write it; values that come
-/// from a settings file are unchecked, so any field may hold anything.
+/// dialogs, the reader of config.dat, start-up and the device selection write it, and the start of
+/// a run and closing its comment; values that come from a settings file are unchecked, so any field
+/// may hold anything. run/settings_list.h lists what config.dat keeps, with the defaults.
 ///
 /// Flags are 0 or 1 and are compared with 1. Times are in milliseconds, ratios in percent.
 class ELM327_Info {
@@ -60,7 +63,7 @@ class ELM327_Info {
   String t_LogSaveFilePath;               // without trailing backslash
   std::int32_t t_LogSave_Enable{};
   std::int32_t t_LogSave_subFolder{};  // 1 makes a subfolder per run, named after the comment
-  String t_LogComment;                 // at most 50 characters
+  String t_LogComment;                 // at most kLogComment_MAX
   std::int32_t t_SaveFormat{};         // snapshots: 1 rich text, 2 plain text
   std::int32_t t_SaveFilePath_mode{};  // as t_LogSaveFilePath_mode
   String t_SaveFilePath;

@@ -95,23 +95,24 @@ int Run(HINSTANCE instance, int show_command) {
   WindowsClipboard clipboard(window.Hwnd());
   WindowsCursors cursors;
   WindowsRunProtection run_protection(window.Hwnd());
-  const Platform platform{loop,
-                          {workers.FormBG, workers.FormBG2, workers.FormBG_29, workers.FormBG2_29},
-                          qxt100,
-                          winmm,
-                          canusbdrv,
-                          ifcan,
-                          canlib32,
-                          message_box,
-                          files,
-                          folders,
-                          wall_clock,
-                          code_page,
-                          automation,
-                          clipboard,
-                          single_instance,
-                          cursors,
-                          run_protection};
+  const Platform platform{
+      .events = loop,
+      .timers = {workers.FormBG, workers.FormBG2, workers.FormBG_29, workers.FormBG2_29},
+      .qxt100 = qxt100,
+      .winmm = winmm,
+      .canusbdrv = canusbdrv,
+      .IFCan = ifcan,
+      .canlib32 = canlib32,
+      .message_box = message_box,
+      .files = files,
+      .folders = folders,
+      .wall_clock = wall_clock,
+      .code_page = code_page,
+      .automation = automation,
+      .clipboard = clipboard,
+      .single_instance = single_instance,
+      .cursors = cursors,
+      .run_protection = run_protection};
 
   Form1 form(platform, window.Face(), program_folder);
   DialogWindows dialogs({instance, gate, loop, window.Hwnd()}, files, form.device,

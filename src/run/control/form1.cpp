@@ -12,8 +12,6 @@ namespace tolvane {
 
 namespace {
 
-constexpr std::size_t kLogCommentMax = 50;  // UTF-16 units, as in the box
-
 /// A receive filter left on by a 29-bit run chooses an excluding worker in 11-bit mode too.
 WorkerKind WorkerOf(const ELM327_Info& device) {
   const bool excluding = device.t_Save_ID_DisableMode == 1 || device.t_MsgFmtTyp == 1;
@@ -161,7 +159,7 @@ String Form1::Trimmed_Comment() const {
 }
 
 void Form1::Store_Comment(StringView comment) {
-  device.t_LogComment = comment.substr(0, kLogCommentMax);
+  device.t_LogComment = comment.substr(0, kLogComment_MAX);
 }
 
 }  // namespace tolvane

@@ -142,7 +142,7 @@ class Form1 {
   std::int32_t Device_Select();
   /// What the comment's box holds, without the blanks at its ends.
   [[nodiscard]] String Trimmed_Comment() const;
-  /// Cuts to 50 UTF-16 units.
+  /// Cuts to kLogComment_MAX.
   void Store_Comment(StringView comment);
 
   // shell/view_commands.cpp

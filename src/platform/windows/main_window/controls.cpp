@@ -5,7 +5,8 @@
 namespace tolvane::platform::windows {
 
 void WindowsMenuItem::Enabled(bool enabled) {
-  EnableMenuItem(menu_, id_, static_cast<UINT>(MF_BYCOMMAND | (enabled ? MF_ENABLED : MF_GRAYED)));
+  EnableMenuItem(menu_, command_,
+                 static_cast<UINT>(MF_BYCOMMAND | (enabled ? MF_ENABLED : MF_GRAYED)));
 }
 
 String WindowsTextBox::Text() const { return WindowText(window_); }

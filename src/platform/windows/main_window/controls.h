@@ -22,15 +22,15 @@ class WindowsButton final : public Button {
 class WindowsMenuItem final : public MenuItem {
  public:
   /// `menu` is any menu above the item.
-  void Attach(HMENU menu, UINT id) {
+  void Attach(HMENU menu, int command) {
     menu_ = menu;
-    id_ = id;
+    command_ = static_cast<UINT>(command);
   }
   void Enabled(bool enabled) override;
 
  private:
   HMENU menu_ = nullptr;
-  UINT id_ = 0;
+  UINT command_ = 0;
 };
 
 class WindowsPicture final : public Picture {

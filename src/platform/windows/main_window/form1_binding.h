@@ -12,7 +12,7 @@ class Form1Binding final : public Form1Events {
  public:
   Form1Binding(Form1& form, DialogWindows& dialogs) : form_(form), dialogs_(dialogs) {}
 
-  void Command(int id) override;
+  void Command(int command) override;
   void ViewSelectionChanged() override { form_.RTB_MainView_SelChange(); }
   void ViewContextMenu() override {
     form_.Do([this] { form_.RTB_MainView_ContextMenu(); });

@@ -1,17 +1,14 @@
-// The controls of the main window: their making, their tool tips, their numbers.
-#include <iterator>
-
+// The controls of the main window: their making, their tool tips, and the logic's face of them.
+#include <tolvane_control_ids.h>
+#include "platform/windows/dialogs/dialog_picture.h"
+#include "platform/windows/main_window/form1_layout.h"
 #include "platform/windows/main_window/form1_window.h"
 #include "platform/windows/window_parts/accessible_names.h"
 #include "platform/windows/window_parts/tool_tips.h"
-// Last, see there.
-#include "platform/windows/resources/resource.h"
+#include "run/elm327_info.h"
 
 namespace tolvane::platform::windows {
 namespace {
-
-constexpr WPARAM kCommentLength = 50;  // characters
-constexpr int kPicture = 48;           // units of 96 dpi
 
 // For screen readers.
 constexpr wchar_t kCautionName[] = L"接続中の注意";
@@ -24,44 +21,11 @@ constexpr wchar_t kProtocolTip[] =
 
 constexpr UINT_PTR kDefaultWhileFocused = 1;  // of the subclass
 
-constexpr DWORD kLabel = SS_NOPREFIX | SS_CENTERIMAGE | SS_NOTIFY;
-constexpr DWORD kShown = WS_TABSTOP | ES_AUTOHSCROLL | ES_READONLY;
-constexpr DWORD kEdited = WS_TABSTOP | ES_AUTOHSCROLL;
-constexpr DWORD kButton = WS_TABSTOP | BS_PUSHBUTTON;
-constexpr DWORD kList = WS_TABSTOP | WS_VSCROLL | CBS_DROPDOWNLIST;
-constexpr DWORD kPictureStyle = SS_ICON | SS_REALSIZECONTROL | SS_NOTIFY;
-
-struct ChildControl {
-  int id;
-  const wchar_t* class_name;
-  const wchar_t* text;
-  DWORD style;
-};
-
-// In reading order, which is the tab order; the view comes behind them.
-constexpr ChildControl kChildren[] = {
-    {Lb_Serect_Device, WC_STATICW, L"機器No.", kLabel},
-    {Cmb_Serect_Device, WC_COMBOBOXW, L"", kList},
-    {Lb_ODB_Hard_Version, WC_STATICW, L"機器情報", kLabel},
-    {TB_ODB_Hard_Version, WC_EDITW, L"Nothing", kShown},
-    {Bt_Connect, WC_BUTTONW, L"接続", kButton | WS_DISABLED},  // until the start is through
-    {Bt_Disconnect, WC_BUTTONW, L"切断", kButton | WS_DISABLED},
-    {Lb_Protocol, WC_STATICW, L"通信モード", kLabel},
-    {TB_Protocol, WC_EDITW, L"---", kShown},
-    {Lb_Status, WC_STATICW, L"ステータス", kLabel},
-    {TB_Status, WC_EDITW, L"", kShown},
-    {Lb_LogComment, WC_STATICW, L"コメント", kLabel},
-    {TB_LogComment, WC_EDITW, L"", kEdited},
-    {Bt_SaveFile, WC_BUTTONW, L"スナップショット", kButton},
-    {Bt_ViewClear, WC_BUTTONW, L"画面クリア", kButton},
-    {Pic_Caution, WC_STATICW, L"", kPictureStyle},
-};
-
 /// A push button is the default one, and has its ring, exactly while it has the focus: so Enter
 /// presses the button that the user sees marked, also where the program moved the focus, after
 /// which a dialog manager leaves the mark behind.
 LRESULT CALLBACK DefaultWhileFocused(HWND button, UINT message, WPARAM wparam, LPARAM lparam,
-                                     UINT_PTR id, DWORD_PTR /*data*/) noexcept {
+                                     UINT_PTR subclass, DWORD_PTR /*data*/) noexcept {
   const LRESULT result = DefSubclassProc(button, message, wparam, lparam);
   switch (message) {
     case WM_SETFOCUS:
@@ -71,7 +35,7 @@ LRESULT CALLBACK DefaultWhileFocused(HWND button, UINT message, WPARAM wparam, L
       SendMessageW(button, BM_SETSTYLE, BS_PUSHBUTTON, TRUE);
       break;
     case WM_NCDESTROY:
-      RemoveWindowSubclass(button, &DefaultWhileFocused, id);
+      RemoveWindowSubclass(button, &DefaultWhileFocused, subclass);
       break;
     default:
       break;
@@ -79,47 +43,23 @@ LRESULT CALLBACK DefaultWhileFocused(HWND button, UINT message, WPARAM wparam, L
   return result;
 }
 
-// In the order of MainWindow's members.
-constexpr UINT kBarItems[] = {menu_common_setting, menu_opt_function1, menu_opt_log1};
-constexpr UINT kViewItems[] = {
-    menu_View_All_Copy,     menu_View_Ctrl_Z,      menu_View_Ctrl_X,        menu_View_Ctrl_C,
-    menu_View_Ctrl_V,       menu_View_DEL,         menu_View_Text_Red,      menu_View_Text_Blue,
-    menu_View_Text_Black,   menu_View_Marker_Pink, menu_View_Marker_Yellow, menu_View_Marker_black,
-    menu_View_Marker_white, menu_View_Date};
-
 }  // namespace
 
-HWND Form1Window::AddChild(const wchar_t* class_name, const wchar_t* text, int id, DWORD style) {
-  // Boxes get the sunken edge, drawn by the visual style where there is one.
-  const bool is_box = lstrcmpW(class_name, WC_EDITW) == 0;
-  const HWND child = CreateWindowExW(
-      is_box ? WS_EX_CLIENTEDGE : 0, class_name, text, WS_CHILD | WS_VISIBLE | style, 0, 0, 0, 0,
-      Hwnd(), reinterpret_cast<HMENU>(static_cast<INT_PTR>(id)), instance_, nullptr);
-  SendMessageW(child, WM_SETFONT, reinterpret_cast<WPARAM>(font_.Get()), FALSE);
-  return child;
-}
-
 bool Form1Window::CreateControls() {
-  for (const ChildControl& child : kChildren) {
-    if (AddChild(child.class_name, child.text, child.id, child.style) == nullptr) return false;
-  }
-  const int size = dpi_.Pixels(kPicture);
-  caution_ = IconHandle(static_cast<HICON>(
-      LoadImageW(instance_, MAKEINTRESOURCEW(ICON_CAUTION), IMAGE_ICON, size, size, 0)));
-  SendDlgItemMessageW(Hwnd(), Pic_Caution, STM_SETICON, reinterpret_cast<WPARAM>(caution_.Get()),
-                      0);
-  ShowWindow(Child(Pic_Caution), SW_HIDE);
-  SendDlgItemMessageW(Hwnd(), TB_LogComment, EM_LIMITTEXT, kCommentLength, 0);
+  if (!AddForm1Controls(Hwnd(), font_.Get())) return false;
+  caution_ = ShowPicture(Hwnd(), id::Pic_Caution, id::ICON_CAUTION, id::ICON_CAUTION_SIZE, dpi_);
+  ShowWindow(Child(id::Pic_Caution), SW_HIDE);
+  SendDlgItemMessageW(Hwnd(), id::TB_LogComment, EM_LIMITTEXT, kLogComment_MAX, 0);
 
   const bool view_made = view_.Create(
-      Hwnd(), RTB_MainView, [this] { DeliverSelectionChange(); },
+      Hwnd(), id::RTB_MainView, [this] { DeliverSelectionChange(); },
       [this](bool by_keyboard) { DeliverContextMenu(by_keyboard); });
   if (!view_made) return false;
-  for (const int id : {Bt_Connect, Bt_Disconnect, Bt_SaveFile, Bt_ViewClear}) {
-    SetWindowSubclass(Child(id), &DefaultWhileFocused, kDefaultWhileFocused, 0);
+  for (const int button : {id::Bt_Connect, id::Bt_Disconnect, id::Bt_SaveFile, id::Bt_ViewClear}) {
+    SetWindowSubclass(Child(button), &DefaultWhileFocused, kDefaultWhileFocused, 0);
   }
   const AccessibleNames names;
-  names.Name(Child(Pic_Caution), kCautionName);
+  names.Name(Child(id::Pic_Caution), kCautionName);
   names.Name(view_.Hwnd(), kViewName);
   names.Name(FindWindowExW(Hwnd(), nullptr, LiveSurface::kClassName, nullptr), kViewName);
   AttachControls();
@@ -127,33 +67,64 @@ bool Form1Window::CreateControls() {
 }
 
 void Form1Window::AttachControls() {
-  connect_.Attach(Child(Bt_Connect));
-  disconnect_.Attach(Child(Bt_Disconnect));
+  connect_.Attach(Child(id::Bt_Connect));
+  disconnect_.Attach(Child(id::Bt_Disconnect));
   // In code a selection is told at once: the logic that selects is the one that listens.
-  device_.Attach(Child(Cmb_Serect_Device), [this] {
-    if (events_ != nullptr) events_->Command(Cmb_Serect_Device);
+  device_.Attach(Child(id::Cmb_Serect_Device), [this] {
+    if (events_ != nullptr) events_->Command(id::Cmb_Serect_Device);
   });
-  hard_version_.Attach(Child(TB_ODB_Hard_Version));
-  protocol_.Attach(Child(TB_Protocol));
-  status_.Attach(Child(TB_Status));
-  comment_.Attach(Child(TB_LogComment));
-  caution_picture_.Attach(Child(Pic_Caution));
-  static_assert(std::size(kBarItems) == std::tuple_size_v<decltype(bar_items_)>);
-  for (std::size_t i = 0; i < bar_items_.size(); ++i) {
-    bar_items_[i].Attach(GetMenu(Hwnd()), kBarItems[i]);
-  }
-  static_assert(std::size(kViewItems) == std::tuple_size_v<decltype(view_items_)>);
-  for (std::size_t i = 0; i < view_items_.size(); ++i) {
-    view_items_[i].Attach(view_menu_.Get(), kViewItems[i]);
-  }
+  hard_version_.Attach(Child(id::TB_ODB_Hard_Version));
+  protocol_.Attach(Child(id::TB_Protocol));
+  status_.Attach(Child(id::TB_Status));
+  comment_.Attach(Child(id::TB_LogComment));
+  caution_picture_.Attach(Child(id::Pic_Caution));
+}
+
+MainWindow Form1Window::Face() {
+  return {.window = *this,
+          .Form2 = splash_,
+          .other_forms = *this,
+          .Bt_Connect = connect_,
+          .Bt_Disconnect = disconnect_,
+          .Cmb_Serect_Device = device_,
+          .TB_ODB_Hard_Version = hard_version_,
+          .TB_Protocol = protocol_,
+          .TB_Status = status_,
+          .TB_LogComment = comment_,
+          .Pic_Caution = caution_picture_,
+          .RTB_MainView = view_,
+          .menu_common_setting = BarItem(id::menu_common_setting),
+          .menu_opt_function1 = BarItem(id::menu_opt_function1),
+          .menu_opt_log1 = BarItem(id::menu_opt_log1),
+          .menu_View = *this,
+          .menu_View_All_Copy = ViewItem(id::menu_View_All_Copy),
+          .menu_View_Ctrl_Z = ViewItem(id::menu_View_Ctrl_Z),
+          .menu_View_Ctrl_X = ViewItem(id::menu_View_Ctrl_X),
+          .menu_View_Ctrl_C = ViewItem(id::menu_View_Ctrl_C),
+          .menu_View_Ctrl_V = ViewItem(id::menu_View_Ctrl_V),
+          .menu_View_DEL = ViewItem(id::menu_View_DEL),
+          .menu_View_Text_Red = ViewItem(id::menu_View_Text_Red),
+          .menu_View_Text_Blue = ViewItem(id::menu_View_Text_Blue),
+          .menu_View_Text_Black = ViewItem(id::menu_View_Text_Black),
+          .menu_View_Marker_Pink = ViewItem(id::menu_View_Marker_Pink),
+          .menu_View_Marker_Yellow = ViewItem(id::menu_View_Marker_Yellow),
+          .menu_View_Marker_black = ViewItem(id::menu_View_Marker_black),
+          .menu_View_Marker_white = ViewItem(id::menu_View_Marker_white),
+          .menu_View_Date = ViewItem(id::menu_View_Date)};
+}
+
+MenuItem& Form1Window::Item(HMENU menu, int command) {
+  WindowsMenuItem& item = menu_items_[command];
+  item.Attach(menu, command);
+  return item;
 }
 
 bool Form1Window::AddToolTips() {
   const HWND tool_tips = CreateToolTips(Hwnd(), dpi_);
   if (tool_tips == nullptr) return false;
-  AddToolTip(tool_tips, Hwnd(), Child(Pic_Caution), kCautionTip);
-  AddToolTip(tool_tips, Hwnd(), Child(TB_Protocol), kProtocolTip);
-  AddToolTip(tool_tips, Hwnd(), Child(Lb_Protocol), kProtocolTip);
+  AddToolTip(tool_tips, Hwnd(), Child(id::Pic_Caution), kCautionTip);
+  AddToolTip(tool_tips, Hwnd(), Child(id::TB_Protocol), kProtocolTip);
+  AddToolTip(tool_tips, Hwnd(), Child(id::Lb_Protocol), kProtocolTip);
   return true;
 }
 

@@ -1,9 +1,10 @@
+// The controls of the main window: what each is and where it stands.
 #include "platform/windows/main_window/form1_layout.h"
 
+#include <algorithm>
 #include <iterator>
 
-// Last, see there.
-#include "platform/windows/resources/resource.h"
+#include <tolvane_control_ids.h>
 
 namespace tolvane::platform::windows {
 namespace {
@@ -16,19 +17,18 @@ constexpr int kRowStep = 28;
 constexpr int kRow1 = kMargin;
 constexpr int kRow2 = kRow1 + kRowStep;
 constexpr int kRow3 = kRow2 + kRowStep;
-constexpr int kLabel = 64;
+constexpr int kLabelWidth = 64;
 constexpr int kLabel1 = kMargin;
-constexpr int kBox1 = kLabel1 + kLabel + 4;
+constexpr int kBox1 = kLabel1 + kLabelWidth + 4;
 constexpr int kBox1Width = 208;
 constexpr int kLabel2 = kBox1 + kBox1Width + 12;
-constexpr int kBox2 = kLabel2 + kLabel + 4;
+constexpr int kBox2 = kLabel2 + kLabelWidth + 4;
 constexpr int kButtonWidth = 112;
 constexpr int kButtonHeight = 36;
 constexpr int kButtonStep = kRow3 + kRow - kButtonHeight - kRow1;
-constexpr int kPicture = 48;
-constexpr int kView = kRow3 + kRow + kMargin;
+constexpr int kViewTop = kRow3 + kRow + kMargin;
 // Distances of left edges from the right end of the client area.
-constexpr int kPictureFromRight = kPicture + kMargin;
+constexpr int kPictureFromRight = id::ICON_CAUTION_SIZE + kMargin;
 constexpr int kButton2FromRight = kPictureFromRight + kMargin + kButtonWidth;
 constexpr int kButton1FromRight = kButton2FromRight + 6 + kButtonWidth;
 constexpr int kBoxesEndFromRight = kButton1FromRight + 12;
@@ -36,10 +36,28 @@ constexpr int kBoxesEndFromRight = kButton1FromRight + 12;
 // Room of the opened list below the box; the control takes both as its height.
 constexpr int kDropDown = 240;
 
-enum class Anchor { kLeft, kStretch, kRight, kFill };
+struct Kind {
+  const wchar_t* class_name;
+  DWORD style;
+  DWORD extended_style = 0;
+};
+constexpr Kind kLabel{WC_STATICW, SS_NOPREFIX | SS_CENTERIMAGE | SS_NOTIFY};
+constexpr Kind kList{WC_COMBOBOXW, WS_TABSTOP | WS_VSCROLL | CBS_DROPDOWNLIST};
+// The sunken edge is drawn by the visual style where there is one.
+constexpr Kind kEdited{WC_EDITW, WS_TABSTOP | ES_AUTOHSCROLL, WS_EX_CLIENTEDGE};
+constexpr Kind kShown{WC_EDITW, WS_TABSTOP | ES_AUTOHSCROLL | ES_READONLY, WS_EX_CLIENTEDGE};
+constexpr Kind kButton{WC_BUTTONW, WS_TABSTOP | BS_PUSHBUTTON};
+constexpr Kind kButtonAfterStart{WC_BUTTONW, WS_TABSTOP | BS_PUSHBUTTON | WS_DISABLED};
+constexpr Kind kPicture{WC_STATICW, SS_ICON | SS_REALSIZECONTROL | SS_NOTIFY};
+constexpr Kind kView{nullptr, 0};  // makes itself
 
-struct Place {
-  int id;
+enum class Anchor { kLeft, kStretch, kRight, kFill };
+using enum Anchor;
+
+struct Form1Control {
+  int control;
+  Kind kind;
+  const wchar_t* text;
   Anchor anchor;
   int left;  // from the right end with kRight
   int top;
@@ -47,40 +65,44 @@ struct Place {
   int height;
 };
 
-constexpr Place kPlaces[] = {
-    {Lb_Serect_Device, Anchor::kLeft, kLabel1, kRow1, kLabel, kRow},
-    {Cmb_Serect_Device, Anchor::kLeft, kBox1, kRow1, kBox1Width, kDropDown},
-    {Lb_ODB_Hard_Version, Anchor::kLeft, kLabel2, kRow1, kLabel, kRow},
-    {TB_ODB_Hard_Version, Anchor::kStretch, kBox2, kRow1, kBoxesEndFromRight, kRow},
-    {Lb_Protocol, Anchor::kLeft, kLabel1, kRow2, kLabel, kRow},
-    {TB_Protocol, Anchor::kLeft, kBox1, kRow2, kBox1Width, kRow},
-    {Lb_Status, Anchor::kLeft, kLabel2, kRow2, kLabel, kRow},
-    {TB_Status, Anchor::kStretch, kBox2, kRow2, kBoxesEndFromRight, kRow},
-    {Lb_LogComment, Anchor::kLeft, kLabel1, kRow3, kLabel, kRow},
-    {TB_LogComment, Anchor::kStretch, kBox1, kRow3, kBoxesEndFromRight, kRow},
-    {Bt_Connect, Anchor::kRight, kButton1FromRight, kRow1, kButtonWidth, kButtonHeight},
-    {Bt_Disconnect, Anchor::kRight, kButton2FromRight, kRow1, kButtonWidth, kButtonHeight},
-    {Bt_SaveFile, Anchor::kRight, kButton1FromRight, kRow1 + kButtonStep, kButtonWidth,
+// In reading order, which is the tab order.
+constexpr Form1Control kControls[] = {
+    {id::Lb_Serect_Device, kLabel, L"機器No.", kLeft, kLabel1, kRow1, kLabelWidth, kRow},
+    {id::Cmb_Serect_Device, kList, L"", kLeft, kBox1, kRow1, kBox1Width, kDropDown},
+    {id::Lb_ODB_Hard_Version, kLabel, L"機器情報", kLeft, kLabel2, kRow1, kLabelWidth, kRow},
+    {id::TB_ODB_Hard_Version, kShown, L"Nothing", kStretch, kBox2, kRow1, kBoxesEndFromRight, kRow},
+    {id::Bt_Connect, kButtonAfterStart, L"接続", kRight, kButton1FromRight, kRow1, kButtonWidth,
      kButtonHeight},
-    {Bt_ViewClear, Anchor::kRight, kButton2FromRight, kRow1 + kButtonStep, kButtonWidth,
+    {id::Bt_Disconnect, kButtonAfterStart, L"切断", kRight, kButton2FromRight, kRow1, kButtonWidth,
      kButtonHeight},
-    {Pic_Caution, Anchor::kRight, kPictureFromRight, kRow1 + 15, kPicture, kPicture},
-    {RTB_MainView, Anchor::kFill, kMargin, kView, kMargin, kMargin},
+    {id::Lb_Protocol, kLabel, L"通信モード", kLeft, kLabel1, kRow2, kLabelWidth, kRow},
+    {id::TB_Protocol, kShown, L"---", kLeft, kBox1, kRow2, kBox1Width, kRow},
+    {id::Lb_Status, kLabel, L"ステータス", kLeft, kLabel2, kRow2, kLabelWidth, kRow},
+    {id::TB_Status, kShown, L"", kStretch, kBox2, kRow2, kBoxesEndFromRight, kRow},
+    {id::Lb_LogComment, kLabel, L"コメント", kLeft, kLabel1, kRow3, kLabelWidth, kRow},
+    {id::TB_LogComment, kEdited, L"", kStretch, kBox1, kRow3, kBoxesEndFromRight, kRow},
+    {id::Bt_SaveFile, kButton, L"スナップショット", kRight, kButton1FromRight, kRow1 + kButtonStep,
+     kButtonWidth, kButtonHeight},
+    {id::Bt_ViewClear, kButton, L"画面クリア", kRight, kButton2FromRight, kRow1 + kButtonStep,
+     kButtonWidth, kButtonHeight},
+    {id::Pic_Caution, kPicture, L"", kRight, kPictureFromRight, kRow1 + 15, id::ICON_CAUTION_SIZE,
+     id::ICON_CAUTION_SIZE},
+    {id::RTB_MainView, kView, L"", kFill, kMargin, kViewTop, kMargin, kMargin},
 };
 
-RECT PixelPlace(const Place& place, const Dpi& dpi, SIZE client) {
-  const int left = dpi.Pixels(place.left);
-  const int top = dpi.Pixels(place.top);
-  const int right = dpi.Pixels(place.right);
-  const int height = dpi.Pixels(place.height);
-  switch (place.anchor) {
-    case Anchor::kLeft:
+RECT PixelPlace(const Form1Control& row, const Dpi& dpi, SIZE client) {
+  const int left = dpi.Pixels(row.left);
+  const int top = dpi.Pixels(row.top);
+  const int right = dpi.Pixels(row.right);
+  const int height = dpi.Pixels(row.height);
+  switch (row.anchor) {
+    case kLeft:
       return {left, top, left + right, top + height};
-    case Anchor::kStretch:
+    case kStretch:
       return {left, top, client.cx - right, top + height};
-    case Anchor::kRight:
+    case kRight:
       return {client.cx - left, top, client.cx - left + right, top + height};
-    case Anchor::kFill:
+    case kFill:
       break;
   }
   return {left, top, client.cx - right, client.cy - height};
@@ -88,13 +110,26 @@ RECT PixelPlace(const Place& place, const Dpi& dpi, SIZE client) {
 
 }  // namespace
 
+bool AddForm1Controls(HWND window, HFONT font) {
+  return std::ranges::all_of(kControls, [=](const Form1Control& row) {
+    const auto& [class_name, style, extended_style] = row.kind;
+    if (class_name == nullptr) return true;
+    const HWND child =
+        CreateWindowExW(extended_style, class_name, row.text, WS_CHILD | WS_VISIBLE | style, 0, 0,
+                        0, 0, window, reinterpret_cast<HMENU>(static_cast<INT_PTR>(row.control)),
+                        GetModuleHandleW(nullptr), nullptr);
+    SendMessageW(child, WM_SETFONT, reinterpret_cast<WPARAM>(font), FALSE);
+    return child != nullptr;
+  });
+}
+
 void LayOutForm1(HWND window, const Dpi& dpi, SIZE client) {
-  // Painted anew: what a control showed may be covered by one that moved before it.
-  HDWP moves = BeginDeferWindowPos(static_cast<int>(std::size(kPlaces)));
-  for (const Place& place : kPlaces) {
-    const RECT bounds = PixelPlace(place, dpi, client);
+  // Repainted: what a control showed may be covered by one that moved before it.
+  HDWP moves = BeginDeferWindowPos(static_cast<int>(std::size(kControls)));
+  for (const Form1Control& row : kControls) {
+    const RECT bounds = PixelPlace(row, dpi, client);
     if (moves == nullptr) return;
-    moves = DeferWindowPos(moves, GetDlgItem(window, place.id), nullptr, bounds.left, bounds.top,
+    moves = DeferWindowPos(moves, GetDlgItem(window, row.control), nullptr, bounds.left, bounds.top,
                            bounds.right - bounds.left, bounds.bottom - bounds.top,
                            SWP_NOZORDER | SWP_NOACTIVATE | SWP_NOCOPYBITS);
   }

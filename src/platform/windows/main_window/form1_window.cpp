@@ -4,30 +4,11 @@
 #include <iterator>
 #include <utility>
 
+#include <tolvane_control_ids.h>
 #include "platform/windows/main_window/form1_layout.h"
 #include "platform/windows/system/text.h"
 #include "platform/windows/window_parts/accessible_names.h"
 #include "platform/windows/window_parts/window_place.h"
-
-namespace tolvane::platform::windows {
-
-// Before resource.h: its names are also the names of these members.
-MainWindow Form1Window::Face() {
-  return {*this,           splash_,          *this,
-          connect_,        disconnect_,      device_,
-          hard_version_,   protocol_,        status_,
-          comment_,        caution_picture_, view_,
-          bar_items_[0],   bar_items_[1],    bar_items_[2],
-          *this,           view_items_[0],   view_items_[1],
-          view_items_[2],  view_items_[3],   view_items_[4],
-          view_items_[5],  view_items_[6],   view_items_[7],
-          view_items_[8],  view_items_[9],   view_items_[10],
-          view_items_[11], view_items_[12],  view_items_[13]};
-}
-
-}  // namespace tolvane::platform::windows
-
-#include "platform/windows/resources/resource.h"
 
 namespace tolvane::platform::windows {
 namespace {
@@ -45,17 +26,17 @@ Extent WindowSize(const Dpi& dpi, SIZE client) {
 // Keys that press a button of the window, beside its mnemonics and menus.
 struct ButtonKey {
   WPARAM key;
-  int id;
+  int button;
 };
 constexpr ButtonKey kButtonKeys[] = {
-    {VK_F5, Bt_Connect}, {VK_F6, Bt_Disconnect}, {VK_F9, Bt_SaveFile}};
+    {VK_F5, id::Bt_Connect}, {VK_F6, id::Bt_Disconnect}, {VK_F9, id::Bt_SaveFile}};
 
 }  // namespace
 
 void Form1Window::AdjustClass(WNDCLASSEXW& window_class) {
   window_class.hbrBackground = GetSysColorBrush(COLOR_BTNFACE);
   window_class.hCursor = LoadCursorW(nullptr, IDC_ARROW);
-  window_class.hIcon = LoadIconW(window_class.hInstance, MAKEINTRESOURCEW(ICON_TOLVANE));
+  window_class.hIcon = LoadIconW(window_class.hInstance, MAKEINTRESOURCEW(id::ICON_TOLVANE));
 }
 
 Form1Window::Form1Window(HINSTANCE instance, EventGate& gate, WindowsEventLoop& loop,
@@ -74,20 +55,20 @@ Form1Window::~Form1Window() {
 
 bool Form1Window::CreateHidden() {
   if (splash_.Hwnd() == nullptr || !workers_.Made()) return false;
-  view_menu_ = MenuHandle(LoadMenuW(instance_, MAKEINTRESOURCEW(MENU_VIEW)));
+  view_menu_ = MenuHandle(LoadMenuW(instance_, MAKEINTRESOURCEW(id::MENU_VIEW)));
   const ScreenPlace area = WorkArea(nullptr);
   const DialogLook look(kSmallestClient, FrameSize(kStyle, 0, true), {area.width, area.height});
   dpi_ = look.Scale();
   font_ = look.Font();
   if (!Create(instance_, {.style = kStyle,
                           .bounds = {CW_USEDEFAULT, CW_USEDEFAULT, CW_USEDEFAULT, CW_USEDEFAULT},
-                          .menu = LoadMenuW(instance_, MAKEINTRESOURCEW(MENU_MAIN))})) {
+                          .menu = LoadMenuW(instance_, MAKEINTRESOURCEW(id::MENU_MAIN))})) {
     return false;
   }
   if (!CreateControls()) return false;
   TakeFirstPlace();
   loop_.AddKeyboardWindow(Hwnd(), [this](WPARAM key) { return OnKey(key); });
-  // A view that passes the focus on would send Tab round the controls before it, for ever.
+  // A view that passes the focus on would send Tab round the controls before it without an end.
   workers_.FormBG.OnRunning([this](bool running) { view_.TabStop(!running); });
   loop_.OnQuit([this] { OnClose(); });
   return true;
@@ -185,39 +166,39 @@ LRESULT Form1Window::HandleMessage(UINT message, WPARAM wparam, LPARAM lparam) {
       OnActivate(LOWORD(wparam) != WA_INACTIVE);
       return 0;
     case WM_SETFOCUS:
-      SetFocus(last_focus_ != nullptr ? last_focus_ : Child(Bt_Connect));
+      SetFocus(last_focus_ != nullptr ? last_focus_ : Child(id::Bt_Connect));
       return 0;
     default:
       return DefaultHandling(message, wparam, lparam);
   }
 }
 
-void Form1Window::OnCommand(int id, int notification) {
-  switch (id) {
-    case Cmb_Serect_Device:
-      if (notification == CBN_SELCHANGE) DeliverCommand(id);
+void Form1Window::OnCommand(int command, int notification) {
+  switch (command) {
+    case id::Cmb_Serect_Device:
+      if (notification == CBN_SELCHANGE) DeliverCommand(command);
       return;
-    case RTB_MainView:
+    case id::RTB_MainView:
       if (notification == EN_SETFOCUS && events_ != nullptr) {
         gate_.Deliver([this] { events_->ViewGotFocus(); });
       }
       return;
     default:
-      // A button's click, and a menu command, which bears the same code.
-      if (notification == BN_CLICKED) OnMenuOrClick(id);
+      // A button's click, or a menu command, which has the same code.
+      if (notification == BN_CLICKED) OnMenuOrClick(command);
   }
 }
 
-void Form1Window::OnMenuOrClick(int id) {
-  if (!CanBeChosen(id)) return;
-  if (id == Bt_Connect) {
+void Form1Window::OnMenuOrClick(int command) {
+  if (!CanBeChosen(command)) return;
+  if (command == id::Bt_Connect) {
     // The run lasts as long as its handler. A program that sends the click must not wait for it.
     connect_.Enabled(false);
     start_wanted_ = true;
     PostMessageW(Hwnd(), kStartRun, 0, 0);
     return;
   }
-  DeliverCommand(id);
+  DeliverCommand(command);
 }
 
 /// Only behind a click: any program can post the message, in a run or behind a message box too. A
@@ -228,17 +209,17 @@ void Form1Window::StartRun() {
     connect_.Enabled(true);
     return;
   }
-  events_->Command(Bt_Connect);
-  // The process was not ended meanwhile: a set-up program, say, only wants its files free.
+  events_->Command(id::Bt_Connect);
+  // The process was not ended: a set-up program, for example, only wants its files free.
   if (session_ended_) Unload();
 }
 
 /// What the user cannot choose, no other program can by a message. Behind a modal window that is
 /// everything.
-bool Form1Window::CanBeChosen(int id) const {
+bool Form1Window::CanBeChosen(int command) const {
   if (!IsWindowEnabled(Hwnd())) return false;
-  const HWND control = Child(id);
-  return control != nullptr ? IsWindowEnabled(control) != FALSE : MenuItemEnabled(id);
+  const HWND control = Child(command);
+  return control != nullptr ? IsWindowEnabled(control) != FALSE : MenuItemEnabled(command);
 }
 
 bool Form1Window::OnKey(WPARAM key) {
@@ -250,7 +231,7 @@ bool Form1Window::OnKey(WPARAM key) {
   }
   const auto* row = std::ranges::find(kButtonKeys, key, &ButtonKey::key);
   if (row == std::end(kButtonKeys)) return false;
-  OnMenuOrClick(row->id);
+  OnMenuOrClick(row->button);
   return true;
 }
 
@@ -263,19 +244,19 @@ LRESULT Form1Window::DefaultButton() const {
   return MAKELRESULT(GetDlgCtrlID(focus), DC_HASDEFID);
 }
 
-bool Form1Window::MenuItemEnabled(int id) const {
+bool Form1Window::MenuItemEnabled(int command) const {
   for (const HMENU menu : {GetMenu(Hwnd()), view_menu_.Get()}) {
-    const UINT state = GetMenuState(menu, static_cast<UINT>(id), MF_BYCOMMAND);
+    const UINT state = GetMenuState(menu, static_cast<UINT>(command), MF_BYCOMMAND);
     if (state != static_cast<UINT>(-1)) return (state & (MF_GRAYED | MF_DISABLED)) == 0;
   }
   return false;
 }
 
-void Form1Window::DeliverCommand(int id) {
+void Form1Window::DeliverCommand(int command) {
   if (events_ == nullptr) return;
   // Asked again, as it may have waited: for the end of a run, or for its beginning.
-  gate_.Deliver([this, id] {
-    if (CanBeChosen(id)) events_->Command(id);
+  gate_.Deliver([this, command] {
+    if (CanBeChosen(command)) events_->Command(command);
   });
 }
 
@@ -306,7 +287,7 @@ void Form1Window::OnClose() {
 }
 
 /// Past the gate: the process is ended when this returns. In a yield of closing, too, everything is
-/// saved now: closing may not have come to it, and may not come to it any more.
+/// saved now: closing may not have saved yet, and may get no time for it.
 void Form1Window::OnSessionEnd() {
   if (events_ == nullptr || session_ended_) return;
   if (!unloading_ && !events_->ClosingIsRefused()) return Unload();

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <array>
+#include <map>
 
 #include "platform/main_window.h"
 #include "platform/windows/main_window/controls.h"
@@ -54,7 +54,7 @@ class Form1Window final : public BaseWindow<Form1Window>,
   void Listen(Form1Events* events) { events_ = events; }
   /// Who unloads the windows that the menus open.
   void Attach(OtherForms* dialogs) { dialogs_ = dialogs; }
-  /// What the logic works on.
+  /// What the logic works on, once the window is made.
   [[nodiscard]] MainWindow Face();
   /// Shows the window as the process was asked to, and does what came too early for it.
   void Start(int show_command);
@@ -72,22 +72,25 @@ class Form1Window final : public BaseWindow<Form1Window>,
  private:
   [[nodiscard]] bool CreateControls();
   void TakeFirstPlace();
-  HWND AddChild(const wchar_t* class_name, const wchar_t* text, int id, DWORD style);
   void AttachControls();
   [[nodiscard]] bool AddToolTips();
-  [[nodiscard]] HWND Child(int id) const { return GetDlgItem(Hwnd(), id); }
+  [[nodiscard]] HWND Child(int control) const { return GetDlgItem(Hwnd(), control); }
+  /// `command` as it stands in a menu.
+  [[nodiscard]] MenuItem& Item(HMENU menu, int command);
+  [[nodiscard]] MenuItem& BarItem(int command) { return Item(GetMenu(Hwnd()), command); }
+  [[nodiscard]] MenuItem& ViewItem(int command) { return Item(view_menu_.Get(), command); }
 
-  void OnCommand(int id, int notification);
-  void OnMenuOrClick(int id);
+  void OnCommand(int command, int notification);
+  void OnMenuOrClick(int command);
   void StartRun();
   /// True when the key is one of the window's own.
   [[nodiscard]] bool OnKey(WPARAM key);
   [[nodiscard]] LRESULT DefaultButton() const;
-  void DeliverCommand(int id);
+  void DeliverCommand(int command);
   void DeliverSelectionChange();
   void DeliverContextMenu(bool by_keyboard);
-  [[nodiscard]] bool CanBeChosen(int id) const;
-  [[nodiscard]] bool MenuItemEnabled(int id) const;
+  [[nodiscard]] bool CanBeChosen(int command) const;
+  [[nodiscard]] bool MenuItemEnabled(int command) const;
   void OnClose();
   void OnSessionEnd();
   void OnSize(int width, int height);
@@ -117,15 +120,14 @@ class Form1Window final : public BaseWindow<Form1Window>,
   WindowsTextBox comment_;
   WindowsPicture caution_picture_;
   RichEditView view_;
-  std::array<WindowsMenuItem, 3> bar_items_;    // in the order of MainWindow
-  std::array<WindowsMenuItem, 14> view_items_;  // likewise
+  std::map<int, WindowsMenuItem> menu_items_;  // by their commands
 
   bool selection_waiting_ = false;
   bool start_wanted_ = false;   // Bt_Connect was pressed, and its message is on the way
   bool by_keyboard_ = false;    // how the pop-up was asked for
   bool started_ = false;        // Form_Load has returned
-  bool close_wanted_ = false;   // WM_CLOSE came before
-  bool session_ended_ = false;  // in the midst of a run
+  bool close_wanted_ = false;   // WM_CLOSE or WM_QUIT came before that
+  bool session_ended_ = false;  // during a run or while closing
   bool unloading_ = false;
 };
 

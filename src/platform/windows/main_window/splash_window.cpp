@@ -1,10 +1,10 @@
 #include "platform/windows/main_window/splash_window.h"
 
+#include <tolvane_control_ids.h>
+#include "platform/windows/dialogs/dialog_picture.h"
 #include "platform/windows/system/text.h"
 #include "platform/windows/window_parts/window_place.h"
 #include "run/number_text.h"
-// Last, see there.
-#include "platform/windows/resources/resource.h"
 
 namespace tolvane::platform::windows {
 namespace {
@@ -13,7 +13,7 @@ namespace {
 constexpr int kWidth = 420;
 constexpr int kHeight = 144;
 constexpr int kMargin = 24;
-constexpr int kPicture = 96;
+constexpr int kPicture = id::ICON_SPLASH_SIZE;
 constexpr int kLeft = kMargin + kPicture + kMargin;
 constexpr int kBarWidth = kWidth - kLeft - kMargin;
 constexpr int kBarHeight = 12;
@@ -46,34 +46,30 @@ SplashWindow::SplashWindow(HINSTANCE instance)
   CreateContents();
 }
 
-HWND SplashWindow::AddStatic(HWND parent, int id, DWORD style, int x, int y, int width, int height,
-                             const FontHandle& font) {
+HWND SplashWindow::AddStatic(HWND parent, int control, DWORD style, int x, int y, int width,
+                             int height, const FontHandle& font) {
   const HWND child =
       CreateWindowExW(0, L"STATIC", L"", WS_CHILD | WS_VISIBLE | style, dpi_.Pixels(x),
                       dpi_.Pixels(y), dpi_.Pixels(width), dpi_.Pixels(height), parent,
-                      reinterpret_cast<HMENU>(static_cast<INT_PTR>(id)), instance_, nullptr);
+                      reinterpret_cast<HMENU>(static_cast<INT_PTR>(control)), instance_, nullptr);
   SendMessageW(child, WM_SETFONT, reinterpret_cast<WPARAM>(font.Get()), FALSE);
   return child;
 }
 
 void SplashWindow::CreateContents() {
-  const HWND picture =
-      AddStatic(Hwnd(), Image1, SS_ICON, kMargin, kMargin, kPicture, kPicture, font_);
-  const int size = dpi_.Pixels(kPicture);
-  picture_ = IconHandle(static_cast<HICON>(
-      LoadImageW(instance_, MAKEINTRESOURCEW(ICON_SPLASH), IMAGE_ICON, size, size, 0)));
-  SendMessageW(picture, STM_SETICON, reinterpret_cast<WPARAM>(picture_.Get()), 0);
+  AddStatic(Hwnd(), id::Image1, SS_ICON, kMargin, kMargin, kPicture, kPicture, font_);
+  picture_ = ShowPicture(Hwnd(), id::Image1, id::ICON_SPLASH, kPicture, dpi_);
 
   const HWND title =
-      AddStatic(Hwnd(), Lb_Splash_Title, SS_NOPREFIX, kLeft, 28, kBarWidth, 32, title_font_);
+      AddStatic(Hwnd(), id::Lb_Splash_Title, SS_NOPREFIX, kLeft, 28, kBarWidth, 32, title_font_);
   SetWindowTextW(title, L"Tolvane");
-  message_ = AddStatic(Hwnd(), Lb_msg, SS_NOPREFIX, kLeft, 70, kBarWidth, 20, font_);
-  track_ = AddStatic(Hwnd(), Pic_ProgressBar_0, WS_CLIPCHILDREN, kLeft, 98, kBarWidth, kBarHeight,
-                     font_);
-  cover_ = AddStatic(track_, Pic_ProgressBar_1, 0, 0, 0, kBarWidth, kBarHeight, font_);
+  message_ = AddStatic(Hwnd(), id::Lb_msg, SS_NOPREFIX, kLeft, 70, kBarWidth, 20, font_);
+  track_ = AddStatic(Hwnd(), id::Pic_ProgressBar_0, WS_CLIPCHILDREN, kLeft, 98, kBarWidth,
+                     kBarHeight, font_);
+  cover_ = AddStatic(track_, id::Pic_ProgressBar_1, 0, 0, 0, kBarWidth, kBarHeight, font_);
 }
 
-void SplashWindow::ShowPhase(StringView text) { SetWindowTextW(message_, Wide(String(text))); }
+void SplashWindow::Lb_msg(StringView text) { SetWindowTextW(message_, Wide(String(text))); }
 
 void SplashWindow::Progress(double fraction) {
   RECT track{};
@@ -103,7 +99,7 @@ LRESULT SplashWindow::HandleMessage(UINT message, WPARAM wparam, LPARAM lparam) 
       return reinterpret_cast<LRESULT>(GetSysColorBrush(COLOR_WINDOW));
     }
     case WM_CLOSE:
-      return 0;  // goes with the start, not by Alt+F4
+      return 0;  // closed by the program when the start is over, not by Alt+F4
     default:
       return DefaultHandling(message, wparam, lparam);
   }

@@ -18,19 +18,18 @@ class SplashWindow final : public BaseWindow<SplashWindow>, public Splash {
   explicit SplashWindow(HINSTANCE instance);
   ~SplashWindow() override { Destroy(); }
 
-  void Lb_msg(StringView text) override { ShowPhase(text); }
+  void Lb_msg(StringView text) override;
   void Progress(double fraction) override;
   /// Without a spot on the screen, what is hidden stays the active window until MakeWay: the main
   /// window takes the activation from it.
   void Visible(bool visible) override;
-  /// The main window is on the screen: goes, if it was told to.
+  /// The main window is on the screen: disappears, if Visible(false) came before.
   void MakeWay();
 
   LRESULT HandleMessage(UINT message, WPARAM wparam, LPARAM lparam);
 
  private:
-  void ShowPhase(StringView text);
-  HWND AddStatic(HWND parent, int id, DWORD style, int x, int y, int width, int height,
+  HWND AddStatic(HWND parent, int control, DWORD style, int x, int y, int width, int height,
                  const FontHandle& font);
   void CreateContents();
 

@@ -6,7 +6,7 @@ namespace tolvane::platform::windows {
 
 WorkerWindow::WorkerWindow(EventGate& gate, HINSTANCE instance, std::int32_t interval)
     : gate_(gate), interval_(interval) {
-  // Without its window the timer never ticks; the main window looks whether it is there.
+  // Without its window the timer never ticks; the main window checks that it is there.
   static_cast<void>(Create(instance, {.parent = HWND_MESSAGE}));
 }
 

@@ -34,8 +34,8 @@ class WorkerWindow final : public BaseWindow<WorkerWindow>, public Timer {
   std::int32_t interval_;
   std::function<void()> handler_;
   std::function<void(bool)> on_running_;
-  // A new number for each period: a tick that was due before the timer was stopped bears an old
-  // one and is dropped, wherever it waited.
+  // A new number for each period: a tick that was due before the timer was stopped has an old one
+  // and is dropped, wherever it waited.
   UINT_PTR id_ = 0;
   bool enabled_ = false;
   bool ticking_ = false;
