@@ -93,7 +93,7 @@ class DispatchObject final : public AutomationObject {
                           std::span<const NamedArgument> named) override {
     ArgumentList list;
     if (!AddNamed(name, named, list) || !AddPositional(arguments, list)) return false;
-    // Not every method stands the wish for a result, and none is needed.
+    // Some methods fail when a result is asked for, and none is needed.
     return Invoke(name, DISPATCH_METHOD, list, nullptr);
   }
 

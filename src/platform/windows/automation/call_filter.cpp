@@ -17,7 +17,7 @@ DWORD CallFilter::HandleInComingCall(DWORD, HTASK, DWORD, INTERFACEINFO*) {
 /// No further try from here: whoever made the call repeats it, see Patience.
 DWORD CallFilter::RetryRejectedCall(HTASK, DWORD, DWORD) { return static_cast<DWORD>(-1); }
 
-/// PENDINGMSG_WAITDEFPROCESS would have the system throw away input that it holds for dangerous.
+/// PENDINGMSG_WAITDEFPROCESS would let the system discard input that it considers dangerous.
 DWORD CallFilter::MessagePending(HTASK, DWORD, DWORD) {
   MSG paint;
   // The kinds beside the number, which alone would let a WM_QUIT of the posted ones through.

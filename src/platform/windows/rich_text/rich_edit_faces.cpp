@@ -92,7 +92,7 @@ constexpr LONG kUiaRootObject = -25;  // UiaRootObjectId, whose header brings al
 /// Whether the object that accessibility asks for shows the text. What it asks for beside that (the
 /// frame, the bars, the caret, the class) is asked often, by programs that read nothing.
 constexpr bool ShowsText(LPARAM object) {
-  // The upper half of a 64-bit number is the sender's whim.
+  // The upper half of a 64-bit number can hold anything.
   const auto id = static_cast<LONG>(object);
   return id == OBJID_CLIENT || id == OBJID_NATIVEOM || id == kUiaRootObject;
 }

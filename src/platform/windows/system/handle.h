@@ -7,7 +7,7 @@
 namespace tolvane::platform::windows {
 
 /// Owns one handle. The traits name its type, the value that means none, and how it is closed;
-/// the closing calls of Windows stand in this header only.
+/// nobody else calls CloseHandle, DeleteObject, Release and their like.
 template <typename Traits>
 class Handle {
  public:
@@ -28,7 +28,7 @@ class Handle {
   [[nodiscard]] Type Get() const { return value_; }
   explicit operator bool() const { return value_ != Traits::kNone; }
 
-  /// False when the system refused; the handle is given up all the same.
+  /// False when the system refused; the handle is given up in either case.
   bool Close() {
     return value_ == Traits::kNone || Traits::Close(std::exchange(value_, Traits::kNone));
   }

@@ -36,7 +36,7 @@ class BaseWindow {
     window_class.hInstance = instance;
     window_class.lpszClassName = Derived::kClassName;
     Derived::AdjustClass(window_class);
-    // Fails harmlessly when the class stands already.
+    // Fails harmlessly when the class is registered already.
     RegisterClassExW(&window_class);
     const RECT& bounds = place.bounds;
     return CreateWindowExW(place.extended_style, Derived::kClassName, L"", place.style, bounds.left,
