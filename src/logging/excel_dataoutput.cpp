@@ -3,9 +3,9 @@
 
 #include "logging/csv_line.h"
 #include "logging/excel_outputdb.h"
-#include "logging/excel_version.h"
 #include "logging/log_naming.h"
 #include "logging/log_workbook.h"
+#include "logging/workbook_format.h"
 
 namespace tolvane {
 
@@ -14,9 +14,8 @@ namespace {
 StringView LogExtension(const ELM327_Info& device) {
   if (device.t_LogSaveFormat == kLogFormatCsv) return u".csv";
   if (device.t_LogSaveFormat != kLogFormatSpreadsheet) return {};
-  if (device.ExcelInstallVersion < kExcelVersionWithFormats) return u".xls";
-  if (device.t_Excel_Format == 1) return u".xls";
-  return device.t_Excel_Format == 2 ? StringView(u".xlsx") : StringView();
+  const auto format = WorkbookFormatOf(device);
+  return format ? format->extension : StringView();
 }
 
 /// The number in a text that FileNumberText made.

@@ -4,8 +4,8 @@
 #include <utility>
 
 #include "logging/automation_sequence.h"
-#include "logging/excel_version.h"
 #include "logging/log_table.h"
+#include "logging/workbook_format.h"
 
 namespace tolvane {
 
@@ -23,8 +23,6 @@ constexpr std::int32_t kLastColumn = LogTable::kColumn_MAX + 1;
 constexpr std::int32_t kAlignRight = -4152;
 constexpr std::int32_t kHeadColorIndex = 36;  // light yellow of the standard palette
 constexpr std::int32_t kThinLine = 1;
-constexpr std::int32_t kFormatXls = 56;
-constexpr std::int32_t kFormatXlsx = 51;
 
 /// The sheet under construction.
 class Sheet {
@@ -115,17 +113,15 @@ void FillTableHead(AutomationSequence& sequence, Sheet& sheet, const ELM327_Info
 
 void Save(AutomationSequence& sequence, AutomationObject* objExcel, const LogWorkbook& workbook,
           const ELM327_Info& device) {
+  const auto format = WorkbookFormatOf(device);
+  if (!format) return;
+  const Object book = sequence.Get(objExcel, u"ActiveWorkbook");
   const String path(workbook.path);
-  const auto save_as = [&](std::int32_t format) {
-    sequence.Call(sequence.Get(objExcel, u"ActiveWorkbook").get(), u"SaveAs", {},
-                  {{u"FileName", path}, {u"FileFormat", format}});
-  };
-  if (device.ExcelInstallVersion < kExcelVersionWithFormats) {
-    sequence.Call(sequence.Get(objExcel, u"ActiveWorkbook").get(), u"SaveAs", {path});
-  } else if (device.t_Excel_Format == 1) {
-    save_as(kFormatXls);
-  } else if (device.t_Excel_Format == 2) {
-    save_as(kFormatXlsx);
+  if (format->FileFormat) {
+    sequence.Call(book.get(), u"SaveAs", {},
+                  {{u"FileName", path}, {u"FileFormat", *format->FileFormat}});
+  } else {
+    sequence.Call(book.get(), u"SaveAs", {path});
   }
 }
 

@@ -6,15 +6,11 @@ namespace tolvane {
 
 namespace {
 
-/// The server's name in the registry of automation servers; empty when the settings choose none.
+/// Empty when the settings choose none.
 StringView ServerName(const ELM327_Info& device) {
   const bool both = device.ExcelInstallCheck == 3;
-  if (device.ExcelInstallCheck == 1 || (both && device.t_Excel_soft == 1)) {
-    return u"Excel.Application";
-  }
-  if (device.ExcelInstallCheck == 2 || (both && device.t_Excel_soft == 2)) {
-    return u"Ket.Application";
-  }
+  if (device.ExcelInstallCheck == 1 || (both && device.t_Excel_soft == 1)) return kExcelServer;
+  if (device.ExcelInstallCheck == 2 || (both && device.t_Excel_soft == 2)) return kKetServer;
   return {};
 }
 

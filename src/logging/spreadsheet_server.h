@@ -3,9 +3,14 @@
 #include <memory>
 
 #include "platform/automation.h"
+#include "platform/string.h"
 #include "run/elm327_info.h"
 
 namespace tolvane {
+
+// The servers' names in the registry.
+constexpr StringView kExcelServer = u"Excel.Application";
+constexpr StringView kKetServer = u"Ket.Application";
 
 /// True when a run with these settings writes its log through a spreadsheet server.
 [[nodiscard]] bool UsesSpreadsheetServer(const ELM327_Info& device);

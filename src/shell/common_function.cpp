@@ -5,6 +5,8 @@
 #include <optional>
 #include <variant>
 
+#include "logging/spreadsheet_server.h"
+
 namespace tolvane::Common_Function {
 
 namespace {
@@ -50,10 +52,9 @@ void Access_Install_Check(ELM327_Info& device, platform::AutomationServers& serv
 }
 
 void Excel_Install_Check(ELM327_Info& device, platform::AutomationServers& servers) {
-  device.ExcelInstallCheck =
-      IsInstalled(servers, u"Excel.Application", device.ExcelInstallVersion) ? 1 : 0;
+  device.ExcelInstallCheck = IsInstalled(servers, kExcelServer, device.ExcelInstallVersion) ? 1 : 0;
   // The version is Excel's alone: with Kingsoft only it stays 0.
-  if (servers.CreateObject(u"Ket.Application") != nullptr) {
+  if (servers.CreateObject(kKetServer) != nullptr) {
     device.ExcelInstallCheck = device.ExcelInstallCheck == 1 ? 3 : 2;
   }
   if (device.ExcelInstallCheck == 0) device.t_LogSaveFormat = kLogFormatCsv;
