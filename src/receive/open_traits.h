@@ -6,6 +6,7 @@
 #include "platform/string.h"
 #include "receive/adapters/id_limits.h"
 #include "run/adapter_kind.h"
+#include "run/stop_message.h"
 #include "run/worker_kind.h"
 
 namespace tolvane {
@@ -49,8 +50,6 @@ struct OpenTraits {
 
 namespace open_traits_cells {
 
-constexpr StringView kEndsApp = u"アプリケーションを終了します。";
-constexpr StringView kEndsRun = u"接続を終了します。";
 constexpr std::int32_t kId11 = kMaxStandardID;
 constexpr std::int32_t kId29 = kMaxExtendedID;
 constexpr std::int32_t kLow = kNoLowestId;

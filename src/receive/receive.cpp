@@ -1,10 +1,9 @@
 #include "receive/receive.h"
 
-#include <initializer_list>
-
 #include "receive/adapters/bit_rate.h"
 #include "receive/open_traits.h"
 #include "receive/store_frame.h"
+#include "run/stop_message.h"
 #include "view/optfunction1.h"
 
 namespace tolvane {
@@ -18,14 +17,7 @@ constexpr StringView kReceiving = u"通信中";
 constexpr StringView kReceivingToSpreadsheet = u"通信中　ログ出力(Excel)";
 constexpr StringView kReceivingToCsv = u"通信中　ログ出力(csv)";
 constexpr StringView kFinishing = u"終了処理中";
-constexpr StringView kDeviceAndVersionJoint = u" 、";
 constexpr std::uint32_t kTimerPeriod = 1;  // ms
-
-String Joined(std::initializer_list<StringView> pieces) {
-  String text;
-  for (const StringView piece : pieces) text.append(piece);
-  return text;
-}
 
 /// Whether t_MsgFmtTyp lets a frame of this format through.
 bool PassesFormat(FormatFilter filter, std::int32_t t_MsgFmtTyp, bool extended) {
@@ -72,7 +64,7 @@ class Run {
   void OfferRecords();
   std::int32_t Finish();
   void FlushAndStopTimer();
-  void Stop(StringView first_line, StringView second_line);
+  void Stop(StringView reason, StringView end);
 
   const AdapterTraits& adapter_;
   const OpenTraits& traits_;
@@ -120,7 +112,7 @@ template <typename Table>
 bool Run<Table>::MakeSubfolder() {
   if (device_.t_LogSave_subFolder != 1) return true;
   if (log_.Get_SubFolder_Name(device_, FolderName_)) return true;
-  Stop(kFolderFailed, open_traits_cells::kEndsRun);
+  Stop(kFolderFailed, kEndsRun);
   return false;
 }
 
@@ -135,10 +127,9 @@ template <typename Table>
 void Run<Table>::ClearLog() {
   log_.Param_ALL_Clear();
   const String version = parts_.window.TB_ODB_Hard_Version.Text();
-  log_.hardware_information =
-      traits_.hardware_text == HardwareText::kVersion
-          ? version
-          : Joined({parts_.window.Cmb_Serect_Device.Text(), kDeviceAndVersionJoint, version});
+  log_.hardware_information = traits_.hardware_text == HardwareText::kVersion
+                                  ? version
+                                  : parts_.window.Cmb_Serect_Device.Text() + u" 、" + version;
 }
 
 template <typename Table>
@@ -268,9 +259,8 @@ void Run<Table>::FlushAndStopTimer() {
 }
 
 template <typename Table>
-void Run<Table>::Stop(StringView first_line, StringView second_line) {
-  parts_.platform.message_box.Critical(Joined({first_line, u"\r\n", second_line}),
-                                       device_.Application_title);
+void Run<Table>::Stop(StringView reason, StringView end) {
+  ShowStopMessage(parts_.platform.message_box, device_, reason, end);
 }
 
 }  // namespace

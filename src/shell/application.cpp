@@ -5,6 +5,7 @@
 #include "config/filesavesystem.h"
 #include "run/adapter_kind.h"
 #include "run/control/form1.h"
+#include "run/stop_message.h"
 #include "shell/common_function.h"
 #include "shell/discovery/adapter_discovery.h"
 #include "shell/discovery/dll_presence_check.h"
@@ -135,8 +136,7 @@ void Form1::Splash_Step(double progress) {
 }
 
 void Form1::End_Start(StringView reason) {
-  platform_.message_box.Critical(String(reason) + u"\r\nアプリケーションを終了します。",
-                                 device.Application_title);
+  ShowStopMessage(platform_.message_box, device, reason, kEndsApp);
   window_.window.Unload();
 }
 

@@ -15,6 +15,7 @@
 #include "platform/windows/vendor/vendor_libraries.h"
 #include "platform/windows/window_parts/theme.h"
 #include "run/adapter_kind.h"
+#include "run/stop_message.h"
 
 namespace tolvane::platform::windows {
 namespace {
@@ -52,9 +53,8 @@ void PrepareProcess() {
 void TellNoWindow(EventGate& gate, const String& program_folder) {
   ELM327_Info names(program_folder);
   names.Param_ALL_Clear();
-  WindowsMessageBox(gate, nullptr)
-      .Critical(u"ウィンドウを作成できません。\r\nアプリケーションを終了します。",
-                names.Application_title);
+  WindowsMessageBox box(gate, nullptr);
+  ShowStopMessage(box, names, u"ウィンドウを作成できません。", kEndsApp);
 }
 
 int Run(HINSTANCE instance, int show_command) {

@@ -5,6 +5,7 @@
 
 #include "logging/ime_function.h"
 #include "logging/spreadsheet_server.h"
+#include "run/stop_message.h"
 #include "run/worker_kind.h"
 #include "shell/discovery/device_select.h"
 
@@ -56,9 +57,8 @@ void Form1::Lock_Window() {
 bool Form1::Open_Spreadsheet_Server() {
   if (!UsesSpreadsheetServer(device)) return true;
   if (StartSpreadsheetServer(device, platform_.automation, objExcel)) return true;
-  platform_.message_box.Critical(
-      u"ログ出力用の表計算ソフトを起動できません。\r\n接続を終了します。",
-      device.Application_title);
+  ShowStopMessage(platform_.message_box, device, u"ログ出力用の表計算ソフトを起動できません。",
+                  kEndsRun);
   return false;
 }
 

@@ -2,6 +2,8 @@
 
 #include "run/adapter_kind.h"
 
+#include "run/stop_message.h"
+
 namespace tolvane::Common_Function {
 
 namespace {
@@ -25,11 +27,10 @@ bool HasSupportLibrary(const platform::Platform& platform, const ELM327_Info& de
 
 std::int32_t DLL_Presence_Check(const platform::Platform& platform, const ELM327_Info& device) {
   if (!HasSupportLibrary(platform, device)) {
-    platform.message_box.Critical(
-        u"qxt100.dll が見つかりません。\r\n"
-        u"qxt100.dll は同梱のものを使用してください。\r\n"
-        u"アプリケーションを終了します。",
-        device.Application_title);
+    ShowStopMessage(platform.message_box, device,
+                    u"qxt100.dll が見つかりません。\r\n"
+                    u"qxt100.dll は同梱のものを使用してください。",
+                    kEndsApp);
     return -1;
   }
 
@@ -40,11 +41,11 @@ std::int32_t DLL_Presence_Check(const platform::Platform& platform, const ELM327
     if (found) present |= adapter.library_bit;
   }
   if (present == 0) {
-    platform.message_box.Critical(u"CANインタフェース用DLLが見つかりません。\r\n" + system_folder +
-                                      u"canusbdrv.dll\r\n"
-                                      u"ドライバがインストールされていません。\r\n"
-                                      u"アプリケーションを終了します。",
-                                  device.Application_title);
+    ShowStopMessage(platform.message_box, device,
+                    u"CANインタフェース用DLLが見つかりません。\r\n" + system_folder +
+                        u"canusbdrv.dll\r\n"
+                        u"ドライバがインストールされていません。",
+                    kEndsApp);
     return -1;
   }
   return present;
