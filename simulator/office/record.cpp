@@ -2,6 +2,8 @@
 
 #include <cstddef>
 
+#include "platform/utf8.h"
+#include "simulator/office/crc32.h"
 #include "simulator/office/utf8.h"
 
 namespace tolvane::office {

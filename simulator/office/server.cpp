@@ -3,6 +3,9 @@
 #include <thread>
 #include <utility>
 
+#include "platform/utf8.h"
+#include "simulator/office/argument.h"
+#include "simulator/office/member.h"
 #include "simulator/office/utf8.h"
 
 namespace tolvane::office {

@@ -10,6 +10,7 @@
 #include <string>
 #include <vector>
 
+#include "platform/utf8.h"
 #include "tests/bench_run/bench_program.h"
 #include "tests/helpers/bench_faults.h"
 
@@ -86,7 +87,7 @@ class BenchRun : public testing::Test {
   [[nodiscard]] bool Reported(const std::string& text) const {
     return report_.str().find(text) != std::string::npos;
   }
-  [[nodiscard]] std::string Page() const { return platform::memory::Narrow(program_->Page()); }
+  [[nodiscard]] std::string Page() const { return ToUtf8(program_->Page()); }
 
   std::stringbuf report_;  // of this program
   std::optional<BenchProgram> program_;

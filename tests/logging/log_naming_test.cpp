@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "platform/utf8.h"
 #include "tests/logging/log_test.h"
 
 namespace tolvane {
@@ -60,9 +61,8 @@ TEST_F(BaseFolderTest, BlanksAndPeriodsAtTheEndOfASetPathLeadToTheFolderThatIsTh
     const String set = path;
     const String base = Base(2, path);
     EXPECT_EQ(path, set) << "the setting stays as it was typed";
-    EXPECT_NE(files.CreateTextFile(base + u"\\a.csv", true, false), nullptr)
-        << platform::memory::Narrow(set);
-    EXPECT_TRUE(files.FileExists(u"E:\\Logs\\a.csv")) << platform::memory::Narrow(set);
+    EXPECT_NE(files.CreateTextFile(base + u"\\a.csv", true, false), nullptr) << ToUtf8(set);
+    EXPECT_TRUE(files.FileExists(u"E:\\Logs\\a.csv")) << ToUtf8(set);
     files.Remove(u"E:\\Logs\\a.csv");
   }
 }
@@ -72,7 +72,7 @@ TEST_F(BaseFolderTest, PathsThatMeanTheFolderAboveKeepTheirMeaning) {
   for (const StringView set : {u"E:\\Logs\\deep\\..", u"E:\\Logs\\.", u"E:/Logs/deep/.."}) {
     String path(set);
     EXPECT_NE(files.CreateTextFile(Base(2, path) + u"\\a.csv", true, false), nullptr);
-    EXPECT_TRUE(files.FileExists(u"E:\\Logs\\a.csv")) << platform::memory::Narrow(set);
+    EXPECT_TRUE(files.FileExists(u"E:\\Logs\\a.csv")) << ToUtf8(set);
     files.Remove(u"E:\\Logs\\a.csv");
   }
 }

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "logging/log_naming.h"
+#include "platform/utf8.h"
 #include "tests/logging/log_test.h"
 
 namespace tolvane {
@@ -64,13 +65,13 @@ TEST_F(LogSubfolder, TheFolderThatIsMadeIsTheOneThatTakesTheFiles) {
     device.t_LogComment = comment;
     for (int run = 0; run < 3; ++run) {
       const std::size_t files_in_base = FilesInBase();
-      ASSERT_TRUE(Decide()) << platform::memory::Narrow(comment);
+      ASSERT_TRUE(Decide()) << ToUtf8(comment);
       StartRun();
       db.csv_DataInput(1.0, 0x100, 0, kBytes);
       const std::size_t files_before = files.Files(u"C:\\Tolvane").size();
       Flush(1);
       EXPECT_EQ(files.Files(u"C:\\Tolvane").size(), files_before + 1)
-          << "a lost file: " << platform::memory::Narrow(comment) << " " << run;
+          << "a lost file: " << ToUtf8(comment) << " " << run;
       EXPECT_EQ(FilesInBase(), files_in_base) << "a file outside of its folder";
     }
   }
@@ -79,7 +80,7 @@ TEST_F(LogSubfolder, TheFolderThatIsMadeIsTheOneThatTakesTheFiles) {
 TEST_F(LogSubfolder, ANameThatTheSystemKeepsForADeviceIsAFailure) {
   for (const StringView comment : {u"NUL", u"con", u"COM1.csv", u"aux.\""}) {
     device.t_LogComment = comment;
-    EXPECT_FALSE(Decide()) << platform::memory::Narrow(comment);
+    EXPECT_FALSE(Decide()) << ToUtf8(comment);
     EXPECT_EQ(FolderName, u"");
   }
 }
@@ -240,11 +241,11 @@ TEST_F(LogSubfolder, ASetPathThatEndsInBlanksAndPeriodsTakesTheFilesOfItsRuns) {
   device.t_LogSave_subFolder = 1;
   for (const StringView path : {u"E:\\Logs ", u"E:\\Logs..", u"E:\\Logs. "}) {
     device.t_LogSaveFilePath = path;
-    ASSERT_TRUE(Decide()) << platform::memory::Narrow(path);
+    ASSERT_TRUE(Decide()) << ToUtf8(path);
     StartRun();
     Flush(1);
     EXPECT_TRUE(files.FileExists(u"E:\\Logs\\" + FolderName + u"\\KL26112009-001.csv"))
-        << platform::memory::Narrow(path);
+        << ToUtf8(path);
   }
   EXPECT_EQ(FolderName, u"bench-003");
 }

@@ -3,6 +3,7 @@
 
 #include <cstddef>
 
+#include "platform/utf8.h"
 #include "tests/receive/run_bench.h"
 
 namespace tolvane {
@@ -72,7 +73,7 @@ TEST(WorkerTicks, KnowWhoseTimerTheCycleComesFrom) {
       const String page =
           PageOfRun(bench, row.binding, worker,
                     {{.id = 0x100, .time = row.from}, {.id = 0x100, .time = row.to}});
-      EXPECT_TRUE(page.ends_with(row.cycle)) << platform::memory::Narrow(page);
+      EXPECT_TRUE(page.ends_with(row.cycle)) << ToUtf8(page);
     }
   }
 }

@@ -4,6 +4,7 @@
 #include <string>
 #include <vector>
 
+#include "platform/utf8.h"
 #include "tests/run/control/form1_bench.h"
 
 namespace tolvane {
@@ -18,7 +19,7 @@ constexpr StringView kTitle = u"Tolvane Ver1.23";
 void ExpectOneStopBox(const Boxes& boxes, const String& text) {
   ASSERT_EQ(boxes.size(), 1u);
   EXPECT_EQ(boxes[0].kind, platform::memory::MessageBox::Kind::kCritical);
-  EXPECT_EQ(boxes[0].text, text) << platform::memory::Narrow(boxes[0].text);
+  EXPECT_EQ(boxes[0].text, text) << ToUtf8(boxes[0].text);
   EXPECT_EQ(boxes[0].title, kTitle);
 }
 

@@ -9,6 +9,7 @@
 #include <iterator>
 #include <string>
 
+#include "platform/utf8.h"
 #include "simulator/office/com/busy_filter.h"
 #include "simulator/office/com/class_factory.h"
 #include "simulator/office/com/lifetime.h"

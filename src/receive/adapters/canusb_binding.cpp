@@ -1,5 +1,7 @@
 #include "receive/adapters/canusb_binding.h"
 
+#include "platform/byte_text.h"
+
 #include "receive/adapters/bit_rate.h"
 #include "receive/adapters/narrow_text.h"
 

@@ -4,8 +4,8 @@
 #include <optional>
 #include <string>
 
+#include "platform/byte_text.h"
 #include "receive/adapters/board_name.h"
-#include "receive/adapters/narrow_text.h"
 #include "run/number_text.h"
 #include "shell/discovery/adapter_text.h"
 

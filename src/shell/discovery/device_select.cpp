@@ -3,8 +3,8 @@
 #include <array>
 #include <span>
 
+#include "platform/byte_text.h"
 #include "receive/adapters/board_name.h"
-#include "receive/adapters/narrow_text.h"
 #include "run/number_text.h"
 #include "shell/discovery/adapter_text.h"
 

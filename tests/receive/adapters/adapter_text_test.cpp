@@ -3,8 +3,8 @@
 #include <cstdint>
 #include <string>
 
+#include "platform/byte_text.h"
 #include "receive/adapters/handle_text.h"
-#include "receive/adapters/narrow_text.h"
 
 namespace tolvane {
 namespace {

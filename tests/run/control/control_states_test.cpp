@@ -5,12 +5,12 @@
 #include <string>
 #include <utility>
 
+#include "platform/utf8.h"
 #include "tests/run/control/form1_bench.h"
 
 namespace tolvane {
 namespace {
 
-using platform::memory::Narrow;
 using testing::SizeIs;
 
 // What each control is in each state of the window.
@@ -34,7 +34,7 @@ std::function<std::string(Form1Bench&)> EnabledOf(Control platform::memory::Main
 
 std::function<std::string(Form1Bench&)> TextOf(
     platform::memory::TextBox platform::memory::MainWindow::*control) {
-  return [control](Form1Bench& bench) { return Narrow((bench.memory.window.*control).Text()); };
+  return [control](Form1Bench& bench) { return ToUtf8((bench.memory.window.*control).Text()); };
 }
 
 using WindowOf = platform::memory::MainWindow;

@@ -10,6 +10,7 @@
 #include <utility>
 #include <vector>
 
+#include "platform/utf8.h"
 #include "tests/run/control/run_control.h"
 
 namespace tolvane {
@@ -68,9 +69,7 @@ class Nesting : public RunControl, public testing::WithParamInterface<WorkerRow>
   void Tick() { Timer().Tick(); }
   void Disconnect() { bench_.Click(&Form1::Bt_Disconnect_Click); }
   [[nodiscard]] platform::memory::Timer& Timer() { return memory_.*GetParam().timer; }
-  [[nodiscard]] std::string Page() const {
-    return platform::memory::Narrow(memory_.RTB_MainView.Text());
-  }
+  [[nodiscard]] std::string Page() const { return ToUtf8(memory_.RTB_MainView.Text()); }
   [[nodiscard]] std::string Log(int number) {
     const String name = u"KL26010509-00" + String(1, static_cast<char16_t>(u'0' + number));
     return memory_.files.Bytes(bench_.Path(kFolder, name + u".csv")).value_or("no file");

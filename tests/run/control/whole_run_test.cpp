@@ -4,12 +4,12 @@
 #include <cstdint>
 #include <string>
 
+#include "platform/utf8.h"
 #include "tests/run/control/run_control.h"
 
 namespace tolvane {
 namespace {
 
-using platform::memory::Narrow;
 using testing::IsEmpty;
 
 platform::CanusbMessage Frame(std::int32_t id, std::int32_t timestamp, std::uint8_t first_byte) {
@@ -28,7 +28,7 @@ TEST_F(RunControl, AWholeRunLeavesItsLastPage) {
       u"ID  DLC  D1 D2 D3 D4 D5 D6 D7 D8\r\n"
       u"00F  8   09 02 03 04 05 06 07 F8   ----ms\r\n"
       u"1A0  8   11 02 03 04 05 06 07 F8   100ms\r\n";
-  EXPECT_EQ(memory_.RTB_MainView.Text(), page) << Narrow(memory_.RTB_MainView.Text());
+  EXPECT_EQ(memory_.RTB_MainView.Text(), page) << ToUtf8(memory_.RTB_MainView.Text());
   EXPECT_EQ(memory_.RTB_MainView.Swaps(), 1);
 
   // The next run begins by clearing.
@@ -121,11 +121,11 @@ class RunOfTwoClocks : public RunControl, public testing::WithParamInterface<std
 
   void ExpectCycle(StringView cycle) {
     EXPECT_TRUE(memory_.RTB_MainView.Text().ends_with(u"   " + String(cycle) + u"ms\r\n"))
-        << Narrow(memory_.RTB_MainView.Text());
+        << ToUtf8(memory_.RTB_MainView.Text());
     const std::string log =
         memory_.files.Bytes(u"C:\\Tolvane\\KL26010509-001.csv").value_or("no file");
     EXPECT_NE(log.find("\r\n         0 , 010 , "), std::string::npos) << log;
-    EXPECT_NE(log.find("\r\n       " + Narrow(cycle) + " , 010 , "), std::string::npos) << log;
+    EXPECT_NE(log.find("\r\n       " + ToUtf8(cycle) + " , 010 , "), std::string::npos) << log;
   }
 };
 

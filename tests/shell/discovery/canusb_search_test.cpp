@@ -4,7 +4,7 @@
 #include <limits>
 #include <string>
 
-#include "receive/adapters/narrow_text.h"
+#include "platform/byte_text.h"
 #include "shell/discovery/adapter_discovery.h"
 #include "tests/shell/discovery/search_bed.h"
 

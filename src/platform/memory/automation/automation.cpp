@@ -1,5 +1,7 @@
 #include "platform/memory/automation/automation.h"
 
+#include "platform/utf8.h"
+
 namespace tolvane::platform::memory {
 
 class AutomationServers::Object final : public platform::AutomationObject {
@@ -16,7 +18,7 @@ class AutomationServers::Object final : public platform::AutomationObject {
 
   std::optional<AutomationResult> Get(StringView name,
                                       std::span<const AutomationArgument> arguments) override {
-    std::string path = path_ + "." + Narrow(name);
+    std::string path = path_ + "." + ToUtf8(name);
     if (!arguments.empty()) path += "(" + List(arguments) + ")";
     if (!Happens("get " + path)) return {};
     if (name == u"Version") return VersionResult();
@@ -28,7 +30,7 @@ class AutomationServers::Object final : public platform::AutomationObject {
       session_->tables.push_back(
           {std::vector<String>(table->cells.begin(), table->cells.end()), table->columns});
     }
-    return Happens("put " + path_ + "." + Narrow(name) + " = " + TextOf(value));
+    return Happens("put " + path_ + "." + ToUtf8(name) + " = " + TextOf(value));
   }
 
   bool Call(StringView name, std::span<const AutomationArgument> arguments,
@@ -36,9 +38,9 @@ class AutomationServers::Object final : public platform::AutomationObject {
     std::string list = List(arguments);
     for (const NamedArgument& argument : named) {
       if (!list.empty()) list += ", ";
-      list += Narrow(argument.name) + ":=" + TextOf(argument.value);
+      list += ToUtf8(argument.name) + ":=" + TextOf(argument.value);
     }
-    return Happens("call " + path_ + "." + Narrow(name) + "(" + list + ")");
+    return Happens("call " + path_ + "." + ToUtf8(name) + "(" + list + ")");
   }
 
  private:
@@ -73,7 +75,7 @@ class AutomationServers::Object final : public platform::AutomationObject {
   static std::string Text(std::monostate) { return "Empty"; }
   static std::string Text(bool value) { return value ? "True" : "False"; }
   static std::string Text(std::int32_t value) { return std::to_string(value); }
-  static std::string Text(const String& value) { return '"' + Narrow(value) + '"'; }
+  static std::string Text(const String& value) { return '"' + ToUtf8(value) + '"'; }
   static std::string Text(const AutomationTable& value) {
     if (value.cells.size() == 1) return "table " + Text(value.cells.front());
     return "table " + std::to_string(value.cells.size() / value.columns) + " x " +
@@ -97,10 +99,10 @@ void AutomationServers::Register(StringView name, Version version) {
 }
 
 std::unique_ptr<platform::AutomationObject> AutomationServers::CreateObject(StringView name) {
-  session_->journal.Note("create " + Narrow(name));
+  session_->journal.Note("create " + ToUtf8(name));
   const auto server = servers_.find(String(name));
   if (server == servers_.end()) return nullptr;
-  return std::make_unique<Object>(session_, Narrow(name), server->second);
+  return std::make_unique<Object>(session_, ToUtf8(name), server->second);
 }
 
 }  // namespace tolvane::platform::memory

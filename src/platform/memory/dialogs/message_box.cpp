@@ -1,5 +1,7 @@
 #include "platform/memory/dialogs/message_box.h"
 
+#include "platform/utf8.h"
+
 namespace tolvane::platform::memory {
 
 bool MessageBox::AskYesNo(StringView text, StringView title) {
@@ -12,7 +14,7 @@ bool MessageBox::AskYesNo(StringView text, StringView title) {
 
 void MessageBox::Show(Kind kind, StringView text, StringView title) {
   boxes_.push_back({kind, String(text), String(title)});
-  journal_.Note("MessageBox(\"" + Narrow(text) + "\")");
+  journal_.Note("MessageBox(\"" + ToUtf8(text) + "\")");
   const EventGate::Opened opened(gate_);
   if (while_shown_) while_shown_();
 }

@@ -9,6 +9,7 @@
 
 #include "platform/controls.h"
 #include "platform/memory/system/journal.h"
+#include "platform/utf8.h"
 
 namespace tolvane::platform::memory {
 
@@ -90,7 +91,7 @@ class ComboBox final : public platform::ComboBox {
   }
   void AddItem(StringView text) override {
     lines_.emplace_back(text);
-    journal_.Note(name_ + ".AddItem(\"" + Narrow(text) + "\")");
+    journal_.Note(name_ + ".AddItem(\"" + ToUtf8(text) + "\")");
   }
   [[nodiscard]] std::int32_t ListIndex() const override { return selected_; }
   /// Raises the click handler. An index outside the list selects nothing and raises nothing.

@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "platform/memory/rich_text/rtf_reader.h"
+#include "platform/utf8.h"
 #include "view/page_rtf.h"
 
 namespace tolvane::platform::memory {
@@ -111,12 +112,12 @@ void RichTextView::Undo() {
 }
 
 bool RichTextView::SaveFile(StringView path, FileFormat format) {
-  journal_.Note("RTB_MainView.SaveFile(\"" + Narrow(path) + "\")");
+  journal_.Note("RTB_MainView.SaveFile(\"" + ToUtf8(path) + "\")");
   return files_.Replace(path, format == FileFormat::kRichText ? TextRTF() : Text());
 }
 
 bool RichTextView::LoadFile(StringView path) {
-  journal_.Note("RTB_MainView.LoadFile(\"" + Narrow(path) + "\")");
+  journal_.Note("RTB_MainView.LoadFile(\"" + ToUtf8(path) + "\")");
   const auto file = files_.ReadBinary(path, kLargestFile);
   if (!file) return false;
   String rtf;

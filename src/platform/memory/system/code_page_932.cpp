@@ -1,6 +1,7 @@
 #include "platform/memory/system/code_page_932.h"
 
 #include "platform/ascii_run.h"
+#include "platform/surrogates.h"
 
 namespace tolvane::platform::memory {
 
@@ -13,10 +14,6 @@ bool IsLeadByte(unsigned char byte) {
 }
 
 bool IsTrailByte(unsigned char byte) { return byte >= 0x40 && byte <= 0xFC && byte != 0x7F; }
-
-bool IsSurrogatePair(StringView text) {
-  return text.size() >= 2 && (text[0] & 0xFC00) == 0xD800 && (text[1] & 0xFC00) == 0xDC00;
-}
 
 /// Length of the character at the front of `bytes`, which is not empty. A lead byte without its
 /// trail byte stands alone.
@@ -31,7 +28,7 @@ void CodePage932::Encode(StringView text, std::string& bytes) {
   while (!text.empty()) {
     text.remove_prefix(AppendAsciiRun(text, bytes));
     if (text.empty()) return;
-    if (IsSurrogatePair(text)) {
+    if (StartsWithPair(text)) {
       bytes += '?';  // the page has nothing outside the basic plane
       text.remove_prefix(2);
     } else {

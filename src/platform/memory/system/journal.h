@@ -8,9 +8,6 @@
 
 namespace tolvane::platform::memory {
 
-/// UTF-8 of `text`, for journals and test messages; an unpaired surrogate becomes U+FFFD.
-[[nodiscard]] std::string Narrow(StringView text);
-
 /// Everything that was done to a window, in order, one line each: "Bt_Connect.Enabled = true",
 /// "Form1.Unload()". One journal is shared by all that must be compared in one order.
 class Journal {

@@ -4,6 +4,7 @@
 
 #include "platform/memory/system/journal.h"
 #include "platform/shell.h"
+#include "platform/utf8.h"
 
 namespace tolvane::platform::memory {
 
@@ -13,11 +14,11 @@ class Shell final : public platform::Shell {
   explicit Shell(Journal& journal) : journal_(journal) {}
 
   void ShellExecuteA(StringView verb, StringView file, std::int32_t show_command) override {
-    journal_.Note("ShellExecuteA(" + Narrow(verb) + ", " + Narrow(file) + ", " +
+    journal_.Note("ShellExecuteA(" + ToUtf8(verb) + ", " + ToUtf8(file) + ", " +
                   std::to_string(show_command) + ")");
   }
   void OpenPage(StringView file, StringView address) override {
-    journal_.Note("OpenPage(" + Narrow(file) + ", " + Narrow(address) + ")");
+    journal_.Note("OpenPage(" + ToUtf8(file) + ", " + ToUtf8(address) + ")");
   }
 
  private:

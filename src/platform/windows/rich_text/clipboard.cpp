@@ -5,7 +5,7 @@
 #include <cstring>
 #include <string>
 
-#include "platform/windows/rich_text/rtf_bytes.h"
+#include "platform/byte_text.h"
 #include "platform/windows/system/handle.h"
 #include "platform/windows/system/text.h"
 
@@ -80,7 +80,7 @@ bool WindowsClipboard::Replace(StringView plain_text, StringView rich_text, std:
   if (!opened) return false;
   const bool is_empty = EmptyClipboard() != FALSE;
   const bool has_plain_text = SetBlock(CF_UNICODETEXT, String(plain_text));
-  const bool has_rich_text = SetBlock(rich_text_, ToRtfBytes(rich_text));
+  const bool has_rich_text = SetBlock(rich_text_, NarrowText(rich_text));
   return is_empty && has_plain_text && has_rich_text;
 }
 
@@ -93,7 +93,7 @@ String WindowsClipboard::GetText(Format format, std::int32_t patience) {
   if (!opened) return {};
   const HANDLE block = GetClipboardData(FormatNumber(format));
   if (block == nullptr) return {};
-  return format == Format::kRichText ? FromRtfBytes(BlockText<char>(block))
+  return format == Format::kRichText ? WideText(BlockText<char>(block))
                                      : BlockText<char16_t>(block);
 }
 

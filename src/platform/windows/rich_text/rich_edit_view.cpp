@@ -3,10 +3,10 @@
 #include <algorithm>
 #include <array>
 
+#include "platform/byte_text.h"
 #include "platform/file_replacing.h"
 #include "platform/windows/rich_text/line_ends.h"
 #include "platform/windows/rich_text/rich_edit_stream.h"
-#include "platform/windows/rich_text/rtf_bytes.h"
 #include "platform/windows/rich_text/view_look.h"
 #include "platform/windows/system/file_steps.h"
 #include "platform/windows/system/system_libraries.h"
@@ -147,9 +147,9 @@ std::string RichEditView::ContentRtf() const {
   return rtf;
 }
 
-String RichEditView::TextRTF() const { return FromRtfBytes(ContentRtf()); }
+String RichEditView::TextRTF() const { return WideText(ContentRtf()); }
 
-bool RichEditView::TextRTF(StringView rtf) { return ReplaceOrKeep(ToRtfBytes(rtf)); }
+bool RichEditView::TextRTF(StringView rtf) { return ReplaceOrKeep(NarrowText(rtf)); }
 
 bool RichEditView::ReplaceOrKeep(std::string_view rtf) {
   // The control reads anything else as an empty text and reports no failure.
@@ -245,9 +245,7 @@ void RichEditView::SelText(StringView text) {
   Send(EM_REPLACESEL, TRUE, reinterpret_cast<LPARAM>(Wide(replacement)));
 }
 
-String RichEditView::SelRTF() const {
-  return FromRtfBytes(StreamOut(window_, SF_RTF | SFF_SELECTION));
-}
+String RichEditView::SelRTF() const { return WideText(StreamOut(window_, SF_RTF | SFF_SELECTION)); }
 
 void RichEditView::Locked(bool locked) {
   if (!locked) FillControl();

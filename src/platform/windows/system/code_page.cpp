@@ -4,6 +4,7 @@
 #include <limits>
 
 #include "platform/ascii_run.h"
+#include "platform/surrogates.h"
 #include "platform/windows/system/text.h"
 
 namespace tolvane::platform::windows {
@@ -13,9 +14,6 @@ namespace {
 // go in pieces of this many units.
 constexpr std::size_t kPiece = 1 << 20;
 constexpr int kBytesPerUnit = 4;
-
-bool IsHighSurrogate(char16_t unit) { return unit >= 0xD800 && unit <= 0xDBFF; }
-bool IsLowSurrogate(char16_t unit) { return unit >= 0xDC00 && unit <= 0xDFFF; }
 
 /// Appends the bytes of `text`; false, with nothing appended, when the page lacks a character.
 bool EncodeExactly(StringView text, std::string& bytes) {
@@ -35,9 +33,7 @@ bool EncodeExactly(StringView text, std::string& bytes) {
 void EncodePiece(StringView text, std::string& bytes) {
   if (EncodeExactly(text, bytes)) return;
   for (std::size_t i = 0; i < text.size();) {
-    const bool is_pair =
-        IsHighSurrogate(text[i]) && i + 1 < text.size() && IsLowSurrogate(text[i + 1]);
-    const std::size_t length = is_pair ? 2 : 1;
+    const std::size_t length = StartsWithPair(text.substr(i)) ? 2 : 1;
     if (!EncodeExactly(text.substr(i, length), bytes)) bytes += '?';
     i += length;
   }

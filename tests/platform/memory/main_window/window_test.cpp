@@ -127,11 +127,5 @@ TEST(MemoryClipboard, ARefusedFormatIsMissingBesideTheOther) {
   EXPECT_FALSE(clipboard.GetFormat(Format::kRichText));
 }
 
-TEST(JournalText, IsUtf8) {
-  EXPECT_EQ(Narrow(u"aé機"), "a\xC3\xA9\xE6\xA9\x9F");
-  EXPECT_EQ(Narrow(u"\U0001F697"), "\xF0\x9F\x9A\x97");
-  EXPECT_EQ(Narrow(String(1, u'\xD83D') + u"x" + u'\xDE97'), "\xEF\xBF\xBDx\xEF\xBF\xBD");
-}
-
 }  // namespace
 }  // namespace tolvane::platform::memory

@@ -1,14 +1,13 @@
-#include "simulator/office/utf8.h"
+#include "platform/utf8.h"
 
 #include <cstddef>
 
-namespace tolvane::office {
+#include "platform/surrogates.h"
+
+namespace tolvane {
 namespace {
 
 constexpr char32_t kReplacement = 0xFFFD;
-
-bool IsHighSurrogate(char32_t unit) { return unit >= 0xD800 && unit <= 0xDBFF; }
-bool IsLowSurrogate(char32_t unit) { return unit >= 0xDC00 && unit <= 0xDFFF; }
 
 /// The lead of so many continuation bytes, and of none.
 constexpr unsigned kLeads[] = {0, 0xC0, 0xE0, 0xF0};
@@ -24,7 +23,7 @@ void AppendCode(std::string& out, char32_t code) {
 void AppendUtf8(std::string& out, StringView text) {
   for (std::size_t index = 0; index < text.size(); ++index) {
     char32_t code = text[index];
-    if (IsHighSurrogate(code) && index + 1 < text.size() && IsLowSurrogate(text[index + 1])) {
+    if (StartsWithPair(text.substr(index))) {
       code = 0x10000 + ((code - 0xD800) << 10) + (text[++index] - 0xDC00U);
     } else if (IsHighSurrogate(code) || IsLowSurrogate(code)) {
       code = kReplacement;
@@ -40,4 +39,4 @@ std::string ToUtf8(StringView text) {
   return out;
 }
 
-}  // namespace tolvane::office
+}  // namespace tolvane

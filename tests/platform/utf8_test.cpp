@@ -1,19 +1,19 @@
-#include "simulator/office/utf8.h"
+#include "platform/utf8.h"
 
 #include <gtest/gtest.h>
 
-namespace tolvane::office {
+namespace tolvane {
 namespace {
 
-TEST(OfficeUtf8, WritesOneToFourBytes) {
+TEST(Utf8, WritesOneToFourBytes) {
   EXPECT_EQ(ToUtf8(u"A\u00E9\u9664\U0001F600"), "A\xC3\xA9\xE9\x99\xA4\xF0\x9F\x98\x80");
 }
 
-TEST(OfficeUtf8, AHalfOfAPairBecomesTheReplacementCharacter) {
+TEST(Utf8, AHalfOfAPairBecomesTheReplacementCharacter) {
   EXPECT_EQ(ToUtf8(String{u'a', 0xD83D, u'b', 0xDE00}),
             "a\xEF\xBF\xBD"
             "b\xEF\xBF\xBD");
 }
 
 }  // namespace
-}  // namespace tolvane::office
+}  // namespace tolvane
