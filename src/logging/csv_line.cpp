@@ -21,8 +21,8 @@ class LineWriter {
   void Text(StringView text) { at_ = std::copy(text.begin(), text.end(), at_); }
   void Blanks(std::size_t count) { at_ = std::fill_n(at_, count, u' '); }
   void HexByte(std::uint8_t value) {
-    *at_++ = u"0123456789ABCDEF"[value >> 4];
-    *at_++ = u"0123456789ABCDEF"[value & 0xF];
+    *at_++ = HexCharacter(value >> 4);
+    *at_++ = HexCharacter(value);
   }
   [[nodiscard]] const char16_t* At() const { return at_; }
 

@@ -4,13 +4,6 @@ namespace tolvane {
 
 namespace {
 
-void AppendPadded(std::int32_t number, std::int32_t limit, ShortText& text) {
-  for (; limit > 1; limit /= 10) {
-    if (number < limit) text.Append(u'0');
-  }
-  text.Append(DecimalText(std::int64_t{number}));
-}
-
 String NumberedName(StringView stem, std::int32_t number, StringView extension) {
   String path(stem);
   path.append(FileNumberText(number)).append(extension);
@@ -44,16 +37,12 @@ String BaseFolder(std::int32_t mode, String& path, const String& executable_fold
 ShortText DateHourText(const platform::LocalTime& time) {
   ShortText text;
   for (const std::int32_t part : {time.year % 100, time.month, time.day, time.hour}) {
-    AppendPadded(part, 10, text);
+    text.Append(PaddedText(part, 2));
   }
   return text;
 }
 
-ShortText FileNumberText(std::int32_t number) {
-  ShortText text;
-  AppendPadded(number, 100, text);
-  return text;
-}
+ShortText FileNumberText(std::int32_t number) { return PaddedText(number, 3); }
 
 NumberedPath FindFreePath(platform::FileServices& files, StringView stem, StringView extension,
                           std::int32_t number, platform::EventLoop* events) {

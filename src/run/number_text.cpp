@@ -18,7 +18,7 @@ void AppendAscii(const char* first, const char* last, ShortText& text) {
 
 void AppendHexDigits(std::uint32_t value, int digits, ShortText& text) {
   for (int shift = 4 * (digits - 1); shift >= 0; shift -= 4) {
-    text.Append(u"0123456789ABCDEF"[value >> shift & 0xF]);
+    text.Append(HexCharacter(value >> shift));
   }
 }
 
@@ -145,6 +145,14 @@ ShortText DecimalText(Currency value) {
       fraction %= place;
     }
   }
+  return text;
+}
+
+ShortText PaddedText(std::int32_t value, std::size_t digits) {
+  const ShortText decimal = DecimalText(std::int64_t{value});
+  ShortText text;
+  for (std::size_t length = decimal.Length(); length < digits; ++length) text.Append(u'0');
+  text.Append(decimal);
   return text;
 }
 

@@ -44,6 +44,14 @@ class ShortText {
 /// Upper-case hexadecimal of the 32-bit two's complement, no padding.
 [[nodiscard]] ShortText HexText(std::int32_t value);
 
+/// With zeros in front up to `digits` digits; `value` is not negative.
+[[nodiscard]] ShortText PaddedText(std::int32_t value, std::size_t digits);
+
+/// The upper-case digit of the lowest four bits.
+[[nodiscard]] constexpr char16_t HexCharacter(std::uint32_t value) {
+  return u"0123456789ABCDEF"[value & 0xF];
+}
+
 /// Two upper-case digits.
 [[nodiscard]] ShortText HexByteText(std::uint8_t value);
 

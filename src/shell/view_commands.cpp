@@ -22,23 +22,17 @@ struct ViewMenuRow {
 
 /// "2026年01月05日(月) 09:07" and one blank.
 String DateText(const platform::LocalTime& now, StringView weekday) {
-  const auto append = [](String& text, std::int32_t number, std::size_t digits) {
-    const ShortText decimal = DecimalText(std::int64_t{number});
-    if (decimal.Length() < digits) text.append(digits - decimal.Length(), u'0');
-    text += decimal;
-  };
-  String text;
-  append(text, now.year, 4);
+  String text(PaddedText(now.year, 4).View());
   text += u'年';
-  append(text, now.month, 2);
+  text += PaddedText(now.month, 2);
   text += u'月';
-  append(text, now.day, 2);
+  text += PaddedText(now.day, 2);
   text += u"日(";
   text += weekday;
   text += u") ";
-  append(text, now.hour, 2);
+  text += PaddedText(now.hour, 2);
   text += u':';
-  append(text, now.minute, 2);
+  text += PaddedText(now.minute, 2);
   text += u' ';
   return text;
 }

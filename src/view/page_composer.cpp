@@ -24,9 +24,8 @@ constexpr StringView kCycleGap = u"   ";
 class CellTexts {
  public:
   constexpr CellTexts() {
-    constexpr StringView kDigits = u"0123456789ABCDEF";
-    for (std::size_t value = 0; value < texts_.size(); ++value) {
-      texts_[value] = {u' ', kDigits[value >> 4], kDigits[value & 0xF]};
+    for (std::uint32_t value = 0; value < texts_.size(); ++value) {
+      texts_[value] = {u' ', HexCharacter(value >> 4), HexCharacter(value)};
     }
   }
   [[nodiscard]] constexpr StringView operator[](std::uint8_t value) const {

@@ -96,6 +96,13 @@ TEST(HexText, IsUpperCaseAndUnpadded) {
   EXPECT_EQ(HexByteText(0xA0).View(), u"A0");
 }
 
+TEST(PaddedText, HasZerosInFrontAndIsNeverCut) {
+  EXPECT_EQ(PaddedText(0, 2).View(), u"00");
+  EXPECT_EQ(PaddedText(12, 2).View(), u"12");
+  EXPECT_EQ(PaddedText(2026, 4).View(), u"2026");
+  EXPECT_EQ(PaddedText(1000, 3).View(), u"1000");
+}
+
 TEST(HexID11Text, PadsToThreeDigits) {
   EXPECT_EQ(HexID11Text(0).View(), u"000");
   EXPECT_EQ(HexID11Text(0x00F).View(), u"00F");
