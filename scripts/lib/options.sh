@@ -6,7 +6,7 @@
 
 # shellcheck disable=SC2034 # opt and given are for the scripts
 declare -A opt=() given=() option_kinds=()
-option_usage="" argument_name=""
+option_usage="" argument_name="" command_text=""
 
 # option NAME PLACEHOLDER KIND DEFAULT TEXT: --NAME VALUE. KIND is one of those of check_value.
 option() {
@@ -26,6 +26,10 @@ argument() {
   usage_line "${1^^}" "$2"
 }
 
+# takes_command TEXT: the first word that belongs to no option begins a command, which must be there; TEXT is
+# what the usage calls it. It stands with its own words and options in command_words.
+takes_command() { command_text=$1; }
+
 usage_line() {
   local first=$1 line
   while IFS= read -r line; do
@@ -39,6 +43,8 @@ read_options() {
   local usage=$1 word
   shift
   for word in "$@"; do
+    # A command's --help is its own.
+    [[ -z $command_text || $word == -* ]] || break
     [[ $word != --help && $word != -h ]] || { print_usage "$usage"; exit 0; }
   done
   while [ $# -gt 0 ]; do
@@ -59,6 +65,7 @@ read_options() {
         shift 2
         ;;
       *)
+        [ -z "$command_text" ] || break
         [[ -n $argument_name && -n $1 && -z ${given[$argument_name]:-} ]] ||
           fail "'$1' belongs to no option ($command_name --help names them)"
         # shellcheck disable=SC2034 # for the scripts
@@ -67,11 +74,14 @@ read_options() {
         ;;
     esac
   done
+  # shellcheck disable=SC2034 # for the scripts
+  command_words=("$@")
+  [[ -z $command_text || $# -gt 0 ]] || fail "no command is named ($command_name --help)"
 }
 
 print_usage() {
-  printf 'usage: %s%s [OPTION...]\n%s\n\n%s' "$command_name" "${argument_name:+ [${argument_name^^}]}" \
-    "$1" "$option_usage"
+  printf 'usage: %s%s [OPTION...]%s\n%s\n\n%s' "$command_name" "${argument_name:+ [${argument_name^^}]}" \
+    "${command_text:+ $command_text}" "$1" "$option_usage"
   printf '  %-16s %s\n' --help "this text"
 }
 

@@ -179,6 +179,15 @@ class Options(Place):
             self.refuses(f"{re.escape(log)} is empty; .*", "replay-check", *words)
 
 
+    def test_a_command_keeps_its_own_options(self):
+        for words in (["true", "--help"], ["--offline", "true", "--offline", "--nonsense"], ["--user", "me", "true"]):
+            self.refuses("there is no fresh root: .*", "scripts/lib/fresh-run", *words)
+        for name in ("fresh-run", "wine-run", "x86-run"):
+            self.refuses(r"no command is named \(.*\)", f"scripts/lib/{name}")
+            self.refuses(r"no such option: --nonsense \(.*\)", f"scripts/lib/{name}", "--nonsense", "true")
+            self.assertTrue(self.run_script(f"scripts/lib/{name}", "-h").said.startswith("usage: "), name)
+
+
 class Recordings(Place):
     def test_what_cannot_be_played_is_refused_at_once(self):
         bad = {"empty": (self.file("empty", ""), " is empty; .*"),

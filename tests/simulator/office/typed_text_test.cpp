@@ -1,9 +1,10 @@
 #include "simulator/office/typed_text.h"
-#include "platform/utf8.h"
 
 #include <gtest/gtest.h>
 
 #include <ostream>
+
+#include "platform/utf8.h"
 
 namespace tolvane::office {
 namespace {
