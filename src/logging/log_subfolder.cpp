@@ -1,36 +1,16 @@
-#include <algorithm>
-#include <iterator>
-
 #include "logging/excel_outputdb.h"
 #include "logging/log_naming.h"
 #include "logging/spreadsheet_server.h"
+#include "run/replaced_text.h"
 
 namespace tolvane {
 
 namespace {
 
-struct Replacement {
-  char16_t found;
-  StringView put;
-};
-
 // What a folder name cannot hold, in wide forms that it can.
 constexpr Replacement kReplacements[] = {
     {u'\r', u""},  {u'\n', u""},  {u'\t', u"　　"}, {u'\\', u"￥"}, {u'/', u"／"}, {u':', u"："},
     {u'*', u"＊"}, {u'?', u"？"}, {u'"', u" "},     {u'<', u"＜"},  {u'>', u"＞"}, {u'|', u"｜"}};
-
-String CleanedComment(StringView comment) {
-  String name;
-  for (const char16_t character : comment) {
-    const auto* replacement = std::ranges::find(kReplacements, character, &Replacement::found);
-    if (replacement == std::end(kReplacements)) {
-      name += character;
-    } else {
-      name += replacement->put;
-    }
-  }
-  return name;
-}
 
 /// Whether each file of a run can be saved in the folder. Excel saves neither to a long path nor
 /// within brackets, in which it encloses the names of workbooks itself: the whole log of a run
@@ -63,7 +43,7 @@ bool Excel_OutputDB::Get_SubFolder_Name(ELM327_Info& device, String& FolderName)
   const String base = BaseFolder(device.t_LogSaveFilePath_mode, device.t_LogSaveFilePath,
                                  device.ExecutableFolder(), services_.files, services_.folders);
   if (!services_.files.FolderExists(base)) return true;
-  const String clean = CleanedComment(device.t_LogComment);
+  const String clean = Replaced(device.t_LogComment, kReplacements);
   if (!services_.files.FolderExists(base + u'\\' + clean)) {
     // The setting and not the base: in modes 0 and 1 the folder goes wherever the setting points,
     // and the log, which looks under the base, stays there.

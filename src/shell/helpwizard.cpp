@@ -1,7 +1,6 @@
 #include "shell/helpwizard.h"
 
-#include <algorithm>
-#include <iterator>
+#include "run/replaced_text.h"
 
 namespace tolvane::HelpWizard {
 
@@ -14,25 +13,12 @@ constexpr std::int32_t kLastTopic = 3;
 constexpr StringView kConnecting = u"2-接続して受信する";
 constexpr StringView kReadingThePage = u"3-画面の見方";
 
-struct Written {
-  char16_t unit;
-  StringView as;
-};
-// The units of a path that are not themselves in an address.
-constexpr Written kWritten[] = {{u'\\', u"/"}, {u' ', u"%20"}, {u'#', u"%23"}, {u'%', u"%25"}};
+// What a path has and an address has not.
+constexpr Replacement kEscapes[] = {{u'\\', u"/"}, {u' ', u"%20"}, {u'#', u"%23"}, {u'%', u"%25"}};
 
 String AddressOf(StringView path) {
   const bool on_server = path.starts_with(u"\\\\");
-  String address = on_server ? u"file:" : u"file:///";
-  for (const char16_t unit : path) {
-    const auto* written = std::ranges::find(kWritten, unit, &Written::unit);
-    if (written == std::end(kWritten)) {
-      address += unit;
-    } else {
-      address += written->as;
-    }
-  }
-  return address;
+  return (on_server ? u"file:" : u"file:///") + Replaced(path, kEscapes);
 }
 
 }  // namespace
