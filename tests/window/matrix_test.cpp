@@ -112,72 +112,71 @@ class Matrix : public AdapterRuns {
     EXPECT_TRUE(dialog.Click(CB_Save_ID_DisableMode));
     PressOk(dialog);
   }
+
+  /// Starts the program and calls `judge(worker, kind, cell)` for each worker and kind, with the
+  /// worker's settings made. `cell` is the name of the two.
+  template <typename Judge>
+  void ForEachCell(Judge judge) {
+    ASSERT_NO_FATAL_FAILURE(StartOn(kRecording));
+    bool excluding = false;
+    for (const WorkerRow& worker : kWorkers) {
+      if (worker.excluding && !excluding) Exclude();
+      excluding = worker.excluding;
+      Set(worker.settings);
+      for (const Kind kind : kKinds) {
+        const std::string cell = std::string(kKindNames[kind]) + "-" + worker.name;
+        SCOPED_TRACE(cell);
+        ASSERT_NO_FATAL_FAILURE(judge(worker, kind, cell));
+      }
+    }
+    End();
+  }
 };
 
 TEST_F(Matrix, EachKindInEachWorkerShowsItsPageAndMakesItsCalls) {
-  ASSERT_NO_FATAL_FAILURE(StartOn(kRecording));
-  bool excluding = false;
-  for (const WorkerRow& worker : kWorkers) {
-    if (worker.excluding && !excluding) Exclude();
-    excluding = worker.excluding;
-    Set(worker.settings);
-    for (const Kind kind : kKinds) {
-      const std::string cell = std::string(kKindNames[kind]) + "-" + worker.name;
-      SCOPED_TRACE(cell);
-      Select(Good(kind));
-      ASSERT_NO_FATAL_FAILURE(Connect(main_));
-      EXPECT_EQ(Utf8(main_.Text(TB_Status)), Utf8(L"通信中　ログ出力(csv)"));
-      EXPECT_EQ(main_.Text(TB_Protocol),
-                kRates[static_cast<std::size_t>(worker.settings.bit_rate)].shown);
-      const std::wstring expected = (worker.settings.ids_of_29_bits ? kHeader29 : kHeader) +
-                                    worker.pages[kind] + (worker.excluding ? kFoot : L"");
-      const bool shown =
-          WaitUntil([&] { return main_.Text(RTB_MainView) == expected; }, std::chrono::seconds(10));
-      EXPECT_TRUE(shown) << Utf8(main_.Text(RTB_MainView)) << "instead of\n" << Utf8(expected);
-      KeepPicture(main_.Handle(), cell);
-      TryToClose();
-      ASSERT_NO_FATAL_FAILURE(Disconnect(main_));
-      EXPECT_EQ(main_.Text(RTB_MainView), expected);
-      EXPECT_EQ(main_.Text(TB_Status), L"");
-      const Calls made = CallsSinceSelection();
-      const Calls wanted = ExpectedCalls(kind, worker.settings, made);
-      EXPECT_EQ(made, wanted);
-      std::printf("matrix: %-20s page %-9s  %2zu calls %s\n", cell.c_str(), AsStated(shown),
-                  made.size(), AsStated(made == wanted));
-    }
-  }
-  End();
+  ForEachCell([this](const WorkerRow& worker, Kind kind, const std::string& cell) {
+    Select(Good(kind));
+    ASSERT_NO_FATAL_FAILURE(Connect(main_));
+    EXPECT_EQ(Utf8(main_.Text(TB_Status)), Utf8(L"通信中　ログ出力(csv)"));
+    EXPECT_EQ(main_.Text(TB_Protocol),
+              kRates[static_cast<std::size_t>(worker.settings.bit_rate)].shown);
+    const std::wstring expected = (worker.settings.ids_of_29_bits ? kHeader29 : kHeader) +
+                                  worker.pages[kind] + (worker.excluding ? kFoot : L"");
+    const bool shown =
+        WaitUntil([&] { return main_.Text(RTB_MainView) == expected; }, std::chrono::seconds(10));
+    EXPECT_TRUE(shown) << Utf8(main_.Text(RTB_MainView)) << "instead of\n" << Utf8(expected);
+    KeepPicture(main_.Handle(), cell);
+    TryToClose();
+    ASSERT_NO_FATAL_FAILURE(Disconnect(main_));
+    EXPECT_EQ(main_.Text(RTB_MainView), expected);
+    EXPECT_EQ(main_.Text(TB_Status), L"");
+    const Calls made = CallsSinceSelection();
+    const Calls wanted = ExpectedCalls(kind, worker.settings, made);
+    EXPECT_EQ(made, wanted);
+    std::printf("matrix: %-20s page %-9s  %2zu calls %s\n", cell.c_str(), AsStated(shown),
+                made.size(), AsStated(made == wanted));
+  });
 }
 
 TEST_F(Matrix, EachKindInEachWorkerTellsAFailedOpen) {
-  ASSERT_NO_FATAL_FAILURE(StartOn(kRecording));
-  bool excluding = false;
-  for (const WorkerRow& worker : kWorkers) {
-    if (worker.excluding && !excluding) Exclude();
-    excluding = worker.excluding;
-    Set(worker.settings);
-    for (const Kind kind : kKinds) {
-      const std::string cell = std::string(kKindNames[kind]) + "-" + worker.name;
-      SCOPED_TRACE(cell);
-      Select(Failing(kind));
-      EXPECT_EQ(Utf8(ConnectToMessage(cell)),
-                Utf8(L"機器が正常に動作していません。\r\n") + Utf8(worker.second_line[kind]));
-      const Calls made = CallsSinceSelection();
-      if (kind != kInterface) {
-        EXPECT_EQ(made.size(), 1u) << "nothing follows a failed open";
-        EXPECT_EQ(main_.Text(TB_Status), L"");
-        continue;
-      }
-      ASSERT_EQ(made.size(), 5u);
-      EXPECT_TRUE(made[0].starts_with("CanOpenPort(\"IFCAN2\") = "));
-      EXPECT_TRUE(made[1].ends_with(") = -1073741822"));
-      EXPECT_TRUE(made[2].starts_with("CanClosePort("));
-      EXPECT_EQ(made[3], "CanDeactivate(-1) = -1073741814");
-      EXPECT_EQ(made[4], "CanClosePort(-1) = -1073741814");
-      EXPECT_EQ(main_.Text(TB_Status), L"The device handle is invalid.");
+  ForEachCell([this](const WorkerRow& worker, Kind kind, const std::string& cell) {
+    Select(Failing(kind));
+    EXPECT_EQ(Utf8(ConnectToMessage(cell)),
+              Utf8(L"機器が正常に動作していません。\r\n") + Utf8(worker.second_line[kind]));
+    const Calls made = CallsSinceSelection();
+    if (kind != kInterface) {
+      EXPECT_EQ(made.size(), 1u) << "nothing follows a failed open";
+      EXPECT_EQ(main_.Text(TB_Status), L"");
+      return;
     }
-  }
-  End();
+    ASSERT_EQ(made.size(), 5u);
+    EXPECT_TRUE(made[0].starts_with("CanOpenPort(\"IFCAN2\") = "));
+    EXPECT_TRUE(made[1].ends_with(") = -1073741822"));
+    EXPECT_TRUE(made[2].starts_with("CanClosePort("));
+    EXPECT_EQ(made[3], "CanDeactivate(-1) = -1073741814");
+    EXPECT_EQ(made[4], "CanClosePort(-1) = -1073741814");
+    EXPECT_EQ(main_.Text(TB_Status), L"The device handle is invalid.");
+  });
 }
 
 }  // namespace
