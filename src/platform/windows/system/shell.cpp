@@ -1,8 +1,8 @@
 #include "platform/windows/system/shell.h"
 
 #include <array>
-#include <string>
 
+#include "platform/byte_text.h"
 #include "platform/windows/system/text.h"
 
 namespace tolvane::platform::windows {
@@ -10,16 +10,10 @@ namespace {
 
 constexpr INT_PTR kLastError = 32;  // of FindExecutable
 
-std::string Narrow(StringView text) {
-  std::string narrow;
-  for (const char16_t unit : text) narrow.push_back(unit < 0x80 ? static_cast<char>(unit) : '?');
-  return narrow;
-}
-
 }  // namespace
 
 void WindowsShell::ShellExecuteA(StringView verb, StringView file, std::int32_t show_command) {
-  ::ShellExecuteA(nullptr, Narrow(verb).c_str(), Narrow(file).c_str(), nullptr, nullptr,
+  ::ShellExecuteA(nullptr, NarrowText(verb).c_str(), NarrowText(file).c_str(), nullptr, nullptr,
                   show_command);
 }
 

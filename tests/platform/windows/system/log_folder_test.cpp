@@ -6,6 +6,7 @@
 #include "logging/excel_outputdb.h"
 #include "platform/windows/system/code_page.h"
 #include "platform/windows/system/file_services.h"
+#include "platform/windows/system/text.h"
 #include "platform/windows/system/wall_clock.h"
 #include "tests/platform/windows/system/scratch_folder.h"
 
@@ -64,7 +65,7 @@ TEST_F(LogFolder, WhateverTheCommentEndsInTheFolderTakesTheFile) {
     for (int run = 0; run < 2; ++run) {
       ASSERT_TRUE(Run(base / u""));
       ASSERT_NE(folder_, u"");
-      EXPECT_TRUE(HasFile(base / u"")) << run << reinterpret_cast<const wchar_t*>(comment.data());
+      EXPECT_TRUE(HasFile(base / u"")) << run << WideData(comment);
     }
   }
 }
@@ -77,7 +78,7 @@ TEST_F(LogFolder, WhateverTheSetPathEndsInTheFolderTakesTheFile) {
     device_.t_LogComment = u"bench";
     for (int run = 0; run < 2; ++run) {
       ASSERT_TRUE(Run(base + String(end)));
-      EXPECT_TRUE(HasFile(base)) << run << reinterpret_cast<const wchar_t*>(end.data());
+      EXPECT_TRUE(HasFile(base)) << run << WideData(end);
     }
   }
 }
