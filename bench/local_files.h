@@ -11,8 +11,8 @@
 
 namespace tolvane {
 
-/// Log files in one folder of this machine's own file system, whatever folder the program names.
-/// Nothing but writing text files and looking for them works.
+/// Log files in one real folder of this machine, whichever folder the program names. Only writing
+/// text files and looking for them works.
 class LocalFiles final : public platform::FileServices {
  public:
   LocalFiles(std::filesystem::path folder, platform::CodePage& code_page)

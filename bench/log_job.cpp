@@ -1,6 +1,6 @@
-// tolvane_log_job RECORDING FOLDER: the log of a run as a whole job. Reads a candump recording of
-// 11-bit frames and leaves its csv files in FOLDER, by the way that a run takes behind the adapter:
-// a record in the current channel, a new file when it is full, the rest at the end.
+// tolvane_log_job RECORDING FOLDER: writes the log of a run. Reads a candump recording of 11-bit
+// frames and writes its csv files to FOLDER with the code that a run uses after the adapter: a
+// record to the current channel, a new file when it is full, the rest at the end.
 #include <cstdio>
 #include <filesystem>
 #include <fstream>

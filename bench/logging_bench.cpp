@@ -18,7 +18,7 @@ namespace {
 constexpr std::array<std::uint8_t, 8> kData = {0x00, 0x1A, 0xFF, 0x03, 0x44, 0x55, 0x66, 0x77};
 constexpr std::int32_t kRecords = Excel_OutputDB::kRow_MAX + 1;  // of a channel
 
-/// A folder of its own, gone at the end.
+/// A temporary folder, removed at the end.
 class ScratchFolder {
  public:
   ScratchFolder() { Empty(); }
@@ -59,7 +59,7 @@ struct Bench {
   String FileName_No;
 };
 
-/// One frame every 125 us, as the clock of an adapter tells it: in steps of `step` ms.
+/// One frame every 125 us, with times as an adapter's clock gives them: in steps of `step` ms.
 double NowTime(std::int64_t frame, double step) { return static_cast<double>(frame) * step; }
 
 template <typename Record>
@@ -90,7 +90,7 @@ BENCHMARK_CAPTURE(RunRecords, csv11_microseconds, 0.125, Csv11);
 BENCHMARK_CAPTURE(RunRecords, csv11_scaled_by_1_0001, 0.125 * 1.0001, Csv11);
 BENCHMARK_CAPTURE(RunRecords, csv29_microseconds, 0.125, Csv29);
 
-/// A full channel encoded and written, headers included. Reception stands meanwhile.
+/// A full channel encoded and written, headers included. Reception stops for that time.
 void FlushChannel(benchmark::State& state) {
   Bench bench;
   for (auto _ : state) {

@@ -1,6 +1,6 @@
-// A tick with every byte and every cycle of every row lit, and the writing of such a page as rich
-// text. What is asked of them on a machine of two cores: the 11-bit tick (2,047 rows) at most
-// 1.0 ms, its page as rich text at most 2 ms, a 29-bit row at most 1.5 times an 11-bit row.
+// A tick with every byte and every cycle of every row highlighted, and writing such a page as rich
+// text. Targets on a machine with two cores: the 11-bit tick (2,047 rows) at most 1.0 ms, its page
+// as rich text at most 2 ms, a 29-bit row at most 1.5 times an 11-bit row.
 #include <benchmark/benchmark.h>
 
 #include <cstddef>

@@ -15,7 +15,7 @@ target_compile_options(tolvane_options INTERFACE ${tolvane_warnings} -Werror)
 if(WIN32)
   target_compile_definitions(tolvane_options INTERFACE UNICODE _UNICODE WIN32_LEAN_AND_MEAN NOMINMAX
                                                        WINVER=0x0601 _WIN32_WINNT=0x0601)
-  # One commit makes one file, whatever the folder is called and the clock says.
+  # The same commit gives the same file in any folder at any time.
   target_compile_options(tolvane_options INTERFACE "-ffile-prefix-map=${CMAKE_SOURCE_DIR}=.")
   target_link_options(
     tolvane_options INTERFACE

@@ -1,4 +1,4 @@
-# tolvane_product: what the program tells of itself, set here and in project(VERSION) and nowhere else.
+# tolvane_product: the program's company, copyright, home page and version, set only here and in project(VERSION).
 # It feeds the settings record, the version resources, the manifest and the release's files.
 # Settings files are known as ours by the maker's name in their copyright line, so a change of the name
 # cuts users off from theirs.

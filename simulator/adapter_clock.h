@@ -27,8 +27,8 @@ struct ClockFaults {
   std::vector<Step> steps{};
 };
 
-/// The adapter's stamp for a frame at `bus_us`, 0 or more. The upper half of 32 bits comes out
-/// negative, as the readers take it.
+/// The adapter's stamp for a frame at `bus_us`, 0 or more. Stamps in the upper half of 32 bits are
+/// returned as negative numbers, which is how programs read them.
 std::int32_t Stamp(const StampUnit& unit, const ClockFaults& faults, std::int64_t bus_us);
 
 }  // namespace tolvane::simulator

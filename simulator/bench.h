@@ -14,7 +14,7 @@
 
 namespace tolvane::simulator {
 
-/// The calls that a bench file answers by itself, with how often each has come.
+/// The calls whose results the bench file gives, and how often each has come.
 class CallScript {
  public:
   explicit CallScript(std::vector<CallResult> results)
@@ -50,13 +50,13 @@ class Bench {
   const BenchConfig& Config() const { return config_; }
   Report& Record() { return *report_; }
 
-  /// The adapter goes on the bus: bus time 0. At another rate than the bus's it meets error frames
-  /// and no data.
+  /// The adapter goes on the bus, at bus time 0. If its rate is not that of the bus it receives
+  /// error frames and no data.
   std::unique_ptr<BusTap> Listen(std::string_view adapter, const AdapterPlan& plan,
                                  const BusSettings& settings);
-  /// Tells that a call is one that no program may make, or not now; gives its result back.
+  /// Reports a call that a program must not make, or not now. Returns `result`.
   std::int32_t Refuse(std::string_view call, std::string_view why, std::int32_t result);
-  /// Another rate than the bus's is a fault.
+  /// Reports a fault when the rate is not that of the bus.
   void JudgeRate(std::string_view adapter, std::int32_t bit_rate);
 
  private:
@@ -70,8 +70,8 @@ class Bench {
   std::shared_ptr<const CandumpLog> recording_;
 };
 
-/// The bench of `library`. The bench file is the one that `named` tells, else
-/// tolvane-bench.ini in `folder`; without either the default bench.
+/// The bench of `library`. The bench file is `named`, or tolvane-bench.ini in `folder` when `named`
+/// is empty; if there is no file, the default bench.
 std::unique_ptr<Bench> LoadBench(std::string_view library, const std::filesystem::path& named,
                                  const std::filesystem::path& folder);
 

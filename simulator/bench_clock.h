@@ -20,8 +20,8 @@ class SteadyClock : public BenchClock {
   }
 };
 
-/// Moves on by a fixed step at each look: the program's own speed plays no part, so counts come
-/// out the same on every machine.
+/// Advances by a fixed step each time it is read, so the results do not depend on how fast the
+/// program is and are the same on every machine.
 class CountedClock : public BenchClock {
  public:
   explicit CountedClock(std::int64_t step_us) : step_us_(step_us) {}

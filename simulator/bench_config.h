@@ -13,8 +13,8 @@
 
 namespace tolvane::simulator {
 
-/// A library call that does nothing but return this: "canOpenChannel = -3", or with "after 2"
-/// only from the third call on.
+/// A library call that only returns a given result: "canOpenChannel = -3", or with "after 2" from
+/// the third call on.
 struct CallResult {
   std::string call;
   std::int32_t result = 0;

@@ -70,7 +70,7 @@ void BusTap::Queue(const BusFrame& frame) {
   }
 }
 
-/// Asked when a frame is due, not ahead: a source without end may hold nothing that is heard.
+/// Called only when a frame is due: an endless source may have no frame that this adapter receives.
 bool BusTap::Hears(const BusFrame& frame) const {
   if (frame.time_us >= plan_.silence_from_us && frame.time_us < plan_.silence_to_us) return false;
   return plan_.hears_errors_and_own || frame.kind == FrameKind::kData ||

@@ -12,8 +12,8 @@
 
 namespace tolvane::simulator {
 
-/// Which frames an adapter lets in. The identifier stands at the top of the 32 bits, 11 or 29 of
-/// them; bits that are set in the mask are not compared.
+/// Which frames an adapter accepts. The identifier is in the top 11 or 29 of the 32 bits; bits that
+/// are set in the mask are not compared.
 struct AcceptanceFilter {
   std::uint32_t code = 0;
   std::uint32_t mask = 0xFFFFFFFF;
@@ -48,7 +48,7 @@ struct TapCounts {
   std::vector<ReadGap> gaps_behind_empty_read{};
 };
 
-/// One adapter's ear on the bus, from the moment it is made, which is bus time 0.
+/// Receives the traffic of the bus for one adapter, from its construction on, which is bus time 0.
 class BusTap {
  public:
   enum class Result : std::uint8_t { kDelivered, kEmpty, kPulled };

@@ -16,7 +16,7 @@ constexpr std::size_t kExtendedIdDigits = 8;
 
 bool IsDigit(char character) { return character >= '0' && character <= '9'; }
 
-/// Cuts the text up to the first blank off the front of `rest`, and the blanks around it.
+/// Removes the first word of `rest` and the blanks around it, and returns the word.
 std::string_view TakeWord(std::string_view& rest) {
   rest = Trim(rest);
   const auto blank = std::ranges::find_if(rest, [](char c) { return c == ' ' || c == '\t'; });

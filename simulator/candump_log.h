@@ -23,14 +23,14 @@ struct CandumpLog {
   std::int64_t first_refused_line = 0;  // counted from 1; 0 without any
 };
 
-/// `frame.time_us` is the line's own time. False when the line is not a frame; `frame` is then
+/// `frame.time_us` is the time in the line. False when the line is not a frame; `frame` is then
 /// unspecified.
 bool ParseCandumpLine(std::string_view line, BusFrame& frame);
 
 CandumpLog ParseCandumpLog(std::string_view text);
 
-/// Plays a recording, `repeat` times (0: without end), each pass one mean distance of frames
-/// behind the last.
+/// Plays a recording `repeat` times (0: without end). Between two passes there is the mean distance
+/// between frames.
 class LogSource : public BusSource {
  public:
   LogSource(std::shared_ptr<const CandumpLog> log, std::int64_t repeat);

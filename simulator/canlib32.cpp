@@ -1,5 +1,5 @@
-// The exports of the simulated canlib32.dll. Only they know Windows and the calling convention;
-// what they do is CanlibBench.
+// The exports of the simulated canlib32.dll. Only this file knows Windows and the calling
+// convention; the behaviour is in CanlibBench.
 
 #include <array>
 #include <cstddef>

@@ -155,7 +155,8 @@ std::int32_t CanlibBench::ChannelData(std::int32_t number, std::int32_t item,
                                       std::span<std::byte> buffer) {
   constexpr std::string_view kCall = "canGetChannelData";
   if (!initialized_) return bench_->Refuse(kCall, kTooEarly, kNotInitialized);
-  // No fault: programs ask by handle, and where channels are missing that is another number.
+  // Not a fault: programs pass a handle, which differs from the channel number when channels are
+  // missing.
   Channel* const channel = FindChannel(number);
   if (channel == nullptr) return kNotFound;
   const std::string item_call = std::string(kCall) + '.' + std::to_string(item);
@@ -189,7 +190,7 @@ std::int32_t CanlibBench::Open(std::int32_t number, std::int32_t flags) {
   return handle;
 }
 
-/// What the script says for a call on an open channel, else what `action` does.
+/// The result of a call on an open channel: the scripted one, otherwise that of `action`.
 template <typename Action>
 std::int32_t CanlibBench::OnChannel(std::string_view call, std::int32_t handle, Action action) {
   Channel* const channel = FindOpen(handle);
@@ -228,7 +229,7 @@ std::int32_t CanlibBench::canSetBusParams(std::int32_t handle, std::int32_t rate
   if (Channel* const channel = FindOpen(handle)) channel->params_asked = true;
   const std::int32_t status = OnChannel(kCall, handle, [&](Channel& channel) {
     if (const auto refused = RefuseSetUp(kCall, channel)) return *refused;
-    // The numbers behind a predefined rate mean nothing.
+    // With a predefined rate the other numbers are ignored.
     const std::int32_t bit_rate = BitRate(rate);
     if (bit_rate == 0) return bench_->Refuse(kCall, "no predefined rate", kParam);
     channel.bit_rate = bit_rate;
@@ -270,7 +271,7 @@ std::int32_t CanlibBench::canBusOn(std::int32_t handle) {
 std::int32_t CanlibBench::GoOnBus(Channel& channel) {
   constexpr std::string_view kCall = "canBusOn";
   if (channel.tap != nullptr) return bench_->Refuse(kCall, "the channel is on the bus", kOk);
-  // A program cannot help parameters that the script refuses.
+  // Not a fault of the program when the script has refused its parameters.
   if (channel.bit_rate == 0 && channel.params_asked) return kHardware;
   if (channel.bit_rate == 0) return bench_->Refuse(kCall, "no bus parameters", kHardware);
   bench_->JudgeRate(NameOf(*channel.plan), channel.bit_rate);

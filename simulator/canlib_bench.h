@@ -13,10 +13,10 @@
 
 namespace tolvane::simulator {
 
-/// canlib32.dll over the bench. A channel is on the bus between bus on and bus off, and can be
-/// opened once at a time. Whoever opens it without initial access cannot set it up; it is set up
-/// off the bus, and goes on it only then. A handle is the lowest free number, so with a gap before
-/// a channel its handle is not its channel number; canGetChannelData takes the channel number.
+/// canlib32.dll on the bench. A channel is on the bus between bus on and bus off, and can be opened
+/// only once at a time. It must be set up before bus on, and only when it was opened with init
+/// access. A handle is the lowest free number, so when a lower channel is missing, the handle is
+/// not the channel number; canGetChannelData takes the channel number.
 class CanlibBench : public platform::CanlibLibrary {
  public:
   explicit CanlibBench(std::unique_ptr<Bench> bench);

@@ -22,7 +22,7 @@ constexpr std::uint8_t kRemoteFlag = 64;
 
 constexpr std::int32_t kStampFlag = 1;
 
-/// Bits per second of a rate text, which tells kilobits; 0 for one that the adapter does not know.
+/// Bits per second of a rate text in kilobits; 0 for one that the adapter does not know.
 std::int32_t BitRate(std::string_view rate) {
   constexpr auto kRates =
       std::to_array<std::pair<std::string_view, std::int32_t>>({{"10", 10'000},
@@ -40,7 +40,7 @@ std::int32_t BitRate(std::string_view rate) {
   return 0;
 }
 
-/// Writes the text and, where there is room, a NUL; the rest of the buffer stays.
+/// Writes the text and, if there is room, a NUL; the rest of the buffer is unchanged.
 template <std::size_t size>
 void WriteText(std::string_view text, std::array<char, size>& buffer) {
   text = text.substr(0, size);

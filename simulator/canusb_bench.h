@@ -13,10 +13,11 @@
 
 namespace tolvane::simulator {
 
-/// canusbdrv.dll over the bench. An adapter is on the bus while it is open; it can be opened once
-/// at a time, by its serial text. An open at another rate than the bus's is a fault with the first
-/// read only: to ask for the version any rate will do. What a driver need not write stays as the
-/// program left it: the buffers of a failed call, and what stands behind the NUL of a text.
+/// canusbdrv.dll on the bench. An adapter is on the bus while it is open; it can be opened only
+/// once at a time, by its serial text. Opening with a rate that is not that of the bus becomes a
+/// fault only with the first read, since any rate will do for asking the version. Memory that a
+/// driver does not write keeps the program's values: the buffers of a failed call, and the bytes
+/// after a text's NUL.
 class CanusbBench : public platform::CanusbLibrary {
  public:
   explicit CanusbBench(std::unique_ptr<Bench> bench);
@@ -24,7 +25,7 @@ class CanusbBench : public platform::CanusbLibrary {
 
   std::int16_t canusb_getFirstAdapter(std::array<char, kSerialSize>& serial) override;
   std::int16_t canusb_getNextAdapter(std::array<char, kSerialSize>& serial) override;
-  /// `rate` comes back with " kbit/s" behind it.
+  /// " kbit/s" is appended to `rate`.
   std::int32_t canusb_Open(const std::string& serial, std::string& rate,
                            std::int32_t acceptance_code, std::int32_t acceptance_mask,
                            std::int32_t flags) override;

@@ -1,5 +1,5 @@
-// The exports of the simulated canusbdrv.dll. Only they know Windows and the calling convention;
-// what they do is CanusbBench.
+// The exports of the simulated canusbdrv.dll. Only this file knows Windows and the calling
+// convention; the behaviour is in CanusbBench.
 
 #include <algorithm>
 #include <array>
@@ -23,13 +23,13 @@ CanusbBench& Library() {
   return library;
 }
 
-/// The result register of a search: its upper half means nothing and may hold anything.
+/// The result register of a search. Only its lower half is the result; the upper may hold anything.
 std::int32_t Register(std::int16_t result) {
   return Library().SearchUpperHalf() * 0x10000 + static_cast<std::uint16_t>(result);
 }
 
-/// Searches through the program's buffer of `size` bytes, of which kSerialSize are meant; what the
-/// driver does not write stays as it was.
+/// Searches with the program's buffer of `size` bytes, of which at most kSerialSize are used. Bytes
+/// that the driver does not write keep their values.
 template <typename Search>
 std::int32_t SearchInto(char* buffer, std::int32_t size, Search search) {
   std::array<char, CanusbBench::kSerialSize> text{};

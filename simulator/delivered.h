@@ -11,7 +11,7 @@
 
 namespace tolvane::simulator {
 
-/// Reads a frame; without one, which of the library's codes tells why.
+/// Reads a frame; if there is none, the library's status code for the reason.
 inline std::optional<std::int32_t> ReadFailure(BusTap& tap, BusFrame& frame, std::int32_t empty,
                                                std::int32_t pulled) {
   const BusTap::Result result = tap.Read(frame);
@@ -24,8 +24,8 @@ inline std::uint8_t DeliveredDlc(const AdapterPlan& plan, const BusFrame& frame)
   return plan.force_dlc >= 0 ? static_cast<std::uint8_t>(plan.force_dlc) : frame.dlc;
 }
 
-/// Writes a frame's data bytes into the program's record: only those that the length given out
-/// says, and of a remote frame none, so that the others keep what the program left there.
+/// Writes a frame's data bytes into the program's record: only as many as the delivered length, and
+/// none for a remote frame. The other bytes keep the program's values.
 inline void DeliverData(const AdapterPlan& plan, const BusFrame& frame,
                         std::array<std::uint8_t, 8>& data) {
   std::size_t bytes = std::min<std::size_t>(DeliveredDlc(plan, frame), data.size());

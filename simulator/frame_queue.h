@@ -8,7 +8,7 @@
 
 namespace tolvane::simulator {
 
-/// The adapter's receive queue: a ring of fixed size that allocates only when it is made.
+/// The adapter's receive queue: a ring of fixed size that allocates only in its constructor.
 class FrameQueue {
  public:
   explicit FrameQueue(std::size_t capacity) : ring_(std::max<std::size_t>(capacity, 1)) {}

@@ -6,13 +6,13 @@
 
 namespace tolvane::simulator {
 
-/// The time between two reads: what the program did meanwhile.
+/// The time between two reads, which the program spent on something else.
 struct ReadGap {
   std::int64_t us = 0;         // real time
   std::int64_t delivered = 0;  // frames given out before it
 };
 
-/// The longest gaps of one kind, as many as it was made for. Allocates only when it is made.
+/// The longest gaps of one kind, up to a fixed number. Allocates only in its constructor.
 class GapRecord {
  public:
   explicit GapRecord(std::size_t kept);

@@ -7,7 +7,7 @@
 
 namespace tolvane::simulator {
 
-/// The traffic of a bus as an adapter at another rate meets it: an error where a frame is.
+/// The traffic of a bus as an adapter with a wrong bit rate sees it: each frame is an error.
 class GarbledSource : public BusSource {
  public:
   explicit GarbledSource(std::unique_ptr<BusSource> inner) : inner_(std::move(inner)) {}

@@ -1,5 +1,5 @@
-// The exports of the simulated IFCan.dll. Only they know Windows and the calling convention; what
-// they do is IfcanBench.
+// The exports of the simulated IFCan.dll. Only this file knows Windows and the calling convention;
+// the behaviour is in IfcanBench.
 
 #include <cstdint>
 #include <type_traits>

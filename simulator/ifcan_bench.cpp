@@ -41,7 +41,7 @@ std::int32_t BitRate(std::int32_t code) {
   return 0;
 }
 
-/// Normal or listening; bit 31 is about sending.
+/// Normal or listen-only. Bit 31 concerns sending and is ignored.
 bool IsMode(std::int32_t mode) { return (mode & INT32_MAX) <= kListenOnly; }
 
 bool MayLackPort(std::string_view call) {
@@ -99,7 +99,7 @@ std::int32_t IfcanBench::Open(const std::string& name) {
   return port->handle = handle;
 }
 
-/// What the script says for a call on an open port, else what `action` does.
+/// The result of a call on an open port: the scripted one, otherwise that of `action`.
 template <typename Action>
 std::int32_t IfcanBench::OnPort(std::string_view call, std::int32_t handle, Action action) {
   Port* const port = FindOpen(handle);
@@ -157,7 +157,7 @@ std::int32_t IfcanBench::CanActivate(std::int32_t handle) {
 std::int32_t IfcanBench::Activate(Port& port) {
   constexpr std::string_view kCall = "CanActivate";
   if (port.tap != nullptr) return bench_->Refuse(kCall, "the port is active", kCannotAccess);
-  // A program cannot help a configuration that the script refuses.
+  // Not a fault of the program when the script has refused its configuration.
   if (!port.configured && port.config_asked) return kInvalidParameter;
   if (!port.configured) return bench_->Refuse(kCall, "never configured", kInvalidParameter);
   if (!IsMode(port.config.mode)) return bench_->Refuse(kCall, "no such mode", kInvalidParameter);
@@ -193,8 +193,8 @@ std::int32_t IfcanBench::CanReceiveMessage(std::int32_t handle, platform::IfcanM
                 [&](Port& port) { return Receive(port, message, count); });
 }
 
-/// `count` comes back as the number of frames, so a program that leaves it alone has none the next
-/// time.
+/// `count` is set to the number of frames read, so a program that does not set it back to 1 reads
+/// nothing the next time.
 std::int32_t IfcanBench::Receive(Port& port, platform::IfcanMessage& message, std::int32_t& count) {
   constexpr std::string_view kCall = "CanReceiveMessage";
   if (count != 1) return bench_->Refuse(kCall, "the room is not one record", kInvalidParameter);

@@ -10,11 +10,12 @@
 
 namespace tolvane::simulator {
 
-/// IFCan.dll over the bench. A port is on the bus between activation and deactivation, and can be
-/// opened once at a time. Its configuration is the bench file's again with every open; what is
-/// written is judged by the activation, and without any there is none. A handle is the lowest free
-/// number, from 0. The handle of a port that did not open, -1, is no fault where a program that
-/// tests only the configuration brings it: there, and in deactivation and close.
+/// IFCan.dll on the bench. A port is on the bus between activation and deactivation, and can be
+/// opened only once at a time. Each open resets its configuration to that of the bench file. A
+/// configuration that was written is checked by the activation; if none was written, activation
+/// fails. A handle is the lowest free number, from 0. The handle -1, of a port that did not open,
+/// is not a fault in CanGetConfig, CanDeactivate and CanClosePort: a program that checks only the
+/// result of CanGetConfig calls these.
 class IfcanBench : public platform::IfcanLibrary {
  public:
   explicit IfcanBench(std::unique_ptr<Bench> bench);

@@ -11,7 +11,7 @@ namespace {
 constexpr std::int64_t kSecondUs = 1'000'000;
 constexpr std::int64_t kFastest = 10'000'000;  // frames or bits per second
 
-/// a * b / c for a count that may grow for years: exact, without the overflow of a * b.
+/// a * b / c, exact and without overflow of a * b, even for a count that grows for years.
 constexpr std::int64_t Scale(std::int64_t a, std::int64_t b, std::int64_t c) {
   return a / c * b + a % c * b / c;
 }

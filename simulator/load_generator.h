@@ -6,7 +6,7 @@
 
 namespace tolvane::simulator {
 
-/// What a generated load looks like. Every number is usable; those out of range are cut to it.
+/// What a generated load looks like. Numbers out of range are clamped.
 struct LoadPlan {
   enum class Content : std::uint8_t {
     kCounter,  // the frame's number from 0, low byte first
@@ -25,8 +25,8 @@ struct LoadPlan {
   Content content = Content::kCounter;
 };
 
-/// A seeded load. Frame n (from 0) follows from the plan and n alone, so that a test can compute
-/// what must have arrived.
+/// A seeded load. Frame n (from 0) depends only on the plan and n, so a test can compute what must
+/// have arrived.
 class LoadGenerator : public BusSource {
  public:
   explicit LoadGenerator(const LoadPlan& plan);

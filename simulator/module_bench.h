@@ -5,13 +5,14 @@
 
 #include "simulator/bench.h"
 
-/// In front of each function that a simulated library exports.
+/// Marks a function that a simulated library exports.
 #define SIMULATED_EXPORT extern "C" __declspec(dllexport)
 
 namespace tolvane::simulator {
 
-/// The bench of the library that this is linked into: the file that the environment variable
-/// TOLVANE_BENCH names, else tolvane-bench.ini beside the library, else the default bench.
+/// The bench of the library that this is linked into: from the file named by the environment
+/// variable TOLVANE_BENCH, or else from tolvane-bench.ini next to the library, or else the default
+/// bench.
 std::unique_ptr<Bench> LoadModuleBench(std::string_view library);
 
 }  // namespace tolvane::simulator

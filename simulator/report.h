@@ -11,7 +11,7 @@
 
 namespace tolvane::simulator {
 
-/// Puts one library call together: canusb_Open("TV100001", "500", 0, -1, 1) = 1001.
+/// Builds the text of a library call: canusb_Open("TV100001", "500", 0, -1, 1) = 1001.
 class CallLine {
  public:
   explicit CallLine(std::string_view call) : line_(call) { line_ += '('; }
@@ -27,8 +27,8 @@ class CallLine {
   bool first_ = true;
 };
 
-/// What happened, a line at a time, each preceded by the library's name. A reader may look at the
-/// file while the program runs.
+/// A log of what happened, line by line, each line starting with the library's name. The file can
+/// be read while the program runs.
 class Report {
  public:
   /// `out` null: nothing is kept.
@@ -39,8 +39,8 @@ class Report {
 
   void Line(std::string_view line);
 
-  /// "fault: WHAT" for a call that a program must not make, or not now. One that comes again and
-  /// again, as of a read, is told once.
+  /// Writes "fault: WHAT" for a call that a program must not make, or not now. The same fault
+  /// several times in a row, as from reads, is written once.
   void Fault(std::string_view what);
 
   /// "end TV100001 delivered=N" once an adapter has given out all that its bus brings. A fault that
@@ -48,8 +48,8 @@ class Report {
   void End(std::string_view adapter, std::int64_t delivered);
 
   /// The summary of one stretch on the bus:
-  /// "run TV100001 reads=N delivered=N dropped=N longest_gap_ms=N.NNN queue_high_water=N", and
-  /// behind it a line "gap TV100001 behind=frame ms=N.NNN delivered=N" for each gap that is kept.
+  /// "run TV100001 reads=N delivered=N dropped=N longest_gap_ms=N.NNN queue_high_water=N", then a
+  /// line "gap TV100001 behind=frame ms=N.NNN delivered=N" for each gap that is kept.
   void Run(std::string_view adapter, const TapCounts& counts);
 
  private:

@@ -38,7 +38,7 @@ std::vector<const IniFile::Entry*> SectionReader::LookAtCalls() {
 
 void SectionReader::Complain(const IniFile::Entry& entry, std::string_view why) {
   std::string problem = Describe(entry, why);
-  // A general value that every section trips over is one problem.
+  // A bad value in the general section is reported once, not once for each section that uses it.
   for (const std::string& known : problems_) {
     if (known == problem) return;
   }

@@ -12,8 +12,8 @@
 
 namespace tolvane::simulator {
 
-/// Takes the values of an ini file by name, and remembers which were asked for. A value that
-/// cannot be read leaves its target as it was and becomes a problem.
+/// Reads the values of an ini file by name, and remembers which were asked for. A value that cannot
+/// be read leaves its target unchanged and is reported as a problem.
 class SectionReader {
  public:
   /// `ini` outlives the reader.
@@ -46,13 +46,13 @@ class SectionReader {
     Complain(*entry, "no such choice");
   }
 
-  /// The entry, null when there is none; for values of a form of their own.
+  /// The entry, null when there is none; for values with a special form.
   const IniFile::Entry* Look(std::string_view key);
   /// All entries of the entered sections whose key begins with "can" in any case of the "c".
   std::vector<const IniFile::Entry*> LookAtCalls();
   void Complain(const IniFile::Entry& entry, std::string_view why);
 
-  /// Everything that was wrong, unasked keys last.
+  /// Everything that was wrong; keys that nothing asked for come last.
   std::vector<std::string> Problems() const;
 
  private:

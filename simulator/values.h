@@ -10,8 +10,8 @@ namespace tolvane::simulator {
 /// The text without blanks, tabs and carriage returns at both ends.
 std::string_view Trim(std::string_view text);
 
-/// Decimal or 0x hexadecimal, with an optional minus sign; nothing else may follow. Values up to
-/// 64 unsigned bits come back as their 64-bit pattern.
+/// Decimal or 0x hexadecimal, with an optional minus sign; nothing else may follow. Unsigned values
+/// above the signed range are returned as the same 64 bits.
 std::optional<std::int64_t> ParseInteger(std::string_view text);
 
 /// A decimal number such as 2.5; nothing else may follow, and it must be finite.

@@ -121,8 +121,8 @@ bool Vehicle::Next(BusFrame& frame) {
   return true;
 }
 
-/// Of those who wait when the bus is free, the lowest identifier wins, and of one number in both
-/// formats the standard frame, which stands first.
+/// When the bus is free, the waiting message with the lowest identifier wins. Of a standard and an
+/// extended frame with the same number the standard one wins; it comes first in the list.
 Vehicle::Sender& Vehicle::Winner(std::int64_t bus_us) {
   const auto earlier = [bus_us](const Sender& sender) { return sender.due_us <= bus_us; };
   const auto winner = std::ranges::min_element(senders_, [&](const Sender& a, const Sender& b) {

@@ -9,9 +9,9 @@
 
 namespace tolvane::simulator {
 
-/// The built-in vehicle: some sixty messages at 10 to 1,000 ms on a 500 kbit/s bus, with
-/// counters, checksums, drifting values and states; one message that stops for seconds now and
-/// then and one whose cycle wavers. The same frames at the same times for the same seed.
+/// The built-in vehicle: about sixty messages at 10 to 1,000 ms on a 500 kbit/s bus, with counters,
+/// checksums, drifting values and states, one message that sometimes stops for seconds and one
+/// whose cycle varies. The same seed gives the same frames at the same times.
 class Vehicle : public BusSource {
  public:
   /// What a message does about its cycle.
@@ -38,7 +38,7 @@ class Vehicle : public BusSource {
   static constexpr std::int64_t kSilentUs = 3'000'000;
 
   /// In the extended format identifier 123 becomes 18123021. With both, all messages are standard,
-  /// and every third one has a twin: extended frames of the same number, with values of their own.
+  /// and every third one also has extended frames with the same number and different values.
   Vehicle(std::uint64_t seed, IdFormat format);
 
   bool Next(BusFrame& frame) override;

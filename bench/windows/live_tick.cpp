@@ -6,7 +6,7 @@ namespace tolvane::bench {
 namespace {
 
 constexpr double kCycle = 100;       // ms
-constexpr std::int32_t kLit = 3000;  // ms that a byte's light still has
+constexpr std::int32_t kLit = 3000;  // ms for which a byte stays highlighted
 constexpr Bytes8 kData = {0x08, 0x91, 0xA2, 0xB3, 0xC4, 0xD5, 0xE6, 0xF7};
 
 }  // namespace

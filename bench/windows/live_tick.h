@@ -6,14 +6,14 @@
 
 namespace tolvane::bench {
 
-/// The program's own tick of a run of FormBG, with its timer, its event loop and its support
-/// library, over a table of 11-bit rows that each have one lit byte.
+/// The program's tick in a run of FormBG, with its timer, event loop and support library, on a
+/// table of 11-bit rows with one highlighted byte each.
 class LiveTick {
  public:
   LiveTick(std::int16_t rows, platform::Timer& timer, platform::SupportLibrary& qxt100,
            platform::EventLoop& events, platform::RichTextView& view);
 
-  /// Gives every row a frame, and its first byte the light that it keeps for the coming tick.
+  /// Gives every row a frame and highlights its first byte for the next tick.
   void Receive();
   /// One whole tick: compose, colours, swap, paint.
   void Tick() { tick_.TimerBackView_Timer(bed_.device); }

@@ -30,7 +30,7 @@ bool RichEditBaseline::Create(HWND like) {
   RECT client{};
   GetClientRect(window_, &client);
   MoveWindow(visible_.Hwnd(), 0, 0, client.right, client.bottom, FALSE);
-  // In the baseline's favour: nothing is told to the parent, nothing kept for an undo.
+  // In the baseline's favour: no notifications to the parent and no undo.
   for (const auto* view : {&hidden_, &visible_}) {
     SendMessageW(view->Hwnd(), EM_SETEVENTMASK, 0, 0);
     SendMessageW(view->Hwnd(), EM_SETUNDOLIMIT, 0, 0);
@@ -67,7 +67,7 @@ void RichEditBaseline::PaintRegion(const platform::ColourRun& run) const {
 void RichEditBaseline::Tick() {
   SetWindowTextW(hidden_.Hwnd(), Wide(text_));
   for (const platform::ColourRun& run : regions_) PaintRegion(run);
-  // A page that did not arrive is seen by Shows.
+  // Shows checks that the page has arrived.
   static_cast<void>(StreamIn(visible_.Hwnd(), StreamOut(hidden_.Hwnd(), SF_RTF)));
   UpdateWindow(visible_.Hwnd());
 }

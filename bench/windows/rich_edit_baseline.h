@@ -7,11 +7,11 @@
 namespace tolvane::bench {
 
 /// The baseline, not a part of the program: a tick on two rich edit controls. The page's text is
-/// set on a hidden one, each region is selected and coloured there, and its rich text goes out of
-/// it and into the visible one. Both are set up as the program's own control is.
+/// set in a hidden one, each region is selected and coloured there, and its rich text is then
+/// copied to the visible one. Both are set up like the program's control.
 ///
-/// The controls are new for each tick: emptying them of the last page takes longer
-/// than the whole tick, and that is left out in the baseline's favour.
+/// The controls are new for each tick: emptying them of the last page takes longer than the tick
+/// itself, and is left out in the baseline's favour.
 class RichEditBaseline {
  public:
   explicit RichEditBaseline(platform::CodePage& code_page);

@@ -1,5 +1,5 @@
-// tick_compare QXT100-DLL ROUNDS: the live tick in the program's main window and, beside it in the
-// same run, the rich-edit baseline on the same page. Prints lines of a name, a tab and a number;
+// tick_compare QXT100-DLL ROUNDS: measures the live tick in the program's main window and, in the
+// same run, the rich-edit baseline with the same page. Prints lines of a name, a tab and a number;
 // times are medians in microseconds.
 #include <algorithm>
 #include <cstdio>

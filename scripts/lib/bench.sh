@@ -4,7 +4,7 @@
 # shellcheck disable=SC2154 # opt is from options.sh
 : "${build:?common.sh comes first}"
 
-# bench_options IDS-TEXT CLOCK-START: those that every run on the bench takes.
+# bench_options IDS-TEXT CLOCK-START: the options that every run on the bench has.
 bench_options() {
   option adapter A "canusb|interface|kvaser" canusb "the adapter that is plugged in: canusb, interface or kvaser"
   option ids BITS "11|29|both" "" "$1"
@@ -13,7 +13,7 @@ bench_options() {
 ticks; CANUSB's starts over at 60,000, the upper half of Interface's and Kvaser's range is negative"
 }
 
-# The libraries stand where the program looks for a vendor's.
+# Copies the libraries to where the program looks for the vendors' libraries.
 bench_install() {
   local arch=$1
   cp "$build/windows-$arch/simulator/"*.dll "$WINEPREFIX/drive_c/windows/system32/"
@@ -45,7 +45,7 @@ bench_write() {
   } >"$file"
 }
 
-# bench_judges FILE: what the libraries of the bench FILE refused, or saw left undone, is a failure.
+# bench_judges FILE: fails when the libraries of the bench FILE reported a fault of the program.
 bench_judges() {
   local report=${1%.ini}-report.txt faults
   [ -s "$report" ] || fail "the simulated libraries left no report in $report"

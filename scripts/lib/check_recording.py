@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""Tells what a recording holds, or in one sentence why it cannot be played."""
+"""Prints what a recording contains, or in one sentence why it cannot be played."""
 
 import argparse
 import collections
@@ -24,7 +24,7 @@ def summary(recording: rec.Recording) -> str:
 
 
 def duration(frames: list[rec.Frame], times: int) -> int:
-    """From the first frame to the last of a recording that is played so many times over, in µs."""
+    """From the first frame to the last when the recording is played so many times, in µs."""
     return (times - 1) * rec.pass_length(frames) + frames[-1].microseconds
 
 

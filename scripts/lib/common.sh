@@ -28,10 +28,10 @@ fail() {
   exit 1
 }
 
-# run_python SCRIPT ARGS: one of the project's own, named from the project's folder.
+# run_python SCRIPT ARGS: runs one of the project's scripts, given by its path in the project.
 run_python() { "$root/scripts/lib/python-run" "$root/$1" "${@:2}"; }
 
-# as_root COMMAND ARGS: package set-up alone needs this.
+# as_root COMMAND ARGS: needed only for packages and Debian roots.
 as_root() {
   if [ "$(id -u)" -eq 0 ]; then
     "$@"
@@ -49,7 +49,7 @@ need_folder() {
   fi
 }
 
-# need_build_folder: before anything is installed, built or started.
+# need_build_folder: checks the build folder, before anything is installed, built or started.
 need_build_folder() {
   local cache home
   need_folder "$build" "copy the project to a place where you may write, and start again there"

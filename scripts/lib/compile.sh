@@ -1,4 +1,4 @@
-# Configuring and building a preset, quietly: the output stands in a file and is shown on failure.
+# Configuring and building a preset, quietly: the output goes to a file and is shown on failure.
 # shellcheck shell=bash
 : "${build:?common.sh comes first}" "${root:?}"
 # shellcheck source=lock.sh
@@ -15,7 +15,7 @@ quietly() {
   fi
 }
 
-# cmake_alone PRESET LOG CMAKE-ARGUMENTS: one CMake at a time works in a preset's folder, and a second script
+# cmake_alone PRESET LOG CMAKE-ARGUMENTS: only one CMake works in a preset's folder at a time; a second script
 # waits for it.
 cmake_alone() (
   lock_alone "$build/$1.lock" "builds in $build/$1 too"
@@ -52,7 +52,7 @@ build_program() {
   build_preset "$preset" program "${@:2}" || fail "the program for Windows ($1) cannot be built"
 }
 
-# is_built PRESET TARGET...: nothing would be done to build these.
+# is_built PRESET TARGET...: true when these are built and up to date.
 is_built() {
   (cd "$root" && cmake --build --preset "$1" --target "${@:2}" -- -n 2>/dev/null) |
     grep -q 'no work to do'

@@ -10,8 +10,8 @@ debian_root_path=/usr/local/sbin:/usr/local/bin:/usr/sbin:/usr/bin:/sbin:/bin
 debian_root_rights=()
 [ "$(id -u)" -eq 0 ] || debian_root_rights=(sudo)
 
-# debian_root_obstacle: prints why no root can be made or entered here, nothing when it can. What could
-# be forbidden is tried.
+# debian_root_obstacle: prints why no root can be made or entered here, nothing when it can. Operations that
+# may be forbidden are tried.
 debian_root_obstacle() {
   local said probe
   if [ "$(id -u)" -ne 0 ]; then
@@ -47,21 +47,21 @@ debian_root_make() {
 debian_root_archive() {
   local arch=$1 folder=$2 archive=$3 link
   say "making a bare Debian root for $arch, a minute or two; it is kept as $archive"
-  # debootstrap does not cope with a blank in the folder's path.
+  # debootstrap fails when the folder's path has a blank in it.
   link=$(mktemp -d)
   ln -s "$folder" "$link/root"
   as_root debootstrap --variant=minbase --arch="$arch" "$debian_release" "$link/root" \
     >"$debian_root_log" 2>&1 || { rm -r "$link"; return 1; }
   rm -r "$link"
-  # Nobody misses the root when the power fails, and without waiting for the disk packages are installed
-  # several times as fast.
+  # The root need not survive a power failure, and packages are installed several times as fast without
+  # waiting for the disk.
   as_root tee "$folder/etc/dpkg/dpkg.cfg.d/unsafe-io" <<<force-unsafe-io >/dev/null
   as_root chroot "$folder" /usr/bin/env PATH="$debian_root_path" apt-get clean
   as_root tar --directory "$folder" --numeric-owner -cf - . >"$archive.new" 2>>"$debian_root_log" &&
     mv "$archive.new" "$archive" && debian_root_remove "$folder" && mkdir "$folder"
 }
 
-# debian_root_network FOLDER: names and package servers are reached as they are on this machine.
+# debian_root_network FOLDER: gives the root this machine's name resolution and settings for package servers.
 debian_root_network() {
   local file
   for file in resolv.conf hosts; do
@@ -95,9 +95,8 @@ debian_root_install() {
 }
 
 # debian_root_enter [--offline] [--user USER[:GROUP]] [--bind PATH]... FOLDER [NAME=VALUE...] COMMAND ARGS:
-# runs a command in the root as root, or as the user, with the paths at hand under their own names. Its
-# status is the command's. Nothing runs or is mounted there any more afterwards, nor when the script ends
-# before.
+# runs a command in the root as root, or as the user, with the given paths mounted at the same place. The status
+# is that of the command. Afterwards nothing runs or is mounted there any more, even when the script ends early.
 debian_root_enter() {
   local namespaces=(--mount --pid --fork --kill-child) user=0:0 paths=() folder code=0
   while [[ $1 == --* ]]; do

@@ -1,4 +1,4 @@
-"""Modules from Debian's packages, which belong to Debian's own Python; another may stand before it in PATH."""
+"""Modules from Debian's packages, which only Debian's own Python has; another Python may come first in PATH."""
 
 import importlib.util
 import os
@@ -9,7 +9,7 @@ DEBIANS_PYTHON = "/usr/bin/python3"
 
 
 def has(module: str) -> bool:
-    """Whether the module is there. Starts the script over with Debian's Python when this one lacks it."""
+    """Whether the module is there. If this Python lacks it, starts the script again with Debian's."""
     if importlib.util.find_spec(module) is not None:
         return True
     if sys.executable == DEBIANS_PYTHON or not os.path.exists(DEBIANS_PYTHON):

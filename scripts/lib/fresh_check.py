@@ -18,7 +18,7 @@ LEAST_WIDTH, LEAST_HEIGHT, LEAST_COLOURS = 900, 600, 20
 
 
 class Wrong(Exception):
-    """What is wrong, in one sentence."""
+    """A problem, described in one sentence."""
 
 
 def need(condition: bool, sentence: str) -> None:

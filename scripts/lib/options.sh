@@ -1,6 +1,6 @@
-# The options of a script, each declared once: what it may be, its default, and what the usage says of it.
-# Values stand in opt[NAME], the last one when an option is named more than once. given[NAME] is there when
-# the caller named the option, and holds all its values, each with a blank behind it.
+# The options of a script, each declared once: its allowed values, its default and its text in the usage.
+# opt[NAME] is the value, the last one when an option is given more than once. given[NAME] is set when the caller
+# gave the option, and has all its values, each followed by a blank.
 # shellcheck shell=bash
 : "${command_name:?common.sh comes first}"
 
@@ -20,14 +20,14 @@ flag() {
   usage_line "--$1" "$2"
 }
 
-# argument NAME TEXT: one word without an option's name may be there, opt[NAME].
+# argument NAME TEXT: one word that belongs to no option is allowed, opt[NAME].
 argument() {
   argument_name=$1 opt[$1]=""
   usage_line "${1^^}" "$2"
 }
 
-# takes_command TEXT: the first word that belongs to no option begins a command, which must be there; TEXT is
-# what the usage calls it. It stands with its own words and options in command_words.
+# takes_command TEXT: the first word that belongs to no option begins a command, which is required; TEXT is its
+# name in the usage. command_words has the command with its own words and options.
 takes_command() { command_text=$1; }
 
 usage_line() {

@@ -1,4 +1,4 @@
-# The one list of Debian packages that the project needs, in groups, and their installation.
+# The only list of Debian packages that the project needs, in groups, and their installation.
 # shellcheck shell=bash
 # shellcheck disable=SC2034 # the lists are read through ${!list}
 : "${build:?common.sh comes first}"
@@ -51,13 +51,13 @@ missing_packages() {
   printf '%s\n' "${missing# }"
 }
 
-# need_packages GROUP...: installs what misses, after saying so.
+# need_packages GROUP...: installs what is missing, after saying so.
 need_packages() {
   [ -z "$(missing_packages "$@")" ] || install_missing "$@" || exit 1
   case " $* " in *" run "*) need_japanese_locale ;; esac
 }
 
-# install_missing GROUP...: one script at a time. What another one has installed meanwhile misses no more.
+# install_missing GROUP...: one script at a time. Packages that another script has just installed are left out.
 install_missing() (
   lock_alone "$build/packages.lock" "installs packages too"
   log=$build/packages.log

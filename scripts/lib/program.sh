@@ -1,15 +1,15 @@
-# The real program in a folder of its own, driven by tolvane_drive.
+# The real program in its own folder, driven by tolvane_drive.
 # shellcheck shell=bash
 : "${build:?common.sh comes first}"
 
-# program_install FOLDER: the built program there, beside settings and logs that stand there already.
+# program_install FOLDER: copies the built program there; settings and logs in the folder are kept.
 program_install() {
   mkdir -p "$1"
   cp "$build/windows-x64/program/"{Tolvane.exe,qxt100.dll} "$1/"
 }
 
-# program_folder FOLDER: a fresh folder with the program, $folder, for a run by itself. It stays when the run
-# fails, until the next one.
+# program_folder FOLDER: makes a fresh folder with the program, $folder, for an unattended run. When the run fails
+# the folder is kept until the next run.
 program_folder() {
   folder=$1
   rm -rf "$folder"
@@ -17,7 +17,7 @@ program_folder() {
   at_exit program_folder_end
 }
 
-# Whoever interrupts a run wants nothing of it.
+# An interrupted run leaves nothing.
 # shellcheck disable=SC2154 # run_at_exit sets exit_status
 program_folder_end() {
   case $exit_status in
@@ -26,8 +26,8 @@ program_folder_end() {
   esac
 }
 
-# program_start FOLDER: starts it without waiting; it is awaited as $program, does not hear Ctrl-C, and ends
-# with the script, even when nothing of the script is left to end it.
+# program_start FOLDER: starts it without waiting; $program is its process. It ignores Ctrl-C, and ends with the
+# script, even when the script is killed.
 program_start() {
   (cd "$1" && drop_lock && exec setsid setpriv --pdeathsig KILL wine Tolvane.exe) &
   program=$!
@@ -47,8 +47,8 @@ drive_end() {
   wait "$program" || fail "the program ended with an error"
 }
 
-# drive_page FOLDER: the page's text and the window's picture there, page.txt and page.png, once both show
-# what a run leaves.
+# drive_page FOLDER: writes the page's text and the window's picture there, page.txt and page.png, and checks that
+# both show the page of a run.
 drive_page() {
   drive picture "Z:$1/page.bmp" -- text RTB_MainView "Z:$1/page.txt" || fail "the page cannot be saved"
   picture_convert "$1/page.bmp" "$1/page.png"

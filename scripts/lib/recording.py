@@ -34,7 +34,7 @@ LONE_PASS = 1_000_000
 
 
 class Refused(Exception):
-    """Why a recording is of no use, in one sentence."""
+    """Why a recording cannot be used, in one sentence."""
 
 
 class Frame(NamedTuple):
@@ -159,7 +159,7 @@ def page_frames(recording: Recording, ids: int) -> list[Frame]:
 
 
 def pass_length(frames: list[Frame]) -> int:
-    """From one beginning of a recording that is played over to the next, in µs: its length and one mean
+    """From one start of a repeated recording to the next, in µs: its length and one mean
     distance."""
     if len(frames) == 1:
         return LONE_PASS

@@ -3,7 +3,7 @@
 : "${build:?common.sh comes first}" "${root:?}"
 
 # own_recording NAME: the path of the recording car, boat or both, as its generator makes it now. Needs
-# python3. An equal one stays untouched, and a new one takes its place at one stroke: another run may
+# python3. An existing file is kept when it is equal, and otherwise replaced in one step, since another run may
 # be playing it.
 own_recording() (
   file=$build/recordings/$1.log

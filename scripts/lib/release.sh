@@ -1,14 +1,13 @@
 # The parts of a release: the program built from nothing, its debug symbols, the manual, the archives.
 #
-# Everything is made in folders of its own. The ordinary build folders hold what the last runs left there,
-# objects of a compiler cache and a developer's own flags, so their program need not be the one that the
-# commit makes.
+# Everything is built in separate folders. The ordinary build folders may contain leftovers of earlier builds,
+# objects of a compiler cache and a developer's own flags, so their program may differ from that of the commit.
 # shellcheck shell=bash
 : "${build:?common.sh comes first}" "${root:?}" "${files:?}" "${seconds:?}"
 
 release_files="Tolvane.exe qxt100.dll"
 
-# unswayed COMMAND ARGS: without the caller's flags, caches, zone and language.
+# unswayed COMMAND ARGS: runs it without the caller's compiler flags, caches, time zone and language.
 unswayed() {
   env -i PATH="$PATH" HOME="$HOME" LC_ALL=C.UTF-8 TZ=UTC SOURCE_DATE_EPOCH="$seconds" "$@"
 }

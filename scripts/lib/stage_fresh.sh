@@ -1,8 +1,8 @@
-# The stage `fresh`: the commands that a stranger meets first, in a minimal Debian that has nothing but a
-# clone of the project, at a path with a blank in it, from an empty environment.
+# The stage `fresh`: the commands that a new user tries first, in a minimal Debian that has only a clone of
+# the project, at a path with a blank in it, with an empty environment.
 #
-# Packages come anew each time, so that one which is missing in lib/packages.sh is missed here. What is
-# checked is the last commit: a clone has nothing else.
+# Packages are installed from scratch each time, so that a package missing in lib/packages.sh is noticed. The last
+# commit is checked: a clone has nothing else.
 # shellcheck shell=bash
 : "${root:?common.sh comes first}" "${packages_fresh_root:?packages.sh}" "${failed:?stages.sh}" "${results:?}"
 # shellcheck source=debian_root.sh
@@ -91,7 +91,7 @@ fresh_check() { run_python scripts/lib/fresh_check.py "$@"; }
 # What the last command in the root said.
 fresh_said=$results/fresh-said.txt
 
-# A stranger is told what happens, and nothing else.
+# The output says what happens, and nothing else.
 fresh_first_demo() {
   fresh_run "$fresh_project/scripts/demo" --seconds 5 2>&1 | tee "$fresh_said" || return
   ! grep -v '^-- ' "$fresh_said"

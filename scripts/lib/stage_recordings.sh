@@ -7,8 +7,8 @@ source "$root/scripts/lib/recordings.sh"
 # Seconds after which a script that plays a recording is stuck; one takes half a minute to two.
 stuck=600
 
-# A car's and a boat's recorded traffic, which not everyone has. Where it lies beside the checkout it is
-# played as well.
+# Recorded traffic of a car and a boat, which not everyone has. If it is next to the checkout, it is played
+# too.
 recorded_car=$root/../shared/data/car-11bit.log
 recorded_boat=$root/../shared/data/boat-29bit.log
 

@@ -1,5 +1,5 @@
 # The stages of scripts/test. A stage adds to the three counts; one that cannot be built counts as one
-# failure, and the next stage runs all the same.
+# failure, and the next stage still runs.
 # shellcheck shell=bash
 : "${build:?common.sh comes first}" "${root:?}"
 
@@ -138,13 +138,13 @@ build_all() {
 }
 
 # build_before_commands [TARGET...]: the program, what drives it, and the Wine prefix that all others are
-# copied from, so that no command's limit of time includes the making of these.
+# copied from, so that no command's time limit includes building these.
 build_before_commands() {
   (build_program x64 tolvane_drive "$@") || { count_failed "the program cannot be built"; return 1; }
   need_wine
 }
 
-# Entries of ctest that are no unit tests. Those of the soak stand together as one until they are built.
+# Entries of ctest that are not unit tests. Those of the soak count as one entry until they are built.
 other_entries='^(floors|docs|scripts|traffic|window|release|fuzz)\.|^window_tests$|(^|/)Soak|^soak_tests_NOT_BUILT'
 
 stage_checks() {
@@ -180,12 +180,12 @@ stage_fuzz() {
 }
 
 stage_soak() {
-  # What is measured by hand changes with what it measures, and no other stage compiles it.
+  # The programs for measuring by hand depend on the code they measure, and no other stage compiles them.
   build_all native soak_tests tolvane_soak benchmarks && run_ctest soak native -j2 -R '(^|/)Soak'
 }
 
-# can_have COMMAND ARGS: whether it succeeds, tried in a shell of its own: what ends a script there ends no
-# other stage, and what it starts is ended again.
+# can_have COMMAND ARGS: whether it succeeds. It runs in a subshell, so a failure there does not end the other
+# stages, and everything it starts is ended again.
 can_have() {
   (
     # shellcheck disable=SC2034 # for run_at_exit
@@ -195,7 +195,7 @@ can_have() {
   )
 }
 
-# Wine and the X server stand from the first stage that needs them to the end of the script.
+# Wine and the X server run from the first stage that needs them to the end of the script.
 need_wine() {
   [ -z "${wine_lock:-}" ] || return 0
   # shellcheck source=wine.sh

@@ -30,7 +30,7 @@ def outcome_of_entry(entry: xml.Element) -> str:
     status, skipped = entry.get("status"), entry.find("skipped")
     if status == "run":
         return "passed"
-    # A binary that was not built is "notrun" too, and no skipped test.
+    # A binary that was not built is "notrun" too, which is a failure and not a skipped test.
     if status == "notrun" and skipped is not None and "Unable" in skipped.get("message", ""):
         return "failed"
     return "skipped" if status in ("notrun", "disabled") else "failed"
@@ -55,7 +55,7 @@ def add_entry(tally: Tally, entry: xml.Element, folder: pathlib.Path | None) -> 
              for case in xml.parse(report).getroot().iter("testcase")]
     for case in cases:
         tally.add(*case)
-    # The binary failed although no case says so: it crashed or ran out of time on its way.
+    # The binary failed although no case did: it crashed or ran out of time.
     if outcome == "failed" and all(result != "failed" for _, result in cases):
         tally.add(name, "failed")
 

@@ -1,4 +1,4 @@
-# A run of the program by itself: on an X server of our own, one such run at a time.
+# Unattended runs of the program: on an X server of our own, one run at a time.
 # shellcheck shell=bash
 : "${build:?common.sh comes first}" "${root:?}"
 
@@ -19,19 +19,19 @@ source "$root/scripts/lib/settings.sh"
 # shellcheck source=recordings.sh
 source "$root/scripts/lib/recordings.sh"
 
-# need_recording FILE IDS [--comparable page|logs]: says what the recording holds, or ends the script with a sentence
-# when that is nothing for a program with identifiers of so many bits, or nothing to compare with. IDS is that of
-# the options, or `unknown`.
+# need_recording FILE IDS [--comparable page|logs]: prints what the recording contains, or ends the script with a
+# message when it has no frames for a program with identifiers of so many bits, or cannot be compared with. IDS is
+# the value of the option, or `unknown`.
 need_recording() {
   local summary line
   [ -e "$1" ] || fail "there is no recording $1"
-  # Who names a wrong file waits for the installation of Python at most, and not for that of the compilers.
+  # A wrong file is reported after the installation of Python at most, before that of the compilers.
   command -v python3 >/dev/null || need_packages recordings
   summary=$(run_python scripts/lib/check_recording.py --ids "$2" "${@:3}" -- "$1") || exit 1
   while IFS= read -r line; do say "$line"; done <<<"$summary"
 }
 
-# run_prepare NAME: the session and $folder, which has the program.
+# run_prepare NAME: starts the session and makes $folder with the program.
 run_prepare() {
   wine_session_alone
   program_folder "$stand/runs/$1${TOLVANE_DPI:+-$wine_dpi}"
@@ -39,11 +39,11 @@ run_prepare() {
   export TOLVANE_BENCH="Z:$folder/bench.ini"
 }
 
-# build_for_runs [TARGET...]: the program, what drives it, and what else a run needs.
+# build_for_runs [TARGET...]: builds the program, tolvane_drive and the given targets.
 # shellcheck disable=SC2120 # one script names a target
 build_for_runs() { build_program x64 tolvane_drive "$@"; }
 
-# choose_recording page|logs: $recording is the one that the argument of that name tells, or one of our own with
+# choose_recording page|logs: sets $recording to the script's argument or, without one, to one of our own with
 # identifiers of so many bits. The page or the logs of its run will be compared with it.
 choose_recording() {
   if [ -n "${opt[recording]}" ]; then

@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""Writes a zip file that depends on the files' names and bytes alone.
+"""Writes a zip file whose bytes depend only on the files' names and bytes.
 
 usage: write_zip.py ZIP FOLDER SECONDS
 

@@ -51,7 +51,7 @@ x86_make_root() {
   return "$code"
 }
 
-# A root made for another list of packages is made anew.
+# A root made for another list of packages is replaced.
 x86_root_ready() { [ "$(cat "$x86_root/tolvane-ready" 2>/dev/null)" = "$packages_x86_root" ]; }
 
 x86_root_anew() {

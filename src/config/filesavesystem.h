@@ -27,7 +27,7 @@ constexpr std::int32_t kConfigSaveError = -1;
                                           platform::CodePage& code_page,
                                           platform::MessageBox& message_box);
 
-/// Writes config.dat over what stands there; a longer file keeps its tail.
+/// Overwrites config.dat from its start; if the file was longer, its tail is kept.
 std::int32_t SaveConfigFile(const ELM327_Info& device, platform::FileServices& files,
                             platform::CodePage& code_page);
 

@@ -10,9 +10,9 @@
 
 namespace tolvane {
 
-/// A sequence of automation calls that stops at the first failure: from then on nothing reaches
-/// the server, and objects come out empty. The outcome is asked once, at the end. The time for
-/// waiting for a busy server is that of one sequence.
+/// A sequence of automation calls that stops at the first failure: after it nothing is sent to the
+/// server and every object is null. Ok() is checked once, at the end. The limit on waiting for a
+/// busy server holds for the sequence, not for each call.
 class AutomationSequence {
  public:
   using Object = std::unique_ptr<platform::AutomationObject>;

@@ -20,7 +20,7 @@ void CsvChannel::KeepForTheNextFlush() {
   try {
     unwritten_.emplace_back(builder_.Text());
   } catch (const std::bad_alloc&) {
-    return;  // it stays where it is, and the lines go on behind it as long as there is room
+    return;  // it stays where it is, and further lines are appended while there is room
   }
   unwritten_length_ += unwritten_.back().size();
   builder_.AllClear();

@@ -9,9 +9,9 @@
 
 namespace tolvane {
 
-/// The csv text of one channel. What a flush could not write stays ahead of the lines that follow,
-/// in pieces of its own: moving it to longer storage would hold up the reception, and take a block
-/// of memory that the x86 program does not have in one piece.
+/// The csv text of one channel. Text that a flush could not write is kept before the lines that
+/// follow, in separate pieces: copying it into longer storage would hold up reception, and would
+/// need a single block of memory that the x86 program may not have.
 class CsvChannel {
  public:
   CsvChannel() = default;
@@ -19,19 +19,19 @@ class CsvChannel {
     unwritten_.push_back(std::move(text));
   }
 
-  /// Room for `length` characters behind the text, null when the whole would pass `most` or there
-  /// is no memory. Take counts in what was written there.
+  /// Room for `length` characters after the text; null when the text would then be longer than
+  /// `most` or there is no memory. Take adds what was written there to the text.
   [[nodiscard]] char16_t* Reserve(std::size_t length, std::size_t most) {
     return Length() + length <= most ? builder_.Reserve(length) : nullptr;
   }
   void Take(std::size_t length) { builder_.Take(length); }
 
-  /// Whether there is a line at all: the zeros that 29-bit mode strays into a channel make none.
+  /// True when there is at least one line. The stray zeros of 29-bit mode alone are not a line.
   [[nodiscard]] bool HasLines() const;
   [[nodiscard]] bool WriteTo(platform::TextStream& stream) const;
   /// After a flush that did not write the text.
   void KeepForTheNextFlush();
-  /// Storage of the size of a usual channel stays for the next text.
+  /// Keeps the builder's storage for the next text.
   void AllClear();
 
  private:

@@ -11,7 +11,7 @@ namespace tolvane {
 
 constexpr std::size_t kCsvLine_MAX = 96;  // characters; the longest line has 87
 
-/// What stands between time and identifier in a line of 29-bit mode.
+/// The text between time and identifier in a line of 29-bit mode.
 [[nodiscard]] constexpr StringView CsvMark29(std::int32_t can_Flag) {
   return can_Flag == 1 ? StringView(u"* , ") : StringView(u"  , ");
 }
@@ -21,7 +21,7 @@ constexpr std::size_t kCsvLine_MAX = 96;  // characters; the longest line has 87
 std::size_t WriteCsvLine(const LogRecord& record, StringView mark, StringView identifier,
                          char16_t* line);
 
-/// Appends the same line for a row of the spreadsheet records, `with_mark` that of 29-bit mode.
+/// Appends the same line for a row of the spreadsheet records; `with_mark` is true in 29-bit mode.
 void AppendCsvLine(std::span<const String, LogTable::kColumns> row, bool with_mark, String& lines);
 
 }  // namespace tolvane

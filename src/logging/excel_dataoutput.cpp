@@ -34,8 +34,8 @@ void AppendFilledRows(std::span<const String> cells, bool with_mark, String& lin
   }
 }
 
-/// The lines that a csv log would have for a record table that is filled anew up to `counter`. What
-/// stands from there on a flush could not write: it is older.
+/// The csv lines of a record table. Rows below `counter` are new; the rows from `counter` on are
+/// older, left over from a flush that failed.
 String TableLines(std::span<const String> cells, std::int32_t counter, bool with_mark) {
   const std::size_t anew = static_cast<std::size_t>(counter) * LogTable::kColumns;
   String lines;
@@ -77,7 +77,7 @@ void Excel_OutputDB::Session_End_Output(ELM327_Info& device, String& FileName_Da
                                         String& FileName_No, const String& FolderName) {
   const bool is_spreadsheet = device.t_LogSaveFormat == kLogFormatSpreadsheet;
   if (!is_spreadsheet && device.t_LogSaveFormat != kLogFormatCsv) return;  // never written
-  if (is_spreadsheet) csv_DB_Initialize(0, device);  // such a log has made no header so far
+  if (is_spreadsheet) csv_DB_Initialize(0, device);  // a spreadsheet log has no csv header yet
   const platform::LocalTime now = services_.wall_clock.Now();
   const std::int32_t current = Excel_DB_ArayyCh == 1 ? 1 : 2;
   for (const std::int32_t channel : {3 - current, current}) {
@@ -111,7 +111,7 @@ String Excel_OutputDB::FreeLogPath(ELM327_Info& device, const platform::LocalTim
   if (date.View() == FileName_Date) number = FileNumber(FileName_No);
   NumberedPath found = FindFreePath(services_.files, folder + u"\\KL" + String(date.View()) + u'-',
                                     extension, number, events);
-  // Both together, behind the yields of the search: a flush in one of them begins at 1 as well.
+  // Both are set after the yields of the search, so a flush nested in one of those begins at 1 too.
   FileName_Date = date.View();
   FileName_No = FileNumberText(found.number).View();
   return std::move(found.path);

@@ -63,8 +63,8 @@ void Excel_OutputDB::csv_DataInput29(double now_time, std::int32_t can_ID, std::
     csv_DataTail(LogBuilder1, record, mark, LogID29Text(can_ID));
     return;
   }
-  // The zeros of channel 2 land in channel 1 and come out ahead of its next file. Readers of the
-  // logs know it so.
+  // In channel 2 the padding zeros go to channel 1 and appear at the start of its next file. This
+  // is kept on purpose: readers of the logs expect it.
   const StringView zeros = ZerosAhead29(can_ID);
   if (char16_t* const at = LogBuilder1.Reserve(kCsvLine_MAX, LogBuilder_MAX)) {
     LogBuilder1.Take(zeros.copy(at, zeros.size()));

@@ -31,10 +31,10 @@ class Excel_OutputDB {
   static constexpr std::int32_t kRow_MAX = LogTable::kRow_MAX;
   static constexpr std::int32_t kColumn_MAX = LogTable::kColumn_MAX;
 
-  /// Characters that a channel's csv text may have. Only a channel whose flushes keep failing, or
-  /// a log format that is never flushed, gets there; further lines are lost whole. A full bus of
-  /// the shortest frames outlasts 8 minutes, in the x86 program 2, where both channels take 400 MB
-  /// of the address space.
+  /// The most characters that a channel's csv text may have. It is reached only when flushes keep
+  /// failing or the log format is one that is never flushed; lines that do not fit are dropped. On
+  /// a full bus of the shortest frames that takes 8 minutes; in the x86 program 2, where both
+  /// channels then use 400 MB of the address space.
   static constexpr std::size_t kLogBuilder_MAX =
       std::size_t{sizeof(void*) == 8 ? 384 : 96} * 1024 * 1024;
 
@@ -48,7 +48,7 @@ class Excel_OutputDB {
   String str_bitrate;                                 // such as "500k bps"
   String hardware_information;                        // adapter text of the run
 
-  /// Clears counters and record tables; headers and csv texts stay as they are.
+  /// Clears counters and record tables; headers and csv texts are not touched.
   void Param_ALL_Clear();
 
   /// Blanks rows 0 to `Arayy1_MAX`, columns 0 to `Arayy2_MAX`.
@@ -57,8 +57,8 @@ class Excel_OutputDB {
     Arayy.Clear(Arayy1_MAX, Arayy2_MAX);
   }
 
-  /// Decides the subfolder of a run and makes it. False when a folder could not be made; then
-  /// `FolderName` is as it was.
+  /// Decides the subfolder of a run and makes it. False when a folder could not be made;
+  /// `FolderName` is then unchanged.
   [[nodiscard]] bool Get_SubFolder_Name(ELM327_Info& device, String& FolderName);
 
   /// 0 makes both headers from `device` and clears both builders, 1 and 2 clear one of them,
@@ -76,16 +76,16 @@ class Excel_OutputDB {
   void csv_DataInput29(double now_time, std::int32_t can_ID, std::int32_t can_DLC,
                        std::span<const std::uint8_t, 8> can_DATA, std::int32_t can_Flag);
 
-  /// Writes channel `Output_ch` to a new file. Any error ends the flush without a word: a csv
-  /// channel then keeps its records for the next flush, a spreadsheet table is filled anew.
-  /// `objExcel` is null when the run has no spreadsheet server. Yields once for each taken file
-  /// name, and once before the save of a workbook.
+  /// Writes channel `Output_ch` to a new file. Any error ends the flush silently: a csv channel
+  /// then keeps its records for the next flush, a spreadsheet table is overwritten from its first
+  /// row. `objExcel` is null when the run has no spreadsheet server. Yields once for each taken
+  /// file name, and once before the save of a workbook.
   void Excel_DataOutput(std::int32_t Output_ch, ELM327_Info& device,
                         platform::AutomationObject* objExcel, String& FileName_Date,
                         String& FileName_No, const String& FolderName);
 
-  /// Behind each record: when it was the current channel's last one, the channel is written as
-  /// Excel_DataOutput does and the other one becomes the current one, whatever came of the writing.
+  /// Called after each record. When the current channel is full, writes it with Excel_DataOutput
+  /// and switches to the other channel, whether or not the writing succeeded.
   void RollOver(ELM327_Info& device, platform::AutomationObject* objExcel, String& FileName_Date,
                 String& FileName_No, const String& FolderName) {
     if (Excel_DB_ArayyCounter <= Excel_DB_ArayyCounter_MAX) return;
@@ -95,10 +95,10 @@ class Excel_OutputDB {
     Excel_DB_ArayyCh = full == 1 ? 2 : 1;
   }
 
-  /// Writes the current channel to a new text file, whatever the log's format, since the process is
-  /// about to be ended from outside: yields to nobody and calls no spreadsheet server, which may be
-  /// in the midst of a flush or gone already. Records of the other channel, which only a failed
-  /// flush leaves there, get a file of their own ahead of it. Clears nothing.
+  /// Writes the current channel to a new csv file, whatever the log's format, because the process
+  /// is about to be ended from outside. Does not yield and does not call the spreadsheet server,
+  /// which may be in the middle of a flush or already gone. If the other channel still has records
+  /// from a failed flush, they are written first, to a separate file. Clears nothing.
   void Session_End_Output(ELM327_Info& device, String& FileName_Date, String& FileName_No,
                           const String& FolderName);
 
@@ -121,7 +121,7 @@ class Excel_OutputDB {
   LogTable Time_ID_DLC_Data1;
   LogTable Time_ID_DLC_Data2;
   String LogHeaderTop;     // up to the date of a flush
-  String LogHeaderBottom;  // behind it
+  String LogHeaderBottom;  // after the date
   CsvChannel LogBuilder1;
   CsvChannel LogBuilder2;
   LogServices services_;

@@ -16,7 +16,7 @@ StringView SnapshotExtension(std::int32_t format) {
   return format == kSnapshotPlainText ? StringView(u".txt") : StringView();
 }
 
-/// Any other format saves nothing, which is no failure.
+/// Any other format saves nothing and counts as success.
 bool Save(platform::RichTextView& RTB_MainView, StringView path, std::int32_t format) {
   if (format == kSnapshotRichText) return RTB_MainView.SaveFile(path, FileFormat::kRichText);
   if (format == kSnapshotPlainText) return RTB_MainView.SaveFile(path, FileFormat::kPlainText);
@@ -31,7 +31,7 @@ void SaveSnapshotFile(ELM327_Info& device, const SnapshotServices& services) {
                                    device.ExecutableFolder(), services.files, services.folders);
   String stem = folder + u"\\KS";
   stem.append(DateHourText(services.wall_clock.Now())).append(u"-");
-  // Each snapshot searches from 1 on. Unlike a log, number 1000 is not even overwritten.
+  // Each snapshot searches from 1. Unlike a log, it does not overwrite number 1000.
   const NumberedPath found =
       FindFreePath(services.files, stem, SnapshotExtension(device.t_SaveFormat), 1, nullptr);
   if (found.number >= kFileNumber_MAX) {

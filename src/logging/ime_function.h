@@ -17,7 +17,7 @@ struct SnapshotServices {
 };
 
 /// Saves what RTB_MainView shows to a new file and says so in a modal box, which pumps messages.
-/// A missing snapshot folder overwrites the setting of `device` with the desktop.
+/// When the snapshot folder is missing, the folder setting of `device` is set to the desktop.
 void SaveSnapshotFile(ELM327_Info& device, const SnapshotServices& services);
 
 }  // namespace tolvane::IME_Function

@@ -13,7 +13,7 @@ String NumberedName(StringView stem, std::int32_t number, StringView extension) 
 }  // namespace
 
 StringView PathOfFolder(StringView path) {
-  const std::size_t start = path.find_last_of(u"\\/:") + 1;  // none: npos and one make 0
+  const std::size_t start = path.find_last_of(u"\\/:") + 1;  // 0 without any: npos + 1 is 0
   const StringView name = path.substr(start);
   if (name == u"." || name == u"..") return path;
   return path.substr(0, start + name.find_last_not_of(u" .") + 1);

@@ -22,13 +22,13 @@ constexpr std::size_t kLogFolder_MAX = platform::kPath_MAX - kLongestLogName;
 /// The same where a spreadsheet server saves them.
 constexpr std::size_t kWorkbookFolder_MAX = kWorkbookPath_MAX - kLongestLogName;
 
-/// The path within which the folder `path` has its files: the system drops blanks and periods at
-/// the end of a path, and would miss a folder of that name within one.
+/// `path` without blanks and periods at its end. Windows drops them at the end of a path but not in
+/// the middle, so a file's path built on `path` itself would not be found.
 [[nodiscard]] StringView PathOfFolder(StringView path);
 
-/// Where a folder setting leads: mode 0 the executable's folder, 1 the desktop, 2 the folder named
-/// by `path`, any other nowhere (empty). In mode 2 a missing folder overwrites `path`, and thereby
-/// the setting, with the desktop.
+/// The folder that a setting means: mode 0 the executable's folder, 1 the desktop, 2 the folder
+/// `path`, any other mode none (empty). In mode 2, when the folder is missing, `path`, which is the
+/// setting itself, is set to the desktop.
 [[nodiscard]] String BaseFolder(std::int32_t mode, String& path, const String& executable_folder,
                                 platform::FileServices& files, platform::SpecialFolders& folders);
 
@@ -43,8 +43,8 @@ struct NumberedPath {
   std::int32_t number;
 };
 
-/// The first path `stem` + number + `extension` from `number` on that does not exist, or that of
-/// kFileNumber_MAX, existing or not. With `events`, yields once for each taken name.
+/// Counts up from `number` to the first path `stem` + number + `extension` that does not exist.
+/// Stops at kFileNumber_MAX, whose path may exist. With `events`, yields once for each taken name.
 [[nodiscard]] NumberedPath FindFreePath(platform::FileServices& files, StringView stem,
                                         StringView extension, std::int32_t number,
                                         platform::EventLoop* events);

@@ -8,17 +8,17 @@
 
 namespace tolvane {
 
-/// What the log gets of one frame, beside its identifier. `now_time` is the message time in ms,
-/// `can_DLC` whatever the adapter reported; the data always has eight bytes, of which the first
-/// `can_DLC` count.
+/// What the log gets of one frame, apart from its identifier. `now_time` is the message time in ms,
+/// `can_DLC` the length that the adapter reported, unchecked; the data always has eight bytes, of
+/// which the first `can_DLC` are used.
 struct LogRecord {
   double now_time;
   std::int32_t can_DLC;
   std::span<const std::uint8_t, 8> can_DATA;
 };
 
-/// The zeros ahead of an identifier in a log of 29-bit mode. The last limit is FFFFFFF itself, so
-/// that this one identifier comes out with seven digits. What is negative gets all seven zeros.
+/// The zeros in front of an identifier in a log of 29-bit mode. The last limit is FFFFFFF itself,
+/// so that one identifier is written with seven digits. A negative identifier gets all seven zeros.
 [[nodiscard]] inline StringView ZerosAhead29(std::int32_t can_ID) {
   constexpr std::int32_t kLimits[] = {16, 256, 4096, 65536, 1048576, 16777216, 268435455};
   std::size_t reached = 0;

@@ -7,28 +7,28 @@ namespace tolvane {
 
 namespace {
 
-// What a folder name cannot hold, in wide forms that it can.
+// Characters that a folder name cannot have, and the wide forms that replace them.
 constexpr Replacement kReplacements[] = {
     {u'\r', u""},  {u'\n', u""},  {u'\t', u"　　"}, {u'\\', u"￥"}, {u'/', u"／"}, {u':', u"："},
     {u'*', u"＊"}, {u'?', u"？"}, {u'"', u" "},     {u'<', u"＜"},  {u'>', u"＞"}, {u'|', u"｜"}};
 
-/// Whether each file of a run can be saved in the folder. Excel saves neither to a long path nor
-/// within brackets, in which it encloses the names of workbooks itself: the whole log of a run
-/// would be lost without a word.
+/// True when every log file of a run can be saved in the folder. Excel cannot save to a long path,
+/// nor to one with brackets, which it uses around workbook names; the log of the run would be lost
+/// silently.
 bool TakesLogFiles(StringView path, const ELM327_Info& device) {
   if (!UsesSpreadsheetServer(device)) return path.size() <= kLogFolder_MAX;
   return path.size() <= kWorkbookFolder_MAX && path.find_first_of(u"[]") == StringView::npos;
 }
 
-/// A folder that would not take the files counts as one that cannot be made.
+/// False also for a folder in which the files could not be saved.
 bool MakeLogFolder(platform::FileServices& files, const String& path, const ELM327_Info& device) {
   return TakesLogFiles(path, device) && files.CreateFolder(path);
 }
 
-constexpr std::int32_t kSubfolder_MAX = 1000;  // the count at which the last name is taken as it is
+constexpr std::int32_t kSubfolder_MAX = 1000;  // the search stops here; that name may exist
 
-/// The number behind a taken name: "002" to "099"; from 100 on each count is put behind the suffix
-/// so far, so that 100 gives "099100" and 101 "099100101".
+/// The suffix of a name that is taken: "002" to "099". From 100 on each count is appended to the
+/// previous suffix, so 100 gives "099100" and 101 "099100101"; this is kept on purpose.
 void AppendCount(std::int32_t count, String& suffix) {
   if (count < 100) {
     suffix = FileNumberText(count).View();
@@ -45,8 +45,8 @@ bool Excel_OutputDB::Get_SubFolder_Name(ELM327_Info& device, String& FolderName)
   if (!services_.files.FolderExists(base)) return true;
   const String clean = Replaced(device.t_LogComment, kReplacements);
   if (!services_.files.FolderExists(base + u'\\' + clean)) {
-    // The setting and not the base: in modes 0 and 1 the folder goes wherever the setting points,
-    // and the log, which looks under the base, stays there.
+    // The setting and not the base: in modes 0 and 1 the folder is made where the setting points,
+    // while the log looks under the base, does not find it and stays in the base.
     const String name(PathOfFolder(clean));
     const String elsewhere(PathOfFolder(device.t_LogSaveFilePath));
     const String path = elsewhere + u'\\' + name;
@@ -54,7 +54,7 @@ bool Excel_OutputDB::Get_SubFolder_Name(ELM327_Info& device, String& FolderName)
     const bool made = path == in_base ? MakeLogFolder(services_.files, path, device)
                                       : services_.files.CreateFolder(path);
     if (!made) return false;
-    // One folder may be spelled in two ways; then the log goes into it all the same.
+    // Both paths may be spellings of the same folder; the log then does go into it.
     if (services_.files.FolderExists(in_base) && !TakesLogFiles(in_base, device)) return false;
     FolderName = name;
     return true;

@@ -10,8 +10,8 @@
 namespace tolvane {
 
 /// The spreadsheet records of one channel as texts, rows 0 to kRow_MAX, columns 0 to kColumn_MAX,
-/// blank at first. The storage is made on first use, since most runs log elsewhere. Indices are
-/// not checked.
+/// empty at first. The storage is allocated on first use, since most runs do not log to a
+/// spreadsheet. Indices are not checked.
 class LogTable {
  public:
   static constexpr std::int32_t kRow_MAX = 20000;
@@ -29,7 +29,7 @@ class LogTable {
     return cells_;
   }
 
-  /// Blanks rows 0 to `Arayy1_MAX`, columns 0 to `Arayy2_MAX`, and keeps the texts' storage.
+  /// Empties rows 0 to `Arayy1_MAX`, columns 0 to `Arayy2_MAX`, and keeps the texts' storage.
   void Clear(std::int32_t Arayy1_MAX, std::int32_t Arayy2_MAX) {
     if (cells_.empty()) return;
     for (std::int32_t row = 0; row <= Arayy1_MAX; ++row) {

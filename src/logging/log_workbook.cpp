@@ -52,7 +52,8 @@ class Sheet {
   Object sheet_;
 };
 
-/// As a table of one: a comment such as "001" or "=== 2 ===" must neither change nor be refused.
+/// Sent as a table of one cell, so that the server takes a comment such as "001" or "=== 2 ===" as
+/// text and not as a number or a formula.
 void PutText(AutomationSequence& sequence, const Object& cell, const String& text) {
   sequence.Put(cell.get(), u"Value", AutomationTable{{&text, 1}, 1});
 }
@@ -78,14 +79,14 @@ void FillTop(AutomationSequence& sequence, Sheet& sheet, const LogWorkbook& work
   }
   sequence.Put(sheet.Range(u"H1:K1").get(), u"MergeCells", true);
   sequence.Put(sheet.Range(u"H1:K2").get(), u"HorizontalAlignment", kAlignRight);
-  // The only trace that the exclusion leaves in a log.
+  // The only sign in a log that frames were excluded.
   if (device.t_Save_ID_DisableMode == 1) {
     PutText(sequence, sheet.Range(u"K2"), u"除外ON");
   }
 }
 
 void FillTableHead(AutomationSequence& sequence, Sheet& sheet, const ELM327_Info& device) {
-  // The column EX stands there in 11-bit mode too and then stays empty.
+  // Column EX is there in 11-bit mode too, and is then empty.
   const std::array<String, kLastColumn> titles = {u"経過時間 [ms]",
                                                   u"EX",
                                                   u"CAN ID",
@@ -139,7 +140,8 @@ bool WriteLogWorkbook(AutomationObject* objExcel, const LogWorkbook& workbook,
     const Object range = sheet.Rows(kFirstRecordRow, kLastRecordRow);
     sequence.Put(range.get(), u"Value", AutomationTable{workbook.records, LogTable::kColumns});
   }
-  // On the first record and not on the head, which is how the sheets have always been filtered.
+  // On the first record instead of the head row. That looks wrong but is how the sheets have always
+  // been.
   sequence.Call(sheet.Cell(kFirstRecordRow, 1).get(), u"AutoFilter", {1});
   if (!sequence.Ok()) return false;
   events.YieldToEvents();

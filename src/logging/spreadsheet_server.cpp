@@ -41,7 +41,7 @@ bool EndSpreadsheetServer(std::unique_ptr<platform::AutomationObject>& objExcel)
   if (objExcel == nullptr) return true;
   AutomationSequence sequence(objExcel.get());
   PutScreenState(sequence, objExcel.get(), true);
-  // Also after a failure, or the hidden server would stay in memory.
+  // Even after a failure; otherwise the hidden server would stay in memory.
   const bool ended = objExcel->Call(u"Quit", {}, {});
   objExcel.reset();
   return sequence.Ok() && ended;

@@ -15,15 +15,15 @@ constexpr StringView kKetServer = u"Ket.Application";
 /// True when a run with these settings writes its log through a spreadsheet server.
 [[nodiscard]] bool UsesSpreadsheetServer(const ELM327_Info& device);
 
-/// Starts the server that the settings choose and makes it silent. False when no server could be
-/// started, `objExcel` then being empty, or when it refused a property; it is then in `objExcel`
-/// and wants to be ended. Lets no event through.
+/// Starts the server that the settings choose, hidden and without alerts. False when no server
+/// could be started (`objExcel` is then empty) or when it refused a property (`objExcel` then holds
+/// it, and the caller must end it). Does not yield.
 [[nodiscard]] bool StartSpreadsheetServer(const ELM327_Info& device,
                                           platform::AutomationServers& servers,
                                           std::unique_ptr<platform::AutomationObject>& objExcel);
 
-/// Gives the screen back to the server, ends it and empties `objExcel`. False when the server
-/// refused a step; it is let go all the same. Without a server true.
+/// Restores the server's screen settings, ends it and empties `objExcel`. False when the server
+/// refused a step; `objExcel` is emptied even then. True when there is no server.
 bool EndSpreadsheetServer(std::unique_ptr<platform::AutomationObject>& objExcel);
 
 }  // namespace tolvane

@@ -11,7 +11,7 @@ namespace tolvane::platform {
 [[nodiscard]] constexpr bool IsAscii(char16_t character) { return character < 0x80; }
 
 /// Appends the ASCII characters at the front of `text` to `bytes` and returns their number. Logs
-/// are almost all ASCII, and reception stands while one is written, so this goes in large steps.
+/// are almost all ASCII, and reception stops while one is written, so this works in large steps.
 std::size_t AppendAsciiRun(StringView text, std::string& bytes);
 
 }  // namespace tolvane::platform

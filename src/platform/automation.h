@@ -40,18 +40,18 @@ struct NamedArgument {
 /// Empty results mean that the server refused or failed. Outgoing calls may pump messages, but
 /// the event gate stays closed: no tick and no click reaches the logic meanwhile.
 ///
-/// A server that starts, calculates or has a cell in edit turns calls away for the moment. Such a
-/// call is made again and again with short pauses, during which nothing of the program runs, for
-/// kBusyLimit_ms in total since the server's creation or the last BeginSequence; what is turned
-/// away beyond that counts as refused.
+/// A server that is starting or calculating, or has a cell in edit mode, rejects calls as busy.
+/// Such a call is repeated with short pauses, during which the program does nothing else, for
+/// kBusyLimit_ms in total since the server's creation or the last BeginSequence; after that the
+/// call has failed.
 class AutomationObject {
  public:
   static constexpr std::int32_t kBusyLimit_ms = 10'000;
 
   virtual ~AutomationObject() = default;
 
-  /// The calls that follow belong together: the time for waiting is there anew, in one piece for
-  /// all objects of the server that this one came from.
+  /// Begins a sequence of calls with a new limit on waiting, which all objects of this server
+  /// share.
   virtual void BeginSequence() = 0;
 
   /// Property get, with index arguments in order if there are any.

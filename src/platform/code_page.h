@@ -7,7 +7,7 @@
 
 namespace tolvane::platform {
 
-/// The system code page: 932 on Japanese systems and wherever a system has none.
+/// The system code page: 932 on Japanese systems and on systems without one.
 class CodePage {
  public:
   virtual ~CodePage() = default;

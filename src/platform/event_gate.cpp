@@ -13,7 +13,7 @@ void EventGate::Deliver(Event event) {
 }
 
 void EventGate::DeliverWaiting() {
-  // A handler may leave new events behind; they are delivered too, in the order of their coming.
+  // A handler may add new events; they are delivered too, in the order in which they came.
   while (open_ && !waiting_.empty()) {
     const Event event = std::move(waiting_.front());
     waiting_.pop_front();

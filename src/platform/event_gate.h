@@ -15,8 +15,8 @@ class EventGate {
  public:
   using Event = std::function<void()>;
 
-  /// Hands `event` to the logic with the gate closed behind it, or puts it in the line when the
-  /// gate is closed already.
+  /// Hands `event` to the logic, with the gate closed while it is handled, or puts it in the line
+  /// when the gate is closed already.
   void Deliver(Event event);
 
   /// Delivers what waits, in its order; each yield and each turn of the main loop begins so. Does

@@ -22,15 +22,15 @@ namespace tolvane::platform {
 // None of this helps where the file system has no way to flush, and a full disk without a journal
 // may lose both when power goes a second time, while what the first left is taken up.
 //
-// Where nothing can be made beside the file for want of leave, it is written in place without that
-// net.
+// Where no file can be created next to it for lack of permission, it is written in place without
+// this protection.
 
 /// Puts a file with `bytes` in the place of the one at `path`, if there is one. False when it could
-/// not be written whole; then the old one stays. A read-only file is not replaced.
+/// not be written completely; the old one is then kept. A read-only file is not replaced.
 [[nodiscard]] bool ReplaceWhole(FileSteps& steps, StringView path,
                                 std::span<const std::byte> bytes);
 
-/// The same with `bytes` at the start of the file and, behind them, what the old one has there.
+/// The same with `bytes` at the start of the file, followed by what the old one has after them.
 /// A full disk is no obstacle to a file that does not grow, which is then written in place.
 [[nodiscard]] bool ReplaceStart(FileSteps& steps, StringView path,
                                 std::span<const std::byte> bytes);

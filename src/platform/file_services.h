@@ -50,7 +50,8 @@ class FileServices {
   [[nodiscard]] virtual std::optional<BinaryRead> ReadBinary(StringView path, std::size_t size) = 0;
   /// Writes `bytes` at the start of a file, made if need be; what lies behind them stays. False
   /// when not all of them may have reached it. A power cut on the way leaves the old or the new
-  /// file to ReadBinary (file_replacing.h). May wait up to a second for another program to let go.
+  /// file to ReadBinary (file_replacing.h). May wait up to a second until no other program holds
+  /// it.
   [[nodiscard]] virtual bool WriteBinary(StringView path, std::span<const std::byte> bytes) = 0;
 
   /// The attribute value of a file or folder (16 is a plain folder); empty when there is none.

@@ -6,7 +6,7 @@
 
 namespace tolvane::platform {
 
-/// FormHelp: one help text beside a settings dialog. Loaded when it is first shown.
+/// FormHelp: a help text, next to a settings dialog. Loaded when it is first shown.
 class HelpWindow {
  public:
   virtual ~HelpWindow() = default;

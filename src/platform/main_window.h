@@ -7,7 +7,7 @@
 
 namespace tolvane::platform {
 
-/// The main window itself: what the logic does to it beside its controls.
+/// The main window itself, without its controls.
 class Window {
  public:
   virtual ~Window() = default;

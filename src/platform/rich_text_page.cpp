@@ -10,7 +10,7 @@ void ColourRuns::Paint(std::int32_t start, std::int32_t end, std::int32_t colour
     runs_.push_back({start, end, colour});
     return;
   }
-  // Runs that end behind `start` and begin before `end` are covered, wholly or in part.
+  // Runs that end after `start` and begin before `end` are covered, completely or in part.
   const auto first = std::partition_point(runs_.begin(), runs_.end(),
                                           [=](const ColourRun& run) { return run.end <= start; });
   const auto last = std::partition_point(first, runs_.end(),

@@ -36,8 +36,8 @@ class SlotFinder<CAN_ReadDB> {
 };
 
 /// The row of the frame's key, which is made if there is none. A frame that neither matches nor
-/// makes a key goes to row 0, whoever owns it, and so does a new key in a full table to the row of
-/// the lowest one.
+/// makes a key goes to row 0, even if another key owns it. A new key in a full table goes to the
+/// row of the lowest key.
 template <>
 class SlotFinder<CAN_ReadDB29> {
  public:

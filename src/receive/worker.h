@@ -13,7 +13,7 @@
 
 namespace tolvane {
 
-/// A receive worker. Each open operation is one whole run: it returns when RxFlag is no longer 1
+/// A receive worker. Each open operation is a complete run: it returns when RxFlag is no longer 1
 /// and the adapter is closed, or when the run could not start, with RxFlag 0 either way. It yields
 /// on an empty read and on a rejected frame; the flush of a log and a tick have yields of their
 /// own. The view's timer and every handler of the main window run nested in those yields or under a

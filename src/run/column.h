@@ -8,7 +8,7 @@
 
 namespace tolvane {
 
-/// One column of a table: a fixed array behind a get and a let. The index is not checked; the
+/// One column of a table: a fixed array with a getter and a setter. The index is not checked; the
 /// caller guarantees 0 to N - 1.
 template <typename T, std::size_t N>
 class Column {

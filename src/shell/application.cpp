@@ -1,4 +1,4 @@
-// The life of the process: the methods of Form1 from its loading to its unloading.
+// Start and end of the program: the methods of Form1 from its loading to its unloading.
 
 #include <array>
 
@@ -43,8 +43,8 @@ void Form1::Application_Open() {
     return;
   }
   List_Devices();
-  // Selecting the line already runs the device selection, through its click; only the result of the
-  // second time counts, so the adapter is asked twice at every start.
+  // Selecting the line already runs the device selection, through the click handler. It runs again
+  // below and only that result is used, so the adapter is queried twice at every start.
   window_.Cmb_Serect_Device.ListIndex(0);
   device.t_CmbBOX_device_SelectNo = 1;
   const std::int32_t selection = Device_Select();
@@ -152,7 +152,7 @@ void Form1::Form_QueryUnload(std::int32_t& Cancel) {
   closing_ = true;
   platform_.events.YieldToEvents();
   platform_.timers.FormBG.Enabled(false);
-  if (start_up_ == StartUp::kNotBegun) return;  // what is on disk belongs to the other instance
+  if (start_up_ == StartUp::kNotBegun) return;  // the files on disk are the other instance's
   Save_For_Next_Start();
 }
 

@@ -11,8 +11,8 @@ namespace tolvane::Common_Function {
 
 namespace {
 
-/// The digits in front of the decimal point: "16.0" gives 16. Empty without any, or with more than
-/// a version has.
+/// The number before the decimal point: "16.0" gives 16. Empty when there are no digits, or more
+/// than a version number has.
 std::optional<std::int32_t> LeadingNumber(StringView text) {
   std::optional<std::int32_t> number;
   for (const char16_t digit : text) {
@@ -35,8 +35,8 @@ std::optional<std::int32_t> MajorVersion(platform::AutomationObject& server) {
   return {};
 }
 
-/// Starts a server for a moment. False when there is none. A server that does not tell its version
-/// leaves `version` as it is.
+/// Starts the server and releases it again. False when there is none. `version` is unchanged when
+/// the server does not report one.
 bool IsInstalled(platform::AutomationServers& servers, StringView name, std::int32_t& version) {
   const auto server = servers.CreateObject(name);
   if (server == nullptr) return false;
@@ -53,7 +53,7 @@ void Access_Install_Check(ELM327_Info& device, platform::AutomationServers& serv
 
 void Excel_Install_Check(ELM327_Info& device, platform::AutomationServers& servers) {
   device.ExcelInstallCheck = IsInstalled(servers, kExcelServer, device.ExcelInstallVersion) ? 1 : 0;
-  // The version is Excel's alone: with Kingsoft only it stays 0.
+  // The version is that of Excel; with Kingsoft alone it stays 0.
   if (servers.CreateObject(kKetServer) != nullptr) {
     device.ExcelInstallCheck = device.ExcelInstallCheck == 1 ? 3 : 2;
   }

@@ -5,11 +5,11 @@
 
 namespace tolvane::Common_Function {
 
-/// Notes in `device` whether there is an Access server, and its major version.
+/// Stores in `device` whether there is an Access server, and its major version.
 void Access_Install_Check(ELM327_Info& device, platform::AutomationServers& servers);
 
-/// Notes in `device` which spreadsheet servers there are, and Excel's major version. Without any,
-/// the log format is forced to comma-separated text.
+/// Stores in `device` which spreadsheet servers there are, and Excel's major version. If there is
+/// none, the log format is set to comma-separated text.
 void Excel_Install_Check(ELM327_Info& device, platform::AutomationServers& servers);
 
 }  // namespace tolvane::Common_Function

@@ -10,7 +10,7 @@ namespace tolvane {
 
 /// The about box.
 struct FormVersion {
-  /// Written into the window when it was drawn; the same as Homepage_URL.
+  /// Part of the window's layout; the same as Homepage_URL.
   static constexpr StringView kPictureAddress = product::kHomePage;
 
   String Caption;

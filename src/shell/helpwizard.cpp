@@ -9,11 +9,11 @@ namespace {
 constexpr std::int32_t kFirstTopic = 1;
 constexpr std::int32_t kLastTopic = 3;
 
-// The manual's headings as they are called in its addresses.
+// The anchors of the manual's headings.
 constexpr StringView kConnecting = u"2-接続して受信する";
 constexpr StringView kReadingThePage = u"3-画面の見方";
 
-// What a path has and an address has not.
+// Characters of a path that cannot stand as they are in a file: address.
 constexpr Replacement kEscapes[] = {{u'\\', u"/"}, {u' ', u"%20"}, {u'#', u"%23"}, {u'%', u"%25"}};
 
 String AddressOf(StringView path) {

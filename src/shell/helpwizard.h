@@ -16,8 +16,8 @@ constexpr std::int32_t kTextBeforeFirst = 100;  // topic 1 is text 101 of the pr
 void Help_Show(std::int32_t topic, platform::HelpWindow& FormHelp,
                platform::StringResources& resources);
 
-/// Shows the manual, manual.html of the executable's folder, at what helps before a run or in one.
-/// Does nothing when it is not there.
+/// Opens the manual, manual.html in the executable's folder, at the heading about connecting or,
+/// during a run, about reading the page. Does nothing when the file is missing.
 void Manual_Show(StringView executable_folder, bool connected, platform::FileServices& files,
                  platform::Shell& shell);
 

@@ -1,4 +1,4 @@
-// The page as a notebook: the methods of Form1 behind the view's events and its pop-up menu.
+// Editing the page between runs: the methods of Form1 for the view's events and its pop-up menu.
 
 #include <array>
 #include <cstdint>
@@ -41,7 +41,7 @@ String DateText(const platform::LocalTime& now, StringView weekday) {
 
 struct Form1::ViewMenuFacts {
   bool selection;
-  bool text;  // anything for the command that copies all
+  bool text;  // the page is not empty
   bool undo;
   bool clipboard_text;
 };
@@ -85,11 +85,11 @@ void Form1::Set_View_Menu_At_Start() {
       {.selection = false, .text = false, .undo = false, .clipboard_text = Clipboard_Has_Text()});
 }
 
-// The timer tested here and below is that of FormBG alone: during a run of the other workers the
-// menu follows the selection and opens, over a page that the user cannot write on.
+// Only FormBG's timer is tested here and below: during a run of the other workers the menu follows
+// the selection and opens, although the page is locked.
 void Form1::RTB_MainView_SelChange() {
-  // A tick that takes the selection away has its timer off, but is told of it in the next yield
-  // only, where the timer is on again.
+  // When a tick removes the selection its timer is off, but this event arrives in the next yield,
+  // where the timer is on again.
   view_menu_missed_a_change_ = platform_.timers.FormBG.Enabled();
   if (view_menu_missed_a_change_) return;
   Set_View_Menu({.selection = window_.RTB_MainView.SelLength() >= 1,
@@ -126,7 +126,7 @@ void Form1::menu_View_Ctrl_Z_Click() { window_.RTB_MainView.Undo(); }
 
 void Form1::menu_View_Ctrl_X_Click() {
   menu_View_Ctrl_C_Click();
-  // Whether or not the clipboard took it: 元に戻す brings it back.
+  // Even when the clipboard refused the text: 元に戻す restores it.
   menu_View_DEL_Click();
 }
 
@@ -137,7 +137,7 @@ void Form1::menu_View_Ctrl_C_Click() {
 void Form1::menu_View_Ctrl_V_Click() {
   for (const auto format : {Clipboard::Format::kRichText, Clipboard::Format::kPlainText}) {
     if (!platform_.clipboard.GetFormat(format)) continue;
-    // Empty also when another program holds the clipboard: the view then stays as it is.
+    // Empty also when another program holds the clipboard; the view is then left alone.
     const String text = platform_.clipboard.GetText(format, Clipboard_Patience());
     if (!text.empty()) window_.RTB_MainView.SelText(text);
     return;

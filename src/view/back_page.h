@@ -9,16 +9,16 @@
 
 namespace tolvane {
 
-/// RTB_MainView_Back, the page under construction. It is painted as a rich text control is:
-/// select, then colour. Positions are zero-based characters of the text, a line end being two.
-/// What of a selection lies outside the page is not painted; a length of 0 or less paints nothing.
+/// RTB_MainView_Back, the page under construction. It is coloured like a rich text control: select,
+/// then set the colour. Positions count characters of the text from 0; a line end counts two.
+/// The part of a selection outside the page is not painted; a length of 0 or less paints nothing.
 class BackPage {
  public:
-  /// Replaces everything; all colours are gone.
+  /// Replaces the text and removes all colours.
   void Text(StringView text);
 
   void SelStart(std::int32_t position) { sel_start_ = position; }
-  /// Set after SelStart.
+  /// To be called after SelStart.
   void SelLength(std::int32_t length) { sel_length_ = length; }
   /// Colours are 0x00BBGGRR.
   void SelColor(std::int32_t colour) { Paint(page_->colours, colour); }
@@ -26,7 +26,7 @@ class BackPage {
 
   [[nodiscard]] const platform::RichTextPage& Page() const { return *page_; }
 
-  /// Hands the finished page to `view`. What is left here is stale until Text is written.
+  /// Hands the finished page to `view`. What this object holds then is stale until Text is called.
   void SwapInto(platform::RichTextView& view) { view.SwapPage(page_); }
 
  private:

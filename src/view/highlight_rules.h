@@ -7,7 +7,7 @@
 namespace tolvane::highlight_rules {
 
 /// A highlight counter after one tick of `interval` ms. It stops at the lowest number instead of
-/// going round: on a stopped message nothing else ends its fall.
+/// wrapping: for a stopped message it is decremented without end.
 [[nodiscard]] constexpr std::int32_t Fallen(std::int32_t counter, std::int32_t interval) {
   using Limits = std::numeric_limits<std::int32_t>;
   return static_cast<std::int32_t>(
@@ -21,8 +21,8 @@ namespace tolvane::highlight_rules {
   return (now - last_read) / stored * 100.0 > ratio;
 }
 
-/// True when the cycle moved from `stored` to `measured`, above 0, by `ratio` percent or more of
-/// the new one, up or down. Without a stored cycle nothing has moved.
+/// True when the cycle changed from `stored` to `measured`, which is above 0, by `ratio` percent or
+/// more of `measured`, up or down. False when no cycle is stored yet.
 [[nodiscard]] constexpr bool IsLate(double stored, double measured, std::int32_t ratio) {
   if (!(stored > 0.0)) return false;
   const double percent = stored / measured * 100.0;

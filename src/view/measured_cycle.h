@@ -10,11 +10,11 @@ namespace tolvane {
 /// How the difference of two message times becomes a cycle.
 enum class CycleType : std::uint8_t { kWhole, kFourDecimals };
 
-/// `difference`, in ms, rounded with halves to even. A whole-number cycle stays whole at both ends
-/// of the range, where what does not fit stops. What is no number counts as the lowest.
+/// `difference`, in ms, rounded with halves to even. A value out of range becomes the nearest
+/// bound, which for a whole-number cycle is a whole number too. NaN becomes the lowest bound.
 [[nodiscard]] Currency MeasuredCycle(double difference, CycleType type);
 
-/// A negative cycle is an adapter's counter that started over: adds the counter's length by
+/// A negative cycle means that the adapter's counter has wrapped: adds the wrap length for
 /// Device_Timer_Kind.
 [[nodiscard]] Currency WrapRepaired(Currency cycle, std::int32_t Device_Timer_Kind);
 

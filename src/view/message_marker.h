@@ -6,7 +6,7 @@
 
 namespace tolvane {
 
-/// The markers of one identifier, in rising order of their numbers, 0 to 7.
+/// The numbers of the markers of one identifier, 0 to 7, in ascending order.
 class MarkersOf {
  public:
   MarkersOf(std::int32_t id, const ELM327_Info& device);
@@ -20,9 +20,9 @@ class MarkersOf {
   std::int32_t count_ = 0;
 };
 
-/// Characters from the first digit of the first marked byte to the last digit of the last; 0 or
-/// less when the last byte stands before the first. Any two numbers are allowed, as a settings
-/// file can hold them.
+/// Characters from the first digit of the first marked byte to the last digit of the last one; 0 or
+/// less when the last byte comes before the first. Any two numbers are allowed, as a settings file
+/// can hold anything.
 [[nodiscard]] std::int32_t MarkerLength(std::int32_t start_byte, std::int32_t end_byte);
 
 }  // namespace tolvane

@@ -8,7 +8,7 @@ namespace tolvane::OptFunction1 {
 
 namespace {
 
-// There are eight ranges, whatever the bound says.
+// There are eight ranges, even if the bound in the settings says more.
 std::int32_t LastRange(const ELM327_Info& device) { return std::min(device.t_DisableID_MAX, 7); }
 
 }  // namespace

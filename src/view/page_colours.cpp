@@ -35,7 +35,7 @@ void PageColours<Table>::PaintBytes(std::int16_t row) {
   }
 }
 
-// A stopped message has the flat colour or, with that switched off, none: never the late one.
+// A stopped message has its own colour or, when that is switched off, none; never the late one.
 template <typename Table>
 void PageColours<Table>::PaintCycle(std::int16_t row) {
   using Highlight = HighlightColumns<ViewTable>;

@@ -7,8 +7,8 @@
 
 namespace tolvane {
 
-/// The colour pass of one tick: paints the live regions that the text pass noted, and the markers,
-/// on a page whose text is set. Changes neither table and lets no event through.
+/// The colour pass of one tick: paints the active regions that the text pass recorded, and the
+/// markers, on a page whose text is set. Changes neither table and does not yield.
 template <typename Table>
 class PageColours {
  public:

@@ -16,11 +16,11 @@ struct PageRow {
   std::int16_t row;
 };
 
-/// Data bytes that the page shows of a frame. Above 8 the eighth is not shown.
+/// The number of data bytes that the page shows of a frame: seven when the DLC is above 8.
 [[nodiscard]] constexpr int ShownBytes(std::uint8_t dlc) { return dlc <= 8 ? dlc : 7; }
 
-/// How the page walks through a frame table, and what differs in its lines. Positions run from
-/// kFirst to one below End, which may grow while a scan yields.
+/// How the page goes through a frame table, and what differs in its lines. Positions go from kFirst
+/// up to, but not including, End, which may grow while a scan yields.
 template <typename Table>
 struct PageRows;
 
@@ -48,8 +48,8 @@ struct PageRows<CAN_ReadDB29> {
     const auto i = static_cast<std::int16_t>(position);
     return {table.CAN29_Received_ID(i), static_cast<std::int16_t>(table.CAN29_ArrayNo(i))};
   }
-  /// The E column, then eight digits. A negative identifier is below every threshold: seven zeros
-  /// stand before the eight digits of its two's complement.
+  /// The E column, then eight digits. A negative identifier is below every threshold, so it gets
+  /// seven zeros and then the eight digits of its two's complement.
   static void AppendID(const CAN_ReadDB29& table, std::int32_t position, StringBuilder& text) {
     const auto i = static_cast<std::int16_t>(position);
     text.Append(table.CAN29_ExtendFlag(i) == 1 ? StringView(u"* ") : StringView(u"  "));

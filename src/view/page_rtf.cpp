@@ -10,8 +10,8 @@ namespace tolvane {
 
 namespace {
 
-// The font's name is in code page 932, as its charset says. \uc1 announces one character to be
-// skipped behind each \uN by readers that know the escape.
+// The font's name is in code page 932, as its charset says. \uc1 tells readers that know \uN to
+// skip one character after it.
 constexpr std::string_view kFontTable =
     "{\\rtf1\\ansi\\ansicpg932\\deff0\\deflang1033\\deflangfe1041"
     "{\\fonttbl{\\f0\\fnil\\fcharset128 \\'82\\'6c\\'82\\'72 "
@@ -24,7 +24,7 @@ void AppendNumber(std::int32_t number, std::string& rtf) {
   rtf.append(digits, std::to_chars(digits, digits + sizeof digits, number).ptr);
 }
 
-/// Numbers of the colour table, from 1, in order of first use.
+/// The colour table: colours are numbered from 1 in order of first use.
 class ColourTable {
  public:
   void Add(const platform::ColourRuns& runs) {
@@ -70,7 +70,8 @@ class ColourTable {
   std::vector<Entry> sorted_;
 };
 
-/// One list of runs, walked along the text, and the control word that switches its colour.
+/// Goes through one list of runs along the text and writes the control word that switches its
+/// colour.
 class Format {
  public:
   Format(const platform::ColourRuns& runs, const ColourTable& table, std::string_view word)

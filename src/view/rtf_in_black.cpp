@@ -10,8 +10,8 @@ namespace tolvane {
 
 namespace {
 
-/// A piece of a document: a control word with its number and the blank that ends it, a control
-/// symbol, a brace, a semicolon, or text up to the next of them.
+/// A piece of a document: a control word with its number and the blank after it, a control symbol,
+/// a brace, a semicolon, or the text up to the next of these.
 struct Token {
   std::string_view text;
   std::string_view word;    // empty for everything else
@@ -47,7 +47,7 @@ Token Tokens::Next() {
   const char* const end = rest_.data() + rest_.size();
   const char* const word_end = std::find_if_not(begin, end, IsLetter);
   Token token{.text = {}, .word = {begin, word_end}};
-  // A number beyond 32 bits reads as 0, and so do the data behind it.
+  // A number of more than 32 bits reads as 0, so \bin with one has no data after it.
   const char* next = std::from_chars(word_end, end, token.number).ptr;
   if (next != end && *next == ' ') ++next;
   if (token.word == "bin") next += std::clamp<std::ptrdiff_t>(token.number, 0, end - next);

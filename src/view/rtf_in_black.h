@@ -5,9 +5,9 @@
 
 namespace tolvane {
 
-/// The same Rich Text Format document with its text black wherever it leaves the colour to the
-/// reader: at its start, behind \plain, and for a number that its colour table does not define, as
-/// 0 mostly. Everything else stays, backgrounds too. Any bytes are taken.
+/// The same Rich Text Format document with black text wherever it leaves the colour to the reader:
+/// at its start, after \plain, and for a colour number that its table does not define, usually 0.
+/// Everything else is unchanged, backgrounds too. Accepts any bytes.
 [[nodiscard]] std::string RtfInBlack(std::string_view rtf);
 
 }  // namespace tolvane

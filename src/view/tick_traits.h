@@ -10,18 +10,19 @@
 
 namespace tolvane {
 
-/// Which rows of the frame table get a line, by their state. The exclusion test comes on top.
+/// Which rows of the frame table get a line, by their state. Excluded identifiers get none either
+/// way.
 enum class RowTest : std::uint8_t {
   kReceived,        // one frame or more
   kReceivedMany,    // two frames or more
   kEveryUsedPlace,  // whatever the state
 };
 
-/// In what the tick differs from worker to worker, beside the kind of its tables.
+/// How the ticks of the workers differ, apart from their kind of tables.
 struct TickTraits {
   RowTest text_pass_rows;
   CycleType cycle;
-  bool refresh;  // repaints the view at once behind the swap
+  bool refresh;  // repaints the view right after the swap
 };
 
 /// By WorkerKind. FormBG2 shows fewer rows than it colours: the row test of the colour pass is

@@ -10,7 +10,7 @@ const String kFolder = u"C:\\Tolvane";
 const String kSystem = u"C:\\Windows\\System32";
 constexpr std::int64_t kTickPeriodUs = 30'000;
 
-/// Moves on by a step at each read; whatever else takes its time moves it too.
+/// Advances by a step at each read, and by other things that take time.
 class ReadClock : public simulator::BenchClock {
  public:
   ReadClock(std::int64_t& now_us, std::int64_t step_us) : now_us_(now_us), step_us_(step_us) {}

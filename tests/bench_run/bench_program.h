@@ -21,8 +21,8 @@ struct Pauses {
   std::int64_t flush_us;  // each log file
 };
 
-/// The whole program on a machine in memory with simulated adapters. The bench's clock is moved
-/// by the program's own doings, so a run comes out the same on every machine.
+/// The program on a machine in memory with simulated adapters. The bench's clock advances with what
+/// the program does, so a run has the same result on every machine.
 class BenchProgram {
  public:
   /// `ini` describes bus and adapter. What the libraries report goes to `report`, the last of it
@@ -41,7 +41,7 @@ class BenchProgram {
   /// The settings, which the start fills.
   [[nodiscard]] ELM327_Info& Device() { return form_.device; }
 
-  /// The whole bytes of all logs, in the order in which they were written.
+  /// The bytes of all logs, in the order in which they were written.
   [[nodiscard]] std::vector<std::string> Logs() const;
 
   /// What the libraries have reported so far.

@@ -48,7 +48,7 @@ std::string LogLine(Time time, int n) {
   return LogLine(time, "123 , 2 ,  " + HexByte(n) + ",00");
 }
 
-/// The records of a log, behind the eight lines of its head.
+/// The records of a log, after its eight header lines.
 inline Lines Records(const std::string& log) {
   Lines lines;
   for (std::size_t at = 0, end; (end = log.find("\r\n", at)) != std::string::npos; at = end + 2) {
@@ -58,7 +58,7 @@ inline Lines Records(const std::string& log) {
   return lines;
 }
 
-/// The whole program with one adapter of each kind, whose csv log is on. Each read takes 1 ms.
+/// The program with one adapter of each kind, whose csv log is on. Each read takes 1 ms.
 /// Faults that a program's calls make fail its test, once it has ended, unless they stand in
 /// `expected_faults_`.
 class BenchRun : public testing::Test {

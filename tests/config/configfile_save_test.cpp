@@ -11,7 +11,7 @@ using namespace std::string_literals;
 
 class ConfigSave : public ConfigTest {};
 
-/// Every setting different from every other, so that none can stand in another's place.
+/// Every setting different from every other, so that swapped settings are noticed.
 void FillDistinct(ELM327_Info& device) {
   device.t_SaveFormat = 3;
   device.t_Save_ID_DisableMode = 4;
@@ -54,7 +54,7 @@ void FillDistinct(ELM327_Info& device) {
   device.t_dividend_ratio = 1.5;
 }
 
-// The whole record of FillDistinct, as it must stand in the file.
+// The bytes of the file for the settings of FillDistinct.
 // clang-format off
 const std::string kDistinct =
     "\x0F\x00"s

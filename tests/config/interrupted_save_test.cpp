@@ -17,7 +17,7 @@ using platform::FileStep;
 constexpr StringView kFolder = u"C:\\Tolvane";
 constexpr std::int32_t kForever = 1'000'000;  // ms
 
-/// A program folder with both files in it, and the program that saves them anew.
+/// A program folder with both files in it, and the program that saves them again.
 class Machine {
  public:
   Machine() {
@@ -219,7 +219,8 @@ TEST(SaveUnderTrouble, OnADiskWithoutJournalAHeldFileIsWaitedForToo) {
   }
 }
 
-// The page grows: its fresh copy fits beside the old one, and not also in its place.
+// The page grows: there is room for the new copy next to the old one, but not for writing it in
+// place too.
 TEST(SaveUnderTrouble, OnAFullDiskWithoutJournalAPageThatGrewIsNotLost) {
   constexpr StringView kLonger = u"a new page with much more on it than there was on the old one";
   Machine other;

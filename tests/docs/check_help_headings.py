@@ -1,4 +1,4 @@
-"""check_help_headings.py ROOT: the headings at which the program opens the manual stand in it.
+"""check_help_headings.py ROOT: the manual has the headings at which the program opens it.
 
 The program names a heading as the converted manual does: in small letters, a hyphen for each blank, without
 punctuation. An address with another heading would show the manual's first page, and nobody would be told.

@@ -1,5 +1,5 @@
-// LoadConfigFile on any bytes: it must come back with a result as told, and what it took over must
-// be written and read again unchanged.
+// LoadConfigFile on any bytes: it must return one of its results, and the settings that it loaded
+// must be the same after saving and loading again.
 #include <cstddef>
 #include <cstdint>
 #include <optional>

@@ -9,7 +9,7 @@ namespace tolvane {
 /// What the simulated libraries say of a program's calls.
 using Faults = std::vector<std::string>;
 
-/// The lines of their report that tell a fault, from behind that word on.
+/// The fault lines of their report, from after the word "fault" on.
 [[nodiscard]] inline Faults FaultsOf(const std::string& report) {
   constexpr std::string_view kMark = " fault: ";
   Faults faults;

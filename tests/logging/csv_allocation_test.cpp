@@ -35,7 +35,7 @@ class CsvWithoutMemory : public CsvAllocation {
   static constexpr std::size_t kAnything = std::numeric_limits<std::size_t>::max();
 
   /// Fills channel 1 again and again with lines of 49 characters whose times count the records, and
-  /// flushes it in vain when it is full.
+  /// tries to flush it, without success, when it is full.
   void FillAndFail(std::int32_t channels) {
     files.Protect(u"C:\\Tolvane", true);
     for (std::int32_t i = 0; i < channels * (Excel_OutputDB::kRow_MAX + 1); ++i) {

@@ -21,7 +21,7 @@ class CsvFault : public LogTest {
   const std::string first = "         1 , 100 , 0\r\n";
   const std::string second = "         2 , 100 , 0\r\n";
 
-  /// A flush that fails under `fault`, then one that succeeds after `mended`.
+  /// A flush that fails after `fault`, then one that succeeds after `mended`.
   template <typename Fault, typename Mended>
   void KeepsTheRecords(Fault fault, Mended mended) {
     db.csv_DataInput(1.0, 0x100, 0, kBytes);

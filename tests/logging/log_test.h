@@ -59,7 +59,7 @@ class LogTest : public ::testing::Test {
     db.Excel_DataOutput(Output_ch, device, objExcel, FileName_Date, FileName_No, FolderName);
   }
 
-  /// What the receive loop does behind each record.
+  /// What the receive loop does after each record.
   void RollOver(platform::AutomationObject* objExcel = nullptr) {
     db.RollOver(device, objExcel, FileName_Date, FileName_No, FolderName);
   }

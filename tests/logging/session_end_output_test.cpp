@@ -80,7 +80,7 @@ TEST_P(SessionEndOutput, NewRecordsOfAChannelComeBehindThoseThatAFlushLeftInIt) 
   Record11(7.0, 0x007);
   EndSession();
   EXPECT_TRUE(SameBytes(LogBytes(u"001"), head11_ + "         5 , 005 , 2 ,  00,1A\r\n"));
-  // The new rows of a table stand where the first of the old ones stood.
+  // The new rows of a table have replaced the first of the old ones.
   const std::string first = GetParam() == kLogFormatCsv ? "         1 , 001 , 2 ,  00,1A\r\n"
                                                           "         2 , 002 , 2 ,  00,1A\r\n"
                                                         : "";

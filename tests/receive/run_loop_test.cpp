@@ -106,7 +106,7 @@ TEST(Settings, AreReadAfreshForEveryFrame) {
     };
   };
   bench.events = {set_log(1, 110), set_log(0, 120), set_log(2, 130), set_log(1, 140)};
-  // Logging is off at the start, so no header is made; the records go to the builder all the same.
+  // Logging is off at the start, so no header is made; the records go to the builder anyway.
   bench.Run(kCanusb, kFormBG, {{.id = 0x10, .time = 100}});
   EXPECT_EQ(bench.Log().substr(bench.Log().find("        10")),
             "        10 , 010 , 8 ,  01,02,03,04,05,06,07,08\r\n"

@@ -1,4 +1,4 @@
-// The end of the Windows session in the midst of a run that logs: its records are on the disk when
+// The end of the Windows session during a run that logs: its records are on the disk when
 // the handler returns, as the process may be ended then.
 #include <gtest/gtest.h>
 
@@ -47,7 +47,7 @@ TEST(SessionEnd, RecordsOfEveryWayAreWrittenAtOnceAndNotTwice) {
   }
 }
 
-// A spreadsheet server may be in the midst of a call or ended before the program.
+// A spreadsheet server may be in a call, or be ended before the program.
 TEST(SessionEnd, RecordsOfASpreadsheetLogBecomeTheLinesOfATextLog) {
   for (const WorkerKind worker : {WorkerKind::FormBG, WorkerKind::FormBG_29}) {
     SCOPED_TRACE(WayName(AdapterKind::kCanusb, worker));
@@ -114,7 +114,7 @@ TEST(SessionEnd, RecordsThatAFlushCouldNotWriteAreNotLost) {
     const std::string line29 = "         0 , * , 00000010 , 1 ,  01\r\n";
     std::string first;
     for (std::size_t i = 0; i < kChannel; ++i) first += extended ? line29 : line11;
-    if (extended) first += "000000000000";  // strayed from the other channel
+    if (extended) first += "000000000000";  // stray zeros of the other channel
     EXPECT_TRUE(bench.Records(1) == first) << bench.Records(1).size() << " bytes";
     const std::string line = extended ? "         0 , * , 10 , 1 ,  01\r\n" : line11;
     EXPECT_EQ(bench.Records(2), line + line);

@@ -22,7 +22,7 @@ class SpreadsheetBench : public RunBench {
     device.t_LogSaveFormat = kLogFormatSpreadsheet;
   }
 
-  /// A text of the records that crossed last, behind the header of the table.
+  /// A text of the records that were sent last, after the head of the table.
   [[nodiscard]] String Cell(std::size_t row, std::size_t column) const {
     const auto& cells = automation.Tables().back().cells;
     return cells.size() == 20001U * 12U ? cells[row * 12 + column] : u"no records";

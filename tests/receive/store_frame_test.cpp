@@ -238,7 +238,7 @@ TEST_F(Frame29, EachRemoteFrameTakesANewKeyBeforeItsEquals) {
   EXPECT_EQ(frames_->CAN29_Received_ID_Counter, 3);
   EXPECT_EQ(State(2), 3);
   EXPECT_EQ(frames_->CAN29_ArrayNo(0), 2);
-  // A data frame of the ID now goes to the newest row, and the old line stands still.
+  // A data frame of the ID now goes to the newest row, and the old line no longer changes.
   Store(0x100, kFirst, 3);
   EXPECT_EQ(State(2), 1);
   EXPECT_EQ(State(0), 3);
@@ -269,7 +269,7 @@ TEST_F(Frame29, NewKeyInAFullTableWritesTheLowestKeysRowEachTime) {
   Store(1, kFirst, 0);
   EXPECT_EQ(State(lowest), 3);
   EXPECT_EQ(Old(lowest), kFirst);
-  Store(9999, kSecond, 0, 8, kNoKey);  // behind the last position: row 0
+  Store(9999, kSecond, 0, 8, kNoKey);  // after the last position: row 0
   EXPECT_EQ(State(0), 3);
   EXPECT_EQ(Data(0), kSecond);
 }

@@ -69,7 +69,7 @@ TEST(WorkerTicks, KnowWhoseTimerTheCycleComesFrom) {
     for (const WorkerKind worker : kAllWorkers) {
       SCOPED_TRACE(WayName(row.binding, worker));
       RunBench bench;
-      bench.device.t_select_Vender = kVenderCanusb;  // of a board, cycles are not mended
+      bench.device.t_select_Vender = kVenderCanusb;  // cycles of a board are not repaired
       const String page =
           PageOfRun(bench, row.binding, worker,
                     {{.id = 0x100, .time = row.from}, {.id = 0x100, .time = row.to}});

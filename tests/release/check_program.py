@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""Checks what the headers of the built program and its library tell Windows.
+"""Checks what the headers of the built program and its library say to Windows.
 
 usage: check_program.py FOLDER MACHINE
 

@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""Tests of check_release: every way in which a release can be wrong is told."""
+"""Tests of check_release: every way in which a release can be wrong is reported."""
 
 import hashlib
 import io

@@ -1,4 +1,4 @@
-"""Reads what the headers of a Windows executable or library tell."""
+"""Reads the headers of a Windows executable or library."""
 
 import pathlib
 import struct
@@ -81,7 +81,7 @@ class PeFile:
 
     def _section(self, row: int) -> Section:
         name = self._data[row:row + 8].rstrip(b"\0").decode("ascii")
-        if name.startswith("/"):  # a longer name stands behind the symbols
+        if name.startswith("/"):  # a longer name is stored after the symbols
             name = self._text(self._strings + int(name[1:]))
         _, address, size, offset = struct.unpack_from("<IIII", self._data, row + 8)
         return Section(name, address, size, offset)

@@ -14,7 +14,7 @@ import tempfile
 import unittest
 
 PROJECT = pathlib.Path(sys.argv.pop())
-# Those without a folder stand in scripts/.
+# Those without a folder are in scripts/.
 SCRIPTS = ("demo", "replay-check", "log-check", "pictures", "build", "package", "test", "bench/compare", "tests/soak/run")
 MOST_WHOLE = 999_999_999
 HEAVY = ("apt-get", "sudo", "dpkg-query", "cmake", "ninja", "wine", "wineserver", "Xvfb", "convert")

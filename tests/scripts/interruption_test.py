@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""Tests of scripts/lib/python-run: Ctrl-C ends a Python script without a word, whenever it comes. The
+"""Tests of scripts/lib/python-run: Ctrl-C ends a Python script without a message at any time. The
 project's folder is the argument."""
 
 import os
@@ -79,7 +79,7 @@ class Interruption(unittest.TestCase):
                     self.assertEqual("trap '' INT", before.strip(), f"{name}: {line}")
 
     def test_an_interrupted_demo_says_nothing_of_python(self):
-        # The recording is a pipe that nobody fills, so the demo waits for its reader.
+        # The recording is a pipe that is never written to, so the demo waits for its reader.
         pipe = self.folder / "recording.log"
         os.mkfifo(pipe)
         (self.folder / "project").mkdir()

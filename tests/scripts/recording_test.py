@@ -24,7 +24,7 @@ ERROR = "(1.5) can0 20000004#0001\n"
 def shared_lines() -> list[tuple[str, str, str]]:
     with open(TABLE, encoding="utf-8") as file:
         rows = [line.strip().rstrip(",") for line in file if not line.startswith("//")]
-    # A row's strings are written alike in both languages.
+    # The strings of a row are written the same way in both languages.
     return [ast.literal_eval("(" + row.removeprefix("{").removesuffix("}") + ")") for row in rows]
 
 

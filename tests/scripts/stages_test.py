@@ -182,7 +182,7 @@ class Stages(unittest.TestCase):
 
 
 def running(process: int) -> bool:
-    """A dead process that nobody has fetched yet runs no more."""
+    """A zombie process counts as ended."""
     for _ in range(100):
         try:
             os.kill(process, 0)

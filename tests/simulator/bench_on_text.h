@@ -48,7 +48,7 @@ class BenchOnText {
     return {std::istreambuf_iterator<char>(file), {}};
   }
 
-  /// What the report so far tells of wrong calls, without the library's name.
+  /// The wrong calls in the report so far, without the library's name.
   tolvane::Faults Faults() const { return FaultsOf(ReportText()); }
 
  private:

@@ -9,8 +9,7 @@ using tolvane::simulator::BusFrame;
 using tolvane::simulator::CandumpLog;
 using tolvane::simulator::LogSource;
 
-/// Whatever the text: frames are ones that a bus can carry, in order, and nothing lies behind their
-/// length.
+/// For any text: frames are possible on a bus and in order, and bytes beyond their length are 0.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   const auto log = std::make_shared<const CandumpLog>(tolvane::simulator::ParseCandumpLog(
       std::string_view(reinterpret_cast<const char*>(data), size)));

@@ -1,4 +1,4 @@
-// What the simulated canlib32.dll refuses, and what it tells as a fault of the program.
+// What the simulated canlib32.dll refuses, and what it reports as a fault of the program.
 #include <gtest/gtest.h>
 
 #include <array>

@@ -1,4 +1,4 @@
-// What the simulated IFCan.dll refuses, and what it tells as a fault of the program.
+// What the simulated IFCan.dll refuses, and what it reports as a fault of the program.
 #include <gtest/gtest.h>
 
 #include <string>
@@ -22,7 +22,7 @@ class IfcanRefuses : public IfcanBed {
     return library_->CanOpenPort("IFCAN1");
   }
 
-  /// The status of the activation with a configuration; to write it is refused to nobody.
+  /// The status of the activation with a configuration; writing it always succeeds.
   std::int32_t ActivateWith(std::int32_t handle, const IfcanConfig& config) {
     EXPECT_EQ(library_->CanSetConfig(handle, config), 0);
     return library_->CanActivate(handle);

@@ -52,8 +52,8 @@ class SimulatedLibrary : public testing::Test {
   std::filesystem::path folder_;
 };
 
-/// Time goes on by a millisecond with each read; the frames come from a recording beside the bench
-/// file.
+/// Time advances by a millisecond with each read; the frames come from a recording next to the
+/// bench file.
 inline constexpr std::string_view kBus =
     "[bench]\nclock=reads\nclock_step_us=1000\nreport=report.txt\n[bus]\nsource=log\nlog=bus.log\n";
 

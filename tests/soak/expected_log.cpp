@@ -32,7 +32,7 @@ std::size_t HeaderSize(const std::string& file) {
 std::string LineAt(const std::string& text, std::size_t position) {
   const std::size_t start = position == 0 ? 0 : text.rfind('\n', position - 1) + 1;
   const std::string line = text.substr(start, text.find('\r', start) - start);
-  // Thousands of stray zeros may stand in front.
+  // Thousands of stray zeros may come first.
   return line.size() <= kShownOfLine ? line : "..." + line.substr(line.size() - kShownOfLine);
 }
 

@@ -15,8 +15,8 @@ struct AdapterTime {
   std::int64_t ticks_per_ms;  // of the stamps
 };
 
-/// The csv files that a run must leave behind: made from the plan of the generated load alone, by
-/// other code than the program's.
+/// The csv files that a run must leave, computed from the plan of the generated load alone, with
+/// code that is independent of the program's.
 class ExpectedLog {
  public:
   static constexpr std::int64_t kRecordsPerFile = 20'001;
@@ -29,7 +29,7 @@ class ExpectedLog {
   [[nodiscard]] std::int64_t Files() const { return frames_ / kRecordsPerFile + 1; }
   [[nodiscard]] std::int64_t Frames() const { return frames_; }
 
-  /// The records of the next file: all bytes behind its header.
+  /// The records of the next file: all bytes after its header.
   [[nodiscard]] std::string NextFile();
 
  private:
@@ -50,7 +50,7 @@ class ExpectedLog {
   std::int64_t line_ = 0;
 };
 
-/// Where `file`, a whole log, differs from a header of eight lines and `records`; empty when it
+/// Where `file`, a complete log, differs from a header of eight lines and `records`; empty when it
 /// does not. Says the record, from 1, and both texts.
 [[nodiscard]] std::string FirstDifference(const std::string& file, const std::string& records);
 

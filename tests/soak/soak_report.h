@@ -23,11 +23,11 @@ struct SoakVerdict {
   bool passed;
 };
 
-/// Passed when every frame of the plan was delivered and stands in the logs, nothing was overrun,
+/// Passed when every frame of the plan was delivered and is in the logs, nothing was overrun,
 /// and no gap between two reads was longer than a quarter of the time that the queue covers.
 [[nodiscard]] SoakVerdict Judge(const SoakEvidence& evidence);
 
-/// Gaps behind the frame that filled a log file: writing it is what the program did then.
+/// Gaps after the frame that filled a log file, in which the program wrote that file.
 [[nodiscard]] std::vector<simulator::ReadGap> Flushes(const BenchRun& run);
 
 }  // namespace tolvane::soak

@@ -1,5 +1,5 @@
-// The whole program at full bus load on a scaled clock: what the bus said stands in the logs, all
-// of it, and nothing else. No times are measured here.
+// The whole program at full bus load on a scaled clock: the logs have all frames of the bus
+// and nothing else. No times are measured here.
 #include <gtest/gtest.h>
 
 #include <ostream>
@@ -53,7 +53,7 @@ std::string BenchFile(const Load& load) {
          std::to_string(load.frames) + "\n" + load.bus + load.adapter;
 }
 
-/// A run with the csv log on that takes in the whole load.
+/// A run with the csv log on that receives the complete load.
 void RunLogged(bench_run::BenchProgram& program, const Load& load) {
   program.Start();
   program.Device().t_bitRate = 0;

@@ -37,7 +37,7 @@ TOLD = (
 # At any time: what devices ask and answer.
 ASKED = ((6, 0x0EA23, DISPLAY, "kkk"), (6, 0x0E8FF, RECEIVER, "kbkkkkkk"), (7, 0x0EF85, DISPLAY, "kwwwwwww"),
          (6, 0x0EAFF, ENGINE, "kk0"), (7, 0x1FF20, WIND, ""))
-# Each device tells its name once.
+# Each device sends its name once.
 NAME = 6, 0x0EEFF, "kkkkkkkk"
 
 

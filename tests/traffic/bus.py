@@ -23,7 +23,7 @@ class Message(NamedTuple):
 class Bus(NamedTuple):
     messages: list[Message]
     bit_time: int
-    began: int    # the clock of whoever recorded it
+    began: int    # the recorder's clock
     length: int
     seed: int
     channel: str

@@ -19,7 +19,7 @@ class Content:
         self.constant, self.slow, self.state = (dice.below(256) for _ in range(3))
 
     def next(self, place: int) -> bytes:
-        """The bytes of the next frame, which stands at that place of its burst."""
+        """The bytes of the next frame, which has that place in its burst."""
         self.bursts += place == 0
         if self.dice.below(8) == 0:
             self.slow = (self.slow + self.dice.pick((-1, 1))) % 256

@@ -65,7 +65,7 @@ class Bytes(unittest.TestCase):
 
 class Interruption(unittest.TestCase):
     def test_the_generator_ends_without_a_word(self):
-        # Nobody fetches the rest of what it writes, so it is still at it.
+        # Nobody reads the rest of its output, so it is still writing.
         writer = subprocess.Popen([os.path.join(LIB, "python-run"), pathlib.Path(__file__).parent / "generate.py",
                                    "car"], stdout=subprocess.PIPE, stderr=subprocess.PIPE)
         writer.stdout.read(1)
@@ -93,7 +93,7 @@ class Recordings(unittest.TestCase):
         self.assertGreater(len(steady), 160)
         self.assertEqual({10, 20, 50, 100, 200, 500, 1_000}, {message.cycle // 1_000 for message in steady})
         for message in steady:
-            # A message of little rank waits for others, for a few frames at most.
+            # A message of low priority waits for others, for a few frames at most.
             distances = gaps(found[message.identifier, False])
             for distance in distances:
                 self.assert_between(message.cycle - 5_000, distance, message.cycle + 5_000, message)

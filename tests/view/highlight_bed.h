@@ -30,7 +30,7 @@ inline void Settle(Bed& bed, std::int16_t id) {
   ASSERT_EQ(bed.frames->CAN11_ReceivedTime_Delta(id), 100.0);
 }
 
-/// The next frame of `id`, `cycle` ms behind the last.
+/// The next frame of `id`, `cycle` ms after the last.
 inline void Next(Bed& bed, std::int16_t id, const Bytes8& data, double cycle) {
   bed.Receive(id, 8, data, bed.frames->CAN11_ReceivedTime(id) + cycle);
 }

@@ -158,7 +158,7 @@ TEST(PageText29, ACycleRegionIsTwoCharactersLongerThanItsFraction) {
   EXPECT_EQ(bed.view.page->text.substr(static_cast<std::size_t>(start), 8), u"100.25ms");
 }
 
-// Of a board, whose rows show the stored cycle again when two frames bear one stamp.
+// Of a board, whose rows show the stored cycle again when two frames have the same stamp.
 TEST(PageText29, ATenThousandthBetweenTwoStampsIsNotOneStamp) {
   Bed bed;
   bed.device.t_select_Vender = kVenderInterface;

@@ -50,7 +50,7 @@ class BedTimer final : public platform::Timer {
   bool enabled_ = true;
 };
 
-/// A clock that stands where it is put, and a fade whose colour is the remaining time, so that a
+/// A clock that a test sets, and a fade whose colour is the remaining time, so that a
 /// paint list shows the counters.
 class BedSupport final : public platform::SupportLibrary {
  public:

@@ -41,7 +41,7 @@ TEST(Tick, ElevenBitScansYieldBeforeRows400To2000AndNotInTheColourPass) {
   bed.Receive(400, 8, kData, 5);
   std::size_t yields = 0;
   bed.events.during_yield = [&] {
-    // What the yield changes in the row behind it is on the page.
+    // What the yield changes in the next row is on the page.
     if (++yields == 1) bed.frames->CAN11_DLC(400, 1);
   };
   EXPECT_EQ(bed.Page().substr(34, 11), u"190  1   01");

@@ -18,7 +18,8 @@ class TickWrites : public EachWorker<Worker> {
   using typename EachWorker<Worker>::Frame;
   using typename EachWorker<Worker>::Table;
   static constexpr std::int16_t kLast = Table::kArayy_MAX;
-  static constexpr std::int16_t kKeys = 3000;  // of an extended table; the rows behind are unused
+  static constexpr std::int16_t kKeys =
+      3000;  // of an extended table; the rows after them are unused
 
   /// Every row differs from its neighbours in all that a tick reads, unused rows too.
   void FillEveryRow() {

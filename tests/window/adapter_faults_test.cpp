@@ -183,7 +183,7 @@ TEST_F(AdapterFaults, ARemoteFrameShowsTheBytesOfTheFrameBefore) {
 TEST_F(AdapterFaults, BoardClocksGoThroughNegativeStampsAndThroughTheRepairOfAWrap) {
   struct Row {
     const char* faults;
-    std::array<long long, 3> times;  // of the frames behind the change
+    std::array<long long, 3> times;  // of the frames after the change
   };
   for (const Row& row :
        {Row{"clock_start = 0x7FFC2F6F\n", {-3'865'175, -1'717'842, -1'717'742}},

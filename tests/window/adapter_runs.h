@@ -45,11 +45,11 @@ inline constexpr std::array<RateRow, 9> kRates{{{L"1M bps", 1'000'000, "1000", 3
 /// What the libraries' report calls the adapter of each kind that works.
 inline constexpr std::array kAdapterNames{"TV100001", "IFCAN1", "channel0"};
 
-/// Calls of an adapter's library as its report tells them, results included.
+/// Calls of an adapter's library as its report has them, with their results.
 using Calls = std::vector<std::string>;
 
 /// The calls of one run at these settings on the adapter of the kind that works. `made` are those
-/// of the run itself: its open tells the handle.
+/// of the run itself, whose open call gives the handle.
 [[nodiscard]] Calls ExpectedCalls(Kind kind, const Settings& settings, const Calls& made);
 
 /// The real program with adapters of all kinds: of each kind one that works and one that fails in a

@@ -153,7 +153,7 @@ def xlsx_faults(path: pathlib.Path, expected: list[Record], adapter: str, ids: i
 
     try:
         sheet = openpyxl.load_workbook(path).active
-    except Exception as error:  # whatever a damaged file makes of the reader
+    except Exception as error:  # any error of the reader on a damaged file
         yield f"{path.name}: cannot be read as a workbook: {error}"
         return
     yield from (f"{path.name}: {fault}" for fault in sheet_head_faults(sheet, adapter, ids))
@@ -183,7 +183,7 @@ def faults(logs: list[pathlib.Path], expected: list[Record], adapter: str = "can
 
 
 def logs_of(folder: pathlib.Path) -> list[pathlib.Path]:
-    """In the order of their writing, since the number grows and the hour stands ahead of it."""
+    """In the order in which they were written: names begin with the hour, followed by a growing number."""
     return sorted(path for path in folder.iterdir()
                   if re.fullmatch(r"KL\d{8}-\d{3}\.(csv|xlsx)", path.name))
 

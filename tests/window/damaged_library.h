@@ -5,7 +5,7 @@
 
 namespace tolvane::window {
 
-/// What can be wrong with a library that stands where it belongs.
+/// What can be wrong with a library that is in the right place.
 enum class Damage { kNone, kNoLibrary, kOtherMachine, kLacksExport };
 
 /// Leaves a copy of the library `source` at `target` with that damage done. `lost_export` is the

@@ -170,7 +170,7 @@ TEST_F(Version, APressOnTheAddressAndAClickOnItsPictureOpenTheHomePage) {
   const DrivenWindow version = Open(menu_help_version, kVersionClass);
   ASSERT_TRUE(version.Exists());
   const std::string line = "https://tolvane.example/\r\n";
-  // The picture wants the whole click, the text only the press.
+  // The picture needs press and release, the text only the press.
   PostMessageW(version.Control(PicURL), WM_LBUTTONDOWN, MK_LBUTTON, 0);
   PostMessageW(version.Control(Lb_URL), WM_LBUTTONDOWN, MK_LBUTTON, 0);
   EXPECT_TRUE(WaitUntil([&] { return FileBytes(opened) == line; })) << FileBytes(opened);

@@ -37,7 +37,7 @@ class Keyboard : public RealProgram {
   static bool Idle(const DrivenWindow& window) {
     return WaitUntil([&] { return window.Enabled(Bt_Connect); });
   }
-  /// The system tells the new focus before the button takes the ring or gives it away.
+  /// The system reports the new focus before the button gets or loses the default ring.
   static bool BecomesDefault(const DrivenWindow& window, int id, bool is_default = true) {
     return WaitUntil([&] {
       const LONG_PTR kind = GetWindowLongPtrW(window.Control(id), GWL_STYLE) & BS_TYPEMASK;

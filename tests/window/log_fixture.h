@@ -10,7 +10,7 @@
 namespace tolvane::window {
 
 /// Files of a folder whose names begin with `prefix` and end with `extension`, in the order of
-/// their writing: the names bear the hour and then a number.
+/// their writing: the names have the hour and then a number.
 [[nodiscard]] std::vector<std::filesystem::path> FilesOf(const std::filesystem::path& folder,
                                                          std::wstring_view prefix,
                                                          std::wstring_view extension);
@@ -29,7 +29,7 @@ void FillNumbers(const std::filesystem::path& folder, const wchar_t* prefix,
 /// alone, is replaced by "DATE".
 [[nodiscard]] std::string WithoutDate(std::string log);
 
-/// What stands ahead of the records of a log without its date, in code page 932; the comment too.
+/// The text before the records of a log without its date, in code page 932; the comment too.
 [[nodiscard]] std::string CsvHead11(std::string_view comment);
 [[nodiscard]] std::string CsvHead29(std::string_view comment);
 
@@ -67,7 +67,7 @@ class LogRun : public OpenedWindows {
   }
 };
 
-/// A folder beside the program's, made anew and removed with the object.
+/// A new folder next to the program's, removed with the object.
 class ScratchFolder {
  public:
   explicit ScratchFolder(std::filesystem::path path);

@@ -34,8 +34,8 @@ TEST_F(LogRun, CsvFilesOfTwoRunsByteForByte) {
 }
 
 TEST_F(LogRun, RollsOverAfter20001RecordsAndWritesTheRestAtTheEnd) {
-  // Identifiers from 8 on, so that some bear leading zeros; on channel 2 of the 29-bit log these
-  // come out ahead of the next file of channel 1.
+  // Identifiers from 8 on, so that some have leading zeros; on channel 2 of the 29-bit log the
+  // zeros appear at the start of the next file of channel 1.
   constexpr int kFrames = 41'000;
   constexpr int kFirstId = 8;
   constexpr int kIds = 16;
@@ -59,7 +59,7 @@ TEST_F(LogRun, RollsOverAfter20001RecordsAndWritesTheRestAtTheEnd) {
       const int id = kFirstId + i % kIds;
       const std::string zeros(id < 16 ? 7 : 6, '0');
       if (file == 1) stray_zeros += zeros;
-      // The clock counts whole milliseconds, ten frames to each.
+      // The clock counts milliseconds; there are ten frames in each.
       expected.append(PaddedTime(i / 10)).append(" , * , ");
       expected.append(file == 1 ? "" : zeros).append(Hex(static_cast<unsigned>(id), 1));
       expected.append(" , 8 ,  ")

@@ -28,7 +28,7 @@ struct OddSettings {
 
 class SettingsFile : public OpenedWindows {
  protected:
-  /// Writes small numbers into the file that the program has left. They stand behind two texts,
+  /// Writes small numbers into the file that the program has left. They come after two texts,
   /// each with two bytes of length before it.
   void Patch(const OddSettings& row) {
     std::ifstream in(folder_.Path() / L"config.dat", std::ios::binary);

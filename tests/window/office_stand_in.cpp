@@ -71,7 +71,7 @@ bool OfficeStandIn::WaitForEnd() const {
 bool OfficeStandIn::Forget() const {
   if (!WaitForEnd()) return false;
   std::error_code error;
-  // The last server lets go of its record a moment behind its last line.
+  // The last server closes its record a moment after its last line.
   return WaitUntil([&] {
     std::filesystem::remove(record_, error);
     return !std::filesystem::exists(record_);

@@ -34,7 +34,7 @@ class PageCommandsBase : public LogRun {
   /// Over the page's control.
   [[nodiscard]] Items OpenPopUp() const;
 
-  /// Copies, whereupon the clipboard holds the text in both forms.
+  /// Copies; the clipboard then has the text in both forms.
   void ExpectCopied(int command, const std::wstring& text) const;
 
  private:

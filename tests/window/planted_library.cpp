@@ -1,4 +1,4 @@
-// A library that nobody ought to load: it leaves a file beside itself and refuses.
+// A library that must not be loaded: it leaves a file next to itself and refuses.
 #include <windows.h>
 
 #include <array>

@@ -41,7 +41,7 @@ def accepted(frames: list[rec.Frame], ids: int) -> list[rec.Frame]:
 
 
 def compare(comparison: Callable[[rec.Recording], int], given: argparse.Namespace) -> int:
-    """Runs it; the status. What cannot be compared is told in one sentence."""
+    """Runs it and returns the status. If nothing can be compared, prints the reason in one sentence."""
     try:
         recording = rec.read(given.recording)
         rec.comparable_frames(recording, given.ids)

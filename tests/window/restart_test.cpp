@@ -129,7 +129,7 @@ TEST_F(Restart, KeepsTheSettingsOfTheLogAndExtensionDialogs) {
 void SetVersion(const std::filesystem::path& file, char version) {
   constexpr std::string_view kTitle = "Tolvane Ver1.23";
   constexpr std::string_view kCopyright = "Copyright (C) 2026 Tolvane Project";
-  constexpr std::size_t kAhead = 3 * 4;  // three numbers stand ahead of the version
+  constexpr std::size_t kAhead = 3 * 4;  // three numbers come before the version
   std::string bytes = FileBytes(file);
   bytes.at(2 + kTitle.size() + 2 + kCopyright.size() + kAhead) = version;
   std::ofstream(file, std::ios::binary) << bytes;

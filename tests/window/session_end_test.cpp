@@ -30,7 +30,7 @@ TEST_F(SessionEnd, IsRefusedDuringARunAndWhenForcedLeavesNoRecordBehind) {
                         CsvHead11(kFirstComment) + "         0 , 123 , 1 ,  0A\r\n"
                                                    "        50 , 7FF , 3 ,  FF,EE,DD\r\n"));
 
-  // A set-up program that wants its files free ends nobody's process.
+  // A set-up program that needs its files closed does not end the process.
   EXPECT_EQ(program_->WaitForEnd(), 0u);
   EXPECT_EQ(Logs().size(), 1u);
 }

@@ -179,7 +179,7 @@ TEST_F(SpreadsheetLog, NeitherClicksNorTicksComeThroughInAFlush) {
   End();
 }
 
-/// Without the marks of calls that were turned away.
+/// Without the lines for calls that were rejected as busy.
 Calls WithoutBusy(Calls lines) {
   std::erase(lines, "busy");
   return lines;
@@ -188,7 +188,7 @@ Calls WithoutBusy(Calls lines) {
 TEST_F(SpreadsheetLog, ABusyServerIsAskedAgainAndNothingIsMissing) {
   struct Row {
     const char* way;
-    std::size_t at;  // the operation whose calls are turned away; 0 the creation
+    std::size_t at;  // the operation whose calls are rejected as busy; 0 the creation
   };
   const Row rows[] = {{"rejected", 0},
                       {"later", 1},
@@ -235,7 +235,7 @@ TEST_F(SpreadsheetLog, AServerThatStaysBusyCostsItsFlushAfterTenSecondsAndNoClic
   EXPECT_GE(waited, 9'000u);
   ASSERT_TRUE(WaitUntil([&] { return main_.Enabled(Bt_Connect); }));
   ASSERT_TRUE(office_->WaitForLine("end"));
-  // The flush of the other channel waits the rest and is whole.
+  // The flush of the other channel waits for the rest of the time and succeeds.
   Calls expected = ConnectCalls("Excel.Application");
   Append(expected, FlushCalls("FileName:=\"...\\KLyymmddhh-001.xls\", FileFormat:=56"));
   Append(expected, DisconnectCalls());
@@ -285,8 +285,8 @@ TEST_F(SpreadsheetLog, ACallThatFailsCostsItsFlushAndNothingElse) {
     const Calls lines = NormalCalls(office_->Lines());
     ASSERT_GT(lines.size(), failing);
     EXPECT_TRUE(lines[failing].ends_with(" ! 800A03EC")) << failing << ": " << lines[failing];
-    // From the failure on nothing of that flush follows; the next one is whole. What was closed in
-    // vain was saved before.
+    // After the failure that flush makes no further calls; the next one is complete. The workbook
+    // whose closing failed was saved before.
     const char* const number = failing == last ? "002" : "001";
     Calls rest =
         FlushCalls("FileName:=\"...\\KLyymmddhh-" + std::string(number) + ".xls\", FileFormat:=56");

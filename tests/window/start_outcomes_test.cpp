@@ -251,7 +251,7 @@ TEST_F(StartOutcome, GoesOnWithAdaptersThatFailAtAnyStep) {
   EXPECT_EQ(TextOfLine(window, 3), L"Interface  RevID:0 ch:0");
   EXPECT_EQ(Utf8(TextOfLine(window, 4)), Utf8(L"Interface PCI-485120 RevID:1 ch:1 高速CAN対応"));
   // Channels 1, 2 and 4 have the handles 0, 1 and 2, which are then asked as channel numbers: so
-  // the names are those of the channels 0, 1, which tells none, and 2.
+  // the names are those of channels 0, 1, which has none, and 2.
   EXPECT_EQ(Utf8(TextOfLine(window, 5)), Utf8(CardText(L"10001")));
   EXPECT_EQ(Utf8(TextOfLine(window, 6)), Utf8(CardText(L"10002")));
   EXPECT_EQ(Utf8(TextOfLine(window, 7)), Utf8(CardText(L"10000")));

@@ -79,8 +79,7 @@ TEST_F(Start, EveryWayOfClosingSavesAndEndsTheProgram) {
   }
 }
 
-// The support library is sought where the folder's name without the program's name leads, each
-// time that it stands there.
+// The support library is searched for in the folder's path with every "Tolvane.exe" in it removed.
 TEST_F(Start, AFolderThatBearsTheProgramsNameTwiceIsSearchedWithoutIt) {
   PlugIn(kOneCanusb, {L"canusbdrv.dll"});
   const ProgramFolder named(OwnFolder() / L"..\\..\\program",
@@ -110,7 +109,7 @@ struct FailedStart {
   const wchar_t* missing_file;  // of the program's folder, null for none
   std::function<std::wstring()> text;
   bool writes_settings;
-  std::optional<double> progress;  // of the splash behind the message, where it is up by then
+  std::optional<double> progress;  // of the splash under the message, if it is shown by then
 };
 
 std::ostream& operator<<(std::ostream& stream, const FailedStart& row) {

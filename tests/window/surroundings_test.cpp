@@ -1,4 +1,5 @@
-// What surrounds the real program: libraries beside it, other windows, a system that lacks a part.
+// The surroundings of the real program: libraries next to it, other windows, a system without some
+// part.
 #include <array>
 #include <list>
 
@@ -54,15 +55,15 @@ TEST_F(Surroundings, NoLibraryBesideTheProgramTakesThePlaceOfOneOfTheSystem) {
       [&] { return FindTopWindow(L"TolvaneSettingsDialog", program_->Id()) != nullptr; }));
   for (const wchar_t* name : kPlanted) {
     // Wine itself asks for this one by its bare name before the program's first line; the planted
-    // one has refused then and the program gone on.
+    // one has then refused and the program has continued.
     if (IsWine() && std::wstring_view(name) == L"uxtheme") continue;
     EXPECT_FALSE(std::filesystem::exists(folder_.Path() / (std::wstring(name) + L".dll.loaded")))
         << Utf8(name);
   }
 }
 
-// What these calls ask of the system, Wine does not do and does not tell. All that can be seen is
-// that the program has the means to ask, which nothing else in it needs.
+// Wine ignores what these calls ask for and does not report it. The test can only check that the
+// program imports them, which nothing else in it needs.
 TEST_F(Surroundings, TheProgramCanMakeTheCallsThatOnlyWindowsHeeds) {
   const std::string program = FileBytes(folder_.Executable());
   // The current folder in the search for libraries, the ghost of a window that does not answer, the
@@ -106,7 +107,7 @@ TEST_F(Surroundings, TheForegroundPassesFromTheSplashToTheMainWindow) {
   bool had_it = false;
   bool gave_it_away = false;
   EXPECT_TRUE(WaitUntil([&] {
-    // Looked at without a pause for a while: what is sought may last a few milliseconds.
+    // Checked without pauses for a while, since it may last only a few milliseconds.
     for (const ULONGLONG end = GetTickCount64() + 100; GetTickCount64() < end;) {
       MSG waiting;
       while (PeekMessageW(&waiting, nullptr, 0, 0, PM_REMOVE)) DispatchMessageW(&waiting);

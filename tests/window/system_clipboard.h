@@ -10,7 +10,7 @@
 namespace tolvane::window {
 
 /// The clipboard, held open as long as the object lives, so that the driven program is refused it.
-/// What was put there stays behind.
+/// Its content stays there afterwards.
 class HeldClipboard {
  public:
   /// Waits until nobody else holds it.

@@ -54,8 +54,8 @@ class RealProgram : public testing::Test {
   /// Presses the button of the connect and waits until a run is on.
   void Connect(const DrivenWindow& window);
   void Disconnect(const DrivenWindow& window);
-  /// What the libraries have objected to since the last look, and nothing else, stands in
-  /// `expected_faults_`, which is empty from then on. Each disconnect looks, and the test's end.
+  /// Expects the faults that the libraries have reported since the last check to be exactly
+  /// `expected_faults_`, and empties it. Called at each disconnect and at the end of the test.
   void ExpectFaults();
   void TearDown() override { ExpectFaults(); }
   /// Waits until the adapter that the report calls so has given out all the traffic of this run;

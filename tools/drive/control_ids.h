@@ -4,7 +4,7 @@
 
 namespace tolvane::window {
 
-/// The number behind a symbol of resource.h, or behind decimal digits; 0 for what is neither.
+/// The number that a symbol of resource.h or decimal digits stand for; 0 for anything else.
 [[nodiscard]] int ControlId(std::wstring_view name);
 
 }  // namespace tolvane::window

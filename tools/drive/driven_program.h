@@ -53,7 +53,7 @@ class ProgramFolder {
   std::filesystem::path path_;
 };
 
-/// Where the vendors' libraries stand on this system.
+/// The folder of the vendors' libraries on this system.
 [[nodiscard]] std::filesystem::path SystemFolder();
 
 /// The folder of the running executable.

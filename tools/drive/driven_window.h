@@ -23,7 +23,7 @@ bool WaitUntil(const std::function<bool()>& condition, std::chrono::milliseconds
 
 /// A window of the driven program and its controls, found by the ids of resource.h. The window is
 /// the program's own; every question is a message with a time limit, so a program that hangs makes
-/// a test fail and not stand still.
+/// a test fail and not hang.
 class DrivenWindow {
  public:
   DrivenWindow() = default;

@@ -26,7 +26,7 @@
 
 namespace tolvane::platform::memory {
 
-/// A whole machine in memory: one of every facility, with one journal over all that is done to
+/// A machine in memory: one of every facility, with one journal of everything that is done to
 /// them. The disk is empty; the clock stands at nine in the morning of the first Monday of 2026.
 /// The references given out live as long as this object.
 class MemoryPlatform {

@@ -18,7 +18,7 @@ constexpr double kNoOrigin = -1.0;  // Time_Origin before the first frame
 ///
 /// `Time_Origin` is the reading taken as zero and `Time_Last_Elapsed` the previous frame's distance
 /// from the origin of its time. The first wrap makes the origin 0.0 but leaves that distance as it
-/// was, so the line jumps ahead by the first origin once, at the frame after the wrap.
+/// was, so the line jumps forward by the first origin once, at the frame after the wrap.
 ///
 /// Whatever a foreign library did to the x87 unit before, the sums come out the same.
 void Frame_Time_Update(std::int32_t Timer_Mode, double& Time_Origin, double& Message_Time,

@@ -56,7 +56,7 @@ class Form1 {
   [[nodiscard]] bool ClosingIsRefused() const;
   /// The session ends although ClosingIsRefused: saves the records of the run, then what closing
   /// saves, and ends the run. The process may be ended as soon as this returns. It yields to
-  /// nobody, as it may come in the midst of anything that pumps messages.
+  /// nobody, as it may be called from within anything that pumps messages.
   void Session_Ends();
 
   // run/control/form1.cpp

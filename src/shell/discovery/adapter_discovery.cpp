@@ -38,7 +38,7 @@ void StorePortInformation(const platform::IfcanPortInformation& information, std
   IfCan_d.IfCAN_info_ulPhysicalLayer(i, information.ulPhysicalLayer);
 }
 
-/// Empty when the library does not tell it.
+/// Empty when the library does not report one.
 String ChannelName(const platform::Platform& platform, const KvaserCAN& kvCan_u,
                    std::int32_t handle) {
   std::array<char, kChannelNameSize> name{};

@@ -9,17 +9,19 @@
 
 namespace tolvane {
 
-// The searches of start-up, each for one adapter kind whose library is present. They fill a freshly
-// cleared record and leave no adapter open. A failing call ends or thins the list, nothing else.
+// The searches at start-up, one for each kind of adapter whose library is present. They fill a
+// freshly cleared record and leave no adapter open. When a library call fails, adapters are missing
+// from the list; there are no other consequences.
 
-/// Takes serial texts of 7 bytes and more, 30 adapters at most. Yields before each further adapter.
+/// Takes up to 30 adapters; a serial text shorter than 7 bytes ends the search. Yields before
+/// asking for each further adapter.
 void Find_CANUSB_Adapters(const platform::Platform& platform, CAN_DB& CAN_d);
 
-/// Tries the ports 1 to 255 and takes every one that opens.
+/// Tries ports 1 to 255 and takes each one that opens.
 void Find_Interface_Ports(const platform::Platform& platform, const InterfaceCAN& IfCan_u,
                           CAN_DB_Interface& IfCan_d);
 
-/// Takes every channel that opens, 30 at most, with or without a name. Yields for each.
+/// Takes each channel that opens, up to 30, with or without a name. Yields for each.
 void Find_Kvaser_Channels(const platform::Platform& platform, const KvaserCAN& kvCan_u,
                           CAN_DB_Kvaser& kvCan_d);
 

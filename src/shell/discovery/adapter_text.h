@@ -6,8 +6,8 @@
 
 namespace tolvane {
 
-/// The text of a buffer that a library filled, all NUL removed wherever they stand; the buffer need
-/// not hold any.
+/// The text in a buffer that a library filled, without any NUL, wherever it is. The buffer may hold
+/// no NUL at all.
 template <std::size_t N>
 [[nodiscard]] std::string WithoutNul(const std::array<char, N>& buffer) {
   std::string text;

@@ -12,11 +12,12 @@ namespace tolvane {
 
 namespace {
 
-/// A query's answer: two 32-bit words, zero where the library wrote nothing.
+/// The answer to a query: two 32-bit words, zero where the library wrote nothing.
 using CardData = std::array<std::uint32_t, 2>;
 
-/// The lists of the three kinds follow each other; lines count from 1 over all of them. Line 0, no
-/// selection, goes to an adapter without a serial text as long as any CANUSB adapter was found.
+/// The adapters of the three kinds are listed one after the other; lines are counted from 1 over
+/// all of them. Line 0, no selection, means a CANUSB adapter with an empty serial text if any
+/// CANUSB adapter was found.
 void ResolveLine(ELM327_Info& device, CAN_DB& CAN_d, CAN_DB_Interface& IfCan_d,
                  CAN_DB_Kvaser& kvCan_d) {
   const std::int32_t line = device.t_CmbBOX_device_SelectNo;
@@ -78,10 +79,10 @@ CardData QueryCard(platform::CanlibLibrary& library, std::int32_t handle, std::i
   return words;
 }
 
-/// The bits of a number that is written as 16 hexadecimal digits, the second word first.
+/// A 64-bit number whose high half is the second word.
 std::uint64_t Number64(const CardData& words) { return std::uint64_t{words[1]} << 32 | words[0]; }
 
-/// Digits `first` to `last` of those 16, counted from 1, as a number of its own.
+/// Hexadecimal digits `first` to `last` of the 16 digits of `number`, counted from 1, as a number.
 std::uint32_t Digits(std::uint64_t number, int first, int last) {
   const std::uint64_t shifted = number >> 4 * (16 - last);
   return static_cast<std::uint32_t>(shifted & ((std::uint64_t{1} << 4 * (last - first + 1)) - 1));
@@ -95,8 +96,8 @@ void AppendFiveDigits(std::uint32_t number, String& text) {
 
 String KvaserText(platform::CanlibLibrary& library, const KvaserCAN& kvCan_u,
                   const CAN_DB_Kvaser& kvCan_d) {
-  // One above the channel's own place in the list, which counts from 0: the card told about is that
-  // of the next found channel, and of handle 0 for the last one.
+  // The list is indexed from 0 and KvCAN_SelectNo counts from 1, so this is the handle of the next
+  // channel found, and 0 for the last one. The wrong card is described; this is kept on purpose.
   const std::int32_t handle =
       kvCan_d.Kvaser_DevHandle(static_cast<std::int16_t>(kvCan_d.KvCAN_SelectNo));
   const auto serial = static_cast<std::int32_t>(

@@ -14,10 +14,10 @@
 
 namespace tolvane {
 
-/// Finds the adapter of line t_CmbBOX_device_SelectNo, makes it the one of the next run and shows
-/// what it says of itself in TB_ODB_Hard_Version. The result is that of canusb_VersionInfo for a
-/// CANUSB adapter, 0 when it did not open; 1 for the other two kinds; 0 when no adapter has that
-/// line. Neither yields nor shows a message.
+/// Selects the adapter of line t_CmbBOX_device_SelectNo for the next run and shows its description
+/// in TB_ODB_Hard_Version. Returns the result of canusb_VersionInfo for a CANUSB adapter, or 0 when
+/// it did not open; 1 for the other two kinds; 0 when no adapter has that line. Neither yields nor
+/// shows a message.
 std::int32_t Apply_Device_Select(const platform::Platform& platform,
                                  platform::TextBox& TB_ODB_Hard_Version, ELM327_Info& device,
                                  const CANUSB& CAN_u, CAN_DB& CAN_d, CAN_DB_Interface& IfCan_d,

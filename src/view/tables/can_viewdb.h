@@ -7,10 +7,10 @@
 
 namespace tolvane {
 
-/// Where the coloured regions of the page lie and how long each stays coloured, indexed by
-/// CAN ID. Positions are zero-based characters of the page; the fields named _end
-/// hold lengths. A counter is the remaining time in nominal milliseconds; a region whose counter
-/// is 0 or below is not painted and its position is stale.
+/// The positions of the coloured regions of the page and how long each stays coloured, indexed by
+/// CAN ID. Positions count characters of the page from 0; the fields named _end hold lengths. A
+/// counter is the remaining time in nominal milliseconds; a region whose counter is 0 or below is
+/// not painted and its position is stale.
 class CAN_ViewDB : public ArayyClear {
  public:
   static constexpr std::int32_t kArayy_MAX = 2048;

@@ -7,11 +7,11 @@
 
 namespace tolvane {
 
-/// Where the coloured regions of the page lie and how long each stays coloured, indexed by
-/// table row, not by position, so that a highlight stays with its message. Positions are zero-based
-/// characters of the page; the fields named _end hold lengths. A counter is the remaining time in
-/// nominal milliseconds; a region whose counter is 0 or below is not painted and its position is
-/// stale.
+/// The positions of the coloured regions of the page and how long each stays coloured, indexed by
+/// table row, not by place on the page, so that a highlight stays with its message. Positions count
+/// characters of the page from 0; the fields named _end hold lengths. A counter is the remaining
+/// time in nominal milliseconds; a region whose counter is 0 or below is not painted and its
+/// position is stale.
 class CAN_ViewDB29 : public ArayyClear {
  public:
   static constexpr std::int32_t kArayy_MAX = 4000;

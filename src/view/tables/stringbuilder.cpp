@@ -12,7 +12,7 @@ void StringBuilder::Grow() {
   if (mBuffer.size() < grown) mBuffer.resize(grown);
   size_ = grown;
   if (start > old_size) {
-    // An append longer than a block left a gap, and storage of an earlier text may lie in it.
+    // An append longer than a block left a gap, which may hold characters of an earlier text.
     std::fill_n(mBuffer.begin() + static_cast<std::ptrdiff_t>(old_size),
                 std::min(start, size_) - old_size, u'\0');
   }

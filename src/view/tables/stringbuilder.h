@@ -7,13 +7,13 @@
 
 namespace tolvane {
 
-/// Text buffer that appends into one pre-sized block. mTextLength is the position counter that
-/// every coloured region of a page is derived from.
+/// A text buffer that appends into one block sized in advance. The positions of a page's coloured
+/// regions are taken from mTextLength.
 class StringBuilder {
  public:
   /// Adds text; an empty string does nothing. When the buffer is too short, one block of mGrowStep
-  /// NUL characters is added first: once, whatever the new length, so that of an append longer
-  /// than a whole block only what fits is kept, while mTextLength grows by all of it.
+  /// NUL characters is added first, only one: if the text is longer than a block, only the part
+  /// that fits is kept, but mTextLength grows by the full length.
   void Append(StringView AppendString) {
     const auto start = static_cast<std::size_t>(mTextLength);
     const std::size_t end = start + AppendString.size();
@@ -25,9 +25,9 @@ class StringBuilder {
     mTextLength = static_cast<std::int32_t>(end);
   }
 
-  /// Room for `length` characters behind the text, for text that is made in place; Take counts in
-  /// what was written there. Valid until the next change. Grows by whole blocks; null, with the
-  /// text as it was, when there is no memory for them.
+  /// Room for `length` characters after the text, to be written in place; Take then adds them to
+  /// the text. Valid until the next change. Grows by blocks; null, with the text unchanged, when
+  /// there is no memory for them.
   [[nodiscard]] char16_t* Reserve(std::size_t length) {
     const bool fits = static_cast<std::size_t>(mTextLength) + length <= size_;
     return fits || GrowFor(length) ? mBuffer.data() + mTextLength : nullptr;
@@ -39,7 +39,7 @@ class StringBuilder {
     return StringView(mBuffer).substr(0, size_).substr(0, static_cast<std::size_t>(mTextLength));
   }
 
-  /// Empties text and buffer. The storage stays for the next text, which sees nothing of the last.
+  /// Empties the text. The storage is kept for the next text.
   void AllClear() {
     mTextLength = 0;
     size_ = 0;
@@ -53,7 +53,7 @@ class StringBuilder {
   void AppendGrown(StringView AppendString);
 
   String mBuffer;                      // storage, never given back
-  std::size_t size_ = 0;               // the buffer's length: a number of whole blocks
+  std::size_t size_ = 0;               // the buffer's length, a multiple of mGrowStep
   std::int32_t mGrowStep = 1'200'000;  // characters
 };
 

@@ -323,7 +323,7 @@ TEST_F(FormOptionLog1Drop, BitsThatTellOfStorageMakeAFolderNoOtherOne) {
   }
 }
 
-/// The two boxes and the pictures beside each.
+/// The two boxes and the pictures next to them.
 class FormOptionLog1Chooser : public FormOptionLog1Test {
  protected:
   FormOptionLog1Chooser() {

@@ -145,7 +145,7 @@ TEST_F(MainWindowKeys, FunctionKeysDoNothingWhereTheButtonWould) {
   Press(loop_, VK_F5);
   constexpr LPARAM kHeldDown = 1 << 30 | 1;
   Press(loop_, VK_F9, kHeldDown);
-  // A settings dialog stands over the window.
+  // A settings dialog is open.
   EnableWindow(window_.Hwnd(), FALSE);
   PostMessageW(Child(TB_Status), WM_KEYDOWN, VK_F9, 1);
   PostMessageW(Child(TB_Status), WM_KEYDOWN, VK_F1, 1);

@@ -55,7 +55,7 @@ SIZE TextSizeIn(HWND control, const String& text) {
   return text.empty() ? SIZE{0, size.cy} : size;
 }
 
-/// Pixels that a button takes beside its text.
+/// Pixels that a button needs in addition to its text.
 int BesideText(HWND button) {
   switch (GetWindowLongPtrW(button, GWL_STYLE) & BS_TYPEMASK) {
     case BS_AUTOCHECKBOX:

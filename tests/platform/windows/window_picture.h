@@ -23,7 +23,8 @@ class WindowPicture {
 
   [[nodiscard]] bool operator==(const WindowPicture&) const = default;
 
-  /// Leaves it for looking at: pictures/`name`.bmp beside the test program. False when that fails.
+  /// Saves it for inspection as pictures/`name`.bmp next to the test program. False when that
+  /// fails.
   [[nodiscard]] bool Save(const String& name) const;
 
  private:

@@ -158,7 +158,7 @@ TEST(KvaserConstants, HoldTheLibrarysValuesAfterAClear) {
   EXPECT_EQ(kvCan_u.canIOCTL_GET_DEVNAME_ASCII, 37);
 }
 
-// Every member stands above: one that is added without its value there changes the size.
+// All members are checked above: a member added without its value there changes the size.
 static_assert(sizeof(KvaserCAN) == 147 * sizeof(std::int32_t));
 
 }  // namespace

@@ -14,7 +14,7 @@ namespace {
 std::optional<std::int16_t> LinearSearch(const CAN_ReadDB29& frames, std::int32_t id,
                                          std::uint8_t flag) {
   for (std::int32_t p = 0; p <= frames.CAN29_Received_ID_Counter; ++p) {
-    if (p > CAN_ReadDB29::kArayy_MAX) break;  // behind a full table
+    if (p > CAN_ReadDB29::kArayy_MAX) break;  // after a full table
     const auto position = static_cast<std::int16_t>(p);
     if (frames.CAN29_Received_ID(position) == id && frames.CAN29_ExtendFlag(position) == flag) {
       return position;

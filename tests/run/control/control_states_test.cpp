@@ -95,7 +95,7 @@ TEST_P(ControlStates, FollowTheRun) {
 INSTANTIATE_TEST_SUITE_P(OfTheWindow, ControlStates, testing::ValuesIn(kControls),
                          [](const auto& row) { return std::string(row.param.label); });
 
-// The tick stops its timer, but what it does to the selection is told in the next yield.
+// The tick stops its timer, but its change of the selection is reported in the next yield.
 TEST(ControlStates, TheMenuFitsAfterARunThatTookASelectionAway) {
   Form1Bench bench;
   bench.Start();

@@ -70,7 +70,7 @@ class Form1Bench {
   Form1 form{memory.Platform(), memory.MainWindow(), kFolder};
 };
 
-/// Long journals: tells the first line that differs.
+/// For long journals: prints the first line that differs.
 inline void ExpectLines(const std::vector<std::string>& actual,
                         const std::vector<std::string>& expected) {
   const auto [a, e] = std::mismatch(actual.begin(), actual.end(), expected.begin(), expected.end());

@@ -43,8 +43,8 @@ class Nesting : public RunControl, public testing::WithParamInterface<WorkerRow>
     Arrive(0x1A0);
   }
 
-  /// A whole run; `world` is told the depth of each of its yields. One that never disconnects ends
-  /// at yield 1,000 with a failure.
+  /// A complete run; `world` is given the depth of each of its yields. One that never disconnects
+  /// ends at yield 1,000 with a failure.
   void Run(std::function<void(int depth)> world) {
     int depth = 0;
     const std::int64_t end = memory_.events.Yields() + 1000;

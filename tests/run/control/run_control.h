@@ -20,8 +20,8 @@ class RunControl : public testing::Test {
     form_.device.t_LogSave_Enable = 0;
   }
 
-  /// A whole run: `steps` happen at one yield of the receive loop after the other, none within
-  /// another, then the user disconnects.
+  /// A complete run: one of `steps` happens at each yield of the receive loop, not nested, then the
+  /// user disconnects.
   void Connect(std::vector<std::function<void()>> steps = {}) {
     std::size_t next = 0;
     bool inside = false;

@@ -1,4 +1,4 @@
-// While a run is on, and no longer, the computer is told to leave it alone.
+// During a run, and only then, the computer is kept awake, and a refused session end has a reason.
 #include <gtest/gtest.h>
 
 #include <functional>

@@ -12,12 +12,13 @@
 namespace tolvane::simulator {
 namespace {
 
-// The second one bears a stamp that is not 0.
+// The second one has a stamp that is not 0.
 constexpr std::string_view kFrames = "(1.000) c 7FF#\n(1.001) c 1ABCDEF0#112233\n";
 
 class CallsFromC : public SimulatedLibrary {
  protected:
-  /// What `drive` finds wrong in the library, empty for nothing. `bench` stands behind the bus.
+  /// What `drive` finds wrong in the library, empty for nothing. `bench` follows the bus in the
+  /// file.
   std::string Fault(const char* (*drive)(void*), const std::filesystem::path& library,
                     std::string_view bench) {
     WriteFile("bus.log", kFrames);

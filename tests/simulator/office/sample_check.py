@@ -24,7 +24,7 @@ class Looks(NamedTuple):
 
 
 class Sheet(Protocol):
-    """A sheet as the reader tells it; rows and columns from 1."""
+    """A sheet as the reader returns it; rows and columns from 1."""
 
     def size(self) -> tuple[int, int]: ...
     def text(self, row: int, column: int) -> str: ...   # "" for an empty cell; fails on numbers

@@ -1,4 +1,4 @@
-"""What sample_flush.cpp writes, worked out anew: the cells of the sample workbooks."""
+"""What sample_flush.cpp writes, computed independently: the cells of the sample workbooks."""
 
 ROWS = 20001
 HEADS = {

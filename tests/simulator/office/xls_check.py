@@ -35,7 +35,7 @@ class Sheet:
                      tuple(getattr(form.border, f"{side}_line_style") for side in sample_check.SIDES))
 
     def merged(self) -> list[tuple[int, int, int, int]]:
-        # The reader's ends lie one behind.
+        # The reader's ends are exclusive.
         return [(top + 1, left + 1, bottom, right)
                 for top, bottom, left, right in self.sheet.merged_cells]
 

@@ -14,7 +14,7 @@
 
 namespace tolvane::platform::memory {
 
-/// Automation servers that do nothing but tell `journal` what was asked of them:
+/// Automation servers that only write to `journal` what they were asked to do:
 /// `get Excel.Application.ActiveSheet`, `put Excel.Application.Visible = False`,
 /// `call Excel.Application.Workbooks.Add()`. A get gives an object, but for Version of a server.
 class AutomationServers final : public platform::AutomationServers {
@@ -39,7 +39,7 @@ class AutomationServers final : public platform::AutomationServers {
   [[nodiscard]] std::int32_t Operations() const { return session_->operations; }
   /// How many operations there had been at each beginning of a sequence.
   [[nodiscard]] const std::vector<std::int32_t>& Sequences() const { return session_->sequences; }
-  /// Objects of all servers that the program has not let go.
+  /// Objects of all servers that the program has not released.
   [[nodiscard]] std::int32_t LiveObjects() const { return session_->live_objects; }
   /// Every table that was put, in order.
   [[nodiscard]] const std::vector<Table>& Tables() const { return session_->tables; }

@@ -12,7 +12,7 @@ namespace {
 
 constexpr std::size_t kNewFolder_MAX = 247;
 
-/// What tells one path from another: names are the same in capitals and small letters.
+/// The path in a form for comparing: names with other capitals are the same.
 String Key(StringView path) {
   String key = AsWindowsTakesIt(path);
   for (char16_t& character : key) {

@@ -30,7 +30,8 @@ inline std::string CallText(const std::string& name, std::initializer_list<std::
 
 inline std::string Quoted(const std::string& text) { return '"' + text + '"'; }
 
-/// `text` and one NUL, cut to the buffer. What stood behind them stays, as libraries leave it.
+/// Copies `text` and one NUL, cut to the buffer. The rest of the buffer is unchanged, as libraries
+/// do.
 template <std::size_t N>
 void CopyText(const std::string& text, std::array<char, N>& buffer) {
   const auto end = std::copy_n(text.begin(), std::min(text.size(), N), buffer.begin());

@@ -49,7 +49,7 @@ class CanlibLibrary final : public platform::CanlibLibrary {
   std::optional<std::int32_t> channel_count;  // what the library says when not their number
   std::map<std::pair<std::int32_t, std::int32_t>, std::vector<std::byte>> channel_data;
   std::int32_t data_result = 0;  // of a query that has its answer in channel_data
-  std::int32_t call_result = 0;  // of the calls whose result nobody looks at
+  std::int32_t call_result = 0;  // of the calls whose result is ignored
   std::map<std::string, std::int32_t> call_results;  // of some of them, by name
   std::int32_t read_result = 0;                      // of a read that delivers a frame
   std::int32_t empty_read_result = KvaserCAN{}.canERR_NOMSG;

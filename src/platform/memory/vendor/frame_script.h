@@ -18,11 +18,11 @@ inline void WriteBytes(const std::array<std::uint8_t, 8>& from, std::int32_t cou
   std::copy_n(from.begin(), std::clamp(count, 0, kAllBytes), to.begin());
 }
 
-/// The frames that an adapter's queue holds, played in order, as often as told.
+/// The frames in an adapter's queue, played in order a given number of times.
 template <typename Record>
 class FrameScript {
  public:
-  /// Replaces whatever is left. `times` 0 plays nothing.
+  /// Replaces the frames that are left. `times` 0 plays nothing.
   void Play(std::vector<Record> frames, std::int64_t times = 1) {
     frames_ = std::move(frames);
     next_ = 0;

@@ -6,7 +6,7 @@
 
 namespace tolvane::platform::windows::abi {
 
-/// The exports of qxt100.dll, each member under its exported name. What they answer stands in
+/// The exports of qxt100.dll, each member under its exported name. Their results are described in
 /// platform/support_library.h.
 struct Qxt100 {
   double(TOLVANE_STDCALL* qx_timeGetTime)();

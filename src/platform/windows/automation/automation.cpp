@@ -15,7 +15,7 @@ namespace {
 constexpr LCID kEnglish = MAKELCID(MAKELANGID(LANG_ENGLISH, SUBLANG_ENGLISH_US), SORT_DEFAULT);
 static_assert(kEnglish == 1033);
 
-/// What a server says beside DISP_E_EXCEPTION.
+/// The error code that a server gives along with DISP_E_EXCEPTION.
 class Exception {
  public:
   Exception() = default;

@@ -23,7 +23,8 @@ class Patience {
 
   void Renew() { left_ms_ = limit_ms_; }
 
-  /// Makes the call until it is not turned away or the time is over; gives its last result.
+  /// Repeats the call until the server is no longer busy or the time is over; returns the last
+  /// result.
   template <typename Call>
   [[nodiscard]] HRESULT Insist(Call call) {
     const ULONGLONG begun = GetTickCount64();

@@ -46,8 +46,8 @@ class WindowsTextBox final : public TextBox {
  public:
   void Attach(HWND window) { window_ = window; }
   [[nodiscard]] String Text() const override;
-  /// Seen at once, with whatever else of the main window waits to be painted; no event is let
-  /// through.
+  /// Shown at once, with everything else of the main window that waits to be painted; no event is
+  /// let through.
   void Text(StringView text) override;
   void Locked(bool locked) override;
   void SetFocus() override { ::SetFocus(window_); }

@@ -9,7 +9,7 @@ namespace tolvane::platform::windows {
 
 /// A window laid over a rich edit control, inside its border, that paints a page as the control
 /// would show it, and scrolls it. It takes neither focus nor text: a click gives the focus to the
-/// control beneath, the right button is the control's.
+/// control under it, and the right button is handled by the control.
 class LiveSurface final : public BaseWindow<LiveSurface> {
  public:
   static constexpr const wchar_t* kClassName = L"TolvaneLiveSurface";
@@ -26,7 +26,7 @@ class LiveSurface final : public BaseWindow<LiveSurface> {
   /// the next Show. Painted when the system asks for it, or by UpdateWindow at once.
   void Show(const RichTextPage& page);
   void Hide();
-  /// Lies over the control again, wherever and however large that is now, or hides with it.
+  /// Moves over the control again after it has moved or changed its size, or hides with it.
   void FollowBeneath();
 
   /// Pixels that the page is scrolled by.

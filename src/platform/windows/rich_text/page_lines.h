@@ -8,8 +8,8 @@
 
 namespace tolvane::platform::windows {
 
-/// Where the lines of a page stand in its text. CR LF, CR and LF are each one line end; behind the
-/// last one stands one more line, which may be empty. The storage is used again for each page.
+/// The positions of the lines of a page in its text. CR LF, CR and LF are each one line end; after
+/// the last one there is one more line, which may be empty. The storage is reused for each page.
 class PageLines {
  public:
   /// Page positions, zero-based, `end` exclusive and without the line end.

@@ -215,7 +215,7 @@ LRESULT RichEditView::HandleLiveMessage(UINT message, WPARAM wparam, LPARAM lpar
       if (KeyOnPage(wparam)) return 0;
       break;
     case WM_SETTEXT:
-      LeavePage();  // which nobody will see again
+      LeavePage();  // which is not shown again
       break;
     case WM_GETOBJECT:
       if (ShowsText(lparam)) FillForReader();

@@ -96,7 +96,7 @@ constexpr Caption kLogSettings[] = {
     {Bt_Cancell, u"キャンセル", u""},
 };
 
-// The status lines, whose text is the program's: only what stands beside them is fixed.
+// The status lines, whose text is the program's: only the text next to them is fixed.
 constexpr Caption kStatusLines[] = {
     {TB_Excel_Status, u"", u"", u"Excelインストール ・・・"},
     {TB_Excel_Ver, u"", u"", u"Excelインストール ・・・"},
@@ -133,7 +133,7 @@ class OpenDialog {
   [[nodiscard]] HWND Control(int id) const { return GetDlgItem(dialog_, id); }
   [[nodiscard]] String Text(int id) const { return WindowText(Control(id)); }
 
-  /// The frame that a control stands in, null for none.
+  /// The frame around a control, null for none.
   [[nodiscard]] HWND Frame(HWND control) const {
     HWND frame = nullptr;
     ForEachShownChild(dialog_, [&](HWND other) {

@@ -57,7 +57,8 @@ TEST_F(MessageBoxTest, AFailureHasTheStopIconAndOneButton) {
         ExpectWords(box);
         EXPECT_TRUE(Is(ShownIcon(box), IDI_HAND));
         EXPECT_FALSE(Is(ShownIcon(box), IDI_QUESTION)) << "the two icons do not differ here";
-        EXPECT_TRUE(Has(box, IDOK) || Has(box, IDCANCEL));  // a lone OK may bear either number
+        EXPECT_TRUE(Has(box, IDOK) ||
+                    Has(box, IDCANCEL));  // a single OK button may have either number
         EXPECT_FALSE(Has(box, IDYES) || Has(box, IDNO));
       });
 }

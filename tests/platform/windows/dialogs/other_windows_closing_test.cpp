@@ -1,4 +1,4 @@
-// The ways of closing the windows beside the main one.
+// The ways of closing the windows other than the main one.
 #include <gtest/gtest.h>
 
 #include <ostream>

@@ -94,7 +94,7 @@ TEST_F(MainWindowTest, DisabledButtonsAndMenuItemsSendNothing) {
   EXPECT_THAT(events_.commands, ElementsAre(menu_common_setting, menu_View_Date));
 }
 
-// As behind a settings dialog, which disables the window.
+// As while a settings dialog is open, which disables the window.
 TEST_F(MainWindowTest, ADisabledWindowTakesNoCommandFromOtherProgramsEither) {
   EnableWindow(Child(Bt_Connect), TRUE);
   EnableWindow(window_.Hwnd(), FALSE);
@@ -121,7 +121,7 @@ TEST_F(MainWindowTest, ADialogThatOpensBetweenTheClickAndTheRunKeepsTheRunAway) 
   EXPECT_THAT(events_.commands, ElementsAre(Bt_Connect));
 }
 
-// The message that starts the run behind the click, as another program may post it.
+// The message that starts the run after the click; another program may post it too.
 TEST_F(MainWindowTest, TheMessageOfAClickStartsNothingWithoutTheClick) {
   const auto post_and_yield = [this] {
     PostMessageW(window_.Hwnd(), WM_APP + 1, 0, 0);
@@ -138,7 +138,7 @@ TEST_F(MainWindowTest, TheMessageOfAClickStartsNothingWithoutTheClick) {
     if (events_.commands.size() > 1) return;
     post_and_yield();
     EXPECT_EQ(events_.commands.size(), 1U) << "a run in a run";
-    // As behind the message box of a snapshot.
+    // As while the message box of a snapshot is open.
     EnableWindow(window_.Hwnd(), FALSE);
     post_and_yield();
     EnableWindow(window_.Hwnd(), TRUE);
@@ -254,7 +254,7 @@ TEST_F(MainWindowTest, NothingIsClippedOrLiesOverAnotherAtTheSmallestSize) {
   std::vector<RECT> taken;
   for (HWND child = GetWindow(window_.Hwnd(), GW_CHILD); child != nullptr;
        child = GetWindow(child, GW_HWNDNEXT)) {
-    if (GetDlgCtrlID(child) == 0) continue;  // the live surface, which lies over the view by intent
+    if (GetDlgCtrlID(child) == 0) continue;  // the live surface, which covers the view on purpose
     RECT bounds{};
     GetWindowRect(child, &bounds);
     MapWindowPoints(nullptr, window_.Hwnd(), reinterpret_cast<POINT*>(&bounds), 2);

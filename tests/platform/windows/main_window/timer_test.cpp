@@ -41,7 +41,7 @@ TEST_F(WorkerTimer, StartsDisabledAndThenTicksAgainAndAgain) {
 
 TEST_F(WorkerTimer, DisabledDropsTheTickThatIsDue) {
   timer_.Enabled(true);
-  // The tick falls due while nobody yields.
+  // The tick becomes due outside of any yield.
   const ULONGLONG due = GetTickCount64() + 3 * kInterval;
   while (GetTickCount64() < due) {
   }

@@ -1,4 +1,4 @@
-// The page when its run ends: it goes into the control, whole.
+// The page when its run ends: it goes into the control completely.
 #include <string>
 
 #include "tests/platform/windows/rich_text/live_page_bed.h"

@@ -14,7 +14,7 @@ class LiveSurfaceTest : public LiveView {
  protected:
   WindowPicture SurfacePicture() { return PaintedAnew(Surface()); }
 
-  /// What the window paints by itself, over a ground that nobody paints.
+  /// What the window paints, on a background that is not painted.
   static WindowPicture PaintedAnew(HWND window) {
     RECT client{};
     GetClientRect(window, &client);
@@ -39,7 +39,7 @@ class LiveSurfaceTest : public LiveView {
   }
 
   /// The same page on the surface, then on the control. Pictures are left under `name`. Gives the
-  /// number of pixels that differ, the first few of them told.
+  /// number of pixels that differ, and prints the first few of them.
   int Difference(const RichTextPage& page, const String& name) {
     auto copy = std::make_unique<RichTextPage>(page);
     view_.SwapPage(copy);

@@ -82,7 +82,7 @@ TEST_F(RichEdit, TextComesInTheFontOfThePageWhateverFormatsStoodThere) {
   ASSERT_EQ(FormatAt(0).yHeight, 30 * 20);
   view_.Text(u"ab\r\nc");
   for (const std::int32_t position : {0, 1, 4}) expect_default(position);
-  // What is written there behind it, as by the user.
+  // Text written after it, as by the user.
   view_.SelStart(5);
   SendMessageW(view_.Hwnd(), EM_REPLACESEL, TRUE, reinterpret_cast<LPARAM>(L"d"));
   expect_default(5);

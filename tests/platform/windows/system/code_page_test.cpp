@@ -73,7 +73,7 @@ std::chrono::steady_clock::duration Shortest(Work work) {
   return shortest;
 }
 
-// Reception stands while a channel of 20,001 lines is written: the encoding has some 1.2 million
+// Reception stops while a channel of 20,001 lines is written: the encoding has some 1.2 million
 // characters and a few milliseconds.
 TEST_F(CodePage932, TheTextOfALogTakesHardlyLongerThanACopyOfItsCharacters) {
   String text(1'200'000, u'0');

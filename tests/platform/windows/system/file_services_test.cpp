@@ -166,7 +166,8 @@ DWORD ErrorOfFlushing(const String& path) {
   return file && !FlushFileBuffers(file.Get()) ? GetLastError() : ERROR_SUCCESS;
 }
 
-// A null device stands for a file system that cannot flush; that of Wine's own tells otherwise.
+// The null device takes the place of a file system that cannot flush; Wine's own one reports
+// success.
 TEST(FileSteps, WhatCannotBeFlushedIsNoFailure) {
   String path = u"\\\\.\\NUL";
   if (ErrorOfFlushing(path) == ERROR_ACCESS_DENIED) path = u"Z:\\dev\\null";

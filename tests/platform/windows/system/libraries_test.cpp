@@ -88,7 +88,7 @@ TEST(UnusableLibrary, OtherBitnessIsNotLoaded) {
   const ScratchFolder folder;
   std::string content = ProgramFileContent(u"qxt100.dll");
   ASSERT_GT(content.size(), 0x40U);
-  // The machine field behind the signature to which the word at 0x3C leads.
+  // The machine field after the signature, whose position is the word at 0x3C.
   const auto header =
       static_cast<unsigned char>(content[0x3C]) + (static_cast<unsigned char>(content[0x3D]) << 8U);
   const bool is_x64 = sizeof(void*) == 8;

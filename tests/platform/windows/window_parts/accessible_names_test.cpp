@@ -155,7 +155,7 @@ class ScreenReader : public testing::Test {
       EXPECT_FALSE(name.empty()) << id;
       if ((style & WS_TABSTOP) == 0 || may_share.contains(id)) return;
       EXPECT_NE(name, L"～") << id;
-      // The frame around them tells the choices of one setting from those of another.
+      // The frame around them distinguishes the choices of one setting from those of another.
       if (IsRadio(control)) return;
       const auto [other, is_new] = taken.emplace(name, id);
       EXPECT_TRUE(is_new) << id << " is called like " << other->second;
@@ -175,7 +175,7 @@ TEST_F(ScreenReader, FindsANameAtEveryControlOfEveryWindow) {
   EXPECT_EQ(NameOf(FindWindowExW(windows.Main(), nullptr, LiveSurface::kClassName, nullptr)),
             L"受信画面");
   ExpectNames(windows.OpenVersion());
-  // Either picture beside a box does the same.
+  // The pictures next to a box do the same.
   const std::set<int> pictures{Img_save_folder, Img_save_folder_path, Img_Log_save_folder,
                                Img_Log_save_folder_path};
   for (int i = 0; i < 3; ++i) {
