@@ -12,7 +12,7 @@ lock_open() {
 
 lock_sign() { printf '%s, process %s\n' "$command_name" "$$" >"$1"; }
 
-# lock_holder FILE: who has the lock. He signs right after he gets it.
+# lock_holder FILE: who has the lock. A holder writes its name right after getting the lock.
 lock_holder() {
   sleep 0.3
   grep . "$1" || echo "another script"
@@ -27,7 +27,7 @@ lock_take() {
   flock "${how[@]}"
 }
 
-# lock_wait DESCRIPTOR FILE WHAT: has the lock alone, after waiting for whoever has it.
+# lock_wait DESCRIPTOR FILE WHAT: takes the lock exclusively, waiting until it is free.
 lock_wait() {
   lock_take 0 "$@"
   lock_sign "$2"

@@ -1,26 +1,26 @@
-# Wine in prefixes of the project's own, and a display for it. One Wine server runs for each prefix, and
-# the program is started once only under one server; so
-#   the tests share a prefix among themselves,
-#   runs by themselves share another, one at a time: each has it alone and the next one waits,
+# Wine in the project's own prefixes, and a display for it. One Wine server runs for each prefix, and the
+# program can run only once under one server; so
+#   the tests share a prefix,
+#   unattended runs share another, one at a time: the next run waits,
 #   the demo that a user has open has a third, and a second such demo does not start.
 #
-# Whoever uses a prefix holds its lock. The last one to leave ends the Wine server, so nothing lingers and
-# nobody's server is ended under him.
+# Every script that uses a prefix holds its lock. The last one ends the Wine server, so no server is left
+# behind and none is ended while it is used.
 # shellcheck shell=bash
 : "${build:?common.sh comes first}" "${root:?}"
 
 # shellcheck source=lock.sh
 source "$root/scripts/lib/lock.sh"
 
-# Pixels per inch that the screen claims: 96, 120, 144 and 192 are usual on Windows. An X server of our
-# own grows with them.
+# The resolution of the screen in pixels per inch: 96, 120, 144 and 192 are usual on Windows. The size of our
+# own X server grows with it.
 wine_dpi=${TOLVANE_DPI:-96}
 wine_tests_prefix=${TOLVANE_WINE_PREFIX:-$build/wine-prefix${TOLVANE_DPI:+-$wine_dpi}}
-# Where runs by themselves and the open demo have their prefixes and program folders. A test takes another
-# folder, so as not to meet those of whoever works here.
+# Where unattended runs and the open demo have their prefixes and program folders. A test uses another folder, so
+# that it does not collide with a developer's own runs.
 stand=${TOLVANE_STAND:-$build}
 export WINEARCH="${WINEARCH:-win64}" WINEDEBUG=-all
-# Set by the wine launcher's caller on machines that want it; here it would name a 32-bit loader.
+# The caller's environment may set it; here it would name a 32-bit loader.
 unset WINELOADER
 
 # Fonts that a Japanese Windows has, replaced by IPA's: fixed pitch for "MS Gothic", so that the
@@ -117,7 +117,7 @@ wine_session_alone() {
   wine_take_over
 }
 
-# wine_session_shown: the session of a demo that the user has open on his own display.
+# wine_session_shown: the session of a demo on the user's own display.
 wine_session_shown() {
   local display managed=N
   display=$(timeout 10 "$root/scripts/lib/python-run" "$root/scripts/lib/display_check.py" 2>/dev/null) ||
@@ -133,7 +133,8 @@ wine_session_shown() {
   sed -i "s/^\"Managed\"=\".\"/\"Managed\"=\"$managed\"/" "$WINEPREFIX/user.reg"
 }
 
-# wine_take_over: the lock is held alone, so whatever still runs in the prefix lost its script.
+# wine_take_over: ends what runs in the prefix. The lock is held exclusively, so the script of those processes is
+# gone.
 wine_take_over() {
   wine_end
   at_exit wine_leave
@@ -142,7 +143,7 @@ wine_take_over() {
 
 wine_prefix_ready() { [ -e "$WINEPREFIX/tolvane-ready" ]; }
 
-# The prefix is made by one at a time, since all copy the same one.
+# Only one script at a time makes the prefix, since all copy the same one.
 wine_prepare() {
   local making
   lock_open "$wine_tests_prefix-template.lock"
@@ -163,10 +164,10 @@ wine_end() {
   unlocked wineserver -w 2>/dev/null || true
 }
 
-# drop_lock: in a child process, which may outlive this script.
+# drop_lock: for a child process that may outlive this script.
 drop_lock() { [ -z "${wine_lock:-}" ] || exec {wine_lock}>&-; }
 
-# unlocked COMMAND ARGS: without the lock, and never longer than this script.
+# unlocked COMMAND ARGS: runs without the lock, and ends when this script ends.
 unlocked() { (drop_lock && exec setpriv --pdeathsig TERM "$@"); }
 
 wine() { unlocked wine "$@"; }

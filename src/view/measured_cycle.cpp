@@ -30,7 +30,7 @@ Currency WrapRepaired(Currency cycle, std::int32_t Device_Timer_Kind) {
 }
 
 ShortText StoredCycleText(double stored) {
-  // Up to fifteen digits both forms give the same text, and the fixed-point one is quicker to make.
+  // Up to fifteen digits both forms give the same text, and the fixed-point one is faster.
   const Currency cycle = ToCurrency(stored);
   if (cycle.ten_thousandths > -kFifteenDigits && cycle.ten_thousandths < kFifteenDigits) {
     return DecimalText(cycle);

@@ -20,7 +20,7 @@ constexpr StringView kLineEnd = u"\r\n";
 constexpr StringView kUnit = u"ms";
 constexpr StringView kCycleGap = u"   ";
 
-/// The text of every data cell: a blank and two digits.
+/// The text of a data cell for each byte value: a blank and two digits.
 class CellTexts {
  public:
   constexpr CellTexts() {
@@ -105,7 +105,7 @@ void PageComposer<Table>::AppendPadding(std::int16_t row) {
 template <typename Table>
 void PageComposer<Table>::AppendCycle(std::int16_t row) {
   const std::int32_t vender = device_.t_select_Vender;
-  // Without an adapter kind the next row goes on in the same line.
+  // Without an adapter kind there is no line end either: the next row continues on the same line.
   if (vender < kVenderCanusb || vender > kVenderKvaser) return;
 
   const double time = Frame<Table>::ReceivedTime(frames_)(row);
@@ -136,8 +136,8 @@ void PageComposer<Table>::AppendCycle(std::int16_t row) {
   text_.Append(kLineEnd);
 }
 
-// The old byte changes with the next frame only, so the counter is armed again at each tick until
-// then and falls from there on.
+// The old byte changes only with the next frame, so until then each tick sets the counter again;
+// after that it counts down.
 template <typename Table>
 void PageComposer<Table>::ApplyDataChange(std::int16_t row, std::size_t k) {
   auto& counter = Highlight<Table>::d_timerCounter[k](highlights_);

@@ -13,8 +13,8 @@
 
 namespace tolvane {
 
-/// The text pass of one tick: composes the page and notes in the highlight table at which character
-/// each coloured region will lie.
+/// The text pass of one tick: composes the page and records in the highlight table the position of
+/// each coloured region.
 template <typename Table>
 class PageComposer {
  public:

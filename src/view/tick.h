@@ -9,7 +9,7 @@
 namespace tolvane {
 
 /// One worker's view of its frame table: composes the page, colours it and swaps it into
-/// RTB_MainView at each tick of the timer. Two pages and one text buffer go round, so that in the
+/// RTB_MainView at each tick of the timer. Two pages and one text buffer are reused, so in the
 /// steady state a tick allocates nothing.
 template <typename Table>
 class Tick {

@@ -35,7 +35,7 @@
 
 namespace tolvane {
 
-/// The wall clock is asked once by each flush of a log, so its note stands for the flush.
+/// Each flush of a log reads the wall clock once, so its entry in the journal marks the flush.
 class NotingWallClock final : public platform::WallClock {
  public:
   explicit NotingWallClock(platform::memory::Journal& journal) : journal_(journal) {}
@@ -146,7 +146,7 @@ class RunBench {
         u"C:\\Tolvane\\KL26112009-00" + String(1, static_cast<char16_t>(u'0' + n)) + u".csv";
     return files.Bytes(name).value_or("no file");
   }
-  /// Its records, behind the eight lines of the header.
+  /// Its records, after the eight header lines.
   [[nodiscard]] std::string Records(std::int32_t n = 1) const {
     const std::string log = Log(n);
     std::size_t start = 0;

@@ -105,7 +105,7 @@ TEST_F(Closing, OfAFolderThatIsGoneHarmsNothing) {
 }
 
 TEST_F(Closing, StartsNoRunInAnyOfItsYields) {
-  bench_.memory.canusbdrv.open_result = 0;  // a run that starts all the same ends again, with a box
+  bench_.memory.canusbdrv.open_result = 0;  // a run that starts anyway ends again, with a box
   int clicks = 0;
   bench_.memory.events.OnYield([&] {
     ++clicks;
