@@ -4,7 +4,6 @@
 
 #include "platform/utf8.h"
 #include "simulator/office/crc32.h"
-#include "simulator/office/utf8.h"
 
 namespace tolvane::office {
 namespace {

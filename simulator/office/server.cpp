@@ -6,7 +6,6 @@
 #include "platform/utf8.h"
 #include "simulator/office/argument.h"
 #include "simulator/office/member.h"
-#include "simulator/office/utf8.h"
 
 namespace tolvane::office {
 

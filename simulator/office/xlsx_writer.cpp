@@ -6,7 +6,7 @@
 #include <unordered_map>
 #include <vector>
 
-#include "simulator/office/utf8.h"
+#include "platform/utf8.h"
 #include "simulator/office/xlsx_styles.h"
 #include "simulator/office/zip_archive.h"
 

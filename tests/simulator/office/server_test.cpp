@@ -7,7 +7,7 @@
 #include <fstream>
 #include <iterator>
 
-#include "simulator/office/utf8.h"
+#include "platform/utf8.h"
 #include "tests/simulator/office/direct_client.h"
 
 namespace tolvane::office {
