@@ -3,7 +3,6 @@
 #include <cstddef>
 
 #include "platform/utf8.h"
-#include "simulator/office/crc32.h"
 
 namespace tolvane::office {
 namespace {

@@ -4,8 +4,6 @@
 #include <utility>
 
 #include "platform/utf8.h"
-#include "simulator/office/argument.h"
-#include "simulator/office/member.h"
 
 namespace tolvane::office {
 

@@ -10,14 +10,13 @@
 #include <vector>
 
 #include "config/configfilerecord.h"
+#include "platform/utf8.h"
 #include "simulator/bench_config.h"
 #include "tests/docs/document.h"
 #include "tests/run/control/run_control.h"
 
 namespace tolvane {
 namespace {
-
-using platform::memory::Narrow;
 
 /// Sixteen bytes in a line behind their offset, all in hexadecimal.
 std::string HexDump(const std::string& bytes) {
@@ -63,7 +62,7 @@ class Formats : public RunControl {
   }
   /// The text of a file in the code page.
   std::string WrittenText(StringView file) {
-    return WithoutReturns(Narrow(memory_.code_page.Decode(Written(file))));
+    return WithoutReturns(ToUtf8(memory_.code_page.Decode(Written(file))));
   }
 
   Document document_{"docs/formats.md"};
@@ -91,7 +90,7 @@ class FieldRow {
   [[nodiscard]] std::size_t End() const { return offset_ + size_; }
 
   [[nodiscard]] std::string Value(platform::CodePage& code_page) const {
-    if (is_text_) return Narrow(code_page.Decode(bytes_.substr(offset_ + 2, size_ - 2)));
+    if (is_text_) return ToUtf8(code_page.Decode(bytes_.substr(offset_ + 2, size_ - 2)));
     if (size_ == 8) return Number(offset_, 8) == 0x3FF0000000000000 ? "1.0" : "(another ratio)";
     std::string value = std::to_string(static_cast<std::int32_t>(Number(offset_, 4)));
     for (std::size_t at = offset_ + 4; at < End(); at += 4) {
@@ -134,21 +133,25 @@ TEST_F(Formats, TableOfConfigFileTellsEachOfItsBytes) {
 }
 
 TEST_F(Formats, TableOfConfigFileNamesTheFieldsOfTheRecord) {
-  ConfigFileRecord record;
-  record.t_SaveFormat = 3;
-  record.t_bitRate = 7;
-  record.t_DataChangeColor = 14;
-  record.t_MsgBlackout_Enable = 22;
-  record.t_DisableID_End[0] = 25;
-  record.t_MsgMarkerID[0] = 27;
-  record.t_MsgMarkerColor[0] = 30;
-  record.t_Excel_Format = 34;
-  record.t_LogSave_subFolder = 39;
+  ELM327_Info device{String(kFolder)};
+  for (String* const text : {&device.Application_title, &device.Copy_light, &device.t_SaveFilePath,
+                             &device.t_LogSaveFilePath, &device.t_LogComment}) {
+    text->clear();
+  }
+  device.t_SaveFormat = 3;
+  device.t_bitRate = 7;
+  device.t_DataChangeColor = 14;
+  device.t_MsgBlackout_Enable = 22;
+  device.t_DisableID_End(0, 25);
+  device.t_MsgMarkerID(0, 27);
+  device.t_MsgMarkerColor(0, 30);
+  device.t_Excel_Format = 34;
+  device.t_LogSave_subFolder = 39;
   const std::map<std::string, int> numbers = {
       {"`t_SaveFormat`", 3},          {"`t_bitRate`", 7},        {"`t_DataChangeColor`", 14},
       {"`t_MsgBlackout_Enable`", 22}, {"`t_DisableID_End`", 25}, {"`t_MsgMarkerID`", 27},
       {"`t_MsgMarkerColor`", 30},     {"`t_Excel_Format`", 34},  {"`t_LogSave_subFolder`", 39}};
-  const auto bytes = EncodeConfigFileRecord(record, memory_.code_page);
+  const auto bytes = EncodeConfigFileRecord(device, memory_.code_page);
   std::size_t found = 0;
   std::size_t offset = 0;  // all texts are empty here
   for (const auto& cells : document_.TableBelow("### Its fields")) {
@@ -209,7 +212,7 @@ TEST_F(Formats, WorkbookOfARun) {
     for (std::size_t at = 0; at < table.cells.size() && !table.cells[at].empty();
          at += table.columns) {
       for (std::size_t i = 0; i < table.columns; ++i) {
-        rows += (i == 0 ? "" : "|") + Narrow(table.cells[at + i]);
+        rows += (i == 0 ? "" : "|") + ToUtf8(table.cells[at + i]);
       }
       rows += "\n";
     }
@@ -239,7 +242,7 @@ TEST_F(Formats, FilesOfAMorning) {
 
   std::string listing;
   for (const String& path : memory_.files.Files(kFolder)) {
-    if (!path.ends_with(u".dll")) listing += Narrow(path) + "\n";
+    if (!path.ends_with(u".dll")) listing += ToUtf8(path) + "\n";
   }
   EXPECT_TRUE(IsTheExample(document_, "text files", listing));
 }

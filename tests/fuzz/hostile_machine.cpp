@@ -133,6 +133,12 @@ void HostileMachine::Click(void (Form1::*handler)()) {
   });
 }
 
+bool HostileMachine::IsLeft() {
+  bool takes_commands = false;
+  form.Do([&takes_commands] { takes_commands = true; });
+  return !takes_commands || session_ended_;
+}
+
 void HostileMachine::Tick() {
   for (auto* timer : {&memory.FormBG, &memory.FormBG2, &memory.FormBG_29, &memory.FormBG2_29}) {
     timer->Tick();

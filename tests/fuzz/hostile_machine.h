@@ -32,7 +32,7 @@ class HostileMachine {
   void Tick();
   void EndSession();
   /// The program is about to end; no more happens to it.
-  [[nodiscard]] bool IsLeft() const { return form.Closing() || session_ended_; }
+  [[nodiscard]] bool IsLeft();
 
   /// What happens in yields, in the loops of boxes and in calls of a spreadsheet program.
   void OnYield(std::function<void()> handler) { memory.events.OnYield(std::move(handler)); }

@@ -3,7 +3,6 @@
 #include "platform/byte_text.h"
 
 #include "receive/adapters/bit_rate.h"
-#include "receive/adapters/narrow_text.h"
 
 namespace tolvane {
 namespace {
