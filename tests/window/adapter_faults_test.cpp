@@ -61,7 +61,7 @@ TEST_F(AdapterFaults, PulledInTheRunLeaveThePageAndAWholeLogAndDisconnect) {
       [&] {
         EXPECT_TRUE(WaitForShown(L"123  2   04 00"));
         // What stands still for two and a half cycles turns grey. The next frame was due after one.
-        EXPECT_TRUE(Shows(main_, RTB_MainView, RGB(150, 150, 150), 100));
+        EXPECT_TRUE(Shows(main_, RTB_MainView, RGB(150, 150, 150), 20));
         EXPECT_TRUE(WaitForShown(L"123  2   04 00"));
         EXPECT_TRUE(main_.Text(TB_Status).starts_with(L"通信中"));
       },
