@@ -215,7 +215,7 @@ void HostileUser::FaultOfFiles() {
   const String& folder = machine_.form.device.ExecutableFolder();
   files.Protect(folder, (fault & 1) != 0);
   files.FailClose((fault & 2) != 0);
-  files.FreeSpace((fault & 4) != 0 ? fault * 8U : std::size_t{1} << 40);
+  files.FreeSpace((fault & 4) != 0 ? fault * 8U : std::size_t{1} << 30);
   files.Lock(folder + u"\\lglist.dat", (fault & 8) != 0);
   files.Lock(folder + u"\\config.dat", (fault & 8) != 0);
 }
