@@ -2,9 +2,8 @@
 
 #include <fstream>
 
+#include "tests/window/control_ids.h"
 #include "tools/drive/text.h"
-// Last: its symbols are also names of controls elsewhere.
-#include "src/platform/windows/resources/resource.h"
 
 namespace tolvane::window {
 namespace {
@@ -25,18 +24,18 @@ void AdapterRuns::StartOn(std::string_view recording) {
 }
 
 void AdapterRuns::Set(const Settings& settings) {
-  const DrivenWindow dialog = Open(menu_common_setting);
-  for (const int id :
-       {RB_BitRate_0 + settings.bit_rate, settings.ids_of_29_bits ? RB_MsgType_1 : RB_MsgType_0,
-        settings.extended_only ? RB_MsgFmtTyp_1 : RB_MsgFmtTyp_0,
-        settings.silent ? RB_Silent_Mode_1 : RB_Silent_Mode_0}) {
+  const DrivenWindow dialog = Open(id::menu_common_setting);
+  for (const int id : {id::RB_BitRate_0 + settings.bit_rate,
+                       settings.ids_of_29_bits ? id::RB_MsgType_1 : id::RB_MsgType_0,
+                       settings.extended_only ? id::RB_MsgFmtTyp_1 : id::RB_MsgFmtTyp_0,
+                       settings.silent ? id::RB_Silent_Mode_1 : id::RB_Silent_Mode_0}) {
     EXPECT_TRUE(dialog.Click(id));
   }
   PressOk(dialog);
 }
 
 void AdapterRuns::Select(int line) {
-  main_.SelectLine(Cmb_Serect_Device, line);
+  main_.SelectLine(id::Cmb_Serect_Device, line);
   reported_ = bench_->Report().size();
 }
 
@@ -52,14 +51,14 @@ Calls AdapterRuns::CallsSinceSelection() const {
 }
 
 std::wstring AdapterRuns::ConnectToMessage(std::string_view picture) {
-  EXPECT_TRUE(main_.Click(Bt_Connect));
+  EXPECT_TRUE(main_.Click(id::Bt_Connect));
   const std::optional<ShownMessage> message = WaitForMessage(program_->Id());
   if (!message) return L"no message";
   EXPECT_EQ(Utf8(message->title), "Tolvane Ver1.23");
   if (!picture.empty()) KeepPicture(message->box, picture);
   EXPECT_TRUE(Press(*message, IDOK));
-  EXPECT_TRUE(WaitUntil([&] { return main_.Enabled(Bt_Connect); }));
-  EXPECT_EQ(main_.Text(TB_Protocol), L"---");
+  EXPECT_TRUE(WaitUntil([&] { return main_.Enabled(id::Bt_Connect); }));
+  EXPECT_EQ(main_.Text(id::TB_Protocol), L"---");
   return message->text;
 }
 

@@ -2,9 +2,8 @@
 #include <string>
 
 #include "tests/window/adapter_runs.h"
+#include "tests/window/control_ids.h"
 #include "tools/drive/text.h"
-// Last: its symbols are also names of controls elsewhere.
-#include "src/platform/windows/resources/resource.h"
 
 namespace tolvane::window {
 namespace {
@@ -12,7 +11,7 @@ namespace {
 class BitRates : public AdapterRuns {
  protected:
   [[nodiscard]] bool ShowsRow() const {
-    return main_.Text(RTB_MainView).find(L"123  1   01") != std::wstring::npos;
+    return main_.Text(id::RTB_MainView).find(L"123  1   01") != std::wstring::npos;
   }
 };
 
@@ -31,11 +30,11 @@ TEST_F(BitRates, ReachEachLibraryOrAreRefused) {
         EXPECT_EQ(Utf8(ConnectToMessage(kind == kInterface && bit_rate == 7 ? "refused" : "")),
                   Utf8(L"非対応の通信速度が選択されています。\r\n接続をを終了します。"));
         EXPECT_EQ(CallsSinceSelection(), Calls{});
-        EXPECT_EQ(main_.Text(TB_Status), L"");
+        EXPECT_EQ(main_.Text(id::TB_Status), L"");
         continue;
       }
       ASSERT_NO_FATAL_FAILURE(Connect(main_));
-      EXPECT_EQ(main_.Text(TB_Protocol), rate.shown);
+      EXPECT_EQ(main_.Text(id::TB_Protocol), rate.shown);
       // The bus has 500 kbit/s: at any other rate it gives nothing, and the library says so.
       const bool right = rate.bit_rate == 500'000;
       EXPECT_TRUE(WaitUntil([&] { return ShowsRow() == right; }));

@@ -1,8 +1,7 @@
 #include "tests/window/dialog_fixture.h"
 
+#include "tests/window/control_ids.h"
 #include "tools/drive/screen_picture.h"
-// Last: its symbols are also names of controls elsewhere.
-#include "src/platform/windows/resources/resource.h"
 
 namespace tolvane::window {
 
@@ -33,7 +32,7 @@ bool OnWine() {
 void OpenedWindows::Start() {
   main_ = StartProgram();
   ASSERT_TRUE(main_.Exists());
-  ASSERT_TRUE(WaitUntil([&] { return main_.Enabled(Bt_Connect); }));
+  ASSERT_TRUE(WaitUntil([&] { return main_.Enabled(id::Bt_Connect); }));
 }
 
 void OpenedWindows::End() {
@@ -56,12 +55,12 @@ bool OpenedWindows::Closed(const DrivenWindow& dialog) const {
 }
 
 void OpenedWindows::PressOk(const DrivenWindow& dialog) const {
-  EXPECT_TRUE(dialog.Click(Bt_OK));
+  EXPECT_TRUE(dialog.Click(id::Bt_OK));
   EXPECT_TRUE(Closed(dialog));
 }
 
 void OpenedWindows::PressCancel(const DrivenWindow& dialog) const {
-  EXPECT_TRUE(dialog.Click(Bt_Cancell));
+  EXPECT_TRUE(dialog.Click(id::Bt_Cancell));
   EXPECT_TRUE(Closed(dialog));
 }
 
@@ -76,8 +75,8 @@ void OpenedWindows::AnswerColourDialog(const DrivenWindow& dialog, int id, WPARA
 }
 
 DrivenWindow OpenedWindows::ShowHelp(const DrivenWindow& dialog) const {
-  dialog.ClickMouse(Img_Help_Setting);
-  EXPECT_TRUE(WaitUntil([&] { return !Find(kHelpClass).Text(TB_View).empty(); }));
+  dialog.ClickMouse(id::Img_Help_Setting);
+  EXPECT_TRUE(WaitUntil([&] { return !Find(kHelpClass).Text(id::TB_View).empty(); }));
   return Find(kHelpClass);
 }
 

@@ -1,8 +1,8 @@
 // The fixed texts of the settings dialogs, as a user finds them.
+#include "tests/window/control_ids.h"
 #include "tests/window/dialog_fixture.h"
+
 #include "tools/drive/text.h"
-// Last: its symbols are also names of controls elsewhere.
-#include "src/platform/windows/resources/resource.h"
 
 namespace tolvane::window {
 namespace {
@@ -131,9 +131,9 @@ TEST_F(DialogTexts, StandInEveryDialogLetterForLetter) {
   const struct {
     int menu;
     const Texts& texts;
-  } dialogs[] = {{menu_common_setting, kCommonSetting},
-                 {menu_opt_function1, kOption1},
-                 {menu_opt_log1, kOptionLog1}};
+  } dialogs[] = {{id::menu_common_setting, kCommonSetting},
+                 {id::menu_opt_function1, kOption1},
+                 {id::menu_opt_log1, kOptionLog1}};
   for (const auto& row : dialogs) {
     const DrivenWindow dialog = Open(row.menu);
     ASSERT_TRUE(dialog.Exists());

@@ -3,10 +3,9 @@
 #include <filesystem>
 #include <fstream>
 
+#include "tests/window/control_ids.h"
 #include "tests/window/log_fixture.h"
 #include "tools/drive/text.h"
-// Last: its symbols are also names of controls elsewhere.
-#include "src/platform/windows/resources/resource.h"
 
 namespace tolvane::window {
 namespace {
@@ -22,20 +21,20 @@ TEST_F(Help, EachDialogShowsItsTextOnTopInTheCornerAndTakesItAlong) {
     const wchar_t* first_line;
     const wchar_t* last_heading;
   } topics[] = {
-      {menu_common_setting, L"- 共通設定 -\r\n", L"\r\n(8) タイマー\r\n"},
-      {menu_opt_function1, L"- 拡張機能１ -\r\n", L"\r\n(3) マーカー設定\r\n"},
-      {menu_opt_log1, L"- ログ機能 -\r\n", L"\r\n(7) コメントをサブフォルダにして保存する\r\n"},
+      {id::menu_common_setting, L"- 共通設定 -\r\n", L"\r\n(8) タイマー\r\n"},
+      {id::menu_opt_function1, L"- 拡張機能１ -\r\n", L"\r\n(3) マーカー設定\r\n"},
+      {id::menu_opt_log1, L"- ログ機能 -\r\n", L"\r\n(7) コメントをサブフォルダにして保存する\r\n"},
   };
   for (const auto& topic : topics) {
     const DrivenWindow dialog = Open(topic.menu);
     DrivenWindow help = ShowHelp(dialog);
     ASSERT_TRUE(help.Exists());
-    const std::wstring text = help.Text(TB_View);
+    const std::wstring text = help.Text(id::TB_View);
     EXPECT_TRUE(text.starts_with(topic.first_line)) << Utf8(text.substr(0, 60));
     EXPECT_NE(text.find(topic.last_heading), std::wstring::npos);
-    EXPECT_TRUE(help.ReadOnly(TB_View));
+    EXPECT_TRUE(help.ReadOnly(id::TB_View));
     EXPECT_EQ(Utf8(help.Text()), Utf8(L"Tolvane Ver1.23　　ヘルプ"));
-    EXPECT_EQ(help.Text(Bt_Close), L"OK");
+    EXPECT_EQ(help.Text(id::Bt_Close), L"OK");
     EXPECT_NE(GetWindowLongPtrW(help.Handle(), GWL_EXSTYLE) & WS_EX_TOPMOST, 0);
     RECT place{};
     GetWindowRect(help.Handle(), &place);
@@ -45,9 +44,9 @@ TEST_F(Help, EachDialogShowsItsTextOnTopInTheCornerAndTakesItAlong) {
 
     ShowHelp(dialog);
     EXPECT_EQ(TopWindows(kHelpClass, program_->Id()).size(), 1u);
-    EXPECT_EQ(help.Text(TB_View), text);
+    EXPECT_EQ(help.Text(id::TB_View), text);
 
-    EXPECT_TRUE(help.Click(Bt_Close));
+    EXPECT_TRUE(help.Click(id::Bt_Close));
     EXPECT_TRUE(WaitUntil([&] { return !IsWindowVisible(help.Handle()); }));
     EXPECT_TRUE(dialog.Exists());
     ShowHelp(dialog);
@@ -61,27 +60,27 @@ TEST_F(Version, MayBeOpenDuringARunAndIsClosedByItsPictureOrALabel) {
   PlugIn(kOneCanusb, {L"canusbdrv.dll"});
   ASSERT_NO_FATAL_FAILURE(Start());
   ASSERT_NO_FATAL_FAILURE(Connect(main_));
-  DrivenWindow version = Open(menu_help_version, kVersionClass);
+  DrivenWindow version = Open(id::menu_help_version, kVersionClass);
   ASSERT_TRUE(version.Exists());
   EXPECT_TRUE(IsWindowEnabled(main_.Handle()));
   EXPECT_EQ(GetWindowLongPtrW(version.Handle(), GWL_STYLE) & WS_DLGFRAME, 0);
   EXPECT_EQ(version.Text(), L"Tolvane Ver1.23");
-  EXPECT_EQ(version.Text(Lb_App_Title), L"Tolvane Ver1.23");
-  EXPECT_EQ(version.Text(Lb_copylight), L"Copyright (C) 2026 Tolvane Project");
-  EXPECT_EQ(version.Text(Lb_URL), L"https://tolvane.example/");
-  EXPECT_EQ(version.Text(Lb_OK), L"OK");
-  EXPECT_TRUE(version.Visible(Shape1));
+  EXPECT_EQ(version.Text(id::Lb_App_Title), L"Tolvane Ver1.23");
+  EXPECT_EQ(version.Text(id::Lb_copylight), L"Copyright (C) 2026 Tolvane Project");
+  EXPECT_EQ(version.Text(id::Lb_URL), L"https://tolvane.example/");
+  EXPECT_EQ(version.Text(id::Lb_OK), L"OK");
+  EXPECT_TRUE(version.Visible(id::Shape1));
   KeepPicture(version.Handle(), "window");
 
-  for (const int id : {Img_OK, Lb_OK}) {
+  for (const int id : {id::Img_OK, id::Lb_OK}) {
     version.ClickMouse(id);
     EXPECT_TRUE(WaitUntil([&] { return !IsWindowVisible(version.Handle()); })) << id;
     EXPECT_TRUE(version.Exists()) << "it stays loaded";
-    EXPECT_EQ(Open(menu_help_version, kVersionClass).Handle(), version.Handle());
+    EXPECT_EQ(Open(id::menu_help_version, kVersionClass).Handle(), version.Handle());
   }
-  version.PressKey(Lb_OK, VK_ESCAPE);
+  version.PressKey(id::Lb_OK, VK_ESCAPE);
   EXPECT_TRUE(WaitUntil([&] { return !IsWindowVisible(version.Handle()); }));
-  Open(menu_help_version, kVersionClass);
+  Open(id::menu_help_version, kVersionClass);
   ASSERT_NO_FATAL_FAILURE(Disconnect(main_));
   End();
 }
@@ -96,11 +95,11 @@ bool IsBeingMoved(const DrivenWindow& window) {
 TEST_F(Version, AMovementWithTheButtonDownOverItsFaceMovesItAndIsNoClick) {
   PlugIn(kOneCanusb, {L"canusbdrv.dll"});
   ASSERT_NO_FATAL_FAILURE(Start());
-  const DrivenWindow version = Open(menu_help_version, kVersionClass);
+  const DrivenWindow version = Open(id::menu_help_version, kVersionClass);
   ASSERT_TRUE(version.Exists());
-  const HWND parts[] = {version.Handle(), version.Control(Lb_App_Title),
-                        version.Control(Lb_copylight), version.Control(Lb_OK),
-                        version.Control(Img_OK)};
+  const HWND parts[] = {version.Handle(), version.Control(id::Lb_App_Title),
+                        version.Control(id::Lb_copylight), version.Control(id::Lb_OK),
+                        version.Control(id::Img_OK)};
   for (const HWND part : parts) {
     (void)Send(part, WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(2, 3));
     // A movement that is none: the press can still become a click.
@@ -112,7 +111,7 @@ TEST_F(Version, AMovementWithTheButtonDownOverItsFaceMovesItAndIsNoClick) {
     EXPECT_TRUE(WaitUntil([&] { return !IsBeingMoved(version); }));
     EXPECT_TRUE(IsWindowVisible(version.Handle()));
   }
-  version.ClickMouse(Img_OK);
+  version.ClickMouse(id::Img_OK);
   EXPECT_TRUE(WaitUntil([&] { return !IsWindowVisible(version.Handle()); }));
   End();
 }
@@ -120,11 +119,11 @@ TEST_F(Version, AMovementWithTheButtonDownOverItsFaceMovesItAndIsNoClick) {
 TEST_F(Version, TheMouseIsAHandOverTheLinksAlone) {
   PlugIn(kOneCanusb, {L"canusbdrv.dll"});
   ASSERT_NO_FATAL_FAILURE(Start());
-  const DrivenWindow version = Open(menu_help_version, kVersionClass);
+  const DrivenWindow version = Open(id::menu_help_version, kVersionClass);
   ASSERT_TRUE(version.Exists());
   const ProgramProbe probe(OwnFolder() / L"tolvane_probe.dll", version.Handle());
-  for (const int id : {PicURL, Lb_URL}) EXPECT_EQ(probe.HandOver(id), true) << id;
-  for (const int id : {Lb_App_Title, Lb_copylight, Lb_OK, Img_OK, Shape1}) {
+  for (const int id : {id::PicURL, id::Lb_URL}) EXPECT_EQ(probe.HandOver(id), true) << id;
+  for (const int id : {id::Lb_App_Title, id::Lb_copylight, id::Lb_OK, id::Img_OK, id::Shape1}) {
     EXPECT_EQ(probe.HandOver(id), false) << id;
   }
   End();
@@ -167,14 +166,14 @@ TEST_F(Version, APressOnTheAddressAndAClickOnItsPictureOpenTheHomePage) {
   const OpenedBy file(L"https", L"cmd.exe /c echo %1>>\"" + opened.wstring() + L"\"");
   ASSERT_TRUE(file.Ready());
   ASSERT_NO_FATAL_FAILURE(Start());
-  const DrivenWindow version = Open(menu_help_version, kVersionClass);
+  const DrivenWindow version = Open(id::menu_help_version, kVersionClass);
   ASSERT_TRUE(version.Exists());
   const std::string line = "https://tolvane.example/\r\n";
   // The picture needs press and release, the text only the press.
-  PostMessageW(version.Control(PicURL), WM_LBUTTONDOWN, MK_LBUTTON, 0);
-  PostMessageW(version.Control(Lb_URL), WM_LBUTTONDOWN, MK_LBUTTON, 0);
+  PostMessageW(version.Control(id::PicURL), WM_LBUTTONDOWN, MK_LBUTTON, 0);
+  PostMessageW(version.Control(id::Lb_URL), WM_LBUTTONDOWN, MK_LBUTTON, 0);
   EXPECT_TRUE(WaitUntil([&] { return FileBytes(opened) == line; })) << FileBytes(opened);
-  version.ClickMouse(PicURL);
+  version.ClickMouse(id::PicURL);
   EXPECT_TRUE(WaitUntil([&] { return FileBytes(opened) == line + line; })) << FileBytes(opened);
   EXPECT_TRUE(IsWindowVisible(version.Handle()));
   End();
@@ -205,17 +204,17 @@ TEST_F(Help, F1ShowsTheManualBesideTheProgramAtItsHeading) {
   const OpenedBy by_browser(L"htmlfile", L"\"" + browser.wstring() + L"\" \"%1\"");
   ASSERT_TRUE(by_browser.Ready());
   ASSERT_NO_FATAL_FAILURE(Start());
-  main_.PressKey(Bt_Connect, VK_F1);
+  main_.PressKey(id::Bt_Connect, VK_F1);
   // Without a manual nothing happens.
   ASSERT_NO_FATAL_FAILURE(Connect(main_));
   EXPECT_EQ(FileBytes(opened), "");
   std::ofstream(folder_.Path() / L"manual.html") << "<html></html>";
-  main_.PressKey(TB_Status, VK_F1);
+  main_.PressKey(id::TB_Status, VK_F1);
   EXPECT_TRUE(WaitUntil([&] {
     return FileBytes(opened).find("/program-under-test/manual.html#3-") != std::string::npos;
   })) << FileBytes(opened);
   ASSERT_NO_FATAL_FAILURE(Disconnect(main_));
-  main_.PressKey(TB_Status, VK_F1);
+  main_.PressKey(id::TB_Status, VK_F1);
   EXPECT_TRUE(WaitUntil([&] {
     return FileBytes(opened).find("/program-under-test/manual.html#2-") != std::string::npos;
   })) << FileBytes(opened);

@@ -1,16 +1,17 @@
 // A run from its beginning to its end without a mouse.
+#include "tests/window/control_ids.h"
 #include "tests/window/window_fixture.h"
+
 #include "tools/drive/message_box.h"
 #include "tools/drive/text.h"
-// Last: its symbols are also names of controls elsewhere.
-#include "src/platform/windows/resources/resource.h"
 
 namespace tolvane::window {
 namespace {
 
-constexpr int kControls[] = {Cmb_Serect_Device, TB_ODB_Hard_Version, Bt_Connect,    Bt_Disconnect,
-                             TB_Protocol,       TB_Status,           TB_LogComment, Bt_SaveFile,
-                             Bt_ViewClear,      RTB_MainView};
+constexpr int kControls[] = {id::Cmb_Serect_Device, id::TB_ODB_Hard_Version, id::Bt_Connect,
+                             id::Bt_Disconnect,     id::TB_Protocol,         id::TB_Status,
+                             id::TB_LogComment,     id::Bt_SaveFile,         id::Bt_ViewClear,
+                             id::RTB_MainView};
 
 class Keyboard : public RealProgram {
  protected:
@@ -32,10 +33,10 @@ class Keyboard : public RealProgram {
     return 0;
   }
   static bool Receiving(const DrivenWindow& window) {
-    return WaitUntil([&] { return window.Text(TB_Status).starts_with(L"通信中"); });
+    return WaitUntil([&] { return window.Text(id::TB_Status).starts_with(L"通信中"); });
   }
   static bool Idle(const DrivenWindow& window) {
-    return WaitUntil([&] { return window.Enabled(Bt_Connect); });
+    return WaitUntil([&] { return window.Enabled(id::Bt_Connect); });
   }
   /// The system reports the new focus before the button gets or loses the default ring.
   static bool BecomesDefault(const DrivenWindow& window, int id, bool is_default = true) {
@@ -50,20 +51,20 @@ TEST_F(Keyboard, EnterConnectsTabFindsDisconnectAndTheRingFollowsTheFocus) {
   PlugIn(kOneCanusb, {L"canusbdrv.dll"});
   const DrivenWindow window = StartProgram();
   ASSERT_TRUE(window.Exists());
-  ASSERT_TRUE(WaitUntil([&] { return window.HasFocus(Bt_Connect); }));
-  EXPECT_TRUE(BecomesDefault(window, Bt_Connect));
-  window.PressKey(Bt_Connect, VK_RETURN);
+  ASSERT_TRUE(WaitUntil([&] { return window.HasFocus(id::Bt_Connect); }));
+  EXPECT_TRUE(BecomesDefault(window, id::Bt_Connect));
+  window.PressKey(id::Bt_Connect, VK_RETURN);
   ASSERT_TRUE(Receiving(window));
-  EXPECT_GT(TabTo(window, Bt_Disconnect), 0) << "Tab never reaches it in a run";
-  window.PressKey(Bt_Disconnect, VK_RETURN);
+  EXPECT_GT(TabTo(window, id::Bt_Disconnect), 0) << "Tab never reaches it in a run";
+  window.PressKey(id::Bt_Disconnect, VK_RETURN);
   ASSERT_TRUE(Idle(window));
-  EXPECT_TRUE(WaitUntil([&] { return window.HasFocus(TB_Status); }));
-  for (const int id : {Bt_Connect, Bt_Disconnect, Bt_SaveFile, Bt_ViewClear}) {
+  EXPECT_TRUE(WaitUntil([&] { return window.HasFocus(id::TB_Status); }));
+  for (const int id : {id::Bt_Connect, id::Bt_Disconnect, id::Bt_SaveFile, id::Bt_ViewClear}) {
     EXPECT_TRUE(BecomesDefault(window, id, false)) << id << " keeps the ring without the focus";
   }
-  EXPECT_GT(TabTo(window, RTB_MainView), 0);
-  EXPECT_GT(TabTo(window, Bt_Connect), 0);
-  EXPECT_TRUE(BecomesDefault(window, Bt_Connect));
+  EXPECT_GT(TabTo(window, id::RTB_MainView), 0);
+  EXPECT_GT(TabTo(window, id::Bt_Connect), 0);
+  EXPECT_TRUE(BecomesDefault(window, id::Bt_Connect));
   window.Close();
   EXPECT_EQ(program_->WaitForEnd(), 0u);
 }
@@ -73,14 +74,14 @@ TEST_F(Keyboard, FunctionKeysConnectSaveAndDisconnect) {
   const DrivenWindow window = StartProgram();
   ASSERT_TRUE(window.Exists());
   ASSERT_TRUE(Idle(window));
-  window.PressKey(TB_LogComment, VK_F5);
+  window.PressKey(id::TB_LogComment, VK_F5);
   ASSERT_TRUE(Receiving(window));
-  window.PressKey(TB_Status, VK_F9);
+  window.PressKey(id::TB_Status, VK_F9);
   const auto message = WaitForMessage(program_->Id());
   ASSERT_TRUE(message.has_value());
   EXPECT_EQ(Utf8(message->text), Utf8(L"保存しました"));
   EXPECT_TRUE(Press(*message, IDOK));
-  window.PressKey(TB_Status, VK_F6);
+  window.PressKey(id::TB_Status, VK_F6);
   ASSERT_TRUE(Idle(window));
   EXPECT_EQ(State(window), IdleState());
   window.Close();

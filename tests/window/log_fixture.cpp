@@ -1,4 +1,5 @@
 #include "tests/window/log_fixture.h"
+#include "tests/window/control_ids.h"
 
 #include <windows.h>
 
@@ -7,9 +8,6 @@
 #include <fstream>
 #include <iterator>
 #include <regex>
-
-// Last: its symbols are also names of controls elsewhere.
-#include "src/platform/windows/resources/resource.h"
 
 namespace tolvane::window {
 
@@ -119,14 +117,14 @@ void LogRun::StartOnRecording(std::string_view lines) {
   StartOn("[bus]\nsource = log\nlog = frames.log\n");
 }
 
-DrivenWindow LogRun::OpenLogSettings() { return Open(menu_opt_log1); }
+DrivenWindow LogRun::OpenLogSettings() { return Open(id::menu_opt_log1); }
 
 bool LogRun::WaitForShown(const std::wstring& text) const {
-  return WaitUntil([&] { return main_.Text(RTB_MainView).find(text) != std::wstring::npos; });
+  return WaitUntil([&] { return main_.Text(id::RTB_MainView).find(text) != std::wstring::npos; });
 }
 
 void LogRun::RunUntilShown(const std::wstring& text) {
-  ASSERT_TRUE(main_.Click(Bt_ViewClear));
+  ASSERT_TRUE(main_.Click(id::Bt_ViewClear));
   ASSERT_NO_FATAL_FAILURE(Connect(main_));
   EXPECT_TRUE(WaitForShown(text));
   ASSERT_NO_FATAL_FAILURE(Disconnect(main_));

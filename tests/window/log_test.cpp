@@ -2,10 +2,9 @@
 #include <fstream>
 
 #include "tests/helpers/expect_bytes.h"
+#include "tests/window/control_ids.h"
 #include "tests/window/log_fixture.h"
 #include "tools/drive/text.h"
-// Last: its symbols are also names of controls elsewhere.
-#include "src/platform/windows/resources/resource.h"
 
 namespace tolvane::window {
 namespace {
@@ -17,7 +16,7 @@ TEST_F(LogRun, CsvFilesOfTwoRunsByteForByte) {
                        "(0.050000) can0 0FF#0102030405060708\n"
                        "(0.250000) can0 7FF#FFEEDD\n"));
   ASSERT_NO_FATAL_FAILURE(RunUntilShown(L"7FF"));
-  main_.Type(TB_LogComment, L"  表①, \"ｺﾒﾝﾄ\"  ");
+  main_.Type(id::TB_LogComment, L"  表①, \"ｺﾒﾝﾄ\"  ");
   ASSERT_NO_FATAL_FAILURE(RunUntilShown(L"7FF"));
   End();
 
@@ -43,8 +42,8 @@ TEST_F(LogRun, RollsOverAfter20001RecordsAndWritesTheRestAtTheEnd) {
   ASSERT_NO_FATAL_FAILURE(
       StartOn("[bench]\nqueue = 100000\n[bus]\nsource = generator\nformat = extended\n"
               "rate = 10000\nfirst_id = 8\nids = 16\nframes = 41000\n"));
-  DrivenWindow dialog = Open(menu_common_setting);
-  EXPECT_TRUE(dialog.Click(RB_MsgType_1));
+  DrivenWindow dialog = Open(id::menu_common_setting);
+  EXPECT_TRUE(dialog.Click(id::RB_MsgType_1));
   PressOk(dialog);
   ASSERT_NO_FATAL_FAILURE(RunUntilShown(Wide(CounterBytes(kFrames - 1, " "))));
   End();
@@ -78,11 +77,11 @@ TEST_F(LogRun, FoldersOfEachModeAndTheSubfolderOfTheComment) {
   ASSERT_NO_FATAL_FAILURE(StartOnRecording("(0.0) can0 123#\n"));
 
   DrivenWindow dialog = OpenLogSettings();
-  EXPECT_TRUE(dialog.Click(RB_LogSaveFilePath_2));
-  dialog.Type(TB_LogSaveFilePath, folder.wstring());
-  EXPECT_TRUE(dialog.Click(CB_LogSave_subFolder));
+  EXPECT_TRUE(dialog.Click(id::RB_LogSaveFilePath_2));
+  dialog.Type(id::TB_LogSaveFilePath, folder.wstring());
+  EXPECT_TRUE(dialog.Click(id::CB_LogSave_subFolder));
   PressOk(dialog);
-  main_.Type(TB_LogComment, L"a/b:*?\"<>|\\");
+  main_.Type(id::TB_LogComment, L"a/b:*?\"<>|\\");
   ASSERT_NO_FATAL_FAILURE(RunUntilShown(L"123"));
   ASSERT_NO_FATAL_FAILURE(RunUntilShown(L"123"));
   for (const wchar_t* suffix : {L"", L"-002"}) {
@@ -91,8 +90,8 @@ TEST_F(LogRun, FoldersOfEachModeAndTheSubfolderOfTheComment) {
   }
 
   // No comment, no run.
-  main_.Type(TB_LogComment, L"  ");
-  EXPECT_TRUE(main_.Click(Bt_Connect));
+  main_.Type(id::TB_LogComment, L"  ");
+  EXPECT_TRUE(main_.Click(id::Bt_Connect));
   const auto message = WaitForMessage(program_->Id());
   ASSERT_TRUE(message);
   EXPECT_EQ(Utf8(message->title), Utf8(L"Tolvane Ver1.23"));
@@ -100,32 +99,32 @@ TEST_F(LogRun, FoldersOfEachModeAndTheSubfolderOfTheComment) {
             Utf8(L"「コメントをサブフォルダにして保存する」が有効になっています。\r\n"
                  L"コメントを記入して下さい。"));
   ASSERT_TRUE(Press(*message, IDOK));
-  ASSERT_TRUE(WaitUntil([&] { return main_.Enabled(Bt_Connect); }));
+  ASSERT_TRUE(WaitUntil([&] { return main_.Enabled(id::Bt_Connect); }));
   EXPECT_EQ(State(main_), IdleState());
 
   // On the desktop the subfolder still goes where the box of the chosen folder points, logging or
   // not, and the log stays on the desktop.
-  main_.Type(TB_LogComment, L"机");
+  main_.Type(id::TB_LogComment, L"机");
   dialog = OpenLogSettings();
-  EXPECT_TRUE(dialog.Click(RB_LogSaveFilePath_1));
+  EXPECT_TRUE(dialog.Click(id::RB_LogSaveFilePath_1));
   PressOk(dialog);
   ASSERT_NO_FATAL_FAILURE(RunUntilShown(L"123"));
   EXPECT_TRUE(std::filesystem::is_directory(folder / L"机"));
   EXPECT_FALSE(std::filesystem::exists(desktop.Path() / L"机"));
   EXPECT_EQ(FilesOf(desktop.Path(), L"KL", L".csv").size(), 1u);
   dialog = OpenLogSettings();
-  EXPECT_TRUE(dialog.Click(CB_LogFile_Enable));
+  EXPECT_TRUE(dialog.Click(id::CB_LogFile_Enable));
   PressOk(dialog);
-  main_.Type(TB_LogComment, L"記録なし");
+  main_.Type(id::TB_LogComment, L"記録なし");
   ASSERT_NO_FATAL_FAILURE(RunUntilShown(L"123"));
   EXPECT_TRUE(std::filesystem::is_directory(folder / L"記録なし"));
   EXPECT_EQ(FilesOf(desktop.Path(), L"KL", L".csv").size(), 1u);
 
   // The program's own folder again.
   dialog = OpenLogSettings();
-  EXPECT_TRUE(dialog.Click(CB_LogFile_Enable));
-  EXPECT_TRUE(dialog.Click(RB_LogSaveFilePath_0));
-  EXPECT_TRUE(dialog.Click(CB_LogSave_subFolder));
+  EXPECT_TRUE(dialog.Click(id::CB_LogFile_Enable));
+  EXPECT_TRUE(dialog.Click(id::RB_LogSaveFilePath_0));
+  EXPECT_TRUE(dialog.Click(id::CB_LogSave_subFolder));
   PressOk(dialog);
   ASSERT_NO_FATAL_FAILURE(RunUntilShown(L"123"));
   EXPECT_EQ(Logs().size(), 1u);
@@ -137,8 +136,8 @@ TEST_F(LogRun, AFolderRemovedInMidRunSendsTheLogAndTheSettingToTheDesktop) {
   const ScratchFolder chosen(OwnFolder() / L"chosen-under-test");
   ASSERT_NO_FATAL_FAILURE(StartOnRecording("(0.0) can0 123#AB\n"));
   DrivenWindow dialog = OpenLogSettings();
-  EXPECT_TRUE(dialog.Click(RB_LogSaveFilePath_2));
-  dialog.Type(TB_LogSaveFilePath, chosen.Path().wstring());
+  EXPECT_TRUE(dialog.Click(id::RB_LogSaveFilePath_2));
+  dialog.Type(id::TB_LogSaveFilePath, chosen.Path().wstring());
   PressOk(dialog);
   ASSERT_NO_FATAL_FAILURE(Connect(main_));
   ASSERT_TRUE(WaitForShown(L"123"));
@@ -150,7 +149,7 @@ TEST_F(LogRun, AFolderRemovedInMidRunSendsTheLogAndTheSettingToTheDesktop) {
   EXPECT_TRUE(SameBytes(WithoutDate(FileBytes(logs[0])),
                         CsvHead11(kFirstComment) + "         0 , 123 , 1 ,  AB\r\n"));
   dialog = OpenLogSettings();
-  EXPECT_EQ(Utf8(dialog.Text(TB_LogSaveFilePath)), Utf8(desktop.Path().wstring()));
+  EXPECT_EQ(Utf8(dialog.Text(id::TB_LogSaveFilePath)), Utf8(desktop.Path().wstring()));
   PressCancel(dialog);
   End();
 }
@@ -220,7 +219,7 @@ TEST_F(LogRun, WhatAHeldFileKeptBackComesWithTheNextFileOfItsChannel) {
   held.Release();
   held_next_hour.Release();
   EXPECT_EQ(take_log(), "");
-  EXPECT_TRUE(main_.Enabled(Bt_Disconnect));
+  EXPECT_TRUE(main_.Enabled(id::Bt_Disconnect));
   ASSERT_TRUE(WaitForShown(LastShownOfBurst(2)));
   const std::string third = take_log();
   ASSERT_NO_FATAL_FAILURE(Disconnect(main_));

@@ -8,9 +8,8 @@
 #include <string>
 
 #include "tests/window/adapter_runs.h"
+#include "tests/window/control_ids.h"
 #include "tools/drive/text.h"
-// Last: its symbols are also names of controls elsewhere.
-#include "src/platform/windows/resources/resource.h"
 
 namespace tolvane::window {
 namespace {
@@ -99,17 +98,17 @@ class Matrix : public AdapterRuns {
   void TryToClose() const {
     EXPECT_EQ(Send(main_.Handle(), WM_QUERYENDSESSION, 0, 0), FALSE);
     (void)Send(main_.Handle(), WM_CLOSE, 0, 0);
-    (void)Send(main_.Handle(), WM_COMMAND, menu_file_close, 0);
+    (void)Send(main_.Handle(), WM_COMMAND, id::menu_file_close, 0);
     PostThreadMessageW(GetWindowThreadProcessId(main_.Handle(), nullptr), WM_QUIT, 0, 0);
     EXPECT_FALSE(std::filesystem::exists(folder_.Path() / L"lglist.dat"));
   }
 
   void Exclude() {
-    const DrivenWindow dialog = Open(menu_opt_function1);
-    dialog.Type(TB_DisableID_Start_0, L"700");
-    dialog.Type(TB_DisableID_End_0, L"7FF");
-    EXPECT_TRUE(dialog.Click(CB_DisableID_0));
-    EXPECT_TRUE(dialog.Click(CB_Save_ID_DisableMode));
+    const DrivenWindow dialog = Open(id::menu_opt_function1);
+    dialog.Type(id::TB_DisableID_Start_0, L"700");
+    dialog.Type(id::TB_DisableID_End_0, L"7FF");
+    EXPECT_TRUE(dialog.Click(id::CB_DisableID_0));
+    EXPECT_TRUE(dialog.Click(id::CB_Save_ID_DisableMode));
     PressOk(dialog);
   }
 
@@ -137,19 +136,19 @@ TEST_F(Matrix, EachKindInEachWorkerShowsItsPageAndMakesItsCalls) {
   ForEachCell([this](const WorkerRow& worker, Kind kind, const std::string& cell) {
     Select(Good(kind));
     ASSERT_NO_FATAL_FAILURE(Connect(main_));
-    EXPECT_EQ(Utf8(main_.Text(TB_Status)), Utf8(L"通信中　ログ出力(csv)"));
-    EXPECT_EQ(main_.Text(TB_Protocol),
+    EXPECT_EQ(Utf8(main_.Text(id::TB_Status)), Utf8(L"通信中　ログ出力(csv)"));
+    EXPECT_EQ(main_.Text(id::TB_Protocol),
               kRates[static_cast<std::size_t>(worker.settings.bit_rate)].shown);
     const std::wstring expected = (worker.settings.ids_of_29_bits ? kHeader29 : kHeader) +
                                   worker.pages[kind] + (worker.excluding ? kFoot : L"");
-    const bool shown =
-        WaitUntil([&] { return main_.Text(RTB_MainView) == expected; }, std::chrono::seconds(10));
-    EXPECT_TRUE(shown) << Utf8(main_.Text(RTB_MainView)) << "instead of\n" << Utf8(expected);
+    const bool shown = WaitUntil([&] { return main_.Text(id::RTB_MainView) == expected; },
+                                 std::chrono::seconds(10));
+    EXPECT_TRUE(shown) << Utf8(main_.Text(id::RTB_MainView)) << "instead of\n" << Utf8(expected);
     KeepPicture(main_.Handle(), cell);
     TryToClose();
     ASSERT_NO_FATAL_FAILURE(Disconnect(main_));
-    EXPECT_EQ(main_.Text(RTB_MainView), expected);
-    EXPECT_EQ(main_.Text(TB_Status), L"");
+    EXPECT_EQ(main_.Text(id::RTB_MainView), expected);
+    EXPECT_EQ(main_.Text(id::TB_Status), L"");
     const Calls made = CallsSinceSelection();
     const Calls wanted = ExpectedCalls(kind, worker.settings, made);
     EXPECT_EQ(made, wanted);
@@ -166,7 +165,7 @@ TEST_F(Matrix, EachKindInEachWorkerTellsAFailedOpen) {
     const Calls made = CallsSinceSelection();
     if (kind != kInterface) {
       EXPECT_EQ(made.size(), 1u) << "nothing follows a failed open";
-      EXPECT_EQ(main_.Text(TB_Status), L"");
+      EXPECT_EQ(main_.Text(id::TB_Status), L"");
       return;
     }
     ASSERT_EQ(made.size(), 5u);
@@ -175,7 +174,7 @@ TEST_F(Matrix, EachKindInEachWorkerTellsAFailedOpen) {
     EXPECT_TRUE(made[2].starts_with("CanClosePort("));
     EXPECT_EQ(made[3], "CanDeactivate(-1) = -1073741814");
     EXPECT_EQ(made[4], "CanClosePort(-1) = -1073741814");
-    EXPECT_EQ(main_.Text(TB_Status), L"The device handle is invalid.");
+    EXPECT_EQ(main_.Text(id::TB_Status), L"The device handle is invalid.");
   });
 }
 

@@ -3,10 +3,9 @@
 #include <iterator>
 #include <string>
 
+#include "tests/window/control_ids.h"
 #include "tests/window/dialog_fixture.h"
 #include "tools/drive/text.h"
-// Last: its symbols are also names of controls elsewhere.
-#include "src/platform/windows/resources/resource.h"
 
 namespace tolvane::window {
 namespace {
@@ -50,13 +49,13 @@ class SettingsFile : public OpenedWindows {
 
   /// One run on a line of the list: both frames are given out, and the page shows `page`.
   void ExpectPage(int line, std::string_view adapter, const std::wstring& page) {
-    main_.SelectLine(Cmb_Serect_Device, line);
-    ASSERT_TRUE(main_.Click(Bt_ViewClear));
+    main_.SelectLine(id::Cmb_Serect_Device, line);
+    ASSERT_TRUE(main_.Click(id::Bt_ViewClear));
     const std::size_t before = bench_->Report().size();
     ASSERT_NO_FATAL_FAILURE(Connect(main_));
     EXPECT_EQ(AwaitWholeTraffic(adapter), 2);
     // The first frame has been there for ticks: one that must not be shown would be seen by now.
-    const auto shown = [&] { return main_.Text(RTB_MainView); };
+    const auto shown = [&] { return main_.Text(id::RTB_MainView); };
     EXPECT_TRUE(WaitUntil([&] { return shown() == page; })) << Utf8(shown());
     ASSERT_NO_FATAL_FAILURE(Disconnect(main_));
     EXPECT_EQ(Utf8(shown()), Utf8(page));

@@ -1,56 +1,57 @@
 // The log settings in the real window.
+#include "tests/window/control_ids.h"
 #include "tests/window/dialog_fixture.h"
+
 #include "tools/drive/text.h"
-// Last: its symbols are also names of controls elsewhere.
-#include "src/platform/windows/resources/resource.h"
 
 namespace tolvane::window {
 namespace {
 
 using OptionLog1 = OpenedWindows;
 
-constexpr int kFollowTheLogBox[] = {
-    GB_LogSave_Format,    RB_LogSV_Format_1, GB_Excel_Format,      RB_Excel_Format_0,
-    RB_Excel_Format_1,    GB_LogSave_path,   RB_LogSaveFilePath_0, RB_LogSaveFilePath_1,
-    RB_LogSaveFilePath_2, TB_LogSaveFilePath};
-constexpr int kFollowItsClicksAlone[] = {CB_LogSave_subFolder, CB_Excel_soft_KO};
+constexpr int kFollowTheLogBox[] = {id::GB_LogSave_Format,    id::RB_LogSV_Format_1,
+                                    id::GB_Excel_Format,      id::RB_Excel_Format_0,
+                                    id::RB_Excel_Format_1,    id::GB_LogSave_path,
+                                    id::RB_LogSaveFilePath_0, id::RB_LogSaveFilePath_1,
+                                    id::RB_LogSaveFilePath_2, id::TB_LogSaveFilePath};
+constexpr int kFollowItsClicksAlone[] = {id::CB_LogSave_subFolder, id::CB_Excel_soft_KO};
 
 TEST_F(OptionLog1, ControlsFollowTheLogBoxAndTwoOfThemItsClicksAlone) {
   PlugIn(kOneCanusb, {L"canusbdrv.dll"});
   ASSERT_NO_FATAL_FAILURE(Start());
-  DrivenWindow dialog = Open(menu_opt_log1);
+  DrivenWindow dialog = Open(id::menu_opt_log1);
   ASSERT_TRUE(dialog.Exists());
   EXPECT_EQ(Utf8(dialog.Text()), Utf8(L"Tolvane Ver1.23　　- ログ機能 -"));
-  EXPECT_TRUE(dialog.Checked(CB_LogFile_Enable));
+  EXPECT_TRUE(dialog.Checked(id::CB_LogFile_Enable));
   for (const int id : kFollowTheLogBox) EXPECT_TRUE(dialog.Enabled(id)) << id;
   // No office software is on the test machine.
-  EXPECT_FALSE(dialog.Enabled(RB_LogSV_Format_0));
-  EXPECT_TRUE(dialog.Checked(RB_LogSV_Format_1));
-  for (const int id : {TB_Excel_Status, TB_Excel_Status2, TB_Access_Status}) {
+  EXPECT_FALSE(dialog.Enabled(id::RB_LogSV_Format_0));
+  EXPECT_TRUE(dialog.Checked(id::RB_LogSV_Format_1));
+  for (const int id : {id::TB_Excel_Status, id::TB_Excel_Status2, id::TB_Access_Status}) {
     EXPECT_EQ(dialog.Text(id), L" NG");
     EXPECT_TRUE(Shows(dialog, id, RGB(255, 0, 0), 5)) << id;
   }
-  EXPECT_EQ(dialog.Text(TB_Excel_Ver), L"---");
-  EXPECT_EQ(dialog.Text(TB_Access_Ver), L"---");
-  for (const int id : {RB_LogSV_Format_2, RB_LogSV_Format_3}) {
+  EXPECT_EQ(dialog.Text(id::TB_Excel_Ver), L"---");
+  EXPECT_EQ(dialog.Text(id::TB_Access_Ver), L"---");
+  for (const int id : {id::RB_LogSV_Format_2, id::RB_LogSV_Format_3}) {
     EXPECT_EQ(Utf8(dialog.Text(id)), Utf8(L"Access形式で保存 （.mdb）"));
     EXPECT_FALSE(dialog.Visible(id));
     EXPECT_FALSE(dialog.Enabled(id));
   }
   KeepPicture(dialog.Handle(), "window");
 
-  EXPECT_TRUE(dialog.Click(CB_LogFile_Enable));
+  EXPECT_TRUE(dialog.Click(id::CB_LogFile_Enable));
   for (const int id : kFollowTheLogBox) EXPECT_FALSE(dialog.Enabled(id)) << id;
   for (const int id : kFollowItsClicksAlone) EXPECT_FALSE(dialog.Enabled(id)) << id;
   PressOk(dialog);
 
-  dialog = Open(menu_opt_log1);
-  EXPECT_FALSE(dialog.Checked(CB_LogFile_Enable));
+  dialog = Open(id::menu_opt_log1);
+  EXPECT_FALSE(dialog.Checked(id::CB_LogFile_Enable));
   for (const int id : kFollowTheLogBox) EXPECT_FALSE(dialog.Enabled(id)) << id;
   for (const int id : kFollowItsClicksAlone) EXPECT_TRUE(dialog.Enabled(id)) << id;
-  EXPECT_TRUE(dialog.Click(CB_LogFile_Enable));
+  EXPECT_TRUE(dialog.Click(id::CB_LogFile_Enable));
   for (const int id : kFollowTheLogBox) EXPECT_TRUE(dialog.Enabled(id)) << id;
-  EXPECT_FALSE(dialog.Enabled(RB_LogSV_Format_0));
+  EXPECT_FALSE(dialog.Enabled(id::RB_LogSV_Format_0));
   PressCancel(dialog);
   End();
 }
@@ -60,20 +61,20 @@ TEST_F(OptionLog1, ADroppedFolderFillsTheBoxOfItsSide) {
   std::filesystem::create_directories(target);
   PlugIn(kOneCanusb, {L"canusbdrv.dll"});
   ASSERT_NO_FATAL_FAILURE(Start());
-  DrivenWindow dialog = Open(menu_opt_log1);
+  DrivenWindow dialog = Open(id::menu_opt_log1);
   const ProgramProbe probe(OwnFolder() / L"tolvane_probe.dll", dialog.Handle());
   const struct {
     int control;
     int box;
-  } targets[] = {{Img_save_folder, TB_SaveFilePath},
-                 {Img_save_folder_path, TB_SaveFilePath},
-                 {TB_SaveFilePath, TB_SaveFilePath},
-                 {Img_Log_save_folder, TB_LogSaveFilePath},
-                 {Img_Log_save_folder_path, TB_LogSaveFilePath},
-                 {TB_LogSaveFilePath, TB_LogSaveFilePath}};
+  } targets[] = {{id::Img_save_folder, id::TB_SaveFilePath},
+                 {id::Img_save_folder_path, id::TB_SaveFilePath},
+                 {id::TB_SaveFilePath, id::TB_SaveFilePath},
+                 {id::Img_Log_save_folder, id::TB_LogSaveFilePath},
+                 {id::Img_Log_save_folder_path, id::TB_LogSaveFilePath},
+                 {id::TB_LogSaveFilePath, id::TB_LogSaveFilePath}};
   for (const auto& row : targets) {
     EXPECT_NE(GetWindowLongPtrW(dialog.Control(row.control), GWL_EXSTYLE) & WS_EX_ACCEPTFILES, 0);
-    const int other = row.box == TB_SaveFilePath ? TB_LogSaveFilePath : TB_SaveFilePath;
+    const int other = row.box == id::TB_SaveFilePath ? id::TB_LogSaveFilePath : id::TB_SaveFilePath;
     dialog.Type(row.box, L"before");
     const std::wstring beside = dialog.Text(other);
     ASSERT_TRUE(probe.Drop(dialog.Control(row.control), target.wstring()));
@@ -81,11 +82,11 @@ TEST_F(OptionLog1, ADroppedFolderFillsTheBoxOfItsSide) {
         << row.control << " " << Utf8(dialog.Text(row.box));
     EXPECT_EQ(dialog.Text(other), beside);
   }
-  EXPECT_TRUE(dialog.Click(RB_LogSaveFilePath_2));
+  EXPECT_TRUE(dialog.Click(id::RB_LogSaveFilePath_2));
   PressOk(dialog);
-  dialog = Open(menu_opt_log1);
-  EXPECT_EQ(Utf8(dialog.Text(TB_LogSaveFilePath)), Utf8(target.wstring()));
-  EXPECT_TRUE(dialog.Checked(RB_LogSaveFilePath_2));
+  dialog = Open(id::menu_opt_log1);
+  EXPECT_EQ(Utf8(dialog.Text(id::TB_LogSaveFilePath)), Utf8(target.wstring()));
+  EXPECT_TRUE(dialog.Checked(id::RB_LogSaveFilePath_2));
   PressCancel(dialog);
   End();
 }
@@ -112,15 +113,15 @@ TEST_F(FolderChooser, AFolderPictureOpensItAndItFillsTheBoxOfItsSide) {
   std::filesystem::create_directories(target);
   PlugIn(kOneCanusb, {L"canusbdrv.dll"});
   ASSERT_NO_FATAL_FAILURE(Start());
-  const DrivenWindow dialog = Open(menu_opt_log1);
+  const DrivenWindow dialog = Open(id::menu_opt_log1);
   const struct {
     int picture;
     int box;
     bool by_keyboard;
-  } rows[] = {{Img_save_folder, TB_SaveFilePath, false},
-              {Img_save_folder_path, TB_SaveFilePath, true},
-              {Img_Log_save_folder, TB_LogSaveFilePath, true},
-              {Img_Log_save_folder_path, TB_LogSaveFilePath, false}};
+  } rows[] = {{id::Img_save_folder, id::TB_SaveFilePath, false},
+              {id::Img_save_folder_path, id::TB_SaveFilePath, true},
+              {id::Img_Log_save_folder, id::TB_LogSaveFilePath, true},
+              {id::Img_Log_save_folder_path, id::TB_LogSaveFilePath, false}};
   for (const auto& row : rows) {
     for (const WPARAM answer : {IDCANCEL, IDOK}) {
       dialog.Type(row.box, L"before");

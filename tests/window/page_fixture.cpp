@@ -1,19 +1,19 @@
 #include "tests/window/page_fixture.h"
 
+#include "tests/window/control_ids.h"
 #include "tests/window/system_clipboard.h"
 #include "tools/drive/text.h"
-// Last: its symbols are also names of controls elsewhere.
-#include "src/platform/windows/resources/resource.h"
 
 namespace tolvane::window {
 namespace {
 
 constexpr const wchar_t* kPopUpClass = L"#32768";
 constexpr int kAllItems[] = {
-    menu_View_All_Copy,     menu_View_Ctrl_Z,      menu_View_Ctrl_X,        menu_View_Ctrl_C,
-    menu_View_Ctrl_V,       menu_View_DEL,         menu_View_Text_Red,      menu_View_Text_Blue,
-    menu_View_Text_Black,   menu_View_Marker_Pink, menu_View_Marker_Yellow, menu_View_Marker_black,
-    menu_View_Marker_white, menu_View_Date};
+    id::menu_View_All_Copy,     id::menu_View_Ctrl_Z,        id::menu_View_Ctrl_X,
+    id::menu_View_Ctrl_C,       id::menu_View_Ctrl_V,        id::menu_View_DEL,
+    id::menu_View_Text_Red,     id::menu_View_Text_Blue,     id::menu_View_Text_Black,
+    id::menu_View_Marker_Pink,  id::menu_View_Marker_Yellow, id::menu_View_Marker_black,
+    id::menu_View_Marker_white, id::menu_View_Date};
 
 }  // namespace
 
@@ -22,12 +22,14 @@ void PageCommandsBase::StartWith(const std::wstring& page) {
   WriteOver(page);
 }
 
-void PageCommandsBase::WriteOver(const std::wstring& page) const { main_.Type(RTB_MainView, page); }
+void PageCommandsBase::WriteOver(const std::wstring& page) const {
+  main_.Type(id::RTB_MainView, page);
+}
 
-std::wstring PageCommandsBase::Page() const { return main_.Text(RTB_MainView); }
+std::wstring PageCommandsBase::Page() const { return main_.Text(id::RTB_MainView); }
 
 void PageCommandsBase::Select(int start, int end) const {
-  (void)Send(main_.Control(RTB_MainView), EM_SETSEL, static_cast<WPARAM>(start), end);
+  (void)Send(main_.Control(id::RTB_MainView), EM_SETSEL, static_cast<WPARAM>(start), end);
 }
 
 void PageCommandsBase::SetCaret(int position) const {
@@ -63,7 +65,7 @@ PageCommandsBase::Items PageCommandsBase::OpenPopUp(HWND target, UINT message,
 }
 
 PageCommandsBase::Items PageCommandsBase::OpenPopUp() const {
-  return OpenPopUp(main_.Control(RTB_MainView));
+  return OpenPopUp(main_.Control(id::RTB_MainView));
 }
 
 void PageCommandsBase::ExpectCopied(int command, const std::wstring& text) const {

@@ -1,11 +1,10 @@
 // The commands of the page over the locked, live page of a run.
 #include <ostream>
 
+#include "tests/window/control_ids.h"
 #include "tests/window/page_fixture.h"
 #include "tests/window/system_clipboard.h"
 #include "tools/drive/text.h"
-// Last: its symbols are also names of controls elsewhere.
-#include "src/platform/windows/resources/resource.h"
 
 namespace tolvane::window {
 namespace {
@@ -27,13 +26,13 @@ class PageCommandsInARun : public PageCommandsBase {
     StartOnRecording(
         "(0.0) can0 123#0A0B\n(0.1) can0 123#0AFF\n(0.1) can0 456#01\n(0.2) can0 456#02\n");
     if (worker.ids_of_29_bits) {
-      const DrivenWindow dialog = Open(menu_common_setting);
-      EXPECT_TRUE(dialog.Click(RB_MsgType_1));
+      const DrivenWindow dialog = Open(id::menu_common_setting);
+      EXPECT_TRUE(dialog.Click(id::RB_MsgType_1));
       PressOk(dialog);
     }
     if (worker.excluding) {
-      const DrivenWindow dialog = Open(menu_opt_function1);
-      EXPECT_TRUE(dialog.Click(CB_Save_ID_DisableMode));
+      const DrivenWindow dialog = Open(id::menu_opt_function1);
+      EXPECT_TRUE(dialog.Click(id::CB_Save_ID_DisableMode));
       PressOk(dialog);
     }
     WriteOver(L"notes");
@@ -50,8 +49,8 @@ class PageCommandsInARun : public PageCommandsBase {
   }
   /// Gives a box the focus by the mouse.
   void FocusComment() const {
-    main_.ClickMouse(TB_LogComment);
-    EXPECT_TRUE(WaitUntil([&] { return main_.HasFocus(TB_LogComment); }));
+    main_.ClickMouse(id::TB_LogComment);
+    EXPECT_TRUE(WaitUntil([&] { return main_.HasFocus(id::TB_LogComment); }));
   }
   /// Clicks the live page, again if need be, until the focus is where it belongs.
   void ExpectFocusAfterClick(int id) const {
@@ -67,40 +66,41 @@ class OtherWorker : public PageCommandsInARun, public testing::WithParamInterfac
 TEST_P(OtherWorker, ThePopUpOpensOverTheLockedPageAndItsWritesLastUntilTheNextTick) {
   ASSERT_NO_FATAL_FAILURE(StartRun(GetParam()));
   const std::wstring page = Page();
-  EXPECT_TRUE(main_.ReadOnly(RTB_MainView));
+  EXPECT_TRUE(main_.ReadOnly(id::RTB_MainView));
   HeldClipboard().Put(L"text");
   // Over the live page as over the control itself, where ticks come too.
   SetCaret(0);
   ASSERT_TRUE(WaitUntil([&] { return LivePage() != nullptr; })) << "no tick behind the selection";
-  for (const HWND face : {LivePage(), main_.Control(RTB_MainView)}) {
-    EXPECT_EQ(OpenPopUp(face), (Items{menu_View_All_Copy, menu_View_Ctrl_V, menu_View_Date}));
+  for (const HWND face : {LivePage(), main_.Control(id::RTB_MainView)}) {
+    EXPECT_EQ(OpenPopUp(face),
+              (Items{id::menu_View_All_Copy, id::menu_View_Ctrl_V, id::menu_View_Date}));
   }
-  EXPECT_TRUE(main_.ReadOnly(RTB_MainView));
+  EXPECT_TRUE(main_.ReadOnly(id::RTB_MainView));
 
   // Between the selection and the copy a tick may come, which ends the selection.
   std::wstring copied;
   EXPECT_TRUE(WaitUntil([&] {
     Select(0, -1);
-    Do(menu_View_Ctrl_C);
+    Do(id::menu_View_Ctrl_C);
     copied = HeldClipboard().Plain();
     return copied == page;
   })) << Utf8(copied);
   HeldClipboard().Put(L"text");
   SetCaret(0);
   WaitForQuietClipboard();  // in a run the program does not wait long for it
-  ExpectCopied(menu_View_All_Copy, page);
+  ExpectCopied(id::menu_View_All_Copy, page);
   EXPECT_TRUE(RichTextReader(HeldClipboard().Rich()).Text().starts_with(page));
 
   EXPECT_TRUE(WaitUntil([&] {
     Select(0, -1);
-    Do(menu_View_DEL);
+    Do(id::menu_View_DEL);
     return Page().empty();
   })) << "no writing command was seen";
   EXPECT_TRUE(WaitUntil([&] { return Page() == page; })) << "the next tick did not restore it";
-  EXPECT_TRUE(main_.ReadOnly(RTB_MainView));
+  EXPECT_TRUE(main_.ReadOnly(id::RTB_MainView));
 
   FocusComment();
-  ExpectFocusAfterClick(RTB_MainView);
+  ExpectFocusAfterClick(id::RTB_MainView);
   ASSERT_NO_FATAL_FAILURE(Disconnect(main_));
   EXPECT_EQ(Utf8(Page()), Utf8(page));
   End();
@@ -115,8 +115,8 @@ INSTANTIATE_TEST_SUITE_P(Workers, OtherWorker,
 TEST_F(PageCommandsInARun, OfFormBGThePopUpStaysAway) {
   ASSERT_NO_FATAL_FAILURE(StartRun({"FormBG", false, false}));
   PostMessageW(LivePage(), WM_RBUTTONUP, 0, MAKELPARAM(5, 5));
-  PostMessageW(main_.Control(RTB_MainView), WM_CONTEXTMENU, 0, -1);
-  ASSERT_TRUE(main_.AwaitPosted(TB_Protocol));
+  PostMessageW(main_.Control(id::RTB_MainView), WM_CONTEXTMENU, 0, -1);
+  ASSERT_TRUE(main_.AwaitPosted(id::TB_Protocol));
   EXPECT_EQ(PopUp(), nullptr);
   ASSERT_NO_FATAL_FAILURE(Disconnect(main_));
   // The same click opens it after the run.
@@ -127,11 +127,11 @@ TEST_F(PageCommandsInARun, OfFormBGThePopUpStaysAway) {
 TEST_F(PageCommandsInARun, OfFormBGTheFocusOfThePageIsSentOnToTheStatusAndAfterItStays) {
   ASSERT_NO_FATAL_FAILURE(StartRun({"FormBG", false, false}));
   FocusComment();
-  ExpectFocusAfterClick(TB_Status);
+  ExpectFocusAfterClick(id::TB_Status);
   ASSERT_NO_FATAL_FAILURE(Disconnect(main_));
   FocusComment();
-  main_.ClickMouse(RTB_MainView);
-  EXPECT_TRUE(WaitUntil([&] { return main_.HasFocus(RTB_MainView); }));
+  main_.ClickMouse(id::RTB_MainView);
+  EXPECT_TRUE(WaitUntil([&] { return main_.HasFocus(id::RTB_MainView); }));
   End();
 }
 
@@ -139,7 +139,7 @@ TEST_F(PageCommandsInARun, OfFormBGTheItemsFitThePageAfterIt) {
   ASSERT_NO_FATAL_FAILURE(StartRun({"FormBG", false, false}));
   { HeldClipboard().Put(L""); }
   ASSERT_NO_FATAL_FAILURE(Disconnect(main_));
-  EXPECT_EQ(OpenPopUp(), (Items{menu_View_All_Copy, menu_View_Date}));
+  EXPECT_EQ(OpenPopUp(), (Items{id::menu_View_All_Copy, id::menu_View_Date}));
   End();
 }
 

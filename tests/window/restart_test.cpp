@@ -2,12 +2,11 @@
 #include <fstream>
 
 #include "tests/helpers/expect_bytes.h"
+#include "tests/window/control_ids.h"
 #include "tests/window/log_fixture.h"
 #include "tests/window/message_icon.h"
 #include "tools/drive/screen_picture.h"
 #include "tools/drive/text.h"
-// Last: its symbols are also names of controls elsewhere.
-#include "src/platform/windows/resources/resource.h"
 
 namespace tolvane::window {
 namespace {
@@ -20,14 +19,14 @@ class Restart : public LogRun {
   Restart() { PlugIn(kOneCanusb, {L"canusbdrv.dll"}); }
 
   void Select(int from, int to) const {
-    (void)Send(main_.Control(RTB_MainView), EM_SETSEL, static_cast<WPARAM>(from), to);
+    (void)Send(main_.Control(id::RTB_MainView), EM_SETSEL, static_cast<WPARAM>(from), to);
   }
   /// Returns when the item's work is done, so that the next selection does not come in between.
   void Choose(int menu) const {
     (void)Send(main_.Handle(), WM_COMMAND, static_cast<WPARAM>(menu), 0);
   }
   std::size_t Shown(COLORREF colour) const {
-    return CountScreenPixels(main_.Control(RTB_MainView), colour);
+    return CountScreenPixels(main_.Control(id::RTB_MainView), colour);
   }
   std::filesystem::path ConfigFile() const { return folder_.Path() / L"config.dat"; }
 };
@@ -35,13 +34,13 @@ class Restart : public LogRun {
 TEST_F(Restart, KeepsThePageWithItsColoursAndTheComment) {
   ASSERT_NO_FATAL_FAILURE(Start());
   const std::wstring page = L"赤い文字 red ｶﾅ①\r\n黄色の印\r\n\r\n終わり";
-  main_.Type(RTB_MainView, page);
+  main_.Type(id::RTB_MainView, page);
   Select(0, 8);
-  Choose(menu_View_Text_Red);
+  Choose(id::menu_View_Text_Red);
   Select(15, 19);
-  Choose(menu_View_Marker_Yellow);
+  Choose(id::menu_View_Marker_Yellow);
   Select(0, 0);
-  main_.Type(TB_LogComment, L"再起動後も残るコメント①");
+  main_.Type(id::TB_LogComment, L"再起動後も残るコメント①");
   ASSERT_TRUE(WaitUntil([&] { return Shown(kRed) > 20 && Shown(kYellow) > 100; }));
   const std::size_t red = Shown(kRed);
   const std::size_t yellow = Shown(kYellow);
@@ -50,8 +49,8 @@ TEST_F(Restart, KeepsThePageWithItsColoursAndTheComment) {
   EXPECT_EQ(FileBytes(folder_.Path() / L"lglist.dat").substr(0, 6), "{\\rtf1");
 
   ASSERT_NO_FATAL_FAILURE(Start());
-  EXPECT_EQ(Utf8(main_.Text(RTB_MainView)), Utf8(page));
-  EXPECT_EQ(Utf8(main_.Text(TB_LogComment)), Utf8(L"再起動後も残るコメント①"));
+  EXPECT_EQ(Utf8(main_.Text(id::RTB_MainView)), Utf8(page));
+  EXPECT_EQ(Utf8(main_.Text(id::TB_LogComment)), Utf8(L"再起動後も残るコメント①"));
   EXPECT_TRUE(WaitUntil([&] { return Shown(kRed) == red && Shown(kYellow) == yellow; }))
       << Shown(kRed) << " of " << red << ", " << Shown(kYellow) << " of " << yellow;
   KeepPicture(main_.Handle(), "after");
@@ -62,12 +61,12 @@ TEST_F(Restart, ALongPageIsShownFromItsEnd) {
   ASSERT_NO_FATAL_FAILURE(Start());
   std::wstring page;
   for (int line = 1; line <= 300; ++line) page += L"line " + std::to_wstring(line) + L"\r\n";
-  main_.Type(RTB_MainView, page + L"end");
+  main_.Type(id::RTB_MainView, page + L"end");
   End();
 
   ASSERT_NO_FATAL_FAILURE(Start());
-  EXPECT_TRUE(main_.Text(RTB_MainView).ends_with(L"end"));
-  const HWND view = main_.Control(RTB_MainView);
+  EXPECT_TRUE(main_.Text(id::RTB_MainView).ends_with(L"end"));
+  const HWND view = main_.Control(id::RTB_MainView);
   const auto first_line = [view] { return Send(view, EM_GETFIRSTVISIBLELINE, 0, 0).value_or(0); };
   EXPECT_GT(first_line(), 0);
   KeepPicture(main_.Handle(), "end");
@@ -82,42 +81,43 @@ TEST_F(Restart, KeepsTheSettingsOfTheLogAndExtensionDialogs) {
   const ScratchFolder chosen(OwnFolder() / L"保存先-under-test");
   ASSERT_NO_FATAL_FAILURE(Start());
   DrivenWindow dialog = OpenLogSettings();
-  for (const int id : {RB_SV_Format_0, RB_SaveFilePath_1, RB_Excel_Format_1, RB_LogSaveFilePath_2,
-                       CB_LogSave_subFolder, CB_Excel_soft_KO}) {
+  for (const int id : {id::RB_SV_Format_0, id::RB_SaveFilePath_1, id::RB_Excel_Format_1,
+                       id::RB_LogSaveFilePath_2, id::CB_LogSave_subFolder, id::CB_Excel_soft_KO}) {
     EXPECT_TRUE(dialog.Click(id)) << id;
   }
-  dialog.Type(TB_SaveFilePath, L"C:\\無い");
-  dialog.Type(TB_LogSaveFilePath, chosen.Path().wstring());
+  dialog.Type(id::TB_SaveFilePath, L"C:\\無い");
+  dialog.Type(id::TB_LogSaveFilePath, chosen.Path().wstring());
   PressOk(dialog);
-  dialog = Open(menu_opt_function1);
-  dialog.Type(TB_DisableID_End_6, L"7FF");
-  dialog.Type(TB_DisableID_Start_6, L"1A0");
-  EXPECT_TRUE(dialog.Click(CB_DisableID_6));
-  dialog.Type(TB_MsgMarkerID_7, L"7FE");
-  dialog.Type(TB_MsgMarkerEndByte_7, L"8");
-  dialog.Type(TB_MsgMarkerStartByte_7, L"3");
-  EXPECT_TRUE(dialog.Click(CB_MsgMarker_7));
-  EXPECT_TRUE(dialog.Click(CB_Save_ID_DisableMode));
+  dialog = Open(id::menu_opt_function1);
+  dialog.Type(id::TB_DisableID_End_6, L"7FF");
+  dialog.Type(id::TB_DisableID_Start_6, L"1A0");
+  EXPECT_TRUE(dialog.Click(id::CB_DisableID_6));
+  dialog.Type(id::TB_MsgMarkerID_7, L"7FE");
+  dialog.Type(id::TB_MsgMarkerEndByte_7, L"8");
+  dialog.Type(id::TB_MsgMarkerStartByte_7, L"3");
+  EXPECT_TRUE(dialog.Click(id::CB_MsgMarker_7));
+  EXPECT_TRUE(dialog.Click(id::CB_Save_ID_DisableMode));
   PressOk(dialog);
   End();
   const std::string written = FileBytes(ConfigFile());
 
   ASSERT_NO_FATAL_FAILURE(Start());
   dialog = OpenLogSettings();
-  for (const int id : {RB_SV_Format_0, RB_SaveFilePath_1, RB_Excel_Format_1, RB_LogSaveFilePath_2,
-                       CB_LogSave_subFolder, CB_Excel_soft_KO, CB_LogFile_Enable}) {
+  for (const int id :
+       {id::RB_SV_Format_0, id::RB_SaveFilePath_1, id::RB_Excel_Format_1, id::RB_LogSaveFilePath_2,
+        id::CB_LogSave_subFolder, id::CB_Excel_soft_KO, id::CB_LogFile_Enable}) {
     EXPECT_TRUE(dialog.Checked(id)) << id;
   }
-  EXPECT_EQ(Utf8(dialog.Text(TB_SaveFilePath)), Utf8(L"C:\\無い"));
-  EXPECT_EQ(Utf8(dialog.Text(TB_LogSaveFilePath)), Utf8(chosen.Path().wstring()));
+  EXPECT_EQ(Utf8(dialog.Text(id::TB_SaveFilePath)), Utf8(L"C:\\無い"));
+  EXPECT_EQ(Utf8(dialog.Text(id::TB_LogSaveFilePath)), Utf8(chosen.Path().wstring()));
   PressCancel(dialog);
-  dialog = Open(menu_opt_function1);
-  EXPECT_EQ(dialog.Text(TB_DisableID_Start_6), L"1A0");
-  EXPECT_EQ(dialog.Text(TB_DisableID_End_6), L"7FF");
-  EXPECT_EQ(dialog.Text(TB_MsgMarkerID_7), L"7FE");
-  EXPECT_EQ(dialog.Text(TB_MsgMarkerStartByte_7), L"3");
-  EXPECT_EQ(dialog.Text(TB_MsgMarkerEndByte_7), L"8");
-  for (const int id : {CB_DisableID_6, CB_MsgMarker_7, CB_Save_ID_DisableMode}) {
+  dialog = Open(id::menu_opt_function1);
+  EXPECT_EQ(dialog.Text(id::TB_DisableID_Start_6), L"1A0");
+  EXPECT_EQ(dialog.Text(id::TB_DisableID_End_6), L"7FF");
+  EXPECT_EQ(dialog.Text(id::TB_MsgMarkerID_7), L"7FE");
+  EXPECT_EQ(dialog.Text(id::TB_MsgMarkerStartByte_7), L"3");
+  EXPECT_EQ(dialog.Text(id::TB_MsgMarkerEndByte_7), L"8");
+  for (const int id : {id::CB_DisableID_6, id::CB_MsgMarker_7, id::CB_Save_ID_DisableMode}) {
     EXPECT_TRUE(dialog.Checked(id)) << id;
   }
   PressCancel(dialog);
@@ -137,7 +137,7 @@ void SetVersion(const std::filesystem::path& file, char version) {
 
 TEST_F(Restart, OldSettingsAreTakenOverAfterAQuestionOrRefusedAndDeleted) {
   ASSERT_NO_FATAL_FAILURE(Start());
-  main_.Type(TB_LogComment, L"old");
+  main_.Type(id::TB_LogComment, L"old");
   End();
   const std::string good = FileBytes(ConfigFile());
   struct Row {
@@ -174,8 +174,8 @@ TEST_F(Restart, OldSettingsAreTakenOverAfterAQuestionOrRefusedAndDeleted) {
     } else {
       main_ = StartProgram();
     }
-    ASSERT_TRUE(WaitUntil([&] { return main_.Enabled(Bt_Connect); })) << row.label;
-    EXPECT_EQ(Utf8(main_.Text(TB_LogComment)), row.taken_over ? "old" : Utf8(L"ＣＡＮ受信ログ"))
+    ASSERT_TRUE(WaitUntil([&] { return main_.Enabled(id::Bt_Connect); })) << row.label;
+    EXPECT_EQ(Utf8(main_.Text(id::TB_LogComment)), row.taken_over ? "old" : Utf8(L"ＣＡＮ受信ログ"))
         << row.label;
     EXPECT_EQ(std::filesystem::exists(ConfigFile()), row.taken_over) << row.label;
     End();

@@ -3,10 +3,9 @@
 #include <fstream>
 #include <string>
 
+#include "tests/window/control_ids.h"
 #include "tests/window/window_fixture.h"
 #include "tools/drive/text.h"
-// Last: its symbols are also names of controls elsewhere.
-#include "src/platform/windows/resources/resource.h"
 
 namespace tolvane::window {
 namespace {
@@ -18,7 +17,7 @@ class Run : public RealProgram {
   DrivenWindow StartOn(std::string_view ini) {
     PlugIn(ini, {L"canusbdrv.dll"});
     const DrivenWindow window = StartProgram();
-    WaitUntil([&] { return window.Enabled(Bt_Connect); });
+    WaitUntil([&] { return window.Enabled(id::Bt_Connect); });
     return window;
   }
 
@@ -35,27 +34,27 @@ TEST_F(Run, ChangesEveryControlAndPutsTheWindowBack) {
   ASSERT_TRUE(window.Exists());
   ASSERT_NO_FATAL_FAILURE(Connect(window));
   EXPECT_EQ(State(window), ConnectedState());
-  EXPECT_TRUE(window.HasFocus(TB_Status));
+  EXPECT_TRUE(window.HasFocus(id::TB_Status));
 
   EXPECT_TRUE(WaitForLines(window, 30));
-  const std::wstring page = window.Text(RTB_MainView);
+  const std::wstring page = window.Text(id::RTB_MainView);
   EXPECT_TRUE(page.starts_with(kHeader)) << Utf8(page.substr(0, 200));
   KeepPicture(window.Handle(), "connected");
 
   window.Close();
-  window.Command(menu_file_close);
+  window.Command(id::menu_file_close);
   // The page goes on, so the two have been looked at.
-  EXPECT_TRUE(WaitUntil([&] { return window.Text(RTB_MainView) != page; }));
+  EXPECT_TRUE(WaitUntil([&] { return window.Text(id::RTB_MainView) != page; }));
   EXPECT_TRUE(window.Exists());
   EXPECT_EQ(State(window), ConnectedState());
 
   ASSERT_NO_FATAL_FAILURE(Disconnect(window));
   EXPECT_EQ(State(window), IdleState());
-  EXPECT_TRUE(window.Text(RTB_MainView).starts_with(kHeader));
+  EXPECT_TRUE(window.Text(id::RTB_MainView).starts_with(kHeader));
   KeepPicture(window.Handle(), "after");
 
-  ASSERT_TRUE(window.Click(Bt_ViewClear));
-  EXPECT_EQ(window.Text(RTB_MainView), L"");
+  ASSERT_TRUE(window.Click(id::Bt_ViewClear));
+  EXPECT_EQ(window.Text(id::RTB_MainView), L"");
   window.Close();
   EXPECT_EQ(program_->WaitForEnd(), 0u);
   EXPECT_EQ(FirstCall("canusb_getFirstAdapter").substr(0, 22), "canusb_getFirstAdapter");
@@ -79,11 +78,11 @@ TEST_F(Run, ShowsEachIdentifierOnItsLineWithItsLastBytesAndCycle) {
                                 L"1A0  8   01 02 03 04 05 06 07 08   100ms\r\n"
                                 L"7FF  0  " +
                                 std::wstring(24, L' ') + L"   100ms\r\n";
-  EXPECT_TRUE(WaitUntil([&] { return window.Text(RTB_MainView) == expected; }))
-      << Utf8(window.Text(RTB_MainView));
+  EXPECT_TRUE(WaitUntil([&] { return window.Text(id::RTB_MainView) == expected; }))
+      << Utf8(window.Text(id::RTB_MainView));
   KeepPicture(window.Handle(), "page");
   ASSERT_NO_FATAL_FAILURE(Disconnect(window));
-  EXPECT_EQ(window.Text(RTB_MainView), expected);
+  EXPECT_EQ(window.Text(id::RTB_MainView), expected);
 }
 
 TEST_F(Run, TheViewTicksEvery30Milliseconds) {
@@ -128,9 +127,9 @@ TEST_F(Run, DoesNotStartOnceTheWindowCloses) {
   {
     const StandingThread program(GetWindowThreadProcessId(window.Handle(), nullptr));
     window.Close();
-    PostMessageW(window.Control(Bt_Connect), BM_CLICK, 0, 0);
-    window.Command(menu_common_setting);
-    window.Command(menu_help_version);
+    PostMessageW(window.Control(id::Bt_Connect), BM_CLICK, 0, 0);
+    window.Command(id::menu_common_setting);
+    window.Command(id::menu_help_version);
   }
   EXPECT_EQ(program_->WaitForEnd(), 0u);
 }

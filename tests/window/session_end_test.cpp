@@ -1,9 +1,9 @@
 // The end of the Windows session while the real program is in a run.
 #include "tests/helpers/expect_bytes.h"
+
+#include "tests/window/control_ids.h"
 #include "tests/window/log_fixture.h"
 #include "tools/drive/text.h"
-// Last: its symbols are also names of controls elsewhere.
-#include "src/platform/windows/resources/resource.h"
 
 namespace tolvane::window {
 namespace {
@@ -41,7 +41,7 @@ TEST_F(SessionEnd, ThatIsTakenBackLeavesTheRunAlone) {
   ASSERT_TRUE(WaitForShown(L"123"));
   EXPECT_EQ(Send(main_.Handle(), WM_QUERYENDSESSION, 0, 0), FALSE);
   EXPECT_TRUE(Send(main_.Handle(), WM_ENDSESSION, FALSE, 0));
-  EXPECT_FALSE(main_.Enabled(Bt_Connect));
+  EXPECT_FALSE(main_.Enabled(id::Bt_Connect));
   EXPECT_TRUE(Logs().empty());
   ASSERT_NO_FATAL_FAILURE(Disconnect(main_));
   EXPECT_EQ(Logs().size(), 1u);

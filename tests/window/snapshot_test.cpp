@@ -1,9 +1,9 @@
 // Snapshots of the real program in both formats.
 #include "tests/helpers/expect_bytes.h"
+
+#include "tests/window/control_ids.h"
 #include "tests/window/log_fixture.h"
 #include "tools/drive/text.h"
-// Last: its symbols are also names of controls elsewhere.
-#include "src/platform/windows/resources/resource.h"
 
 namespace tolvane::window {
 namespace {
@@ -12,7 +12,7 @@ class Snapshot : public LogRun {
  protected:
   /// Presses the button and answers the message, whose text it gives.
   std::string PressSnapshot() {
-    main_.Command(Bt_SaveFile);
+    main_.Command(id::Bt_SaveFile);
     const auto message = WaitForMessage(program_->Id());
     if (!message) return "no message";
     EXPECT_EQ(Utf8(message->title), "Tolvane");
@@ -38,12 +38,12 @@ TEST_F(Snapshot, HoldsTheWholePageInBothFormatsDuringARunAndAfter) {
   // The byte that changed is red.
   EXPECT_NE(live.find("\\red255\\green0\\blue0"), std::string::npos);
   ASSERT_NO_FATAL_FAILURE(Disconnect(main_));
-  const std::wstring page = main_.Text(RTB_MainView);
+  const std::wstring page = main_.Text(id::RTB_MainView);
 
   DrivenWindow dialog = OpenLogSettings();
-  EXPECT_TRUE(dialog.Click(RB_SV_Format_0));
+  EXPECT_TRUE(dialog.Click(id::RB_SV_Format_0));
   PressOk(dialog);
-  main_.Type(RTB_MainView, L"変更 ABC ｶﾅ①\r\n2行目\r\n");
+  main_.Type(id::RTB_MainView, L"変更 ABC ｶﾅ①\r\n2行目\r\n");
   EXPECT_EQ(PressSnapshot(), Utf8(L"保存しました"));
   EXPECT_EQ(PressSnapshot(), Utf8(L"保存しました"));
   const auto plain = Snapshots(L".txt");
@@ -57,7 +57,7 @@ TEST_F(Snapshot, HoldsTheWholePageInBothFormatsDuringARunAndAfter) {
   // Read back as the kept page of the next start.
   ASSERT_TRUE(CopyFileW(rich[0].c_str(), (folder_.Path() / L"lglist.dat").c_str(), FALSE));
   ASSERT_NO_FATAL_FAILURE(Start());
-  EXPECT_EQ(Utf8(main_.Text(RTB_MainView)), Utf8(page));
+  EXPECT_EQ(Utf8(main_.Text(id::RTB_MainView)), Utf8(page));
   End();
 }
 

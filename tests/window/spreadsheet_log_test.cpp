@@ -1,13 +1,12 @@
 // Spreadsheet logs of the real program through the stand-in office program.
 #include <fstream>
 
+#include "tests/window/control_ids.h"
 #include "tests/window/log_fixture.h"
 #include "tests/window/office_calls.h"
 #include "tests/window/office_stand_in.h"
 #include "tools/drive/screen_picture.h"
 #include "tools/drive/text.h"
-// Last: its symbols are also names of controls elsewhere.
-#include "src/platform/windows/resources/resource.h"
 
 namespace tolvane::window {
 namespace {
@@ -68,7 +67,7 @@ TEST_P(SpreadsheetServer, IsAskedForExactlyTheseCallsInThisOrder) {
   PressOk(dialog);
   ASSERT_TRUE(office_->Forget());
   ASSERT_NO_FATAL_FAILURE(Connect(main_));
-  EXPECT_EQ(Utf8(main_.Text(TB_Status)), Utf8(L"通信中　ログ出力(Excel)"));
+  EXPECT_EQ(Utf8(main_.Text(id::TB_Status)), Utf8(L"通信中　ログ出力(Excel)"));
   EXPECT_TRUE(WaitForShown(L"123"));
   ASSERT_NO_FATAL_FAILURE(Disconnect(main_));
   ASSERT_TRUE(office_->WaitForLine("end"));
@@ -84,7 +83,7 @@ TEST_P(SpreadsheetServer, IsAskedForExactlyTheseCallsInThisOrder) {
 const ServerChoice kServerChoices[] = {
     {"ExcelWritesXlsx",
      L"Excel.Application --version 16.0",
-     {RB_Excel_Format_1},
+     {id::RB_Excel_Format_1},
      "Excel.Application",
      "FileName:=\"...\\KLyymmddhh-001.xlsx\", FileFormat:=51",
      L"-001.xlsx"},
@@ -96,25 +95,25 @@ const ServerChoice kServerChoices[] = {
      L"-001.xls"},
     {"OldExcelSavesByTheNameAloneWhateverTheFormat",
      L"Excel.Application --version 11.0",
-     {RB_Excel_Format_1},
+     {id::RB_Excel_Format_1},
      "Excel.Application",
      "\"...\\KLyymmddhh-001.xls\"",
      L"-001.xls"},
     {"KetAloneIsTakenThoughExcelIsChosen",
      L"Ket.Application --version 16.0",
-     {RB_LogSV_Format_0, RB_Excel_Format_1},
+     {id::RB_LogSV_Format_0, id::RB_Excel_Format_1},
      "Ket.Application",
      "\"...\\KLyymmddhh-001.xls\"",
      L"-001.xls"},
     {"BothWithExcelChosen",
      L"Excel.Application --version 16.0 Ket.Application --version 9.0",
-     {RB_Excel_Format_1},
+     {id::RB_Excel_Format_1},
      "Excel.Application",
      "FileName:=\"...\\KLyymmddhh-001.xlsx\", FileFormat:=51",
      L"-001.xlsx"},
     {"BothWithKetChosen",
      L"Excel.Application --version 16.0 Ket.Application --version 9.0",
-     {RB_Excel_Format_1, CB_Excel_soft_KO},
+     {id::RB_Excel_Format_1, id::CB_Excel_soft_KO},
      "Ket.Application",
      "FileName:=\"...\\KLyymmddhh-001.xlsx\", FileFormat:=51",
      L"-001.xlsx"},
@@ -129,7 +128,7 @@ const std::wstring kLastOfTwoFlushes = Wide(CounterBytes(20'004, " "));
 
 TEST_F(SpreadsheetLog, AFlushTakesAsManyCallsForFourRecordsAsFor20001) {
   ASSERT_NO_FATAL_FAILURE(StartWith(L"Excel.Application --version 16.0", kTwoFlushes));
-  Choose({RB_Excel_Format_1});
+  Choose({id::RB_Excel_Format_1});
   ASSERT_NO_FATAL_FAILURE(RunUntilShown(kLastOfTwoFlushes));
   ASSERT_TRUE(office_->WaitForLine("end"));
   const Calls lines = NormalCalls(office_->Lines());
@@ -157,12 +156,14 @@ TEST_F(SpreadsheetLog, NeitherClicksNorTicksComeThroughInAFlush) {
   office_->Script("delay_ms = 40\n");
   ASSERT_NO_FATAL_FAILURE(Connect(main_));
   ASSERT_TRUE(office_->WaitForLine("call Workbooks.Add"));
-  const auto grey_pixels = [&] { return CountScreenPixels(main_.Control(RTB_MainView), kGrey); };
+  const auto grey_pixels = [&] {
+    return CountScreenPixels(main_.Control(id::RTB_MainView), kGrey);
+  };
   const std::size_t grey = grey_pixels();
-  PostMessageW(main_.Control(Bt_Disconnect), BM_CLICK, 0, 0);
+  PostMessageW(main_.Control(id::Bt_Disconnect), BM_CLICK, 0, 0);
   int looks = 0;
   EXPECT_TRUE(WaitUntil([&] {
-    const bool enabled = main_.Enabled(Bt_Disconnect);
+    const bool enabled = main_.Enabled(id::Bt_Disconnect);
     const std::size_t shown = grey_pixels();
     // The yield ahead of the saving comes behind the filter.
     if (office_->Lines().size() >= kCallsAtConnect + kCallsPerFlush - 6) return true;
@@ -172,7 +173,7 @@ TEST_F(SpreadsheetLog, NeitherClicksNorTicksComeThroughInAFlush) {
     return false;
   }));
   EXPECT_GT(looks, 10);
-  ASSERT_TRUE(WaitUntil([&] { return main_.Enabled(Bt_Connect); }));
+  ASSERT_TRUE(WaitUntil([&] { return main_.Enabled(id::Bt_Connect); }));
   // The yield let the waiting tick and the click through: what stood still is grey, the run is
   // over.
   EXPECT_GT(grey_pixels(), grey);
@@ -216,7 +217,7 @@ TEST_F(SpreadsheetLog, ABusyServerIsAskedAgainAndNothingIsMissing) {
     Append(expected, DisconnectCalls());
     EXPECT_EQ(WithoutBusy(NormalCalls(lines)), expected) << row.way << ' ' << row.at;
     EXPECT_EQ(Logs(L".xls").size(), 1u);
-    ASSERT_TRUE(main_.Click(Bt_ViewClear));
+    ASSERT_TRUE(main_.Click(id::Bt_ViewClear));
   }
   End();
 }
@@ -228,12 +229,12 @@ TEST_F(SpreadsheetLog, AServerThatStaysBusyCostsItsFlushAfterTenSecondsAndNoClic
   ASSERT_NO_FATAL_FAILURE(Connect(main_));
   ASSERT_TRUE(office_->WaitForLine("busy"));
   const ULONGLONG begun = GetTickCount64();
-  PostMessageW(main_.Control(Bt_Disconnect), BM_CLICK, 0, 0);
+  PostMessageW(main_.Control(id::Bt_Disconnect), BM_CLICK, 0, 0);
   // The click waits for a yield, and that comes when the flush has been given up.
-  ASSERT_TRUE(WaitUntil([&] { return !main_.Enabled(Bt_Disconnect); }));
+  ASSERT_TRUE(WaitUntil([&] { return !main_.Enabled(id::Bt_Disconnect); }));
   const ULONGLONG waited = GetTickCount64() - begun;
   EXPECT_GE(waited, 9'000u);
-  ASSERT_TRUE(WaitUntil([&] { return main_.Enabled(Bt_Connect); }));
+  ASSERT_TRUE(WaitUntil([&] { return main_.Enabled(id::Bt_Connect); }));
   ASSERT_TRUE(office_->WaitForLine("end"));
   // The flush of the other channel waits for the rest of the time and succeeds.
   Calls expected = ConnectCalls("Excel.Application");
@@ -248,9 +249,9 @@ TEST_F(SpreadsheetLog, TextsThatLookLikeNumbersStayTexts) {
   ASSERT_NO_FATAL_FAILURE(
       StartWithRecording(L"Excel.Application --version 16.0",
                          "(0.00) can0 7E8#000E1E05\n(0.01) can0 1E5#00\n(0.02) can0 001#7E\n"));
-  Choose({RB_Excel_Format_1});
+  Choose({id::RB_Excel_Format_1});
   // A comment that is a broken formula, which a program would refuse if it came as a lone text.
-  main_.Type(TB_LogComment, L"=== 001 ===");
+  main_.Type(id::TB_LogComment, L"=== 001 ===");
   ASSERT_NO_FATAL_FAILURE(RunUntilShown(L"7E8"));
   ASSERT_TRUE(office_->WaitForLine("end"));
   ASSERT_EQ(Logs(L".xlsx").size(), 1u);
@@ -278,7 +279,7 @@ TEST_F(SpreadsheetLog, ACallThatFailsCostsItsFlushAndNothingElse) {
     office_->Script("fail_at = " + std::to_string(failing) + "\n");
     ASSERT_NO_FATAL_FAILURE(Connect(main_));
     EXPECT_TRUE(WaitForShown(kLastOfTwoFlushes)) << failing;
-    EXPECT_TRUE(main_.Enabled(Bt_Disconnect)) << failing;
+    EXPECT_TRUE(main_.Enabled(id::Bt_Disconnect)) << failing;
     ASSERT_NO_FATAL_FAILURE(Disconnect(main_));
     ASSERT_TRUE(office_->WaitForLine("end"));
 
@@ -293,19 +294,19 @@ TEST_F(SpreadsheetLog, ACallThatFailsCostsItsFlushAndNothingElse) {
     Append(rest, DisconnectCalls());
     EXPECT_EQ(Between(lines, failing + 1, lines.size()), rest) << failing;
     EXPECT_EQ(Logs(L".xls").size(), failing == last ? 2u : 1u) << failing;
-    ASSERT_TRUE(main_.Click(Bt_ViewClear));
+    ASSERT_TRUE(main_.Click(id::Bt_ViewClear));
   }
 
   // A server that cannot be made at all: a message, and no run.
   ASSERT_TRUE(office_->Forget());
   office_->Script("fail_creation = 1\n");
-  EXPECT_TRUE(main_.Click(Bt_Connect));
+  EXPECT_TRUE(main_.Click(id::Bt_Connect));
   const auto message = WaitForMessage(program_->Id());
   ASSERT_TRUE(message);
   EXPECT_EQ(Utf8(message->text),
             Utf8(L"ログ出力用の表計算ソフトを起動できません。\r\n接続を終了します。"));
   ASSERT_TRUE(Press(*message, IDOK));
-  ASSERT_TRUE(WaitUntil([&] { return main_.Enabled(Bt_Connect); }));
+  ASSERT_TRUE(WaitUntil([&] { return main_.Enabled(id::Bt_Connect); }));
   EXPECT_EQ(State(main_), IdleState());
   End();
 }

@@ -6,13 +6,12 @@
 #include <string>
 #include <vector>
 
+#include "tests/window/control_ids.h"
 #include "tests/window/damaged_library.h"
 #include "tests/window/message_icon.h"
 #include "tests/window/window_fixture.h"
 #include "tools/drive/screen_picture.h"
 #include "tools/drive/text.h"
-// Last: its symbols are also names of controls elsewhere.
-#include "src/platform/windows/resources/resource.h"
 
 namespace tolvane::window {
 namespace {
@@ -62,7 +61,7 @@ class StartOutcome : public RealProgram {
   DrivenWindow StartReady() {
     const DrivenWindow window = StartProgram();
     EXPECT_TRUE(window.Exists());
-    EXPECT_TRUE(WaitUntil([&] { return window.Enabled(Bt_Connect); }));
+    EXPECT_TRUE(WaitUntil([&] { return window.Enabled(id::Bt_Connect); }));
     return window;
   }
 
@@ -181,7 +180,7 @@ const GoodBesideBad kGoodBesideBad[] = {
 TEST_P(GoodLibrary, StartsTheProgramBesideUnusableOnes) {
   ASSERT_NO_FATAL_FAILURE(PlugInDamaged(kOneOfEach, GetParam().damages));
   const DrivenWindow window = StartReady();
-  EXPECT_EQ(window.ListLines(Cmb_Serect_Device), Lines{GetParam().line});
+  EXPECT_EQ(window.ListLines(id::Cmb_Serect_Device), Lines{GetParam().line});
   End(window);
 }
 
@@ -190,8 +189,8 @@ INSTANTIATE_TEST_SUITE_P(Table, GoodLibrary, testing::ValuesIn(kGoodBesideBad),
 
 /// The text that a selected line shows in the version box.
 std::wstring TextOfLine(const DrivenWindow& window, int line) {
-  window.SelectLine(Cmb_Serect_Device, line);
-  return window.Text(TB_ODB_Hard_Version);
+  window.SelectLine(id::Cmb_Serect_Device, line);
+  return window.Text(id::TB_ODB_Hard_Version);
 }
 
 std::wstring CardText(const wchar_t* serial) {
@@ -207,17 +206,17 @@ TEST_F(StartOutcome, ListsThreeKindsInOrderWithTheirTexts) {
                     "[kvaser 0]\n[kvaser 1]\n[kvaser 2]\n",
                     {}));
   const DrivenWindow window = StartReady();
-  EXPECT_EQ(window.ListLines(Cmb_Serect_Device),
+  EXPECT_EQ(window.ListLines(id::Cmb_Serect_Device),
             (Lines{L"CANUSB TV700001", L"CANUSB TV700002", L"Interface PCI-485211 port:2",
                    L"Interface  port:5", L"Kvaser virtual bench (channel 0)",
                    L"Kvaser virtual bench (channel 1)", L"Kvaser virtual bench (channel 2)"}));
-  EXPECT_EQ(window.SelectedLine(Cmb_Serect_Device), 0);
-  EXPECT_EQ(window.Text(TB_ODB_Hard_Version), L"V1.02N0.93");
-  (void)Send(window.Control(Cmb_Serect_Device), CB_SHOWDROPDOWN, TRUE, 0);
+  EXPECT_EQ(window.SelectedLine(id::Cmb_Serect_Device), 0);
+  EXPECT_EQ(window.Text(id::TB_ODB_Hard_Version), L"V1.02N0.93");
+  (void)Send(window.Control(id::Cmb_Serect_Device), CB_SHOWDROPDOWN, TRUE, 0);
   EXPECT_TRUE(WaitUntil([] { return FindTopWindow(L"ComboLBox") != nullptr; }));
   EXPECT_TRUE(AwaitPainted(FindTopWindow(L"ComboLBox")));
   KeepPicture(window.Handle(), "list");
-  (void)Send(window.Control(Cmb_Serect_Device), CB_SHOWDROPDOWN, FALSE, 0);
+  (void)Send(window.Control(id::Cmb_Serect_Device), CB_SHOWDROPDOWN, FALSE, 0);
 
   EXPECT_EQ(TextOfLine(window, 1), L"V9.99N9.99");
   EXPECT_EQ(Utf8(TextOfLine(window, 2)), Utf8(L"Interface PCI-485211 RevID:3 ch:2 高速CAN対応"));
@@ -241,11 +240,11 @@ TEST_F(StartOutcome, GoesOnWithAdaptersThatFailAtAnyStep) {
       "[kvaser 2]\ncanBusOff = -15\ncanClose = -15\n[kvaser 4]\n",
       {}));
   const DrivenWindow window = StartReady();
-  EXPECT_EQ(window.ListLines(Cmb_Serect_Device),
+  EXPECT_EQ(window.ListLines(id::Cmb_Serect_Device),
             (Lines{L"CANUSB TV100001", L"CANUSB TV100002", L"CANUSB TV100003", L"Interface  port:2",
                    L"Interface PCI-485120 port:3", L"Kvaser virtual bench (channel 0)", L"",
                    L"Kvaser virtual bench (channel 2)"}));
-  EXPECT_EQ(window.Text(TB_ODB_Hard_Version), L"V1.02N0.93");
+  EXPECT_EQ(window.Text(id::TB_ODB_Hard_Version), L"V1.02N0.93");
   EXPECT_EQ(TextOfLine(window, 2), L"???");
   EXPECT_EQ(TextOfLine(window, 1), L"???") << "a failed open leaves the text";
   EXPECT_EQ(TextOfLine(window, 3), L"Interface  RevID:0 ch:0");
@@ -279,7 +278,7 @@ TEST_F(StartOutcome, ListsAtMostThirtyAdaptersAndChannelsAndPortsUpTo255) {
   }
   ASSERT_NO_FATAL_FAILURE(PlugInDamaged(ini, {}));
   const DrivenWindow window = StartReady();
-  EXPECT_EQ(window.ListLines(Cmb_Serect_Device), expected);
+  EXPECT_EQ(window.ListLines(id::Cmb_Serect_Device), expected);
   EXPECT_EQ(Utf8(TextOfLine(window, 60)), Utf8(CardText(L"10000")));
   EXPECT_EQ(TextOfLine(window, 1), L"V1.02N0.93");
   // The bytes of the serial go to the driver as they came.

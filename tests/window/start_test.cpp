@@ -2,10 +2,9 @@
 #include <functional>
 #include <vector>
 
+#include "tests/window/control_ids.h"
 #include "tests/window/window_fixture.h"
 #include "tools/drive/text.h"
-// Last: its symbols are also names of controls elsewhere.
-#include "src/platform/windows/resources/resource.h"
 
 namespace tolvane::window {
 namespace {
@@ -19,13 +18,13 @@ TEST_F(Start, OneCanusbAdapterIsListedWithItsVersionAndTheWindowWaits) {
   PlugIn("[canusb 1]\nserial = TV700001\nversion = V1.02N0.93\n", {L"canusbdrv.dll"});
   const DrivenWindow window = StartProgram();
   ASSERT_TRUE(window.Exists());
-  ASSERT_TRUE(WaitUntil([&] { return window.Enabled(Bt_Connect); }));
+  ASSERT_TRUE(WaitUntil([&] { return window.Enabled(id::Bt_Connect); }));
 
   EXPECT_EQ(window.Text(), kTitle);
-  EXPECT_EQ(window.ListLines(Cmb_Serect_Device), std::vector<std::wstring>{L"CANUSB TV700001"});
-  EXPECT_EQ(window.SelectedLine(Cmb_Serect_Device), 0);
-  EXPECT_EQ(window.Text(TB_ODB_Hard_Version), L"V1.02N0.93");
-  EXPECT_EQ(window.Text(TB_LogComment), L"ＣＡＮ受信ログ");
+  EXPECT_EQ(window.ListLines(id::Cmb_Serect_Device), std::vector<std::wstring>{L"CANUSB TV700001"});
+  EXPECT_EQ(window.SelectedLine(id::Cmb_Serect_Device), 0);
+  EXPECT_EQ(window.Text(id::TB_ODB_Hard_Version), L"V1.02N0.93");
+  EXPECT_EQ(window.Text(id::TB_LogComment), L"ＣＡＮ受信ログ");
   EXPECT_EQ(State(window), IdleState());
   EXPECT_EQ(FindTopWindow(kSplashClass, program_->Id()), nullptr);
   KeepPicture(window.Handle(), "window");
@@ -57,7 +56,7 @@ TEST_F(Start, EveryWayOfClosingSavesAndEndsTheProgram) {
     std::function<void(HWND)> close;
   } rows[] = {
       {"close", [](HWND window) { SendNotifyMessageW(window, WM_CLOSE, 0, 0); }},
-      {"menu", [](HWND window) { SendNotifyMessageW(window, WM_COMMAND, menu_file_close, 0); }},
+      {"menu", [](HWND window) { SendNotifyMessageW(window, WM_COMMAND, id::menu_file_close, 0); }},
       {"end of the session",
        [](HWND window) {
          EXPECT_EQ(SendMessageW(window, WM_QUERYENDSESSION, 0, 0), TRUE);
@@ -71,7 +70,7 @@ TEST_F(Start, EveryWayOfClosingSavesAndEndsTheProgram) {
   for (const auto& row : rows) {
     const DrivenWindow window = StartProgram();
     ASSERT_TRUE(window.Exists()) << row.label;
-    ASSERT_TRUE(WaitUntil([&] { return window.Enabled(Bt_Connect); })) << row.label;
+    ASSERT_TRUE(WaitUntil([&] { return window.Enabled(id::Bt_Connect); })) << row.label;
     row.close(window.Handle());
     EXPECT_EQ(program_->WaitForEnd(), 0u) << row.label;
     EXPECT_TRUE(std::filesystem::remove(folder_.Path() / L"config.dat")) << row.label;
@@ -89,7 +88,7 @@ TEST_F(Start, AFolderThatBearsTheProgramsNameTwiceIsSearchedWithoutIt) {
     program_.emplace(named.Executable());
     const DrivenWindow window = program_->WaitForMainWindow();
     ASSERT_TRUE(window.Exists());
-    EXPECT_TRUE(WaitUntil([&] { return window.Enabled(Bt_Connect); }));
+    EXPECT_TRUE(WaitUntil([&] { return window.Enabled(id::Bt_Connect); }));
     window.Close();
     EXPECT_EQ(program_->WaitForEnd(), 0u);
   }
@@ -119,9 +118,10 @@ std::ostream& operator<<(std::ostream& stream, const FailedStart& row) {
 /// How far the bar has come, of 1, to the pixel.
 double ProgressOf(const DrivenWindow& splash) {
   RECT track{};
-  GetClientRect(splash.Control(Pic_ProgressBar_0), &track);
+  GetClientRect(splash.Control(id::Pic_ProgressBar_0), &track);
   POINT cover{};
-  MapWindowPoints(splash.Control(Pic_ProgressBar_1), splash.Control(Pic_ProgressBar_0), &cover, 1);
+  MapWindowPoints(splash.Control(id::Pic_ProgressBar_1), splash.Control(id::Pic_ProgressBar_0),
+                  &cover, 1);
   return track.right > 0 ? static_cast<double>(cover.x) / track.right : -1;
 }
 
@@ -132,9 +132,9 @@ class StartFails : public RealProgram, public testing::WithParamInterface<Failed
     ASSERT_EQ(splash.Exists(), progress.has_value());
     EXPECT_EQ(FindTopWindow(kMainWindowClass, program_->Id()), nullptr);
     if (!progress) return;
-    EXPECT_EQ(Utf8(splash.Text(Lb_msg)), Utf8(L"検索結果の判断処理中"));
+    EXPECT_EQ(Utf8(splash.Text(id::Lb_msg)), Utf8(L"検索結果の判断処理中"));
     EXPECT_NEAR(ProgressOf(splash), *progress, 0.005);
-    EXPECT_TRUE(splash.Visible(Image1));
+    EXPECT_TRUE(splash.Visible(id::Image1));
   }
 };
 

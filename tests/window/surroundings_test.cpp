@@ -3,10 +3,9 @@
 #include <array>
 #include <list>
 
+#include "tests/window/control_ids.h"
 #include "tests/window/log_fixture.h"
 #include "tools/drive/text.h"
-// Last: its symbols are also names of controls elsewhere.
-#include "src/platform/windows/resources/resource.h"
 
 namespace tolvane::window {
 namespace {
@@ -50,7 +49,7 @@ TEST_F(Surroundings, NoLibraryBesideTheProgramTakesThePlaceOfOneOfTheSystem) {
   ASSERT_NO_FATAL_FAILURE(Connect(window));
   ASSERT_NO_FATAL_FAILURE(Disconnect(window));
   // The settings dialog draws by the visual style.
-  window.Command(menu_common_setting);
+  window.Command(id::menu_common_setting);
   EXPECT_TRUE(WaitUntil(
       [&] { return FindTopWindow(L"TolvaneSettingsDialog", program_->Id()) != nullptr; }));
   for (const wchar_t* name : kPlanted) {

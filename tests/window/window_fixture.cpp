@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "src/platform/windows/resources/resource.h"
+#include "tests/window/control_ids.h"
 #include "tools/drive/screen_picture.h"
 #include "tools/drive/text.h"
 
@@ -64,14 +64,14 @@ std::optional<ShownMessage> RealProgram::StartToMessage() {
 
 void RealProgram::Connect(const DrivenWindow& window) {
   connected_at_ = bench_ ? bench_->Report().size() : 0;
-  ASSERT_TRUE(window.Click(Bt_Connect));
-  ASSERT_TRUE(WaitUntil([&] { return window.Text(TB_Status).starts_with(L"通信中"); }))
-      << Utf8(window.Text(TB_Status));
+  ASSERT_TRUE(window.Click(id::Bt_Connect));
+  ASSERT_TRUE(WaitUntil([&] { return window.Text(id::TB_Status).starts_with(L"通信中"); }))
+      << Utf8(window.Text(id::TB_Status));
 }
 
 void RealProgram::Disconnect(const DrivenWindow& window) {
-  ASSERT_TRUE(window.Click(Bt_Disconnect));
-  ASSERT_TRUE(WaitUntil([&] { return window.Enabled(Bt_Connect); }));
+  ASSERT_TRUE(window.Click(id::Bt_Disconnect));
+  ASSERT_TRUE(WaitUntil([&] { return window.Enabled(id::Bt_Connect); }));
   ExpectFaults();
 }
 
@@ -99,31 +99,31 @@ std::int64_t RealProgram::AwaitWholeTraffic(std::string_view adapter) const {
 
 bool RealProgram::WaitForLines(const DrivenWindow& window, std::size_t lines) {
   return WaitUntil([&] {
-    const std::wstring page = window.Text(RTB_MainView);
+    const std::wstring page = window.Text(id::RTB_MainView);
     return static_cast<std::size_t>(std::count(page.begin(), page.end(), L'\n')) >= lines;
   });
 }
 
 WindowState RealProgram::State(const DrivenWindow& window) const {
   const ProgramProbe probe(OwnFolder() / L"tolvane_probe.dll", window.Handle());
-  const auto menus = {probe.Enabled(menu_common_setting), probe.Enabled(menu_opt_function1),
-                      probe.Enabled(menu_opt_log1)};
+  const auto menus = {probe.Enabled(id::menu_common_setting), probe.Enabled(id::menu_opt_function1),
+                      probe.Enabled(id::menu_opt_log1)};
   const bool menus_enabled = *menus.begin() == true;
   for (const std::optional<bool>& menu : menus) {
     EXPECT_EQ(menu, std::optional(menus_enabled)) << "the three settings menus differ";
   }
-  return {.connect_enabled = window.Enabled(Bt_Connect),
-          .disconnect_enabled = window.Enabled(Bt_Disconnect),
-          .list_enabled = window.Enabled(Cmb_Serect_Device),
+  return {.connect_enabled = window.Enabled(id::Bt_Connect),
+          .disconnect_enabled = window.Enabled(id::Bt_Disconnect),
+          .list_enabled = window.Enabled(id::Cmb_Serect_Device),
           .settings_menus_enabled = menus_enabled,
-          .comment_locked = window.ReadOnly(TB_LogComment),
-          .view_locked = window.ReadOnly(RTB_MainView),
-          .caution_visible = window.Visible(Pic_Caution),
-          .always_enabled = window.Enabled(Bt_SaveFile) && window.Enabled(Bt_ViewClear) &&
-                            probe.Enabled(menu_file_close) == true &&
-                            probe.Enabled(menu_help_version) == true,
-          .protocol = window.Text(TB_Protocol),
-          .status = window.Text(TB_Status)};
+          .comment_locked = window.ReadOnly(id::TB_LogComment),
+          .view_locked = window.ReadOnly(id::RTB_MainView),
+          .caution_visible = window.Visible(id::Pic_Caution),
+          .always_enabled = window.Enabled(id::Bt_SaveFile) && window.Enabled(id::Bt_ViewClear) &&
+                            probe.Enabled(id::menu_file_close) == true &&
+                            probe.Enabled(id::menu_help_version) == true,
+          .protocol = window.Text(id::TB_Protocol),
+          .status = window.Text(id::TB_Status)};
 }
 
 void RealProgram::KeepPicture(HWND window, std::string_view suffix) {

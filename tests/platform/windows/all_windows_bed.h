@@ -29,7 +29,7 @@ class AllWindows : ProgramWindows {
   [[nodiscard]] DialogWindows& Dialogs() { return *dialogs_; }
   [[nodiscard]] Form1Window& Window() { return window_; }
   /// The windows that the main one unloads.
-  [[nodiscard]] OtherForms& Forms() { return OtherFormsOf(window_.Face()); }
+  [[nodiscard]] OtherForms& Forms() { return window_.Face().other_forms; }
   /// The settings that the dialogs show and write.
   [[nodiscard]] ELM327_Info& Device() { return device_; }
 

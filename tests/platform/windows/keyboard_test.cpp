@@ -2,14 +2,13 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <tolvane_control_ids.h>
 #include <iterator>
 #include <vector>
 
 #include "platform/windows/dialogs/formversion_window.h"
 #include "tests/platform/windows/all_windows_bed.h"
 #include "tests/platform/windows/pump.h"
-// Last, see there.
-#include "platform/windows/resources/resource.h"
 
 namespace tolvane::platform::windows {
 namespace {
@@ -28,9 +27,9 @@ class MainWindowKeys : public MainWindowTest {
  protected:
   void SetUp() override {
     ASSERT_NO_FATAL_FAILURE(MainWindowTest::SetUp());
-    EnableWindow(Child(Bt_Connect), TRUE);
+    EnableWindow(Child(id::Bt_Connect), TRUE);
     window_.Start(SW_SHOW);
-    PumpUntil(loop_, [this] { return GetFocus() == Child(Bt_Connect); });
+    PumpUntil(loop_, [this] { return GetFocus() == Child(id::Bt_Connect); });
   }
 
   [[nodiscard]] bool IsDefault(int id) const {
@@ -39,7 +38,7 @@ class MainWindowKeys : public MainWindowTest {
   /// The buttons with the ring of the default one.
   [[nodiscard]] std::vector<int> Defaults() const {
     std::vector<int> found;
-    for (const int id : {Bt_Connect, Bt_Disconnect, Bt_SaveFile, Bt_ViewClear}) {
+    for (const int id : {id::Bt_Connect, id::Bt_Disconnect, id::Bt_SaveFile, id::Bt_ViewClear}) {
       if (IsDefault(id)) found.push_back(id);
     }
     return found;
@@ -57,47 +56,49 @@ class MainWindowKeys : public MainWindowTest {
 };
 
 TEST_F(MainWindowKeys, EnterConnectsRightAfterTheStart) {
-  ASSERT_EQ(GetFocus(), Child(Bt_Connect));
-  EXPECT_THAT(Defaults(), ElementsAre(Bt_Connect));
+  ASSERT_EQ(GetFocus(), Child(id::Bt_Connect));
+  EXPECT_THAT(Defaults(), ElementsAre(id::Bt_Connect));
   Press(loop_, VK_RETURN);
   loop_.YieldToEvents();
-  EXPECT_THAT(events_.commands, ElementsAre(Bt_Connect));
+  EXPECT_THAT(events_.commands, ElementsAre(id::Bt_Connect));
 }
 
 TEST_F(MainWindowKeys, TheRingIsOnTheButtonWithTheFocusAndOnNoOther) {
-  EnableWindow(Child(Bt_Disconnect), TRUE);
+  EnableWindow(Child(id::Bt_Disconnect), TRUE);
   Press(loop_, VK_TAB);
-  EXPECT_EQ(GetFocus(), Child(Bt_Disconnect));
-  EXPECT_THAT(Defaults(), ElementsAre(Bt_Disconnect));
+  EXPECT_EQ(GetFocus(), Child(id::Bt_Disconnect));
+  EXPECT_THAT(Defaults(), ElementsAre(id::Bt_Disconnect));
   Press(loop_, VK_RETURN);
-  EXPECT_THAT(events_.commands, ElementsAre(Bt_Disconnect));
+  EXPECT_THAT(events_.commands, ElementsAre(id::Bt_Disconnect));
   // As at the end of a run.
-  EnableWindow(Child(Bt_Disconnect), FALSE);
-  StatusOf(window_.Face()).SetFocus();
+  EnableWindow(Child(id::Bt_Disconnect), FALSE);
+  window_.Face().TB_Status.SetFocus();
   EXPECT_THAT(Defaults(), IsEmpty());
   Press(loop_, VK_RETURN);
-  EXPECT_THAT(events_.commands, ElementsAre(Bt_Disconnect)) << "pressed without focus";
-  SetFocus(Child(Bt_SaveFile));
-  EXPECT_THAT(Defaults(), ElementsAre(Bt_SaveFile));
+  EXPECT_THAT(events_.commands, ElementsAre(id::Bt_Disconnect)) << "pressed without focus";
+  SetFocus(Child(id::Bt_SaveFile));
+  EXPECT_THAT(Defaults(), ElementsAre(id::Bt_SaveFile));
 }
 
 TEST_F(MainWindowKeys, TabComesToEveryControlThatCanBeUsedAndInARunToDisconnect) {
-  EXPECT_THAT(TabRound(TB_Status),
-              ElementsAre(TB_Status, TB_LogComment, Bt_SaveFile, Bt_ViewClear, RTB_MainView,
-                          Cmb_Serect_Device, TB_ODB_Hard_Version, Bt_Connect, TB_Protocol));
+  EXPECT_THAT(TabRound(id::TB_Status),
+              ElementsAre(id::TB_Status, id::TB_LogComment, id::Bt_SaveFile, id::Bt_ViewClear,
+                          id::RTB_MainView, id::Cmb_Serect_Device, id::TB_ODB_Hard_Version,
+                          id::Bt_Connect, id::TB_Protocol));
   // A run of the worker in which the view passes the focus on.
-  EnableWindow(Child(Bt_Connect), FALSE);
-  EnableWindow(Child(Bt_Disconnect), TRUE);
-  EnableWindow(Child(Cmb_Serect_Device), FALSE);
+  EnableWindow(Child(id::Bt_Connect), FALSE);
+  EnableWindow(Child(id::Bt_Disconnect), TRUE);
+  EnableWindow(Child(id::Cmb_Serect_Device), FALSE);
   workers_.FormBG.Enabled(true);
-  events_.on_focus = [this] { SetFocus(Child(TB_Status)); };
-  EXPECT_THAT(TabRound(TB_Status), ElementsAre(TB_Status, TB_LogComment, Bt_SaveFile, Bt_ViewClear,
-                                               TB_ODB_Hard_Version, Bt_Disconnect, TB_Protocol));
+  events_.on_focus = [this] { SetFocus(Child(id::TB_Status)); };
+  EXPECT_THAT(TabRound(id::TB_Status),
+              ElementsAre(id::TB_Status, id::TB_LogComment, id::Bt_SaveFile, id::Bt_ViewClear,
+                          id::TB_ODB_Hard_Version, id::Bt_Disconnect, id::TB_Protocol));
 }
 
 TEST_F(MainWindowKeys, TheViewIsNoTabStopInARunOfFormBGItsTicksIncludedAndElseItIs) {
   const auto is_stop = [this] {
-    return (GetWindowLongPtrW(Child(RTB_MainView), GWL_STYLE) & WS_TABSTOP) != 0;
+    return (GetWindowLongPtrW(Child(id::RTB_MainView), GWL_STYLE) & WS_TABSTOP) != 0;
   };
   EXPECT_TRUE(is_stop());
   bool stop_in_tick = true;
@@ -125,30 +126,30 @@ TEST_F(MainWindowKeys, TheViewIsNoTabStopInARunOfFormBGItsTicksIncludedAndElseIt
 }
 
 TEST_F(MainWindowKeys, FunctionKeysPressTheirButtonsFromAnyControl) {
-  EnableWindow(Child(Bt_Disconnect), TRUE);
-  SetFocus(Child(RTB_MainView));
+  EnableWindow(Child(id::Bt_Disconnect), TRUE);
+  SetFocus(Child(id::RTB_MainView));
   Press(loop_, VK_F9);
-  SetFocus(Child(TB_LogComment));
+  SetFocus(Child(id::TB_LogComment));
   Press(loop_, VK_F6);
-  EXPECT_THAT(events_.commands, ElementsAre(Bt_SaveFile, Bt_Disconnect));
+  EXPECT_THAT(events_.commands, ElementsAre(id::Bt_SaveFile, id::Bt_Disconnect));
   Press(loop_, VK_F5);
   loop_.YieldToEvents();
-  EXPECT_THAT(events_.commands, ElementsAre(Bt_SaveFile, Bt_Disconnect, Bt_Connect));
+  EXPECT_THAT(events_.commands, ElementsAre(id::Bt_SaveFile, id::Bt_Disconnect, id::Bt_Connect));
   Press(loop_, VK_F1);
   EXPECT_EQ(events_.help_keys, 1);
 }
 
 TEST_F(MainWindowKeys, FunctionKeysDoNothingWhereTheButtonWould) {
   Press(loop_, VK_F6);
-  EnableWindow(Child(Bt_Connect), FALSE);
-  SetFocus(Child(TB_Status));
+  EnableWindow(Child(id::Bt_Connect), FALSE);
+  SetFocus(Child(id::TB_Status));
   Press(loop_, VK_F5);
   constexpr LPARAM kHeldDown = 1 << 30 | 1;
   Press(loop_, VK_F9, kHeldDown);
   // A settings dialog is open.
   EnableWindow(window_.Hwnd(), FALSE);
-  PostMessageW(Child(TB_Status), WM_KEYDOWN, VK_F9, 1);
-  PostMessageW(Child(TB_Status), WM_KEYDOWN, VK_F1, 1);
+  PostMessageW(Child(id::TB_Status), WM_KEYDOWN, VK_F9, 1);
+  PostMessageW(Child(id::TB_Status), WM_KEYDOWN, VK_F1, 1);
   loop_.YieldToEvents();
   EnableWindow(window_.Hwnd(), TRUE);
   EXPECT_THAT(events_.commands, IsEmpty());
@@ -157,11 +158,11 @@ TEST_F(MainWindowKeys, FunctionKeysDoNothingWhereTheButtonWould) {
 
 TEST_F(MainWindowKeys, KeysInARunWaitForItsYield) {
   events_.on_command = [this](int id) {
-    if (id != Bt_Connect) return;
-    PostMessageW(Child(TB_Status), WM_KEYDOWN, VK_F9, 1);
-    EXPECT_THAT(events_.commands, ElementsAre(Bt_Connect));
+    if (id != id::Bt_Connect) return;
+    PostMessageW(Child(id::TB_Status), WM_KEYDOWN, VK_F9, 1);
+    EXPECT_THAT(events_.commands, ElementsAre(id::Bt_Connect));
     loop_.YieldToEvents();
-    EXPECT_THAT(events_.commands, ElementsAre(Bt_Connect, Bt_SaveFile));
+    EXPECT_THAT(events_.commands, ElementsAre(id::Bt_Connect, id::Bt_SaveFile));
   };
   Press(loop_, VK_F5);
   loop_.YieldToEvents();
@@ -169,7 +170,7 @@ TEST_F(MainWindowKeys, KeysInARunWaitForItsYield) {
 }
 
 TEST_F(MainWindowKeys, EscapeClosesNothing) {
-  for (const int id : {Bt_Connect, TB_LogComment, RTB_MainView}) {
+  for (const int id : {id::Bt_Connect, id::TB_LogComment, id::RTB_MainView}) {
     SetFocus(Child(id));
     Press(loop_, VK_ESCAPE);
     loop_.YieldToEvents();
@@ -210,7 +211,7 @@ TEST_F(OtherWindowsKeys, F1AndTheHelpPictureShowTheHelpOfEachDialog) {
     AllWindows::Close(AllWindows::Find(FormHelpWindow::kClassName));
     EXPECT_TRUE(Hidden(FormHelpWindow::kClassName));
 
-    const HWND picture = GetDlgItem(dialog, Img_Help_Setting);
+    const HWND picture = GetDlgItem(dialog, id::Img_Help_Setting);
     SetFocus(GetNextDlgTabItem(dialog, picture, TRUE));
     Press(windows_.Loop(), VK_TAB);
     EXPECT_TRUE(Focused(picture));
@@ -229,8 +230,8 @@ TEST_F(OtherWindowsKeys, TabComesToTheFolderPictures) {
     round.push_back(GetDlgCtrlID(control));
     control = GetNextDlgTabItem(dialog, control, FALSE);
   } while (control != first && round.size() < 50);
-  for (const int id : {Img_save_folder, Img_save_folder_path, Img_Log_save_folder,
-                       Img_Log_save_folder_path, Img_Help_Setting}) {
+  for (const int id : {id::Img_save_folder, id::Img_save_folder_path, id::Img_Log_save_folder,
+                       id::Img_Log_save_folder_path, id::Img_Help_Setting}) {
     EXPECT_THAT(round, testing::Contains(id));
   }
   AllWindows::Close(dialog);
@@ -238,17 +239,17 @@ TEST_F(OtherWindowsKeys, TabComesToTheFolderPictures) {
 
 TEST_F(OtherWindowsKeys, TabLeavesTheTextOfTheHelpAndEnterAndEscapeCloseIt) {
   const HWND dialog = windows_.OpenSettings(0);
-  const HWND help = AllWindows::OpenHelp(dialog, Img_Help_Setting);
-  ASSERT_TRUE(Focused(GetDlgItem(help, Bt_Close)));
+  const HWND help = AllWindows::OpenHelp(dialog, id::Img_Help_Setting);
+  ASSERT_TRUE(Focused(GetDlgItem(help, id::Bt_Close)));
   Press(windows_.Loop(), VK_TAB);
-  EXPECT_TRUE(Focused(GetDlgItem(help, TB_View)));
+  EXPECT_TRUE(Focused(GetDlgItem(help, id::TB_View)));
   Press(windows_.Loop(), VK_TAB);
-  EXPECT_TRUE(Focused(GetDlgItem(help, Bt_Close)));
+  EXPECT_TRUE(Focused(GetDlgItem(help, id::Bt_Close)));
   for (const WPARAM key : {VK_RETURN, VK_ESCAPE}) {
-    SetFocus(GetDlgItem(help, TB_View));
+    SetFocus(GetDlgItem(help, id::TB_View));
     Press(windows_.Loop(), key);
     EXPECT_TRUE(Hidden(FormHelpWindow::kClassName)) << key;
-    AllWindows::OpenHelp(dialog, Img_Help_Setting);
+    AllWindows::OpenHelp(dialog, id::Img_Help_Setting);
   }
   AllWindows::Close(dialog);
 }
@@ -280,14 +281,14 @@ TEST(VersionWindowKeys, TabSpaceEnterAndEscapeReachTheLinkAndTheEnd) {
   };
   for (const WPARAM key : {VK_SPACE, VK_RETURN, VK_ESCAPE}) {
     version.Show();
-    ASSERT_TRUE(focus_is(Lb_OK)) << key;
+    ASSERT_TRUE(focus_is(id::Lb_OK)) << key;
     Press(loop, key);
     EXPECT_FALSE(IsWindowVisible(version.Hwnd())) << key;
   }
   version.Show();
-  ASSERT_TRUE(focus_is(Lb_OK));
+  ASSERT_TRUE(focus_is(id::Lb_OK));
   Press(loop, VK_TAB);
-  ASSERT_TRUE(focus_is(PicURL));
+  ASSERT_TRUE(focus_is(id::PicURL));
   Press(loop, VK_SPACE);
   Press(loop, VK_RETURN);
   EXPECT_THAT(shell.addresses,

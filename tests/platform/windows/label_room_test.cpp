@@ -2,14 +2,13 @@
 // label is clipped then, and no window leaves the screen.
 #include <gtest/gtest.h>
 
+#include <tolvane_control_ids.h>
 #include <algorithm>
 
 #include "platform/windows/main_window/form1_layout.h"
 #include "platform/windows/window_parts/window_place.h"
 #include "tests/platform/windows/all_windows_bed.h"
 #include "tests/platform/windows/window_picture.h"
-// Last, see there.
-#include "platform/windows/resources/resource.h"
 
 namespace tolvane::platform::windows {
 namespace {
@@ -128,7 +127,7 @@ TEST_P(Labels, AreNotClippedInAnyWindowWhichStaysOnTheScreen) {
   expect_good(windows.Main(), "main window, as it opens");
   SetWindowPos(windows.Main(), nullptr, 0, 0, 1, 1, SWP_NOMOVE | SWP_NOZORDER);
   expect_good(windows.Main(), "main window, at its smallest");
-  SetWindowTextW(GetDlgItem(windows.SplashScreen(), Lb_msg), L"検索結果の判断処理中");
+  SetWindowTextW(GetDlgItem(windows.SplashScreen(), id::Lb_msg), L"検索結果の判断処理中");
   expect_good(windows.SplashScreen(), "splash");
   expect_good(windows.OpenVersion(), "version");
   const char* names[] = {"common settings", "extension settings", "log settings"};
@@ -138,7 +137,7 @@ TEST_P(Labels, AreNotClippedInAnyWindowWhichStaysOnTheScreen) {
     UpdateWindow(dialog);
     EXPECT_TRUE(WindowPicture(dialog).Save(u"text-size-" + String(1, u'0' + char16_t(i)) + u"-" +
                                            String(1, char16_t(u'0' + GetParam() / 100))));
-    expect_good(AllWindows::OpenHelp(dialog, Img_Help_Setting), "help");
+    expect_good(AllWindows::OpenHelp(dialog, id::Img_Help_Setting), "help");
     AllWindows::Close(dialog);
   }
 }

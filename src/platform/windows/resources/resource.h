@@ -1,8 +1,7 @@
-// Numbers of the resources, of the controls and of the commands, for the resource compiler and the
-// tests. Only #defines, grouped by window; a control's number bears the control's own name.
-// The program takes them from tolvane_control_ids.h, which is made from this. A C++ file that
-// includes this one does so last: the names are also those of members of the platform's classes,
-// which would be replaced in every header that came after.
+// Numbers of the resources, of the controls and of the commands, for the resource compiler. Only
+// #defines, grouped by window; a control's number bears the control's own name. C++ takes them from
+// tolvane_control_ids.h, which is made from this: as macros they would replace members of the same
+// names.
 #ifndef TOLVANE_RESOURCE_H
 #define TOLVANE_RESOURCE_H
 

@@ -2,6 +2,7 @@
 // what it changes.
 #include <gtest/gtest.h>
 
+#include <tolvane_control_ids.h>
 #include <array>
 #include <cstdint>
 #include <cwchar>
@@ -15,8 +16,6 @@
 #include "tests/helpers/settings_text.h"
 #include "tests/platform/windows/all_windows_bed.h"
 #include "tests/platform/windows/dialogs/system_dialog.h"
-// Last, see there.
-#include "platform/windows/resources/resource.h"
 
 namespace tolvane::platform::windows {
 namespace {
@@ -92,52 +91,53 @@ void SetAllApart(ELM327_Info& device) {
 Controls CommonSettings() {
   using Device = ELM327_Info;
   Controls controls{
-      Press(RB_MsgType_0, [](Device& d) { d.t_msgID_type = 0; }),
-      Press(RB_MsgType_1, [](Device& d) { d.t_msgID_type = 128; }),
-      Press(RB_MsgFmtTyp_0, [](Device& d) { d.t_MsgFmtTyp = 0; }),
-      Press(RB_MsgFmtTyp_1, [](Device& d) { d.t_MsgFmtTyp = 1; }),
-      Press(RB_Silent_Mode_0, [](Device& d) { d.t_silent_mode = 0; }),
-      Press(RB_Silent_Mode_1, [](Device& d) { d.t_silent_mode = 1; }),
-      Press(CB_DataChangeColor_Enable, [](Device& d) { d.t_DataChangeColorEnable = 1; }),
-      Box(TB_DataChangeColorTime, L"55", [](Device& d) { d.t_DataChangeColorTime = 55000; }),
-      Press(Bt_DataChangeColor_Dialog, [](Device& d) { d.t_DataChangeColor = 0; }),
-      Press(CB_MsgLateColor_Enable, [](Device& d) { d.t_MsgLateColorEnable = 1; }),
-      Box(TB_MsgLateColor_Ratio, L"66", [](Device& d) { d.t_MsgLateColor_Ratio = 66; }),
-      Box(TB_MsgLateColor_Time, L"77", [](Device& d) { d.t_MsgLateColor_Time = 77000; }),
-      Press(Bt_MsgLateColor_Dialog, [](Device& d) { d.t_MsgLateColor = 0; }),
-      Press(CB_Msg_Blackout_Enable, [](Device& d) { d.t_MsgBlackout_Enable = 1; }),
-      Box(TB_Msg_Blackout_Ratio, L"888", [](Device& d) { d.t_MsgBlackout_Ratio = 888; }),
-      Press(Bt_Msg_Blackout_Dialog, [](Device& d) { d.t_MsgBlackout_Color = 0; }),
-      Press(CB_ViewCaution, [](Device& d) { d.t_ViewCaution = 1; }),
-      Press(RB_Timer_Mode_0, [](Device& d) { d.t_Timer_Mode = 0; }),
-      Press(RB_Timer_Mode_1, [](Device& d) { d.t_Timer_Mode = 1; }),
-      Box(TB_dividend_ratio, L"9.5", [](Device& d) { d.t_dividend_ratio = 9.5; })};
+      Press(id::RB_MsgType_0, [](Device& d) { d.t_msgID_type = 0; }),
+      Press(id::RB_MsgType_1, [](Device& d) { d.t_msgID_type = 128; }),
+      Press(id::RB_MsgFmtTyp_0, [](Device& d) { d.t_MsgFmtTyp = 0; }),
+      Press(id::RB_MsgFmtTyp_1, [](Device& d) { d.t_MsgFmtTyp = 1; }),
+      Press(id::RB_Silent_Mode_0, [](Device& d) { d.t_silent_mode = 0; }),
+      Press(id::RB_Silent_Mode_1, [](Device& d) { d.t_silent_mode = 1; }),
+      Press(id::CB_DataChangeColor_Enable, [](Device& d) { d.t_DataChangeColorEnable = 1; }),
+      Box(id::TB_DataChangeColorTime, L"55", [](Device& d) { d.t_DataChangeColorTime = 55000; }),
+      Press(id::Bt_DataChangeColor_Dialog, [](Device& d) { d.t_DataChangeColor = 0; }),
+      Press(id::CB_MsgLateColor_Enable, [](Device& d) { d.t_MsgLateColorEnable = 1; }),
+      Box(id::TB_MsgLateColor_Ratio, L"66", [](Device& d) { d.t_MsgLateColor_Ratio = 66; }),
+      Box(id::TB_MsgLateColor_Time, L"77", [](Device& d) { d.t_MsgLateColor_Time = 77000; }),
+      Press(id::Bt_MsgLateColor_Dialog, [](Device& d) { d.t_MsgLateColor = 0; }),
+      Press(id::CB_Msg_Blackout_Enable, [](Device& d) { d.t_MsgBlackout_Enable = 1; }),
+      Box(id::TB_Msg_Blackout_Ratio, L"888", [](Device& d) { d.t_MsgBlackout_Ratio = 888; }),
+      Press(id::Bt_Msg_Blackout_Dialog, [](Device& d) { d.t_MsgBlackout_Color = 0; }),
+      Press(id::CB_ViewCaution, [](Device& d) { d.t_ViewCaution = 1; }),
+      Press(id::RB_Timer_Mode_0, [](Device& d) { d.t_Timer_Mode = 0; }),
+      Press(id::RB_Timer_Mode_1, [](Device& d) { d.t_Timer_Mode = 1; }),
+      Box(id::TB_dividend_ratio, L"9.5", [](Device& d) { d.t_dividend_ratio = 9.5; })};
   for (int rate = 0; rate <= 8; ++rate) {
-    controls.push_back(Press(RB_BitRate_0 + rate, [rate](Device& d) { d.t_bitRate = rate; }));
+    controls.push_back(Press(id::RB_BitRate_0 + rate, [rate](Device& d) { d.t_bitRate = rate; }));
   }
   return controls;
 }
 
 Controls Option1Settings() {
   using Device = ELM327_Info;
-  Controls controls{Press(CB_Save_ID_DisableMode, [](Device& d) { d.t_Save_ID_DisableMode = 1; })};
+  Controls controls{
+      Press(id::CB_Save_ID_DisableMode, [](Device& d) { d.t_Save_ID_DisableMode = 1; })};
   for (std::int16_t i = 0; i < kRows; ++i) {
     const Write range = i == kLastRange ? Write::kNeverTaken : Write::kTaken;
     controls.push_back(
-        {CB_DisableID_0 + i, nullptr, [i](Device& d) { d.t_DisableID_ON(i, 1); }, range});
-    controls.push_back({TB_DisableID_Start_0 + i, L"1F0",
+        {id::CB_DisableID_0 + i, nullptr, [i](Device& d) { d.t_DisableID_ON(i, 1); }, range});
+    controls.push_back({id::TB_DisableID_Start_0 + i, L"1F0",
                         [i](Device& d) { d.t_DisableID_Start(i, 0x1F0); }, range});
+    controls.push_back({id::TB_DisableID_End_0 + i, L"2F0",
+                        [i](Device& d) { d.t_DisableID_End(i, 0x2F0); }, range});
+    controls.push_back(Press(id::CB_MsgMarker_0 + i, [i](Device& d) { d.t_MsgMarker_ON(i, 1); }));
     controls.push_back(
-        {TB_DisableID_End_0 + i, L"2F0", [i](Device& d) { d.t_DisableID_End(i, 0x2F0); }, range});
-    controls.push_back(Press(CB_MsgMarker_0 + i, [i](Device& d) { d.t_MsgMarker_ON(i, 1); }));
+        Box(id::TB_MsgMarkerID_0 + i, L"3F0", [i](Device& d) { d.t_MsgMarkerID(i, 0x3F0); }));
+    controls.push_back(Box(id::TB_MsgMarkerStartByte_0 + i, L"4",
+                           [i](Device& d) { d.t_MsgMarkerStartByte(i, 4); }));
     controls.push_back(
-        Box(TB_MsgMarkerID_0 + i, L"3F0", [i](Device& d) { d.t_MsgMarkerID(i, 0x3F0); }));
+        Box(id::TB_MsgMarkerEndByte_0 + i, L"5", [i](Device& d) { d.t_MsgMarkerEndByte(i, 5); }));
     controls.push_back(
-        Box(TB_MsgMarkerStartByte_0 + i, L"4", [i](Device& d) { d.t_MsgMarkerStartByte(i, 4); }));
-    controls.push_back(
-        Box(TB_MsgMarkerEndByte_0 + i, L"5", [i](Device& d) { d.t_MsgMarkerEndByte(i, 5); }));
-    controls.push_back(
-        Press(Bt_MarkerColor_Dialog_0 + i, [i](Device& d) { d.t_MsgMarkerColor(i, 0); }));
+        Press(id::Bt_MarkerColor_Dialog_0 + i, [i](Device& d) { d.t_MsgMarkerColor(i, 0); }));
   }
   return controls;
 }
@@ -145,22 +145,22 @@ Controls Option1Settings() {
 Controls LogSettings() {
   using Device = ELM327_Info;
   Controls controls{
-      Press(RB_SV_Format_1, [](Device& d) { d.t_SaveFormat = 1; }),
-      Press(RB_SV_Format_0, [](Device& d) { d.t_SaveFormat = 2; }),
-      Box(TB_SaveFilePath, L"C:\\a", [](Device& d) { d.t_SaveFilePath = u"C:\\a"; }),
-      Press(CB_LogFile_Enable, [](Device& d) { d.t_LogSave_Enable = 0; }),
-      Press(RB_LogSV_Format_0, [](Device& d) { d.t_LogSaveFormat = 1; }),
-      Press(RB_LogSV_Format_1, [](Device& d) { d.t_LogSaveFormat = 2; }),
-      Press(RB_Excel_Format_0, [](Device& d) { d.t_Excel_Format = 1; }),
-      Press(RB_Excel_Format_1, [](Device& d) { d.t_Excel_Format = 2; }),
-      Box(TB_LogSaveFilePath, L"C:\\b", [](Device& d) { d.t_LogSaveFilePath = u"C:\\b"; }),
-      Press(CB_LogSave_subFolder, [](Device& d) { d.t_LogSave_subFolder = 1; }),
-      Press(CB_Excel_soft_KO, [](Device& d) { d.t_Excel_soft = 2; })};
+      Press(id::RB_SV_Format_1, [](Device& d) { d.t_SaveFormat = 1; }),
+      Press(id::RB_SV_Format_0, [](Device& d) { d.t_SaveFormat = 2; }),
+      Box(id::TB_SaveFilePath, L"C:\\a", [](Device& d) { d.t_SaveFilePath = u"C:\\a"; }),
+      Press(id::CB_LogFile_Enable, [](Device& d) { d.t_LogSave_Enable = 0; }),
+      Press(id::RB_LogSV_Format_0, [](Device& d) { d.t_LogSaveFormat = 1; }),
+      Press(id::RB_LogSV_Format_1, [](Device& d) { d.t_LogSaveFormat = 2; }),
+      Press(id::RB_Excel_Format_0, [](Device& d) { d.t_Excel_Format = 1; }),
+      Press(id::RB_Excel_Format_1, [](Device& d) { d.t_Excel_Format = 2; }),
+      Box(id::TB_LogSaveFilePath, L"C:\\b", [](Device& d) { d.t_LogSaveFilePath = u"C:\\b"; }),
+      Press(id::CB_LogSave_subFolder, [](Device& d) { d.t_LogSave_subFolder = 1; }),
+      Press(id::CB_Excel_soft_KO, [](Device& d) { d.t_Excel_soft = 2; })};
   for (int mode = 0; mode <= 2; ++mode) {
     controls.push_back(
-        Press(RB_SaveFilePath_0 + mode, [mode](Device& d) { d.t_SaveFilePath_mode = mode; }));
-    controls.push_back(
-        Press(RB_LogSaveFilePath_0 + mode, [mode](Device& d) { d.t_LogSaveFilePath_mode = mode; }));
+        Press(id::RB_SaveFilePath_0 + mode, [mode](Device& d) { d.t_SaveFilePath_mode = mode; }));
+    controls.push_back(Press(id::RB_LogSaveFilePath_0 + mode,
+                             [mode](Device& d) { d.t_LogSaveFilePath_mode = mode; }));
   }
   return controls;
 }
@@ -232,7 +232,7 @@ class DialogBindings : public testing::TestWithParam<int> {
     } else {
       SendMessageW(hwnd, BM_CLICK, 0, 0);
     }
-    SendMessageW(dialog, WM_COMMAND, Bt_OK, 0);
+    SendMessageW(dialog, WM_COMMAND, id::Bt_OK, 0);
     EXPECT_FALSE(IsWindow(dialog));
   }
 
@@ -276,11 +276,13 @@ TEST_P(StatusLines, EachShowsItsOwnProgram) {
   } rows[] = {
       {"Access",
        [](ELM327_Info& d) { d.AccessInstallCheck = 0; },
-       {TB_Access_Status, TB_Access_Ver}},
-      {"its version", [](ELM327_Info& d) { d.AccessInstallVersion = 9; }, {TB_Access_Ver}},
-      {"Excel", [](ELM327_Info& d) { d.ExcelInstallCheck = 2; }, {TB_Excel_Status, TB_Excel_Ver}},
-      {"its version", [](ELM327_Info& d) { d.ExcelInstallVersion = 9; }, {TB_Excel_Ver}},
-      {"the other office", [](ELM327_Info& d) { d.ExcelInstallCheck = 1; }, {TB_Excel_Status2}},
+       {id::TB_Access_Status, id::TB_Access_Ver}},
+      {"its version", [](ELM327_Info& d) { d.AccessInstallVersion = 9; }, {id::TB_Access_Ver}},
+      {"Excel",
+       [](ELM327_Info& d) { d.ExcelInstallCheck = 2; },
+       {id::TB_Excel_Status, id::TB_Excel_Ver}},
+      {"its version", [](ELM327_Info& d) { d.ExcelInstallVersion = 9; }, {id::TB_Excel_Ver}},
+      {"the other office", [](ELM327_Info& d) { d.ExcelInstallCheck = 1; }, {id::TB_Excel_Status2}},
   };
   for (const auto& row : rows) EXPECT_EQ(Ids(ShownOtherwise(row.change)), row.ids) << row.label;
 }

@@ -2,14 +2,13 @@
 // around it and the labels on its line.
 #include <gtest/gtest.h>
 
+#include <tolvane_control_ids.h>
 #include <algorithm>
 #include <map>
 #include <string>
 #include <vector>
 
 #include "tests/platform/windows/all_windows_bed.h"
-// Last, see there.
-#include "platform/windows/resources/resource.h"
 
 namespace tolvane::platform::windows {
 namespace {
@@ -22,87 +21,87 @@ struct Caption {
 };
 
 constexpr Caption kCommonSettings[] = {
-    {RB_BitRate_0, u"1M bps", u"通信速度"},
-    {RB_BitRate_1, u"800k bps", u"通信速度"},
-    {RB_BitRate_2, u"500k bps", u"通信速度"},
-    {RB_BitRate_3, u"250k bps", u"通信速度"},
-    {RB_BitRate_4, u"100k bps", u"通信速度"},
-    {RB_BitRate_5, u"50k bps", u"通信速度"},
-    {RB_BitRate_6, u"20k bps", u"通信速度"},
-    {RB_BitRate_7, u"10k bps", u"通信速度"},
-    {RB_BitRate_8, u"125k bps", u"通信速度"},
-    {Label9, u"紫・・・CANUSB、Kvaser", u"通信速度"},
-    {Label6, u"青・・・CANUSBのみ", u"通信速度"},
-    {RB_MsgType_0, u"11ビットＣＡＮ", u"メッセージ仕様"},
-    {RB_MsgType_1, u"29ビットＣＡＮ", u"メッセージ仕様"},
-    {RB_MsgFmtTyp_0, u"11ビットＣＡＮも受信", u"拡張CAN 受信フィルタ"},
-    {RB_MsgFmtTyp_1, u"29ビットＣＡＮのみ", u"拡張CAN 受信フィルタ"},
-    {RB_Silent_Mode_0, u"ACKを返す", u"サイレントモード", u"Interface "},
-    {RB_Silent_Mode_1, u"サイレント", u"サイレントモード", u"Kvaserのみ"},
-    {Label7, u"Interface ", u"サイレントモード"},
-    {Label8, u"Kvaserのみ", u"サイレントモード"},
-    {CB_DataChangeColor_Enable, u"有効", u"データ変化時の色表示", u"sec"},
-    {TB_DataChangeColorTime, u"", u"データ変化時の色表示", u"sec"},
-    {Bt_DataChangeColor_Dialog, u"", u"データ変化時の色表示", u"sec"},
-    {CB_MsgLateColor_Enable, u"有効", u"受信周期遅れの色表示", u"％"},
-    {TB_MsgLateColor_Ratio, u"", u"受信周期遅れの色表示", u"％"},
-    {TB_MsgLateColor_Time, u"", u"受信周期遅れの色表示", u"表示時間 sec"},
-    {Bt_MsgLateColor_Dialog, u"", u"受信周期遅れの色表示", u"％"},
-    {CB_Msg_Blackout_Enable, u"有効", u"受信途絶の色表示", u"％"},
-    {TB_Msg_Blackout_Ratio, u"", u"受信途絶の色表示", u"％"},
-    {Bt_Msg_Blackout_Dialog, u"", u"受信途絶の色表示", u"％"},
-    {CB_ViewCaution, u"接続中に警告表示をする", u""},
-    {RB_Timer_Mode_0, u"デバイス", u"タイマー"},
-    {RB_Timer_Mode_1, u"Windows", u"タイマー"},
-    {TB_dividend_ratio, u"", u"タイマー", u"分周比"},
-    {Bt_OK, u"OK", u""},
-    {Bt_Cancell, u"キャンセル", u""},
+    {id::RB_BitRate_0, u"1M bps", u"通信速度"},
+    {id::RB_BitRate_1, u"800k bps", u"通信速度"},
+    {id::RB_BitRate_2, u"500k bps", u"通信速度"},
+    {id::RB_BitRate_3, u"250k bps", u"通信速度"},
+    {id::RB_BitRate_4, u"100k bps", u"通信速度"},
+    {id::RB_BitRate_5, u"50k bps", u"通信速度"},
+    {id::RB_BitRate_6, u"20k bps", u"通信速度"},
+    {id::RB_BitRate_7, u"10k bps", u"通信速度"},
+    {id::RB_BitRate_8, u"125k bps", u"通信速度"},
+    {id::Label9, u"紫・・・CANUSB、Kvaser", u"通信速度"},
+    {id::Label6, u"青・・・CANUSBのみ", u"通信速度"},
+    {id::RB_MsgType_0, u"11ビットＣＡＮ", u"メッセージ仕様"},
+    {id::RB_MsgType_1, u"29ビットＣＡＮ", u"メッセージ仕様"},
+    {id::RB_MsgFmtTyp_0, u"11ビットＣＡＮも受信", u"拡張CAN 受信フィルタ"},
+    {id::RB_MsgFmtTyp_1, u"29ビットＣＡＮのみ", u"拡張CAN 受信フィルタ"},
+    {id::RB_Silent_Mode_0, u"ACKを返す", u"サイレントモード", u"Interface "},
+    {id::RB_Silent_Mode_1, u"サイレント", u"サイレントモード", u"Kvaserのみ"},
+    {id::Label7, u"Interface ", u"サイレントモード"},
+    {id::Label8, u"Kvaserのみ", u"サイレントモード"},
+    {id::CB_DataChangeColor_Enable, u"有効", u"データ変化時の色表示", u"sec"},
+    {id::TB_DataChangeColorTime, u"", u"データ変化時の色表示", u"sec"},
+    {id::Bt_DataChangeColor_Dialog, u"", u"データ変化時の色表示", u"sec"},
+    {id::CB_MsgLateColor_Enable, u"有効", u"受信周期遅れの色表示", u"％"},
+    {id::TB_MsgLateColor_Ratio, u"", u"受信周期遅れの色表示", u"％"},
+    {id::TB_MsgLateColor_Time, u"", u"受信周期遅れの色表示", u"表示時間 sec"},
+    {id::Bt_MsgLateColor_Dialog, u"", u"受信周期遅れの色表示", u"％"},
+    {id::CB_Msg_Blackout_Enable, u"有効", u"受信途絶の色表示", u"％"},
+    {id::TB_Msg_Blackout_Ratio, u"", u"受信途絶の色表示", u"％"},
+    {id::Bt_Msg_Blackout_Dialog, u"", u"受信途絶の色表示", u"％"},
+    {id::CB_ViewCaution, u"接続中に警告表示をする", u""},
+    {id::RB_Timer_Mode_0, u"デバイス", u"タイマー"},
+    {id::RB_Timer_Mode_1, u"Windows", u"タイマー"},
+    {id::TB_dividend_ratio, u"", u"タイマー", u"分周比"},
+    {id::Bt_OK, u"OK", u""},
+    {id::Bt_Cancell, u"キャンセル", u""},
 };
 
 constexpr Caption kOption1[] = {
-    {CB_Save_ID_DisableMode, u"除外設定をログ出力にも適用する", u"メッセージ除外設定"},
-    {Bt_OK, u"OK", u"", u"※ CAN ID は、半角16進数で入力"},
-    {Bt_Cancell, u"キャンセル", u"", u"※ CAN ID は、半角16進数で入力"},
+    {id::CB_Save_ID_DisableMode, u"除外設定をログ出力にも適用する", u"メッセージ除外設定"},
+    {id::Bt_OK, u"OK", u"", u"※ CAN ID は、半角16進数で入力"},
+    {id::Bt_Cancell, u"キャンセル", u"", u"※ CAN ID は、半角16進数で入力"},
 };
 
 constexpr Caption kLogSettings[] = {
-    {RB_SV_Format_1, u"リッチテキスト形式で保存 (.rtf)", u"スナップショットの形式"},
-    {RB_SV_Format_0, u"テキスト形式で保存 （.txt）", u"スナップショットの形式"},
-    {RB_SaveFilePath_0, u"実行ファイルのフォルダ内", u"スナップショットの保存先"},
-    {RB_SaveFilePath_1, u"デスクトップ上", u"スナップショットの保存先"},
-    {RB_SaveFilePath_2, u"指定したフォルダ", u"スナップショットの保存先"},
-    {TB_SaveFilePath, u"", u"スナップショットの保存先"},
-    {Img_save_folder, u"", u"スナップショットの保存先"},
-    {Img_save_folder_path, u"", u"スナップショットの保存先"},
-    {CB_LogFile_Enable, u"ログファイルを保存する", u""},
-    {GB_LogSave_Format, u"ログファイルの形式", u""},
-    {RB_LogSV_Format_0, u"Excel形式で保存", u"ログファイルの形式"},
-    {RB_LogSV_Format_1, u"テキスト形式で保存 （.csv）", u"ログファイルの形式"},
-    {RB_LogSV_Format_2, u"Access形式で保存 （.mdb）", u"ログファイルの形式"},
-    {RB_LogSV_Format_3, u"Access形式で保存 （.mdb）", u"ログファイルの形式"},
-    {GB_Excel_Format, u"Excelフォーマット", u""},
-    {RB_Excel_Format_0, u"xls形式", u"Excelフォーマット"},
-    {RB_Excel_Format_1, u"xlsx形式 （2007以降）", u"Excelフォーマット"},
-    {CB_Excel_soft_KO, u"Kingsoft Officeを使用する", u""},
-    {GB_LogSave_path, u"ログファイルの保存先", u""},
-    {RB_LogSaveFilePath_0, u"実行ファイルのフォルダ内", u"ログファイルの保存先"},
-    {RB_LogSaveFilePath_1, u"デスクトップ上", u"ログファイルの保存先"},
-    {RB_LogSaveFilePath_2, u"指定したフォルダ", u"ログファイルの保存先"},
-    {TB_LogSaveFilePath, u"", u"ログファイルの保存先"},
-    {Img_Log_save_folder, u"", u"ログファイルの保存先"},
-    {Img_Log_save_folder_path, u"", u"ログファイルの保存先"},
-    {CB_LogSave_subFolder, u"コメントをサブフォルダにして保存する", u""},
-    {Bt_OK, u"OK", u""},
-    {Bt_Cancell, u"キャンセル", u""},
+    {id::RB_SV_Format_1, u"リッチテキスト形式で保存 (.rtf)", u"スナップショットの形式"},
+    {id::RB_SV_Format_0, u"テキスト形式で保存 （.txt）", u"スナップショットの形式"},
+    {id::RB_SaveFilePath_0, u"実行ファイルのフォルダ内", u"スナップショットの保存先"},
+    {id::RB_SaveFilePath_1, u"デスクトップ上", u"スナップショットの保存先"},
+    {id::RB_SaveFilePath_2, u"指定したフォルダ", u"スナップショットの保存先"},
+    {id::TB_SaveFilePath, u"", u"スナップショットの保存先"},
+    {id::Img_save_folder, u"", u"スナップショットの保存先"},
+    {id::Img_save_folder_path, u"", u"スナップショットの保存先"},
+    {id::CB_LogFile_Enable, u"ログファイルを保存する", u""},
+    {id::GB_LogSave_Format, u"ログファイルの形式", u""},
+    {id::RB_LogSV_Format_0, u"Excel形式で保存", u"ログファイルの形式"},
+    {id::RB_LogSV_Format_1, u"テキスト形式で保存 （.csv）", u"ログファイルの形式"},
+    {id::RB_LogSV_Format_2, u"Access形式で保存 （.mdb）", u"ログファイルの形式"},
+    {id::RB_LogSV_Format_3, u"Access形式で保存 （.mdb）", u"ログファイルの形式"},
+    {id::GB_Excel_Format, u"Excelフォーマット", u""},
+    {id::RB_Excel_Format_0, u"xls形式", u"Excelフォーマット"},
+    {id::RB_Excel_Format_1, u"xlsx形式 （2007以降）", u"Excelフォーマット"},
+    {id::CB_Excel_soft_KO, u"Kingsoft Officeを使用する", u""},
+    {id::GB_LogSave_path, u"ログファイルの保存先", u""},
+    {id::RB_LogSaveFilePath_0, u"実行ファイルのフォルダ内", u"ログファイルの保存先"},
+    {id::RB_LogSaveFilePath_1, u"デスクトップ上", u"ログファイルの保存先"},
+    {id::RB_LogSaveFilePath_2, u"指定したフォルダ", u"ログファイルの保存先"},
+    {id::TB_LogSaveFilePath, u"", u"ログファイルの保存先"},
+    {id::Img_Log_save_folder, u"", u"ログファイルの保存先"},
+    {id::Img_Log_save_folder_path, u"", u"ログファイルの保存先"},
+    {id::CB_LogSave_subFolder, u"コメントをサブフォルダにして保存する", u""},
+    {id::Bt_OK, u"OK", u""},
+    {id::Bt_Cancell, u"キャンセル", u""},
 };
 
 // The status lines, whose text is the program's: only the text next to them is fixed.
 constexpr Caption kStatusLines[] = {
-    {TB_Excel_Status, u"", u"", u"Excelインストール ・・・"},
-    {TB_Excel_Ver, u"", u"", u"Excelインストール ・・・"},
-    {TB_Excel_Status2, u"", u"", u"Kingsoft Officeインストール ・・・"},
-    {TB_Access_Status, u"", u"", u"Accessインストール ・・・"},
-    {TB_Access_Ver, u"", u"", u"Accessインストール ・・・"},
+    {id::TB_Excel_Status, u"", u"", u"Excelインストール ・・・"},
+    {id::TB_Excel_Ver, u"", u"", u"Excelインストール ・・・"},
+    {id::TB_Excel_Status2, u"", u"", u"Kingsoft Officeインストール ・・・"},
+    {id::TB_Access_Status, u"", u"", u"Accessインストール ・・・"},
+    {id::TB_Access_Ver, u"", u"", u"Accessインストール ・・・"},
 };
 
 RECT PlaceOf(HWND window) {
@@ -210,10 +209,11 @@ TEST_F(DialogCaptions, TheRowsOfTheExtensionSettingsStandInTheirOrderEachOnALine
   const struct {
     StringView frame;
     std::vector<int> row;  // its first one, from the left
-  } tables[] = {{u"メッセージ除外設定", {CB_DisableID_0, TB_DisableID_Start_0, TB_DisableID_End_0}},
+  } tables[] = {{u"メッセージ除外設定",
+                 {id::CB_DisableID_0, id::TB_DisableID_Start_0, id::TB_DisableID_End_0}},
                 {u"マーカー設定",
-                 {CB_MsgMarker_0, TB_MsgMarkerID_0, TB_MsgMarkerStartByte_0, TB_MsgMarkerEndByte_0,
-                  Bt_MarkerColor_Dialog_0}}};
+                 {id::CB_MsgMarker_0, id::TB_MsgMarkerID_0, id::TB_MsgMarkerStartByte_0,
+                  id::TB_MsgMarkerEndByte_0, id::Bt_MarkerColor_Dialog_0}}};
   for (const auto& table : tables) {
     LONG line_above = 0;
     for (int row = 0; row < 8; ++row) {

@@ -1,14 +1,13 @@
 // The ways of closing the windows other than the main one.
 #include <gtest/gtest.h>
 
+#include <tolvane_control_ids.h>
 #include <ostream>
 #include <string>
 
 #include "platform/windows/dialogs/formversion_window.h"
 #include "tests/platform/windows/all_windows_bed.h"
 #include "tests/platform/windows/pump.h"
-// Last, see there.
-#include "platform/windows/resources/resource.h"
 
 namespace tolvane::platform::windows {
 namespace {
@@ -44,11 +43,11 @@ struct Typed {
 std::ostream& operator<<(std::ostream& stream, const Typed& typed) { return stream << typed.name; }
 
 const Typed kTyped[] = {
-    {"CommonSetting", 0, TB_DataChangeColorTime, L"77",
+    {"CommonSetting", 0, id::TB_DataChangeColorTime, L"77",
      [](const ELM327_Info& d) { return String(1, char16_t(d.t_DataChangeColorTime / 1000)); }},
-    {"Option1", 1, TB_MsgMarkerID_0, L"77",
+    {"Option1", 1, id::TB_MsgMarkerID_0, L"77",
      [](const ELM327_Info& d) { return String(1, char16_t(d.t_MsgMarkerID(0))); }},
-    {"OptionLog1", 2, TB_SaveFilePath, L"C:\\elsewhere",
+    {"OptionLog1", 2, id::TB_SaveFilePath, L"C:\\elsewhere",
      [](const ELM327_Info& d) { return d.t_SaveFilePath; }}};
 
 class SettingsClosing : public OtherWindowsClosing, public testing::WithParamInterface<Typed> {};
@@ -61,7 +60,7 @@ TEST_P(SettingsClosing, ByXEscapeAndCancelWritesNothingAndTakesTheHelpAlong) {
     SCOPED_TRACE(testing::PrintToString(String(way)));
     const HWND dialog = windows_.OpenSettings(typed.dialog);
     EXPECT_FALSE(IsWindowEnabled(windows_.Main()));
-    const HWND help = AllWindows::OpenHelp(dialog, Img_Help_Setting);
+    const HWND help = AllWindows::OpenHelp(dialog, id::Img_Help_Setting);
     ASSERT_TRUE(IsWindowVisible(help));
     SetWindowTextW(GetDlgItem(dialog, typed.box), typed.text);
     if (way == u"X") {
@@ -70,7 +69,7 @@ TEST_P(SettingsClosing, ByXEscapeAndCancelWritesNothingAndTakesTheHelpAlong) {
       SetFocus(GetDlgItem(dialog, typed.box));
       PressEscape(dialog);
     } else {
-      SendMessageW(dialog, WM_COMMAND, way == u"OK" ? Bt_OK : Bt_Cancell, 0);
+      SendMessageW(dialog, WM_COMMAND, way == u"OK" ? id::Bt_OK : id::Bt_Cancell, 0);
     }
     EXPECT_FALSE(IsWindow(dialog));
     EXPECT_FALSE(IsWindowVisible(help));
@@ -86,14 +85,14 @@ TEST_F(OtherWindowsClosing, TheHelpGoesByXEscapeAndOkAndItsDialogStays) {
   const HWND dialog = windows_.OpenSettings(0);
   for (const StringView way : {u"X", u"Escape", u"OK"}) {
     SCOPED_TRACE(testing::PrintToString(String(way)));
-    const HWND help = AllWindows::OpenHelp(dialog, Img_Help_Setting);
+    const HWND help = AllWindows::OpenHelp(dialog, id::Img_Help_Setting);
     ASSERT_TRUE(IsWindowVisible(help));
     if (way == u"X") {
       PressX(help);
     } else if (way == u"Escape") {
       PressEscape(help);
     } else {
-      SendMessageW(GetDlgItem(help, Bt_Close), BM_CLICK, 0, 0);
+      SendMessageW(GetDlgItem(help, id::Bt_Close), BM_CLICK, 0, 0);
     }
     EXPECT_FALSE(IsWindowVisible(help));
     EXPECT_TRUE(IsWindow(help)) << "it stays loaded";
@@ -114,7 +113,7 @@ TEST_F(OtherWindowsClosing, TheVersionGoesByCloseAndEscapeAndStaysLoaded) {
 
 TEST_F(OtherWindowsClosing, TheMainWindowsEndUnloadsThoseThatStayedLoaded) {
   const HWND dialog = windows_.OpenSettings(0);
-  const HWND help = AllWindows::OpenHelp(dialog, Img_Help_Setting);
+  const HWND help = AllWindows::OpenHelp(dialog, id::Img_Help_Setting);
   AllWindows::Close(dialog);
   const HWND version = windows_.OpenVersion();
   const HWND common = windows_.OpenSettings(0);

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <tolvane_control_ids.h>
 #include <functional>
 #include <optional>
 #include <utility>
@@ -17,8 +18,6 @@
 #include "tests/platform/windows/dialogs/system_dialog.h"
 #include "tests/platform/windows/pump.h"
 #include "tests/platform/windows/system/scratch_folder.h"
-// Last, see there.
-#include "platform/windows/resources/resource.h"
 
 namespace tolvane::platform::windows {
 namespace {
@@ -38,7 +37,7 @@ class SettingsDialogTest : public testing::Test {
 
   void AskForAColour(std::function<void(HWND)> meanwhile) {
     const WhileAsked asked(
-        dialog_.Hwnd(), [this] { Press(Bt_DataChangeColor_Dialog); }, std::move(meanwhile));
+        dialog_.Hwnd(), [this] { Press(id::Bt_DataChangeColor_Dialog); }, std::move(meanwhile));
   }
   [[nodiscard]] String Box(int id) const { return WindowText(GetDlgItem(dialog_.Hwnd(), id)); }
   void Fill(int id, const wchar_t* text) { SetWindowTextW(GetDlgItem(dialog_.Hwnd(), id), text); }
@@ -60,10 +59,10 @@ TEST_F(SettingsDialogTest, AClickWhoseDialogIsGoneTouchesTheNextOpeningNoMore) {
   AskForAColour([this](HWND) {
     dialog_.Unload();
     dialog_.Show();
-    Fill(TB_DataChangeColorTime, L"77");
+    Fill(id::TB_DataChangeColorTime, L"77");
   });
   ASSERT_NE(dialog_.Hwnd(), nullptr);
-  EXPECT_EQ(Box(TB_DataChangeColorTime), u"77");
+  EXPECT_EQ(Box(id::TB_DataChangeColorTime), u"77");
 }
 
 TEST_F(SettingsDialogTest, AClickWhoseDialogIsGoneEndsQuietly) {
@@ -73,18 +72,18 @@ TEST_F(SettingsDialogTest, AClickWhoseDialogIsGoneEndsQuietly) {
 }
 
 TEST_F(SettingsDialogTest, BehindItsColourDialogNoCommandComesThrough) {
-  Fill(TB_DataChangeColorTime, L"77");
+  Fill(id::TB_DataChangeColorTime, L"77");
   const std::int32_t before = device_.t_DataChangeColorTime;
   AskForAColour([this](HWND) {
-    Press(Bt_OK);
-    Press(Bt_Cancell);
-    Press(Img_Help_Setting);
+    Press(id::Bt_OK);
+    Press(id::Bt_Cancell);
+    Press(id::Img_Help_Setting);
     SendMessageW(dialog_.Hwnd(), WM_CLOSE, 0, 0);
     EXPECT_FALSE(help_.Visible());
   });
   EXPECT_NE(dialog_.Hwnd(), nullptr);
   EXPECT_EQ(device_.t_DataChangeColorTime, before);
-  Press(Bt_OK);
+  Press(id::Bt_OK);
   EXPECT_EQ(dialog_.Hwnd(), nullptr);
   EXPECT_NE(device_.t_DataChangeColorTime, before);
 }
@@ -105,7 +104,7 @@ class LogSettings : public SettingsDialogTest {
     CoUninitialize();
   }
   [[nodiscard]] String Folder() const {
-    return WindowText(GetDlgItem(log_.Hwnd(), TB_SaveFilePath));
+    return WindowText(GetDlgItem(log_.Hwnd(), id::TB_SaveFilePath));
   }
 
   /// Types a folder's name and chooses it.
@@ -129,7 +128,7 @@ class LogSettings : public SettingsDialogTest {
 
 TEST_F(LogSettings, TheFolderThatIsChosenFillsTheBox) {
   const WhileAsked asked(
-      log_.Hwnd(), [this] { SendMessageW(log_.Hwnd(), WM_COMMAND, Img_save_folder, 0); },
+      log_.Hwnd(), [this] { SendMessageW(log_.Hwnd(), WM_COMMAND, id::Img_save_folder, 0); },
       &ChooseAnother);
   EXPECT_EQ(Folder(), kAnother);
 }

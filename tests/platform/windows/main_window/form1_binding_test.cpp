@@ -1,10 +1,9 @@
 #include "platform/windows/main_window/form1_binding.h"
 
 #include <gtest/gtest.h>
+#include <tolvane_control_ids.h>
 
 #include "tests/run/control/form1_bench.h"
-// Last, see there.
-#include "platform/windows/resources/resource.h"
 
 namespace tolvane::platform::windows {
 namespace {
@@ -58,7 +57,7 @@ TEST_F(Form1BindingTest, F1LooksForTheManualUntilClosingHasBegun) {
 TEST_F(Form1BindingTest, CommandsComeThroughUntilClosingHasBegun) {
   const auto commands = [this] {
     bench_.form.RxFlag = 1;
-    binding_.Command(Bt_Disconnect);
+    binding_.Command(id::Bt_Disconnect);
     binding_.ViewContextMenu();
     return bench_.form.RxFlag;
   };

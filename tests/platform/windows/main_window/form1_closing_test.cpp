@@ -1,12 +1,11 @@
 // How the main window is closed: by the user, by other programs, by the end of the session.
 #include <gtest/gtest.h>
 
+#include <tolvane_control_ids.h>
 #include <atomic>
 #include <thread>
 
 #include "tests/platform/windows/main_window/main_window_bed.h"
-// Last: its symbols are also names of members.
-#include "platform/windows/resources/resource.h"
 
 namespace tolvane::platform::windows {
 namespace {
@@ -63,8 +62,8 @@ TEST_F(MainWindowTest, AForcedEndOfTheSessionIsToldOnceAtOnceAndClosesTheWindowB
     EXPECT_EQ(events_.queries, 0);
     events_.refuse = false;  // the run is through
   };
-  EnableWindow(Child(Bt_Connect), TRUE);
-  Click(Bt_Connect);
+  EnableWindow(Child(id::Bt_Connect), TRUE);
+  Click(id::Bt_Connect);
   loop_.YieldToEvents();
   EXPECT_EQ(ends_in_the_run, 1);
   EXPECT_EQ(events_.unloads, 1);

@@ -3,14 +3,13 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <tolvane_control_ids.h>
 #include <vector>
 
 #include "platform/windows/main_window/form1_layout.h"
 #include "tests/platform/windows/main_window/main_window_bed.h"
 #include "tests/platform/windows/pump.h"
 #include "tests/platform/windows/window_picture.h"
-// Last, see there.
-#include "platform/windows/resources/resource.h"
 
 namespace tolvane::platform::windows {
 namespace {
@@ -22,21 +21,21 @@ TEST_F(MainWindowTest, EveryControlStandsUnderItsNumberWithItsFirstText) {
   const struct {
     int id;
     StringView text;
-  } rows[] = {{Lb_Serect_Device, u"機器No."},
-              {Lb_ODB_Hard_Version, u"機器情報"},
-              {Lb_Protocol, u"通信モード"},
-              {Lb_Status, u"ステータス"},
-              {Lb_LogComment, u"コメント"},
-              {Bt_Connect, u"接続"},
-              {Bt_Disconnect, u"切断"},
-              {Bt_SaveFile, u"スナップショット"},
-              {Bt_ViewClear, u"画面クリア"},
-              {Cmb_Serect_Device, u""},
-              {TB_ODB_Hard_Version, u"Nothing"},
-              {TB_Protocol, u"---"},
-              {TB_Status, u""},
-              {TB_LogComment, u""},
-              {RTB_MainView, u""}};
+  } rows[] = {{id::Lb_Serect_Device, u"機器No."},
+              {id::Lb_ODB_Hard_Version, u"機器情報"},
+              {id::Lb_Protocol, u"通信モード"},
+              {id::Lb_Status, u"ステータス"},
+              {id::Lb_LogComment, u"コメント"},
+              {id::Bt_Connect, u"接続"},
+              {id::Bt_Disconnect, u"切断"},
+              {id::Bt_SaveFile, u"スナップショット"},
+              {id::Bt_ViewClear, u"画面クリア"},
+              {id::Cmb_Serect_Device, u""},
+              {id::TB_ODB_Hard_Version, u"Nothing"},
+              {id::TB_Protocol, u"---"},
+              {id::TB_Status, u""},
+              {id::TB_LogComment, u""},
+              {id::RTB_MainView, u""}};
   for (const auto& row : rows) {
     ASSERT_NE(Child(row.id), nullptr) << row.id;
     EXPECT_EQ(ChildText(row.id), row.text) << row.id;
@@ -45,80 +44,80 @@ TEST_F(MainWindowTest, EveryControlStandsUnderItsNumberWithItsFirstText) {
 
 TEST_F(MainWindowTest, NothingRunsOrCanBeConnectedBeforeTheStartIsThrough) {
   const MainWindow face = window_.Face();
-  EXPECT_FALSE(IsWindowEnabled(Child(Bt_Connect)));
-  EXPECT_FALSE(IsWindowEnabled(Child(Bt_Disconnect)));
-  EXPECT_EQ(GetWindowLongPtrW(Child(Pic_Caution), GWL_STYLE) & WS_VISIBLE, 0);
+  EXPECT_FALSE(IsWindowEnabled(Child(id::Bt_Connect)));
+  EXPECT_FALSE(IsWindowEnabled(Child(id::Bt_Disconnect)));
+  EXPECT_EQ(GetWindowLongPtrW(Child(id::Pic_Caution), GWL_STYLE) & WS_VISIBLE, 0);
   EXPECT_FALSE(IsWindowVisible(window_.Hwnd()));
-  EXPECT_FALSE(ViewOf(face).Locked());
+  EXPECT_FALSE(face.RTB_MainView.Locked());
 }
 
 TEST_F(MainWindowTest, CommentTakesFiftyCharacters) {
-  EXPECT_EQ(SendMessageW(Child(TB_LogComment), EM_GETLIMITTEXT, 0, 0), 50);
+  EXPECT_EQ(SendMessageW(Child(id::TB_LogComment), EM_GETLIMITTEXT, 0, 0), 50);
 }
 
 TEST_F(MainWindowTest, OnlyTheCommentCanBeTypedIn) {
-  for (const int id : {TB_ODB_Hard_Version, TB_Protocol, TB_Status}) {
+  for (const int id : {id::TB_ODB_Hard_Version, id::TB_Protocol, id::TB_Status}) {
     EXPECT_NE(GetWindowLongPtrW(Child(id), GWL_STYLE) & ES_READONLY, 0) << id;
   }
-  EXPECT_EQ(GetWindowLongPtrW(Child(TB_LogComment), GWL_STYLE) & ES_READONLY, 0);
+  EXPECT_EQ(GetWindowLongPtrW(Child(id::TB_LogComment), GWL_STYLE) & ES_READONLY, 0);
 }
 
 TEST_F(MainWindowTest, AClickReachesTheLogic) {
-  Click(Bt_ViewClear);
-  Click(Bt_SaveFile);
-  EXPECT_THAT(events_.commands, ElementsAre(Bt_ViewClear, Bt_SaveFile));
+  Click(id::Bt_ViewClear);
+  Click(id::Bt_SaveFile);
+  EXPECT_THAT(events_.commands, ElementsAre(id::Bt_ViewClear, id::Bt_SaveFile));
 }
 
 TEST_F(MainWindowTest, ConnectIsDisabledAtOnceAndStartsFromThePostedMessage) {
-  EnableWindow(Child(Bt_Connect), TRUE);
-  Click(Bt_Connect);
-  EXPECT_FALSE(IsWindowEnabled(Child(Bt_Connect)));
+  EnableWindow(Child(id::Bt_Connect), TRUE);
+  Click(id::Bt_Connect);
+  EXPECT_FALSE(IsWindowEnabled(Child(id::Bt_Connect)));
   EXPECT_THAT(events_.commands, IsEmpty()) << "the sender of the click would wait for the run";
   loop_.YieldToEvents();
-  EXPECT_THAT(events_.commands, ElementsAre(Bt_Connect));
-  Send(Bt_Connect);
+  EXPECT_THAT(events_.commands, ElementsAre(id::Bt_Connect));
+  Send(id::Bt_Connect);
   loop_.YieldToEvents();
-  EXPECT_THAT(events_.commands, ElementsAre(Bt_Connect)) << "disabled, yet it started a run";
+  EXPECT_THAT(events_.commands, ElementsAre(id::Bt_Connect)) << "disabled, yet it started a run";
 }
 
 TEST_F(MainWindowTest, DisabledButtonsAndMenuItemsSendNothing) {
-  Send(Bt_Connect);
+  Send(id::Bt_Connect);
   loop_.YieldToEvents();
-  Send(Bt_Disconnect);
-  EnableMenuItem(GetMenu(window_.Hwnd()), menu_common_setting, MF_BYCOMMAND | MF_GRAYED);
-  Send(menu_common_setting);
+  Send(id::Bt_Disconnect);
+  EnableMenuItem(GetMenu(window_.Hwnd()), id::menu_common_setting, MF_BYCOMMAND | MF_GRAYED);
+  Send(id::menu_common_setting);
   EXPECT_THAT(events_.commands, IsEmpty());
-  EnableMenuItem(GetMenu(window_.Hwnd()), menu_common_setting, MF_BYCOMMAND | MF_ENABLED);
-  Send(menu_common_setting);
-  Send(menu_View_Date);
-  EXPECT_THAT(events_.commands, ElementsAre(menu_common_setting, menu_View_Date));
+  EnableMenuItem(GetMenu(window_.Hwnd()), id::menu_common_setting, MF_BYCOMMAND | MF_ENABLED);
+  Send(id::menu_common_setting);
+  Send(id::menu_View_Date);
+  EXPECT_THAT(events_.commands, ElementsAre(id::menu_common_setting, id::menu_View_Date));
 }
 
 // As while a settings dialog is open, which disables the window.
 TEST_F(MainWindowTest, ADisabledWindowTakesNoCommandFromOtherProgramsEither) {
-  EnableWindow(Child(Bt_Connect), TRUE);
+  EnableWindow(Child(id::Bt_Connect), TRUE);
   EnableWindow(window_.Hwnd(), FALSE);
-  Click(Bt_Connect);
-  Send(Bt_Connect);
-  Click(Bt_ViewClear);
-  Send(menu_common_setting);
-  Send(Cmb_Serect_Device, CBN_SELCHANGE);
+  Click(id::Bt_Connect);
+  Send(id::Bt_Connect);
+  Click(id::Bt_ViewClear);
+  Send(id::menu_common_setting);
+  Send(id::Cmb_Serect_Device, CBN_SELCHANGE);
   loop_.YieldToEvents();
   EXPECT_THAT(events_.commands, IsEmpty());
-  EXPECT_TRUE(IsWindowEnabled(Child(Bt_Connect)));
+  EXPECT_TRUE(IsWindowEnabled(Child(id::Bt_Connect)));
 }
 
 TEST_F(MainWindowTest, ADialogThatOpensBetweenTheClickAndTheRunKeepsTheRunAway) {
-  EnableWindow(Child(Bt_Connect), TRUE);
-  Click(Bt_Connect);
+  EnableWindow(Child(id::Bt_Connect), TRUE);
+  Click(id::Bt_Connect);
   EnableWindow(window_.Hwnd(), FALSE);
   loop_.YieldToEvents();
   EXPECT_THAT(events_.commands, IsEmpty());
   EnableWindow(window_.Hwnd(), TRUE);
-  EXPECT_TRUE(IsWindowEnabled(Child(Bt_Connect)));
-  Click(Bt_Connect);
+  EXPECT_TRUE(IsWindowEnabled(Child(id::Bt_Connect)));
+  Click(id::Bt_Connect);
   loop_.YieldToEvents();
-  EXPECT_THAT(events_.commands, ElementsAre(Bt_Connect));
+  EXPECT_THAT(events_.commands, ElementsAre(id::Bt_Connect));
 }
 
 // The message that starts the run after the click; another program may post it too.
@@ -129,7 +128,7 @@ TEST_F(MainWindowTest, TheMessageOfAClickStartsNothingWithoutTheClick) {
   };
   post_and_yield();
   EXPECT_THAT(events_.commands, IsEmpty()) << "before the start";
-  EnableWindow(Child(Bt_Connect), TRUE);
+  EnableWindow(Child(id::Bt_Connect), TRUE);
   window_.Start(SW_SHOW);
   post_and_yield();
   EXPECT_THAT(events_.commands, IsEmpty()) << "idle";
@@ -142,19 +141,19 @@ TEST_F(MainWindowTest, TheMessageOfAClickStartsNothingWithoutTheClick) {
     EnableWindow(window_.Hwnd(), FALSE);
     post_and_yield();
     EnableWindow(window_.Hwnd(), TRUE);
-    EXPECT_FALSE(IsWindowEnabled(Child(Bt_Connect))) << "can be pressed in a run";
+    EXPECT_FALSE(IsWindowEnabled(Child(id::Bt_Connect))) << "can be pressed in a run";
   };
   events_.commands.clear();
-  Click(Bt_Connect);
+  Click(id::Bt_Connect);
   loop_.YieldToEvents();
   post_and_yield();
-  EXPECT_THAT(events_.commands, ElementsAre(Bt_Connect));
+  EXPECT_THAT(events_.commands, ElementsAre(id::Bt_Connect));
 }
 
 TEST_F(MainWindowTest, ACommandThatCannotBeChosenAnyMoreAfterItsWaitIsDropped) {
   gate_.Deliver([this] {
-    Send(menu_common_setting);
-    EnableMenuItem(GetMenu(window_.Hwnd()), menu_common_setting, MF_BYCOMMAND | MF_GRAYED);
+    Send(id::menu_common_setting);
+    EnableMenuItem(GetMenu(window_.Hwnd()), id::menu_common_setting, MF_BYCOMMAND | MF_GRAYED);
   });
   gate_.DeliverWaiting();
   EXPECT_THAT(events_.commands, IsEmpty()) << "a dialog in a run";
@@ -162,32 +161,32 @@ TEST_F(MainWindowTest, ACommandThatCannotBeChosenAnyMoreAfterItsWaitIsDropped) {
 
 TEST_F(MainWindowTest, ACommandDuringARunComesInItsYieldOnly) {
   events_.on_command = [this](int id) {
-    if (id != Bt_Connect) return;
-    Send(Bt_ViewClear);
-    EXPECT_THAT(events_.commands, ElementsAre(Bt_Connect)) << "let in outside a yield";
+    if (id != id::Bt_Connect) return;
+    Send(id::Bt_ViewClear);
+    EXPECT_THAT(events_.commands, ElementsAre(id::Bt_Connect)) << "let in outside a yield";
     loop_.YieldToEvents();
-    EXPECT_THAT(events_.commands, ElementsAre(Bt_Connect, Bt_ViewClear));
+    EXPECT_THAT(events_.commands, ElementsAre(id::Bt_Connect, id::Bt_ViewClear));
   };
-  EnableWindow(Child(Bt_Connect), TRUE);
-  Click(Bt_Connect);
+  EnableWindow(Child(id::Bt_Connect), TRUE);
+  Click(id::Bt_Connect);
   loop_.YieldToEvents();
   EXPECT_EQ(events_.commands.size(), 2U);
 }
 
 TEST_F(MainWindowTest, TheUsersChoiceOfADeviceComesThroughTheGateAndTheCodesAtOnce) {
   const MainWindow face = window_.Face();
-  ComboBoxOf(face).AddItem(u"CANUSB TV100001");
-  ComboBoxOf(face).AddItem(u"Interface PCI-485120 port:1");
-  EXPECT_EQ(ComboBoxOf(face).ListIndex(), -1);
-  ComboBoxOf(face).ListIndex(1);
-  EXPECT_THAT(events_.commands, ElementsAre(Cmb_Serect_Device));
-  EXPECT_EQ(ComboBoxOf(face).Text(), u"Interface PCI-485120 port:1");
-  ComboBoxOf(face).ListIndex(1);
+  face.Cmb_Serect_Device.AddItem(u"CANUSB TV100001");
+  face.Cmb_Serect_Device.AddItem(u"Interface PCI-485120 port:1");
+  EXPECT_EQ(face.Cmb_Serect_Device.ListIndex(), -1);
+  face.Cmb_Serect_Device.ListIndex(1);
+  EXPECT_THAT(events_.commands, ElementsAre(id::Cmb_Serect_Device));
+  EXPECT_EQ(face.Cmb_Serect_Device.Text(), u"Interface PCI-485120 port:1");
+  face.Cmb_Serect_Device.ListIndex(1);
   EXPECT_EQ(events_.commands.size(), 2U) << "the selected line again raises it again";
   gate_.Deliver([&] {
-    ComboBoxOf(face).ListIndex(0);
+    face.Cmb_Serect_Device.ListIndex(0);
     EXPECT_EQ(events_.commands.size(), 3U) << "in code it does not wait for a yield";
-    Send(Cmb_Serect_Device, CBN_SELCHANGE);
+    Send(id::Cmb_Serect_Device, CBN_SELCHANGE);
     EXPECT_EQ(events_.commands.size(), 3U);
   });
   gate_.DeliverWaiting();
@@ -197,9 +196,9 @@ TEST_F(MainWindowTest, TheUsersChoiceOfADeviceComesThroughTheGateAndTheCodesAtOn
 TEST_F(MainWindowTest, SelectionChangesOfOneWriteComeAsOneEventBehindIt) {
   gate_.Deliver([this] {
     const MainWindow face = window_.Face();
-    ViewOf(face).Text(u"abc");
-    ViewOf(face).SelStart(1);
-    ViewOf(face).SelLength(2);
+    face.RTB_MainView.Text(u"abc");
+    face.RTB_MainView.SelStart(1);
+    face.RTB_MainView.SelLength(2);
     EXPECT_EQ(events_.selection_changes, 0) << "let in by a write";
   });
   gate_.DeliverWaiting();
@@ -207,7 +206,7 @@ TEST_F(MainWindowTest, SelectionChangesOfOneWriteComeAsOneEventBehindIt) {
 }
 
 TEST_F(MainWindowTest, RightButtonAndMenuKeyAskForThePopUp) {
-  const HWND view = Child(RTB_MainView);
+  const HWND view = Child(id::RTB_MainView);
   SendMessageW(view, WM_RBUTTONUP, 0, MAKELPARAM(5, 5));
   EXPECT_EQ(events_.context_menus, 1);
   SendMessageW(view, WM_CONTEXTMENU, reinterpret_cast<WPARAM>(view), MAKELPARAM(5, 5));
@@ -218,30 +217,30 @@ TEST_F(MainWindowTest, RightButtonAndMenuKeyAskForThePopUp) {
 
 TEST_F(MainWindowTest, TheFocusOfTheViewIsToldAndCanBeSentOn) {
   window_.Start(SW_SHOW);
-  events_.on_focus = [this] { SetFocus(Child(TB_Status)); };
-  SetFocus(Child(RTB_MainView));
+  events_.on_focus = [this] { SetFocus(Child(id::TB_Status)); };
+  SetFocus(Child(id::RTB_MainView));
   EXPECT_EQ(events_.focuses, 1);
-  EXPECT_EQ(GetFocus(), Child(TB_Status));
+  EXPECT_EQ(GetFocus(), Child(id::TB_Status));
 }
 
 TEST_F(MainWindowTest, ATextOfTheLogicIsSeenAtOnceWithAllThatWaitsToBePainted) {
   window_.Start(SW_SHOW);
   loop_.YieldToEvents();
-  InvalidateRect(Child(Bt_Connect), nullptr, TRUE);
-  ASSERT_TRUE(GetUpdateRect(Child(Bt_Connect), nullptr, FALSE));
-  StatusOf(window_.Face()).Text(u"通信初期処理中");
-  EXPECT_FALSE(GetUpdateRect(Child(TB_Status), nullptr, FALSE));
-  EXPECT_FALSE(GetUpdateRect(Child(Bt_Connect), nullptr, FALSE));
+  InvalidateRect(Child(id::Bt_Connect), nullptr, TRUE);
+  ASSERT_TRUE(GetUpdateRect(Child(id::Bt_Connect), nullptr, FALSE));
+  window_.Face().TB_Status.Text(u"通信初期処理中");
+  EXPECT_FALSE(GetUpdateRect(Child(id::TB_Status), nullptr, FALSE));
+  EXPECT_FALSE(GetUpdateRect(Child(id::Bt_Connect), nullptr, FALSE));
 }
 
 TEST_F(MainWindowTest, UnloadedFormsAreGone) {
   workers_.FormBG_29.Enabled(true);
-  OtherFormsOf(window_.Face()).Unload(OtherForm::FormBG_29);
+  window_.Face().other_forms.Unload(OtherForm::FormBG_29);
   EXPECT_FALSE(workers_.FormBG_29.Enabled());
-  OtherFormsOf(window_.Face()).Unload(OtherForm::Form2);
+  window_.Face().other_forms.Unload(OtherForm::Form2);
   EXPECT_EQ(splash_.Hwnd(), nullptr);
-  OtherFormsOf(window_.Face()).Unload(OtherForm::Form2);
-  OtherFormsOf(window_.Face()).Unload(OtherForm::FormHelp);
+  window_.Face().other_forms.Unload(OtherForm::Form2);
+  window_.Face().other_forms.Unload(OtherForm::FormHelp);
 }
 
 TEST_F(MainWindowTest, NothingIsClippedOrLiesOverAnotherAtTheSmallestSize) {
@@ -290,10 +289,10 @@ TEST_F(MainWindowTest, TheViewTakesWhatALargerWindowGives) {
   const int height = dpi.Pixels(500);
   SetWindowPos(window_.Hwnd(), nullptr, 0, 0, width, height, SWP_NOMOVE | SWP_NOZORDER);
   RECT small{};
-  GetClientRect(Child(RTB_MainView), &small);
+  GetClientRect(Child(id::RTB_MainView), &small);
   SetWindowPos(window_.Hwnd(), nullptr, 0, 0, width + 100, height + 200, SWP_NOMOVE | SWP_NOZORDER);
   RECT large{};
-  GetClientRect(Child(RTB_MainView), &large);
+  GetClientRect(Child(id::RTB_MainView), &large);
   EXPECT_EQ(large.right - small.right, 100);
   EXPECT_EQ(large.bottom - small.bottom, 200);
 }
@@ -302,7 +301,8 @@ TEST_F(MainWindowTest, ControlsThatMoveAreSeenWhole) {
   window_.Start(SW_SHOW);
   loop_.YieldToEvents();
   RedrawWindow(window_.Hwnd(), nullptr, nullptr, RDW_UPDATENOW | RDW_ALLCHILDREN);
-  const int controls[] = {Bt_Connect, Bt_Disconnect, Bt_SaveFile, Bt_ViewClear, Lb_Status};
+  const int controls[] = {id::Bt_Connect, id::Bt_Disconnect, id::Bt_SaveFile, id::Bt_ViewClear,
+                          id::Lb_Status};
   std::vector<WindowPicture> before;
   for (const int id : controls) before.emplace_back(Child(id));
   // By half a button, by more than one, and back.

@@ -48,13 +48,6 @@ class RecordedEvents final : public Form1Events {
   bool refuse = false;
 };
 
-// Parts of the main window's face, for tests that include resource.h behind this: its names are
-// also the names of these members.
-inline RichTextView& ViewOf(const MainWindow& face) { return face.RTB_MainView; }
-inline ComboBox& ComboBoxOf(const MainWindow& face) { return face.Cmb_Serect_Device; }
-inline TextBox& StatusOf(const MainWindow& face) { return face.TB_Status; }
-inline OtherForms& OtherFormsOf(const MainWindow& face) { return face.other_forms; }
-
 /// What the program makes at its start, the main window still without its parts.
 class ProgramWindows {
  protected:

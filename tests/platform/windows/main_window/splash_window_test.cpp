@@ -1,21 +1,10 @@
 #include "platform/windows/main_window/splash_window.h"
 
 #include <gtest/gtest.h>
+#include <tolvane_control_ids.h>
 
 #include "platform/windows/system/text.h"
 #include "tests/platform/windows/window_picture.h"
-
-namespace tolvane::platform::windows {
-namespace {
-
-// Before resource.h: its name is also the name of this member.
-void ShowPhase(Splash& splash, StringView text) { splash.Lb_msg(text); }
-
-}  // namespace
-}  // namespace tolvane::platform::windows
-
-// Last, see there.
-#include "platform/windows/resources/resource.h"
 
 namespace tolvane::platform::windows {
 namespace {
@@ -41,11 +30,11 @@ class SplashTest : public testing::Test {
 
 TEST_F(SplashTest, ShowsThePhaseUntilItMakesWay) {
   EXPECT_FALSE(IsWindowVisible(splash_.Hwnd()));
-  ShowPhase(splash_, u"デバイスの初期処理中");
+  splash_.Lb_msg(u"デバイスの初期処理中");
   splash_.Visible(true);
   EXPECT_TRUE(IsWindowVisible(splash_.Hwnd()));
-  EXPECT_EQ(WindowText(GetDlgItem(splash_.Hwnd(), Lb_msg)), u"デバイスの初期処理中");
-  EXPECT_EQ(WindowText(GetDlgItem(splash_.Hwnd(), Lb_Splash_Title)), u"Tolvane");
+  EXPECT_EQ(WindowText(GetDlgItem(splash_.Hwnd(), id::Lb_msg)), u"デバイスの初期処理中");
+  EXPECT_EQ(WindowText(GetDlgItem(splash_.Hwnd(), id::Lb_Splash_Title)), u"Tolvane");
   EXPECT_TRUE(WindowPicture(splash_.Hwnd()).Save(u"splash"));
   splash_.MakeWay();
   EXPECT_TRUE(IsWindowVisible(splash_.Hwnd())) << "nobody told it to go";
@@ -72,8 +61,8 @@ TEST_F(SplashTest, DoesNotCloseByTheKeyboard) {
 }
 
 TEST_F(SplashTest, ProgressUncoversTheTrackFromTheLeft) {
-  const HWND track = GetDlgItem(splash_.Hwnd(), Pic_ProgressBar_0);
-  const HWND cover = GetDlgItem(track, Pic_ProgressBar_1);
+  const HWND track = GetDlgItem(splash_.Hwnd(), id::Pic_ProgressBar_0);
+  const HWND cover = GetDlgItem(track, id::Pic_ProgressBar_1);
   RECT bounds{};
   GetClientRect(track, &bounds);
   for (const double fraction : {0.0, 0.15, 0.45, 1.0}) {

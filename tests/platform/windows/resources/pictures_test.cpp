@@ -1,20 +1,20 @@
 // Which picture stands where, and what is on it.
 #include <gtest/gtest.h>
 
+#include <tolvane_control_ids.h>
 #include <algorithm>
 #include <set>
 #include <vector>
 
 #include "tests/platform/windows/all_windows_bed.h"
 #include "tests/platform/windows/resources/icon_pixels.h"
-// Last, see there.
-#include "platform/windows/resources/resource.h"
 
 namespace tolvane::platform::windows {
 namespace {
 
-constexpr int kAllPictures[] = {ICON_TOLVANE, ICON_CAUTION,   ICON_SPLASH,         PICTURE_OK,
-                                PICTURE_HELP, PICTURE_FOLDER, PICTURE_FOLDER_PATH, PICTURE_LINK};
+constexpr int kAllPictures[] = {id::ICON_TOLVANE,        id::ICON_CAUTION, id::ICON_SPLASH,
+                                id::PICTURE_OK,          id::PICTURE_HELP, id::PICTURE_FOLDER,
+                                id::PICTURE_FOLDER_PATH, id::PICTURE_LINK};
 
 std::vector<std::uint32_t> Resource(int picture, int size) {
   const IconHandle icon(static_cast<HICON>(
@@ -54,27 +54,28 @@ class Pictures : public testing::Test {
 };
 
 TEST_F(Pictures, StandInTheWindowsThatTheyAreFor) {
-  EXPECT_EQ(PicturesIn(windows_.Main(), Pic_Caution), std::set{ICON_CAUTION});
-  EXPECT_EQ(PicturesIn(windows_.SplashScreen(), Image1), std::set{ICON_SPLASH});
+  EXPECT_EQ(PicturesIn(windows_.Main(), id::Pic_Caution), std::set{id::ICON_CAUTION});
+  EXPECT_EQ(PicturesIn(windows_.SplashScreen(), id::Image1), std::set{id::ICON_SPLASH});
   EXPECT_EQ(PicturesEqualTo(ClassIcon(windows_.Main()), GetSystemMetrics(SM_CXICON)),
-            std::set{ICON_TOLVANE});
+            std::set{id::ICON_TOLVANE});
   for (int i = 0; i < 3; ++i) {
     const HWND dialog = windows_.OpenSettings(i);
-    EXPECT_EQ(PicturesIn(dialog, Img_Help_Setting), std::set{PICTURE_HELP}) << i;
-    const HWND help = AllWindows::OpenHelp(dialog, Img_Help_Setting);
+    EXPECT_EQ(PicturesIn(dialog, id::Img_Help_Setting), std::set{id::PICTURE_HELP}) << i;
+    const HWND help = AllWindows::OpenHelp(dialog, id::Img_Help_Setting);
     EXPECT_EQ(PicturesEqualTo(ClassIcon(help), GetSystemMetrics(SM_CXICON)),
-              std::set{ICON_TOLVANE});
+              std::set{id::ICON_TOLVANE});
     if (i == 2) {
-      EXPECT_EQ(PicturesIn(dialog, Img_save_folder), std::set{PICTURE_FOLDER});
-      EXPECT_EQ(PicturesIn(dialog, Img_save_folder_path), std::set{PICTURE_FOLDER_PATH});
-      EXPECT_EQ(PicturesIn(dialog, Img_Log_save_folder), std::set{PICTURE_FOLDER});
-      EXPECT_EQ(PicturesIn(dialog, Img_Log_save_folder_path), std::set{PICTURE_FOLDER_PATH});
+      EXPECT_EQ(PicturesIn(dialog, id::Img_save_folder), std::set{id::PICTURE_FOLDER});
+      EXPECT_EQ(PicturesIn(dialog, id::Img_save_folder_path), std::set{id::PICTURE_FOLDER_PATH});
+      EXPECT_EQ(PicturesIn(dialog, id::Img_Log_save_folder), std::set{id::PICTURE_FOLDER});
+      EXPECT_EQ(PicturesIn(dialog, id::Img_Log_save_folder_path),
+                std::set{id::PICTURE_FOLDER_PATH});
     }
     AllWindows::Close(dialog);
   }
   const HWND version = windows_.OpenVersion();
-  EXPECT_EQ(PicturesIn(version, Img_OK), std::set{PICTURE_OK});
-  EXPECT_EQ(PicturesIn(version, PicURL), std::set{PICTURE_LINK});
+  EXPECT_EQ(PicturesIn(version, id::Img_OK), std::set{id::PICTURE_OK});
+  EXPECT_EQ(PicturesIn(version, id::PicURL), std::set{id::PICTURE_LINK});
 }
 
 // The areas of a picture that have one flat colour tell which one it is.
@@ -95,14 +96,14 @@ TEST(PictureResources, HaveTheColoursOfWhatTheyShow) {
     int size;
     std::set<std::uint32_t> colours;
     bool has_white_middle;  // letters, in a picture that is otherwise the colour of another one
-  } rows[] = {{ICON_TOLVANE, 64, {kBlue, kFolderFront, kSignalGreen}, false},
-              {ICON_CAUTION, 48, {kSignYellow}, false},
-              {ICON_SPLASH, 96, {kFolderBack, kArrowGreen, kBlue, kGlobe, kTyre}, false},
-              {PICTURE_OK, 56, {kBlue}, false},
-              {PICTURE_HELP, 32, {kBlue}, true},
-              {PICTURE_FOLDER, 32, {kFolderBack, kFolderFront}, false},
-              {PICTURE_FOLDER_PATH, 32, {kArrowGreen, kBlue}, false},
-              {PICTURE_LINK, 40, {kBlue, kFolderFront, kGlobe}, false}};
+  } rows[] = {{id::ICON_TOLVANE, 64, {kBlue, kFolderFront, kSignalGreen}, false},
+              {id::ICON_CAUTION, 48, {kSignYellow}, false},
+              {id::ICON_SPLASH, 96, {kFolderBack, kArrowGreen, kBlue, kGlobe, kTyre}, false},
+              {id::PICTURE_OK, 56, {kBlue}, false},
+              {id::PICTURE_HELP, 32, {kBlue}, true},
+              {id::PICTURE_FOLDER, 32, {kFolderBack, kFolderFront}, false},
+              {id::PICTURE_FOLDER_PATH, 32, {kArrowGreen, kBlue}, false},
+              {id::PICTURE_LINK, 40, {kBlue, kFolderFront, kGlobe}, false}};
   for (const auto& row : rows) {
     const std::vector<std::uint32_t> pixels = Resource(row.picture, row.size);
     ASSERT_FALSE(pixels.empty()) << row.picture;

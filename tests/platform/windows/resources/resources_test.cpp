@@ -3,13 +3,13 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <tolvane_control_ids.h>
 #include <algorithm>
 #include <array>
 #include <cstddef>
 #include <string>
 #include <vector>
 
-#include "platform/windows/resources/resource.h"
 #include "platform/windows/system/file_services.h"
 #include "platform/windows/system/handle.h"
 #include "platform/windows/system/text.h"
@@ -35,41 +35,41 @@ class Resources : public testing::Test {
 };
 
 TEST_F(Resources, MenuBarHasItsTexts) {
-  const MenuHandle menu(LoadMenuW(program_.Get(), MAKEINTRESOURCEW(MENU_MAIN)));
+  const MenuHandle menu(LoadMenuW(program_.Get(), MAKEINTRESOURCEW(id::MENU_MAIN)));
   ASSERT_TRUE(menu);
   EXPECT_EQ(ItemText(menu.Get(), 0, MF_BYPOSITION), u"ファイル(&F)");
   EXPECT_EQ(ItemText(menu.Get(), 1, MF_BYPOSITION), u"ツール(&T)");
   EXPECT_EQ(ItemText(menu.Get(), 2, MF_BYPOSITION), u"ヘルプ(&H)");
-  EXPECT_EQ(ItemText(menu.Get(), menu_file_close, MF_BYCOMMAND), u"終了(&X)");
-  EXPECT_EQ(ItemText(menu.Get(), menu_common_setting, MF_BYCOMMAND), u"共通設定(&S)");
-  EXPECT_EQ(ItemText(menu.Get(), menu_opt_function1, MF_BYCOMMAND), u"拡張機能１");
-  EXPECT_EQ(ItemText(menu.Get(), menu_opt_log1, MF_BYCOMMAND), u"ログ機能");
-  EXPECT_EQ(ItemText(menu.Get(), menu_help_version, MF_BYCOMMAND), u"バージョン情報(&A)");
+  EXPECT_EQ(ItemText(menu.Get(), id::menu_file_close, MF_BYCOMMAND), u"終了(&X)");
+  EXPECT_EQ(ItemText(menu.Get(), id::menu_common_setting, MF_BYCOMMAND), u"共通設定(&S)");
+  EXPECT_EQ(ItemText(menu.Get(), id::menu_opt_function1, MF_BYCOMMAND), u"拡張機能１");
+  EXPECT_EQ(ItemText(menu.Get(), id::menu_opt_log1, MF_BYCOMMAND), u"ログ機能");
+  EXPECT_EQ(ItemText(menu.Get(), id::menu_help_version, MF_BYCOMMAND), u"バージョン情報(&A)");
 }
 
 TEST_F(Resources, PopUpHasItsItemsInOrder) {
-  const MenuHandle menu(LoadMenuW(program_.Get(), MAKEINTRESOURCEW(MENU_VIEW)));
+  const MenuHandle menu(LoadMenuW(program_.Get(), MAKEINTRESOURCEW(id::MENU_VIEW)));
   const HMENU items = GetSubMenu(menu.Get(), 0);
   const struct {
     UINT id;
     StringView text;
-  } rows[] = {{menu_View_All_Copy, u"すべてコピー"},
-              {menu_View_Ctrl_Z, u"元に戻す(&U)"},
+  } rows[] = {{id::menu_View_All_Copy, u"すべてコピー"},
+              {id::menu_View_Ctrl_Z, u"元に戻す(&U)"},
               {0, u""},
-              {menu_View_Ctrl_X, u"切り取り(&T)"},
-              {menu_View_Ctrl_C, u"コピー(&C)"},
-              {menu_View_Ctrl_V, u"貼り付け(&P)"},
-              {menu_View_DEL, u"削除(&D)"},
+              {id::menu_View_Ctrl_X, u"切り取り(&T)"},
+              {id::menu_View_Ctrl_C, u"コピー(&C)"},
+              {id::menu_View_Ctrl_V, u"貼り付け(&P)"},
+              {id::menu_View_DEL, u"削除(&D)"},
               {0, u""},
-              {menu_View_Text_Red, u"赤字"},
-              {menu_View_Text_Blue, u"青字"},
-              {menu_View_Text_Black, u"黒字"},
-              {menu_View_Marker_Pink, u"マーカー ピンク"},
-              {menu_View_Marker_Yellow, u"マーカー 黄"},
-              {menu_View_Marker_black, u"マーカー 黒"},
-              {menu_View_Marker_white, u"マーカー 白"},
+              {id::menu_View_Text_Red, u"赤字"},
+              {id::menu_View_Text_Blue, u"青字"},
+              {id::menu_View_Text_Black, u"黒字"},
+              {id::menu_View_Marker_Pink, u"マーカー ピンク"},
+              {id::menu_View_Marker_Yellow, u"マーカー 黄"},
+              {id::menu_View_Marker_black, u"マーカー 黒"},
+              {id::menu_View_Marker_white, u"マーカー 白"},
               {0, u""},
-              {menu_View_Date, u"日時を挿入"}};
+              {id::menu_View_Date, u"日時を挿入"}};
   ASSERT_EQ(GetMenuItemCount(items), static_cast<int>(std::size(rows)));
   for (UINT place = 0; place < std::size(rows); ++place) {
     EXPECT_EQ(GetMenuItemID(items, static_cast<int>(place)), rows[place].id) << place;
@@ -166,7 +166,7 @@ TEST(VersionResource, OfTheProgramAndItsLibraryTellsTheSameVersion) {
 
 TEST_F(Resources, ManifestTellsTheVersionToo) {
   const HRSRC manifest =
-      FindResourceW(program_.Get(), MAKEINTRESOURCEW(TOLVANE_MANIFEST), RT_MANIFEST);
+      FindResourceW(program_.Get(), MAKEINTRESOURCEW(id::TOLVANE_MANIFEST), RT_MANIFEST);
   ASSERT_NE(manifest, nullptr);
   const auto* text = static_cast<const char*>(LockResource(LoadResource(program_.Get(), manifest)));
   EXPECT_THAT(std::string(text, SizeofResource(program_.Get(), manifest)),
@@ -174,7 +174,7 @@ TEST_F(Resources, ManifestTellsTheVersionToo) {
 }
 
 TEST_F(Resources, IconsComeInTheSizesOfEachResolution) {
-  for (const int id : {ICON_TOLVANE, ICON_CAUTION, ICON_SPLASH}) {
+  for (const int id : {id::ICON_TOLVANE, id::ICON_CAUTION, id::ICON_SPLASH}) {
     const HRSRC group = FindResourceW(program_.Get(), MAKEINTRESOURCEW(id), RT_GROUP_ICON);
     ASSERT_NE(group, nullptr) << id;
     const auto* header =

@@ -9,8 +9,7 @@
 #include "tests/platform/windows/all_windows_bed.h"
 
 #include <oleacc.h>
-// Last, see there.
-#include "platform/windows/resources/resource.h"
+#include <tolvane_control_ids.h>
 
 namespace tolvane::platform::windows {
 namespace {
@@ -169,20 +168,20 @@ class ScreenReader : public testing::Test {
 TEST_F(ScreenReader, FindsANameAtEveryControlOfEveryWindow) {
   AllWindows windows;
   ASSERT_TRUE(windows.Made());
-  ShowWindow(GetDlgItem(windows.Main(), Pic_Caution), SW_SHOWNA);
+  ShowWindow(GetDlgItem(windows.Main(), id::Pic_Caution), SW_SHOWNA);
   ExpectNames(windows.Main());
-  EXPECT_EQ(NameOf(GetDlgItem(windows.Main(), RTB_MainView)), L"受信画面");
+  EXPECT_EQ(NameOf(GetDlgItem(windows.Main(), id::RTB_MainView)), L"受信画面");
   EXPECT_EQ(NameOf(FindWindowExW(windows.Main(), nullptr, LiveSurface::kClassName, nullptr)),
             L"受信画面");
   ExpectNames(windows.OpenVersion());
   // The pictures next to a box do the same.
-  const std::set<int> pictures{Img_save_folder, Img_save_folder_path, Img_Log_save_folder,
-                               Img_Log_save_folder_path};
+  const std::set<int> pictures{id::Img_save_folder, id::Img_save_folder_path,
+                               id::Img_Log_save_folder, id::Img_Log_save_folder_path};
   for (int i = 0; i < 3; ++i) {
     SCOPED_TRACE(i);
     const HWND dialog = windows.OpenSettings(i);
     ExpectNames(dialog, pictures);
-    ExpectNames(AllWindows::OpenHelp(dialog, Img_Help_Setting));
+    ExpectNames(AllWindows::OpenHelp(dialog, id::Img_Help_Setting));
     AllWindows::Close(dialog);
   }
 }
@@ -190,9 +189,9 @@ TEST_F(ScreenReader, FindsANameAtEveryControlOfEveryWindow) {
 TEST_F(ScreenReader, TellsTheRowsOfATableApart) {
   AllWindows windows;
   const HWND dialog = windows.OpenSettings(1);
-  EXPECT_EQ(NameOf(GetDlgItem(dialog, CB_DisableID_0)), L"1行目の除外");
-  EXPECT_EQ(NameOf(GetDlgItem(dialog, TB_DisableID_End_7)), L"8行目の除外の末尾のCAN ID");
-  EXPECT_EQ(NameOf(GetDlgItem(dialog, Bt_MarkerColor_Dialog_2)), L"3行目のマーカーの色");
+  EXPECT_EQ(NameOf(GetDlgItem(dialog, id::CB_DisableID_0)), L"1行目の除外");
+  EXPECT_EQ(NameOf(GetDlgItem(dialog, id::TB_DisableID_End_7)), L"8行目の除外の末尾のCAN ID");
+  EXPECT_EQ(NameOf(GetDlgItem(dialog, id::Bt_MarkerColor_Dialog_2)), L"3行目のマーカーの色");
   AllWindows::Close(dialog);
 }
 
@@ -203,13 +202,13 @@ TEST_F(ScreenReader, FindsPushButtonsInPicturesThatCanBePressed) {
     return role != service_.roles.end() && role->second == ROLE_SYSTEM_PUSHBUTTON;
   };
   const HWND dialog = windows.OpenSettings(2);
-  for (const int id : {Img_Help_Setting, Img_save_folder, Img_Log_save_folder_path}) {
+  for (const int id : {id::Img_Help_Setting, id::Img_save_folder, id::Img_Log_save_folder_path}) {
     EXPECT_TRUE(is_button(dialog, id)) << id;
   }
   AllWindows::Close(dialog);
   const HWND version = windows.OpenVersion();
-  EXPECT_TRUE(is_button(version, PicURL));
-  EXPECT_TRUE(is_button(version, Lb_OK));
+  EXPECT_TRUE(is_button(version, id::PicURL));
+  EXPECT_TRUE(is_button(version, id::Lb_OK));
 }
 
 TEST_F(ScreenReader, KeepsNothingOfAWindowThatIsGone) {
@@ -220,7 +219,7 @@ TEST_F(ScreenReader, KeepsNothingOfAWindowThatIsGone) {
     const HWND dialog = windows.OpenSettings(1);
     const std::size_t of_both = service_.names.size();
     EXPECT_GT(of_both, of_main);
-    AllWindows::OpenHelp(dialog, Img_Help_Setting);
+    AllWindows::OpenHelp(dialog, id::Img_Help_Setting);
     EXPECT_GT(service_.names.size(), of_both);
     windows.Dialogs().Unload(OtherForm::FormHelp);
     EXPECT_EQ(service_.names.size(), of_both);

@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <tolvane_control_ids.h>
 #include <iterator>
 
 #include "platform/windows/dialogs/formhelp_window.h"
@@ -9,8 +10,6 @@
 #include "platform/windows/system/file_services.h"
 #include "platform/windows/system/shell.h"
 #include "platform/windows/system/text.h"
-// Last, see there.
-#include "platform/windows/resources/resource.h"
 
 namespace tolvane::platform::windows {
 namespace {
@@ -53,11 +52,11 @@ TEST(ToolTips, OfTheCautionAndOfTheProtocolWithItsLabel) {
   const struct {
     int id;
     StringView tip;
-  } rows[] = {{Pic_Caution,
+  } rows[] = {{id::Pic_Caution,
                u"接続中にウィンドウを動かしたり、メニューバーを操作すると、受信が途絶します。"},
-              {TB_Protocol, protocol},
-              {Lb_Protocol, protocol},
-              {TB_Status, u""}};
+              {id::TB_Protocol, protocol},
+              {id::Lb_Protocol, protocol},
+              {id::TB_Status, u""}};
   for (const auto& row : rows) {
     EXPECT_EQ(TipOf(tool_tips, window.Hwnd(), row.id), row.tip) << row.id;
   }
@@ -80,13 +79,14 @@ TEST(ToolTips, OfTheDropTargetsOfTheLogSettings) {
   dialog.Show();
   const HWND tool_tips = ToolTipsOf(dialog.Hwnd());
   ASSERT_NE(tool_tips, nullptr);
-  for (const int id : {Img_save_folder, Img_save_folder_path, TB_SaveFilePath, Img_Log_save_folder,
-                       Img_Log_save_folder_path, TB_LogSaveFilePath}) {
+  for (const int id :
+       {id::Img_save_folder, id::Img_save_folder_path, id::TB_SaveFilePath, id::Img_Log_save_folder,
+        id::Img_Log_save_folder_path, id::TB_LogSaveFilePath}) {
     EXPECT_EQ(TipOf(tool_tips, dialog.Hwnd(), id),
               u"保存先のフォルダをドラッグ＆ドロップしてください")
         << id;
   }
-  EXPECT_EQ(TipOf(tool_tips, dialog.Hwnd(), Img_Help_Setting), u"");
+  EXPECT_EQ(TipOf(tool_tips, dialog.Hwnd(), id::Img_Help_Setting), u"");
   dialog.Unload();
   DestroyWindow(owner);
 }
