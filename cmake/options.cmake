@@ -61,12 +61,21 @@ if(TOLVANE_FUZZ)
   target_link_options(tolvane_options INTERFACE -fsanitize=fuzzer-no-link)
 endif()
 
-# Half of the time of compiling goes into reading these headers, so all libraries share one reading of them.
-# Files include what they use all the same: CMAKE_DISABLE_PRECOMPILE_HEADERS builds them without.
-add_library(tolvane_standard_headers OBJECT "${CMAKE_CURRENT_LIST_DIR}/standard_headers.cpp")
-target_link_libraries(tolvane_standard_headers PRIVATE tolvane_options)
-target_precompile_headers(tolvane_standard_headers PRIVATE <algorithm> <array> <functional> <optional> <string>
-                          <string_view> <vector>)
+# Half of the time of compiling one file goes into reading these headers, so all libraries share one reading of
+# them. The scripts, which compile the files of a target together (CMAKE_UNITY_BUILD), do without it: with it the
+# program differs from build to build.
+if(NOT CMAKE_UNITY_BUILD)
+  add_library(tolvane_standard_headers OBJECT "${CMAKE_CURRENT_LIST_DIR}/standard_headers.cpp")
+  target_link_libraries(tolvane_standard_headers PRIVATE tolvane_options)
+  target_precompile_headers(tolvane_standard_headers PRIVATE <algorithm> <array> <functional> <optional> <string>
+                            <string_view> <vector>)
+endif()
+
+# tolvane_alone(FILES...): files that are never compiled together with others of their target, as names of their
+# own are a neighbour's names too.
+function(tolvane_alone)
+  set_source_files_properties(${ARGN} PROPERTIES SKIP_UNITY_BUILD_INCLUSION ON)
+endfunction()
 
 # tolvane_library(name SOURCES ... USES ...): a static library that sees the contracts of src/platform.
 function(tolvane_library name)
@@ -74,7 +83,9 @@ function(tolvane_library name)
   add_library(${name} STATIC ${arg_SOURCES})
   target_include_directories(${name} PUBLIC "${CMAKE_SOURCE_DIR}/src")
   target_link_libraries(${name} PUBLIC ${arg_USES} PRIVATE tolvane_options)
-  target_precompile_headers(${name} REUSE_FROM tolvane_standard_headers)
+  if(TARGET tolvane_standard_headers)
+    target_precompile_headers(${name} REUSE_FROM tolvane_standard_headers)
+  endif()
 endfunction()
 
 # The target `program` is what scripts/build leaves behind: the program's folder and, beside it, the

@@ -32,8 +32,7 @@ else()
   target_compile_options(tolvane_test_options INTERFACE -O0 -g1)
 endif()
 
-# Most of what is left goes into reading these headers, so all tests share one reading of them. Files
-# include what they use all the same: CMAKE_DISABLE_PRECOMPILE_HEADERS builds them without.
+# Most of what is left goes into reading these headers, so all tests share one reading of them.
 add_library(tolvane_test_headers OBJECT "${CMAKE_SOURCE_DIR}/tests/test_headers.cpp")
 target_link_libraries(tolvane_test_headers PRIVATE tolvane_test_options)
 target_precompile_headers(tolvane_test_headers PRIVATE <gtest/gtest.h> <filesystem> <fstream>)
@@ -51,6 +50,14 @@ function(tolvane_test name)
                                   $<TARGET_FILE:${name}>)
   else()
     gtest_discover_tests(${name} DISCOVERY_TIMEOUT 60)
+  endif()
+endfunction()
+
+# tolvane_uses_desktop(TESTS...): tests with windows, a clipboard or servers of the one desktop that there is, which
+# do not run beside each other.
+function(tolvane_uses_desktop)
+  if(WIN32)
+    set_tests_properties(${ARGN} PROPERTIES RESOURCE_LOCK desktop)
   endif()
 endfunction()
 

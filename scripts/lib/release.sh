@@ -3,7 +3,7 @@
 # Everything is built in separate folders. The ordinary build folders may contain leftovers of earlier builds,
 # objects of a compiler cache and a developer's own flags, so their program may differ from that of the commit.
 # shellcheck shell=bash
-: "${build:?common.sh comes first}" "${root:?}" "${files:?}" "${seconds:?}"
+: "${build:?common.sh comes first}" "${root:?}" "${files:?}" "${seconds:?}" "${compile_together:?compile.sh}"
 
 release_files="Tolvane.exe qxt100.dll"
 
@@ -18,7 +18,8 @@ release_folder() { echo "tolvane-$(cat "$build/release-windows-$1/product/versio
 release_build() {
   local arch=$1 folder=$build/release-windows-$1
   rm -rf "$folder"
-  (cd "$root" && quietly "$folder-configure.log" unswayed cmake --preset "windows-$arch" -B "$folder") &&
+  (cd "$root" && quietly "$folder-configure.log" unswayed cmake --preset "windows-$arch" -B "$folder" \
+    "${compile_together[@]}") &&
     quietly "$folder-build.log" unswayed cmake --build "$folder" --target tolvane qxt100
 }
 
