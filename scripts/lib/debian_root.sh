@@ -98,11 +98,22 @@ debian_root_install() {
 # runs a command in the root as root, or as the user, with the given paths mounted at the same place. The status
 # is that of the command. Afterwards nothing runs or is mounted there any more, even when the script ends early.
 debian_root_enter() {
-  local namespaces=(--mount --pid --fork --kill-child) user=0:0 paths=() folder code=0
+  local code=0
+  debian_root_start "$@"
+  wait "$debian_root_process" || code=$?
+  debian_root_leave
+  return "$code"
+}
+
+# debian_root_start [--number FILE] and as above: does not wait for the command. debian_root_leave ends it. The
+# file gets the number of a process for debian_root_join.
+debian_root_start() {
+  local namespaces=(--mount --pid --fork --kill-child) user=0:0 number=/dev/null paths=() folder
   while [[ $1 == --* ]]; do
     case $1 in
       --offline) namespaces+=(--net) ;;
       --user) user=$2; shift ;;
+      --number) number=$2; shift ;;
       --bind) paths+=("$2"); shift ;;
     esac
     shift
@@ -113,12 +124,16 @@ debian_root_enter() {
   as_root unshare --mount --propagation private true 2>/dev/null || namespaces+=(--propagation unchanged)
   # The root lives as long as this script holds the other end of its standard input.
   exec {debian_root_hold}> >(exec "${debian_root_rights[@]}" unshare "${namespaces[@]}" \
-    "$root/scripts/lib/debian-root-init" "$folder" "$user" "${paths[@]}" -- "$@")
+    "$root/scripts/lib/debian-root-init" "$folder" "$user" "$number" "${paths[@]}" -- "$@")
   debian_root_process=$! debian_root_entered=$folder
   at_exit debian_root_leave
-  wait "$debian_root_process" || code=$?
-  debian_root_leave
-  return "$code"
+}
+
+# debian_root_join NUMBER USER[:GROUP] FOLDER [NAME=VALUE...] COMMAND ARGS: runs a command in a root that another
+# script has started, beside what runs there.
+debian_root_join() {
+  as_root nsenter --target "$1" --mount --pid setpriv --pdeathsig KILL \
+    chroot --userspec="$2" "$3" /usr/bin/env -i "${@:4}" </dev/null
 }
 
 debian_root_leave() {

@@ -105,6 +105,13 @@ wine_session() {
   fi
 }
 
+# wine_stay: Wine's own services run until the script ends. Otherwise each program starts them and leaves them its
+# standard output, so that whoever reads that waits two seconds longer for its end.
+wine_stay() {
+  # shellcheck disable=SC2034 # it ends with its input, thus with the script
+  exec {wine_service}> >(wine cmd.exe >/dev/null 2>&1)
+}
+
 # wine_take_lock [--shared]: a session that ends has the prefix alone for a moment, one that makes it for ten
 # seconds.
 wine_take_lock() { lock_take 2 "$wine_lock" "$WINEPREFIX.lock" "has the Wine prefix to itself" "$@"; }

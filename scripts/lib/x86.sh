@@ -67,12 +67,46 @@ x86_root_anew() {
 
 x86_reason() { first_complaint "$x86_log"; }
 
-# x86_enter [NAME=VALUE...] COMMAND ARGS: runs a command in the root, as the user who calls. The project's
-# folder and the X server's sockets stand there under their own names.
+# x86_enter [NAME=VALUE...] COMMAND ARGS: runs a command in the root, as the user who calls.
 x86_enter() {
-  local paths=(--bind "$root") home=/tmp
-  [ ! -d /tmp/.X11-unix ] || paths+=(--bind /tmp/.X11-unix)
+  x86_describe
+  if [ -n "${TOLVANE_X86_ROOT:-}" ]; then
+    debian_root_join "$TOLVANE_X86_ROOT" "$x86_user" "$x86_root" "${x86_environment[@]}" "$@"
+  else
+    debian_root_enter "${x86_entry[@]}" "$x86_root" "${x86_environment[@]}" "$@"
+  fi
+}
+
+# x86_stay: enters the root and starts Wine's services there. Until x86_leave, or the script's end, x86_enter joins
+# them: to start a Wine of its own costs each program seconds.
+x86_stay() {
+  local number=$build/x86-root.process
+  rm -f "$number"
+  x86_describe
+  # A script text for the inner shell.
+  # shellcheck disable=SC2016
+  debian_root_start --number "$number" "${x86_entry[@]}" "$x86_root" "${x86_environment[@]}" \
+    sh -c 'sleep infinity | "$0" cmd.exe' "$root/scripts/lib/wine-run" >/dev/null 2>&1
+  until [ -s "$number" ]; do
+    kill -0 "$debian_root_process" || return
+    sleep 0.1
+  done
+  TOLVANE_X86_ROOT=$(cat "$number")
+  export TOLVANE_X86_ROOT
+}
+
+x86_leave() {
+  debian_root_leave
+  unset TOLVANE_X86_ROOT
+}
+
+# x86_describe: the project's folder and the X server's sockets stand in the root under their own names.
+x86_describe() {
+  local home=/tmp
+  x86_user=$(id -u):$(id -g)
   [ "$(id -u)" -ne 0 ] || home=/root
-  debian_root_enter --user "$(id -u):$(id -g)" "${paths[@]}" "$x86_root" PATH="$debian_root_path" \
-    HOME="$home" DISPLAY="${DISPLAY:-}" "$@"
+  x86_entry=(--user "$x86_user" --bind "$root")
+  [ ! -d /tmp/.X11-unix ] || x86_entry+=(--bind /tmp/.X11-unix)
+  x86_environment=(PATH="$debian_root_path" HOME="$home" DISPLAY="${DISPLAY:-}" WINEARCH=win32
+    TOLVANE_WINE_PREFIX="$build/wine-prefix-x86")
 }
