@@ -148,6 +148,8 @@ TEST_F(SpreadsheetRun, AServerThatDoesNotQuitIsToldAndLetGo) {
   Connect({[&] { memory_.automation.FailAt(quit); }});
   const auto& boxes = memory_.message_box.Boxes();
   ASSERT_THAT(boxes, SizeIs(1));
+  EXPECT_EQ(boxes[0].kind, platform::memory::MessageBox::Kind::kCritical);
+  EXPECT_EQ(boxes[0].title, u"Tolvane Ver1.23");
   EXPECT_EQ(boxes[0].text, u"ログ出力用の表計算ソフトを正常に終了できませんでした。");
   EXPECT_EQ(form_.objExcel, nullptr);
   EXPECT_EQ(memory_.automation.LiveObjects(), 0);
