@@ -143,12 +143,10 @@ TEST_F(CsvLog, RecordsGoOnInTheOtherChannelAndComeBackToTheFirst) {
 
 TEST_F(CsvLog29, ZerosOfChannelTwoLandInChannelOne) {
   db.csv_DataInput29(0.0, 0x1FFFFFFF, 0, kBytes, 1);
-  Flush(1);
-  db.Excel_DB_ArayyCh = 2;
+  RollOverNow();
   db.csv_DataInput29(1.0, 1, 1, kBytes, 1);
   db.csv_DataInput29(2.0, 0x100, 0, kBytes, 0);
-  Flush(2);
-  db.Excel_DB_ArayyCh = 1;
+  RollOverNow();
   db.csv_DataInput29(3.0, 0x10, 0, kBytes, 1);
   Flush(1);
   EXPECT_TRUE(SameBytes(LogBytes(u"002"), kHead + kColumns29 +

@@ -59,8 +59,8 @@ TEST_F(WorkbookRecords, AWrittenTableIsBlankAgain) {
 TEST_F(WorkbookRecords, AFailedFlushLeavesTheStarOfAnExtendedFrame) {
   db.Excel_DataInput29(1.0, 0x100, 8, kBytes, 1);
   servers.FailAt(1);
-  FlushWorkbook(1);
-  db.Excel_DB_ArayyCounter = 0;
+  RollOverNow(objExcel.get());
+  RollOverNow(objExcel.get());
   db.Excel_DataInput29(2.0, 0x200, 1, kBytes, 0);
   FlushWorkbook(1);
   EXPECT_EQ(Cell(0, 0), u"2");
