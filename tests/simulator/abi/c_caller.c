@@ -93,8 +93,9 @@ const char* DriveIfcan(void* module) {
   EXPECT(handle != -1);
   CALL(status = CanGetPortInformation(handle, information));
   EXPECT(status == 0);
-  EXPECT(information[0] == 36);
-  EXPECT(information[7] == 2);
+  EXPECT(information[0] == 100 && information[1] == 101 && information[2] == 102);
+  EXPECT(information[3] == 103 && information[4] == 104 && information[5] == 105);
+  EXPECT(information[6] == 106 && information[7] == 107 && information[8] == 108);
   CALL(status = CanGetConfig(handle, config));
   EXPECT(status == 0);
   EXPECT(config[1] == 11 && config[5] == 15);
@@ -154,7 +155,7 @@ const char* DriveCanlib(void* module) {
   CALL(status = canGetChannelData(handle, 13, name, sizeof name));
   EXPECT(status == 0);
   EXPECT(strcmp(name, "the first") == 0);
-  CALL(status = canSetBusParams(handle, -2, 5, 2, 1, 1, 0));
+  CALL(status = canSetBusParams(handle, -2, 5, 2, 1, 3, 0));
   EXPECT(status == 0);
   CALL(status = canSetBusOutputControl(handle, 1));
   EXPECT(status == 0);

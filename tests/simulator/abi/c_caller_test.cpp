@@ -42,7 +42,9 @@ TEST_F(CallsFromC, FitCanusbdrv) {
 
 TEST_F(CallsFromC, FitIFCan) {
   EXPECT_EQ(Fault(DriveIfcan, SimulatorFolder() / "IFCan.dll",
-                  "[interface 3]\nconfig=0,11,12,13,14,15,39\nchannel=2\n"),
+                  "[interface 3]\nconfig=0,11,12,13,14,15,39\nstruct_length=100\nvendor=101\n"
+                  "device=102\nsubsystem=103\nrevision=104\nboard=105\nmodel=106\nchannel=107\n"
+                  "physical_layer=108\n"),
             "");
   EXPECT_NE(Report().find(", 1, 11, 12, 13, 14, 15, 295) = 0\n"), std::string::npos) << Report();
 }
@@ -50,7 +52,7 @@ TEST_F(CallsFromC, FitIFCan) {
 TEST_F(CallsFromC, FitCanlib32) {
   EXPECT_EQ(Fault(DriveCanlib, SimulatorFolder() / "canlib32.dll", "[kvaser 0]\nname=the first\n"),
             "");
-  EXPECT_NE(Report().find("canSetBusParams(0, -2, 5, 2, 1, 1, 0) = 0\n"), std::string::npos)
+  EXPECT_NE(Report().find("canSetBusParams(0, -2, 5, 2, 1, 3, 0) = 0\n"), std::string::npos)
       << Report();
   EXPECT_NE(Report().find("canSetBusOutputControl(0, 1) = 0\n"), std::string::npos) << Report();
 }
