@@ -206,6 +206,7 @@ TEST_F(SimulatedLibrary, CanusbdrvWritesIntoTheProgramsOwnBuffers) {
   version.fill('?');
   std::string rate = "500";
   const std::int32_t handle = library.canusb_Open("LONGER-ONE", rate, 0, -1, 1);
+  EXPECT_EQ(rate, "500 kbit/s");
   EXPECT_EQ(library.canusb_VersionInfo(handle, version), 1);
   EXPECT_EQ(Shown(version), "V5/" + std::string(61, '?'));
   library.canusb_Close(handle);
