@@ -24,6 +24,15 @@ class WorkerTimer : public testing::Test {
     EXPECT_TRUE(PumpUntil(loop_, [&ticks] { return ticks >= 3; }));
   }
 
+  /// Returns once the thread's queue has a tick, outside of any yield.
+  static void AwaitDueTick() {
+    const ULONGLONG deadline = GetTickCount64() + 5000;
+    MSG message;
+    while (!PeekMessageW(&message, nullptr, WM_TIMER, WM_TIMER, PM_NOREMOVE)) {
+      ASSERT_LT(GetTickCount64(), deadline) << "no tick is due";
+    }
+  }
+
   EventGate gate_;
   WindowsEventLoop loop_{gate_};
   WorkerWindow timer_{gate_, GetModuleHandleW(nullptr), kInterval};
@@ -41,10 +50,7 @@ TEST_F(WorkerTimer, StartsDisabledAndThenTicksAgainAndAgain) {
 
 TEST_F(WorkerTimer, DisabledDropsTheTickThatIsDue) {
   timer_.Enabled(true);
-  // The tick becomes due outside of any yield.
-  const ULONGLONG due = GetTickCount64() + 3 * kInterval;
-  while (GetTickCount64() < due) {
-  }
+  ASSERT_NO_FATAL_FAILURE(AwaitDueTick());
   timer_.Enabled(false);
   PumpWhileAnotherTicks();
   EXPECT_EQ(ticks_, 0);
@@ -52,9 +58,7 @@ TEST_F(WorkerTimer, DisabledDropsTheTickThatIsDue) {
 
 TEST_F(WorkerTimer, EnablingAgainStartsAWholeNewPeriod) {
   timer_.Enabled(true);
-  const ULONGLONG due = GetTickCount64() + 3 * kInterval;
-  while (GetTickCount64() < due) {
-  }
+  ASSERT_NO_FATAL_FAILURE(AwaitDueTick());
   timer_.Enabled(false);
   timer_.Enabled(true);
   loop_.YieldToEvents();
