@@ -193,8 +193,13 @@ std::wstring TextOfLine(const DrivenWindow& window, int line) {
   return window.Text(id::TB_ODB_Hard_Version);
 }
 
+std::wstring CardText(const std::wstring& product, const std::wstring& serial,
+                      const std::wstring& firmware) {
+  return L"P/N：" + product + L"  S/N：" + serial + L"  FW：" + firmware;
+}
+/// Of a card of which the bench file says nothing.
 std::wstring CardText(const wchar_t* serial) {
-  return std::wstring(L"P/N：733-01300-09810-7  S/N：") + serial + L"  FW：3.18.0";
+  return CardText(L"733-01300-09810-7", serial, L"3.18.0");
 }
 
 TEST_F(StartOutcome, ListsThreeKindsInOrderWithTheirTexts) {
@@ -203,7 +208,8 @@ TEST_F(StartOutcome, ListsThreeKindsInOrderWithTheirTexts) {
                     "[canusb 2]\nserial = TV700002\nversion = V9.99N9.99\n"
                     "[interface 2]\ndevice = 4852\nsubsystem = 8331\nrevision = 3\nchannel = 2\n"
                     "[interface 5]\ndevice = 1\nphysical_layer = 0\n"
-                    "[kvaser 0]\n[kvaser 1]\n[kvaser 2]\n",
+                    "[kvaser 0]\n[kvaser 1]\nfirmware = 0x0009002300070042\n"
+                    "upc = 0x0041023456078909\n[kvaser 2]\n[kvaser]\nchannels = 5\n",
                     {}));
   const DrivenWindow window = StartReady();
   EXPECT_EQ(window.ListLines(id::Cmb_Serect_Device),
@@ -222,9 +228,11 @@ TEST_F(StartOutcome, ListsThreeKindsInOrderWithTheirTexts) {
   EXPECT_EQ(Utf8(TextOfLine(window, 2)), Utf8(L"Interface PCI-485211 RevID:3 ch:2 高速CAN対応"));
   EXPECT_EQ(TextOfLine(window, 3), L"Interface  RevID:1 ch:1");
   // Each Kvaser line shows the card of the next one, and the last that of the first.
-  EXPECT_EQ(Utf8(TextOfLine(window, 4)), Utf8(CardText(L"10001")));
+  EXPECT_EQ(Utf8(TextOfLine(window, 4)), Utf8(CardText(L"410-23456-07890-9", L"10001", L"9.35.7")));
   EXPECT_EQ(Utf8(TextOfLine(window, 5)), Utf8(CardText(L"10002")));
   EXPECT_EQ(Utf8(TextOfLine(window, 6)), Utf8(CardText(L"10000")));
+  EXPECT_NE(bench_->Report().find("canOpenChannel(4, 128) = -3\n"), std::string::npos)
+      << "a channel that is told, but not there, is tried";
   KeepPicture(window.Handle(), "kvaser");
   EXPECT_EQ(TextOfLine(window, 0), L"V1.02N0.93");
   End(window);
