@@ -1,11 +1,16 @@
 // The surroundings of the real program: libraries next to it, other windows, a system without some
 // part.
+#include <algorithm>
 #include <array>
 #include <list>
+#include <string>
+#include <vector>
 
 #include "tests/window/control_ids.h"
 #include "tests/window/log_fixture.h"
 #include "tools/drive/text.h"
+// After windows.h, which it needs.
+#include <tlhelp32.h>
 
 namespace tolvane::window {
 namespace {
@@ -37,6 +42,12 @@ bool IsWine() {
 constexpr std::array kPlanted{L"uxtheme", L"winmm", L"msftedit"};
 
 TEST_F(Surroundings, NoLibraryBesideTheProgramTakesThePlaceOfOneOfTheSystem) {
+  // A planted library that is loaded tells.
+  const std::filesystem::path loaded = folder_.Path() / L"loaded_here.dll";
+  std::filesystem::copy_file(OwnFolder() / L"tolvane_planted.dll", loaded);
+  EXPECT_EQ(LoadLibraryW(loaded.c_str()), nullptr) << "it refuses";
+  EXPECT_TRUE(std::filesystem::exists(folder_.Path() / L"loaded_here.dll.loaded"));
+
   std::list<LibraryChoice> as_on_windows;
   for (const wchar_t* name : kPlanted) {
     as_on_windows.emplace_back(name, L"native,builtin");
@@ -59,6 +70,29 @@ TEST_F(Surroundings, NoLibraryBesideTheProgramTakesThePlaceOfOneOfTheSystem) {
     EXPECT_FALSE(std::filesystem::exists(folder_.Path() / (std::wstring(name) + L".dll.loaded")))
         << Utf8(name);
   }
+}
+
+/// The names of the libraries that a process has loaded.
+std::vector<std::wstring> LoadedLibraries(DWORD process) {
+  std::vector<std::wstring> names;
+  const HANDLE modules = CreateToolhelp32Snapshot(TH32CS_SNAPMODULE, process);
+  MODULEENTRY32W module{};
+  module.dwSize = sizeof(module);
+  for (BOOL more = Module32FirstW(modules, &module); more; more = Module32NextW(modules, &module)) {
+    names.emplace_back(module.szModule);
+  }
+  CloseHandle(modules);
+  return names;
+}
+
+// A program without it says nothing, and its ticks come at the coarse pace of the system.
+TEST_F(Surroundings, TheLibraryOfTheTimersResolutionIsFound) {
+  PlugIn(kOneCanusb, {L"canusbdrv.dll"});
+  ASSERT_TRUE(StartProgram().Exists());
+  const std::vector<std::wstring> loaded = LoadedLibraries(program_->Id());
+  EXPECT_TRUE(std::ranges::any_of(loaded, [](const std::wstring& name) {
+    return lstrcmpiW(name.c_str(), L"winmm.dll") == 0;
+  })) << loaded.size();
 }
 
 // Wine ignores what these calls ask for and does not report it. The test can only check that the
