@@ -21,7 +21,7 @@ struct Program {
 
 /// The names that members and arguments have. An id is what a client gets for a name: 1 and up.
 /// Upper and lower case do not matter.
-std::int32_t NameId(StringView name);  // 0 when nothing here bears the name
+std::int32_t NameId(StringView name);  // 0 when nothing here has the name
 
 /// The name of a member of this owner that the verb is for, in its own letters; empty without one.
 std::optional<StringView> MemberName(ObjectKind owner, Verb verb, std::int32_t id);

@@ -4,9 +4,10 @@ namespace tolvane::platform {
 
 /// The user-interface event loop, seen from the one thread that everything runs on.
 ///
-/// Event gate: timer ticks, clicks and commands reach the logic only while YieldToEvents is open
-/// or inside a modal loop begun there (a message box, a menu, a window being dragged). Whatever
-/// else pumps messages during a run must not let them through.
+/// Event gate: while the logic runs, timer ticks, clicks and commands reach it only inside
+/// YieldToEvents, inside a modal loop begun there (a menu, a window being dragged), or inside one
+/// that the logic begins itself (a message box: the stop message of a failed open, for one).
+/// Whatever else pumps messages must not let them through.
 class EventLoop {
  public:
   virtual ~EventLoop() = default;

@@ -27,7 +27,9 @@ struct WorkerTimers {
   Timer& FormBG2_29;
 };
 
-/// Everything from outside, built once in the entry point and handed down.
+/// What start-up and the runs use from outside, built once in the entry point and handed down. The
+/// windows are in MainWindow; Shell, HelpWindow, StringResources and the two dialogs for colours
+/// and folders are handed by the settings dialogs and the help menu to what uses them.
 struct Platform {
   EventLoop& events;
   WorkerTimers timers;

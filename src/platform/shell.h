@@ -14,10 +14,9 @@ class Shell {
   /// window of normal size. A system that knows no such program does nothing.
   virtual void ShellExecuteA(StringView verb, StringView file, std::int32_t show_command) = 0;
 
-  /// Shows the web page `file` at `address`, which is the file's address with a heading of it
-  /// behind
-  /// "#": in the program that the system keeps for such files, since an address that is handed to
-  /// the system itself loses its heading. Without such a program nothing happens.
+  /// Shows the web page `file` at `address`, the file's address with "#" and one of its headings
+  /// behind it: in the program that the system keeps for such files, since an address that is
+  /// handed to the system itself loses its heading. Without such a program nothing happens.
   virtual void OpenPage(StringView file, StringView address) = 0;
 };
 

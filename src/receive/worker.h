@@ -16,8 +16,8 @@ namespace tolvane {
 /// A receive worker. Each open operation is a complete run: it returns when RxFlag is no longer 1
 /// and the adapter is closed, or when the run could not start, with RxFlag 0 either way. It yields
 /// on an empty read and on a rejected frame; the flush of a log and a tick have yields of their
-/// own. The view's timer and every handler of the main window run nested in those yields or under a
-/// message box, never anywhere else.
+/// own. The view's timer and the handlers of the main window run nested in those yields or under a
+/// message box; Form1::Session_Ends alone may come from below anything that pumps messages.
 ///
 /// `objExcel` is the run's spreadsheet server, null when there is none. A failure to start is
 /// reported by a message box here.

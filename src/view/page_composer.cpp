@@ -116,7 +116,8 @@ void PageComposer<Table>::AppendCycle(std::int16_t row) {
 
   const bool accepted = measured.ten_thousandths > 0 && state == row_state::kMany &&
                         Frame<Table>::ReceivedTime_writting(frames_)(row) == 0;
-  // Its frames are stamped with the system's clock, so two of them may bear one stamp.
+  // Where the other kinds say "????", a board's line keeps the last cycle. Two of its frames may
+  // have one stamp; and its wrap is not repaired above, so a negative cycle comes here too.
   const bool same_stamp =
       vender == kVenderInterface && state == row_state::kMany && measured.ten_thousandths <= 0;
   if (accepted) {

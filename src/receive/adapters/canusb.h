@@ -13,6 +13,7 @@ class CANUSB {
   /// Writes every value anew. Called once, at start-up.
   void Param_ALL_Clear() { *this = CANUSB(); }
 
+  // The bounds of identifiers, of the other adapter kinds too: see id_limits.h.
   std::int32_t CAN_MAX_STANDARD_ID = 2047;
   std::int32_t CAN_MAX_EXTENDED_ID = 536870911;
 

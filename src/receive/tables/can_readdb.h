@@ -19,7 +19,7 @@ constexpr std::uint8_t kFirst = 3;    // exactly one frame: shown, but without a
 /// data bytes are stored whatever the DLC, which only limits what is shown.
 ///
 /// The receive loop writes every column except CAN11_ReceivedTime_Delta and CAN11_BlackoutON,
-/// which belong to the view. Times are in milliseconds.
+/// which belong to the view, and CAN11_ReadTime, which is only cleared. Times are in milliseconds.
 class CAN_ReadDB : public ArayyClear {
  public:
   static constexpr std::int32_t kArayy_MAX = 2048;
@@ -33,7 +33,7 @@ class CAN_ReadDB : public ArayyClear {
   Rows<double> CAN11_ReceivedTime_old;             // of the frame before it, 0.0 after the first
   Rows<double> CAN11_ReceivedTime_Delta;           // last cycle that the view accepted, 0.0 before
   Rows<std::uint8_t> CAN11_ReceivedTime_writting;  // 1 while the two time columns change
-  Rows<double> CAN11_ReadTime;                     // nobody writes or reads it
+  Rows<double> CAN11_ReadTime;                     // cleared and nothing else
   Rows<double> CAN11_ReadTime_old;      // qx_timeGetTime when the frame was taken from the adapter
   Rows<std::uint8_t> CAN11_BlackoutON;  // 1 while the view holds the ID for stopped
   Rows<std::uint8_t> CAN11_DLC;         // as the adapter reported it

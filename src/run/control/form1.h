@@ -25,7 +25,8 @@ namespace tolvane {
 ///   shell/application.cpp    the life of the process: settings files and office programs as well
 ///   shell/view_commands.cpp  the page as a notebook: the page alone, but a subject of the shell
 ///
-/// run/control calls up into the shell once: Bt_Connect_Click ends with Set_View_Menu_After_Run.
+/// run/control calls up into the shell once: Bt_Connect_Click calls Set_View_Menu_After_Run when
+/// the window is put back.
 ///
 /// Handlers run on the user-interface thread, during a run nested inside its yields.
 class Form1 {

@@ -14,7 +14,7 @@ namespace tolvane::platform::windows::abi {
 /// program sends nothing and reads no adapter status: they are never called, and a library that
 /// lacks them serves as well.
 struct Canusbdrv {
-  /// Only the low half of the result register means anything, hence the 16-bit type.
+  /// Only the low half of the result register means anything, so the type has 16 bits.
   std::int16_t(TOLVANE_STDCALL* canusb_getFirstAdapter)(char* serial, std::int32_t size);
   std::int16_t(TOLVANE_STDCALL* canusb_getNextAdapter)(char* serial, std::int32_t size);
 

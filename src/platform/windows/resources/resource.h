@@ -1,5 +1,5 @@
 // Numbers of the resources, of the controls and of the commands, for the resource compiler. Only
-// #defines, grouped by window; a control's number bears the control's own name. C++ takes them from
+// #defines, grouped by window; a control's number has the control's own name. C++ takes them from
 // tolvane_control_ids.h, which is made from this: as macros they would replace members of the same
 // names.
 #ifndef TOLVANE_RESOURCE_H
