@@ -5,6 +5,7 @@
 #include <string>
 #include <utility>
 
+#include "platform/surrogates.h"
 #include "run/settings_list.h"
 
 namespace tolvane {
@@ -18,21 +19,17 @@ std::string EncodedText(StringView text, platform::CodePage& code_page) {
   if (bytes.size() <= kConfigText_MAX) return bytes;
   bytes.clear();
   for (std::size_t at = 0; at < text.size();) {
-    const bool pair =
-        (text[at] & 0xFC00) == 0xD800 && at + 1 < text.size() && (text[at + 1] & 0xFC00) == 0xDC00;
+    const std::size_t units = StartsWithPair(text.substr(at)) ? 2 : 1;
     const std::size_t before = bytes.size();
-    code_page.Encode(text.substr(at, pair ? 2 : 1), bytes);
+    code_page.Encode(text.substr(at, units), bytes);
     if (bytes.size() > kConfigText_MAX) {
       bytes.resize(before);
       break;
     }
-    at += pair ? 2 : 1;
+    at += units;
   }
   return bytes;
 }
-
-using Table = Column<std::int32_t, 8>;
-constexpr std::int16_t kRows = 8;
 
 class RecordWriter {
  public:
@@ -44,8 +41,8 @@ class RecordWriter {
   void operator()(double ratio, double /*standard*/, std::int32_t /*since*/) {
     Put(std::bit_cast<std::uint64_t>(ratio), 8);
   }
-  void operator()(const Table& table, std::int32_t highest, std::int32_t /*standard*/) {
-    for (std::int16_t i = 0; i < kRows; ++i) {
+  void operator()(const SettingColumn& table, std::int32_t highest, std::int32_t /*standard*/) {
+    for (std::int16_t i = 0; i < kSettingRows; ++i) {
       Put(i <= highest ? static_cast<std::uint32_t>(table(i)) : 0, 4);
     }
   }
@@ -83,8 +80,8 @@ class RecordReader {
     const auto taken = std::bit_cast<double>(TakeNumber(8));
     if (version_ >= since) ratio = taken;
   }
-  void operator()(Table& table, std::int32_t highest, std::int32_t /*standard*/) {
-    for (std::int16_t i = 0; i < kRows; ++i) {
+  void operator()(SettingColumn& table, std::int32_t highest, std::int32_t /*standard*/) {
+    for (std::int16_t i = 0; i < kSettingRows; ++i) {
       const std::int32_t taken = TakeLong();
       if (i <= highest) table(i, taken);
     }

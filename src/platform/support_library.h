@@ -2,11 +2,15 @@
 
 #include <cstdint>
 
+#include "platform/string.h"
+
 namespace tolvane::platform {
 
 /// qxt100.dll, the program's own support library: the clock and the colour fade.
 class SupportLibrary {
  public:
+  static constexpr StringView kFileInFolder = u"\\qxt100.dll";
+
   virtual ~SupportLibrary() = default;
 
   /// Makes the two exports callable. False when the file is missing from the program's folder, is

@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <iterator>
 
 #include "platform/string.h"
 #include "receive/adapters/id_limits.h"
@@ -91,6 +92,7 @@ constexpr OpenTraits kTable[3][4] = {
     },
 };
 // clang-format on
+static_assert(std::size(kTable) == adapter_traits.size());
 
 }  // namespace open_traits_cells
 

@@ -10,7 +10,6 @@ namespace tolvane {
 namespace {
 
 constexpr StringView kFolderFailed = u"ログを保存するサブフォルダを作成できません。";
-constexpr StringView kOpenFailed = u"機器が正常に動作していません。";
 constexpr StringView kRateRefused = u"非対応の通信速度が選択されています。";
 constexpr StringView kRateRefusedEnd = u"接続をを終了します。";
 constexpr StringView kReceiving = u"通信中";
@@ -135,7 +134,7 @@ void Run<Table>::ClearLog() {
 template <typename Table>
 bool Run<Table>::OpenAdapter(std::int32_t& status) {
   if (binding_.Open()) return true;
-  Stop(kOpenFailed, traits_.failed_open_text);
+  Stop(kDeviceFails, traits_.failed_open_text);
   if (traits_.close_after_failed_open) status = binding_.Close();
   return false;
 }

@@ -15,7 +15,7 @@ struct SetDefault {
   void operator()(Value& field, const Default& value, std::int32_t /*since*/ = 0) const {
     field = value;
   }
-  void operator()(Column<std::int32_t, 8>& table, std::int32_t highest, std::int32_t value) const {
+  void operator()(SettingColumn& table, std::int32_t highest, std::int32_t value) const {
     ELM327_Info::Arayy_ALL_Clear_zero_long(highest, value, table);
   }
 };
@@ -26,8 +26,8 @@ ELM327_Info::ELM327_Info(String executable_folder)
     : executable_folder_(std::move(executable_folder)) {}
 
 void ELM327_Info::Param_ALL_Clear() {
-  t_DisableID_MAX = 7;
-  t_MsgMarker_MAX = 7;
+  t_DisableID_MAX = kSettingRows - 1;
+  t_MsgMarker_MAX = kSettingRows - 1;
   VisitSettings(*this, SetDefault());
 
   Application_title2 = u"Tolvane";

@@ -20,6 +20,11 @@ constexpr std::int32_t kMsgIdType29Bit = 128;  // t_msgID_type of 29-bit mode
 constexpr std::int32_t kLogFormatSpreadsheet = 1;  // t_LogSaveFormat
 constexpr std::int32_t kLogFormatCsv = 2;
 
+/// Rows of the settings that are tables, the exclusion ranges and the markers, whatever a highest
+/// index says.
+constexpr std::int16_t kSettingRows = 8;
+using SettingColumn = Column<std::int32_t, kSettingRows>;
+
 constexpr std::int32_t kLogComment_MAX = 50;  // UTF-16 units of t_LogComment and of its box
 
 /// Everything that the user can set, what start-up found out about the machine, and the product's
@@ -88,17 +93,17 @@ class ELM327_Info {
   std::int32_t t_MsgBlackout_Color{};
   std::int32_t t_MsgBlackout_Enable{};
 
-  // Exclusion ranges and markers: eight of each, the bounds being highest indices.
+  // Exclusion ranges and markers; the bounds are highest indices.
   std::int32_t t_DisableID_MAX{};
   std::int32_t t_MsgMarker_MAX{};
-  Column<std::int32_t, 8> t_DisableID_ON;
-  Column<std::int32_t, 8> t_DisableID_Start;
-  Column<std::int32_t, 8> t_DisableID_End;  // inclusive
-  Column<std::int32_t, 8> t_MsgMarkerID;
-  Column<std::int32_t, 8> t_MsgMarkerStartByte;  // 1 to 8
-  Column<std::int32_t, 8> t_MsgMarkerEndByte;
-  Column<std::int32_t, 8> t_MsgMarkerColor;
-  Column<std::int32_t, 8> t_MsgMarker_ON;
+  SettingColumn t_DisableID_ON;
+  SettingColumn t_DisableID_Start;
+  SettingColumn t_DisableID_End;  // inclusive
+  SettingColumn t_MsgMarkerID;
+  SettingColumn t_MsgMarkerStartByte;  // 1 to 8
+  SettingColumn t_MsgMarkerEndByte;
+  SettingColumn t_MsgMarkerColor;
+  SettingColumn t_MsgMarker_ON;
 
   /// Writes every default. Called once, at the start of start-up. t_Hardware_Driver_Enable stays.
   void Param_ALL_Clear();

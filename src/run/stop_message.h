@@ -6,6 +6,9 @@
 
 namespace tolvane {
 
+// The reason when an adapter does not answer: at the start of the program, or of a run.
+constexpr StringView kDeviceFails = u"機器が正常に動作していません。";
+
 // The last line of a stop message: what ends with it.
 constexpr StringView kEndsApp = u"アプリケーションを終了します。";
 constexpr StringView kEndsRun = u"接続を終了します。";

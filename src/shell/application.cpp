@@ -50,7 +50,7 @@ void Form1::Application_Open() {
   const std::int32_t selection = Device_Select();
   Splash_Step(0.8);
   if (selection < 0) {
-    End_Start(u"機器が正常に動作していません。");
+    End_Start(kDeviceFails);
     return;
   }
   window_.Form2.Visible(false);

@@ -6,8 +6,7 @@
 namespace tolvane {
 
 MarkersOf::MarkersOf(std::int32_t id, const ELM327_Info& device) {
-  // There are eight markers, even if the bound in the settings says more.
-  for (std::int16_t m = 0; m <= std::min(device.t_MsgMarker_MAX, 7); ++m) {
+  for (std::int16_t m = 0; m <= std::min(device.t_MsgMarker_MAX, kSettingRows - 1); ++m) {
     if (device.t_MsgMarker_ON(m) == 1 && device.t_MsgMarkerID(m) == id) markers_[count_++] = m;
   }
 }

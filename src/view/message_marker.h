@@ -6,7 +6,7 @@
 
 namespace tolvane {
 
-/// The numbers of the markers of one identifier, 0 to 7, in ascending order.
+/// The numbers of the markers of one identifier, from 0, in ascending order.
 class MarkersOf {
  public:
   MarkersOf(std::int32_t id, const ELM327_Info& device);
@@ -16,7 +16,7 @@ class MarkersOf {
   [[nodiscard]] const std::int16_t* end() const { return markers_ + count_; }
 
  private:
-  std::int16_t markers_[8];
+  std::int16_t markers_[kSettingRows];
   std::int32_t count_ = 0;
 };
 

@@ -8,8 +8,9 @@ namespace tolvane::OptFunction1 {
 
 namespace {
 
-// There are eight ranges, even if the bound in the settings says more.
-std::int32_t LastRange(const ELM327_Info& device) { return std::min(device.t_DisableID_MAX, 7); }
+std::int32_t LastRange(const ELM327_Info& device) {
+  return std::min(device.t_DisableID_MAX, kSettingRows - 1);
+}
 
 }  // namespace
 

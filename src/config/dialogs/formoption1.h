@@ -9,9 +9,9 @@
 
 namespace tolvane {
 
-/// Exclusion ranges and markers, eight rows each. IDs are hexadecimal, bytes decimal.
+/// Exclusion ranges and markers, kRows each. IDs are hexadecimal, bytes decimal.
 struct FormOption1 {
-  static constexpr std::size_t kRows = 8;
+  static constexpr std::size_t kRows = kSettingRows;
 
   String Caption;
   std::array<Choice, kRows> CB_DisableID;
@@ -25,7 +25,7 @@ struct FormOption1 {
   std::array<ColourButton, kRows> Bt_MarkerColor_Dialog;
 
   void read_setting(const ELM327_Info& device);
-  /// `Index` from 0 to 7.
+  /// `Index` from 0.
   void Bt_MarkerColor_Dialog_Click(std::int16_t Index, platform::ColourDialog& CommonDialog1) {
     Bt_MarkerColor_Dialog[static_cast<std::size_t>(Index)].Ask(CommonDialog1);
   }

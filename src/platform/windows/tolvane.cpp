@@ -81,7 +81,7 @@ int Run(HINSTANCE instance, int show_command) {
     return 1;
   }
 
-  WindowsSupportLibrary qxt100(program_folder + u"\\qxt100.dll");
+  WindowsSupportLibrary qxt100(program_folder + String(SupportLibrary::kFileInFolder));
   WindowsTimerResolution winmm(system_folder + u"\\winmm.dll");
   const auto library_of = [&system_folder](AdapterKind kind) {
     return system_folder + u"\\" + String(AdapterTraitsOf(kind).library);
@@ -95,24 +95,26 @@ int Run(HINSTANCE instance, int show_command) {
   WindowsClipboard clipboard(window.Hwnd());
   WindowsCursors cursors;
   WindowsRunProtection run_protection(window.Hwnd());
-  const Platform platform{
-      .events = loop,
-      .timers = {workers.FormBG, workers.FormBG2, workers.FormBG_29, workers.FormBG2_29},
-      .qxt100 = qxt100,
-      .winmm = winmm,
-      .canusbdrv = canusbdrv,
-      .IFCan = ifcan,
-      .canlib32 = canlib32,
-      .message_box = message_box,
-      .files = files,
-      .folders = folders,
-      .wall_clock = wall_clock,
-      .code_page = code_page,
-      .automation = automation,
-      .clipboard = clipboard,
-      .single_instance = single_instance,
-      .cursors = cursors,
-      .run_protection = run_protection};
+  const Platform platform{.events = loop,
+                          .timers = {.FormBG = workers.FormBG,
+                                     .FormBG2 = workers.FormBG2,
+                                     .FormBG_29 = workers.FormBG_29,
+                                     .FormBG2_29 = workers.FormBG2_29},
+                          .qxt100 = qxt100,
+                          .winmm = winmm,
+                          .canusbdrv = canusbdrv,
+                          .IFCan = ifcan,
+                          .canlib32 = canlib32,
+                          .message_box = message_box,
+                          .files = files,
+                          .folders = folders,
+                          .wall_clock = wall_clock,
+                          .code_page = code_page,
+                          .automation = automation,
+                          .clipboard = clipboard,
+                          .single_instance = single_instance,
+                          .cursors = cursors,
+                          .run_protection = run_protection};
 
   Form1 form(platform, window.Face(), program_folder);
   DialogWindows dialogs({instance, gate, loop, window.Hwnd()}, files, form.device,

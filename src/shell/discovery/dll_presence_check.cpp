@@ -19,7 +19,8 @@ String WithoutExecutable(String folder) {
 }
 
 bool HasSupportLibrary(const platform::Platform& platform, const ELM327_Info& device) {
-  const String file = WithoutExecutable(device.ExecutableFolder()) + u"\\qxt100.dll";
+  String file = WithoutExecutable(device.ExecutableFolder());
+  file += platform::SupportLibrary::kFileInFolder;
   return platform.files.FileExists(file) && platform.qxt100.Load();
 }
 

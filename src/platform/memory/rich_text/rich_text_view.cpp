@@ -4,6 +4,7 @@
 #include <string>
 #include <utility>
 
+#include "platform/byte_text.h"
 #include "platform/memory/rich_text/rtf_reader.h"
 #include "platform/utf8.h"
 #include "view/page_rtf.h"
@@ -42,7 +43,7 @@ void Append(const RichTextPage& piece, RichTextPage& page) {
 String Rtf(const RichTextPage& page) {
   std::string rtf;
   WritePageRtf(page, rtf);
-  return {rtf.begin(), rtf.end()};
+  return WideText(rtf);
 }
 
 }  // namespace
@@ -120,10 +121,7 @@ bool RichTextView::LoadFile(StringView path) {
   journal_.Note("RTB_MainView.LoadFile(\"" + ToUtf8(path) + "\")");
   const auto file = files_.ReadBinary(path, kLargestFile);
   if (!file) return false;
-  String rtf;
-  rtf.reserve(file->bytes.size());
-  for (const std::byte byte : file->bytes) rtf += static_cast<char16_t>(byte);
-  return TextRTF(rtf);
+  return TextRTF(WideText({reinterpret_cast<const char*>(file->bytes.data()), file->bytes.size()}));
 }
 
 void RichTextView::UserTypes(StringView text) {

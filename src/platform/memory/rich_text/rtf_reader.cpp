@@ -6,6 +6,7 @@
 #include <utility>
 #include <vector>
 
+#include "platform/byte_text.h"
 #include "view/page_rtf.h"
 
 namespace tolvane::platform::memory {
@@ -30,7 +31,7 @@ const Frame& WritersFrame() {
     constexpr StringView kEnd = u"\\par\r\n}\r\n";
     std::string rtf;
     WritePageRtf({}, rtf);
-    const String whole(rtf.begin(), rtf.end());
+    const String whole = WideText(rtf);
     const std::size_t brace = whole.find(kTableStart) + kTableStart.size();
     const std::size_t end = whole.size() - kEnd.size();
     return Frame{whole.substr(0, brace), whole.substr(brace + 1, end - brace - 1),

@@ -18,6 +18,11 @@ constexpr DWORD kExtendedStyle = WS_EX_DLGMODALFRAME | WS_EX_CONTROLPARENT;
 constexpr int kMargin = 12;
 constexpr int kPictureSize = id::PICTURE_HELP_SIZE;
 
+// The topics of Help_Show.
+static_assert(id::HELP_COMMON_SETTING == HelpWizard::kTextBeforeFirst + 1);
+static_assert(id::HELP_OPTION1 == HelpWizard::kTextBeforeFirst + 2);
+static_assert(id::HELP_OPTION_LOG1 == HelpWizard::kTextBeforeFirst + 3);
+
 }  // namespace
 
 void SettingsDialog::AdjustClass(WNDCLASSEXW& window_class) {

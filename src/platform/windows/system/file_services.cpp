@@ -5,6 +5,7 @@
 #include <array>
 
 #include "platform/file_replacing.h"
+#include "platform/surrogates.h"
 #include "platform/windows/system/file_bytes.h"
 #include "platform/windows/system/file_steps.h"
 #include "platform/windows/system/text.h"
@@ -17,8 +18,7 @@ constexpr std::size_t kPiece = 1 << 20;  // characters
 /// Characters to write at once: no pair is torn.
 std::size_t PieceOf(StringView text) {
   if (text.size() <= kPiece) return text.size();
-  const bool ends_in_half = text[kPiece - 1] >= 0xD800 && text[kPiece - 1] <= 0xDBFF;
-  return ends_in_half ? kPiece - 1 : kPiece;
+  return IsHighSurrogate(text[kPiece - 1]) ? kPiece - 1 : kPiece;
 }
 
 class WindowsTextStream final : public TextStream {
