@@ -16,7 +16,8 @@
 
 namespace tolvane {
 
-/// What the log files are made with.
+/// What the log files are made with. Less than Platform, so that a log is seen to touch no adapter
+/// and no window, and is tested with these four.
 struct LogServices {
   platform::EventLoop& events;
   platform::FileServices& files;

@@ -8,6 +8,7 @@
 
 namespace tolvane::IME_Function {
 
+/// What a snapshot is made with. Less than Platform and MainWindow: no adapter, no other control.
 struct SnapshotServices {
   platform::FileServices& files;
   platform::SpecialFolders& folders;

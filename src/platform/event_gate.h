@@ -23,6 +23,7 @@ class EventGate {
   /// nothing while the gate is closed.
   void DeliverWaiting();
 
+  /// For tests.
   [[nodiscard]] std::size_t Waiting() const { return waiting_.size(); }
 
   /// Opens the gate for a scope: a yield or a modal loop of the logic's own.

@@ -21,10 +21,8 @@ class RichTextView {
   [[nodiscard]] virtual String Text() const = 0;
   virtual void Text(StringView text) = 0;
 
-  /// The whole content as Rich Text Format. Writing replaces everything, formats included; false
-  /// when what is written cannot be read, and the content then stays.
+  /// The whole content as Rich Text Format.
   [[nodiscard]] virtual String TextRTF() const = 0;
-  [[nodiscard]] virtual bool TextRTF(StringView rtf) = 0;
 
   /// Replaces the whole content by `page` in one step and hands back, in `page`, storage to build
   /// the next one in; its content is stale. The selection is then empty at 0, the first line on

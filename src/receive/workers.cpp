@@ -50,8 +50,11 @@ template <WorkerKind kKind>
 std::int32_t WorkerForm<kKind>::Open(AdapterKind adapter, Binding& binding, ELM327_Info& device,
                                      platform::AutomationObject* objExcel) {
   TimerBackView_.OnTick([this, &device] { tick_.TimerBackView_Timer(device); });
-  const WorkerParts<Table> worker = {*frames_, *highlights_, log_, TimerBackView_,
-                                     Device_Timer_Kind_};
+  const WorkerParts<Table> worker = {.frames = *frames_,
+                                     .highlights = *highlights_,
+                                     .log = log_,
+                                     .TimerBackView = TimerBackView_,
+                                     .Device_Timer_Kind = Device_Timer_Kind_};
   return Receive(adapter, kKind, binding, parts_, worker, device, objExcel);
 }
 

@@ -33,6 +33,7 @@ class WorkerForm final : public Worker {
   void Open_KvaserCAN(platform::AutomationObject* objExcel, ELM327_Info& device,
                       const KvaserCAN& kvCan_u, CAN_DB_Kvaser& kvCan_d) override;
 
+  /// For tests; the program looks at the page.
   [[nodiscard]] const Table& Frames() const { return *frames_; }
 
  private:

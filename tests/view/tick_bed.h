@@ -105,10 +105,6 @@ class BedView final : public platform::RichTextView {
   [[nodiscard]] String Text() const override { return page->text; }
   void Text(StringView) override { Unexpected("Text"); }
   [[nodiscard]] String TextRTF() const override { return {}; }
-  [[nodiscard]] bool TextRTF(StringView) override {
-    Unexpected("TextRTF");
-    return false;
-  }
   void SelStart(std::int32_t) override { Unexpected("SelStart"); }
   [[nodiscard]] std::int32_t SelLength() const override { return 0; }
   void SelLength(std::int32_t) override { Unexpected("SelLength"); }

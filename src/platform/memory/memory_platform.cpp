@@ -4,7 +4,10 @@ namespace tolvane::platform::memory {
 
 platform::Platform MemoryPlatform::Platform() {
   return {.events = events,
-          .timers = {FormBG, FormBG2, FormBG_29, FormBG2_29},
+          .timers = {.FormBG = FormBG,
+                     .FormBG2 = FormBG2,
+                     .FormBG_29 = FormBG_29,
+                     .FormBG2_29 = FormBG2_29},
           .qxt100 = qxt100,
           .winmm = winmm,
           .canusbdrv = canusbdrv,

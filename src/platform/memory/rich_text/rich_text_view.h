@@ -22,8 +22,8 @@ class RichTextView final : public platform::RichTextView {
   [[nodiscard]] String Text() const override { return page_->text; }
   void Text(StringView text) override;
   [[nodiscard]] String TextRTF() const override;
-  /// False for what is no Rich Text Format.
-  [[nodiscard]] bool TextRTF(StringView rtf) override;
+  /// As LoadFile with a file that holds `rtf`: false for what is no Rich Text Format.
+  [[nodiscard]] bool TextRTF(StringView rtf);
   void SwapPage(std::unique_ptr<RichTextPage>& page) override;
 
   void SelStart(std::int32_t position) override;
