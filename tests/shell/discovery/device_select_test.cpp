@@ -73,6 +73,14 @@ TEST_F(DeviceSelect, ALineBeyondTheListsSelectsNothing) {
   EXPECT_EQ(Shown(), u"Nothing");
 }
 
+TEST_F(DeviceSelect, Line0WithCanusbOpensOneWithAnEmptySerialText) {
+  FindCanusb(u"LAW00001");
+  Select(0);
+  EXPECT_EQ(device_.t_select_Vender, kVenderCanusb);
+  EXPECT_EQ(CAN_d_.CAN_USB_SelectSerial, u"");
+  EXPECT_EQ(memory_.journal.Lines().front(), "canusb_Open(\"\", \"500\", 0, -1, 1)");
+}
+
 TEST_F(DeviceSelect, Line0WithoutCanusbSelectsNothing) {
   kvCan_d_.Kvaser_FindCount = 1;
   EXPECT_EQ(Select(0), 0);
