@@ -1,4 +1,4 @@
-// The support library as built, and what becomes of libraries that cannot be used.
+// The support library as built, and what becomes of libraries of the system that cannot be used.
 #include <gtest/gtest.h>
 
 #include <cmath>
@@ -7,7 +7,6 @@
 #include "platform/windows/system/file_services.h"
 #include "platform/windows/system/process.h"
 #include "platform/windows/system/support_library.h"
-#include "platform/windows/vendor/vendor_libraries.h"
 #include "tests/platform/windows/system/scratch_folder.h"
 
 namespace tolvane::platform::windows {
@@ -95,33 +94,6 @@ TEST(UnusableLibrary, OtherBitnessIsNotLoaded) {
   content.replace(header + 4U, 2, is_x64 ? "\x4c\x01" : "\x64\x86", 2);
   ASSERT_TRUE(folder.Put(u"qxt100.dll", content));
   EXPECT_FALSE(WindowsSupportLibrary(folder / u"qxt100.dll").Load());
-}
-
-TEST(UnusableLibrary, OneWithoutACalledExportFindsNothing) {
-  const String wrong = ProgramFile(u"qxt100.dll");
-
-  WindowsCanusb canusb(wrong);
-  std::array<char, CanusbLibrary::kSerialSize> serial{};
-  std::string rate = "500";
-  EXPECT_EQ(canusb.canusb_getFirstAdapter(serial), 0);
-  EXPECT_EQ(canusb.canusb_getNextAdapter(serial), 0);
-  EXPECT_EQ(canusb.canusb_Open("TV100001", rate, 0, -1, 1), 0);
-  CanusbMessage message{};
-  EXPECT_LE(canusb.canusb_Read(0, message), 0);
-  canusb.canusb_Close(0);
-
-  WindowsIfcan ifcan(wrong);
-  IfcanConfig config{};
-  EXPECT_EQ(ifcan.CanOpenPort("IFCAN1"), -1);
-  EXPECT_NE(ifcan.CanGetConfig(-1, config), 0);
-  EXPECT_NE(ifcan.CanClosePort(-1), 0);
-
-  WindowsCanlib canlib(wrong);
-  std::int32_t count = 7;
-  canlib.canInitializeLibrary();
-  EXPECT_LT(canlib.canGetNumberOfChannels(count), 0);
-  EXPECT_EQ(count, 0);
-  EXPECT_LT(canlib.canOpenChannel(0, 128), 0);
 }
 
 /// A library beside the tests that stands for winmm.dll; loaded already, so that it counts on when
