@@ -14,8 +14,8 @@ packages_run="wine wine64 fonts-wine xvfb fonts-ipafont-gothic imagemagick local
 packages_native_tests="cmake ninja-build g++ libgtest-dev libgmock-dev libbenchmark-dev python3"
 packages_windows_tests="libgtest-dev python3"
 packages_checks="git clang-format shellcheck imagemagick"
-# libclang-rt holds libFuzzer.
-packages_fuzz="clang libclang-rt-14-dev"
+# What the sanitized tests and the fuzz targets are compiled with; libclang-rt holds the sanitizers and libFuzzer.
+packages_clang="clang libclang-rt-14-dev"
 # What reads a recording, before anything is built for its run.
 packages_recordings="python3"
 # Readers of workbooks, .xlsx and .xls.

@@ -18,8 +18,8 @@ results=$build/test-results
 stage_table=(
   "checks      native_tests checks"
   "unit        native_tests books"
-  "sanitizers  native_tests books"
-  "fuzz        native_tests fuzz"
+  "sanitizers  native_tests clang books"
+  "fuzz        native_tests clang"
   "soak        native_tests"
   "commands    build_x64 run"
   "wine        build_x64 run windows_tests"
@@ -146,7 +146,7 @@ build_ahead() {
   set -m
   (renice -n 19 "$BASHPID" && build_tests "$1") >/dev/null 2>&1 </dev/null &
   set +m
-  at_exit kill -- "-$!"
+  at_exit "kill -- -$! 2>/dev/null"
 }
 
 # build_before_commands [TARGET...]: the program, what drives it, and the Wine prefix that all others are

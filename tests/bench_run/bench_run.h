@@ -18,9 +18,9 @@ namespace tolvane::bench_run {
 
 enum Kind : std::int16_t { kCanusb, kInterface, kKvaser };  // and lines of the device list
 inline constexpr std::array kKinds{kCanusb, kInterface, kKvaser};
-inline constexpr std::array kKindNames{"Canusb", "Interface", "Kvaser"};
+inline constexpr const char* kKindNames[]{"Canusb", "Interface", "Kvaser"};
 /// What the report calls the adapter.
-inline constexpr std::array kAdapterNames{"TV100001", "IFCAN1", "channel0"};
+inline constexpr const char* kAdapterNames[]{"TV100001", "IFCAN1", "channel0"};
 
 using Lines = std::vector<std::string>;
 

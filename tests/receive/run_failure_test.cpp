@@ -8,7 +8,7 @@
 namespace tolvane {
 namespace {
 
-using Lines = std::vector<std::string>;
+using CallLines = std::vector<std::string>;
 
 void ExpectStopMessage(const RunBench& bench, StringView text) {
   ASSERT_EQ(bench.message_box.Boxes().size(), 1u);
@@ -19,8 +19,8 @@ void ExpectStopMessage(const RunBench& bench, StringView text) {
 }
 
 /// The journal without the message box's own note.
-Lines Calls(RunBench& bench) {
-  Lines calls;
+CallLines Calls(RunBench& bench) {
+  CallLines calls;
   for (const std::string& line : bench.journal.Take()) {
     if (line.find("機器") == std::string::npos && line.find("非対応") == std::string::npos) {
       calls.push_back(line);
@@ -41,7 +41,7 @@ TEST(FailedOpen, CanusbShowsTheBoxAndClosesNothing) {
       bench.canusbdrv.open_result = handle;
       bench.Run(AdapterKind::kCanusb, worker, {{.id = 0x10}});
       ExpectStopMessage(bench, kAppEnds);
-      EXPECT_EQ(Calls(bench), Lines{"canusb_Open(\"LWR12345\", \"500\", 0, -1, 1)"});
+      EXPECT_EQ(Calls(bench), CallLines{"canusb_Open(\"LWR12345\", \"500\", 0, -1, 1)"});
       EXPECT_EQ(bench.RxFlag, 0);
       EXPECT_EQ(bench.loop.Yields(), 0);
     }
@@ -56,8 +56,9 @@ TEST(FailedOpen, InterfaceStillDeactivatesAndClosesWithHandleMinusOne) {
     const std::int32_t status = bench.Run(AdapterKind::kInterface, worker);
     EXPECT_EQ(status, bench.IfCan_u.IFCAN_ERROR_INVALID_HANDLE);
     ExpectStopMessage(bench, kRunEnds);
-    EXPECT_EQ(Calls(bench), (Lines{"CanOpenPort(\"IFCAN1\")", "CanGetConfig(101)",
-                                   "CanClosePort(101)", "CanDeactivate(-1)", "CanClosePort(-1)"}));
+    EXPECT_EQ(Calls(bench),
+              (CallLines{"CanOpenPort(\"IFCAN1\")", "CanGetConfig(101)", "CanClosePort(101)",
+                         "CanDeactivate(-1)", "CanClosePort(-1)"}));
     EXPECT_EQ(bench.RxFlag, 0);
     EXPECT_EQ(bench.IfCan_d.Interface_CAN_Handle, u"-1");
   }
@@ -68,14 +69,15 @@ TEST(FailedOpen, InterfaceBoxComesBeforeTheClose) {
     SCOPED_TRACE(WayName(AdapterKind::kInterface, worker));
     RunBench bench;
     bench.IFCan.get_config_status = 9;
-    Lines before;
+    CallLines before;
     bench.message_box.WhileShown([&] {
       before = Calls(bench);
       EXPECT_EQ(bench.RxFlag, 1);
     });
     bench.Run(AdapterKind::kInterface, worker);
-    EXPECT_EQ(before, (Lines{"CanOpenPort(\"IFCAN1\")", "CanGetConfig(101)", "CanClosePort(101)"}));
-    EXPECT_EQ(Calls(bench), (Lines{"CanDeactivate(-1)", "CanClosePort(-1)"}));
+    EXPECT_EQ(before,
+              (CallLines{"CanOpenPort(\"IFCAN1\")", "CanGetConfig(101)", "CanClosePort(101)"}));
+    EXPECT_EQ(Calls(bench), (CallLines{"CanDeactivate(-1)", "CanClosePort(-1)"}));
   }
 }
 
@@ -87,7 +89,7 @@ TEST(FailedOpen, KvaserSecondLineDiffersByWorker) {
     bench.canlib32.channels = {-3};
     bench.Run(AdapterKind::kKvaser, worker);
     ExpectStopMessage(bench, kTexts[static_cast<std::size_t>(worker)]);
-    EXPECT_EQ(Calls(bench), Lines{"canOpenChannel(0, 128)"});
+    EXPECT_EQ(Calls(bench), CallLines{"canOpenChannel(0, 128)"});
     EXPECT_EQ(bench.RxFlag, 0);
   }
 }
@@ -108,7 +110,7 @@ TEST(RefusedRate, NothingIsOpenedAndTheStatusIsZero) {
       bench.device.t_bitRate = row.t_bitRate;
       EXPECT_EQ(bench.Run(row.binding, worker), 0);
       ExpectStopMessage(bench, u"非対応の通信速度が選択されています。\r\n接続をを終了します。");
-      EXPECT_EQ(Calls(bench), Lines{});
+      EXPECT_EQ(Calls(bench), CallLines{});
       EXPECT_EQ(bench.RxFlag, 0);
     }
   }

@@ -71,7 +71,8 @@ std::vector<Way> AllWays() {
 class Matrix : public testing::TestWithParam<Way> {};
 
 TEST_P(Matrix, ReceivesShowsAndLogs) {
-  const auto [binding, worker] = GetParam();
+  const auto binding = GetParam().binding;
+  const auto worker = GetParam().worker;
   const bool is29 = Is29Bit(worker);
   RunBench bench;
   bench.LogToCsv();
@@ -104,7 +105,8 @@ TEST_P(Matrix, ReceivesShowsAndLogs) {
 // 30000, 59990, 10: the wrap of CANUSB alone makes the line go on by 20; the board's timer is taken
 // for one that wraps later, and Kvaser's steps back.
 TEST_P(Matrix, StepsBackByTheAdaptersOwnRule) {
-  const auto [binding, worker] = GetParam();
+  const auto binding = GetParam().binding;
+  const auto worker = GetParam().worker;
   RunBench bench;
   bench.LogToCsv();
   bench.Run(binding, worker,

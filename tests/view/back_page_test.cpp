@@ -11,7 +11,7 @@
 namespace tolvane {
 namespace {
 
-using Runs = std::vector<platform::ColourRun>;
+using PaintedRuns = std::vector<platform::ColourRun>;
 constexpr std::int32_t kLowest = std::numeric_limits<std::int32_t>::min();
 constexpr std::int32_t kHighest = std::numeric_limits<std::int32_t>::max();
 
@@ -19,7 +19,7 @@ TEST(BackPage, PaintingIsClampedToThePage) {
   struct Row {
     const char* label;
     std::int32_t start, length;
-    Runs painted;
+    PaintedRuns painted;
   };
   const Row rows[] = {{"inside", 2, 3, {{2, 5, 7}}},
                       {"whole", 0, 10, {{0, 10, 7}}},
@@ -40,7 +40,7 @@ TEST(BackPage, PaintingIsClampedToThePage) {
     page.SelLength(row.length);
     page.SelColor(7);
     EXPECT_EQ(page.Page().colours.Runs(), row.painted);
-    EXPECT_EQ(page.Page().backgrounds.Runs(), Runs{});
+    EXPECT_EQ(page.Page().backgrounds.Runs(), PaintedRuns{});
     page.Back_Set_Char_Effect(7);
     EXPECT_EQ(page.Page().backgrounds.Runs(), row.painted);
   }
@@ -55,10 +55,10 @@ TEST(BackPage, NewTextDropsAllFormats) {
   page.Back_Set_Char_Effect(2);
   page.Text(u"abc");
   EXPECT_EQ(page.Page().text, u"abc");
-  EXPECT_EQ(page.Page().colours.Runs(), Runs{});
-  EXPECT_EQ(page.Page().backgrounds.Runs(), Runs{});
+  EXPECT_EQ(page.Page().colours.Runs(), PaintedRuns{});
+  EXPECT_EQ(page.Page().backgrounds.Runs(), PaintedRuns{});
   page.SelColor(1);
-  EXPECT_EQ(page.Page().colours.Runs(), Runs{});
+  EXPECT_EQ(page.Page().colours.Runs(), PaintedRuns{});
 }
 
 TEST(BackPage, TheFinishedPageCrossesWhole) {
@@ -71,7 +71,7 @@ TEST(BackPage, TheFinishedPageCrossesWhole) {
   page.SelColor(5);
   page.SwapInto(view);
   EXPECT_EQ(view.page->text, u"0123");
-  EXPECT_EQ(view.page->colours.Runs(), (Runs{{1, 3, 5}}));
+  EXPECT_EQ(view.page->colours.Runs(), (PaintedRuns{{1, 3, 5}}));
   page.Text(u"next");
   EXPECT_EQ(view.page->text, u"0123");
 }
