@@ -108,7 +108,7 @@ wine_session() {
 # wine_stay: Wine's own services run until the script ends. Otherwise each program starts them and leaves them its
 # standard output, so that whoever reads that waits two seconds longer for its end.
 wine_stay() {
-  # shellcheck disable=SC2034 # it ends with its input, thus with the script
+  # shellcheck disable=SC2034 # it ends with its input, and so with the script
   exec {wine_service}> >(wine cmd.exe >/dev/null 2>&1)
 }
 

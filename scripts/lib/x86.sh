@@ -88,7 +88,7 @@ x86_stay() {
   debian_root_start --number "$number" "${x86_entry[@]}" "$x86_root" "${x86_environment[@]}" \
     sh -c 'sleep infinity | "$0" cmd.exe' "$root/scripts/lib/wine-run" >/dev/null 2>&1
   until [ -s "$number" ]; do
-    kill -0 "$debian_root_process" || return
+    [ -e "/proc/$debian_root_process" ] || return
     sleep 0.1
   done
   TOLVANE_X86_ROOT=$(cat "$number")

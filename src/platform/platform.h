@@ -27,7 +27,7 @@ struct WorkerTimers {
   Timer& FormBG2_29;
 };
 
-/// What start-up and the runs use from outside, built once in the entry point and handed down. The
+/// What Form1 and the runs use from outside, built once in the entry point and handed down. The
 /// windows are in MainWindow; Shell, HelpWindow, StringResources and the two dialogs for colours
 /// and folders are handed by the settings dialogs and the help menu to what uses them.
 struct Platform {

@@ -55,6 +55,7 @@ struct Currency {
 /// count.
 class ArayyClear {
  public:
+  /// Only tests call it: no table has such a column today.
   template <std::size_t N>
   static void Arayy_ALL_Clear_zero_Currency(std::int32_t Arayy_MAX, Column<Currency, N>& Arayy) {
     Arayy.Fill(Arayy_MAX, {});

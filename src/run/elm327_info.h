@@ -29,8 +29,9 @@ constexpr std::int32_t kLogComment_MAX = 50;  // UTF-16 units of t_LogComment an
 
 /// Everything that the user can set, what start-up found out about the machine, and the product's
 /// identity. One instance lives as long as the process: `device` of Form1. The settings dialogs,
-/// the reader of config.dat, start-up and the device selection write it, the start of a run and
-/// closing its comment, and BaseFolder of logging a folder setting whose folder is gone. Without a
+/// the reader of config.dat, start-up and the device selection write it. The start of a run and the
+/// closing of the program write the comment, and BaseFolder of logging replaces a folder that is
+/// gone. Without a
 /// spreadsheet program start-up sets the log format to csv. Values that come from a settings file
 /// are unchecked, so any field may hold anything. run/settings_list.h lists what config.dat keeps,
 /// with the defaults.

@@ -1,5 +1,6 @@
-// Here two loops stand in place of the other dialogs' list of pairs: boxes of a row are taken
-// together or not at all, and the last exclusion row is shown and not taken.
+// Here two loops stand in place of the other dialogs' list of pairs: the two ends of a range, and
+// of a marker's bytes, are taken together or not at all, and the last exclusion row is shown and
+// not taken.
 #include "config/dialogs/formoption1.h"
 
 #include "config/dialogs/number_input.h"

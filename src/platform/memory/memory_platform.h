@@ -27,10 +27,10 @@
 namespace tolvane::platform::memory {
 
 /// A machine in memory: what Platform and MainWindow name; help window and dialogs are made by
-/// those who use them. One journal takes in turn what is done to windows, timers, libraries,
-/// clipboard and automation; disk, clocks and the like keep none, and are looked at themselves. The
-/// disk is empty; the clock stands at 9:07:03 of the first Monday of 2026. The references given out
-/// live as long as this object.
+/// those who use them. One journal takes in turn what is done to windows, message boxes, timers,
+/// the adapters' libraries, clipboard and automation; disk, clocks, qxt100 and the like keep none,
+/// and are looked at themselves. The disk is empty; the clock stands at 9:07:03 of the first Monday
+/// of 2026. The references given out live as long as this object.
 class MemoryPlatform {
  public:
   [[nodiscard]] platform::Platform Platform();

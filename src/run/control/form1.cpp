@@ -29,7 +29,10 @@ Form1::Form1(const platform::Platform& platform, const platform::MainWindow& win
     : device(std::move(executable_folder)),
       platform_(platform),
       window_(window),
-      workers_({platform_, window_, RxFlag, Session_End_Output_}) {}
+      workers_({.platform = platform_,
+                .window = window_,
+                .RxFlag = RxFlag,
+                .Session_End_Output = Session_End_Output_}) {}
 
 void Form1::Bt_Connect_Click() {
   Lock_Window();

@@ -45,7 +45,7 @@ class Form1 {
   void Form_QueryUnload(std::int32_t& Cancel);
   void Form_Unload();
   void menu_file_close_Click();
-  /// Every command of the user comes through here. From the Form_QueryUnload on that lets the
+  /// Every command of the main window and its menus comes through here. From the Form_QueryUnload on that lets the
   /// window close none is carried out: in the yields of closing nothing starts that would outlive
   /// the window.
   template <typename Command>
