@@ -45,9 +45,9 @@ class Form1 {
   void Form_QueryUnload(std::int32_t& Cancel);
   void Form_Unload();
   void menu_file_close_Click();
-  /// Every command of the main window and its menus comes through here. From the Form_QueryUnload on that lets the
-  /// window close none is carried out: in the yields of closing nothing starts that would outlive
-  /// the window.
+  /// Every command of the main window and its menus comes through here. From the Form_QueryUnload
+  /// on that lets the window close none is carried out: in the yields of closing nothing starts
+  /// that would outlive the window.
   template <typename Command>
   void Do(Command command) {
     if (!closing_) command();
