@@ -20,7 +20,9 @@ function(tolvane_room)
     tolvane_room_target(target "${other}")
     list(APPEND used ${target})
   endforeach()
-  file(GLOB sources RELATIVE "${CMAKE_CURRENT_SOURCE_DIR}" CONFIGURE_DEPENDS "*.cpp")
+  # A new file is seen when CMake runs, as the scripts have it do each time. Asked to look at every build
+  # (CONFIGURE_DEPENDS), ninja could not tell any more whether there is something to build.
+  file(GLOB sources RELATIVE "${CMAKE_CURRENT_SOURCE_DIR}" "*.cpp")
   list(REMOVE_ITEM sources ${arg_LEAVES_OUT})
   if(sources)
     tolvane_library(${name} SOURCES ${sources} USES ${used})

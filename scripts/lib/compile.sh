@@ -58,7 +58,7 @@ build_program() {
   build_preset "$preset" program "${@:2}" || fail "the program for Windows ($1) cannot be built"
 }
 
-# is_built PRESET TARGET...: true when these are built and up to date.
+# is_built PRESET TARGET...: true when these are built and up to date. New files count once CMake has run.
 is_built() {
   (cd "$root" && cmake --build --preset "$1" --target "${@:2}" -- -n 2>/dev/null) |
     grep -q 'no work to do'
