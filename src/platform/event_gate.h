@@ -9,8 +9,9 @@ namespace tolvane::platform {
 /// Decides when an event may reach the logic.
 ///
 /// Open while the program waits for the user, inside YieldToEvents, and inside the modal loops that
-/// the logic begins (a message box, the pop-up). Closed while a handler of the logic runs: whatever
-/// pumps messages then, an outgoing automation call for one, only fills the waiting line.
+/// the logic begins (a message box, the pop-up, the colour and folder dialogs). Closed while a
+/// handler of the logic runs: whatever pumps messages then, an outgoing automation call for one,
+/// only fills the waiting line.
 class EventGate {
  public:
   using Event = std::function<void()>;

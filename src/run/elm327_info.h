@@ -31,12 +31,10 @@ constexpr std::int32_t kLogComment_MAX = 50;  // UTF-16 units of t_LogComment an
 /// identity. One instance lives as long as the process: `device` of Form1. The settings dialogs,
 /// the reader of config.dat, start-up and the device selection write it. The start of a run and the
 /// closing of the program write the comment, and BaseFolder of logging replaces a folder that is
-/// gone. Without a
-/// spreadsheet program start-up sets the log format to csv. Values that come from a settings file
-/// are unchecked, so any field may hold anything. run/settings_list.h lists what config.dat keeps,
-/// with the defaults.
-///
-/// Flags are 0 or 1 and are compared with 1. Times are in milliseconds, ratios in percent.
+/// gone. Without a spreadsheet program start-up sets the log format to csv. Values that come from a
+/// settings file are unchecked, so any field may hold anything. run/settings_list.h lists what
+/// config.dat keeps, with the defaults. Flags are 0 or 1 and are compared with 1. Times are in
+/// milliseconds, ratios in percent.
 class ELM327_Info {
  public:
   /// `executable_folder` without a trailing backslash: the default of both folder settings.
