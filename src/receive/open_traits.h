@@ -68,7 +68,8 @@ constexpr auto kCSF = EndOrder::kCloseStatusFlush;
 constexpr auto kSFC = EndOrder::kStatusFlushClose;
 
 // One line per worker, in the order of WorkerKind, to be read down the columns.
-// The Kvaser lines fail and end in three different ways, and so they must.
+// The Kvaser lines fail and end in three different ways. That stays: users know the messages, and a
+// driver may depend on the order of its calls.
 // clang-format off
 constexpr OpenTraits kTable[3][4] = {
     //   low   high   plain  filter     excl.  start    hardware  config.  failed    close  end

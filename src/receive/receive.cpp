@@ -153,9 +153,9 @@ void Run<Table>::Start() {
 
 template <typename Table>
 void Run<Table>::ShowRate() {
-  if (const auto text = BitRateText(device_.t_bitRate)) {
-    parts_.window.TB_Protocol.Text(*text);
-    log_.str_bitrate = *text;
+  if (const BitRate* rate = BitRateOf(device_.t_bitRate)) {
+    parts_.window.TB_Protocol.Text(rate->text);
+    log_.str_bitrate = rate->text;
   }
 }
 
@@ -197,7 +197,8 @@ void Run<Table>::ReadWhileWanted() {
   }
 }
 
-/// Null for an empty read and for a frame that this run does not take.
+/// Null for an empty read and for a frame that this run does not take. The format filter goes by
+/// the log's word for the format, see KeyFlags::can_Flag.
 template <typename Table>
 const ReceivedFrame* Run<Table>::ReadAccepted() {
   const ReceivedFrame* frame = binding_.Read();

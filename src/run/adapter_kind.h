@@ -8,8 +8,8 @@
 
 namespace tolvane {
 
-/// The three kinds of adapter. How a run goes with each stands in receive/open_traits.h, the bit
-/// rates that each has in its binding.
+/// The three kinds of adapter. How a run goes with each stands in receive/open_traits.h, which bit
+/// rates it has in receive/adapters/bit_rate.h.
 enum class AdapterKind : std::uint8_t { kCanusb, kInterface, kKvaser };
 
 /// What is known of a kind before any adapter is seen.
@@ -17,14 +17,23 @@ struct AdapterTraits {
   std::int32_t vender;       // its number in t_select_Vender and Device_Timer_Kind
   std::int32_t library_bit;  // in the result of DLL_Presence_Check
   StringView library;        // file in the system folder
+  StringView name;           // begins the adapters' lines; empty where a channel names itself
   std::int32_t timer_wrap;   // ms after which the adapter's timer starts over; 0 for never
 };
 
 /// By AdapterKind.
 inline constexpr std::array<AdapterTraits, 3> adapter_traits = {{
-    {.vender = 1, .library_bit = 1, .library = u"canusbdrv.dll", .timer_wrap = 60'000},
-    {.vender = 2, .library_bit = 2, .library = u"IFCan.dll", .timer_wrap = 429'491},
-    {.vender = 3, .library_bit = 4, .library = u"canlib32.dll", .timer_wrap = 0},
+    {.vender = 1,
+     .library_bit = 1,
+     .library = u"canusbdrv.dll",
+     .name = u"CANUSB ",
+     .timer_wrap = 60'000},
+    {.vender = 2,
+     .library_bit = 2,
+     .library = u"IFCan.dll",
+     .name = u"Interface ",
+     .timer_wrap = 429'491},
+    {.vender = 3, .library_bit = 4, .library = u"canlib32.dll", .name = u"", .timer_wrap = 0},
 }};
 
 [[nodiscard]] constexpr const AdapterTraits& AdapterTraitsOf(AdapterKind kind) {

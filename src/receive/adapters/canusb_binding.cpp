@@ -12,11 +12,8 @@ constexpr int kExtended = CANUSB{}.CANMSG_EXTENDED;
 }  // namespace
 
 bool CanusbBinding::TakeRate(std::int32_t t_bitRate) {
-  const auto rate = OfBitRate<StringView>(
-      t_bitRate, {CAN_u_.CAN_BAUD_1M, CAN_u_.CAN_BAUD_800K, CAN_u_.CAN_BAUD_500K,
-                  CAN_u_.CAN_BAUD_250K, CAN_u_.CAN_BAUD_100K, CAN_u_.CAN_BAUD_50K,
-                  CAN_u_.CAN_BAUD_20K, CAN_u_.CAN_BAUD_10K, CAN_u_.CAN_BAUD_125K});
-  rate_ = NarrowText(rate.value_or(StringView()));
+  const BitRate* rate = BitRateOf(t_bitRate);
+  rate_ = rate == nullptr ? std::string() : NarrowText(rate->canusb);
   return true;
 }
 

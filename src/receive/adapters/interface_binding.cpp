@@ -13,12 +13,10 @@ constexpr std::int32_t kTimestampsPerMillisecond = 1000;
 }  // namespace
 
 bool InterfaceBinding::TakeRate(std::int32_t t_bitRate) {
-  const auto rate = OfBitRate<std::int32_t>(
-      t_bitRate, {IfCan_u_.CAN_BAUDRATE_1M, std::nullopt, IfCan_u_.CAN_BAUDRATE_500k,
-                  IfCan_u_.CAN_BAUDRATE_250k, IfCan_u_.CAN_BAUDRATE_100k, IfCan_u_.CAN_BAUDRATE_50k,
-                  std::nullopt, std::nullopt, IfCan_u_.CAN_BAUDRATE_125k});
-  rate_ = rate.value_or(0);
-  return rate.has_value();
+  const BitRate* rate = BitRateOf(t_bitRate);
+  if (rate == nullptr || !rate->interface_board) return false;
+  rate_ = *rate->interface_board;
+  return true;
 }
 
 bool InterfaceBinding::Open() {

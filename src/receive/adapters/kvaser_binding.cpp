@@ -6,12 +6,10 @@
 namespace tolvane {
 
 bool KvaserBinding::TakeRate(std::int32_t t_bitRate) {
-  const auto rate = OfBitRate<std::int32_t>(
-      t_bitRate, {kvCan_u_.canBITRATE_1M, std::nullopt, kvCan_u_.canBITRATE_500K,
-                  kvCan_u_.canBITRATE_250K, kvCan_u_.canBITRATE_100K, kvCan_u_.canBITRATE_50K,
-                  std::nullopt, kvCan_u_.canBITRATE_10K, kvCan_u_.canBITRATE_125K});
-  rate_ = rate.value_or(0);
-  return rate.has_value();
+  const BitRate* rate = BitRateOf(t_bitRate);
+  if (rate == nullptr || !rate->kvaser) return false;
+  rate_ = *rate->kvaser;
+  return true;
 }
 
 bool KvaserBinding::Open() {

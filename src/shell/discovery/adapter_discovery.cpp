@@ -6,6 +6,7 @@
 
 #include "platform/byte_text.h"
 #include "receive/adapters/board_name.h"
+#include "run/adapter_kind.h"
 #include "run/number_text.h"
 #include "shell/discovery/adapter_text.h"
 
@@ -44,7 +45,7 @@ String ChannelName(const platform::Platform& platform, const KvaserCAN& kvCan_u,
   std::array<char, kChannelNameSize> name{};
   const std::int32_t status = platform.canlib32.canGetChannelData(
       handle, kvCan_u.canCHANNELDATA_CHANNEL_NAME, std::as_writable_bytes(std::span(name)));
-  return status < 0 ? String() : platform.code_page.Decode(WithoutNul(name));
+  return status < kvCan_u.canOK ? String() : platform.code_page.Decode(WithoutNul(name));
 }
 
 }  // namespace
@@ -104,12 +105,13 @@ void Find_Kvaser_Channels(const platform::Platform& platform, const KvaserCAN& k
 
 String CANUSB_Line(const platform::Platform& platform, const CAN_DB& CAN_d, std::int32_t i) {
   const String& serial = CAN_d.CAN_USB_FindSerialNo(static_cast<std::int16_t>(i));
-  return u"CANUSB " + platform.code_page.Decode(NarrowText(serial));
+  return String(AdapterTraitsOf(AdapterKind::kCanusb).name) +
+         platform.code_page.Decode(NarrowText(serial));
 }
 
 String Interface_Line(const CAN_DB_Interface& IfCan_d, std::int32_t i) {
   const auto port = static_cast<std::int16_t>(i);
-  String line = u"Interface ";
+  String line(AdapterTraitsOf(AdapterKind::kInterface).name);
   line +=
       Get_Board_Name(IfCan_d.IfCAN_info_ulDeviceID(port), IfCan_d.IfCAN_info_ulSubsystemID(port));
   line += u" port:";

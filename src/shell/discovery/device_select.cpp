@@ -5,6 +5,7 @@
 
 #include "platform/byte_text.h"
 #include "receive/adapters/board_name.h"
+#include "run/adapter_kind.h"
 #include "run/number_text.h"
 #include "shell/discovery/adapter_text.h"
 
@@ -58,7 +59,7 @@ std::int32_t ShowCanusb(const platform::Platform& platform, platform::TextBox& T
 
 String InterfaceText(const CAN_DB_Interface& IfCan_d) {
   const auto port = static_cast<std::int16_t>(IfCan_d.Interface_CAN_SelectNo);
-  String text = u"Interface ";
+  String text(AdapterTraitsOf(AdapterKind::kInterface).name);
   text +=
       Get_Board_Name(IfCan_d.IfCAN_info_ulDeviceID(port), IfCan_d.IfCAN_info_ulSubsystemID(port));
   text += u" RevID:";

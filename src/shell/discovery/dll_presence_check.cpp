@@ -1,20 +1,19 @@
 #include "shell/discovery/dll_presence_check.h"
 
 #include "run/adapter_kind.h"
-
 #include "run/stop_message.h"
 
 namespace tolvane::Common_Function {
 
 namespace {
 
-/// A folder given as the path of the executable is taken for the folder that holds it.
+/// A folder given as the path of the executable is taken for the folder that holds it. Its
+/// separator stays, and Windows takes two for one.
 String WithoutExecutable(String folder) {
   constexpr StringView kExecutable = u"Tolvane.exe";
   for (std::size_t at; (at = folder.find(kExecutable)) != String::npos;) {
     folder.erase(at, kExecutable.size());
   }
-  if (folder.ends_with(u'\\')) folder.pop_back();
   return folder;
 }
 
@@ -42,10 +41,11 @@ std::int32_t DLL_Presence_Check(const platform::Platform& platform, const ELM327
     if (found) present |= adapter.library_bit;
   }
   if (present == 0) {
+    // Always this one, whichever is missing: users know the message so.
+    const StringView named = AdapterTraitsOf(AdapterKind::kCanusb).library;
     ShowStopMessage(platform.message_box, device,
                     u"CANインタフェース用DLLが見つかりません。\r\n" + system_folder +
-                        u"canusbdrv.dll\r\n"
-                        u"ドライバがインストールされていません。",
+                        String(named) + u"\r\nドライバがインストールされていません。",
                     kEndsApp);
     return -1;
   }

@@ -8,8 +8,8 @@
 namespace tolvane::Common_Function {
 
 /// Which adapter libraries stand in the system folder, as the sum of their library bits; whether
-/// one can be used shows when its adapters are searched. -1 when the program must end, for want of
-/// qxt100.dll or of every adapter library, which a message box has told.
+/// one can be used shows when its adapters are searched. -1 when the program must end because
+/// qxt100.dll or every adapter library is missing; a message box has then said so.
 [[nodiscard]] std::int32_t DLL_Presence_Check(const platform::Platform& platform,
                                               const ELM327_Info& device);
 

@@ -24,10 +24,10 @@ class RateColours : public testing::Test {
   }
   void TearDown() override { AllWindows::Close(dialog_); }
 
-  [[nodiscard]] HWND Control(int id) const { return GetDlgItem(dialog_, id); }
+  [[nodiscard]] HWND Control(int control) const { return GetDlgItem(dialog_, control); }
 
-  /// The colour that tells who takes a rate: that of the label that names those adapters, or the
-  /// system's for all three. Nothing when no label names them.
+  /// The colour that tells which adapters take a rate: that of the label that names those adapters,
+  /// or the system's for all three. Nothing when no label names them.
   [[nodiscard]] std::optional<COLORREF> ColourFor(std::int32_t rate) {
     CanusbBinding canusb(memory_.canusbdrv, CAN_u_, CAN_d_);
     InterfaceBinding board(memory_.IFCan, IfCan_u_, IfCan_d_);
@@ -64,7 +64,9 @@ TEST_F(RateColours, AreThoseOfTheLabelsThatNameTheAdaptersTakingTheRate) {
 
 TEST_F(RateColours, StandAtTheTextsThatAStartedRunShows) {
   for (std::int32_t rate = 0; rate <= 8; ++rate) {
-    EXPECT_EQ(WindowText(Control(id::RB_BitRate_0 + rate)), BitRateText(rate)) << rate;
+    const BitRate* known = BitRateOf(rate);
+    ASSERT_NE(known, nullptr) << rate;
+    EXPECT_EQ(WindowText(Control(id::RB_BitRate_0 + rate)), known->text) << rate;
   }
 }
 
