@@ -21,12 +21,11 @@ namespace tolvane {
 /// The main window as the controller of everything: one class in two folders. Each method is
 /// declared below under its file, which lies where what it includes lets it:
 ///
-///   run/control/form1.cpp    a run and the choice of its adapter: workers, logs, discovery
-///   shell/application.cpp    the life of the process: settings files and office programs as well
-///   shell/view_commands.cpp  the page as a notebook: the page alone, but a subject of the shell
-///
-/// run/control calls up into the shell once: Bt_Connect_Click calls Set_View_Menu_After_Run when
-/// the window is put back.
+///   run/control/form1.cpp      a run and the choice of its adapter: workers, logs, discovery
+///   run/control/view_menu.cpp  the page's events and the items of its pop-up menu: the end of a
+///                              run makes up for what the menu missed
+///   shell/application.cpp      the life of the process: settings files and office programs as well
+///   shell/view_commands.cpp    the page as a notebook: the page alone, but a subject of the shell
 ///
 /// Handlers run on the user-interface thread, during a run nested inside its yields.
 class Form1 {
@@ -71,7 +70,7 @@ class Form1 {
   /// Raised by every selection of a line, by the user or in code.
   void Cmb_Serect_Device_Click();
 
-  // shell/view_commands.cpp
+  // run/control/view_menu.cpp
 
   /// The pop-up's items follow the selection, but not while the timer of FormBG is on: what they
   /// miss then is made up for at the end of the run.
@@ -79,6 +78,9 @@ class Form1 {
   /// A right click in the view, or the menu key while it has the focus.
   void RTB_MainView_ContextMenu();
   void RTB_MainView_GotFocus();
+
+  // shell/view_commands.cpp
+
   void menu_View_All_Copy_Click();
   void menu_View_Ctrl_Z_Click();
   void menu_View_Ctrl_X_Click();
@@ -131,7 +133,7 @@ class Form1 {
 
   // run/control/form1.cpp: the stages of Bt_Connect_Click
   void Lock_Window();
-  /// False when the settings ask for a spreadsheet server that cannot be had, which is shown.
+  /// False when the settings ask for a spreadsheet server that does not start, which is shown.
   [[nodiscard]] bool Open_Spreadsheet_Server();
   /// Moves the comment into the settings. False when one is missing, which is shown.
   [[nodiscard]] bool Take_Comment();
@@ -146,12 +148,14 @@ class Form1 {
   /// Cuts to kLogComment_MAX.
   void Store_Comment(StringView comment);
 
-  // shell/view_commands.cpp
+  // run/control/view_menu.cpp
   struct ViewMenuFacts;
-  void Set_View_Menu_After_Run();
   void Set_View_Menu(const ViewMenuFacts& facts);
   void Set_View_Menu_At_Start();
+  void Set_View_Menu_After_Run();
   [[nodiscard]] bool Clipboard_Has_Text();
+
+  // shell/view_commands.cpp
   void To_Clipboard(StringView plain_text, StringView rich_text);
   /// How long a command may wait for the clipboard, in ms: frames wait with it in a run.
   [[nodiscard]] std::int32_t Clipboard_Patience() const { return RxFlag == 1 ? 20 : 100; }
