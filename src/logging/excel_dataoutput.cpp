@@ -22,8 +22,9 @@ StringView LogExtension(const ELM327_Info& device) {
 std::int32_t FileNumber(StringView text) {
   std::int32_t number = 0;
   for (const char16_t digit : text) {
-    if (digit < u'0' || digit > u'9' || number > kFileNumber_MAX) return 1;
+    if (digit < u'0' || digit > u'9') return 1;
     number = number * 10 + (digit - u'0');
+    if (number > kFileNumber_MAX) return 1;
   }
   return number;
 }
@@ -79,7 +80,7 @@ void Excel_OutputDB::Session_End_Output(ELM327_Info& device, String& FileName_Da
   if (!is_spreadsheet && device.t_LogSaveFormat != kLogFormatCsv) return;  // never written
   if (is_spreadsheet) csv_DB_Initialize(0, device);  // a spreadsheet log has no csv header yet
   const platform::LocalTime now = services_.wall_clock.Now();
-  const std::int32_t current = Excel_DB_ArayyCh == 1 ? 1 : 2;
+  const std::int32_t current = CurrentCh();
   for (const std::int32_t channel : {3 - current, current}) {
     CsvChannel rows;
     const CsvChannel* records = BuilderOf(channel);
@@ -122,16 +123,6 @@ bool Excel_OutputDB::WriteCsvFile(StringView path, StringView date, const CsvCha
   return stream != nullptr && stream->Write(LogHeaderTop) && stream->Write(date) &&
          stream->Write(LogHeaderBottom) && (channel == nullptr || channel->WriteTo(*stream)) &&
          stream->Close();
-}
-
-LogTable* Excel_OutputDB::TableOf(std::int32_t Output_ch) {
-  if (Output_ch == 1) return &Time_ID_DLC_Data1;
-  return Output_ch == 2 ? &Time_ID_DLC_Data2 : nullptr;
-}
-
-CsvChannel* Excel_OutputDB::BuilderOf(std::int32_t Output_ch) {
-  if (Output_ch == 1) return &LogBuilder1;
-  return Output_ch == 2 ? &LogBuilder2 : nullptr;
 }
 
 }  // namespace tolvane

@@ -50,8 +50,7 @@ void Excel_OutputDB::Excel_DataInput29(double now_time, std::int32_t can_ID, std
 
 void Excel_OutputDB::csv_DataInput(double now_time, std::int32_t can_ID, std::int32_t can_DLC,
                                    std::span<const std::uint8_t, 8> can_DATA) {
-  csv_DataTail(Excel_DB_ArayyCh == 1 ? LogBuilder1 : LogBuilder2, {now_time, can_DLC, can_DATA}, {},
-               HexID11Text(can_ID));
+  csv_DataTail(*BuilderOf(CurrentCh()), {now_time, can_DLC, can_DATA}, {}, HexID11Text(can_ID));
 }
 
 void Excel_OutputDB::csv_DataInput29(double now_time, std::int32_t can_ID, std::int32_t can_DLC,
@@ -59,7 +58,7 @@ void Excel_OutputDB::csv_DataInput29(double now_time, std::int32_t can_ID, std::
                                      std::int32_t can_Flag) {
   const LogRecord record{now_time, can_DLC, can_DATA};
   const StringView mark = CsvMark29(can_Flag);
-  if (Excel_DB_ArayyCh == 1) {
+  if (CurrentCh() == 1) {
     csv_DataTail(LogBuilder1, record, mark, LogID29Text(can_ID));
     return;
   }
@@ -74,7 +73,7 @@ void Excel_OutputDB::csv_DataInput29(double now_time, std::int32_t can_ID, std::
 
 void Excel_OutputDB::Excel_DataStore(const LogRecord& record, StringView identifier,
                                      std::int32_t can_Flag) {
-  LogTable& table = Excel_DB_ArayyCh == 1 ? Time_ID_DLC_Data1 : Time_ID_DLC_Data2;
+  LogTable& table = *TableOf(CurrentCh());
   const std::int32_t row = Excel_DB_ArayyCounter;
   table(row, 2) = identifier;
   if (can_Flag == 1) table(row, 1) = u"*";

@@ -91,9 +91,9 @@ class Excel_OutputDB {
                 String& FileName_No, const String& FolderName) {
     if (Excel_DB_ArayyCounter <= Excel_DB_ArayyCounter_MAX) return;
     Excel_DB_ArayyCounter = 0;
-    const std::int32_t full = Excel_DB_ArayyCh == 1 ? 1 : 2;
+    const std::int32_t full = CurrentCh();
     Excel_DataOutput(full, device, objExcel, FileName_Date, FileName_No, FolderName);
-    Excel_DB_ArayyCh = full == 1 ? 2 : 1;
+    Excel_DB_ArayyCh = 3 - full;  // the other of 1 and 2
   }
 
   /// Writes the current channel to a new csv file, whatever the log's format, because the process
@@ -115,9 +115,17 @@ class Excel_OutputDB {
                                    const String& FolderName);
   /// Null for a channel that does not exist: headers alone.
   [[nodiscard]] bool WriteCsvFile(StringView path, StringView date, const CsvChannel* channel);
-  /// Table or builder of channel 1 or 2, null for any other.
-  [[nodiscard]] LogTable* TableOf(std::int32_t Output_ch);
-  [[nodiscard]] CsvChannel* BuilderOf(std::int32_t Output_ch);
+  /// 1 or 2, whatever Excel_DB_ArayyCh holds.
+  [[nodiscard]] std::int32_t CurrentCh() const { return Excel_DB_ArayyCh == 1 ? 1 : 2; }
+  /// Table or builder of channel 1 or 2, null for any other. Inline: every record asks.
+  [[nodiscard]] LogTable* TableOf(std::int32_t Output_ch) {
+    if (Output_ch == 1) return &Time_ID_DLC_Data1;
+    return Output_ch == 2 ? &Time_ID_DLC_Data2 : nullptr;
+  }
+  [[nodiscard]] CsvChannel* BuilderOf(std::int32_t Output_ch) {
+    if (Output_ch == 1) return &LogBuilder1;
+    return Output_ch == 2 ? &LogBuilder2 : nullptr;
+  }
 
   LogTable Time_ID_DLC_Data1;
   LogTable Time_ID_DLC_Data2;

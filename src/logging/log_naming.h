@@ -15,6 +15,7 @@ namespace tolvane {
 constexpr std::int32_t kFileNumber_MAX = 1000;  // the search for a free name stops here
 
 constexpr std::size_t kLongestLogName = StringView(u"\\KLyymmddhh-1000.xlsx").size();
+static_assert(kFileNumber_MAX <= 9999, "the name above has four digits");
 constexpr std::size_t kWorkbookPath_MAX = 218;  // of a path that Excel saves to
 
 /// The longest path of a folder that takes every log file of a run.

@@ -55,7 +55,7 @@ struct Currency {
 /// count.
 class ArayyClear {
  public:
-  /// Only tests call it: no table has such a column today.
+  /// Every table has the clearing operations of all types. No column of this type is left in one.
   template <std::size_t N>
   static void Arayy_ALL_Clear_zero_Currency(std::int32_t Arayy_MAX, Column<Currency, N>& Arayy) {
     Arayy.Fill(Arayy_MAX, {});

@@ -29,7 +29,7 @@ std::optional<std::int32_t> MajorVersion(platform::AutomationObject& server) {
   if (const auto* text = std::get_if<String>(&*version)) return LeadingNumber(*text);
   if (const auto* number = std::get_if<std::int32_t>(&*version)) return *number;
   if (const auto* number = std::get_if<double>(&*version);
-      number != nullptr && std::fabs(*number) < std::numeric_limits<std::int32_t>::max()) {
+      number != nullptr && std::fabs(*number) <= std::numeric_limits<std::int32_t>::max()) {
     return static_cast<std::int32_t>(*number);
   }
   return {};

@@ -1,6 +1,8 @@
 #include <gtest/gtest.h>
 
+#include <cstddef>
 #include <limits>
+#include <optional>
 
 #include "tests/config/config_test.h"
 
@@ -44,6 +46,22 @@ TEST_F(ConfigLoad, UnreadableFileIsAnErrorAndStays) {
   EXPECT_EQ(Load(), FileSaveSystem::kConfigMissing);
   ExpectDefaults();
   EXPECT_TRUE(files.FileExists(kPath));
+}
+
+TEST_F(ConfigLoad, NoMoreIsReadThanTheLongestFileHolds) {
+  class Disk : public platform::memory::FileSystem {
+   public:
+    using FileSystem::FileSystem;
+    std::optional<platform::BinaryRead> ReadBinary(StringView path, std::size_t size) override {
+      asked = size;
+      return FileSystem::ReadBinary(path, size);
+    }
+    std::size_t asked = 0;
+  } disk(code_page);
+  disk.AddFile(kPath, Config());
+  EXPECT_EQ(FileSaveSystem::LoadConfigFile(device, disk, code_page, message_box),
+            FileSaveSystem::kConfigLoaded);
+  EXPECT_EQ(disk.asked, 382U + 5U * 65535U);
 }
 
 TEST_F(ConfigLoad, FailedCloseBehindACompleteLoadIsItsOwnResult) {

@@ -77,6 +77,8 @@ TEST_F(BaseFolderTest, PathsThatMeanTheFolderAboveKeepTheirMeaning) {
   }
 }
 
+TEST(PathOfFolder, OfADrivesCurrentFolderIsKept) { EXPECT_EQ(PathOfFolder(u"E:."), u"E:."); }
+
 class LogNaming : public LogTest {
  protected:
   void AddLogs(std::int32_t first, std::int32_t last) {
@@ -196,8 +198,18 @@ TEST_F(LogNaming, ExtensionFollowsFormatAndVersion) {
   }
 }
 
+TEST_F(LogNaming, TheSearchStartsAtTheLastNumberOfTheHour) {
+  for (const StringView text : {u"009", u"010", u"087", u"120", u"999"}) {
+    FileName_Date = u"26112009";
+    FileName_No = text;
+    Flush(1);
+    EXPECT_EQ(FileName_No, text) << "its file is gone, so it is free";
+    files.Remove(u"C:\\Tolvane\\KL26112009-" + String(text) + u".csv");
+  }
+}
+
 TEST_F(LogNaming, AStrangeNumberTextStartsAtOne) {
-  for (const StringView text : {u"x", u"-1", u"99999999999999999999"}) {
+  for (const StringView text : {u"x", u"-1", u"1001", u"99999999999999999999"}) {
     FileName_Date = u"26112009";
     FileName_No = text;
     Flush(1);

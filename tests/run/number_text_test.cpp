@@ -149,6 +149,9 @@ TEST(ToCurrency, RoundsToFourDecimalsAndStaysInRange) {
   EXPECT_EQ(ToCurrency(0.03125).ten_thousandths, 312);
   EXPECT_EQ(ToCurrency(0.09375).ten_thousandths, 938);
   EXPECT_EQ(ToCurrency(1e300).ten_thousandths, std::numeric_limits<std::int64_t>::max());
+  // As a double one beyond the highest.
+  EXPECT_EQ(ToCurrency(922337203685477.5808).ten_thousandths,
+            std::numeric_limits<std::int64_t>::max());
   EXPECT_EQ(ToCurrency(-1e300).ten_thousandths, std::numeric_limits<std::int64_t>::min());
   EXPECT_EQ(ToCurrency(std::nan("")).ten_thousandths, std::numeric_limits<std::int64_t>::min());
 }

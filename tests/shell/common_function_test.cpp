@@ -56,6 +56,7 @@ TEST_F(OfficeCheck, VersionIsTheNumberInFrontOfThePoint) {
   };
   const Row rows[] = {{String(u"16.0"), 16},
                       {String(u"9"), 9},
+                      {String(u"20.0"), 20},
                       {14, 14},
                       {12.0, 12},
                       {11.9, 11},
@@ -63,6 +64,8 @@ TEST_F(OfficeCheck, VersionIsTheNumberInFrontOfThePoint) {
                       {String(u""), 7},
                       {std::monostate{}, 7},
                       {1e300, 7},
+                      {2147483647.0, 2147483647},
+                      {2147483648.0, 7},
                       {String(u"99999999999"), 7}};
   for (const Row& row : rows) {
     servers.Register(u"Excel.Application", row.version);

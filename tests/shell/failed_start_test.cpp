@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "platform/utf8.h"
+#include "shell/discovery/dll_presence_check.h"
 #include "tests/run/control/form1_bench.h"
 
 namespace tolvane {
@@ -98,6 +99,16 @@ TEST(FailedStartLater, SavesTheCommentOfTheStillEmptyBox) {
   Form1Bench bench;
   bench.form.Form_Load();
   EXPECT_EQ(bench.form.device.t_LogComment, u"");
+}
+
+TEST(FailedStartLater, ALibraryThatIsMissingIsToldAsMinusOne) {
+  platform::memory::MemoryPlatform memory;
+  const ELM327_Info device{u"C:\\Tolvane"};
+  EXPECT_EQ(Common_Function::DLL_Presence_Check(memory.Platform(), device), -1)
+      << "the program's own";
+  memory.files.AddFolder(u"C:\\Tolvane");
+  memory.files.AddFile(u"C:\\Tolvane\\qxt100.dll", "MZ");
+  EXPECT_EQ(Common_Function::DLL_Presence_Check(memory.Platform(), device), -1) << "any adapter's";
 }
 
 /// That a program told that it stands in `told` finds its support library in `cut`.

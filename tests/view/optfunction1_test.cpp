@@ -74,6 +74,21 @@ TEST(CheckDisableID, AnyBoundStaysInsideTheEightRanges) {
   }
 }
 
+// Beyond its end a table would go on with the one behind it, which here holds a range that is on.
+TEST(CheckDisableID, WhatLiesBehindTheTablesIsNoRange) {
+  ELM327_Info device = Record();
+  for (std::int16_t i = 0; i < 2; ++i) {
+    device.t_DisableID_Start(i, 1);
+    device.t_DisableID_End(i, 5);
+    device.t_MsgMarkerID(i, 5);
+  }
+  for (const std::int32_t bound : {8, 9, std::numeric_limits<std::int32_t>::max()}) {
+    device.t_DisableID_MAX = bound;
+    EXPECT_EQ(OptFunction1::Check_DisableID(5, device), 0) << bound;
+    EXPECT_EQ(OptFunction1::Make_DisableID_Text(device), u"") << bound;
+  }
+}
+
 TEST(MakeDisableIDText, IsEmptyWithoutARangeWhateverTheLogOptionSays) {
   ELM327_Info device = Record();
   device.t_Save_ID_DisableMode = 1;

@@ -40,9 +40,17 @@ TEST(RtfInBlack, WhatTheTableLeavesOpenIsBlack) {
               {"backgrounds", "\\highlight0\\cb1 a", "\\highlight0\\cb1 a"},
               {"longer words", "\\cfx\\cf2\\plainx a", "\\cfx\\cf2\\plainx a"},
               {"no control words", "\\\\cf1 \\'cf1 \\{cf1", "\\\\cf1 \\'cf1 \\{cf1"},
-              {"data", "\\bin5 \\cf1 \\cf1 a", "\\bin5 \\cf1 \\cf3 a"}};
+              {"data", "\\bin5 \\cf1 \\cf1 a", "\\bin5 \\cf1 \\cf3 a"},
+              {"no data", "\\bin0 \\cf1 a", "\\bin0 \\cf3 a"}};
   for (const auto& row : rows) {
     EXPECT_EQ(RtfInBlack(table + "}" + row.body + "}"), start + row.expected + "}") << row.label;
+  }
+}
+
+TEST(RtfInBlack, AnEntryWithAnyPartOfAColourIsDefined) {
+  for (const std::string part : {"\\red5", "\\green5", "\\blue5"}) {
+    EXPECT_EQ(RtfInBlack("{\\rtf1{\\colortbl;" + part + ";}\\cf1 a}"),
+              "{\\rtf1{\\colortbl;" + part + ";\\red0\\green0\\blue0;}\\cf2 \\cf1 a}");
   }
 }
 
