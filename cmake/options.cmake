@@ -42,22 +42,20 @@ if(CMAKE_SYSTEM_PROCESSOR STREQUAL "i686")
   target_compile_options(tolvane_options INTERFACE -msse2 -mfpmath=sse)
 endif()
 
-if(TOLVANE_SANITIZE OR TOLVANE_FUZZ)
+if(TOLVANE_SANITIZE)
   set(tolvane_sanitizers -fsanitize=address,undefined -fno-sanitize-recover=all
                          -fno-omit-frame-pointer)
   target_compile_options(tolvane_options INTERFACE ${tolvane_sanitizers})
   # An index beyond an array within an object stays within the object, unseen by the sanitizers.
   target_compile_definitions(tolvane_options INTERFACE _GLIBCXX_ASSERTIONS)
   target_link_options(tolvane_options INTERFACE ${tolvane_sanitizers})
-endif()
-
-# A fuzzer finds its way by what its inputs reach of the program, not of the target alone.
-if(TOLVANE_FUZZ)
+  # A fuzzer finds its way by what its inputs reach of the program, not of the target alone; no fuzzer runs the tests.
   set(tolvane_uninstrumented "${CMAKE_SOURCE_DIR}/tests/fuzz/uninstrumented.txt")
-  target_compile_options(
-    tolvane_options INTERFACE -fsanitize=fuzzer-no-link
-                              -fsanitize-ignorelist=${tolvane_uninstrumented}
-                              -fsanitize-coverage-ignorelist=${tolvane_uninstrumented})
+  set(is_fuzzed $<NOT:$<BOOL:$<TARGET_PROPERTY:TOLVANE_IS_TEST>>>)
+  foreach(option -fsanitize=fuzzer-no-link -fsanitize-ignorelist=${tolvane_uninstrumented}
+                 -fsanitize-coverage-ignorelist=${tolvane_uninstrumented})
+    target_compile_options(tolvane_options INTERFACE $<${is_fuzzed}:${option}>)
+  endforeach()
   target_link_options(tolvane_options INTERFACE -fsanitize=fuzzer-no-link)
 endif()
 

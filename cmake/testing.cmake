@@ -35,19 +35,23 @@ endif()
 # Most of what is left goes into reading these headers, so all tests share one reading of them.
 add_library(tolvane_test_headers OBJECT "${CMAKE_SOURCE_DIR}/tests/test_headers.cpp")
 target_link_libraries(tolvane_test_headers PRIVATE tolvane_test_options)
+set_target_properties(tolvane_test_headers PROPERTIES TOLVANE_IS_TEST ON)
 target_precompile_headers(tolvane_test_headers PRIVATE <gtest/gtest.h> <filesystem> <fstream>)
 
-# tolvane_test(name SOURCES ... USES ...): one test binary. A ctest entry per case natively; one per
-# binary under Wine, where starting a process costs seconds.
+# tolvane_test(name SOURCES ... USES ...): one test binary. A ctest entry per case natively; one per binary
+# where the start of a process costs: seconds under Wine, and with sanitizers more than most cases.
 function(tolvane_test name)
   cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "SOURCES;USES")
   add_executable(${name} ${arg_SOURCES})
   target_include_directories(${name} PRIVATE "${CMAKE_SOURCE_DIR}")
   target_link_libraries(${name} PRIVATE ${arg_USES} tolvane_test_options)
+  set_target_properties(${name} PROPERTIES TOLVANE_IS_TEST ON)
   target_precompile_headers(${name} REUSE_FROM tolvane_test_headers)
   if(WIN32)
     add_test(NAME ${name} COMMAND "${CMAKE_SOURCE_DIR}/scripts/lib/${tolvane_runner}"
                                   $<TARGET_FILE:${name}>)
+  elseif(TOLVANE_SANITIZE)
+    add_test(NAME ${name} COMMAND ${name})
   else()
     gtest_discover_tests(${name} DISCOVERY_TIMEOUT 60)
   endif()
@@ -73,18 +77,19 @@ function(tolvane_check folder script)
 endfunction()
 
 # The target `fuzzers` builds all fuzz targets and nothing else.
-if(TOLVANE_FUZZ)
+if(TOLVANE_SANITIZE)
   add_custom_target(fuzzers)
 endif()
 
-# tolvane_fuzz(name SOURCES ... USES ... [CORPUS folder]): a fuzz target of the preset native-fuzz. Its test
-# plays the corpus and then tries a fixed number of mutations with a fixed seed, a few seconds' work;
-# to search on, start the binary by hand.
+# tolvane_fuzz(name SECONDS n SOURCES ... USES ... [CORPUS folder]): a fuzz target of the preset native-sanitize.
+# Its test plays the corpus and then tries 20,000 mutations with a fixed seed, but ends after SECONDS, which are
+# dealt out by what is at stake: most to a whole run, least to the simulator's files. To search on, start the
+# binary by hand.
 function(tolvane_fuzz name)
-  if(NOT TOLVANE_FUZZ)
+  if(NOT TOLVANE_SANITIZE)
     return()
   endif()
-  cmake_parse_arguments(PARSE_ARGV 1 arg "" "CORPUS" "SOURCES;USES")
+  cmake_parse_arguments(PARSE_ARGV 1 arg "" "SECONDS;CORPUS" "SOURCES;USES")
   add_executable(${name} ${arg_SOURCES})
   target_include_directories(${name} PRIVATE "${CMAKE_SOURCE_DIR}")
   target_link_libraries(${name} PRIVATE ${arg_USES} tolvane_options)
@@ -98,6 +103,6 @@ function(tolvane_fuzz name)
   if(arg_CORPUS)
     set(corpus "${CMAKE_CURRENT_SOURCE_DIR}/${arg_CORPUS}")
   endif()
-  add_test(NAME fuzz.${name} COMMAND ${name} -runs=20000 -seed=1 -max_total_time=20
+  add_test(NAME fuzz.${name} COMMAND ${name} -runs=20000 -seed=1 -max_total_time=${arg_SECONDS}
                                      -artifact_prefix=${found}/ ${found} ${corpus})
 endfunction()

@@ -5,7 +5,7 @@ usage: tally.py JUNIT [FOLDER]
 
 JUNIT is what `ctest --output-junit` wrote. An entry that ran a whole GoogleTest binary left
 FOLDER/NAME.xml, whose cases are counted instead of the entry. Prints "PASSED FAILED SKIPPED" on the
-first line, then the names of what failed and was skipped.
+first line, then the names of what failed, and of what was skipped with the reason that a case gave.
 """
 
 import pathlib
@@ -19,11 +19,11 @@ class Tally:
         self.failed: list[str] = []
         self.skipped: list[str] = []
 
-    def add(self, name: str, outcome: str) -> None:
+    def add(self, name: str, outcome: str, reason: str = "") -> None:
         if outcome == "passed":
             self.passed += 1
         else:
-            getattr(self, outcome).append(name)
+            getattr(self, outcome).append(f"{name}: {reason}" if reason else name)
 
 
 def outcome_of_entry(entry: xml.Element) -> str:
@@ -44,6 +44,13 @@ def outcome_of_case(case: xml.Element) -> str:
     return "passed"
 
 
+def reason_of_case(case: xml.Element) -> str:
+    """Of one that was skipped. The message's first line is the place in the code."""
+    skipped = case.find("skipped")
+    message = "" if skipped is None else skipped.get("message", "")
+    return " ".join(message.split("\n")[1:]).strip()
+
+
 def add_entry(tally: Tally, entry: xml.Element, folder: pathlib.Path | None) -> None:
     name = entry.get("name", "")
     outcome = outcome_of_entry(entry)
@@ -51,12 +58,12 @@ def add_entry(tally: Tally, entry: xml.Element, folder: pathlib.Path | None) -> 
     if report is None or not report.exists():
         tally.add(name, outcome)
         return
-    cases = [(f'{case.get("classname")}.{case.get("name")}', outcome_of_case(case))
+    cases = [(f'{case.get("classname")}.{case.get("name")}', outcome_of_case(case), reason_of_case(case))
              for case in xml.parse(report).getroot().iter("testcase")]
     for case in cases:
         tally.add(*case)
     # The binary failed although no case did: it crashed or ran out of time.
-    if outcome == "failed" and all(result != "failed" for _, result in cases):
+    if outcome == "failed" and all(result != "failed" for _, result, _ in cases):
         tally.add(name, "failed")
 
 

@@ -115,11 +115,11 @@ void HostileMachine::WhileWaiting(std::function<void()> handler) {
   });
 }
 
-void HostileMachine::Act(std::function<void()> deed) {
+void HostileMachine::Act(std::function<void()> action) {
   if (in_box_ || IsLeft()) return;
-  memory.gate.Deliver([this, deed = std::move(deed)] {
+  memory.gate.Deliver([this, action = std::move(action)] {
     Require(!in_call_);
-    if (!IsLeft()) deed();
+    if (!IsLeft()) action();
   });
 }
 

@@ -27,7 +27,7 @@ class HostileMachine {
   /// The user's click, which is judged when it is one on Bt_Connect.
   void Click(void (Form1::*handler)());
   /// Whatever else the user does in the window.
-  void Act(std::function<void()> deed);
+  void Act(std::function<void()> action);
   /// The period of every timer is over.
   void Tick();
   void EndSession();

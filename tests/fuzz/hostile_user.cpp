@@ -9,7 +9,7 @@
 namespace tolvane::fuzz {
 namespace {
 
-constexpr int kDeepest = 6;  // deeds within deeds
+constexpr int kDeepest = 6;  // actions within actions
 
 using platform::memory::MainWindow;
 
@@ -42,7 +42,7 @@ void Choose(std::array<Choice, N>& group, std::uint8_t which) {
 
 }  // namespace
 
-const HostileUser::Deed HostileUser::kDeeds[] = {
+const HostileUser::Action HostileUser::kActions[] = {
     &HostileUser::Nothing,        &HostileUser::Tick,
     &HostileUser::Connect,        &HostileUser::Disconnect,
     &HostileUser::Clear,          &HostileUser::Snapshot,
@@ -71,7 +71,7 @@ void HostileUser::Act() {
     return;
   }
   ++depth_;
-  (this->*kDeeds[input_.Byte() % std::size(kDeeds)])();
+  (this->*kActions[input_.Byte() % std::size(kActions)])();
   --depth_;
 }
 

@@ -5,8 +5,8 @@
 
 namespace tolvane::fuzz {
 
-/// Everything that can happen to the program from outside, one deed for each byte of the input and
-/// what belongs to it. Behind the input's end runs are ended.
+/// Everything that can happen to the program from outside, one action for each byte of the input
+/// and what belongs to it. Behind the input's end runs are ended.
 class HostileUser {
  public:
   HostileUser(HostileMachine& machine, Input& input) : machine_(machine), input_(input) {}
@@ -15,8 +15,8 @@ class HostileUser {
   void Play();
 
  private:
-  using Deed = void (HostileUser::*)();
-  static const Deed kDeeds[];
+  using Action = void (HostileUser::*)();
+  static const Action kActions[];
 
   void Act();
   /// The user's OK in a dialog that this item of the menu has opened.
