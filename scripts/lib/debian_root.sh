@@ -132,7 +132,8 @@ debian_root_start() {
 # debian_root_join NUMBER USER[:GROUP] FOLDER [NAME=VALUE...] COMMAND ARGS: runs a command in a root that another
 # script has started, beside what runs there.
 debian_root_join() {
-  as_root nsenter --target "$1" --mount --pid setpriv --pdeathsig KILL \
+  # The mounts begin at the machine's own root, which is not this one's in a plain chroot.
+  as_root nsenter --target "$1" --root --mount --pid setpriv --pdeathsig KILL \
     chroot --userspec="$2" "$3" /usr/bin/env -i "${@:4}" </dev/null
 }
 

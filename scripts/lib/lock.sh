@@ -18,7 +18,7 @@ lock_holder() {
   grep . "$1" || echo "another script"
 }
 
-# lock_take SECONDS DESCRIPTOR FILE WHAT [--shared]: has the lock. Once that has taken so many seconds it is told
+# lock_take SECONDS DESCRIPTOR FILE WHAT [--shared]: has the lock. Once that has taken SECONDS it is told
 # for whom it waits.
 lock_take() {
   local how=("${@:5}" "$2")

@@ -4,7 +4,8 @@
 # Packages are installed from scratch each time, so that a package missing in lib/packages.sh is noticed. The last
 # commit is checked: a clone has nothing else.
 # shellcheck shell=bash
-: "${root:?common.sh comes first}" "${packages_fresh_root:?packages.sh}" "${failed:?stages.sh}" "${results:?}"
+: "${root:?common.sh comes first}" "${packages_fresh_root:?packages.sh}" "${failed:?stages.sh}" "${results:?}" \
+  "${root_stages[*]:?}"
 # shellcheck source=debian_root.sh
 source "$root/scripts/lib/debian_root.sh"
 # shellcheck source=lock.sh
@@ -15,11 +16,14 @@ fresh_project="/srv/the project"
 # An ordinary user, who may become root by sudo.
 fresh_user=stranger
 
+# Those of the root's stages that no other place runs.
+left_to_fresh=()
+
 stage_fresh() {
   local obstacle lock
   obstacle=$(fresh_obstacle)
   if [ -n "$obstacle" ]; then
-    count_skipped "fresh: $obstacle"
+    skip_fresh "$obstacle"
     return
   fi
   lock_open "$fresh_root.lock"
@@ -28,13 +32,24 @@ stage_fresh() {
   if debian_root_make "$fresh_root"; then
     fresh_in_root
   else
-    count_skipped "fresh: the root cannot be made: $(debian_root_reason)"
+    skip_fresh "the root cannot be made: $(debian_root_reason)"
   fi
   exec {lock}>&-
 }
 
+# skip_fresh REASON: what was left to the root is done here.
+skip_fresh() {
+  local stage
+  count_skipped "fresh: $1"
+  for stage in "${left_to_fresh[@]}"; do
+    # shellcheck disable=SC2046 # a list of words
+    need_packages $(stage_groups "$stage")
+    run_stage "$stage"
+  done
+}
+
 fresh_in_root() {
-  local before=$failed
+  local before=$failed stage
   fresh_clone
   fresh_as_root
   fresh_make_user
@@ -43,8 +58,10 @@ fresh_in_root() {
   # A root of their own: what the demo installed would hide what the tests lack. One in which something
   # failed stays.
   if [ "$failed" -eq "$before" ]; then debian_root_make "$fresh_root" && fresh_clone; fi
-  count_command fresh-checks fresh_test checks
-  count_command fresh-unit fresh_test unit
+  for stage in "${root_stages[@]}"; do
+    count_command "fresh-$stage" fresh_test "$stage"
+    say "fresh-$stage: $(tail -n 1 "$results/fresh-$stage.log")"
+  done
   if [ "$failed" -eq "$before" ]; then
     debian_root_remove "$fresh_root"
   else
@@ -81,8 +98,9 @@ fresh_as_root() {
   count_command fresh-program-x86 fresh_program_x86
 }
 
-# Seconds after which a command is stuck; on two cores the longest takes two to three minutes.
-fresh_stuck=1800
+# Seconds after which a command is stuck; on two cores the longest takes two to three minutes, or as long as the stages
+# in front of it take.
+fresh_stuck=3600
 
 fresh_run() { timeout --foreground "$fresh_stuck" "$root/scripts/lib/fresh-run" "$@"; }
 

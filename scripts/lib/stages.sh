@@ -12,6 +12,8 @@ source "$root/scripts/lib/stage_recordings.sh"
 
 passed=0 failed=0 skipped=0
 results=$build/test-results
+# shellcheck source=ahead.sh
+source "$root/scripts/lib/ahead.sh"
 
 # The stages in their order, the quick ones first, each with the groups of Debian packages that it needs.
 # Each is a function stage_NAME.
@@ -26,8 +28,8 @@ stage_table=(
   "window      build_x64 run windows_tests"
   "replay      build_x64 run"
   "logs        build_x64 run books"
-  "release     build_x64 build_x86 package"
   "x86         build_x86 windows_tests roots x86_display"
+  "release     build_x64 build_x86 package"
   "fresh       roots clone"
 )
 
@@ -35,6 +37,10 @@ all_stages() {
   local row
   for row in "${stage_table[@]}"; do echo "${row%% *}"; done
 }
+
+# In a run of all stages these are left to the root that the stage `fresh` makes.
+root_stages=(checks unit soak)
+stages_of_whole_run() { all_stages | grep -Fxv "${root_stages[@]/#/-e}"; }
 
 # stage_groups STAGE...
 stage_groups() {
@@ -104,7 +110,7 @@ run_ctest() {
   shift 2
   rm -rf "$folder"
   mkdir -p "$folder"
-  # A Windows test binary runs as one entry and leaves its cases' results in this folder.
+  # A test binary that runs as one entry leaves its cases' results in this folder.
   # Tests that lost this script would come into the way of the next run's: `timeout` hands the signal on to
   # all of them, and sets no limit.
   GTEST_OUTPUT=$(gtest_output "$preset" "$folder") in_group setpriv --pdeathsig TERM timeout 0 \
@@ -128,6 +134,7 @@ run_ctest() {
 gtest_output() {
   case $1 in
     windows-*) echo "xml:Z:$2/" ;;
+    native-sanitize) echo "xml:$2/" ;;
   esac
 }
 
@@ -139,16 +146,6 @@ build_all() {
   }
 }
 
-# build_ahead PRESET STAGE: builds for a later stage, if it is among the chosen ones, in the time that programs
-# under Wine leave while they mostly wait. The stage waits for it, and tells what does not build.
-build_ahead() {
-  [[ " ${stages[*]} " == *" $2 "* ]] || return 0
-  set -m
-  (renice -n 19 "$BASHPID" && build_tests "$1") >/dev/null 2>&1 </dev/null &
-  set +m
-  at_exit "kill -- -$! 2>/dev/null"
-}
-
 # build_before_commands [TARGET...]: the program, what drives it, and the Wine prefix that all others are
 # copied from, so that no command's time limit includes building these.
 build_before_commands() {
@@ -157,7 +154,7 @@ build_before_commands() {
 }
 
 # Entries of ctest that are not unit tests. Those of the soak count as one entry until they are built.
-other_entries='^(floors|docs|scripts|traffic|window|release|fuzz)\.|^window_tests$|(^|/)Soak|^soak_tests_NOT_BUILT'
+other_entries='^(floors|docs|scripts|traffic|window|release|fuzz)\.|^window_tests$|(^|/)Soak|^soak_tests'
 
 stage_checks() {
   configure_preset native || { count_failed "the preset native cannot be configured"; return; }
@@ -188,7 +185,7 @@ stage_sanitizers() {
 }
 
 stage_fuzz() {
-  build_all native-fuzz fuzzers && run_ctest fuzz native-fuzz -j2 -R '^fuzz\.'
+  build_all native-sanitize fuzzers && run_ctest fuzz native-sanitize -j2 -R '^fuzz\.'
 }
 
 stage_soak() {
@@ -212,7 +209,7 @@ need_wine() {
   [ -z "${wine_lock:-}" ] || return 0
   # shellcheck source=wine.sh
   source "$root/scripts/lib/wine.sh"
-  can_have wine_session || { count_failed "the Wine prefix or the display cannot be had"; return 1; }
+  can_have wine_session || { count_failed "the Wine prefix cannot be made or the display does not start"; return 1; }
   wine_session
   wine_stay
 }
@@ -225,7 +222,7 @@ stage_wine() {
 stage_window() {
   need_wine || return
   build_all windows-x64 || return
-  build_ahead windows-x86 x86
+  begin_ahead window
   run_ctest window windows-x64 -R '^window_tests$'
   keep_pictures
 }
@@ -243,6 +240,13 @@ keep_pictures() {
 x86_filter='-SpreadsheetLog.*:Table/SpreadsheetServer.*Chosen:Table/StartOutcomes.*:Option1.BadInput*'
 x86_filter+=':LogRun.WhatAHeldFileKeptBackComesWithTheNextFileOfItsChannel'
 
+# What the stage would do first, and then finds done.
+prepare_x86() {
+  # shellcheck source=x86.sh
+  source "$root/scripts/lib/x86.sh"
+  [ -z "$(x86_obstacle)" ] && x86_make_root && build_tests windows-x86
+}
+
 stage_x86() {
   # shellcheck source=wine.sh
   source "$root/scripts/lib/wine.sh"
@@ -255,7 +259,7 @@ stage_x86() {
   elif ! x86_make_root; then
     count_skipped "x86: the 32-bit root cannot be made: $(x86_reason)"
   elif ! can_have display_start; then
-    count_failed "x86: the display cannot be had"
+    count_failed "x86: the display does not start"
   elif build_all windows-x86; then
     display_start
     x86_stay || { count_failed "x86: the root cannot be entered"; return; }

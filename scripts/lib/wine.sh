@@ -42,7 +42,7 @@ wine_registry() {
   done
   printf '\r\n[HKEY_CURRENT_USER\\Control Panel\\Desktop]\r\n"LogPixels"=dword:%08x\r\n' "$wine_dpi"
   # A bare X server has no window manager to draw a title bar: Wine draws its own. On the display of a user
-  # who has one this changes.
+  # with a window manager this changes.
   printf '\r\n[HKEY_CURRENT_USER\\Software\\Wine\\X11 Driver]\r\n"Managed"="N"\r\n'
 }
 

@@ -128,7 +128,7 @@ class Options(Place):
                 ("demo", "--clock-start", "-1", ticks), ("demo", "--clock-start", "4294967296", ticks),
                 ("demo", "--adapter", "usb", "is canusb, interface or kvaser"),
                 ("demo", "--adapter", "canusb|interface", "is canusb, interface or kvaser"),
-                ("test", "--only", "units", "is checks, unit, .* x86 or fresh"),
+                ("test", "--only", "units", "is checks, unit, .* release or fresh"),
                 ("bench/compare", "--only", "tick", "is ticks or logs"),
                 ("bench/compare", "--rounds", "0", "is a whole number from 1 to 999999"),
                 ("tests/soak/run", "--minutes", "x", "is a whole number from 1 to 10000"),

@@ -13,7 +13,7 @@ import unittest
 import tracked
 
 PROJECT = pathlib.Path(sys.argv.pop())
-STAGES = "checks unit sanitizers fuzz soak commands wine window replay logs release x86 fresh"
+STAGES = "checks unit sanitizers fuzz soak commands wine window replay logs x86 release fresh"
 NO_WINE = {"wine", "wine64", "wine32", "xvfb"}
 X64, X86 = "g++-mingw-w64-x86-64-posix", "g++-mingw-w64-i686-posix"
 NO_WINDOWS = NO_WINE | {X64, X86}
@@ -36,8 +36,13 @@ class Stages(unittest.TestCase):
     def start(self, text: str) -> subprocess.Popen:
         libraries = "".join(f'source "$root/scripts/lib/{name}.sh"\n'
                             for name in ("packages", "compile", "stages", "stage_release", "stage_fresh"))
-        return subprocess.Popen(["bash", "-c", f'source "{self.folder}/scripts/lib/common.sh"\n{libraries}{text}'],
-                                stdout=subprocess.PIPE, stderr=subprocess.STDOUT, text=True)
+        process = subprocess.Popen(["bash", "-c", f'source "{self.folder}/scripts/lib/common.sh"\n{libraries}{text}'],
+                                   stdout=subprocess.PIPE, stderr=subprocess.STDOUT, text=True)
+        # A failed test leaves nothing that waits for ever.
+        self.addCleanup(process.stdout.close)
+        self.addCleanup(process.wait)
+        self.addCleanup(process.kill)
+        return process
 
     def bash(self, text: str) -> str:
         process = self.start(text)
@@ -66,6 +71,93 @@ class Stages(unittest.TestCase):
                 build_all() {{ echo "$*"; return 1; }}
                 stage_{stage} || true''')
             self.assertEqual([targets], said.splitlines(), stage)
+
+    def test_a_whole_run_leaves_three_stages_to_the_fresh_root(self):
+        self.assertEqual([stage for stage in STAGES.split() if stage not in ("checks", "unit", "soak")],
+                         self.bash("stages_of_whole_run").split())
+        commands = self.bash('''count_command() { echo "$*"; touch "$results/$1.log"; }
+            fresh_clone() { :; }
+            fresh_make_user() { :; }
+            debian_root_make() { :; }
+            debian_root_remove() { :; }
+            mkdir -p "$results"
+            fresh_in_root''')
+        for stage in ("checks", "unit", "soak"):
+            self.assertIn(f"fresh-{stage} fresh_test {stage}\n", commands)
+
+    def test_what_was_left_to_a_root_that_cannot_be_made_runs_without_it(self):
+        for left, ran in (("unit soak", ["unit", "soak"]), ("", [])):
+            said = self.bash(f'''left_to_fresh=({left})
+                fresh_obstacle() {{ echo no roots here; }}
+                need_packages() {{ :; }}
+                run_stage() {{ echo "ran $1"; }}
+                stage_fresh; echo "$skipped"''').splitlines()
+            self.assertEqual(["-- skipped: fresh: no roots here", *(f"ran {stage}" for stage in ran), "1"], said)
+
+    def test_a_stage_begun_ahead_is_told_and_counted_in_its_turn(self):
+        said = self.bash('''stages=(window release fresh)
+            stage_release() { passed=3 skipped=1; }
+            stage_fresh() { exit 1; }
+            begin_ahead first; begin_ahead window
+            echo in the meantime
+            passed=2
+            for stage in release fresh; do is_ahead "$stage" && collect_stage "$stage"; done
+            echo "$passed $failed $skipped"; is_ahead window || echo window is not ahead''').splitlines()
+        self.assertEqual("in the meantime", said[0])
+        self.assertEqual("-- stage release", said[1])
+        self.assertRegex(said[2], "^-- stage release: [0-9]+ s$")
+        self.assertEqual(["-- stage fresh", "-- failed: fresh ended early", "5 1 1", "window is not ahead"], said[3:])
+
+    def test_nothing_is_begun_ahead_for_a_stage_that_is_not_chosen(self):
+        said = self.bash('''stages=(window release)
+            prepare_x86() { touch "$results/prepared"; }
+            stage_release() { :; }
+            stage_fresh() { touch "$results/freshened"; }
+            begin_ahead first; begin_ahead window
+            collect_stage release
+            wait "${process_ahead[release]}"
+            ls "$results"''').splitlines()
+        self.assertEqual(["release.counts", "release.txt"], said[-2:])
+        self.assertNotIn("prepared", said)
+
+    def test_nothing_is_begun_ahead_for_a_stage_that_is_alone(self):
+        said = self.bash('''stages=(release)
+            stage_release() { :; }
+            begin_ahead first; begin_ahead window
+            is_ahead release || echo in its turn''')
+        self.assertEqual("in its turn", said.strip())
+
+    def test_chains_are_begun_beside_each_other(self):
+        said = self.bash('''stages=(x86 release fresh)
+            prepare_x86() { touch "$results/prepared"; }
+            stage_release() { [ -e "$results/prepared" ]; until [ -e "$results/fresh.begun" ]; do sleep 0.1; done; }
+            stage_fresh() { touch "$results/fresh.begun"; until [ -e "$results/release.counts" ]; do sleep 0.1; done; }
+            begin_ahead first; begin_ahead window
+            for stage in release fresh; do collect_stage "$stage"; done
+            echo "$failed"''')
+        self.assertEqual("0", said.splitlines()[-1])
+
+    def test_the_end_of_the_script_ends_what_was_begun_ahead(self):
+        process = self.start('''stages=(window release)
+            stage_release() { count_command release sleep 1000; }
+            begin_ahead first; begin_ahead window
+            until pgrep -P "${process_ahead[release]}" sleep; do :; done''')
+        inner = process.communicate(timeout=60)[0].strip()
+        self.assertRegex(inner, "^[0-9]+$")
+        self.assertFalse(pathlib.Path(f"/proc/{inner}").exists())
+
+    def test_the_end_of_the_script_ends_a_preparation(self):
+        process = self.start('''stages=(x86 release)
+            prepare_x86() { bash -c 'echo $$ >"$0.new"; mv "$0.new" "$0"; exec sleep 1000' "$results/inner"; }
+            begin_ahead first; begin_ahead window
+            until [ -e "$results/inner" ]; do sleep 0.1; done
+            cat "$results/inner"''')
+        inner = process.communicate(timeout=60)[0].strip()
+        self.assertRegex(inner, "^[0-9]+$")
+        deadline = time.monotonic() + 30
+        while (is_there := pathlib.Path(f"/proc/{inner}").exists()) and time.monotonic() < deadline:
+            time.sleep(0.1)
+        self.assertFalse(is_there)
 
     def test_a_stage_brings_only_what_it_needs(self):
         for stage, strangers in {"checks": NO_WINDOWS | {"clang", "debootstrap"},
