@@ -20,8 +20,8 @@ struct Script {
   std::int32_t delay_ms = 0;       // waited before each operation, 0 to 60,000
   std::int32_t fail_at = 0;        // the operation that fails, counted from 1; 0 none
   std::int32_t fail_creation = 0;  // 1: no object is made at all
-  // From operation `busy_at` on, 0 being the creation, so many calls are turned away, or all for so
-  // long from the first one on. They count as no operations.
+  // From operation `busy_at` on, 0 being the creation, `busy_calls` calls are turned away, or all
+  // for `busy_ms` from the first one on. They count as no operations.
   std::int32_t busy_at = 0;
   std::int32_t busy_calls = 0;
   std::int32_t busy_ms = 0;

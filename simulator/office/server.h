@@ -21,7 +21,8 @@ class Server {
   Server(StringView name, String version, Script script, Record& record);
 
   /// True when the call that comes now is to be turned away in this way; that goes to the record.
-  /// Whoever carries calls asks ahead of each, for every way in which he can turn one away.
+  /// The caller's transport asks this before each call, once for each way in which it can turn one
+  /// away.
   [[nodiscard]] bool TurnsAway(BusyAs way);
 
   /// True for English, 1033. The stand-in is like a program that was installed in another language:

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <cstddef>
 #include <deque>
 #include <functional>
 
@@ -23,9 +22,6 @@ class EventGate {
   /// Delivers what waits, in its order; each yield and each turn of the main loop begins so. Does
   /// nothing while the gate is closed.
   void DeliverWaiting();
-
-  /// For tests.
-  [[nodiscard]] std::size_t Waiting() const { return waiting_.size(); }
 
   /// Opens the gate for a scope: a yield or a modal loop of the logic's own.
   class Opened {

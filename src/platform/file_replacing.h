@@ -15,9 +15,9 @@ namespace tolvane::platform {
 // config.dat. A program that holds one of them, as scanners, indexers and synchronisers do with
 // what has just changed, is waited for, about a second in all. If the old file is held longer, or a
 // power cut could leave neither name, it is written in place: meanwhile an empty file config.da!
-// says that the fresh one is whole, and who comes next takes that one. Names of the same length
-// make no path too long. What a power cut leaves beside a file is gone after the next time it is
-// read or replaced.
+// says that the fresh one is whole, and the next reading or replacement takes that one. Names of
+// the same length make no path too long. What a power cut leaves beside a file is gone after the
+// next time it is read or replaced.
 //
 // None of this helps where the file system has no way to flush, and a full disk without a journal
 // may lose both when power goes a second time, while what the first left is taken up.

@@ -59,7 +59,7 @@ class FileSteps {
   [[nodiscard]] virtual bool IsReadOnly(StringView path) = 0;
   /// As FileServices::ReadBinary, of this very file.
   [[nodiscard]] virtual std::optional<BinaryRead> Read(StringView path, std::size_t size) = 0;
-  /// Pauses the program for so many ms.
+  /// Stops the program for `ms`.
   virtual void Pause(std::int32_t ms) = 0;
 };
 

@@ -2,8 +2,8 @@
 
 namespace tolvane::platform {
 
-/// Protects a run from the computer's own doings: neither it nor its screen goes to sleep, it does
-/// not slow the program down, and a user who ends the session is told why that is refused.
+/// Protects a run from what a computer does by itself: neither it nor its screen goes to sleep, it
+/// does not slow the program down, and a user who ends the session is told why that is refused.
 class RunProtection {
  public:
   virtual ~RunProtection() = default;

@@ -9,7 +9,7 @@ namespace {
 
 constexpr char32_t kReplacement = 0xFFFD;
 
-/// The lead of so many continuation bytes, and of none.
+/// The lead of 0 to 3 continuation bytes.
 constexpr unsigned kLeads[] = {0, 0xC0, 0xE0, 0xF0};
 
 void AppendCode(std::string& out, char32_t code) {

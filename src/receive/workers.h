@@ -33,7 +33,8 @@ class WorkerForm final : public Worker {
   void Open_KvaserCAN(platform::AutomationObject* objExcel, ELM327_Info& device,
                       const KvaserCAN& kvCan_u, CAN_DB_Kvaser& kvCan_d) override;
 
-  /// For tests; the program looks at the page.
+  /// For tests: neither page nor log tells the bytes behind a frame's length, the flags of a key, a
+  /// time before it is rounded, or what a run that cannot start has left.
   [[nodiscard]] const Table& Frames() const { return *frames_; }
 
  private:

@@ -2,6 +2,7 @@
 #include <array>
 #include <functional>
 #include <string>
+#include <string_view>
 
 #include "tests/helpers/expect_bytes.h"
 #include "tests/window/adapter_runs.h"
@@ -77,23 +78,30 @@ TEST_F(AdapterFaults, SilentForAWhileGoOnBehindIt) {
       [](Kind) { return Record(0, 0) + Record(100, 1) + Record(900, 9); });
 }
 
-TEST_F(AdapterFaults, BurstsAsLargeAsTheQueueAreLoggedWhole) {
-  constexpr int kQueue = 4096;
-  ASSERT_NO_FATAL_FAILURE(StartWith("[bench]\nqueue = 4096\n" + std::string(kTenFrames),
+TEST_F(AdapterFaults, BurstsThatAllButFillTheQueueAreLoggedWhole) {
+  // The ten other frames have room beside the burst, so a machine that pauses here loses none.
+  constexpr unsigned kBurst = 4096;
+  ASSERT_NO_FATAL_FAILURE(StartWith("[bench]\nqueue = 4106\n" + std::string(kTenFrames),
                                     "burst_at = 0.45\nburst_frames = 4096\n"));
   RunEach([&] { EXPECT_TRUE(WaitForShown(L"123  2   09 00")); },
           [&](Kind kind) {
             std::string records;
             for (int n = 0; n < 10; ++n) {
               records += Record(100 * n, n);
-              for (unsigned burst = 0; n == 4 && burst < kQueue; ++burst) {
+              for (unsigned burst = 0; n == 4 && burst < kBurst; ++burst) {
                 records += PaddedTime(450) + " , 7F0 , 8 ,  " + CounterBytes(burst, ",") + "\r\n";
               }
             }
             const std::string report = bench_->Report();
             const std::size_t run = report.rfind(std::string("run ") + kAdapterNames[kind]);
             EXPECT_NE(report.find(" dropped=0 ", run), std::string::npos) << report;
-            EXPECT_NE(report.find(" queue_high_water=4096", run), std::string::npos) << report;
+            constexpr std::string_view kHighWater = " queue_high_water=";
+            const std::size_t high_water = report.find(kHighWater, run);
+            if (high_water == std::string::npos) {
+              ADD_FAILURE() << report;
+              return records;
+            }
+            EXPECT_GE(std::stoul(report.substr(high_water + kHighWater.size())), kBurst) << report;
             return records;
           });
 }

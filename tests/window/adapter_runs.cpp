@@ -25,11 +25,11 @@ void AdapterRuns::StartOn(std::string_view recording) {
 
 void AdapterRuns::Set(const Settings& settings) {
   const DrivenWindow dialog = Open(id::menu_common_setting);
-  for (const int id : {id::RB_BitRate_0 + settings.bit_rate,
-                       settings.ids_of_29_bits ? id::RB_MsgType_1 : id::RB_MsgType_0,
-                       settings.extended_only ? id::RB_MsgFmtTyp_1 : id::RB_MsgFmtTyp_0,
-                       settings.silent ? id::RB_Silent_Mode_1 : id::RB_Silent_Mode_0}) {
-    EXPECT_TRUE(dialog.Click(id));
+  for (const int control : {id::RB_BitRate_0 + settings.bit_rate,
+                            settings.ids_of_29_bits ? id::RB_MsgType_1 : id::RB_MsgType_0,
+                            settings.extended_only ? id::RB_MsgFmtTyp_1 : id::RB_MsgFmtTyp_0,
+                            settings.silent ? id::RB_Silent_Mode_1 : id::RB_Silent_Mode_0}) {
+    EXPECT_TRUE(dialog.Click(control));
   }
   PressOk(dialog);
 }

@@ -21,7 +21,7 @@ const BoxTexts kDefaultBoxes{{id::TB_DataChangeColorTime, L"60"},
 
 BoxTexts Boxes(const DrivenWindow& dialog) {
   BoxTexts texts;
-  for (const auto& [id, text] : kDefaultBoxes) texts[id] = dialog.Text(id);
+  for (const auto& [control, text] : kDefaultBoxes) texts[control] = dialog.Text(control);
   return texts;
 }
 
@@ -37,17 +37,22 @@ TEST_F(CommonSetting, OpensOverTheDisabledMainWindowWithColoursThatShow) {
   EXPECT_EQ(Utf8(dialog.Text()), Utf8(L"Tolvane Ver1.23　　- 共通設定 -"));
   EXPECT_EQ((GetWindowLongPtrW(dialog.Handle(), GWL_STYLE) & (WS_THICKFRAME | WS_MAXIMIZEBOX)), 0);
   EXPECT_EQ(Boxes(dialog), kDefaultBoxes);
-  for (int id = id::RB_BitRate_0; id <= id::RB_BitRate_8; ++id) {
-    EXPECT_EQ(dialog.Checked(id), id == id::RB_BitRate_2) << id;
+  for (int control = id::RB_BitRate_0; control <= id::RB_BitRate_8; ++control) {
+    EXPECT_EQ(dialog.Checked(control), control == id::RB_BitRate_2) << control;
   }
 
   EXPECT_TRUE(Shows(dialog, id::Label9, kPurple, 20));
-  for (int id = id::RB_BitRate_0; id <= id::RB_BitRate_8; ++id) {
-    const bool blue = id == id::RB_BitRate_1 || id == id::RB_BitRate_6;
+  for (int control = id::RB_BitRate_0; control <= id::RB_BitRate_8; ++control) {
+    const bool blue = control == id::RB_BitRate_1 || control == id::RB_BitRate_6;
     const COLORREF black = GetSysColor(COLOR_BTNTEXT);
-    EXPECT_TRUE(Shows(dialog, id, blue ? kBlue : id == id::RB_BitRate_7 ? kPurple : black)) << id;
-    EXPECT_EQ(CountScreenPixels(dialog.Control(id), kBlue) > 0, blue) << id;
-    EXPECT_EQ(CountScreenPixels(dialog.Control(id), kPurple) > 0, id == id::RB_BitRate_7) << id;
+    EXPECT_TRUE(Shows(dialog, control,
+                      blue                          ? kBlue
+                      : control == id::RB_BitRate_7 ? kPurple
+                                                    : black))
+        << control;
+    EXPECT_EQ(CountScreenPixels(dialog.Control(control), kBlue) > 0, blue) << control;
+    EXPECT_EQ(CountScreenPixels(dialog.Control(control), kPurple) > 0, control == id::RB_BitRate_7)
+        << control;
   }
   EXPECT_TRUE(Shows(dialog, id::Label6, kBlue, 20));
   EXPECT_TRUE(Shows(dialog, id::Bt_DataChangeColor_Dialog, RGB(255, 0, 0), 100));
@@ -70,7 +75,7 @@ TEST_F(CommonSetting, BadInputInEveryBoxClosesSilentlyAndKeepsTheOldValues) {
     const DrivenWindow dialog = Open(id::menu_common_setting);
     ASSERT_TRUE(dialog.Exists());
     EXPECT_EQ(Boxes(dialog), kDefaultBoxes) << "before " << Utf8(bad.substr(0, 40));
-    for (const auto& [id, text] : kDefaultBoxes) dialog.Type(id, bad);
+    for (const auto& [control, text] : kDefaultBoxes) dialog.Type(control, bad);
     PressOk(dialog);
   }
   const DrivenWindow dialog = Open(id::menu_common_setting);
@@ -88,9 +93,10 @@ TEST_F(CommonSetting, OkKeepsWhatWasSetUntilTheNextStartAndCancelForgetsIt) {
   dialog.Type(id::TB_MsgLateColor_Time, L"3600");
   dialog.Type(id::TB_Msg_Blackout_Ratio, L"10000");
   dialog.Type(id::TB_dividend_ratio, L"1.00025");
-  for (const int id : {id::RB_BitRate_8, id::RB_MsgType_1, id::RB_MsgFmtTyp_1, id::RB_Silent_Mode_1,
-                       id::RB_Timer_Mode_1, id::CB_ViewCaution, id::CB_MsgLateColor_Enable}) {
-    EXPECT_TRUE(dialog.Click(id));
+  for (const int control :
+       {id::RB_BitRate_8, id::RB_MsgType_1, id::RB_MsgFmtTyp_1, id::RB_Silent_Mode_1,
+        id::RB_Timer_Mode_1, id::CB_ViewCaution, id::CB_MsgLateColor_Enable}) {
+    EXPECT_TRUE(dialog.Click(control));
   }
   AnswerColourDialog(dialog, id::Bt_MsgLateColor_Dialog, IDCANCEL);
   EXPECT_TRUE(Shows(dialog, id::Bt_MsgLateColor_Dialog, RGB(255, 0, 0), 100));
@@ -113,9 +119,9 @@ TEST_F(CommonSetting, OkKeepsWhatWasSetUntilTheNextStartAndCancelForgetsIt) {
                                      {id::TB_MsgLateColor_Time, L"3600"},
                                      {id::TB_Msg_Blackout_Ratio, L"10000"},
                                      {id::TB_dividend_ratio, L"1.00025"}}));
-  for (const int id : {id::RB_BitRate_8, id::RB_MsgType_1, id::RB_MsgFmtTyp_1, id::RB_Silent_Mode_1,
-                       id::RB_Timer_Mode_1}) {
-    EXPECT_TRUE(dialog.Checked(id)) << id;
+  for (const int control : {id::RB_BitRate_8, id::RB_MsgType_1, id::RB_MsgFmtTyp_1,
+                            id::RB_Silent_Mode_1, id::RB_Timer_Mode_1}) {
+    EXPECT_TRUE(dialog.Checked(control)) << control;
   }
   EXPECT_FALSE(dialog.Checked(id::CB_ViewCaution));
   EXPECT_FALSE(dialog.Checked(id::CB_MsgLateColor_Enable));

@@ -21,8 +21,8 @@ std::vector<std::wstring> BadNumbers() {
           std::wstring(20000, L'1')};
 }
 
-bool Shows(const DrivenWindow& dialog, int id, COLORREF colour, std::size_t pixels) {
-  return WaitUntil([&] { return CountScreenPixels(dialog.Control(id), colour) >= pixels; });
+bool Shows(const DrivenWindow& dialog, int control, COLORREF colour, std::size_t pixels) {
+  return WaitUntil([&] { return CountScreenPixels(dialog.Control(control), colour) >= pixels; });
 }
 
 bool OnWine() {
@@ -64,9 +64,10 @@ void OpenedWindows::PressCancel(const DrivenWindow& dialog) const {
   EXPECT_TRUE(Closed(dialog));
 }
 
-void OpenedWindows::AnswerColourDialog(const DrivenWindow& dialog, int id, WPARAM answer) const {
+void OpenedWindows::AnswerColourDialog(const DrivenWindow& dialog, int control,
+                                       WPARAM answer) const {
   // As the button does, but without waiting for the end of the modal dialog.
-  dialog.Command(id);
+  dialog.Command(control);
   EXPECT_TRUE(WaitUntil([&] { return Find(L"#32770").Exists(); }));
   const DrivenWindow colours = Find(L"#32770");
   EXPECT_EQ(GetWindow(colours.Handle(), GW_OWNER), dialog.Handle());

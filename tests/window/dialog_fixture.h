@@ -14,9 +14,9 @@ constexpr const wchar_t* kVersionClass = L"TolvaneVersion";
 /// What no box of a settings dialog takes: no number, a number outside every limit, or neither.
 [[nodiscard]] std::vector<std::wstring> BadNumbers();
 
-/// Waits until the control shows at least so many pixels of the colour: windows are painted when
+/// Waits until the control shows at least `pixels` pixels of the colour: windows are painted when
 /// the program has nothing better to do.
-[[nodiscard]] bool Shows(const DrivenWindow& dialog, int id, COLORREF colour,
+[[nodiscard]] bool Shows(const DrivenWindow& dialog, int control, COLORREF colour,
                          std::size_t pixels = 10);
 
 /// For tests that Windows itself would not let pass: it keeps the choice of a browser to its user,
@@ -40,7 +40,7 @@ class OpenedWindows : public RealProgram {
   void PressOk(const DrivenWindow& dialog) const;
   void PressCancel(const DrivenWindow& dialog) const;
   /// Presses a colour button and answers the system's dialog with IDOK or IDCANCEL.
-  void AnswerColourDialog(const DrivenWindow& dialog, int id, WPARAM answer) const;
+  void AnswerColourDialog(const DrivenWindow& dialog, int control, WPARAM answer) const;
   /// Presses the help picture; the help window.
   DrivenWindow ShowHelp(const DrivenWindow& dialog) const;
 

@@ -72,9 +72,9 @@ TEST_F(Version, MayBeOpenDuringARunAndIsClosedByItsPictureOrALabel) {
   EXPECT_TRUE(version.Visible(id::Shape1));
   KeepPicture(version.Handle(), "window");
 
-  for (const int id : {id::Img_OK, id::Lb_OK}) {
-    version.ClickMouse(id);
-    EXPECT_TRUE(WaitUntil([&] { return !IsWindowVisible(version.Handle()); })) << id;
+  for (const int control : {id::Img_OK, id::Lb_OK}) {
+    version.ClickMouse(control);
+    EXPECT_TRUE(WaitUntil([&] { return !IsWindowVisible(version.Handle()); })) << control;
     EXPECT_TRUE(version.Exists()) << "it stays loaded";
     EXPECT_EQ(Open(id::menu_help_version, kVersionClass).Handle(), version.Handle());
   }
@@ -122,9 +122,11 @@ TEST_F(Version, TheMouseIsAHandOverTheLinksAlone) {
   const DrivenWindow version = Open(id::menu_help_version, kVersionClass);
   ASSERT_TRUE(version.Exists());
   const ProgramProbe probe(OwnFolder() / L"tolvane_probe.dll", version.Handle());
-  for (const int id : {id::PicURL, id::Lb_URL}) EXPECT_EQ(probe.HandOver(id), true) << id;
-  for (const int id : {id::Lb_App_Title, id::Lb_copylight, id::Lb_OK, id::Img_OK, id::Shape1}) {
-    EXPECT_EQ(probe.HandOver(id), false) << id;
+  for (const int control : {id::PicURL, id::Lb_URL})
+    EXPECT_EQ(probe.HandOver(control), true) << control;
+  for (const int control :
+       {id::Lb_App_Title, id::Lb_copylight, id::Lb_OK, id::Img_OK, id::Shape1}) {
+    EXPECT_EQ(probe.HandOver(control), false) << control;
   }
   End();
 }

@@ -17,18 +17,18 @@ class Keyboard : public RealProgram {
  protected:
   /// The control with the focus, 0 without.
   static int Focused(const DrivenWindow& window) {
-    for (const int id : kControls) {
-      if (window.HasFocus(id)) return id;
+    for (const int control : kControls) {
+      if (window.HasFocus(control)) return control;
     }
     return 0;
   }
-  /// Presses Tab until the focus is on `id`; the presses, 0 when it never came there.
-  static int TabTo(const DrivenWindow& window, int id) {
+  /// Presses Tab until the focus is on `control`; the presses, 0 when it never came there.
+  static int TabTo(const DrivenWindow& window, int control) {
     for (int presses = 1; presses <= 12; ++presses) {
       const int before = Focused(window);
       window.PressKey(before, VK_TAB);
       WaitUntil([&] { return Focused(window) != before; }, std::chrono::seconds(5));
-      if (Focused(window) == id) return presses;
+      if (Focused(window) == control) return presses;
     }
     return 0;
   }
@@ -39,9 +39,9 @@ class Keyboard : public RealProgram {
     return WaitUntil([&] { return window.Enabled(id::Bt_Connect); });
   }
   /// The system reports the new focus before the button gets or loses the default ring.
-  static bool BecomesDefault(const DrivenWindow& window, int id, bool is_default = true) {
+  static bool BecomesDefault(const DrivenWindow& window, int control, bool is_default = true) {
     return WaitUntil([&] {
-      const LONG_PTR kind = GetWindowLongPtrW(window.Control(id), GWL_STYLE) & BS_TYPEMASK;
+      const LONG_PTR kind = GetWindowLongPtrW(window.Control(control), GWL_STYLE) & BS_TYPEMASK;
       return (kind == BS_DEFPUSHBUTTON) == is_default;
     });
   }
@@ -59,8 +59,9 @@ TEST_F(Keyboard, EnterConnectsTabFindsDisconnectAndTheRingFollowsTheFocus) {
   window.PressKey(id::Bt_Disconnect, VK_RETURN);
   ASSERT_TRUE(Idle(window));
   EXPECT_TRUE(WaitUntil([&] { return window.HasFocus(id::TB_Status); }));
-  for (const int id : {id::Bt_Connect, id::Bt_Disconnect, id::Bt_SaveFile, id::Bt_ViewClear}) {
-    EXPECT_TRUE(BecomesDefault(window, id, false)) << id << " keeps the ring without the focus";
+  for (const int control : {id::Bt_Connect, id::Bt_Disconnect, id::Bt_SaveFile, id::Bt_ViewClear}) {
+    EXPECT_TRUE(BecomesDefault(window, control, false))
+        << control << " keeps the ring without the focus";
   }
   EXPECT_GT(TabTo(window, id::RTB_MainView), 0);
   EXPECT_GT(TabTo(window, id::Bt_Connect), 0);

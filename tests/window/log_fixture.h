@@ -18,7 +18,7 @@ namespace tolvane::window {
 /// Empty when the file cannot be read.
 [[nodiscard]] std::string FileBytes(const std::filesystem::path& file);
 
-/// A file name such as "KL26112023-001.csv", of the present hour or so many hours later.
+/// A file name such as "KL26112023-001.csv", of the present hour or `hours_ahead` hours later.
 [[nodiscard]] std::wstring NumberedName(const wchar_t* prefix, int hours_ahead, int number,
                                         const wchar_t* extension);
 /// Takes the numbers 1 to 999 of this hour and the next with empty files.

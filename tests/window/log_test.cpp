@@ -55,12 +55,12 @@ TEST_F(LogRun, RollsOverAfter20001RecordsAndWritesTheRestAtTheEnd) {
     std::string expected = CsvHead29(kFirstComment);
     if (file == 2) expected += stray_zeros;
     for (int i = file * kChannel; i < std::min((file + 1) * kChannel, kFrames); ++i) {
-      const int id = kFirstId + i % kIds;
-      const std::string zeros(id < 16 ? 7 : 6, '0');
+      const int identifier = kFirstId + i % kIds;
+      const std::string zeros(identifier < 16 ? 7 : 6, '0');
       if (file == 1) stray_zeros += zeros;
       // The clock counts milliseconds; there are ten frames in each.
       expected.append(PaddedTime(i / 10)).append(" , * , ");
-      expected.append(file == 1 ? "" : zeros).append(Hex(static_cast<unsigned>(id), 1));
+      expected.append(file == 1 ? "" : zeros).append(Hex(static_cast<unsigned>(identifier), 1));
       expected.append(" , 8 ,  ")
           .append(CounterBytes(static_cast<unsigned>(i), ","))
           .append("\r\n");

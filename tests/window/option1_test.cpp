@@ -80,9 +80,9 @@ TEST_F(Option1, BadInputInEveryBoxClosesSilently) {
     ASSERT_TRUE(dialog.Exists());
     for (int row = 0; row < 8; ++row) {
       // A start that is no number counts as 0 and an end of 7FF stands, so both get it.
-      for (const int id : {id::TB_DisableID_Start_0, id::TB_MsgMarkerID_0,
-                           id::TB_MsgMarkerStartByte_0, id::TB_MsgMarkerEndByte_0}) {
-        dialog.Type(id + row, bad);
+      for (const int control : {id::TB_DisableID_Start_0, id::TB_MsgMarkerID_0,
+                                id::TB_MsgMarkerStartByte_0, id::TB_MsgMarkerEndByte_0}) {
+        dialog.Type(control + row, bad);
       }
     }
     PressOk(dialog);

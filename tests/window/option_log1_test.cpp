@@ -23,34 +23,34 @@ TEST_F(OptionLog1, ControlsFollowTheLogBoxAndTwoOfThemItsClicksAlone) {
   ASSERT_TRUE(dialog.Exists());
   EXPECT_EQ(Utf8(dialog.Text()), Utf8(L"Tolvane Ver1.23　　- ログ機能 -"));
   EXPECT_TRUE(dialog.Checked(id::CB_LogFile_Enable));
-  for (const int id : kFollowTheLogBox) EXPECT_TRUE(dialog.Enabled(id)) << id;
+  for (const int control : kFollowTheLogBox) EXPECT_TRUE(dialog.Enabled(control)) << control;
   // No office software is on the test machine.
   EXPECT_FALSE(dialog.Enabled(id::RB_LogSV_Format_0));
   EXPECT_TRUE(dialog.Checked(id::RB_LogSV_Format_1));
-  for (const int id : {id::TB_Excel_Status, id::TB_Excel_Status2, id::TB_Access_Status}) {
-    EXPECT_EQ(dialog.Text(id), L" NG");
-    EXPECT_TRUE(Shows(dialog, id, RGB(255, 0, 0), 5)) << id;
+  for (const int control : {id::TB_Excel_Status, id::TB_Excel_Status2, id::TB_Access_Status}) {
+    EXPECT_EQ(dialog.Text(control), L" NG");
+    EXPECT_TRUE(Shows(dialog, control, RGB(255, 0, 0), 5)) << control;
   }
   EXPECT_EQ(dialog.Text(id::TB_Excel_Ver), L"---");
   EXPECT_EQ(dialog.Text(id::TB_Access_Ver), L"---");
-  for (const int id : {id::RB_LogSV_Format_2, id::RB_LogSV_Format_3}) {
-    EXPECT_EQ(Utf8(dialog.Text(id)), Utf8(L"Access形式で保存 （.mdb）"));
-    EXPECT_FALSE(dialog.Visible(id));
-    EXPECT_FALSE(dialog.Enabled(id));
+  for (const int control : {id::RB_LogSV_Format_2, id::RB_LogSV_Format_3}) {
+    EXPECT_EQ(Utf8(dialog.Text(control)), Utf8(L"Access形式で保存 （.mdb）"));
+    EXPECT_FALSE(dialog.Visible(control));
+    EXPECT_FALSE(dialog.Enabled(control));
   }
   KeepPicture(dialog.Handle(), "window");
 
   EXPECT_TRUE(dialog.Click(id::CB_LogFile_Enable));
-  for (const int id : kFollowTheLogBox) EXPECT_FALSE(dialog.Enabled(id)) << id;
-  for (const int id : kFollowItsClicksAlone) EXPECT_FALSE(dialog.Enabled(id)) << id;
+  for (const int control : kFollowTheLogBox) EXPECT_FALSE(dialog.Enabled(control)) << control;
+  for (const int control : kFollowItsClicksAlone) EXPECT_FALSE(dialog.Enabled(control)) << control;
   PressOk(dialog);
 
   dialog = Open(id::menu_opt_log1);
   EXPECT_FALSE(dialog.Checked(id::CB_LogFile_Enable));
-  for (const int id : kFollowTheLogBox) EXPECT_FALSE(dialog.Enabled(id)) << id;
-  for (const int id : kFollowItsClicksAlone) EXPECT_TRUE(dialog.Enabled(id)) << id;
+  for (const int control : kFollowTheLogBox) EXPECT_FALSE(dialog.Enabled(control)) << control;
+  for (const int control : kFollowItsClicksAlone) EXPECT_TRUE(dialog.Enabled(control)) << control;
   EXPECT_TRUE(dialog.Click(id::CB_LogFile_Enable));
-  for (const int id : kFollowTheLogBox) EXPECT_TRUE(dialog.Enabled(id)) << id;
+  for (const int control : kFollowTheLogBox) EXPECT_TRUE(dialog.Enabled(control)) << control;
   EXPECT_FALSE(dialog.Enabled(id::RB_LogSV_Format_0));
   PressCancel(dialog);
   End();

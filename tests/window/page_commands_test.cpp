@@ -92,7 +92,7 @@ TEST_F(PageCommands, ThePopUpOffersWhatCanBeDone) {
   // The menu key.
   EXPECT_EQ(OpenPopUp(main_.Control(id::RTB_MainView), WM_CONTEXTMENU, -1), kForASelection);
   // What is disabled does nothing either.
-  for (const int id : {id::menu_View_Ctrl_V, id::menu_View_Ctrl_Z, id::menu_View_Date}) Do(id);
+  for (const int item : {id::menu_View_Ctrl_V, id::menu_View_Ctrl_Z, id::menu_View_Date}) Do(item);
   EXPECT_EQ(Page(), L"abc");
   End();
 }

@@ -46,10 +46,10 @@ HWND PageCommandsBase::PopUp() const { return FindTopWindow(kPopUpClass, program
 PageCommandsBase::Items PageCommandsBase::EnabledItems() const {
   const ProgramProbe probe(OwnFolder() / L"tolvane_probe.dll", main_.Handle());
   Items enabled;
-  for (const int id : kAllItems) {
-    const std::optional<bool> state = probe.Enabled(id);
-    EXPECT_TRUE(state.has_value()) << id;
-    if (state == true) enabled.push_back(id);
+  for (const int item : kAllItems) {
+    const std::optional<bool> state = probe.Enabled(item);
+    EXPECT_TRUE(state.has_value()) << item;
+    if (state == true) enabled.push_back(item);
   }
   return enabled;
 }

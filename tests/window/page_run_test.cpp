@@ -53,10 +53,10 @@ class PageCommandsInARun : public PageCommandsBase {
     EXPECT_TRUE(WaitUntil([&] { return main_.HasFocus(id::TB_LogComment); }));
   }
   /// Clicks the live page, again if need be, until the focus is where it belongs.
-  void ExpectFocusAfterClick(int id) const {
+  void ExpectFocusAfterClick(int control) const {
     EXPECT_TRUE(WaitUntil([&] {
       PostMessageW(LivePage(), WM_LBUTTONDOWN, MK_LBUTTON, 0);
-      return main_.HasFocus(id);
+      return main_.HasFocus(control);
     }));
   }
 };

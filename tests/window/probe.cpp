@@ -28,10 +28,10 @@ ProbeHook::~ProbeHook() {
 ProgramProbe::ProgramProbe(const std::filesystem::path& library, HWND window)
     : hook_(library, kProbeProcedure, WH_CALLWNDPROC, window), window_(window) {}
 
-std::optional<bool> ProgramProbe::Ask(const wchar_t* question, int id) const {
+std::optional<bool> ProgramProbe::Ask(const wchar_t* question, int part) const {
   RemovePropW(window_, kProbeName);
   const UINT message = RegisterWindowMessageW(question);
-  if (!hook_.Set() || !Send(window_, message, static_cast<WPARAM>(id), 0)) return std::nullopt;
+  if (!hook_.Set() || !Send(window_, message, static_cast<WPARAM>(part), 0)) return std::nullopt;
   const auto state = reinterpret_cast<WPARAM>(GetPropW(window_, kProbeName));
   RemovePropW(window_, kProbeName);
   if (state != kProbeNo && state != kProbeYes) return std::nullopt;

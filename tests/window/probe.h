@@ -39,18 +39,18 @@ class ProgramProbe {
   /// Whether an item of the menu bar or of the pop-up that is open, which only its own process
   /// knows, can be chosen. The library leaves the state on the window as a property, which any
   /// process can read. Empty when there is no such item or no answer.
-  [[nodiscard]] std::optional<bool> Enabled(int id) const { return Ask(kProbeName, id); }
+  [[nodiscard]] std::optional<bool> Enabled(int item) const { return Ask(kProbeName, item); }
 
   /// Whether the mouse is a hand over a control of the window. Empty without such a control or
   /// answer.
-  [[nodiscard]] std::optional<bool> HandOver(int id) const { return Ask(kHandName, id); }
+  [[nodiscard]] std::optional<bool> HandOver(int control) const { return Ask(kHandName, control); }
 
   /// Drops one file or folder, of at most 255 characters, onto a control of the thread as the file
   /// manager does; the list of dropped files must be made by the process that takes it.
   [[nodiscard]] bool Drop(HWND control, const std::wstring& path) const;
 
  private:
-  [[nodiscard]] std::optional<bool> Ask(const wchar_t* question, int id) const;
+  [[nodiscard]] std::optional<bool> Ask(const wchar_t* question, int part) const;
 
   ProbeHook hook_;
   HWND window_;

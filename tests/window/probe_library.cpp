@@ -21,16 +21,16 @@ HMENU ShownPopUp() {
   return nullptr;
 }
 
-WPARAM ItemState(HWND window, UINT id) {
-  UINT state = GetMenuState(GetMenu(window), id, MF_BYCOMMAND);
-  if (state == kAbsent) state = GetMenuState(ShownPopUp(), id, MF_BYCOMMAND);
+WPARAM ItemState(HWND window, UINT item) {
+  UINT state = GetMenuState(GetMenu(window), item, MF_BYCOMMAND);
+  if (state == kAbsent) state = GetMenuState(ShownPopUp(), item, MF_BYCOMMAND);
   if (state == kAbsent) return kProbeNoItem;
   return (state & (MF_GRAYED | MF_DISABLED)) != 0 ? kProbeNo : kProbeYes;
 }
 
 /// As when the mouse moves over a part of the window: whether the cursor becomes the hand.
-WPARAM HandOver(HWND window, int id) {
-  const HWND part = GetDlgItem(window, id);
+WPARAM HandOver(HWND window, int control) {
+  const HWND part = GetDlgItem(window, control);
   if (part == nullptr) return kProbeNoItem;
   SetCursor(nullptr);
   SendMessageW(part, WM_SETCURSOR, reinterpret_cast<WPARAM>(part),
@@ -38,7 +38,8 @@ WPARAM HandOver(HWND window, int id) {
   return GetCursor() == LoadCursorW(nullptr, IDC_HAND) ? kProbeYes : kProbeNo;
 }
 
-/// Posts the message that the shell posts for a drop of one path; who takes it frees the list.
+/// Posts the message that the shell posts for a drop of one path; the window that takes it frees
+/// the list.
 void PostDrop(HWND control, ATOM atom) {
   wchar_t path[256] = {};
   const UINT length = GlobalGetAtomNameW(atom, path, static_cast<int>(std::size(path)));

@@ -81,9 +81,10 @@ TEST_F(Restart, KeepsTheSettingsOfTheLogAndExtensionDialogs) {
   const ScratchFolder chosen(OwnFolder() / L"保存先-under-test");
   ASSERT_NO_FATAL_FAILURE(Start());
   DrivenWindow dialog = OpenLogSettings();
-  for (const int id : {id::RB_SV_Format_0, id::RB_SaveFilePath_1, id::RB_Excel_Format_1,
-                       id::RB_LogSaveFilePath_2, id::CB_LogSave_subFolder, id::CB_Excel_soft_KO}) {
-    EXPECT_TRUE(dialog.Click(id)) << id;
+  for (const int control :
+       {id::RB_SV_Format_0, id::RB_SaveFilePath_1, id::RB_Excel_Format_1, id::RB_LogSaveFilePath_2,
+        id::CB_LogSave_subFolder, id::CB_Excel_soft_KO}) {
+    EXPECT_TRUE(dialog.Click(control)) << control;
   }
   dialog.Type(id::TB_SaveFilePath, L"C:\\無い");
   dialog.Type(id::TB_LogSaveFilePath, chosen.Path().wstring());
@@ -103,10 +104,10 @@ TEST_F(Restart, KeepsTheSettingsOfTheLogAndExtensionDialogs) {
 
   ASSERT_NO_FATAL_FAILURE(Start());
   dialog = OpenLogSettings();
-  for (const int id :
+  for (const int control :
        {id::RB_SV_Format_0, id::RB_SaveFilePath_1, id::RB_Excel_Format_1, id::RB_LogSaveFilePath_2,
         id::CB_LogSave_subFolder, id::CB_Excel_soft_KO, id::CB_LogFile_Enable}) {
-    EXPECT_TRUE(dialog.Checked(id)) << id;
+    EXPECT_TRUE(dialog.Checked(control)) << control;
   }
   EXPECT_EQ(Utf8(dialog.Text(id::TB_SaveFilePath)), Utf8(L"C:\\無い"));
   EXPECT_EQ(Utf8(dialog.Text(id::TB_LogSaveFilePath)), Utf8(chosen.Path().wstring()));
@@ -117,8 +118,8 @@ TEST_F(Restart, KeepsTheSettingsOfTheLogAndExtensionDialogs) {
   EXPECT_EQ(dialog.Text(id::TB_MsgMarkerID_7), L"7FE");
   EXPECT_EQ(dialog.Text(id::TB_MsgMarkerStartByte_7), L"3");
   EXPECT_EQ(dialog.Text(id::TB_MsgMarkerEndByte_7), L"8");
-  for (const int id : {id::CB_DisableID_6, id::CB_MsgMarker_7, id::CB_Save_ID_DisableMode}) {
-    EXPECT_TRUE(dialog.Checked(id)) << id;
+  for (const int control : {id::CB_DisableID_6, id::CB_MsgMarker_7, id::CB_Save_ID_DisableMode}) {
+    EXPECT_TRUE(dialog.Checked(control)) << control;
   }
   PressCancel(dialog);
   End();

@@ -30,7 +30,7 @@ class SpreadsheetLog : public LogRun {
   }
   void Choose(std::initializer_list<int> controls) {
     const DrivenWindow dialog = OpenLogSettings();
-    for (const int id : controls) EXPECT_TRUE(dialog.Click(id)) << id;
+    for (const int control : controls) EXPECT_TRUE(dialog.Click(control)) << control;
     PressOk(dialog);
     EXPECT_TRUE(office_->Forget());
   }
@@ -63,7 +63,7 @@ TEST_P(SpreadsheetServer, IsAskedForExactlyTheseCallsInThisOrder) {
   const ServerChoice& row = GetParam();
   ASSERT_NO_FATAL_FAILURE(StartWithRecording(row.names, "(0.0) can0 123#0A\n"));
   const DrivenWindow dialog = OpenLogSettings();
-  for (const int id : row.clicks) EXPECT_TRUE(dialog.Click(id)) << id;
+  for (const int control : row.clicks) EXPECT_TRUE(dialog.Click(control)) << control;
   PressOk(dialog);
   ASSERT_TRUE(office_->Forget());
   ASSERT_NO_FATAL_FAILURE(Connect(main_));

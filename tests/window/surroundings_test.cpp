@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "tests/window/control_ids.h"
+#include "tests/window/dialog_fixture.h"
 #include "tests/window/log_fixture.h"
 #include "tools/drive/text.h"
 // After windows.h, which it needs.
@@ -33,10 +34,6 @@ class LibraryChoice {
   static constexpr const wchar_t* kKey = L"Software\\Wine\\AppDefaults\\Tolvane.exe\\DllOverrides";
   const wchar_t* library_;
 };
-
-bool IsWine() {
-  return GetProcAddress(GetModuleHandleW(L"ntdll.dll"), "wine_get_version") != nullptr;
-}
 
 // Libraries of the system that it does not insist on taking from its own folder.
 constexpr std::array kPlanted{L"uxtheme", L"winmm", L"msftedit"};
@@ -66,7 +63,7 @@ TEST_F(Surroundings, NoLibraryBesideTheProgramTakesThePlaceOfOneOfTheSystem) {
   for (const wchar_t* name : kPlanted) {
     // Wine itself asks for this one by its bare name before the program's first line; the planted
     // one has then refused and the program has continued.
-    if (IsWine() && std::wstring_view(name) == L"uxtheme") continue;
+    if (OnWine() && std::wstring_view(name) == L"uxtheme") continue;
     EXPECT_FALSE(std::filesystem::exists(folder_.Path() / (std::wstring(name) + L".dll.loaded")))
         << Utf8(name);
   }
@@ -108,7 +105,7 @@ TEST_F(Surroundings, TheProgramCanMakeTheCallsThatOnlyWindowsHeeds) {
 }
 
 TEST_F(Surroundings, AControlThatCannotBeMadeEndsTheStartWithAMessage) {
-  if (!IsWine()) GTEST_SKIP() << "Windows cannot be told to do without one of its libraries";
+  if (!OnWine()) GTEST_SKIP() << "Windows cannot be told to do without one of its libraries";
   const LibraryChoice without(L"msftedit", L"");
   PlugIn(kOneCanusb, {L"canusbdrv.dll"});
   const std::optional<ShownMessage> message = StartToMessage();

@@ -61,7 +61,7 @@ class RealProgram : public testing::Test {
   /// Waits until the adapter that the report calls so has given out all the traffic of this run;
   /// how many frames that was, -1 when more is to come.
   [[nodiscard]] std::int64_t AwaitWholeTraffic(std::string_view adapter) const;
-  /// Waits until the page has at least so many lines.
+  /// Waits until the page has at least `lines` lines.
   static bool WaitForLines(const DrivenWindow& window, std::size_t lines);
 
   [[nodiscard]] WindowState State(const DrivenWindow& window) const;

@@ -70,10 +70,10 @@ std::wstring TextOf(HWND window) {
   return text;
 }
 
-HWND DrivenWindow::Control(int id) const {
+HWND DrivenWindow::Control(int control) const {
   HWND found = nullptr;
   auto visit = [&](HWND window) {
-    if (GetDlgCtrlID(window) == id) found = window;
+    if (GetDlgCtrlID(window) == control) found = window;
     return found == nullptr;
   };
   EnumChildWindows(window_, VisitWindow<decltype(visit)>, reinterpret_cast<LPARAM>(&visit));
@@ -82,26 +82,26 @@ HWND DrivenWindow::Control(int id) const {
 
 std::wstring DrivenWindow::Text() const { return TextOf(window_); }
 
-std::wstring DrivenWindow::Text(int id) const { return TextOf(Control(id)); }
+std::wstring DrivenWindow::Text(int control) const { return TextOf(Control(control)); }
 
-bool DrivenWindow::Enabled(int id) const { return IsWindowEnabled(Control(id)) != FALSE; }
+bool DrivenWindow::Enabled(int control) const { return IsWindowEnabled(Control(control)) != FALSE; }
 
-bool DrivenWindow::Visible(int id) const { return IsWindowVisible(Control(id)) != FALSE; }
+bool DrivenWindow::Visible(int control) const { return IsWindowVisible(Control(control)) != FALSE; }
 
-bool DrivenWindow::ReadOnly(int id) const {
-  return (GetWindowLongPtrW(Control(id), GWL_STYLE) & ES_READONLY) != 0;
+bool DrivenWindow::ReadOnly(int control) const {
+  return (GetWindowLongPtrW(Control(control), GWL_STYLE) & ES_READONLY) != 0;
 }
 
-bool DrivenWindow::HasFocus(int id) const {
+bool DrivenWindow::HasFocus(int control) const {
   GUITHREADINFO info{};
   info.cbSize = sizeof(info);
   const DWORD thread = GetWindowThreadProcessId(window_, nullptr);
   return GetGUIThreadInfo(thread, &info) && info.hwndFocus != nullptr &&
-         info.hwndFocus == Control(id);
+         info.hwndFocus == Control(control);
 }
 
-std::vector<std::wstring> DrivenWindow::ListLines(int id) const {
-  const HWND list = Control(id);
+std::vector<std::wstring> DrivenWindow::ListLines(int control) const {
+  const HWND list = Control(control);
   const LRESULT count = Send(list, CB_GETCOUNT, 0, 0).value_or(0);
   std::vector<std::wstring> lines;
   for (LRESULT i = 0; i < count; ++i) {
@@ -114,45 +114,45 @@ std::vector<std::wstring> DrivenWindow::ListLines(int id) const {
   return lines;
 }
 
-int DrivenWindow::SelectedLine(int id) const {
-  return static_cast<int>(Send(Control(id), CB_GETCURSEL, 0, 0).value_or(-1));
+int DrivenWindow::SelectedLine(int control) const {
+  return static_cast<int>(Send(Control(control), CB_GETCURSEL, 0, 0).value_or(-1));
 }
 
-bool DrivenWindow::Click(int id) const {
-  const HWND button = Control(id);
+bool DrivenWindow::Click(int control) const {
+  const HWND button = Control(control);
   return button != nullptr && IsWindowEnabled(button) && Send(button, BM_CLICK, 0, 0).has_value();
 }
 
-bool DrivenWindow::Checked(int id) const {
-  return Send(Control(id), BM_GETCHECK, 0, 0) == BST_CHECKED;
+bool DrivenWindow::Checked(int control) const {
+  return Send(Control(control), BM_GETCHECK, 0, 0) == BST_CHECKED;
 }
 
-void DrivenWindow::ClickMouse(int id) const {
+void DrivenWindow::ClickMouse(int control) const {
   RECT client{};
-  GetClientRect(Control(id), &client);
+  GetClientRect(Control(control), &client);
   const LPARAM middle = MAKELPARAM(client.right / 2, client.bottom / 2);
-  PostMessageW(Control(id), WM_LBUTTONDOWN, MK_LBUTTON, middle);
-  PostMessageW(Control(id), WM_LBUTTONUP, 0, middle);
+  PostMessageW(Control(control), WM_LBUTTONDOWN, MK_LBUTTON, middle);
+  PostMessageW(Control(control), WM_LBUTTONUP, 0, middle);
 }
 
-void DrivenWindow::PressKey(int id, WPARAM key) const {
-  PostMessageW(Control(id), WM_KEYDOWN, key, 1);
-  PostMessageW(Control(id), WM_KEYUP, key, static_cast<LPARAM>(0xC0000001));
+void DrivenWindow::PressKey(int control, WPARAM key) const {
+  PostMessageW(Control(control), WM_KEYDOWN, key, 1);
+  PostMessageW(Control(control), WM_KEYUP, key, static_cast<LPARAM>(0xC0000001));
 }
 
-void DrivenWindow::SelectLine(int id, int line) const {
-  const HWND list = Control(id);
+void DrivenWindow::SelectLine(int control, int line) const {
+  const HWND list = Control(control);
   (void)Send(list, CB_SETCURSEL, static_cast<WPARAM>(line), 0);
-  (void)Send(GetParent(list), WM_COMMAND, MAKEWPARAM(id, CBN_SELCHANGE),
+  (void)Send(GetParent(list), WM_COMMAND, MAKEWPARAM(control, CBN_SELCHANGE),
              reinterpret_cast<LPARAM>(list));
 }
 
-void DrivenWindow::Command(int id) const {
-  PostMessageW(window_, WM_COMMAND, static_cast<WPARAM>(id), 0);
+void DrivenWindow::Command(int control) const {
+  PostMessageW(window_, WM_COMMAND, static_cast<WPARAM>(control), 0);
 }
 
-void DrivenWindow::Type(int id, const std::wstring& text) const {
-  const HWND edit = Control(id);
+void DrivenWindow::Type(int control, const std::wstring& text) const {
+  const HWND edit = Control(control);
   (void)Send(edit, EM_SETSEL, 0, -1);
   (void)Send(edit, EM_REPLACESEL, TRUE, reinterpret_cast<LPARAM>(text.c_str()));
 }

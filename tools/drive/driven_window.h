@@ -33,38 +33,38 @@ class DrivenWindow {
   [[nodiscard]] bool Exists() const { return IsWindow(window_) != FALSE; }
 
   /// Null when there is no such control.
-  [[nodiscard]] HWND Control(int id) const;
+  [[nodiscard]] HWND Control(int control) const;
 
   /// The window's own text, or that of a control; empty when it did not answer.
   [[nodiscard]] std::wstring Text() const;
-  [[nodiscard]] std::wstring Text(int id) const;
+  [[nodiscard]] std::wstring Text(int control) const;
 
-  [[nodiscard]] bool Enabled(int id) const;
-  [[nodiscard]] bool Visible(int id) const;
+  [[nodiscard]] bool Enabled(int control) const;
+  [[nodiscard]] bool Visible(int control) const;
   /// The read-only style of an edit control or rich edit control.
-  [[nodiscard]] bool ReadOnly(int id) const;
-  [[nodiscard]] bool HasFocus(int id) const;
+  [[nodiscard]] bool ReadOnly(int control) const;
+  [[nodiscard]] bool HasFocus(int control) const;
 
   /// A check box or option button.
-  [[nodiscard]] bool Checked(int id) const;
+  [[nodiscard]] bool Checked(int control) const;
 
   /// Lines of a drop-down list, and the selected one, -1 for none.
-  [[nodiscard]] std::vector<std::wstring> ListLines(int id) const;
-  [[nodiscard]] int SelectedLine(int id) const;
+  [[nodiscard]] std::vector<std::wstring> ListLines(int control) const;
+  [[nodiscard]] int SelectedLine(int control) const;
 
   /// Presses a push button. False when it is absent or disabled, as a user could not press it.
-  [[nodiscard]] bool Click(int id) const;
+  [[nodiscard]] bool Click(int control) const;
   /// Presses and releases the left button of the mouse in the middle of a control that is no
   /// button.
-  void ClickMouse(int id) const;
+  void ClickMouse(int control) const;
   /// Presses a key while a control has the focus.
-  void PressKey(int id, WPARAM key) const;
+  void PressKey(int control, WPARAM key) const;
   /// Selects a line of a drop-down list, from 0, as a user does: the list tells its window.
-  void SelectLine(int id, int line) const;
+  void SelectLine(int control, int line) const;
   /// Chooses a menu item by posting its command.
-  void Command(int id) const;
+  void Command(int control) const;
   /// Replaces an edit control's text as typing does.
-  void Type(int id, const std::wstring& text) const;
+  void Type(int control, const std::wstring& text) const;
   void Close() const;
 
   /// Waits until the program has taken in what was posted to it so far, by what is posted behind

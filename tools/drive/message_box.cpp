@@ -11,11 +11,11 @@ namespace {
 constexpr std::array<int, 2> kTextIds{0xFFFF, 100};
 
 HWND TextControl(HWND box) {
-  for (const int id : kTextIds) {
+  for (const int control : kTextIds) {
     for (HWND child = nullptr;
          (child = FindWindowExW(box, child, L"Static", nullptr)) != nullptr;) {
       const bool is_icon = (GetWindowLongPtrW(child, GWL_STYLE) & SS_TYPEMASK) == SS_ICON;
-      if ((GetDlgCtrlID(child) & 0xFFFF) == id && !is_icon) return child;
+      if ((GetDlgCtrlID(child) & 0xFFFF) == control && !is_icon) return child;
     }
   }
   return nullptr;

@@ -7,7 +7,7 @@
 
 namespace tolvane::window {
 
-/// Whether the window and all in it are painted and what the screen shows there has stood still for
+/// Whether the window and all in it are painted and what the screen shows there has not changed for
 /// a tenth of a second; waits for it, at most two seconds.
 bool AwaitPainted(HWND window);
 

@@ -8,7 +8,7 @@
 //   press ID               the same by the mouse, for pictures and for what stays open; does not wait
 //   wait-enabled ID        until a control is enabled
 //   wait-text ID TEXT      until a control's text begins with TEXT
-//   wait-same ID SECONDS   until a control's text has stood still for so long
+//   wait-same ID SECONDS   until a control's text has not changed for so long
 //   text ID [FILE]         a control's text, UTF-8, LF line ends
 //   picture FILE           what the screen shows of the window, as a bitmap file
 //   close                  closes the window and waits until it has gone
@@ -85,26 +85,26 @@ int Press(const Arguments& arguments) {
 }
 
 int WaitEnabled(const Arguments& arguments) {
-  const int id = ControlId(arguments[1]);
-  return WaitUntil([&] { return Window().Enabled(id); })
+  const int control = ControlId(arguments[1]);
+  return WaitUntil([&] { return Window().Enabled(control); })
              ? 0
              : Complain(arguments[1] + L" stays disabled");
 }
 
 int WaitText(const Arguments& arguments) {
-  const int id = ControlId(arguments[1]);
-  return WaitUntil([&] { return Window().Text(id).starts_with(arguments[2]); })
+  const int control = ControlId(arguments[1]);
+  return WaitUntil([&] { return Window().Text(control).starts_with(arguments[2]); })
              ? 0
-             : Complain(arguments[1] + L" shows \"" + Window().Text(id) + L"\"");
+             : Complain(arguments[1] + L" shows \"" + Window().Text(control) + L"\"");
 }
 
 int WaitSame(const Arguments& arguments) {
-  const int id = ControlId(arguments[1]);
+  const int control = ControlId(arguments[1]);
   const DWORD still = static_cast<DWORD>(std::wcstoul(arguments[2].c_str(), nullptr, 10)) * 1000;
-  std::wstring last = Window().Text(id);
+  std::wstring last = Window().Text(control);
   for (DWORD since = GetTickCount(); GetTickCount() - since < still;) {
     Sleep(200);
-    std::wstring text = Window().Text(id);
+    std::wstring text = Window().Text(control);
     if (text != last) since = GetTickCount();
     last = std::move(text);
     if (!Window().Exists()) return Complain(L"the main window has gone");

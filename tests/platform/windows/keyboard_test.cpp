@@ -32,14 +32,15 @@ class MainWindowKeys : public MainWindowTest {
     PumpUntil(loop_, [this] { return GetFocus() == Child(id::Bt_Connect); });
   }
 
-  [[nodiscard]] bool IsDefault(int id) const {
-    return (GetWindowLongPtrW(Child(id), GWL_STYLE) & BS_TYPEMASK) == BS_DEFPUSHBUTTON;
+  [[nodiscard]] bool IsDefault(int control) const {
+    return (GetWindowLongPtrW(Child(control), GWL_STYLE) & BS_TYPEMASK) == BS_DEFPUSHBUTTON;
   }
   /// The buttons with the ring of the default one.
   [[nodiscard]] std::vector<int> Defaults() const {
     std::vector<int> found;
-    for (const int id : {id::Bt_Connect, id::Bt_Disconnect, id::Bt_SaveFile, id::Bt_ViewClear}) {
-      if (IsDefault(id)) found.push_back(id);
+    for (const int control :
+         {id::Bt_Connect, id::Bt_Disconnect, id::Bt_SaveFile, id::Bt_ViewClear}) {
+      if (IsDefault(control)) found.push_back(control);
     }
     return found;
   }
@@ -157,8 +158,8 @@ TEST_F(MainWindowKeys, FunctionKeysDoNothingWhereTheButtonWould) {
 }
 
 TEST_F(MainWindowKeys, KeysInARunWaitForItsYield) {
-  events_.on_command = [this](int id) {
-    if (id != id::Bt_Connect) return;
+  events_.on_command = [this](int command) {
+    if (command != id::Bt_Connect) return;
     PostMessageW(Child(id::TB_Status), WM_KEYDOWN, VK_F9, 1);
     EXPECT_THAT(events_.commands, ElementsAre(id::Bt_Connect));
     loop_.YieldToEvents();
@@ -170,11 +171,11 @@ TEST_F(MainWindowKeys, KeysInARunWaitForItsYield) {
 }
 
 TEST_F(MainWindowKeys, EscapeClosesNothing) {
-  for (const int id : {id::Bt_Connect, id::TB_LogComment, id::RTB_MainView}) {
-    SetFocus(Child(id));
+  for (const int control : {id::Bt_Connect, id::TB_LogComment, id::RTB_MainView}) {
+    SetFocus(Child(control));
     Press(loop_, VK_ESCAPE);
     loop_.YieldToEvents();
-    EXPECT_EQ(events_.queries, 0) << id;
+    EXPECT_EQ(events_.queries, 0) << control;
   }
 }
 
@@ -224,15 +225,15 @@ TEST_F(OtherWindowsKeys, F1AndTheHelpPictureShowTheHelpOfEachDialog) {
 TEST_F(OtherWindowsKeys, TabComesToTheFolderPictures) {
   const HWND dialog = windows_.OpenSettings(2);
   std::vector<int> round;
-  HWND control = GetNextDlgTabItem(dialog, nullptr, FALSE);
-  const HWND first = control;
+  HWND stop = GetNextDlgTabItem(dialog, nullptr, FALSE);
+  const HWND first = stop;
   do {
-    round.push_back(GetDlgCtrlID(control));
-    control = GetNextDlgTabItem(dialog, control, FALSE);
-  } while (control != first && round.size() < 50);
-  for (const int id : {id::Img_save_folder, id::Img_save_folder_path, id::Img_Log_save_folder,
-                       id::Img_Log_save_folder_path, id::Img_Help_Setting}) {
-    EXPECT_THAT(round, testing::Contains(id));
+    round.push_back(GetDlgCtrlID(stop));
+    stop = GetNextDlgTabItem(dialog, stop, FALSE);
+  } while (stop != first && round.size() < 50);
+  for (const int control : {id::Img_save_folder, id::Img_save_folder_path, id::Img_Log_save_folder,
+                            id::Img_Log_save_folder_path, id::Img_Help_Setting}) {
+    EXPECT_THAT(round, testing::Contains(control));
   }
   AllWindows::Close(dialog);
 }
@@ -275,9 +276,9 @@ TEST(VersionWindowKeys, TabSpaceEnterAndEscapeReachTheLinkAndTheEnd) {
   OpenedAddresses shell;
   const std::int32_t cursor = 0;
   FormVersionWindow version(surroundings, shell, device, cursor);
-  const auto part = [&version](int id) { return GetDlgItem(version.Hwnd(), id); };
-  const auto focus_is = [&](int id) {
-    return PumpUntil(loop, [&] { return GetFocus() == part(id); });
+  const auto part = [&version](int control) { return GetDlgItem(version.Hwnd(), control); };
+  const auto focus_is = [&](int control) {
+    return PumpUntil(loop, [&] { return GetFocus() == part(control); });
   };
   for (const WPARAM key : {VK_SPACE, VK_RETURN, VK_ESCAPE}) {
     version.Show();

@@ -57,41 +57,43 @@ class PopupMenu final : public platform::PopupMenu {
 
 /// The main window as it stands before start-up: every control with the state of its design.
 class MainWindow {
+  Journal& journal_;  // ahead of the controls, which are made with it
+
  public:
-  explicit MainWindow(Journal& journal);
+  explicit MainWindow(Journal& journal) : journal_(journal) {}
 
   /// References into this object and to `RTB_MainView`; both must outlive the result.
   [[nodiscard]] platform::MainWindow Face(platform::RichTextView& RTB_MainView);
 
-  Window window;
-  Splash Form2;
-  OtherForms other_forms;
-  Button Bt_Connect;
-  Button Bt_Disconnect;
-  ComboBox Cmb_Serect_Device;
-  TextBox TB_ODB_Hard_Version;
-  TextBox TB_Protocol;
-  TextBox TB_Status;
-  TextBox TB_LogComment;
-  Picture Pic_Caution;
-  MenuItem menu_common_setting;
-  MenuItem menu_opt_function1;
-  MenuItem menu_opt_log1;
-  PopupMenu menu_View;
-  MenuItem menu_View_All_Copy;
-  MenuItem menu_View_Ctrl_Z;
-  MenuItem menu_View_Ctrl_X;
-  MenuItem menu_View_Ctrl_C;
-  MenuItem menu_View_Ctrl_V;
-  MenuItem menu_View_DEL;
-  MenuItem menu_View_Text_Red;
-  MenuItem menu_View_Text_Blue;
-  MenuItem menu_View_Text_Black;
-  MenuItem menu_View_Marker_Pink;
-  MenuItem menu_View_Marker_Yellow;
-  MenuItem menu_View_Marker_black;
-  MenuItem menu_View_Marker_white;
-  MenuItem menu_View_Date;
+  Window window{journal_};
+  Splash Form2{journal_};
+  OtherForms other_forms{journal_};
+  Button Bt_Connect{journal_, "Bt_Connect", false};
+  Button Bt_Disconnect{journal_, "Bt_Disconnect", false};
+  ComboBox Cmb_Serect_Device{journal_, "Cmb_Serect_Device"};
+  TextBox TB_ODB_Hard_Version{journal_, "TB_ODB_Hard_Version", u"Nothing"};
+  TextBox TB_Protocol{journal_, "TB_Protocol", u"---"};
+  TextBox TB_Status{journal_, "TB_Status", u""};
+  TextBox TB_LogComment{journal_, "TB_LogComment", u""};
+  Picture Pic_Caution{journal_, "Pic_Caution"};
+  MenuItem menu_common_setting{journal_, "menu_common_setting", true};
+  MenuItem menu_opt_function1{journal_, "menu_opt_function1", true};
+  MenuItem menu_opt_log1{journal_, "menu_opt_log1", true};
+  PopupMenu menu_View{journal_};
+  MenuItem menu_View_All_Copy{journal_, "menu_View_All_Copy", true};
+  MenuItem menu_View_Ctrl_Z{journal_, "menu_View_Ctrl_Z", true};
+  MenuItem menu_View_Ctrl_X{journal_, "menu_View_Ctrl_X", true};
+  MenuItem menu_View_Ctrl_C{journal_, "menu_View_Ctrl_C", true};
+  MenuItem menu_View_Ctrl_V{journal_, "menu_View_Ctrl_V", true};
+  MenuItem menu_View_DEL{journal_, "menu_View_DEL", true};
+  MenuItem menu_View_Text_Red{journal_, "menu_View_Text_Red", true};
+  MenuItem menu_View_Text_Blue{journal_, "menu_View_Text_Blue", true};
+  MenuItem menu_View_Text_Black{journal_, "menu_View_Text_Black", true};
+  MenuItem menu_View_Marker_Pink{journal_, "menu_View_Marker_Pink", true};
+  MenuItem menu_View_Marker_Yellow{journal_, "menu_View_Marker_Yellow", true};
+  MenuItem menu_View_Marker_black{journal_, "menu_View_Marker_black", true};
+  MenuItem menu_View_Marker_white{journal_, "menu_View_Marker_white", true};
+  MenuItem menu_View_Date{journal_, "menu_View_Date", true};
 };
 
 }  // namespace tolvane::platform::memory

@@ -27,9 +27,9 @@ class Clipboard final : public platform::Clipboard {
   /// One puts this text there, beside what is there in the other format.
   void Put(StringView text, Format format) { Slot(format) = String(text); }
   void Empty();
-  /// One holds the clipboard for so many ms from now.
+  /// One holds the clipboard for `ms` from now.
   void HeldByAnother(std::int32_t ms) { held_ = ms; }
-  /// One opens it at each change and holds it for so many ms.
+  /// One opens it at each change and holds it for `ms`.
   void WatchedByAnother(std::int32_t ms) { watched_ = ms; }
   /// The system has no room for a text in this format; empty takes it back.
   void Refuse(std::optional<Format> format) { refused_ = format; }

@@ -22,7 +22,7 @@ constexpr std::int32_t kPlainFile = 32;
 /// A disk in memory, with the manners of Windows: names in any case, blanks and periods dropped at
 /// the end of a path, paths of at most 259 characters, 247 for new folders. What is written is safe
 /// from a power cut only once it is flushed; names are at once.
-class FileSystem final : public platform::FileServices, public platform::FileSteps {
+class FileSystem : public platform::FileServices, public platform::FileSteps {
  public:
   /// `code_page` is what text files are written in.
   explicit FileSystem(platform::CodePage& code_page) : code_page_(code_page) {}
@@ -41,13 +41,13 @@ class FileSystem final : public platform::FileServices, public platform::FileSte
   void Lock(StringView path, bool locked);
   /// Nothing can be made in the folder.
   void Protect(StringView folder, bool is_protected);
-  /// Files can grow by so many bytes in all, then writing fails.
+  /// Files can grow by `bytes` in all, then writing fails.
   void FreeSpace(std::size_t bytes) { free_space_ = bytes; }
   /// Files are written and read, but closing them fails.
   void FailClose(bool fail) { fail_close_ = fail; }
 
-  /// Another program reads the file for so many ms: meanwhile it can be written, and neither
-  /// replaced nor moved nor deleted.
+  /// Another program reads the file for `ms`: meanwhile it can be written, but not replaced, moved
+  /// or deleted.
   void Hold(StringView path, std::int32_t ms);
   /// A scanner does so with each file that was written.
   void ScanWrittenFiles(std::int32_t ms) { scan_ = ms; }

@@ -14,7 +14,7 @@ namespace tolvane::platform::memory {
 [[nodiscard]] StringView FolderOf(StringView taken);
 
 /// Whether the last name of a path that Windows has taken can be given to a file or folder: no
-/// character that names cannot hold, no name of a device such as NUL, with whatever extension.
+/// character that names cannot hold, no name of a device such as NUL, with any extension or none.
 [[nodiscard]] bool CanBeNamed(StringView taken);
 
 }  // namespace tolvane::platform::memory

@@ -184,8 +184,8 @@ void FormVersionWindow::OnMouse(UINT message, WPARAM keys, LPARAM place, int par
     default:
       break;
   }
-  // Windows tells a movement now and then though the mouse has not moved: a press that such a one
-  // turned into a drag would never become a click.
+  // Windows sometimes reports a movement though the mouse has not moved. If that made a press a
+  // drag, the press would never become a click.
   const bool moved = pressed_ != part || place != pressed_at_;
   if ((keys & MK_LBUTTON) != 0 && moved && !IsLink(part)) Drag();
 }

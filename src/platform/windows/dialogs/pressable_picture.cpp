@@ -17,8 +17,8 @@ void PaintFocus(HWND control) {
 }
 
 void TellPress(HWND control) {
-  const auto id = static_cast<WORD>(GetDlgCtrlID(control));
-  SendMessageW(GetParent(control), WM_COMMAND, MAKEWPARAM(id, STN_CLICKED),
+  const auto number = static_cast<WORD>(GetDlgCtrlID(control));
+  SendMessageW(GetParent(control), WM_COMMAND, MAKEWPARAM(number, STN_CLICKED),
                reinterpret_cast<LPARAM>(control));
 }
 

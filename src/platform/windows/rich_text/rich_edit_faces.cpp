@@ -9,8 +9,8 @@
 namespace tolvane::platform::windows {
 namespace {
 
-/// Whether the control needs its content for `message`: to read it, to change it, to show it to
-/// somebody. Of the messages of edit controls all do that are not named here.
+/// Whether the control needs its content for `message`: to read it, to change it, to show it.
+/// All messages of edit controls do, but for those named here.
 constexpr bool NeedsContent(UINT message) {
   switch (message) {
     case EM_CANUNDO:  // never, behind a replacement of the whole
@@ -31,10 +31,10 @@ constexpr bool NeedsContent(UINT message) {
 }
 
 /// Of those, the ones that only ask: for text, selection, places, looks, the object behind them, or
-/// a picture. Programs that read the screen send them, some many times a second; asked in vain,
-/// they ask again. What is not named here may be a command, such as a copy or a selection, and
-/// finds the content however often it comes: a command cannot be given twice. So does EM_STREAMOUT,
-/// which hands out all there is.
+/// a picture. Programs that read the screen send them, some many times a second, and send them
+/// again when the answer was empty. What is not named here may be a command, such as a copy or a
+/// selection, and always finds the content: nobody repeats a command. So does EM_STREAMOUT, which
+/// hands out all there is.
 constexpr bool OnlyAsks(UINT message) {
   switch (message) {
     case EM_GETSEL:
@@ -85,11 +85,11 @@ constexpr bool OnlyAsks(UINT message) {
   }
 }
 
-constexpr ULONGLONG kReadersPause = 1000;  // ms between two fillings for who reads the screen
+constexpr ULONGLONG kReadersPause = 1000;  // ms between two fillings for screen readers
 
 constexpr LONG kUiaRootObject = -25;  // UiaRootObjectId, whose header brings all of COM along
 
-/// Whether the object that accessibility asks for shows the text. What it asks for beside that (the
+/// Whether the object that accessibility asks for shows the text. What else it asks for (the
 /// frame, the bars, the caret, the class) is asked often, by programs that read nothing.
 constexpr bool ShowsText(LPARAM object) {
   // The upper half of a 64-bit number can hold anything.
@@ -135,8 +135,8 @@ void RichEditView::FillControl() {
   if (!locked_) Send(EM_SETREADONLY, FALSE);
 }
 
-/// A filling costs up to a second, in which reception stands. Who asks more often finds the control
-/// as it is.
+/// A filling costs up to a second, in which reception stands. A program that asks more often
+/// finds the control as it is.
 void RichEditView::FillForReader() {
   if (GetTickCount64() - filled_for_reader_ < kReadersPause) return;
   FillControl();
@@ -178,7 +178,7 @@ LRESULT RichEditView::HandleMessage(UINT message, WPARAM wparam, LPARAM lparam) 
       const auto* key = reinterpret_cast<const MSG*>(lparam);
       const bool is_tab = key != nullptr && key->message == WM_KEYDOWN && key->wParam == VK_TAB &&
                           GetKeyState(VK_CONTROL) >= 0;
-      // Who comes by Tab selects everything, but not a page that the next tick replaces.
+      // Coming by Tab selects everything, but not a page that the next tick replaces.
       return (live_ ? 0 : DLGC_HASSETSEL) | DLGC_WANTARROWS | DLGC_WANTCHARS |
              (is_tab ? 0 : DLGC_WANTALLKEYS);
     }

@@ -149,8 +149,6 @@ std::string RichEditView::ContentRtf() const {
 
 String RichEditView::TextRTF() const { return WideText(ContentRtf()); }
 
-bool RichEditView::TextRTF(StringView rtf) { return ReplaceOrKeep(NarrowText(rtf)); }
-
 bool RichEditView::ReplaceOrKeep(std::string_view rtf) {
   // The control reads anything else as an empty text and reports no failure.
   if (!rtf.starts_with("{\\rtf")) return false;

@@ -38,8 +38,6 @@ class RichEditView final : public RichTextView {
   [[nodiscard]] String Text() const override;
   void Text(StringView text) override;
   [[nodiscard]] String TextRTF() const override;
-  /// For tests: as LoadFile with a file that holds `rtf`.
-  [[nodiscard]] bool TextRTF(StringView rtf);
   void SwapPage(std::unique_ptr<RichTextPage>& page) override;
   void SelStart(std::int32_t position) override;
   [[nodiscard]] std::int32_t SelLength() const override;

@@ -25,8 +25,8 @@ class WindowsEventLoop final : public EventLoop {
   void End();
   [[nodiscard]] bool Ended() const { return ended_; }
 
-  /// WM_QUIT does not end the loop. Nothing in the program posts it: from outside it is a wish to
-  /// close, and the handler decides about it, once for each.
+  /// WM_QUIT does not end the loop. Nothing in the program posts it: from outside it asks the
+  /// program to close, and the handler decides about that, once for each.
   void OnQuit(std::function<void()> handler) { on_quit_ = std::move(handler); }
 
   /// True when the window has taken the key, which then does nothing else.

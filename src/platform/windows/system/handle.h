@@ -32,7 +32,7 @@ class Handle {
   bool Close() {
     return value_ == Traits::kNone || Traits::Close(std::exchange(value_, Traits::kNone));
   }
-  /// Hands the ownership to somebody who closes it otherwise.
+  /// Hands over the ownership: the caller closes it.
   [[nodiscard]] Type Release() { return std::exchange(value_, Traits::kNone); }
 
  private:

@@ -3,7 +3,7 @@
 namespace tolvane::platform::windows {
 namespace {
 
-// Shown by the system beside the program's name to who signs out or shuts down.
+// Shown by the system beside the program's name when the user signs out or shuts down.
 constexpr wchar_t kReason[] = L"CANバスを受信中です。「切断」で受信を終えてください。";
 
 // The process information "power throttling"; the compiler's headers hide it from a program that
@@ -25,7 +25,7 @@ WindowsRunProtection::WindowsRunProtection(HWND main_window) : main_window_(main
 
 void WindowsRunProtection::Begin() {
   // The screen too: a notebook on battery that has no sleep but the connected one sleeps some
-  // minutes after its screen has gone dark, whatever else is wished.
+  // minutes after its screen has gone dark, whatever else the program asked for.
   SetThreadExecutionState(ES_CONTINUOUS | ES_SYSTEM_REQUIRED | ES_DISPLAY_REQUIRED);
   // Given now and not when it is asked for: a flush can keep the question waiting.
   ShutdownBlockReasonCreate(main_window_, kReason);

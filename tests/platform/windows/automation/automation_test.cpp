@@ -76,8 +76,8 @@ class RecordingServer final : public IDispatch {
 
   std::set<LCID> locales;  // of all calls
   HRESULT refusal = S_OK;
-  int name_refusals = 0;  // so many searches for names are refused first
-  int refusals = 0;       // so many calls are refused first
+  int name_refusals = 0;  // searches for names that are refused first
+  int refusals = 0;       // calls that are refused first
   bool by_exception = false;
   int invocations = 0;
 };

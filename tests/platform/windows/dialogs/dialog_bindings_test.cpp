@@ -26,15 +26,17 @@ enum class Write { kTaken, kNeverTaken };
 
 /// A control, what a user gives it, and the change of the settings that this is.
 struct BoundControl {
-  int id;
+  int number;
   const wchar_t* typed;  // null for what is pressed
   Change change;
   Write write = Write::kTaken;
 };
 using Controls = std::vector<BoundControl>;
 
-BoundControl Box(int id, const wchar_t* text, Change change) { return {id, text, change}; }
-BoundControl Press(int id, Change change) { return {id, nullptr, change}; }
+BoundControl Box(int control, const wchar_t* text, Change change) {
+  return {control, text, change};
+}
+BoundControl Press(int control, Change change) { return {control, nullptr, change}; }
 
 constexpr std::int16_t kRows = 8;
 constexpr std::int16_t kLastRange = 7;  // which is shown and never written
@@ -187,7 +189,7 @@ Face FaceOf(HWND control) {
 
 std::set<int> Ids(const std::map<int, Face>& controls) {
   std::set<int> ids;
-  for (const auto& [id, face] : controls) ids.insert(id);
+  for (const auto& [control, face] : controls) ids.insert(control);
   return ids;
 }
 
@@ -221,7 +223,7 @@ class DialogBindings : public testing::TestWithParam<int> {
   /// Opens the dialog, works on a control, and presses OK.
   void Use(const BoundControl& control) {
     const HWND dialog = windows_.OpenSettings(GetParam());
-    const HWND hwnd = GetDlgItem(dialog, control.id);
+    const HWND hwnd = GetDlgItem(dialog, control.number);
     if (control.typed != nullptr) {
       SetWindowTextW(hwnd, control.typed);
     } else if (IsColourButton(hwnd)) {
@@ -243,7 +245,7 @@ class DialogBindings : public testing::TestWithParam<int> {
 TEST_P(DialogBindings, EachControlShowsItsOwnSettingAndNoOther) {
   for (const BoundControl& control : kControlsOf[GetParam()]()) {
     const std::map<int, Face> shown = ShownOtherwise(control.change);
-    ASSERT_EQ(Ids(shown), std::set{control.id}) << control.id;
+    ASSERT_EQ(Ids(shown), std::set{control.number}) << control.number;
     if (control.typed == nullptr) continue;
     EXPECT_EQ(shown.begin()->second.text,
               String(FromWide(control.typed, std::wcslen(control.typed))));
@@ -257,7 +259,7 @@ TEST_P(DialogBindings, EachControlChangesItsOwnSettingAndNoOther) {
     const std::string changed = SettingsText(Device());
     SetAllApart(Device());
     if (control.write == Write::kTaken) control.change(Device());
-    EXPECT_EQ(changed, SettingsText(Device())) << control.id;
+    EXPECT_EQ(changed, SettingsText(Device())) << control.number;
   }
 }
 

@@ -14,7 +14,7 @@ namespace tolvane::platform::windows {
 namespace {
 
 struct Caption {
-  int id;
+  int control;
   StringView text;         // empty for a box, a picture, a colour
   StringView frame;        // empty for none
   StringView labels = {};  // from the left, a blank between two
@@ -129,8 +129,8 @@ class OpenDialog {
   OpenDialog(const OpenDialog&) = delete;
   OpenDialog& operator=(const OpenDialog&) = delete;
 
-  [[nodiscard]] HWND Control(int id) const { return GetDlgItem(dialog_, id); }
-  [[nodiscard]] String Text(int id) const { return WindowText(Control(id)); }
+  [[nodiscard]] HWND Control(int control) const { return GetDlgItem(dialog_, control); }
+  [[nodiscard]] String Text(int control) const { return WindowText(Control(control)); }
 
   /// The frame around a control, null for none.
   [[nodiscard]] HWND Frame(HWND control) const {
@@ -166,16 +166,16 @@ class OpenDialog {
   }
   /// Whatever its own text is.
   void ExpectAround(const Caption& caption, StringView text) const {
-    const HWND control = Control(caption.id);
-    ASSERT_NE(control, nullptr) << caption.id;
+    const HWND control = Control(caption.control);
+    ASSERT_NE(control, nullptr) << caption.control;
     // What an edit control holds is a value and no caption.
     if (ClassOf(control) != u"edit") {
-      EXPECT_EQ(WindowText(control), text) << caption.id;
+      EXPECT_EQ(WindowText(control), text) << caption.control;
     }
     const HWND frame = Frame(control);
-    EXPECT_EQ(frame == nullptr ? String() : WindowText(frame), caption.frame) << caption.id;
+    EXPECT_EQ(frame == nullptr ? String() : WindowText(frame), caption.frame) << caption.control;
     if (ClassOf(control) == u"edit" || !caption.labels.empty()) {
-      EXPECT_EQ(Labels(control), caption.labels) << caption.id;
+      EXPECT_EQ(Labels(control), caption.labels) << caption.control;
     }
   }
 
@@ -225,9 +225,9 @@ TEST_F(DialogCaptions, TheRowsOfTheExtensionSettingsStandInTheirOrderEachOnALine
       for (const int first : table.row) {
         const Caption caption{first + row, u"", table.frame, u"～"};
         dialog.ExpectAround(caption, u"");
-        const RECT place = PlaceOf(dialog.Control(caption.id));
-        EXPECT_NEAR(middle(place), line, 2) << caption.id;
-        EXPECT_GT(place.left, left) << caption.id;
+        const RECT place = PlaceOf(dialog.Control(caption.control));
+        EXPECT_NEAR(middle(place), line, 2) << caption.control;
+        EXPECT_GT(place.left, left) << caption.control;
         left = place.left;
       }
     }

@@ -39,9 +39,15 @@ class SettingsDialogTest : public testing::Test {
     const WhileAsked asked(
         dialog_.Hwnd(), [this] { Press(id::Bt_DataChangeColor_Dialog); }, std::move(meanwhile));
   }
-  [[nodiscard]] String Box(int id) const { return WindowText(GetDlgItem(dialog_.Hwnd(), id)); }
-  void Fill(int id, const wchar_t* text) { SetWindowTextW(GetDlgItem(dialog_.Hwnd(), id), text); }
-  void Press(int id) { SendMessageW(dialog_.Hwnd(), WM_COMMAND, static_cast<WPARAM>(id), 0); }
+  [[nodiscard]] String Box(int control) const {
+    return WindowText(GetDlgItem(dialog_.Hwnd(), control));
+  }
+  void Fill(int control, const wchar_t* text) {
+    SetWindowTextW(GetDlgItem(dialog_.Hwnd(), control), text);
+  }
+  void Press(int control) {
+    SendMessageW(dialog_.Hwnd(), WM_COMMAND, static_cast<WPARAM>(control), 0);
+  }
 
   HINSTANCE instance_ = GetModuleHandleW(nullptr);
   EventGate gate_;

@@ -19,7 +19,7 @@ using testing::IsEmpty;
 
 TEST_F(MainWindowTest, EveryControlStandsUnderItsNumberWithItsFirstText) {
   const struct {
-    int id;
+    int control;
     StringView text;
   } rows[] = {{id::Lb_Serect_Device, u"機器No."},
               {id::Lb_ODB_Hard_Version, u"機器情報"},
@@ -37,8 +37,8 @@ TEST_F(MainWindowTest, EveryControlStandsUnderItsNumberWithItsFirstText) {
               {id::TB_LogComment, u""},
               {id::RTB_MainView, u""}};
   for (const auto& row : rows) {
-    ASSERT_NE(Child(row.id), nullptr) << row.id;
-    EXPECT_EQ(ChildText(row.id), row.text) << row.id;
+    ASSERT_NE(Child(row.control), nullptr) << row.control;
+    EXPECT_EQ(ChildText(row.control), row.text) << row.control;
   }
 }
 
@@ -56,8 +56,8 @@ TEST_F(MainWindowTest, CommentTakesFiftyCharacters) {
 }
 
 TEST_F(MainWindowTest, OnlyTheCommentCanBeTypedIn) {
-  for (const int id : {id::TB_ODB_Hard_Version, id::TB_Protocol, id::TB_Status}) {
-    EXPECT_NE(GetWindowLongPtrW(Child(id), GWL_STYLE) & ES_READONLY, 0) << id;
+  for (const int control : {id::TB_ODB_Hard_Version, id::TB_Protocol, id::TB_Status}) {
+    EXPECT_NE(GetWindowLongPtrW(Child(control), GWL_STYLE) & ES_READONLY, 0) << control;
   }
   EXPECT_EQ(GetWindowLongPtrW(Child(id::TB_LogComment), GWL_STYLE) & ES_READONLY, 0);
 }
@@ -160,8 +160,8 @@ TEST_F(MainWindowTest, ACommandThatCannotBeChosenAnyMoreAfterItsWaitIsDropped) {
 }
 
 TEST_F(MainWindowTest, ACommandDuringARunComesInItsYieldOnly) {
-  events_.on_command = [this](int id) {
-    if (id != id::Bt_Connect) return;
+  events_.on_command = [this](int command) {
+    if (command != id::Bt_Connect) return;
     Send(id::Bt_ViewClear);
     EXPECT_THAT(events_.commands, ElementsAre(id::Bt_Connect)) << "let in outside a yield";
     loop_.YieldToEvents();
@@ -257,14 +257,14 @@ TEST_F(MainWindowTest, NothingIsClippedOrLiesOverAnotherAtTheSmallestSize) {
     RECT bounds{};
     GetWindowRect(child, &bounds);
     MapWindowPoints(nullptr, window_.Hwnd(), reinterpret_cast<POINT*>(&bounds), 2);
-    const int id = GetDlgCtrlID(child);
-    EXPECT_GE(bounds.left, 0) << id;
-    EXPECT_LE(bounds.right, client.right) << id;
-    EXPECT_LE(bounds.bottom, client.bottom) << id;
-    EXPECT_GT(bounds.right - bounds.left, dpi.Pixels(40)) << id;
+    const int control = GetDlgCtrlID(child);
+    EXPECT_GE(bounds.left, 0) << control;
+    EXPECT_LE(bounds.right, client.right) << control;
+    EXPECT_LE(bounds.bottom, client.bottom) << control;
+    EXPECT_GT(bounds.right - bounds.left, dpi.Pixels(40)) << control;
     for (const RECT& other : taken) {
       RECT common{};
-      EXPECT_FALSE(IntersectRect(&common, &bounds, &other)) << id;
+      EXPECT_FALSE(IntersectRect(&common, &bounds, &other)) << control;
     }
     taken.push_back(bounds);
 
@@ -277,8 +277,8 @@ TEST_F(MainWindowTest, NothingIsClippedOrLiesOverAnotherAtTheSmallestSize) {
                           &size);
     SelectObject(context, before);
     ReleaseDC(child, context);
-    EXPECT_LE(size.cx, bounds.right - bounds.left) << id;
-    EXPECT_LE(size.cy, bounds.bottom - bounds.top) << id;
+    EXPECT_LE(size.cx, bounds.right - bounds.left) << control;
+    EXPECT_LE(size.cy, bounds.bottom - bounds.top) << control;
   }
   EXPECT_EQ(taken.size(), 16U);
 }
@@ -304,7 +304,7 @@ TEST_F(MainWindowTest, ControlsThatMoveAreSeenWhole) {
   const int controls[] = {id::Bt_Connect, id::Bt_Disconnect, id::Bt_SaveFile, id::Bt_ViewClear,
                           id::Lb_Status};
   std::vector<WindowPicture> before;
-  for (const int id : controls) before.emplace_back(Child(id));
+  for (const int control : controls) before.emplace_back(Child(control));
   // By half a button, by more than one, and back.
   for (const int width : {1000, 1272, 1000, 940}) {
     SetWindowPos(window_.Hwnd(), nullptr, 0, 0, width, 700, SWP_NOMOVE | SWP_NOZORDER);

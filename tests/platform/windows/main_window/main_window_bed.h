@@ -14,9 +14,9 @@ namespace tolvane::platform::windows {
 /// Counts what the main window tells the logic.
 class RecordedEvents final : public Form1Events {
  public:
-  void Command(int id) override {
-    commands.push_back(id);
-    if (on_command) on_command(id);
+  void Command(int command) override {
+    commands.push_back(command);
+    if (on_command) on_command(command);
   }
   void ViewSelectionChanged() override { ++selection_changes; }
   void ViewContextMenu() override { ++context_menus; }
@@ -68,14 +68,14 @@ class MainWindowTest : public testing::Test, protected ProgramWindows {
     window_.Listen(&events_);
   }
 
-  [[nodiscard]] HWND Child(int id) const { return GetDlgItem(window_.Hwnd(), id); }
-  [[nodiscard]] String ChildText(int id) const { return WindowText(Child(id)); }
-  void Send(int id, int notification = BN_CLICKED) {
+  [[nodiscard]] HWND Child(int control) const { return GetDlgItem(window_.Hwnd(), control); }
+  [[nodiscard]] String ChildText(int control) const { return WindowText(Child(control)); }
+  void Send(int control, int notification = BN_CLICKED) {
     SendMessageW(window_.Hwnd(), WM_COMMAND,
-                 MAKEWPARAM(static_cast<WORD>(id), static_cast<WORD>(notification)),
-                 reinterpret_cast<LPARAM>(Child(id)));
+                 MAKEWPARAM(static_cast<WORD>(control), static_cast<WORD>(notification)),
+                 reinterpret_cast<LPARAM>(Child(control)));
   }
-  void Click(int id) { SendMessageW(Child(id), BM_CLICK, 0, 0); }
+  void Click(int control) { SendMessageW(Child(control), BM_CLICK, 0, 0); }
 
   RecordedEvents events_;
 };

@@ -85,10 +85,10 @@ TEST_F(WorkerTimer, WaitsForTheYieldWhenSomethingElsePumpsDuringAHandler) {
 TEST_F(WorkerTimer, ATickHeldFromBeforeAStopIsDroppedAfterANewStart) {
   timer_.Enabled(true);
   gate_.Deliver([this] {
+    ASSERT_NO_FATAL_FAILURE(AwaitDueTick());
     MSG message;
-    while (gate_.Waiting() == 0) {
-      if (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) DispatchMessageW(&message);
-    }
+    ASSERT_TRUE(PeekMessageW(&message, timer_.Hwnd(), WM_TIMER, WM_TIMER, PM_REMOVE));
+    DispatchMessageW(&message);  // now it waits at the gate
     timer_.Enabled(false);
     timer_.Enabled(true);
   });

@@ -51,7 +51,7 @@ TEST_F(Resources, PopUpHasItsItemsInOrder) {
   const MenuHandle menu(LoadMenuW(program_.Get(), MAKEINTRESOURCEW(id::MENU_VIEW)));
   const HMENU items = GetSubMenu(menu.Get(), 0);
   const struct {
-    UINT id;
+    UINT item;
     StringView text;
   } rows[] = {{id::menu_View_All_Copy, u"すべてコピー"},
               {id::menu_View_Ctrl_Z, u"元に戻す(&U)"},
@@ -72,7 +72,7 @@ TEST_F(Resources, PopUpHasItsItemsInOrder) {
               {id::menu_View_Date, u"日時を挿入"}};
   ASSERT_EQ(GetMenuItemCount(items), static_cast<int>(std::size(rows)));
   for (UINT place = 0; place < std::size(rows); ++place) {
-    EXPECT_EQ(GetMenuItemID(items, static_cast<int>(place)), rows[place].id) << place;
+    EXPECT_EQ(GetMenuItemID(items, static_cast<int>(place)), rows[place].item) << place;
     EXPECT_EQ(ItemText(items, place, MF_BYPOSITION), rows[place].text) << place;
   }
 }
@@ -91,7 +91,7 @@ String Headings(const String& text) {
 
 TEST_F(Resources, HelpTextsHaveTheirHeadingsInOrderAndNameTheProgram) {
   const struct {
-    UINT id;
+    UINT topic;
     StringView headings;
   } rows[] = {{101,
                u"- 共通設定 -\n(1) 通信速度\n(2) メッセージ仕様\n(3) 拡張ＣＡＮ 受信フィルタ\n"
@@ -106,16 +106,17 @@ TEST_F(Resources, HelpTextsHaveTheirHeadingsInOrderAndNameTheProgram) {
                u"(6) ログファイルの保存先\n(7) コメントをサブフォルダにして保存する\n"}};
   for (const auto& row : rows) {
     const wchar_t* start = nullptr;
-    const int length = LoadStringW(program_.Get(), row.id, reinterpret_cast<wchar_t*>(&start), 0);
-    ASSERT_GT(length, 100) << row.id;
+    const int length =
+        LoadStringW(program_.Get(), row.topic, reinterpret_cast<wchar_t*>(&start), 0);
+    ASSERT_GT(length, 100) << row.topic;
     const String text(FromWide(start, static_cast<std::size_t>(length)));
-    EXPECT_EQ(Headings(text), row.headings) << row.id;
-    EXPECT_EQ(text.find(u"Tolvane.EXE"), String::npos) << row.id;
-    EXPECT_NE(text.find(u"Tolvane．EXE"), String::npos) << row.id;
+    EXPECT_EQ(Headings(text), row.headings) << row.topic;
+    EXPECT_EQ(text.find(u"Tolvane.EXE"), String::npos) << row.topic;
+    EXPECT_NE(text.find(u"Tolvane．EXE"), String::npos) << row.topic;
     EXPECT_EQ(text.find(u"Interfaceの機器では、標準フォーマットのリモートフレームも受信し") !=
                   String::npos,
-              row.id == 101)
-        << row.id;
+              row.topic == 101)
+        << row.topic;
   }
 }
 
@@ -174,12 +175,12 @@ TEST_F(Resources, ManifestTellsTheVersionToo) {
 }
 
 TEST_F(Resources, IconsComeInTheSizesOfEachResolution) {
-  for (const int id : {id::ICON_TOLVANE, id::ICON_CAUTION, id::ICON_SPLASH}) {
-    const HRSRC group = FindResourceW(program_.Get(), MAKEINTRESOURCEW(id), RT_GROUP_ICON);
-    ASSERT_NE(group, nullptr) << id;
+  for (const int icon : {id::ICON_TOLVANE, id::ICON_CAUTION, id::ICON_SPLASH}) {
+    const HRSRC group = FindResourceW(program_.Get(), MAKEINTRESOURCEW(icon), RT_GROUP_ICON);
+    ASSERT_NE(group, nullptr) << icon;
     const auto* header =
         static_cast<const WORD*>(LockResource(LoadResource(program_.Get(), group)));
-    EXPECT_GE(header[2], 4) << id;
+    EXPECT_GE(header[2], 4) << icon;
   }
 }
 

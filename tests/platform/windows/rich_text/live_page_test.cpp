@@ -22,7 +22,7 @@ TEST_F(LivePage, WhatIsReadIsWhatWasLastWritten) {
   EXPECT_EQ(Surface(), nullptr);
   Swap(u"second");
   EXPECT_EQ(WindowText(view_.Hwnd()), u"second");
-  EXPECT_TRUE(view_.TextRTF(u"{\\rtf1 third}"));
+  EXPECT_TRUE(Load("{\\rtf1 third}"));
   EXPECT_EQ(view_.Text().substr(0, 5), u"third");
   Swap(u"");
   EXPECT_EQ(view_.Text(), u"");
@@ -290,7 +290,7 @@ TEST_F(LivePage, WritesOfTheWholeContentLeaveTheLockOn) {
   SwapMarkedPage();
   view_.Text(u"text");
   EXPECT_EQ(view_.Text(), u"text");
-  EXPECT_TRUE(view_.TextRTF(u"{\\rtf1 rich}"));
+  EXPECT_TRUE(Load("{\\rtf1 rich}"));
   EXPECT_EQ(view_.Text().substr(0, 4), u"rich");
   EXPECT_EQ(unlockings, 0);
   view_.SelText(u"x");

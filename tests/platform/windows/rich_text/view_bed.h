@@ -2,8 +2,11 @@
 
 #include <gtest/gtest.h>
 
+#include <string_view>
+
 #include "platform/windows/rich_text/rich_edit_view.h"
 #include "platform/windows/system/code_page.h"
+#include "tests/platform/windows/system/scratch_folder.h"
 
 namespace tolvane::platform::windows {
 
@@ -30,6 +33,11 @@ class LiveView : public testing::Test {
   void Swap(StringView text) {
     auto page = Page(text);
     view_.SwapPage(page);
+  }
+  /// A file that holds `rtf` becomes the content.
+  [[nodiscard]] bool Load(std::string_view rtf) {
+    const ScratchFolder folder;
+    return folder.Put(u"page.rtf", rtf) && view_.LoadFile(folder / u"page.rtf");
   }
   static String Lines(int count) {
     String text;

@@ -122,8 +122,8 @@ TEST_F(Files, ALongTextIsWrittenWholeWithItsPairsUntorn) {
   EXPECT_EQ(content.find("??"), std::string::npos);
 }
 
-/// Another program that reads a file, as scanners and indexers do. It is in no one's way who writes
-/// into the file, and in everyone's who wants to replace or delete it.
+/// Another program that reads a file, as scanners and indexers do. It does not hinder
+/// writing into the file, but replacing and deleting it.
 class Reader {
  public:
   explicit Reader(const String& path, DWORD sharing = FILE_SHARE_READ | FILE_SHARE_WRITE)

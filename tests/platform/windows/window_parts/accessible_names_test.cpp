@@ -149,15 +149,15 @@ class ScreenReader : public testing::Test {
       const bool is_frame =
           ClassOf(control) == u"static" && (style & SS_TYPEMASK) == SS_ETCHEDFRAME;
       if (is_frame) return;
-      const int id = GetDlgCtrlID(control);
+      const int number = GetDlgCtrlID(control);
       const std::wstring name = NameOf(control);
-      EXPECT_FALSE(name.empty()) << id;
-      if ((style & WS_TABSTOP) == 0 || may_share.contains(id)) return;
-      EXPECT_NE(name, L"～") << id;
+      EXPECT_FALSE(name.empty()) << number;
+      if ((style & WS_TABSTOP) == 0 || may_share.contains(number)) return;
+      EXPECT_NE(name, L"～") << number;
       // The frame around them distinguishes the choices of one setting from those of another.
       if (IsRadio(control)) return;
-      const auto [other, is_new] = taken.emplace(name, id);
-      EXPECT_TRUE(is_new) << id << " is called like " << other->second;
+      const auto [other, is_new] = taken.emplace(name, number);
+      EXPECT_TRUE(is_new) << number << " is called like " << other->second;
     });
   }
 
@@ -197,13 +197,14 @@ TEST_F(ScreenReader, TellsTheRowsOfATableApart) {
 
 TEST_F(ScreenReader, FindsPushButtonsInPicturesThatCanBePressed) {
   AllWindows windows;
-  const auto is_button = [this](HWND window, int id) {
-    const auto role = service_.roles.find(GetDlgItem(window, id));
+  const auto is_button = [this](HWND window, int control) {
+    const auto role = service_.roles.find(GetDlgItem(window, control));
     return role != service_.roles.end() && role->second == ROLE_SYSTEM_PUSHBUTTON;
   };
   const HWND dialog = windows.OpenSettings(2);
-  for (const int id : {id::Img_Help_Setting, id::Img_save_folder, id::Img_Log_save_folder_path}) {
-    EXPECT_TRUE(is_button(dialog, id)) << id;
+  for (const int control :
+       {id::Img_Help_Setting, id::Img_save_folder, id::Img_Log_save_folder_path}) {
+    EXPECT_TRUE(is_button(dialog, control)) << control;
   }
   AllWindows::Close(dialog);
   const HWND version = windows.OpenVersion();

@@ -24,12 +24,12 @@ HWND ToolTipsOf(HWND owner) {
 }
 
 /// The tip of a control, empty when it has none.
-String TipOf(HWND tool_tips, HWND owner, int id) {
+String TipOf(HWND tool_tips, HWND owner, int control) {
   wchar_t text[256] = L"";
   TTTOOLINFOW info{};
   info.cbSize = sizeof(info);
   info.hwnd = owner;
-  info.uId = reinterpret_cast<UINT_PTR>(GetDlgItem(owner, id));
+  info.uId = reinterpret_cast<UINT_PTR>(GetDlgItem(owner, control));
   info.lpszText = text;
   SendMessageW(tool_tips, TTM_GETTEXTW, std::size(text), reinterpret_cast<LPARAM>(&info));
   return String(FromWide(text, static_cast<std::size_t>(lstrlenW(text))));
@@ -50,7 +50,7 @@ TEST(ToolTips, OfTheCautionAndOfTheProtocolWithItsLabel) {
   const StringView protocol =
       u"【通信モード】　通信速度の設定は、[ツール(T)] - [共通設定(S)] で変更できます";
   const struct {
-    int id;
+    int control;
     StringView tip;
   } rows[] = {{id::Pic_Caution,
                u"接続中にウィンドウを動かしたり、メニューバーを操作すると、受信が途絶します。"},
@@ -58,7 +58,7 @@ TEST(ToolTips, OfTheCautionAndOfTheProtocolWithItsLabel) {
               {id::Lb_Protocol, protocol},
               {id::TB_Status, u""}};
   for (const auto& row : rows) {
-    EXPECT_EQ(TipOf(tool_tips, window.Hwnd(), row.id), row.tip) << row.id;
+    EXPECT_EQ(TipOf(tool_tips, window.Hwnd(), row.control), row.tip) << row.control;
   }
 }
 
@@ -79,12 +79,12 @@ TEST(ToolTips, OfTheDropTargetsOfTheLogSettings) {
   dialog.Show();
   const HWND tool_tips = ToolTipsOf(dialog.Hwnd());
   ASSERT_NE(tool_tips, nullptr);
-  for (const int id :
+  for (const int control :
        {id::Img_save_folder, id::Img_save_folder_path, id::TB_SaveFilePath, id::Img_Log_save_folder,
         id::Img_Log_save_folder_path, id::TB_LogSaveFilePath}) {
-    EXPECT_EQ(TipOf(tool_tips, dialog.Hwnd(), id),
+    EXPECT_EQ(TipOf(tool_tips, dialog.Hwnd(), control),
               u"保存先のフォルダをドラッグ＆ドロップしてください")
-        << id;
+        << control;
   }
   EXPECT_EQ(TipOf(tool_tips, dialog.Hwnd(), id::Img_Help_Setting), u"");
   dialog.Unload();
