@@ -1,0 +1,26 @@
+#pragma once
+
+#include <span>
+
+#include "tests/faults/machine.h"
+
+namespace tolvane::faults {
+
+/// A piece of a program's life in which every operation fails.
+struct Scenario {
+  const char* name;
+  Setup setup;
+  WrittenLogs::Form log;
+  bool is_start;  // begins with the start of the process
+  void (*play)(Machine& machine);
+  /// What is wrong behind it, beyond what holds for every run.
+  Complaints (*judge)(const Machine& machine, const FaultPlan& plan);
+  bool has_pairs = true;  // affordable in pairs
+};
+
+[[nodiscard]] std::span<const Scenario> Scenarios();
+
+/// What ends in the user's next run, by whatever the program then has: a few frames and ticks.
+[[nodiscard]] std::span<const Act> ShortRun();
+
+}  // namespace tolvane::faults
