@@ -21,8 +21,8 @@ enum class Subject : std::uint8_t {
   kClock,
   kSystem
 };
-inline constexpr std::array<const char*, 8> kSubjects{
-    "files", "disk", "automation", "clipboard", "adapter", "timer", "clock", "system"};
+inline constexpr std::array<const char*, 8> kSubjects{"files",   "disk",  "automation", "clipboard",
+                                                      "adapter", "timer", "clock",      "system"};
 
 /// Numbers the operations that can fail, in the order in which the program asks for them, and tells
 /// which of them do.

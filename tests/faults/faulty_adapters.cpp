@@ -18,8 +18,7 @@ std::int16_t FaultyCanusb::canusb_getFirstAdapter(std::array<char, kSerialSize>&
 }
 
 std::int16_t FaultyCanusb::canusb_getNextAdapter(std::array<char, kSerialSize>& serial) {
-  return Fails("canusb_getNextAdapter") ? std::int16_t{-1}
-                                        : library_.canusb_getNextAdapter(serial);
+  return Fails("canusb_getNextAdapter") ? std::int16_t{-1} : library_.canusb_getNextAdapter(serial);
 }
 
 std::int32_t FaultyCanusb::canusb_Open(const std::string& serial, std::string& rate,

@@ -42,7 +42,10 @@ Machine::Machine(const Setup& setup, const Disk& disk, FaultPlan& plan, std::str
   for (const StringView library : {u"\\canusbdrv.dll", u"\\IFCan.dll", u"\\canlib32.dll"}) {
     memory.files.AddFile(kSystem + String(library), "MZ");
   }
-  for (const auto& [path, bytes] : disk) memory.files.AddFile(path, bytes);
+  for (const auto& [path, bytes] : disk) {
+    memory.files.AddFile(path, bytes);
+    if (path.find(u"\\KL") != String::npos) logs_.Keep(path);
+  }
   memory.window.Cmb_Serect_Device.OnClick([this] { form.Cmb_Serect_Device_Click(); });
   memory.qxt100.OnRead([this] { memory.qxt100.Now(static_cast<double>(now_us_ / 1000)); });
   memory.events.OnYield([this] { Yield(); });

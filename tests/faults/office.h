@@ -26,7 +26,9 @@ class Office final : public platform::AutomationServers {
 
  private:
   class Object;
-  [[nodiscard]] bool Fails(std::string_view call) { return plan_.Fails(Subject::kAutomation, call); }
+  [[nodiscard]] bool Fails(std::string_view call) {
+    return plan_.Fails(Subject::kAutomation, call);
+  }
   void Fill(const platform::AutomationTable& table);
   void Save(StringView path);
 

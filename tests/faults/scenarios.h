@@ -6,6 +6,10 @@
 
 namespace tolvane::faults {
 
+/// Which second steps fail behind a first one: all, or where that would take an hour the next one
+/// and the next of each other subject.
+enum class Pairs : std::uint8_t { kAll, kNear };
+
 /// A piece of a program's life in which every operation fails.
 struct Scenario {
   const char* name;
@@ -15,7 +19,7 @@ struct Scenario {
   void (*play)(Machine& machine);
   /// What is wrong behind it, beyond what holds for every run.
   Complaints (*judge)(const Machine& machine, const FaultPlan& plan);
-  bool has_pairs = true;  // affordable in pairs
+  Pairs pairs = Pairs::kAll;
 };
 
 [[nodiscard]] std::span<const Scenario> Scenarios();

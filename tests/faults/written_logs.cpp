@@ -76,7 +76,7 @@ void WrittenLogs::MoveToFiles(std::vector<FrameNumber>& channel) {
 }
 
 void WrittenLogs::Written(StringView path) {
-  bytes_[String(path)] = files_.Bytes(path).value_or("");
+  Keep(path);
   if (form_ != Form::kCsv || !path.ends_with(u".csv")) return;
   of_run_.emplace_back(path);
   MoveToFiles(channels_[flushed_]);
@@ -84,7 +84,7 @@ void WrittenLogs::Written(StringView path) {
 }
 
 void WrittenLogs::Saved(StringView path, const std::vector<FrameNumber>& frames) {
-  bytes_[String(path)] = files_.Bytes(path).value_or("");
+  Keep(path);
   of_run_.emplace_back(path);
   in_books_.insert(in_books_.end(), frames.begin(), frames.end());
   MoveToFiles(channels_[flushed_]);

@@ -26,6 +26,8 @@ class WrittenLogs {
 
   explicit WrittenLogs(const platform::memory::FileSystem& files) : files_(files) {}
 
+  /// Lay on the disk before the program started.
+  void Keep(StringView path) { bytes_[String(path)] = files_.Bytes(path).value_or(""); }
   void BeginRun(Form form);
   void Accepted(FrameNumber frame);
   /// A file is about to be made of the channel that was filled, and the other one is filled.
@@ -56,11 +58,11 @@ class WrittenLogs {
   std::array<std::vector<FrameNumber>, 2> channels_;  // what the next file of each must hold
   std::size_t current_ = 0;
   std::size_t flushed_ = 0;
-  std::size_t row_ = 0;                 // of a workbook's table
-  std::vector<FrameNumber> due_;        // must stand in the files of this run
-  std::vector<FrameNumber> in_books_;   // stand in the workbooks of this run
-  std::vector<String> of_run_;          // its csv files
-  std::map<String, std::string> bytes_;  // of all files that were written whole
+  std::size_t row_ = 0;                  // of a workbook's table
+  std::vector<FrameNumber> due_;         // must stand in the files of this run
+  std::vector<FrameNumber> in_books_;    // stand in the workbooks of this run
+  std::vector<String> of_run_;           // its csv files
+  std::map<String, std::string> bytes_;  // of all files that must stay as they are
 };
 
 }  // namespace tolvane::faults
