@@ -35,6 +35,8 @@ class FileServices {
   virtual ~FileServices() = default;
 
   [[nodiscard]] virtual bool FolderExists(StringView path) = 0;
+  /// True also where that cannot be learned, as over a network that fails for a moment: a new file
+  /// must not take the place of one that may be there.
   [[nodiscard]] virtual bool FileExists(StringView path) = 0;
   /// One level; false also when the folder exists already.
   [[nodiscard]] virtual bool CreateFolder(StringView path) = 0;

@@ -35,28 +35,21 @@ class FaultyClipboard final : public platform::Clipboard {
   FaultPlan& plan_;
 };
 
-/// When the system has no timer left, the period is one in which no tick comes.
 class FaultyTimer final : public platform::Timer {
  public:
-  FaultyTimer(platform::memory::Timer& timer, FaultPlan& plan) : timer_(timer), plan_(plan) {}
+  FaultyTimer(platform::Timer& timer, FaultPlan& plan) : timer_(timer), plan_(plan) {}
 
   bool Enabled() const override { return timer_.Enabled(); }
   void Enabled(bool enabled) override {
-    refused_ = enabled && plan_.Fails(Subject::kTimer, "Enabled");
-    timer_.Enabled(enabled);
+    const bool fails = enabled && plan_.Fails(Subject::kTimer, "Enabled");
+    timer_.Enabled(enabled && !fails);
   }
   std::int32_t Interval() const override { return timer_.Interval(); }
   void OnTick(std::function<void()> handler) override { timer_.OnTick(std::move(handler)); }
 
-  /// The period has passed.
-  void Tick() {
-    if (!std::exchange(refused_, false)) timer_.Tick();
-  }
-
  private:
-  platform::memory::Timer& timer_;
+  platform::Timer& timer_;
   FaultPlan& plan_;
-  bool refused_ = false;
 };
 
 /// A clock that fails stands still.

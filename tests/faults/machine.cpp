@@ -131,7 +131,9 @@ void Machine::Perform(const Act& act) {
   now_us_ += act.frames * kFramePeriodUs;
   plan_.Number(act.numbered);
   if (act.tick) {
-    for (FaultyTimer* timer : {&FormBG_, &FormBG2_, &FormBG_29_, &FormBG2_29_}) timer->Tick();
+    for (auto* timer : {&memory.FormBG, &memory.FormBG2, &memory.FormBG_29, &memory.FormBG2_29}) {
+      timer->Tick();
+    }
   }
   if (act.session_ends) {
     session_ended_ = true;
@@ -183,7 +185,8 @@ Complaints Machine::JudgeRun(bool may_hold_back) const {
               window.menu_opt_log1.Enabled() && window.Cmb_Serect_Device.Enabled() &&
               !window.TB_LogComment.Locked(),
           "controls are left locked");
-  for (const FaultyTimer* timer : {&FormBG_, &FormBG2_, &FormBG_29_, &FormBG2_29_}) {
+  for (const auto* timer :
+       {&memory.FormBG, &memory.FormBG2, &memory.FormBG_29, &memory.FormBG2_29}) {
     require(!timer->Enabled(), "a timer is left on");
   }
   for (const FrameNumber frame : last_) {
