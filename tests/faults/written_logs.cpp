@@ -101,29 +101,25 @@ std::vector<bool> WrittenLogs::Found() const {
   return found;
 }
 
-std::vector<std::string> WrittenLogs::Complaints() const {
+std::vector<std::string> WrittenLogs::Complaints(bool may_hold_back) const {
   std::vector<std::string> complaints;
   const std::vector<bool> found = Found();
   const auto missing = [&found](FrameNumber frame) {
     return !found[static_cast<std::size_t>(frame)];
   };
-  const auto count = std::ranges::count_if(due_, missing);
-  if (count > 0) {
+  if (const auto count = std::ranges::count_if(due_, missing); count > 0) {
     complaints.push_back(std::to_string(count) + " of " + std::to_string(due_.size()) +
                          " frames are missing from the log, the first is " +
                          std::to_string(*std::ranges::find_if(due_, missing)));
   }
   if (form_ != Form::kNone && row_ > 0) complaints.emplace_back("the last frames got no file");
+  if (form_ != Form::kNone && !may_hold_back && std::ranges::count(found, false) > 0) {
+    complaints.emplace_back("no file failed, and frames are missing");
+  }
   for (const auto& [path, bytes] : bytes_) {
     if (files_.Bytes(path) != bytes) complaints.push_back(ToUtf8(path) + " was written over");
   }
   return complaints;
-}
-
-std::size_t WrittenLogs::HeldBack() const {
-  if (form_ == Form::kNone) return 0;
-  const std::vector<bool> found = Found();
-  return static_cast<std::size_t>(std::ranges::count(found, false));
 }
 
 }  // namespace tolvane::faults

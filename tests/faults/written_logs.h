@@ -38,10 +38,10 @@ class WrittenLogs {
   void Saved(StringView path, const std::vector<FrameNumber>& frames);
   void ClosedWorkbook();
 
-  /// What is wrong: frames that are missing, and files that were written over later.
-  [[nodiscard]] std::vector<std::string> Complaints() const;
-  /// Frames of this run that no file holds, because one failed and no other followed it.
-  [[nodiscard]] std::size_t HeldBack() const;
+  /// What is wrong: frames that are missing, and files that were written over later. Frames that
+  /// no file holds, because one failed and no other followed it, are missing too unless
+  /// `may_hold_back`.
+  [[nodiscard]] std::vector<std::string> Complaints(bool may_hold_back) const;
 
   /// Which frame a hexadecimal text of eight bytes with a separator between them holds, the lowest
   /// byte first; -1 for any other text.
