@@ -5,6 +5,7 @@
 #include <array>
 #include <cstdio>
 
+#include "tests/faults/step_table.h"
 #include "tests/faults/trial.h"
 
 namespace tolvane::faults {
@@ -30,6 +31,7 @@ TEST_P(FaultPairs, Together) {
   FaultPlan plan;
   ASSERT_EQ(trial.Play(plan, {}), Complaints{});
   const std::size_t steps = plan.Steps().size();
+  PrintSteps(GetParam(), plan);
   std::size_t pairs = 0;
   for (std::size_t first = 0; first < steps; ++first) {
     ASSERT_EQ(trial.Play(plan, {first}), Complaints{}) << plan.Failed();
@@ -38,7 +40,7 @@ TEST_P(FaultPairs, Together) {
       ++pairs;
     }
   }
-  std::printf("%-26s %5zu steps %6zu pairs\n", GetParam().name, steps, pairs);
+  std::printf("| %s | steps %zu | pairs %zu |\n", GetParam().name, steps, pairs);
 }
 
 INSTANTIATE_TEST_SUITE_P(Scenarios, FaultPairs, testing::ValuesIn(Scenarios()),

@@ -34,6 +34,7 @@ struct Setup {
   std::int32_t ids;      // t_msgID_type, and the format of the frames
   std::int32_t excludes = 0;
   std::int32_t subfolder = 0;
+  bool has_foreign_settings = false;  // config.dat is of another program at the start
 };
 
 /// What happens in a yield of the receive loop that has read all there was.
@@ -61,6 +62,7 @@ class Machine final : private ReadTap {
   [[nodiscard]] bool Waits() const;
   /// The window was closed.
   [[nodiscard]] bool IsLeft() const { return left_; }
+  [[nodiscard]] bool SessionHasEnded() const { return session_ended_; }
   [[nodiscard]] Disk Files() const;
 
   /// What is wrong after a run: with the window, and with page and log of what was accepted.

@@ -20,12 +20,12 @@ constexpr std::int32_t k29 = kMsgIdType29Bit;
 constexpr std::array<Act, 5> kShort{
     {{.frames = 5}, {.tick = true}, {.frames = 4}, {.tick = true}, {.tick = true}}};
 // Both channels fill up, and the first one gets another file.
-constexpr std::array<Act, 8> kTwoRollOvers{{{.frames = 4},
+constexpr std::array<Act, 8> kTwoRollOvers{{{.frames = 2},
                                             {.tick = true},
-                                            {.frames = 19'986, .numbered = false},
-                                            {.frames = 14},
-                                            {.frames = 19'986, .numbered = false},
-                                            {.frames = 14},
+                                            {.frames = 19'992, .numbered = false},
+                                            {.frames = 8},
+                                            {.frames = 19'995, .numbered = false},
+                                            {.frames = 8},
                                             {.tick = true},
                                             {.tick = true}}};
 constexpr std::array<Act, 4> kSessionEnd{
@@ -135,6 +135,12 @@ constexpr Scenario kScenarios[] = {
     {"StartWithCanusb", {kCanusb, k11}, kCsv, true, nullptr, JudgeStart},
     {"StartWithInterface", {kInterface, k11}, kCsv, true, nullptr, JudgeStart},
     {"StartWithKvaser", {kKvaser, k11}, kCsv, true, nullptr, JudgeStart},
+    {"StartWithForeignSettings",
+     {.adapters = kKvaser, .ids = k11, .has_foreign_settings = true},
+     kCsv,
+     true,
+     nullptr,
+     JudgeStart},
     {"CsvCanusb11", {kCanusb, k11}, kCsv, false, PlayShortRun, JudgeRun},
     {"CsvInterface29Excluding", {kInterface, k29, 1, 1}, kCsv, false, PlayShortRun, JudgeRun},
     {"CsvKvaser29", {kKvaser, k29}, kCsv, false, PlayShortRun, JudgeRun},

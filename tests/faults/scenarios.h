@@ -1,13 +1,15 @@
 #pragma once
 
+#include <cstdint>
+#include <ostream>
 #include <span>
 
 #include "tests/faults/machine.h"
 
 namespace tolvane::faults {
 
-/// Which second steps fail behind a first one: all, or where that would take an hour the next one
-/// and the next of each other subject.
+/// Which second steps fail behind a first one: all, or where that would take long the next one and
+/// the next of each other subject.
 enum class Pairs : std::uint8_t { kAll, kNear };
 
 /// A piece of a program's life in which every operation fails.
@@ -21,6 +23,9 @@ struct Scenario {
   Complaints (*judge)(const Machine& machine, const FaultPlan& plan);
   Pairs pairs = Pairs::kAll;
 };
+
+/// How a failing test names it.
+inline void PrintTo(const Scenario& scenario, std::ostream* out) { *out << scenario.name; }
 
 [[nodiscard]] std::span<const Scenario> Scenarios();
 
