@@ -1,5 +1,6 @@
 #include "run/number_text.h"
 
+#include <algorithm>
 #include <array>
 #include <bit>
 #include <charconv>
@@ -163,11 +164,14 @@ ShortText HexText(std::int32_t value) {
   return text;
 }
 
-ShortText HexByteText(std::uint8_t value) {
+ShortText HexText(std::int32_t value, std::size_t digits) {
   ShortText text;
-  AppendHexDigits(value, 2, text);
+  const auto bits = static_cast<std::uint32_t>(value);
+  AppendHexDigits(bits, std::max(HexDigits(bits), static_cast<int>(digits)), text);
   return text;
 }
+
+ShortText HexByteText(std::uint8_t value) { return HexText(value, 2); }
 
 ShortText HexID11Text(std::int32_t id) {
   ShortText text;
@@ -177,10 +181,18 @@ ShortText HexID11Text(std::int32_t id) {
   return text;
 }
 
+ShortText HexID29Text(std::int32_t id) {
+  if (id >= 0) return HexText(id, 8);
+  ShortText text;
+  text.Append(u"0000000");
+  text.Append(HexText(id));
+  return text;
+}
+
 ShortText HexSettingText(std::int32_t id) { return id == 0 ? HexText(0) : HexID11Text(id); }
 
 double RoundHalfToEven(double value) {
-  // By steps that come out alike in every rounding mode, not by nearbyint: a vendor's library may
+  // By steps with the same result in every rounding mode, not by nearbyint: a vendor's library may
   // have left another one behind.
   const double whole = std::floor(value);
   const double fraction = value - whole;
