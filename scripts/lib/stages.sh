@@ -85,7 +85,7 @@ count_failed() {
   failed=$((failed + 1))
 }
 
-# The first word of its lines tells them from others.
+# Of the lines that it reads, those that tell a failure.
 keep_failures() {
   mkdir -p "$results"
   grep '^failed: ' >>"$failures" || true

@@ -45,7 +45,8 @@ def outcome_of_case(case: xml.Element) -> str:
 
 
 def reason_of_case(case: xml.Element) -> str:
-    """Of one that was skipped. The message's first line is the place in the code, which a failure needs too."""
+    """What a case said that failed or was skipped. The first line of a message is the place in the code: a skip goes
+    without it."""
     if failures := [one_line(failure.get("message", "")) for failure in case.iter("failure")]:
         return "; ".join(failures)
     skipped = case.find("skipped")

@@ -63,7 +63,7 @@ void Excel_OutputDB::csv_DataInput29(double now_time, std::int32_t can_ID, std::
     return;
   }
   // In channel 2 the padding zeros go to channel 1 and appear at the start of its next file. This
-  // is kept on purpose: files of years have them, and the manual tells readers to skip them.
+  // is kept on purpose: old files have them, and the manual tells readers to skip them.
   const ShortText padded = LogID29Text(can_ID);
   const ShortText digits = HexText(can_ID);
   const StringView zeros = padded.View().substr(0, padded.Length() - digits.Length());

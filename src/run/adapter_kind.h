@@ -19,8 +19,8 @@ struct AdapterTraits {
   StringView library;        // file in the system folder
   StringView name;           // begins the adapters' lines; empty where a channel names itself
   std::int32_t timer_wrap;   // ms after which the adapter's timer starts over; 0 for never
-  // Two frames may have one stamp. The page's cycles then keep the last one where the other kinds
-  // say "????"; and it mends no wrap, so a negative cycle is taken for such a pair too.
+  // Two frames may have one stamp. For a cycle of 0 the page then keeps the last cycle, where it
+  // says "????" of the other kinds. It mends no wrap of such stamps: a negative cycle counts as 0.
   bool repeats_stamps;
 };
 

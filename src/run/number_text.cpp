@@ -99,6 +99,16 @@ ShortText FastDecimalText(double value) {
   return text;
 }
 
+/// An identifier of `digits` digits. A negative one gets the zeros of an identifier below 16, in
+/// front of its eight digits.
+ShortText IDText(std::int32_t id, std::size_t digits) {
+  if (id >= 0) return HexText(id, digits);
+  ShortText text;
+  for (std::size_t zeros = 1; zeros < digits; ++zeros) text.Append(u'0');
+  text.Append(HexText(id));
+  return text;
+}
+
 }  // namespace
 
 ShortText DecimalText(std::int64_t value) {
@@ -173,21 +183,9 @@ ShortText HexText(std::int32_t value, std::size_t digits) {
 
 ShortText HexByteText(std::uint8_t value) { return HexText(value, 2); }
 
-ShortText HexID11Text(std::int32_t id) {
-  ShortText text;
-  if (id < 16) text.Append(u'0');
-  if (id < 256) text.Append(u'0');
-  text.Append(HexText(id));
-  return text;
-}
+ShortText HexID11Text(std::int32_t id) { return IDText(id, 3); }
 
-ShortText HexID29Text(std::int32_t id) {
-  if (id >= 0) return HexText(id, 8);
-  ShortText text;
-  text.Append(u"0000000");
-  text.Append(HexText(id));
-  return text;
-}
+ShortText HexID29Text(std::int32_t id) { return IDText(id, 8); }
 
 ShortText HexSettingText(std::int32_t id) { return id == 0 ? HexText(0) : HexID11Text(id); }
 

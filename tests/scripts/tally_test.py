@@ -46,7 +46,8 @@ class Counts(unittest.TestCase):
 
     def test_the_cases_of_a_binary_stand_for_its_entry(self):
         entry = '<testsuite><testcase name="binary" status="fail"/></testsuite>'
-        self.assertEqual(["1 1 1", "failed: S.bad: a_test.cpp:7 three four; a_test.cpp:9", "skipped: S.skips: not in this language"],
+        self.assertEqual(["1 1 1", "failed: S.bad: a_test.cpp:7 three four; a_test.cpp:9",
+                          "skipped: S.skips: not in this language"],
                          self.count(entry, binary=CASES.format(BAD_CASE)))
 
     def test_a_binary_that_failed_without_a_failed_case_counts_as_one_failure_more(self):

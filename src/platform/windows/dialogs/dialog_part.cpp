@@ -105,10 +105,10 @@ void AddRows(HWND window, const Dpi& dpi, HFONT font, std::span<const DialogPart
              int step) {
   const AccessibleNames names;
   for (int row = 0; row < count; ++row) {
-    const String number(DecimalText(std::int64_t{row} + 1).View());
+    const std::wstring number = Wide(String(DecimalText(std::int64_t{row} + 1)));
     for (const DialogPart& part : line) {
       const HWND child = AddPart(window, dpi, font, part, row, step);
-      if (part.name != nullptr) names.Name(child, (Wide(number) + std::wstring(part.name)).c_str());
+      if (part.name != nullptr) names.Name(child, (number + part.name).c_str());
     }
   }
 }

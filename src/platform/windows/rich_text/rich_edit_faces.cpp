@@ -173,8 +173,8 @@ LRESULT CALLBACK RichEditView::Procedure(HWND window, UINT message, WPARAM wpara
 LRESULT RichEditView::HandleMessage(UINT message, WPARAM wparam, LPARAM lparam) {
   switch (message) {
     case WM_GETDLGCODE: {
-      // Tab leaves the view, Ctrl+Tab writes one. The control is not asked, which
-      // would take its parent for a dialog and close it on Escape.
+      // Tab leaves the view, Ctrl+Tab writes one. The control is not asked: it would take its
+      // parent for a dialog and close it on Escape.
       const auto* key = reinterpret_cast<const MSG*>(lparam);
       const bool is_tab = key != nullptr && key->message == WM_KEYDOWN && key->wParam == VK_TAB &&
                           GetKeyState(VK_CONTROL) >= 0;
