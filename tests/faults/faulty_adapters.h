@@ -1,9 +1,11 @@
 #pragma once
 
-#include <functional>
+#include <array>
+#include <cstddef>
+#include <cstdint>
 #include <span>
 #include <string>
-#include <utility>
+#include <string_view>
 
 #include "platform/canlib_library.h"
 #include "platform/canusb_library.h"

@@ -11,11 +11,13 @@ namespace {
 const String kFolder = u"C:\\Tolvane";
 const String kSystem = u"C:\\Windows\\System32";
 constexpr std::int64_t kFramePeriodUs = 1'000;
+constexpr std::int32_t kFirstId = 0x123;
 
 std::string BenchFile(const Setup& setup) {
   const bool is_29 = setup.ids == kMsgIdType29Bit;
-  return std::string("[bench]\nqueue=30000\n[bus]\nsource=generator\nrate=1000\nids=3\n") +
-         "first_id=0x123\nformat=" + (is_29 ? "extended" : "standard") + "\n" + setup.adapters;
+  return "[bench]\nqueue=30000\n[bus]\nsource=generator\nrate=1000\nids=" + std::to_string(kIds) +
+         "\nfirst_id=" + std::to_string(kFirstId) +
+         "\nformat=" + (is_29 ? "extended" : "standard") + "\n" + setup.adapters;
 }
 
 }  // namespace
@@ -162,7 +164,7 @@ Disk Machine::Files() const {
 }
 
 bool Machine::PageShows(FrameNumber frame) const {
-  String row(HexText(0x123 + frame % kIds).View());
+  String row(HexText(kFirstId + frame % kIds).View());
   row += u"  8  ";
   for (std::int32_t byte = 0, rest = frame; byte < 8; ++byte, rest /= 0x100) {
     row += u' ';

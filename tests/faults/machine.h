@@ -28,6 +28,8 @@ namespace tolvane::faults {
 using Disk = std::vector<std::pair<String, std::string>>;
 using Complaints = std::vector<std::string>;
 
+constexpr FrameNumber kIds = 3;  // identifiers on the bus, used in turn
+
 /// What is connected to a machine, and what the settings ask of a run.
 struct Setup {
   const char* adapters;  // sections of the bench file
@@ -81,8 +83,6 @@ class Machine final : private ReadTap {
   void Delivered(std::span<const std::uint8_t, 8> data) override;
   void FoundEmpty() override { found_empty_ = true; }
   [[nodiscard]] bool PageShows(FrameNumber frame) const;
-
-  static constexpr FrameNumber kIds = 3;
 
   const Setup& setup_;
   FaultPlan& plan_;

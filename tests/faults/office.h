@@ -1,8 +1,7 @@
 #pragma once
 
-#include <functional>
 #include <memory>
-#include <utility>
+#include <string_view>
 #include <vector>
 
 #include "platform/automation.h"
