@@ -14,19 +14,32 @@ constexpr std::size_t kMicrosecondDigits = 6;
 constexpr std::size_t kStandardIdDigits = 3;
 constexpr std::size_t kExtendedIdDigits = 8;
 
-/// Removes the first word of `rest`, which has no blanks at its ends, and the blanks behind it, and
-/// returns the word.
-std::string_view TakeWord(std::string_view& rest) {
-  std::size_t length = 0;
-  while (length < rest.size() && rest[length] != ' ' && rest[length] != '\t') ++length;
-  const std::string_view word = rest.substr(0, length);
-  rest = TrimFront(rest.substr(length));
-  return word;
+// Each of these takes what it is named for from the front of `rest`, and is false when something
+// else stands there.
+
+bool Take(char character, std::string_view& rest) {
+  if (!rest.starts_with(character)) return false;
+  rest.remove_prefix(1);
+  return true;
 }
 
-/// Removes the decimal digits at the front of `rest` and appends the first `most` of them to
-/// `number`. Returns how many there were.
-std::size_t TakeDigits(std::string_view& rest, std::size_t most, std::int64_t& number) {
+bool EndsWord(std::string_view rest) { return rest.empty() || rest[0] == ' ' || rest[0] == '\t'; }
+
+/// The end of a word, and the blanks behind it.
+bool TakeWordEnd(std::string_view& rest) {
+  if (!EndsWord(rest)) return false;
+  rest = TrimFront(rest);
+  return true;
+}
+
+bool TakeChannel(std::string_view& rest) {
+  if (EndsWord(rest)) return false;
+  while (!EndsWord(rest)) rest.remove_prefix(1);
+  return TakeWordEnd(rest);
+}
+
+/// Decimal digits, of which the first `most` are appended to `number`. Returns how many there were.
+std::size_t TakeDigits(std::size_t most, std::int64_t& number, std::string_view& rest) {
   std::size_t count = 0;
   for (; count < rest.size() && rest[count] >= '0' && rest[count] <= '9'; ++count) {
     if (count < most) number = number * 10 + (rest[count] - '0');
@@ -36,58 +49,59 @@ std::size_t TakeDigits(std::string_view& rest, std::size_t most, std::int64_t& n
 }
 
 /// "(1502984866.421964)": digits beyond the microsecond are dropped.
-bool ParseTime(std::string_view word, std::int64_t& time_us) {
-  if (word.size() < 3 || word.front() != '(' || word.back() != ')') return false;
-  word = word.substr(1, word.size() - 2);
-  time_us = 0;
-  const std::size_t seconds = TakeDigits(word, kMaxSecondDigits, time_us);
+bool TakeTime(std::string_view& rest, std::int64_t& time_us) {
+  if (!Take('(', rest)) return false;
+  const std::size_t seconds = TakeDigits(kMaxSecondDigits, time_us, rest);
   if (seconds == 0 || seconds > kMaxSecondDigits) return false;
-  if (word.starts_with('.')) word.remove_prefix(1);
-  std::size_t places = TakeDigits(word, kMicrosecondDigits, time_us);
+  std::size_t places = 0;
+  if (Take('.', rest)) places = TakeDigits(kMicrosecondDigits, time_us, rest);
   for (; places < kMicrosecondDigits; ++places) time_us *= 10;
-  return word.empty();
+  return Take(')', rest) && TakeWordEnd(rest);
 }
 
-/// Removes the identifier and the mark behind it from `text`.
-bool TakeId(std::string_view& text, BusFrame& frame) {
+/// The identifier and the mark behind it.
+bool TakeId(std::string_view& rest, BusFrame& frame) {
   std::size_t digits = 0;
-  for (; digits < text.size() && HexDigit(text[digits]) >= 0; ++digits) {
-    frame.id = frame.id << 4 | static_cast<std::uint32_t>(HexDigit(text[digits]));
+  for (; digits < rest.size() && HexDigit(rest[digits]) >= 0; ++digits) {
+    frame.id = frame.id << 4 | static_cast<std::uint32_t>(HexDigit(rest[digits]));
   }
   if (digits != kStandardIdDigits && digits != kExtendedIdDigits) return false;
-  if (digits == text.size() || text[digits] != '#') return false;
-  text.remove_prefix(digits + 1);
+  rest.remove_prefix(digits);
   frame.extended = digits == kExtendedIdDigits;
   if (frame.extended && (frame.id & kErrorFrameMark) != 0) {
     frame.kind = FrameKind::kError;
     frame.extended = false;
     frame.id -= kErrorFrameMark;
   }
-  return frame.id <=
-         (frame.extended || frame.kind == FrameKind::kError ? kMaxExtendedId : kMaxStandardId);
+  const bool is_long = frame.extended || frame.kind == FrameKind::kError;
+  return frame.id <= (is_long ? kMaxExtendedId : kMaxStandardId) && Take('#', rest);
 }
 
-bool ParseRemote(std::string_view length, BusFrame& frame) {
-  if (frame.kind == FrameKind::kError || length.size() > 1) return false;
+/// What follows the R of a remote frame.
+bool TakeRemote(std::string_view& rest, BusFrame& frame) {
+  if (frame.kind == FrameKind::kError) return false;
   frame.kind = FrameKind::kRemote;
-  if (length.empty()) return true;
-  if (length[0] < '0' || length[0] > '8') return false;
-  frame.dlc = static_cast<std::uint8_t>(length[0] - '0');
-  return true;
+  if (!rest.empty() && rest[0] >= '0' && rest[0] <= '8') {
+    frame.dlc = static_cast<std::uint8_t>(rest[0] - '0');
+    rest.remove_prefix(1);
+  }
+  return TakeWordEnd(rest);
 }
 
-bool ParseData(std::string_view text, BusFrame& frame) {
-  for (; frame.dlc < frame.data.size() && text.size() >= 2; text.remove_prefix(2)) {
-    const int high = HexDigit(text[0]);
-    const int low = HexDigit(text[1]);
+bool TakeData(std::string_view& rest, BusFrame& frame) {
+  for (; frame.dlc < frame.data.size() && !EndsWord(rest); rest.remove_prefix(2)) {
+    const int high = HexDigit(rest[0]);
+    const int low = rest.size() > 1 ? HexDigit(rest[1]) : -1;
     if (high < 0 || low < 0) return false;
     frame.data[frame.dlc++] = static_cast<std::uint8_t>(high * 16 + low);
   }
-  if (text.empty()) return true;
   // Behind eight bytes, a length code above 8.
-  if (frame.dlc != 8 || text.size() != 2 || text[0] != '_' || HexDigit(text[1]) <= 8) return false;
-  frame.dlc = static_cast<std::uint8_t>(HexDigit(text[1]));
-  return true;
+  if (frame.dlc == frame.data.size() && Take('_', rest)) {
+    if (rest.empty() || HexDigit(rest[0]) <= 8) return false;
+    frame.dlc = static_cast<std::uint8_t>(HexDigit(rest[0]));
+    rest.remove_prefix(1);
+  }
+  return TakeWordEnd(rest);
 }
 
 bool ParseDirection(std::string_view word, BusFrame& frame) {
@@ -100,12 +114,9 @@ bool ParseDirection(std::string_view word, BusFrame& frame) {
 bool ParseCandumpLine(std::string_view line, BusFrame& frame) {
   frame = BusFrame{};
   line = Trim(line);
-  if (!ParseTime(TakeWord(line), frame.time_us)) return false;
-  if (TakeWord(line).empty()) return false;
-  std::string_view text = TakeWord(line);
-  if (!TakeId(text, frame)) return false;
-  const bool remote = text.starts_with('R') || text.starts_with('r');
-  if (remote ? !ParseRemote(text.substr(1), frame) : !ParseData(text, frame)) return false;
+  if (!TakeTime(line, frame.time_us) || !TakeChannel(line) || !TakeId(line, frame)) return false;
+  const bool remote = Take('R', line) || Take('r', line);
+  if (remote ? !TakeRemote(line, frame) : !TakeData(line, frame)) return false;
   return ParseDirection(line, frame);
 }
 
