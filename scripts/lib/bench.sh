@@ -13,11 +13,8 @@ bench_options() {
 ticks; CANUSB's starts over at 60,000, the upper half of Interface's and Kvaser's range is negative"
 }
 
-# Copies the libraries to where the program looks for the vendors' libraries.
-bench_install() {
-  local arch=$1
-  cp "$build/windows-$arch/simulator/"*.dll "$WINEPREFIX/drive_c/windows/system32/"
-}
+# bench_install ARCH [PREFIX]: copies the libraries to where the program looks for the vendors' libraries.
+bench_install() { cp "$build/windows-$1/simulator/"*.dll "${2:-$WINEPREFIX}/drive_c/windows/system32/"; }
 
 # bench_write FILE LOG [TIMES [SPEED]]: the bench of the options above, on the recording LOG, or on the
 # synthetic vehicle when LOG is empty. The recording is played TIMES times over (1), bus time running

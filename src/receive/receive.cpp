@@ -129,6 +129,9 @@ void Run<Table>::ClearLog() {
   log_.hardware_information = traits_.hardware_text == HardwareText::kVersion
                                   ? version
                                   : parts_.window.Cmb_Serect_Device.Text() + u" 、" + version;
+  if (device_.t_LogSave_Enable == 1 && device_.t_LogSaveFormat == kLogFormatCsv) {
+    log_.csv_TakeMemory();
+  }
 }
 
 template <typename Table>

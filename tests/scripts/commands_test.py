@@ -15,7 +15,8 @@ import unittest
 
 PROJECT = pathlib.Path(sys.argv.pop())
 # Those without a folder are in scripts/.
-SCRIPTS = ("demo", "replay-check", "log-check", "pictures", "build", "package", "test", "bench/compare", "tests/soak/run")
+SCRIPTS = ("demo", "replay-check", "log-check", "pictures", "build", "package", "test", "bench/compare", "tests/soak/run",
+           "tests/fuzz/run")
 MOST_WHOLE = 999_999_999
 HEAVY = ("apt-get", "sudo", "dpkg-query", "cmake", "ninja", "wine", "wineserver", "Xvfb", "convert")
 NOBODY = 65534
@@ -129,15 +130,31 @@ class Options(Place):
                 ("demo", "--adapter", "usb", "is canusb, interface or kvaser"),
                 ("demo", "--adapter", "canusb|interface", "is canusb, interface or kvaser"),
                 ("test", "--only", "units", "is checks, unit, .* release or fresh"),
-                ("bench/compare", "--only", "tick", "is ticks or logs"),
+                ("bench/compare", "--only", "tick", "is ticks, start or logs"),
                 ("bench/compare", "--rounds", "0", "is a whole number from 1 to 999999"),
                 ("tests/soak/run", "--minutes", "x", "is a whole number from 1 to 10000"),
                 ("tests/soak/run", "--load", "full", "is short, long, short29 or ids29"),
+                ("tests/soak/run", "--queue", "255", "is a whole number from 256 to 65536"),
+                ("tests/soak/run", "--arch", "arm", "is x64 or x86"),
+                ("bench/compare", "--arch", "arm", "is x64 or x86"),
+                ("tests/fuzz/run", "--seconds", "0", "is a whole number from 1 to 1000000"),
+                ("tests/fuzz/run", "--only", "page", "is candump_log, .* or whole_run"),
                 ("replay-check", "--ids", "12", "is 11, 29 or both"),
                 ("log-check", "--format", "xls", "is csv or xlsx"),
                 ("log-check", "--speed", "0", "is a number from 0.001 to 1000, with three decimals at most"),
                 ("log-check", "--speed", "1001", "is a number from 0.001 to 1000, with three decimals at most")):
             self.refuses(rf"{option} {wanted}, not '{re.escape(value)}'", name, option, value)
+
+    def test_every_fuzz_target_can_search_on_as_it_is_declared(self):
+        declared = set()
+        for folder in ("fuzz", "simulator"):
+            text = (PROJECT / "tests" / folder / "CMakeLists.txt").read_text()
+            declared |= {(name.removesuffix("_fuzz"), folder, longest) for name, longest in
+                         re.findall(r"^(?:tolvane_fuzz|fuzz_target)\((\w+) SECONDS \d+ LONGEST (\d+) ", text, re.M)}
+        rows = re.findall(r'^  "(\w+) +(\w+) +(\d+) +(\S+)"$', (PROJECT / "tests/fuzz/run").read_text(), re.M)
+        self.assertEqual(declared, {row[:3] for row in rows})
+        for name, folder, _, corpus in rows:
+            self.assertTrue(any((PROJECT / "tests" / folder / corpus).iterdir()), name)
 
     def test_there_are_two_architectures(self):
         for name in ("build", "package"):
