@@ -42,7 +42,7 @@ ShortText DateHourText(const platform::LocalTime& time) {
   return text;
 }
 
-ShortText FileNumberText(std::int32_t number) { return PaddedText(number, 3); }
+ShortText FileNumberText(std::int32_t number) { return PaddedText(number, kFileNumberDigits); }
 
 NumberedPath FindFreePath(platform::FileServices& files, StringView stem, StringView extension,
                           std::int32_t number, platform::EventLoop* events) {

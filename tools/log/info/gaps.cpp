@@ -1,0 +1,98 @@
+#include "tools/log/info/gaps.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace tolvane::logtool {
+
+namespace {
+
+constexpr std::uint64_t kCycles_MIN = 2;
+
+class Judge {
+ public:
+  Judge(const RunStatistics& run, double multiple) : run_(run), multiple_(multiple) {}
+
+  JudgedRun Result() {
+    for (const IdentifierStatistics* const statistics : run_.Identifiers()) Measure(*statistics);
+    FindCommonGaps();
+    common_ = result_.gaps;
+    for (const JudgedIdentifier& identifier : result_.identifiers) {
+      if (identifier.cycle > 0.0) FindGapsOf(identifier);
+    }
+    std::ranges::stable_sort(result_.gaps, {}, [](const Gap& gap) { return gap.silence.begin; });
+    return std::move(result_);
+  }
+
+ private:
+  void Measure(const IdentifierStatistics& statistics) {
+    JudgedIdentifier judged{.statistics = &statistics, .cycle = 0.0, .lost = {}};
+    if (statistics.cycles.Count() >= kCycles_MIN) {
+      judged.cycle = statistics.cycles.Median();
+      judged.lost = statistics.cycles.Above(multiple_ * judged.cycle, judged.cycle);
+    }
+    if (judged.cycle > 0.0) frames_per_ms_ += 1.0 / judged.cycle;
+    if (judged.cycle > 0.0 && statistics.frames > most_frames_) {
+      most_frames_ = statistics.frames;
+      result_.cycle = judged.cycle;
+    }
+    result_.identifiers.push_back(judged);
+  }
+
+  void FindCommonGaps() {
+    if (result_.cycle == 0.0) return;
+    for (const Silence& silence : run_.Silences().Kept()) {
+      if (silence.length <= multiple_ * result_.cycle) continue;
+      result_.gaps.push_back({nullptr, silence, std::round(silence.length * frames_per_ms_)});
+    }
+  }
+
+  void FindGapsOf(const JudgedIdentifier& identifier) {
+    const IdentifierStatistics& statistics = *identifier.statistics;
+    const std::size_t before = result_.gaps.size();
+    std::uint64_t seen = 0;
+    for (const Silence& silence : statistics.silences.Kept()) {
+      seen += silence.length > multiple_ * identifier.cycle ? 1 : 0;
+      AddGap(identifier, silence, Gap::Edge::kNone);
+    }
+    // Where gaps of all explain the longest silences, they explain the others.
+    if (result_.gaps.size() > before) {
+      result_.gaps_left_out += identifier.lost.gaps - std::min(identifier.lost.gaps, seen);
+    }
+    AddGap(identifier, {run_.First(), statistics.first - run_.First()}, Gap::Edge::kBegin);
+    AddGap(identifier, {statistics.last, run_.Last() - statistics.last}, Gap::Edge::kEnd);
+  }
+
+  void AddGap(const JudgedIdentifier& identifier, const Silence& silence, Gap::Edge edge) {
+    const double own = silence.length - CommonWithin(silence);
+    if (own <= multiple_ * identifier.cycle) return;
+    result_.gaps.push_back(
+        {identifier.statistics, silence, FramesLostIn(silence.length, identifier.cycle), edge});
+  }
+
+  /// How much of a silence were gaps of all.
+  [[nodiscard]] double CommonWithin(const Silence& silence) const {
+    double length = 0.0;
+    for (const Gap& gap : common_) {
+      const bool is_within =
+          gap.silence.begin >= silence.begin && gap.silence.End() <= silence.End();
+      if (is_within) length += gap.silence.length;
+    }
+    return length;
+  }
+
+  const RunStatistics& run_;
+  const double multiple_;
+  double frames_per_ms_ = 0.0;  // of all identifiers together
+  std::uint64_t most_frames_ = 0;
+  std::vector<Gap> common_;
+  JudgedRun result_;
+};
+
+}  // namespace
+
+JudgedRun JudgeRun(const RunStatistics& run, double multiple) {
+  return Judge(run, multiple).Result();
+}
+
+}  // namespace tolvane::logtool
