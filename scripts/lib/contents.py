@@ -10,8 +10,9 @@ HALF_WORD = 1 << 31  # µs; from there on the stamps of Interface's boards are n
 
 
 class Contents:
-    def __init__(self, name: str) -> None:
+    def __init__(self, name: str, noun: str = "line") -> None:
         self.name = name
+        self.noun = noun  # what a bad one is called
         self.counts: collections.Counter[str] = collections.Counter()
         self.formats: set[bool] = set()  # of the frames that each adapter receives: whether they are extended
         self.samples: list[rec.Frame] = []
@@ -64,4 +65,4 @@ class Contents:
                 f"{milliseconds // 1000}.{milliseconds % 1000:03} s: {kinds}{sent}{self.bad_lines_text()}")
 
     def bad_lines_text(self) -> str:
-        return rec.left_out_text(self.bad_lines, self.first_bad)
+        return rec.left_out_text(self.bad_lines, self.first_bad, self.noun)

@@ -8,7 +8,7 @@ Prints what the recording contains and what it asks of the run, a word and its v
   adapter  the kind that can deliver all of it
   rate     kbit/s of the bus, if it tells
 
-or in one sentence why it cannot be played."""
+or in one sentence why it cannot be played. The status 3 says that python3-can is needed, which is not installed."""
 
 import argparse
 import os
@@ -16,19 +16,21 @@ import sys
 import time
 from collections.abc import Iterator
 
+import foreign_recordings
 import recording as rec
 import run_logs
 from contents import Contents
 from counted import counted
 
 HEAD_BYTES = 64
+NEEDS_PYTHON_CAN = 3
 PROGRESS_FRAMES, PROGRESS_SECONDS = 10_000, 5
 
 
 class Candump:
     """What the bench plays as it is."""
     plays_itself = True
-    adapter, rate, followers = "canusb", None, 0
+    adapter, rate, followers, cut, noun = "canusb", None, 0, "", "line"
 
     def __init__(self, path: str) -> None:
         self.path = path
@@ -37,13 +39,11 @@ class Candump:
         with rec.opened(self.path) as file:
             yield from rec.frames_of_lines(file)
 
-    def ids(self, contents: Contents) -> str:
-        return contents.ids()
-
 
 class RunLogs:
     """Of the program itself."""
     plays_itself = False
+    cut, noun = "", "line"
 
     def __init__(self, path: str) -> None:
         self.run = run_logs.Run(path)
@@ -56,17 +56,24 @@ class RunLogs:
     def frames(self) -> Iterator[rec.Frame | rec.BadLine]:
         return self.run.frames()
 
-    def ids(self, contents: Contents) -> str:
+    def ids(self, found: str) -> str:
         """The run's own: one with identifiers of 29 bits logs standard frames in another form."""
         if not self.run.first.marked:
             return "11"
-        return "29" if contents.ids() == "29" else "both"
+        return "29" if found == "29" else "both"
 
 
-def source_of(path: str) -> Candump | RunLogs:
+def source_of(path: str):
     with rec.opened(path) as file:
         head = file.read(HEAD_BYTES)
-    return RunLogs(path) if run_logs.is_log(head) else Candump(path)
+    if run_logs.is_log(head):
+        return RunLogs(path)
+    form = foreign_recordings.form_of(path)
+    if not form:
+        return Candump(path)
+    if form == ".csv" and not path.lower().endswith(".gz") and not head.startswith(foreign_recordings.CSV_HEAD):
+        raise rec.Refused(f"{path} begins neither like a log of the program nor like a csv of python3-can")
+    return foreign_recordings.ForeignRecording(path)
 
 
 class Progress:
@@ -83,7 +90,7 @@ class Progress:
 
 
 def read_through(source, path: str, out) -> Contents:
-    contents, progress = Contents(path), Progress(path)
+    contents, progress = Contents(path, source.noun), Progress(path)
     for item in source.frames():
         frame = contents.add(item)
         if frame is None:
@@ -96,9 +103,9 @@ def read_through(source, path: str, out) -> Contents:
 
 def facts(source, contents: Contents, path: str, converted: str) -> Iterator[tuple[str, str]]:
     followers = f", with {counted(source.followers, 'file')} that {'follows' if source.followers == 1 else 'follow'} it"
-    yield "say", contents.summary() + (followers if source.followers else "")
+    yield "say", contents.summary() + (followers if source.followers else "") + source.cut
     yield "play", os.path.realpath(path if source.plays_itself else converted)
-    yield "ids", source.ids(contents)
+    yield "ids", source.ids(contents.ids()) if isinstance(source, RunLogs) else contents.ids()
     yield "adapter", contents.adapter(source.adapter)
     if source.rate is not None:
         yield "rate", str(source.rate)
@@ -124,6 +131,8 @@ def main() -> int:
     except rec.Refused as refused:
         print(f"error: {refused}", file=sys.stderr)
         return 1
+    except foreign_recordings.Missing:
+        return NEEDS_PYTHON_CAN
     for word, value in facts(source, contents, given.recording, given.converted):
         print(word, value)
     return 0

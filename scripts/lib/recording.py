@@ -213,12 +213,12 @@ def pass_length(frames: list[Frame]) -> int:
     return span + max(span // (len(frames) - 1), 1)
 
 
-def left_out_text(bad_lines: int, first: BadLine) -> str:
+def left_out_text(bad_lines: int, first: BadLine, noun: str = "line") -> str:
     """For the end of a message; empty without any."""
     if bad_lines == 0:
         return ""
-    place = f"line {first.line}" + (f" of {first.file}" if first.file else "")
-    return f"; {counted(bad_lines, 'bad line')} left out, the first is {place}"
+    place = f"{noun} {first.line}" + (f" of {first.file}" if first.file else "")
+    return f"; {counted(bad_lines, f'bad {noun}')} left out, the first is {place}"
 
 
 def bad_lines_text(recording: Recording) -> str:

@@ -39,13 +39,18 @@ need_recording() {
 # ready[play] to the file for the bench, and ready[ids], ready[adapter] and, if the recording tells it, ready[rate] to
 # what it asks of the run.
 declare -A ready=()
+facts_of_recording() { run_python scripts/lib/ready_recording.py --ids "${2:-both}" -- "$1" "$converted"; }
 ready_recording() {
   local converted facts word value
   need_reader_of "$1"
   mkdir -p "$build/recordings"
   converted=$(mktemp "$build/recordings/ready.XXXXXX")
   at_exit "rm -f '$converted'"
-  facts=$(run_python scripts/lib/ready_recording.py --ids "${2:-both}" -- "$1" "$converted") || exit 1
+  facts=$(facts_of_recording "$@") || {
+    [ $? -eq 3 ] || exit 1
+    need_packages foreign_recordings
+    facts=$(facts_of_recording "$@") || exit 1
+  }
   while read -r word value; do
     # shellcheck disable=SC2034 # for the scripts
     if [ "$word" = say ]; then say "$value"; else ready[$word]=$value; fi

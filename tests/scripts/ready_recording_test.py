@@ -2,15 +2,14 @@
 """Tests of scripts/lib/ready_recording.py, whose folder is the argument: any recording becomes one that the bench
 plays, and says what it asks of the run."""
 
-import os
-import pathlib
 import subprocess
 import sys
-import tempfile
 import unittest
 
-LIB = sys.argv.pop()
-sys.path.insert(0, LIB)
+from readied import Readied
+
+sys.path.insert(0, sys.argv[-1])
+Readied.lib = sys.argv.pop()
 import recording as rec  # noqa: E402
 
 HEAD = ("Tolvane Ver1.23,,,Copyright (C) 2026 Tolvane Project,,,,https://tolvane.example/\r\n\r\n"
@@ -33,38 +32,6 @@ def full(*, begins: int = 0, records: int = 20_001, **how: str) -> bytes:
     return log(*(f"{begins + n:>10} , 123 , 1 ,  {n % 256:02X}" for n in range(records)), **how)
 
 
-class Ready(unittest.TestCase):
-    def setUp(self):
-        holder = tempfile.TemporaryDirectory(prefix="a folder ")
-        self.addCleanup(holder.cleanup)
-        self.folder = pathlib.Path(holder.name)
-        self.converted = self.folder / "converted"
-
-    def file(self, name: str, content: bytes | str) -> str:
-        path = self.folder / name
-        path.write_bytes(content if isinstance(content, bytes) else content.encode())
-        return str(path)
-
-    def run_on(self, path: str, *words: str) -> tuple[int, str, str]:
-        command = [sys.executable, "-B", os.path.join(LIB, "ready_recording.py"), *words, path, str(self.converted)]
-        done = subprocess.run(command, capture_output=True, text=True, encoding="utf-8", check=False)
-        return done.returncode, done.stdout, done.stderr
-
-    def facts(self, path: str, *words: str) -> dict[str, str]:
-        status, out, errors = self.run_on(path, *words)
-        self.assertEqual((0, ""), (status, errors))
-        return dict(line.split(" ", 1) for line in out.splitlines())
-
-    def played(self, path: str) -> list[str]:
-        """The lines that the bench gets."""
-        return pathlib.Path(self.facts(path)["play"]).read_text(encoding="ascii").splitlines()
-
-    def refuses(self, said: str, path: str, *words: str) -> None:
-        status, out, errors = self.run_on(path, *words)
-        self.assertEqual((1, ""), (status, out))
-        self.assertRegex(errors, rf"\Aerror: [^\n]*{said}[^\n]*\n\Z")
-
-
 class Lines(unittest.TestCase):
     def test_a_frame_of_each_kind_is_written_as_it_is_read(self):
         for line in (b"(0.000000) can0 123#\n", b"(1502984866.421964) can0 09F112CC#FF72\n",
@@ -74,7 +41,7 @@ class Lines(unittest.TestCase):
             self.assertEqual(line, rec.line_of(rec.parse_line(line.removesuffix(b"\n"))))
 
 
-class CandumpRecordings(Ready):
+class CandumpRecordings(Readied):
     def test_are_played_as_they_are(self):
         path = self.file("bus.log", "(1.0) can0 123#01\nbad\n(2.5) can0 124#\n")
         self.assertEqual({"say": f"{path}: 2 frames in 1.500 s: 2 standard, 0 extended, 0 remote, 0 error; "
@@ -108,7 +75,7 @@ class CandumpRecordings(Ready):
         self.refuses("there is no recording", str(self.folder / "gone"))
 
 
-class Logs(Ready):
+class Logs(Readied):
     def test_of_11_bits_are_played(self):
         path = self.file("a.csv", log("         0 , 1A0 , 8 ,  01,1A,FF,03,44,55,66,77", "        50 , 00F , 2 ,  09,1A",
                                       "     100.5 , 7FF , 0", "1234567890 , 7FF , 9 ,  00,00,00,00,00,00,00,00"))
@@ -165,7 +132,18 @@ class Logs(Ready):
         self.assertEqual([f"({seconds}) can0 123#" for seconds in ("0.000000", "0.100000", "0.100000")], self.played(path))
 
 
-class Followers(Ready):
+class Progress(Readied):
+    def test_is_told_now_and_then(self):
+        path = self.file("a.csv", full(records=20_001))
+        steps = ("import sys; sys.path.insert(0, sys.argv[1]); sys.argv[:2] = ['ready']; import ready_recording as ready; "
+                 "ready.PROGRESS_SECONDS = 0; sys.exit(ready.main())")
+        done = subprocess.run([sys.executable, "-B", "-c", steps, self.lib, path, str(self.converted)],
+                              capture_output=True, text=True, check=False)
+        self.assertEqual((0, [f"-- reading {path}: {n:,} frames so far" for n in (10_000, 20_000)]),
+                         (done.returncode, done.stderr.splitlines()))
+
+
+class Followers(Readied):
     def count(self, first: str = "KL26010509-001.csv") -> int:
         return len(self.played(str(self.folder / first)))
 
