@@ -18,6 +18,8 @@ packages_checks="git clang-format shellcheck imagemagick"
 packages_clang="clang libclang-rt-14-dev"
 # What reads a recording, before anything is built for its run.
 packages_recordings="python3"
+# Readers of recordings in the forms of other tools.
+packages_foreign_recordings="python3 python3-can"
 # Readers of workbooks, .xlsx and .xls.
 packages_books="python3-openpyxl python3-xlrd"
 # pandoc makes the manual's page.

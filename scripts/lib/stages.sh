@@ -20,7 +20,7 @@ source "$root/scripts/lib/ahead.sh"
 # The stages in their order, the quick ones first, each with the groups of Debian packages that it needs.
 # Each is a function stage_NAME.
 stage_table=(
-  "checks      native_tests checks"
+  "checks      native_tests checks foreign_recordings"
   "unit        native_tests books"
   "sanitizers  native_tests clang books"
   "fuzz        native_tests clang"
