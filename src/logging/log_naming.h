@@ -39,6 +39,9 @@ constexpr std::size_t kWorkbookFolder_MAX = kWorkbookPath_MAX - kLongestLogName;
 /// Three digits, four from 1000 on.
 [[nodiscard]] ShortText FileNumberText(std::int32_t number);
 
+/// The number in a text that FileNumberText made; 1 for any other text.
+[[nodiscard]] std::int32_t FileNumber(StringView text);
+
 struct NumberedPath {
   String path;
   std::int32_t number;
