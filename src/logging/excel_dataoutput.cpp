@@ -18,17 +18,6 @@ StringView LogExtension(const ELM327_Info& device) {
   return format ? format->extension : StringView();
 }
 
-/// The number in a text that FileNumberText made.
-std::int32_t FileNumber(StringView text) {
-  std::int32_t number = 0;
-  for (const char16_t digit : text) {
-    if (digit < u'0' || digit > u'9') return 1;
-    number = number * 10 + (digit - u'0');
-    if (number > kFileNumber_MAX) return 1;
-  }
-  return number;
-}
-
 void AppendFilledRows(std::span<const String> cells, bool with_mark, String& lines) {
   for (; !cells.empty() && !cells.front().empty(); cells = cells.subspan(LogTable::kColumns)) {
     AppendCsvLine({cells.first<LogTable::kColumns>()}, with_mark, lines);

@@ -45,6 +45,9 @@ constexpr std::size_t kFileNumberDigits = 3;
 /// At least kFileNumberDigits digits.
 [[nodiscard]] ShortText FileNumberText(std::int32_t number);
 
+/// The number in a text that FileNumberText made; 1 for any other text.
+[[nodiscard]] std::int32_t FileNumber(StringView text);
+
 struct NumberedPath {
   String path;
   std::int32_t number;

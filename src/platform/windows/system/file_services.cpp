@@ -3,6 +3,7 @@
 #include <shlobj.h>
 
 #include <array>
+#include <cwchar>
 
 #include "platform/file_replacing.h"
 #include "platform/surrogates.h"
@@ -55,6 +56,21 @@ bool WindowsFileServices::FolderExists(StringView path) {
 bool WindowsFileServices::FileExists(StringView path) {
   const DWORD attributes = RawAttributes(path);
   return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) == 0;
+}
+
+std::vector<String> WindowsFileServices::FileNames(StringView stem) {
+  const String pattern = String(stem) + u'*';
+  WIN32_FIND_DATAW found{};
+  const SearchHandle search(FindFirstFileExW(Wide(pattern), FindExInfoBasic, &found,
+                                             FindExSearchNameMatch, nullptr,
+                                             FIND_FIRST_EX_LARGE_FETCH));
+  std::vector<String> names;
+  for (bool more = static_cast<bool>(search); more;
+       more = FindNextFileW(search.Get(), &found) != FALSE) {
+    if ((found.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0) continue;
+    names.emplace_back(FromWide(found.cFileName, std::wcslen(found.cFileName)));
+  }
+  return names;
 }
 
 bool WindowsFileServices::CreateFolder(StringView path) {
