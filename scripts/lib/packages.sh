@@ -30,8 +30,9 @@ packages_clone="git python3"
 packages_x86_display="xvfb imagemagick"
 packages_x86_root="wine wine32 fonts-wine fonts-ipafont-gothic locales"
 packages_fresh_root="sudo"
-# What bench/compare measures beside Tolvane.
-packages_compare="can-utils python3-can"
+# Tools that logs are converted for: what tests read the converted logs with, and bench/compare measures beside
+# Tolvane.
+packages_can_tools="can-utils python3-can"
 
 package_installed() {
   [ "$(dpkg-query -W -f '${db:Status-Status}' "$1" 2>/dev/null)" = installed ]

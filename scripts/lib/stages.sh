@@ -21,8 +21,8 @@ source "$root/scripts/lib/ahead.sh"
 # Each is a function stage_NAME.
 stage_table=(
   "checks      native_tests checks foreign_recordings"
-  "unit        native_tests books"
-  "sanitizers  native_tests clang books"
+  "unit        native_tests books can_tools"
+  "sanitizers  native_tests clang books can_tools"
   "fuzz        native_tests clang"
   "soak        native_tests"
   "commands    build_x64 run"

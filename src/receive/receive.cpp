@@ -190,7 +190,7 @@ void Run<Table>::ReadWhileWanted() {
   while (parts_.RxFlag == 1) {
     const ReceivedFrame* frame = ReadAccepted();
     if (frame == nullptr) {
-      parts_.platform.events.YieldOften();
+      parts_.platform.events.YieldToEvents();
       continue;
     }
     if (traits_.exclusion && !PassesExclusion(frame->id, device_)) continue;

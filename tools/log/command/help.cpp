@@ -6,8 +6,8 @@ std::string_view HelpText() {
   return R"(usage: tolvane-log info [OPTIONS] FILES
        tolvane-log convert --to FORMAT [OPTIONS] FILES
 
-Reads csv logs of Tolvane, KLyymmddhh-NNN.csv. Files are taken in the order of their names, wherever
-they stand among the words; files that are named otherwise, as they come.
+Reads csv logs of Tolvane, KLyymmddhh-NNN.csv. The files are taken in the order of these names; if one
+has another name, all are taken as they come.
 
 info tells of each run: what its head says, its frames, and for each identifier how many there are,
 the cycle and the lengths. Then where frames seem to be missing: where an identifier, or all, were
@@ -32,8 +32,9 @@ time is that of the head of the first file, which was written right behind its l
 time of this computer's zone. The status is 0, 1 if something could not be read or written, and 2 for
 words that are not understood.
 
-Other formats: can_logconvert of python3-can (Debian, version 4.1) makes .blf, .trc and .db of either
-format, by the names of its two files; from version 4.2 on, with asammdf, .mf4 too:
+Other formats: can_logconvert of python3-can makes .blf and .trc of candump or asc, by the names of its
+two files; from its version 4.2 on, with asammdf, .mf4 too. It also makes .db, but in Debian's
+version 4.1 only the first few hundred frames come into it.
   tolvane-log convert --to candump --out run.log KL26112009-*.csv
   can_logconvert run.log run.blf
 )";

@@ -13,7 +13,7 @@ class BlockWriter {
  public:
   static constexpr std::size_t kLine_MAX = 256;
 
-  explicit BlockWriter(ByteSink& sink) : sink_(sink), room_(std::size_t{1} << 18) {}
+  explicit BlockWriter(ByteSink& sink) : sink_(sink), room_(std::size_t{1} << 16) {}
 
   /// Room for a line. Take then adds what was written there.
   [[nodiscard]] char* Line() {

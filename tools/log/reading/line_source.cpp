@@ -31,11 +31,12 @@ LineSource::Outcome LineSource::NextOfRefilled(std::string_view& line) {
       Take(end_, line);
       return Outcome::kLine;
     }
-    if (end_ - begin_ == room_.size()) {
+    if (end_ - begin_ == kLine_MAX) {
       begin_ = end_;
       skips_ = true;
       return Outcome::kTooLong;
     }
+    if (end_ - begin_ == room_.size()) room_.resize(room_.size() * 2);
     const std::size_t left = end_ - begin_;
     if (!Refill()) return Outcome::kUnreadable;
     looked = left;

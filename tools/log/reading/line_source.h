@@ -18,7 +18,7 @@ class LineSource {
 
   enum class Outcome { kLine, kEnd, kTooLong, kUnreadable };
 
-  explicit LineSource(ByteSource& bytes) : bytes_(bytes), room_(kLine_MAX) {}
+  explicit LineSource(ByteSource& bytes) : bytes_(bytes), room_(kBlock) {}
 
   /// The next line, without its LF or CR LF; valid until the next call. The last one may have no
   /// line end. Of a line that is too long nothing is given, and the next call goes on behind it.
@@ -29,9 +29,11 @@ class LineSource {
   [[nodiscard]] bool Refill();
   void Take(std::size_t end, std::string_view& line);
 
+  static constexpr std::size_t kBlock = std::size_t{1} << 16;
+
   ByteSource& bytes_;
-  std::vector<char> room_;
-  std::size_t begin_ = 0;  // of what is in the room and was not given
+  std::vector<char> room_;  // a block, and more once a line does not fit
+  std::size_t begin_ = 0;   // of what is in the room and was not given
   std::size_t end_ = 0;
   bool at_end_ = false;
   bool skips_ = false;  // the rest of a line that is too long
