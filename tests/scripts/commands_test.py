@@ -188,7 +188,8 @@ class Options(Place):
             self.refuses("a live bus has a speed of its own and comes once: leave --speed and --repeat away", "demo",
                          "--log", "-", *words)
         said = self.run_script("demo", "--log", "-").said
-        self.assertTrue(said.startswith("-- on the adapter canusb, with identifiers of both bits\n"), said)
+        self.assertTrue(said.startswith("-- on the adapter canusb, with identifiers of 11 and 29 bits\n"), said)
+        self.trace.unlink()
         terminal, side = pty.openpty()
         self.addCleanup(os.close, terminal)
         self.addCleanup(os.close, side)
@@ -254,7 +255,7 @@ class Recordings(Place):
         for content, words, chosen in (
                 (GOOD_LINE, (), "canusb, with identifiers of 11 bits"),
                 (extended, (), "canusb, with identifiers of 29 bits"),
-                (GOOD_LINE + extended, (), "canusb, with identifiers of both bits"),
+                (GOOD_LINE + extended, (), "canusb, with identifiers of 11 and 29 bits"),
                 (GOOD_LINE + error, (), "kvaser, with identifiers of 11 bits"),
                 (GOOD_LINE + error, ("--adapter", "interface", "--ids", "29"), "interface, with identifiers of 29 bits")):
             log = self.file("bus.log", content)
