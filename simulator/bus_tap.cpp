@@ -52,6 +52,8 @@ void BusTap::NoteRead(std::int64_t now_us) {
 }
 
 void BusTap::TakeDue(std::int64_t bus_us) {
+  source_->Reach(bus_us);
+  if (!has_pending_) has_pending_ = source_->Next(pending_);
   while (has_pending_ && pending_.time_us <= bus_us) {
     if (Hears(pending_)) Queue(pending_);
     has_pending_ = source_->Next(pending_);

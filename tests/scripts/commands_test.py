@@ -6,6 +6,7 @@ Whatever would install, build or start stands here as a program that only leaves
 
 import os
 import pathlib
+import pty
 import re
 import shutil
 import subprocess
@@ -61,11 +62,11 @@ class Place(unittest.TestCase):
         return str(path)
 
     def run_script(self, name: str, *words: str, environment: dict[str, str] | None = None,
-                   user: int | None = None) -> Ended:
+                   user: int | None = None, stdin: int = subprocess.DEVNULL) -> Ended:
         paths = [str(self.tools), *dict.fromkeys((os.path.dirname(sys.executable), "/usr/bin", "/bin"))]
         done = subprocess.run([str(self.project / path_of(name)), *words], user=user, cwd=self.folder,
                               env={"PATH": ":".join(paths)} | (environment or {}), text=True, timeout=60,
-                              capture_output=True, check=False)
+                              stdin=stdin, capture_output=True, check=False)
         return Ended(done, self.trace)
 
     def refuses(self, sentence: str, name: str, *words: str, **how) -> None:
@@ -199,6 +200,19 @@ class Options(Place):
         self.refuses("--still waits for the recording's end, and with --repeat 0 it has none", "demo", "--log", log,
                      "--still", "2", "--repeat", "0")
 
+    def test_a_live_bus_comes_through_a_pipe_once_and_at_its_own_speed(self):
+        for words in (("--speed", "2"), ("--repeat", "2"), ("--speed", "1")):
+            self.refuses("a live bus has a speed of its own and comes once: leave --speed and --repeat away", "demo",
+                         "--log", "-", *words)
+        said = self.run_script("demo", "--log", "-").said
+        self.assertTrue(said.startswith("-- on the adapter canusb, with identifiers of 11 and 29 bits\n"), said)
+        self.trace.unlink()
+        terminal, side = pty.openpty()
+        self.addCleanup(os.close, terminal)
+        self.addCleanup(os.close, side)
+        self.refuses(re.escape("--log - takes lines from a pipe, as in: candump -L can0 | scripts/demo --log -"), "demo",
+                     "--log", "-", stdin=side)
+
     def test_a_rate_that_the_adapter_lacks_is_refused(self):
         for adapter, lacking in (("canusb", ()), ("interface", (10, 20, 800)), ("kvaser", (20, 800))):
             for rate in (10, 20, 50, 100, 125, 250, 500, 800, 1000):
@@ -258,7 +272,7 @@ class Recordings(Place):
         for content, words, chosen in (
                 (GOOD_LINE, (), "canusb, with identifiers of 11 bits"),
                 (extended, (), "canusb, with identifiers of 29 bits"),
-                (GOOD_LINE + extended, (), "canusb, with identifiers of both bits"),
+                (GOOD_LINE + extended, (), "canusb, with identifiers of 11 and 29 bits"),
                 (GOOD_LINE + error, (), "kvaser, with identifiers of 11 bits"),
                 (GOOD_LINE + error, ("--adapter", "interface", "--ids", "29"), "interface, with identifiers of 29 bits")):
             log = self.file("bus.log", content)
