@@ -155,6 +155,37 @@ TEST_F(Gaps, OfAnIdentifierWithVeryManyAreCounted) {
   EXPECT_EQ(judged.identifiers[1].lost.gaps, 100U);
 }
 
+// Three frames close together every second, as of questions and answers: the median is 1 ms, and a
+// third of the cycles 998 ms.
+TEST_F(Gaps, AnIdentifierThatComesAtOddTimesHasNone) {
+  const JudgedRun judged =
+      Judged({{0x100, 10.0}, {0x200, 1.0}}, 60'000.0,
+             [](auto id, double time) { return id == 0x200 && std::fmod(time, 1000.0) >= 3.0; });
+  EXPECT_TRUE(judged.gaps.empty());
+  EXPECT_EQ(judged.identifiers[1].cycle, 1.0);
+  EXPECT_FALSE(judged.identifiers[1].regular);
+  EXPECT_EQ(judged.identifiers[1].lost.gaps, 0U);
+}
+
+TEST_F(Gaps, FromThreeRegularCyclesInFourOnThereAreGaps) {
+  const JudgedRun judged =
+      Judged({{0x100, 10.0}, {0x200, 1.0}}, 60'000.0,
+             [](auto id, double time) { return id == 0x200 && std::fmod(time, 1000.0) >= 4.0; });
+  EXPECT_TRUE(judged.identifiers[1].regular);
+  EXPECT_EQ(judged.identifiers[1].lost.gaps, 60U);
+}
+
+// The cycles of odd times say nothing of how many frames a silence of all has cost.
+TEST_F(Gaps, OfAllAreReckonedByTheRegularOnes) {
+  const JudgedRun judged =
+      Judged({{0x100, 10.0}, {0x200, 1.0}}, 60'000.0, [](auto id, double time) {
+        return (time > 20'000.0 && time < 21'000.0) ||
+               (id == 0x200 && std::fmod(time, 1000.0) >= 3.0);
+      });
+  ASSERT_EQ(judged.gaps.size(), 1U);
+  EXPECT_EQ(judged.gaps[0].lost, 100.0);
+}
+
 TEST_F(Gaps, ALoneFrameHasNoCycleAndNoGap) {
   const JudgedRun judged =
       Judged({{0x100, 10.0}, {0x200, 1e6}}, 60'000.0, [](auto, auto) { return false; });
@@ -218,8 +249,8 @@ TEST_F(Info, IsATableForPeople) {
             "  1A0                80         10         10        210        1       20  2, 8\n"
             "\n"
             "  silent longer than 5 cycles: 1\n"
-            "  identifier       from ms         to ms    silent ms      lost\n"
-            "  all                  390           600          210  about 21\n");
+            "  identifier       from ms         to ms    silent ms         lost\n"
+            "  all                  390           600          210     about 21\n");
 }
 
 TEST_F(Info, IsJsonForPrograms) {
@@ -237,7 +268,8 @@ TEST_F(Info, IsJsonForPrograms) {
       "7.5, \"span_ms\": 7.5, \"steps_back\": 0, \"bare_ids\": 0, \"stray_zeros\": 0, "
       "\"clock_jump\": null, \"gap_multiple\": 5, \"identifiers\": [{\"id\": \"7FF\", "
       "\"extended\": false, \"frames\": 1, \"first_ms\": 7.5, \"last_ms\": 7.5, \"cycle_ms\": "
-      "null, \"lengths\": [0], \"gaps\": 0, \"lost\": 0}, {\"id\": \"00000123\", \"extended\": "
+      "null, \"lengths\": [0], \"gaps\": null, \"lost\": null}, {\"id\": \"00000123\", "
+      "\"extended\": "
       "true, \"frames\": 3, \"first_ms\": 0, \"last_ms\": 5, \"cycle_ms\": {\"median\": 2.5, "
       "\"least\": 2.5, \"longest\": 2.5}, \"lengths\": [8], \"gaps\": 0, \"lost\": 0}], \"gaps\": "
       "[], \"gaps_left_out\": 0}], \"faults\": 0}\n");

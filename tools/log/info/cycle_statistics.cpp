@@ -19,6 +19,14 @@ double CycleStatistics::Median() const {
   return 0.0;
 }
 
+std::uint64_t CycleStatistics::Between(double low, double high) const {
+  std::uint64_t count = 0;
+  for (const Row& row : rows_) {
+    if (row.count > 0 && row.Mean() >= low && row.Mean() <= high) count += row.count;
+  }
+  return count;
+}
+
 CycleStatistics::Lost CycleStatistics::Above(double limit, double median) const {
   Lost lost;
   for (const Row& row : rows_) {

@@ -32,6 +32,8 @@ class CycleStatistics {
   [[nodiscard]] double Longest() const { return longest_; }
   /// The one in the middle, of an even number the shorter one. 0 without any.
   [[nodiscard]] double Median() const;
+  /// How many lie between, both ends included.
+  [[nodiscard]] std::uint64_t Between(double low, double high) const;
   /// The cycles above `limit`, and the frames of one every `median` that are missing in them.
   [[nodiscard]] Lost Above(double limit, double median) const;
 

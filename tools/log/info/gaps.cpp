@@ -18,7 +18,7 @@ class Judge {
     FindCommonGaps();
     common_ = result_.gaps;
     for (const JudgedIdentifier& identifier : result_.identifiers) {
-      if (identifier.cycle > 0.0) FindGapsOf(identifier);
+      if (identifier.regular) FindGapsOf(identifier);
     }
     std::ranges::stable_sort(result_.gaps, {}, [](const Gap& gap) { return gap.silence.begin; });
     return std::move(result_);
@@ -26,17 +26,23 @@ class Judge {
 
  private:
   void Measure(const IdentifierStatistics& statistics) {
-    JudgedIdentifier judged{.statistics = &statistics, .cycle = 0.0, .lost = {}};
-    if (statistics.cycles.Count() >= kCycles_MIN) {
-      judged.cycle = statistics.cycles.Median();
-      judged.lost = statistics.cycles.Above(multiple_ * judged.cycle, judged.cycle);
+    const CycleStatistics& cycles = statistics.cycles;
+    JudgedIdentifier judged{.statistics = &statistics, .cycle = 0.0, .regular = false, .lost = {}};
+    if (cycles.Count() >= kCycles_MIN) {
+      judged.cycle = cycles.Median();
+      judged.regular = judged.cycle > 0.0 &&
+                       cycles.Between(judged.cycle / 2, judged.cycle * 2) * 4 >= cycles.Count() * 3;
     }
-    if (judged.cycle > 0.0) frames_per_ms_ += 1.0 / judged.cycle;
-    if (judged.cycle > 0.0 && statistics.frames > most_frames_) {
-      most_frames_ = statistics.frames;
-      result_.cycle = judged.cycle;
-    }
+    if (judged.regular) TakeRegular(judged);
     result_.identifiers.push_back(judged);
+  }
+
+  void TakeRegular(JudgedIdentifier& judged) {
+    judged.lost = judged.statistics->cycles.Above(multiple_ * judged.cycle, judged.cycle);
+    frames_per_ms_ += 1.0 / judged.cycle;
+    if (judged.statistics->frames <= most_frames_) return;
+    most_frames_ = judged.statistics->frames;
+    result_.cycle = judged.cycle;
   }
 
   void FindCommonGaps() {
@@ -83,7 +89,7 @@ class Judge {
 
   const RunStatistics& run_;
   const double multiple_;
-  double frames_per_ms_ = 0.0;  // of all identifiers together
+  double frames_per_ms_ = 0.0;  // of all regular identifiers together
   std::uint64_t most_frames_ = 0;
   std::vector<Gap> common_;
   JudgedRun result_;

@@ -70,8 +70,8 @@ std::string IdentifierJson(const JudgedIdentifier& identifier) {
       .Member("last_ms", NumberText(its.last))
       .Member("cycle_ms", CycleJson(its.cycles))
       .Member("lengths", LengthsJson(its.lengths))
-      .Member("gaps", std::to_string(identifier.lost.gaps))
-      .Member("lost", NumberText(identifier.lost.frames))
+      .Member("gaps", identifier.regular ? std::to_string(identifier.lost.gaps) : "null")
+      .Member("lost", identifier.regular ? NumberText(identifier.lost.frames) : "null")
       .Closed();
 }
 

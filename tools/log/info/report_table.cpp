@@ -104,9 +104,9 @@ class Table {
       name.resize(10, ' ');
       text_ += "  " + name + Padded(std::to_string(its.frames), 11) + cycle(its.cycles.Median()) +
                cycle(its.cycles.Least()) + cycle(its.cycles.Longest()) +
-               Padded(std::to_string(identifier.lost.gaps), 9) +
-               Padded(NumberText(identifier.lost.frames), 9) + "  " + LengthsText(its.lengths) +
-               "\n";
+               Padded(identifier.regular ? std::to_string(identifier.lost.gaps) : "-", 9) +
+               Padded(identifier.regular ? NumberText(identifier.lost.frames) : "-", 9) + "  " +
+               LengthsText(its.lengths) + "\n";
     }
   }
 
@@ -125,7 +125,7 @@ class Table {
       shown.resize(kGaps_MAX);
       std::ranges::stable_sort(shown, {}, [](const Gap& gap) { return gap.silence.begin; });
     }
-    text_ += "  identifier       from ms         to ms    silent ms      lost\n";
+    text_ += "  identifier       from ms         to ms    silent ms         lost\n";
     for (const Gap& gap : shown) AddGap(gap);
     const std::uint64_t left_out = gaps.size() - shown.size() + report_.judged.gaps_left_out;
     if (left_out > 0) text_ += "  and " + std::to_string(left_out) + " shorter ones\n";
@@ -136,8 +136,8 @@ class Table {
     std::string name = gap.identifier == nullptr ? "all" : IdentifierText(*gap.identifier);
     name.resize(10, ' ');
     text_ += "  " + name + Padded(MsText(gap.silence.begin), 14) +
-             Padded(MsText(gap.silence.End()), 14) + Padded(MsText(gap.silence.length), 13) +
-             Padded("about " + NumberText(gap.lost), 10);
+             Padded(MsText(gap.silence.End()), 14) + Padded(MsText(gap.silence.length), 13) + " " +
+             Padded("about " + NumberText(gap.lost), 12);
     text_ += kEdges[static_cast<std::size_t>(gap.edge)];
     text_ += "\n";
   }
