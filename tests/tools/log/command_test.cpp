@@ -220,12 +220,12 @@ TEST_F(LogCommand, WhatWasMendedIsTold) {
             "(1795133107.001000) can0 00000001#001AFF0344556677\n"
             "(1795133107.000000) can0 100#\n"
             "(1795133107.003000) can0 00000010#\n");
-  EXPECT_TRUE(messages.ends_with(
-      "tolvane-log: mended: 2 identifiers without their zeros\n"
-      "tolvane-log: mended: 12 stray zeros in 1 blocks left out\n"
-      "tolvane-log: no clock jump to mend\n"
-      "tolvane-log: 1 frames have a length above 8 and eight bytes\n"
-      "tolvane-log: 1 frames have a time before the first; it is written as that\n"))
+  EXPECT_TRUE(
+      messages.ends_with("tolvane-log: mended: 2 identifiers without zeros\n"
+                         "tolvane-log: mended: 12 stray zeros in 1 block left out\n"
+                         "tolvane-log: no clock jump to mend\n"
+                         "tolvane-log: with a length above 8, and eight bytes: 1 frame\n"
+                         "tolvane-log: with a time before the first, written as that: 1 frame\n"))
       << messages;
 }
 

@@ -6,6 +6,7 @@
 #include "tolvane_product.h"
 #include "tools/log/command/options.h"
 #include "tools/log/info/report.h"
+#include "tools/log/runs/counted.h"
 #include "tools/log/runs/log_order.h"
 
 namespace tolvane::logtool {
@@ -87,23 +88,23 @@ class Command {
   }
 
   void TellWhatBecame(const LogRun& run, const RunReader& reader, const Converted& result) {
-    Say(std::to_string(result.frames) + " frames of " + std::to_string(run.files.size()) +
-        " files, from " + run.files.front().path + " to " + run.files.back().path);
+    Say(Counted(result.frames, "frame") + " of " + Counted(run.files.size(), "file") + ", from " +
+        run.files.front().path + " to " + run.files.back().path);
     const CsvLog::Mended& mended = reader.WhatWasMended();
     if (mended.bare_ids > 0) {
-      Say("mended: " + std::to_string(mended.bare_ids) + " identifiers without their zeros");
+      Say("mended: " + Counted(mended.bare_ids, "identifier") + " without zeros");
     }
     if (mended.strays > 0) {
-      Say("mended: " + std::to_string(mended.strays) + " stray zeros in " +
-          std::to_string(mended.stray_blocks) + " blocks left out");
+      Say("mended: " + Counted(mended.strays, "stray zero") + " in " +
+          Counted(mended.stray_blocks, "block") + " left out");
     }
     TellClock(reader.Clock());
     if (result.long_lengths > 0) {
-      Say(std::to_string(result.long_lengths) + " frames have a length above 8 and eight bytes");
+      Say("with a length above 8, and eight bytes: " + Counted(result.long_lengths, "frame"));
     }
     if (result.negative_times > 0) {
-      Say(std::to_string(result.negative_times) +
-          " frames have a time before the first; it is written as that");
+      Say("with a time before the first, written as that: " +
+          Counted(result.negative_times, "frame"));
     }
   }
 

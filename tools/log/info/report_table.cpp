@@ -3,6 +3,7 @@
 
 #include "platform/utf8.h"
 #include "tools/log/info/report.h"
+#include "tools/log/runs/counted.h"
 
 namespace tolvane::logtool {
 
@@ -72,18 +73,18 @@ class Table {
     Line("span", MsText((run.Last() - run.First()) / 1000.0) + " s");
     if (run.StepsBack() > 0) {
       Line("steps back",
-           std::to_string(run.StepsBack()) + " frames have a time before the one ahead of them");
+           Counted(run.StepsBack(), "frame") + " with a time before that of the one ahead");
     }
   }
 
   void AddMended() {
     const CsvLog::Mended& mended = report_.mended;
     if (mended.bare_ids > 0) {
-      Line("oddities", std::to_string(mended.bare_ids) + " identifiers without their zeros");
+      Line("oddities", Counted(mended.bare_ids, "identifier") + " without zeros");
     }
     if (mended.strays > 0) {
-      Line("oddities", std::to_string(mended.strays) + " stray zeros in " +
-                           std::to_string(mended.stray_blocks) + " blocks");
+      Line("oddities",
+           Counted(mended.strays, "stray zero") + " in " + Counted(mended.stray_blocks, "block"));
     }
     if (const auto& jump = report_.clock.TheJump()) {
       Line("clock jump", MsText(jump->jump) + " ms behind " + MsText(jump->at) +
@@ -128,7 +129,7 @@ class Table {
     text_ += "  identifier       from ms         to ms    silent ms         lost\n";
     for (const Gap& gap : shown) AddGap(gap);
     const std::uint64_t left_out = gaps.size() - shown.size() + report_.judged.gaps_left_out;
-    if (left_out > 0) text_ += "  and " + std::to_string(left_out) + " shorter ones\n";
+    if (left_out > 0) text_ += "  and " + Counted(left_out, "shorter one") + "\n";
   }
 
   void AddGap(const Gap& gap) {

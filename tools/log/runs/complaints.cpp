@@ -1,5 +1,7 @@
 #include "tools/log/runs/complaints.h"
 
+#include "tools/log/runs/counted.h"
+
 namespace tolvane::logtool {
 
 void Complaints::Tell(std::string_view path, std::uint64_t line, std::string_view what) {
@@ -13,8 +15,8 @@ void Complaints::Tell(std::string_view path, std::uint64_t line, std::string_vie
 
 void Complaints::Conclude() {
   if (count_ <= kTold_MAX) return;
-  static_cast<void>(out_.Write("tolvane-log: " + std::to_string(count_ - kTold_MAX) +
-                               " more faults like these\n"));
+  static_cast<void>(
+      out_.Write("tolvane-log: " + Counted(count_ - kTold_MAX, "more fault") + " like these\n"));
 }
 
 }  // namespace tolvane::logtool
