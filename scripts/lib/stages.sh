@@ -12,6 +12,8 @@ source "$root/scripts/lib/stage_recordings.sh"
 
 passed=0 failed=0 skipped=0
 results=$build/test-results
+# A line for each thing that failed, told again at the end.
+failures=$results/failures.txt
 # shellcheck source=ahead.sh
 source "$root/scripts/lib/ahead.sh"
 
@@ -79,7 +81,14 @@ run_stage() {
 
 count_failed() {
   say "failed: $*"
+  keep_failures <<<"failed: $*"
   failed=$((failed + 1))
+}
+
+# Of the lines that it reads, those that tell a failure.
+keep_failures() {
+  mkdir -p "$results"
+  grep '^failed: ' >>"$failures" || true
 }
 
 count_skipped() {
@@ -127,6 +136,7 @@ run_ctest() {
   passed=$((passed + p)) failed=$((failed + f)) skipped=$((skipped + s))
   say "$name: $p passed, $f failed, $s skipped"
   tail -n +2 <<<"$counts"
+  keep_failures <<<"$counts"
   # What the failed ones said, without the lines of those that passed.
   [ "$f" -eq 0 ] || grep -vE '^ +Start +[0-9]+:|Test +#.* Passed ' "$folder.log" | tail -n 150
 }

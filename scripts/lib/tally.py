@@ -5,7 +5,7 @@ usage: tally.py JUNIT [FOLDER]
 
 JUNIT is what `ctest --output-junit` wrote. An entry that ran a whole GoogleTest binary left
 FOLDER/NAME.xml, whose cases are counted instead of the entry. Prints "PASSED FAILED SKIPPED" on the
-first line, then the names of what failed, and of what was skipped with the reason that a case gave.
+first line, then the names of what failed, and of what was skipped, with what a case said to it.
 """
 
 import pathlib
@@ -45,10 +45,17 @@ def outcome_of_case(case: xml.Element) -> str:
 
 
 def reason_of_case(case: xml.Element) -> str:
-    """Of one that was skipped. The message's first line is the place in the code."""
+    """What a case said that failed or was skipped. The first line of a message is the place in the code: a skip goes
+    without it."""
+    if failures := [one_line(failure.get("message", "")) for failure in case.iter("failure")]:
+        return "; ".join(failures)
     skipped = case.find("skipped")
     message = "" if skipped is None else skipped.get("message", "")
-    return " ".join(message.split("\n")[1:]).strip()
+    return one_line("\n".join(message.split("\n")[1:]))
+
+
+def one_line(text: str) -> str:
+    return " ".join(text.split())
 
 
 def add_entry(tally: Tally, entry: xml.Element, folder: pathlib.Path | None) -> None:

@@ -41,7 +41,7 @@ void AppendControl(std::string& out, char16_t control) {
   out.push_back('_');
 }
 
-/// Control characters, which XML cannot hold, come out in the workbook format's own manner,
+/// Control characters, which XML cannot hold, are written as the workbook format wants,
 /// "_x0007_".
 void AppendXmlText(std::string& out, StringView text) {
   std::size_t plain_start = 0;

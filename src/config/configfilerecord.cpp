@@ -88,9 +88,7 @@ class RecordReader {
   }
   void operator()(String& text, StringView /*standard*/) {
     const auto bytes = Take(static_cast<std::size_t>(TakeNumber(2)));
-    std::string encoded;
-    for (const std::byte byte : bytes) encoded += static_cast<char>(byte);
-    text = code_page_.Decode(encoded);
+    text = code_page_.Decode({reinterpret_cast<const char*>(bytes.data()), bytes.size()});
   }
 
  private:

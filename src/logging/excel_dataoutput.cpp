@@ -38,10 +38,10 @@ void AppendFilledRows(std::span<const String> cells, bool with_mark, String& lin
 /// The csv lines of a record table. Rows below `counter` are new; the rows from `counter` on are
 /// older, left over from a flush that failed.
 String TableLines(std::span<const String> cells, std::int32_t counter, bool with_mark) {
-  const std::size_t anew = static_cast<std::size_t>(counter) * LogTable::kColumns;
+  const std::size_t new_cells = static_cast<std::size_t>(counter) * LogTable::kColumns;
   String lines;
-  AppendFilledRows(cells.subspan(anew), with_mark, lines);
-  AppendFilledRows(cells.first(anew), with_mark, lines);
+  AppendFilledRows(cells.subspan(new_cells), with_mark, lines);
+  AppendFilledRows(cells.first(new_cells), with_mark, lines);
   return lines;
 }
 

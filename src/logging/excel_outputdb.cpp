@@ -63,12 +63,14 @@ void Excel_OutputDB::csv_DataInput29(double now_time, std::int32_t can_ID, std::
     return;
   }
   // In channel 2 the padding zeros go to channel 1 and appear at the start of its next file. This
-  // is kept on purpose: readers of the logs expect it.
-  const StringView zeros = ZerosAhead29(can_ID);
+  // is kept on purpose: old files have them, and the manual tells readers to skip them.
+  const ShortText padded = LogID29Text(can_ID);
+  const ShortText digits = HexText(can_ID);
+  const StringView zeros = padded.View().substr(0, padded.Length() - digits.Length());
   if (char16_t* const at = LogBuilder1.Reserve(kCsvLine_MAX, LogBuilder_MAX)) {
     LogBuilder1.Take(zeros.copy(at, zeros.size()));
   }
-  csv_DataTail(LogBuilder2, record, mark, HexText(can_ID));
+  csv_DataTail(LogBuilder2, record, mark, digits);
 }
 
 void Excel_OutputDB::Excel_DataStore(const LogRecord& record, StringView identifier,

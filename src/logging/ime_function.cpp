@@ -25,21 +25,22 @@ bool Save(platform::RichTextView& RTB_MainView, StringView path, std::int32_t fo
 
 }  // namespace
 
-void SaveSnapshotFile(ELM327_Info& device, const SnapshotServices& services) {
+void SaveSnapshotFile(ELM327_Info& device, const platform::Platform& platform,
+                      platform::RichTextView& RTB_MainView) {
   const StringView title = device.Application_title2;
   const String folder = BaseFolder(device.t_SaveFilePath_mode, device.t_SaveFilePath,
-                                   device.ExecutableFolder(), services.files, services.folders);
+                                   device.ExecutableFolder(), platform.files, platform.folders);
   String stem = folder + u"\\KS";
-  stem.append(DateHourText(services.wall_clock.Now())).append(u"-");
+  stem.append(DateHourText(platform.wall_clock.Now())).append(u"-");
   // Each snapshot searches from 1. Unlike a log, it does not overwrite number 1000.
   const NumberedPath found =
-      FindFreePath(services.files, stem, SnapshotExtension(device.t_SaveFormat), 1, nullptr);
+      FindFreePath(platform.files, stem, SnapshotExtension(device.t_SaveFormat), 1, nullptr);
   if (found.number >= kFileNumber_MAX) {
-    services.message_box.Critical(u"ファイルがいっぱいです", title);
-  } else if (Save(services.RTB_MainView, found.path, device.t_SaveFormat)) {
-    services.message_box.Plain(u"保存しました", title);
+    platform.message_box.Critical(u"ファイルがいっぱいです", title);
+  } else if (Save(RTB_MainView, found.path, device.t_SaveFormat)) {
+    platform.message_box.Plain(u"保存しました", title);
   } else {
-    services.message_box.Critical(u"スナップショットを保存できませんでした。", title);
+    platform.message_box.Critical(u"スナップショットを保存できませんでした。", title);
   }
 }
 

@@ -17,21 +17,9 @@ struct LogRecord {
   std::span<const std::uint8_t, 8> can_DATA;
 };
 
-/// The zeros in front of an identifier in a log of 29-bit mode. The last limit is FFFFFFF itself,
-/// so that one identifier is written with seven digits. A negative identifier gets all seven zeros.
-[[nodiscard]] inline StringView ZerosAhead29(std::int32_t can_ID) {
-  constexpr std::int32_t kLimits[] = {16, 256, 4096, 65536, 1048576, 16777216, 268435455};
-  std::size_t reached = 0;
-  for (const std::int32_t limit : kLimits) reached += can_ID >= limit;
-  return StringView(u"0000000").substr(reached);
-}
-
-/// An identifier in a log of 29-bit mode.
+/// An identifier in a log of 29-bit mode. FFFFFFF alone is written with seven digits.
 [[nodiscard]] inline ShortText LogID29Text(std::int32_t can_ID) {
-  ShortText text;
-  text.Append(ZerosAhead29(can_ID));
-  text.Append(HexText(can_ID));
-  return text;
+  return can_ID == 0xFFFFFFF ? HexText(can_ID) : HexID29Text(can_ID);
 }
 
 }  // namespace tolvane

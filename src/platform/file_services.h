@@ -48,10 +48,10 @@ class FileServices {
   /// The first `size` bytes of a file, fewer when it is shorter; empty when it cannot be read. May
   /// wait up to a second where a power cut stopped WriteBinary.
   [[nodiscard]] virtual std::optional<BinaryRead> ReadBinary(StringView path, std::size_t size) = 0;
-  /// Writes `bytes` at the start of a file, made if need be; what lies behind them stays. False
-  /// when not all of them may have reached it. A power cut on the way leaves the old or the new
-  /// file to ReadBinary (file_replacing.h). May wait up to a second until no other program holds
-  /// it.
+  /// Writes `bytes` at the start of a file, made if it is missing; what lies behind them stays.
+  /// False when not all of them may have reached it. A power cut on the way leaves the old or the
+  /// new file to ReadBinary (file_replacing.h). May wait up to a second until no other program
+  /// holds it.
   [[nodiscard]] virtual bool WriteBinary(StringView path, std::span<const std::byte> bytes) = 0;
 
   /// The attribute value of a file or folder (16 is a plain folder); empty when there is none.

@@ -46,7 +46,7 @@ class FileSteps {
 
   /// An empty file, new or in the place of an old one.
   [[nodiscard]] virtual Opened Create(StringView path) = 0;
-  /// The file with its content, made if need be.
+  /// The file with its content, made if it is missing.
   [[nodiscard]] virtual Opened Open(StringView path) = 0;
   /// `from` gets the name `to`; a file of that name is gone.
   [[nodiscard]] virtual FileStep Move(StringView from, StringView to) = 0;

@@ -197,8 +197,8 @@ void Run<Table>::ReadWhileWanted() {
   }
 }
 
-/// Null for an empty read and for a frame that this run does not take. The format filter goes by
-/// the log's word for the format, see KeyFlags::can_Flag.
+/// Null for an empty read and for a frame that this run does not take. The format filter is for
+/// boards alone, see KeyFlags::can_Flag.
 template <typename Table>
 const ReceivedFrame* Run<Table>::ReadAccepted() {
   const ReceivedFrame* frame = binding_.Read();

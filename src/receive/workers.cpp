@@ -8,9 +8,11 @@
 namespace tolvane {
 
 template <WorkerKind kKind>
-WorkerForm<kKind>::WorkerForm(const RunParts& parts, platform::Timer& TimerBackView)
+WorkerForm<kKind>::WorkerForm(const RunParts& parts, platform::Timer& TimerBackView,
+                              const WorkerTables<Table>& tables)
     : parts_(parts),
       TimerBackView_(TimerBackView),
+      tables_(tables),
       log_({.events = parts.platform.events,
             .files = parts.platform.files,
             .folders = parts.platform.folders,
@@ -22,7 +24,7 @@ WorkerForm<kKind>::WorkerForm(const RunParts& parts, platform::Timer& TimerBackV
              .RTB_MainView = parts.window.RTB_MainView,
              .RxFlag = parts.RxFlag,
              .Device_Timer_Kind = Device_Timer_Kind_},
-            *frames_, *highlights_) {}
+            *tables.frames, *tables.highlights) {}
 
 template <WorkerKind kKind>
 void WorkerForm<kKind>::Open_CANUSB(platform::AutomationObject* objExcel, ELM327_Info& device,
@@ -50,8 +52,8 @@ template <WorkerKind kKind>
 std::int32_t WorkerForm<kKind>::Open(AdapterKind adapter, Binding& binding, ELM327_Info& device,
                                      platform::AutomationObject* objExcel) {
   TimerBackView_.OnTick([this, &device] { tick_.TimerBackView_Timer(device); });
-  const WorkerParts<Table> worker = {.frames = *frames_,
-                                     .highlights = *highlights_,
+  const WorkerParts<Table> worker = {.frames = *tables_.frames,
+                                     .highlights = *tables_.highlights,
                                      .log = log_,
                                      .TimerBackView = TimerBackView_,
                                      .Device_Timer_Kind = Device_Timer_Kind_};
@@ -64,10 +66,10 @@ template class WorkerForm<WorkerKind::FormBG_29>;
 template class WorkerForm<WorkerKind::FormBG2_29>;
 
 Workers::Workers(const RunParts& parts)
-    : FormBG(parts, parts.platform.timers.FormBG),
-      FormBG2(parts, parts.platform.timers.FormBG2),
-      FormBG_29(parts, parts.platform.timers.FormBG_29),
-      FormBG2_29(parts, parts.platform.timers.FormBG2_29) {}
+    : FormBG(parts, parts.platform.timers.FormBG, FormBG_tables),
+      FormBG2(parts, parts.platform.timers.FormBG2, FormBG2_tables),
+      FormBG_29(parts, parts.platform.timers.FormBG_29, FormBG_29_tables),
+      FormBG2_29(parts, parts.platform.timers.FormBG2_29, FormBG2_29_tables) {}
 
 Worker& Workers::Of(WorkerKind kind) {
   switch (kind) {

@@ -15,14 +15,24 @@
 
 namespace tolvane {
 
-/// One of the four workers, with what it keeps for the life of its form. The tables hold what the
-/// last run left until the next run clears them.
+/// The tables of a worker. They hold what its last run left until the next one clears them. On the
+/// heap, hundreds of kilobytes each, so that a main window fits on a stack.
+template <typename Table>
+struct WorkerTables {
+  std::unique_ptr<Table> frames = std::make_unique<Table>();
+  std::unique_ptr<typename ViewTableOf<Table>::Type> highlights =
+      std::make_unique<typename ViewTableOf<Table>::Type>();
+};
+
+/// One of the four workers, with what it keeps for the life of its form.
 template <WorkerKind kKind>
 class WorkerForm final : public Worker {
  public:
   using Table = typename FrameTableOf<kKind>::Type;
 
-  WorkerForm(const RunParts& parts, platform::Timer& TimerBackView);
+  /// `tables` must outlive it.
+  WorkerForm(const RunParts& parts, platform::Timer& TimerBackView,
+             const WorkerTables<Table>& tables);
   WorkerForm(const WorkerForm&) = delete;  // the timer's handler and the tick point into it
   WorkerForm& operator=(const WorkerForm&) = delete;
 
@@ -33,10 +43,6 @@ class WorkerForm final : public Worker {
   void Open_KvaserCAN(platform::AutomationObject* objExcel, ELM327_Info& device,
                       const KvaserCAN& kvCan_u, CAN_DB_Kvaser& kvCan_d) override;
 
-  /// For tests: neither page nor log tells the bytes behind a frame's length, the flags of a key, a
-  /// time before it is rounded, or what a run that cannot start has left.
-  [[nodiscard]] const Table& Frames() const { return *frames_; }
-
  private:
   std::int32_t Open(AdapterKind adapter, Binding& binding, ELM327_Info& device,
                     platform::AutomationObject* objExcel);
@@ -44,10 +50,7 @@ class WorkerForm final : public Worker {
   RunParts parts_;
   platform::Timer& TimerBackView_;  // on from the start of a run to its end, except inside a tick
   std::int32_t Device_Timer_Kind_ = 0;  // of the last run
-  // On the heap, hundreds of kilobytes each, so that a main window fits on a stack.
-  std::unique_ptr<Table> frames_ = std::make_unique<Table>();
-  std::unique_ptr<typename ViewTableOf<Table>::Type> highlights_ =
-      std::make_unique<typename ViewTableOf<Table>::Type>();
+  const WorkerTables<Table>& tables_;
   Excel_OutputDB log_;
   Tick<Table> tick_;
 };
@@ -68,6 +71,10 @@ struct Workers {
 
   [[nodiscard]] Worker& Of(WorkerKind kind);
 
+  WorkerTables<CAN_ReadDB> FormBG_tables;
+  WorkerTables<CAN_ReadDB> FormBG2_tables;
+  WorkerTables<CAN_ReadDB29> FormBG_29_tables;
+  WorkerTables<CAN_ReadDB29> FormBG2_29_tables;
   tolvane::FormBG FormBG;
   tolvane::FormBG2 FormBG2;
   tolvane::FormBG_29 FormBG_29;

@@ -19,6 +19,9 @@ struct AdapterTraits {
   StringView library;        // file in the system folder
   StringView name;           // begins the adapters' lines; empty where a channel names itself
   std::int32_t timer_wrap;   // ms after which the adapter's timer starts over; 0 for never
+  // Two frames may have one stamp. For a cycle of 0 the page then keeps the last cycle, where it
+  // says "????" of the other kinds. It mends no wrap of such stamps: a negative cycle counts as 0.
+  bool repeats_stamps;
 };
 
 /// By AdapterKind.
@@ -27,13 +30,20 @@ inline constexpr std::array<AdapterTraits, 3> adapter_traits = {{
      .library_bit = 1,
      .library = u"canusbdrv.dll",
      .name = u"CANUSB ",
-     .timer_wrap = 60'000},
+     .timer_wrap = 60'000,
+     .repeats_stamps = false},
     {.vender = 2,
      .library_bit = 2,
      .library = u"IFCan.dll",
      .name = u"Interface ",
-     .timer_wrap = 429'491},
-    {.vender = 3, .library_bit = 4, .library = u"canlib32.dll", .name = u"", .timer_wrap = 0},
+     .timer_wrap = 429'491,
+     .repeats_stamps = true},
+    {.vender = 3,
+     .library_bit = 4,
+     .library = u"canlib32.dll",
+     .name = u"",
+     .timer_wrap = 0,
+     .repeats_stamps = false},
 }};
 
 [[nodiscard]] constexpr const AdapterTraits& AdapterTraitsOf(AdapterKind kind) {
@@ -46,12 +56,18 @@ constexpr std::int32_t kVenderCanusb = AdapterTraitsOf(AdapterKind::kCanusb).ven
 constexpr std::int32_t kVenderInterface = AdapterTraitsOf(AdapterKind::kInterface).vender;
 constexpr std::int32_t kVenderKvaser = AdapterTraitsOf(AdapterKind::kKvaser).vender;
 
+/// Null for a number that no kind has.
+[[nodiscard]] constexpr const AdapterTraits* AdapterOfVender(std::int32_t vender) {
+  for (const AdapterTraits& adapter : adapter_traits) {
+    if (adapter.vender == vender) return &adapter;
+  }
+  return nullptr;
+}
+
 /// The timer_wrap of Device_Timer_Kind, 0 for no kind.
 [[nodiscard]] constexpr std::int32_t TimerWrap(std::int32_t Device_Timer_Kind) {
-  for (const AdapterTraits& adapter : adapter_traits) {
-    if (adapter.vender == Device_Timer_Kind) return adapter.timer_wrap;
-  }
-  return 0;
+  const AdapterTraits* adapter = AdapterOfVender(Device_Timer_Kind);
+  return adapter == nullptr ? 0 : adapter->timer_wrap;
 }
 
 }  // namespace tolvane

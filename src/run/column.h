@@ -55,7 +55,8 @@ struct Currency {
 /// count.
 class ArayyClear {
  public:
-  /// Every table has the clearing operations of all types. No column of this type is left in one.
+  /// Every table has the clearing operations of all types. No table has a Currency column
+  /// today.
   template <std::size_t N>
   static void Arayy_ALL_Clear_zero_Currency(std::int32_t Arayy_MAX, Column<Currency, N>& Arayy) {
     Arayy.Fill(Arayy_MAX, {});

@@ -1,5 +1,6 @@
 #include "run/number_text.h"
 
+#include <algorithm>
 #include <array>
 #include <bit>
 #include <charconv>
@@ -98,6 +99,16 @@ ShortText FastDecimalText(double value) {
   return text;
 }
 
+/// An identifier of `digits` digits. A negative one gets the zeros of an identifier below 16, in
+/// front of its eight digits.
+ShortText IDText(std::int32_t id, std::size_t digits) {
+  if (id >= 0) return HexText(id, digits);
+  ShortText text;
+  for (std::size_t zeros = 1; zeros < digits; ++zeros) text.Append(u'0');
+  text.Append(HexText(id));
+  return text;
+}
+
 }  // namespace
 
 ShortText DecimalText(std::int64_t value) {
@@ -163,24 +174,23 @@ ShortText HexText(std::int32_t value) {
   return text;
 }
 
-ShortText HexByteText(std::uint8_t value) {
+ShortText HexText(std::int32_t value, std::size_t digits) {
   ShortText text;
-  AppendHexDigits(value, 2, text);
+  const auto bits = static_cast<std::uint32_t>(value);
+  AppendHexDigits(bits, std::max(HexDigits(bits), static_cast<int>(digits)), text);
   return text;
 }
 
-ShortText HexID11Text(std::int32_t id) {
-  ShortText text;
-  if (id < 16) text.Append(u'0');
-  if (id < 256) text.Append(u'0');
-  text.Append(HexText(id));
-  return text;
-}
+ShortText HexByteText(std::uint8_t value) { return HexText(value, 2); }
+
+ShortText HexID11Text(std::int32_t id) { return IDText(id, 3); }
+
+ShortText HexID29Text(std::int32_t id) { return IDText(id, 8); }
 
 ShortText HexSettingText(std::int32_t id) { return id == 0 ? HexText(0) : HexID11Text(id); }
 
 double RoundHalfToEven(double value) {
-  // By steps that come out alike in every rounding mode, not by nearbyint: a vendor's library may
+  // By steps with the same result in every rounding mode, not by nearbyint: a vendor's library may
   // have left another one behind.
   const double whole = std::floor(value);
   const double fraction = value - whole;

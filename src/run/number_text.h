@@ -44,7 +44,10 @@ class ShortText {
 /// Upper-case hexadecimal of the 32-bit two's complement, no padding.
 [[nodiscard]] ShortText HexText(std::int32_t value);
 
-/// With zeros in front up to `digits` digits; `value` is not negative.
+/// The same with zeros in front up to `digits` digits, at most 8.
+[[nodiscard]] ShortText HexText(std::int32_t value, std::size_t digits);
+
+/// Decimal, with zeros in front up to `digits` digits; `value` is not negative.
 [[nodiscard]] ShortText PaddedText(std::int32_t value, std::size_t digits);
 
 /// The upper-case digit of the lowest four bits.
@@ -55,9 +58,12 @@ class ShortText {
 /// Two upper-case digits.
 [[nodiscard]] ShortText HexByteText(std::uint8_t value);
 
-/// An 11-bit identifier: three digits up to 255, above that as it stands. A negative one is below
-/// 16 and so gets two zeros in front of its eight digits.
+/// An 11-bit identifier: three digits, more above 7FF. A negative one gets two zeros in front of
+/// its eight digits.
 [[nodiscard]] ShortText HexID11Text(std::int32_t id);
+
+/// A 29-bit identifier: eight digits. A negative one gets seven zeros in front of its eight digits.
+[[nodiscard]] ShortText HexID29Text(std::int32_t id);
 
 /// Text of an ID in a settings box and in the foot of the page: as HexID11Text, but 0 is "0".
 [[nodiscard]] ShortText HexSettingText(std::int32_t id);

@@ -24,8 +24,6 @@ class BackPage {
   void SelColor(std::int32_t colour) { Paint(page_->colours, colour); }
   void Back_Set_Char_Effect(std::int32_t colour) { Paint(page_->backgrounds, colour); }
 
-  [[nodiscard]] const platform::RichTextPage& Page() const { return *page_; }
-
   /// Hands the finished page to `view`. What this object holds then is stale until Text is called.
   void SwapInto(platform::RichTextView& view) { view.SwapPage(page_); }
 

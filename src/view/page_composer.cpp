@@ -5,6 +5,7 @@
 #include <cstdint>
 
 #include "receive/tables/frame_columns.h"
+#include "run/adapter_kind.h"
 #include "run/number_text.h"
 #include "view/highlight_rules.h"
 #include "view/measured_cycle.h"
@@ -104,22 +105,20 @@ void PageComposer<Table>::AppendPadding(std::int16_t row) {
 
 template <typename Table>
 void PageComposer<Table>::AppendCycle(std::int16_t row) {
-  const std::int32_t vender = device_.t_select_Vender;
+  const AdapterTraits* adapter = AdapterOfVender(device_.t_select_Vender);
   // Without an adapter kind there is no line end either: the next row continues on the same line.
-  if (vender < kVenderCanusb || vender > kVenderKvaser) return;
+  if (adapter == nullptr) return;
 
   const double time = Frame<Table>::ReceivedTime(frames_)(row);
   const double time_old = Frame<Table>::ReceivedTime_old(frames_)(row);
   const std::uint8_t state = Frame<Table>::Received(frames_)(row);
   Currency measured = MeasuredCycle(time - time_old, traits_.cycle);
-  if (vender != kVenderInterface) measured = WrapRepaired(measured, parts_.Device_Timer_Kind);
+  if (!adapter->repeats_stamps) measured = WrapRepaired(measured, parts_.Device_Timer_Kind);
 
   const bool accepted = measured.ten_thousandths > 0 && state == row_state::kMany &&
                         Frame<Table>::ReceivedTime_writting(frames_)(row) == 0;
-  // Where the other kinds say "????", a board's line keeps the last cycle. Two of its frames may
-  // have one stamp; and its wrap is not repaired above, so a negative cycle comes here too.
   const bool same_stamp =
-      vender == kVenderInterface && state == row_state::kMany && measured.ten_thousandths <= 0;
+      adapter->repeats_stamps && state == row_state::kMany && measured.ten_thousandths <= 0;
   if (accepted) {
     ApplyLate(row, measured);
   } else if (same_stamp) {

@@ -48,16 +48,11 @@ struct PageRows<CAN_ReadDB29> {
     const auto i = static_cast<std::int16_t>(position);
     return {table.CAN29_Received_ID(i), static_cast<std::int16_t>(table.CAN29_ArrayNo(i))};
   }
-  /// The E column, then eight digits. A negative identifier is below every threshold, so it gets
-  /// seven zeros and then the eight digits of its two's complement.
+  /// The E column and the identifier.
   static void AppendID(const CAN_ReadDB29& table, std::int32_t position, StringBuilder& text) {
     const auto i = static_cast<std::int16_t>(position);
     text.Append(table.CAN29_ExtendFlag(i) == 1 ? StringView(u"* ") : StringView(u"  "));
-    const std::int32_t id = table.CAN29_Received_ID(i);
-    std::size_t zeros = 7;
-    for (std::int32_t above = 0xF; zeros > 0 && id > above; above = above << 4 | 0xF) --zeros;
-    text.Append(StringView(u"0000000").substr(0, zeros));
-    text.Append(HexText(id));
+    text.Append(HexID29Text(table.CAN29_Received_ID(i)));
   }
 };
 

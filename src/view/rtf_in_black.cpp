@@ -57,12 +57,12 @@ Token Tokens::Next() {
 
 /// What the document's colour table says, and where it is.
 struct ColourTable {
-  std::vector<bool> defined;  // by the numbers of the colours
-  const char* end = nullptr;  // its closing brace; null without a table
+  std::int32_t count = 0;             // of its entries, whose numbers begin with 0
+  std::vector<std::int32_t> defined;  // numbers of those with a colour, rising
+  const char* end = nullptr;          // its closing brace; null without a table
 
   [[nodiscard]] bool Defines(std::int32_t number) const {
-    return number >= 0 && static_cast<std::size_t>(number) < defined.size() &&
-           defined[static_cast<std::size_t>(number)];
+    return std::ranges::binary_search(defined, number);
   }
 };
 
@@ -79,7 +79,8 @@ ColourTable FindColourTable(std::string_view rtf) {
       break;
     }
     if (token.text == ";") {
-      table.defined.push_back(defined);
+      if (defined) table.defined.push_back(table.count);
+      ++table.count;
       defined = false;
     } else if (token.word == "red" || token.word == "green" || token.word == "blue") {
       defined = true;
@@ -93,8 +94,8 @@ ColourTable FindColourTable(std::string_view rtf) {
 std::string RtfInBlack(std::string_view rtf) {
   ColourTable table = FindColourTable(rtf);
   constexpr std::string_view kBlack = "\\red0\\green0\\blue0;";
-  if (table.end == nullptr) table.defined.assign(1, false);
-  const std::string black = "\\cf" + std::to_string(table.defined.size());
+  if (table.end == nullptr) table = {.count = 1, .defined = {}};
+  const std::string black = "\\cf" + std::to_string(table.count);
 
   std::string result;
   result.reserve(rtf.size() + rtf.size() / 8);

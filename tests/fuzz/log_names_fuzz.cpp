@@ -103,11 +103,7 @@ class Names {
   void JudgeSnapshot() {
     const Disk before = OnDisk();
     machine_.RTB_MainView.Text(u"page");
-    IME_Function::SaveSnapshotFile(device_, {.files = machine_.files,
-                                             .folders = machine_.folders,
-                                             .wall_clock = machine_.wall_clock,
-                                             .message_box = machine_.message_box,
-                                             .RTB_MainView = machine_.RTB_MainView});
+    IME_Function::SaveSnapshotFile(device_, outside_, machine_.RTB_MainView);
     const auto written = Newcomer(before);
     const String& said = machine_.message_box.Boxes().back().text;
     const bool is_asked = device_.t_SaveFormat != 0;
@@ -115,6 +111,7 @@ class Names {
   }
 
   MemoryPlatform machine_;
+  platform::Platform outside_ = machine_.Platform();
   ELM327_Info device_{kFolder};
   Excel_OutputDB log_{{.events = machine_.events,
                        .files = machine_.files,

@@ -5,22 +5,26 @@
 #include <algorithm>
 
 #include "logging/log_naming.h"
-#include "platform/memory/dialogs/message_box.h"
-#include "platform/memory/rich_text/rich_text_view.h"
-#include "tests/logging/log_test.h"
+#include "platform/memory/memory_platform.h"
+#include "run/elm327_info.h"
 
 namespace tolvane {
 namespace {
 
 using Kind = platform::memory::MessageBox::Kind;
 
-class Snapshot : public LogTest {
- protected:
-  Snapshot() { RTB_MainView.Text(u"ID  表"); }
+constexpr StringView kDesktop = u"C:\\Users\\tester\\Desktop";
 
-  void Save() {
-    IME_Function::SaveSnapshotFile(device, {files, folders, wall_clock, message_box, RTB_MainView});
+class Snapshot : public testing::Test {
+ protected:
+  Snapshot() {
+    device.Param_ALL_Clear();
+    files.AddFolder(u"C:\\Tolvane");
+    files.AddFolder(kDesktop);
+    memory_.RTB_MainView.Text(u"ID  表");
   }
+
+  void Save() { IME_Function::SaveSnapshotFile(device, outside_, memory_.RTB_MainView); }
 
   void ExpectLastBox(Kind kind, StringView text) {
     ASSERT_FALSE(message_box.Boxes().empty());
@@ -31,27 +35,29 @@ class Snapshot : public LogTest {
 
   void AddSnapshots(std::int32_t last) {
     for (std::int32_t number = 1; number <= last; ++number) {
-      String path = u"C:\\Tolvane\\KS26112009-";
+      String path = u"C:\\Tolvane\\KS26010509-";
       files.AddFile(path.append(FileNumberText(number)).append(u".txt"), "old");
     }
   }
 
-  platform::EventGate gate;
-  platform::memory::MessageBox message_box{journal, gate};
-  platform::memory::RichTextView RTB_MainView{journal, files};
+  platform::memory::MemoryPlatform memory_;
+  platform::Platform outside_ = memory_.Platform();
+  platform::memory::FileSystem& files = memory_.files;
+  platform::memory::MessageBox& message_box = memory_.message_box;
+  ELM327_Info device{u"C:\\Tolvane"};
 };
 
 TEST_F(Snapshot, PlainTextIsInTheSystemCodePage) {
   device.t_SaveFormat = 2;
   Save();
-  EXPECT_EQ(files.Bytes(u"C:\\Tolvane\\KS26112009-001.txt"), "ID  \x95\x5c");
+  EXPECT_EQ(files.Bytes(u"C:\\Tolvane\\KS26010509-001.txt"), "ID  \x95\x5c");
   ExpectLastBox(Kind::kPlain, u"保存しました");
 }
 
 TEST_F(Snapshot, RichTextHasItsExtensionAndFormat) {
   device.t_SaveFormat = 1;
   Save();
-  const auto bytes = files.Bytes(u"C:\\Tolvane\\KS26112009-001.rtf");
+  const auto bytes = files.Bytes(u"C:\\Tolvane\\KS26010509-001.rtf");
   ASSERT_TRUE(bytes.has_value());
   EXPECT_TRUE(bytes->starts_with("{\\rtf1"));
 }
@@ -60,20 +66,20 @@ TEST_F(Snapshot, EverySearchStartsAtOne) {
   device.t_SaveFormat = 2;
   Save();
   Save();
-  EXPECT_TRUE(files.FileExists(u"C:\\Tolvane\\KS26112009-002.txt"));
-  files.Remove(u"C:\\Tolvane\\KS26112009-001.txt");
+  EXPECT_TRUE(files.FileExists(u"C:\\Tolvane\\KS26010509-002.txt"));
+  files.Remove(u"C:\\Tolvane\\KS26010509-001.txt");
   Save();
-  EXPECT_TRUE(files.FileExists(u"C:\\Tolvane\\KS26112009-001.txt"));
-  wall_clock.Set({2026, 11, 20, 5, 10, 0, 0});
+  EXPECT_TRUE(files.FileExists(u"C:\\Tolvane\\KS26010509-001.txt"));
+  memory_.wall_clock.Set({2026, 1, 5, 1, 10, 0, 0});
   Save();
-  EXPECT_TRUE(files.FileExists(u"C:\\Tolvane\\KS26112010-001.txt"));
+  EXPECT_TRUE(files.FileExists(u"C:\\Tolvane\\KS26010510-001.txt"));
 }
 
 TEST_F(Snapshot, TheSearchLetsNoEventIn) {
   device.t_SaveFormat = 2;
   AddSnapshots(20);
   Save();
-  EXPECT_EQ(events.Yields(), 0);
+  EXPECT_EQ(memory_.events.Yields(), 0);
 }
 
 TEST_F(Snapshot, Number999IsTheLast) {
@@ -81,7 +87,7 @@ TEST_F(Snapshot, Number999IsTheLast) {
   AddSnapshots(998);
   Save();
   ExpectLastBox(Kind::kPlain, u"保存しました");
-  EXPECT_TRUE(files.FileExists(u"C:\\Tolvane\\KS26112009-999.txt"));
+  EXPECT_TRUE(files.FileExists(u"C:\\Tolvane\\KS26010509-999.txt"));
   Save();
   ExpectLastBox(Kind::kCritical, u"ファイルがいっぱいです");
   EXPECT_EQ(files.Files(u"C:\\Tolvane").size(), 999U);
@@ -111,9 +117,9 @@ TEST_F(Snapshot, MissingNamedFolderBecomesTheDesktop) {
   device.t_SaveFilePath_mode = 2;
   device.t_SaveFilePath = u"E:\\Gone";
   Save();
-  EXPECT_EQ(device.t_SaveFilePath, u"D:\\Desktop");
-  EXPECT_TRUE(files.FileExists(u"D:\\Desktop\\KS26112009-001.txt"));
-  EXPECT_NE(device.t_LogSaveFilePath, u"D:\\Desktop") << "logs have a setting of their own";
+  EXPECT_EQ(device.t_SaveFilePath, kDesktop);
+  EXPECT_TRUE(files.FileExists(String(kDesktop) + u"\\KS26010509-001.txt"));
+  EXPECT_NE(device.t_LogSaveFilePath, kDesktop) << "logs have a setting of their own";
 }
 
 TEST_F(Snapshot, AnUnknownFolderModeHasNoFolder) {
@@ -121,8 +127,8 @@ TEST_F(Snapshot, AnUnknownFolderModeHasNoFolder) {
   device.t_SaveFilePath_mode = 3;
   Save();
   ExpectLastBox(Kind::kCritical, u"スナップショットを保存できませんでした。");
-  const auto& lines = journal.Lines();
-  EXPECT_EQ(std::ranges::count(lines, "RTB_MainView.SaveFile(\"\\KS26112009-001.txt\")"), 1);
+  const auto& lines = memory_.journal.Lines();
+  EXPECT_EQ(std::ranges::count(lines, "RTB_MainView.SaveFile(\"\\KS26010509-001.txt\")"), 1);
 }
 
 }  // namespace

@@ -56,6 +56,17 @@ TEST_P(SessionEndOutput, RecordsOfAFailedFlushComeAheadOfTheCurrentOnes) {
   EXPECT_EQ(FileCount(), 2U);
 }
 
+TEST_P(SessionEndOutput, ATimeIsFilledUpToTenCharactersAndALongerOneStays) {
+  Begin(0);
+  Record11(12345678.5, 0x100);
+  Record11(1234567.25, 0x100);
+  Record11(12345678.25, 0x100);
+  EndSession();
+  EXPECT_TRUE(SameBytes(LogBytes(u"001"), head11_ + "12345678.5 , 100 , 2 ,  00,1A\r\n"
+                                                    "1234567.25 , 100 , 2 ,  00,1A\r\n"
+                                                    "12345678.25 , 100 , 2 ,  00,1A\r\n"));
+}
+
 TEST_P(SessionEndOutput, RecordsOfTheSecondChannelAreNotLostEither) {
   Begin(0);
   db.Excel_DB_ArayyCh = 2;

@@ -36,7 +36,7 @@ TEST(ReceiveRecord, BeginsEmptyAndKeepsWhatAReadDoesNotWrite) {
     }};
     bench.Run(binding, WorkerKind::FormBG,
               {{.id = 0x11, .dlc = 3}, {.id = 0x12, .data = {11, 12, 13, 14, 15, 16, 17, 18}}});
-    const CAN_ReadDB& frames = bench.workers.FormBG.Frames();
+    const CAN_ReadDB& frames = *bench.workers.FormBG_tables.frames;
     EXPECT_EQ(StoredBytes(frames, 0x11), (Bytes{1, 2, 3}));
     EXPECT_EQ(StoredBytes(frames, 0x12), (Bytes{11, 12, 13, 14, 15, 16, 17, 18}));
     EXPECT_EQ(StoredBytes(frames, 0x13), (Bytes{9, 8, 13, 14, 15, 16, 17, 18}));

@@ -141,7 +141,7 @@ TEST(RefusedRate, TenKbitIsTakenByKvaser) {
   bench.device.t_bitRate = 7;
   bench.Run(AdapterKind::kKvaser, WorkerKind::FormBG, {{.id = 0x10}});
   EXPECT_TRUE(bench.message_box.Boxes().empty());
-  EXPECT_EQ(bench.workers.FormBG.Frames().CAN11_Received(0x10), 3);
+  EXPECT_EQ(bench.workers.FormBG_tables.frames->CAN11_Received(0x10), 3);
 }
 
 TEST(FailedSubfolder, StopsTheRunBeforeAnythingIsOpened) {
@@ -172,10 +172,10 @@ TEST(FailedSubfolder, ComesAfterTheTablesOfAnInterfaceRunOnly) {
       bench.device.t_LogComment = u"bench";
       bench.files.Protect(u"C:\\Tolvane", true);
       bench.Run(binding, worker);
-      const std::uint8_t left[] = {bench.workers.FormBG.Frames().CAN11_Received(0x10),
-                                   bench.workers.FormBG2.Frames().CAN11_Received(0x10),
-                                   bench.workers.FormBG_29.Frames().CAN29_Received(0),
-                                   bench.workers.FormBG2_29.Frames().CAN29_Received(0)};
+      const std::uint8_t left[] = {bench.workers.FormBG_tables.frames->CAN11_Received(0x10),
+                                   bench.workers.FormBG2_tables.frames->CAN11_Received(0x10),
+                                   bench.workers.FormBG_29_tables.frames->CAN29_Received(0),
+                                   bench.workers.FormBG2_29_tables.frames->CAN29_Received(0)};
       EXPECT_EQ(left[static_cast<std::size_t>(worker)], binding == AdapterKind::kInterface ? 0 : 3)
           << WayName(binding, worker);
     }
@@ -194,8 +194,8 @@ TEST(LostAdapter, IsSurvivedInSilence) {
                     idle, idle, [&] { bench.Play(binding, {{.id = 0x11}}); }};
     bench.Run(binding, WorkerKind::FormBG, {{.id = 0x10}});
     EXPECT_TRUE(bench.message_box.Boxes().empty());
-    EXPECT_EQ(bench.workers.FormBG.Frames().CAN11_Received(0x10), 3);
-    EXPECT_EQ(bench.workers.FormBG.Frames().CAN11_Received(0x11), 3);
+    EXPECT_EQ(bench.workers.FormBG_tables.frames->CAN11_Received(0x10), 3);
+    EXPECT_EQ(bench.workers.FormBG_tables.frames->CAN11_Received(0x11), 3);
     EXPECT_EQ(bench.loop.Yields(), 5);
   }
 }

@@ -68,7 +68,7 @@ TEST(AcceptTest, InterfaceMasksTheIdWordOfA29BitRun) {
   bench.IFCan.frames.Play(
       {{8, 0, static_cast<std::int32_t>(0xF8000123u), kData, 0}, {8, 0, 0x60000123, kData, 0}});
   bench.Run(AdapterKind::kInterface, WorkerKind::FormBG_29);
-  const CAN_ReadDB29& frames = bench.workers.FormBG_29.Frames();
+  const CAN_ReadDB29& frames = *bench.workers.FormBG_29_tables.frames;
   ASSERT_EQ(frames.CAN29_Received_ID_Counter, 2);
   EXPECT_EQ(frames.CAN29_Received_ID(0), 0x123);
   EXPECT_EQ(frames.CAN29_ExtendFlag(0), 0);
@@ -184,7 +184,7 @@ TEST_P(Exclusion, DroppedFramesReachNeitherTableNorLog) {
   bench_.device.t_Save_ID_DisableMode = 1;
   bench_.LogToCsv();
   bench_.Run(GetParam(), WorkerKind::FormBG2);
-  EXPECT_EQ(bench_.workers.FormBG2.Frames().CAN11_Received(0x100), 0);
+  EXPECT_EQ(bench_.workers.FormBG2_tables.frames->CAN11_Received(0x100), 0);
   EXPECT_EQ(bench_.Records(),
             "         0 , 0FF , 8 ,  01,02,03,04,05,06,07,08\r\n"
             "         0 , 200 , 8 ,  01,02,03,04,05,06,07,08\r\n");
@@ -195,7 +195,7 @@ TEST_P(Exclusion, DroppedFramesDoNotYieldAndDoNotTouchTheTimeLine) {
   bench_.Play(GetParam(), {{.id = 0x150, .time = 100}, {.id = 0x050, .time = 350}});
   bench_.Run(GetParam(), WorkerKind::FormBG2);
   EXPECT_EQ(bench_.loop.Yields(), 1);  // the empty queue
-  EXPECT_EQ(bench_.workers.FormBG2.Frames().CAN11_ReceivedTime(0x050), 0.0);
+  EXPECT_EQ(bench_.workers.FormBG2_tables.frames->CAN11_ReceivedTime(0x050), 0.0);
 }
 
 INSTANTIATE_TEST_SUITE_P(AllAdapters, Exclusion, testing::ValuesIn(kAllBindings));

@@ -52,8 +52,8 @@ TEST(Disconnect, IsSeenOnlyAtTheTopOfAPass) {
   bench.Play(kCanusb, {{.id = 0x10}, {.id = 0x11}});
   bench.qxt100.OnRead([&] { bench.RxFlag = 0; });  // in the middle of the first frame
   bench.Run(kCanusb, kFormBG);
-  EXPECT_EQ(bench.workers.FormBG.Frames().CAN11_Received(0x10), 3);
-  EXPECT_EQ(bench.workers.FormBG.Frames().CAN11_Received(0x11), 0);
+  EXPECT_EQ(bench.workers.FormBG_tables.frames->CAN11_Received(0x10), 3);
+  EXPECT_EQ(bench.workers.FormBG_tables.frames->CAN11_Received(0x11), 0);
   EXPECT_EQ(bench.Records(), "         0 , 010 , 8 ,  01,02,03,04,05,06,07,08\r\n");
 }
 
@@ -151,7 +151,7 @@ TEST(Logs, GetTheDlcAsTheAdapterReportedIt) {
     bench.Run(row.binding, kFormBG, {{.id = 0x10, .dlc = row.dlc}});
     EXPECT_EQ(bench.Records(),
               std::string("         0 , 010 , ") + row.text + " ,  01,02,03,04,05,06,07,08\r\n");
-    EXPECT_EQ(bench.workers.FormBG.Frames().CAN11_DLC(0x10), row.dlc & 255);
+    EXPECT_EQ(bench.workers.FormBG_tables.frames->CAN11_DLC(0x10), row.dlc & 255);
   }
 }
 
@@ -160,7 +160,7 @@ TEST(Logs, NegativeDlcIsLoggedAsItIsWithoutBytes) {
   bench.LogToCsv();
   bench.Run(AdapterKind::kKvaser, kFormBG, {{.id = 0x10, .dlc = -1}});
   EXPECT_EQ(bench.Records(), "         0 , 010 , -1\r\n");
-  EXPECT_EQ(bench.workers.FormBG.Frames().CAN11_DLC(0x10), 255);
+  EXPECT_EQ(bench.workers.FormBG_tables.frames->CAN11_DLC(0x10), 255);
 }
 
 TEST(Logs, HalfIsFlushedInTheLoopAfterRecord20001AndThenTheOtherFills) {

@@ -22,7 +22,7 @@ TEST(CanFlag, OfCanusbIsTheRoundedQuotientSoThatTwoIsNoStar) {
             "         0 , * , 00000001 , 0\r\n"
             "         0 ,   , 00000001 , 0\r\n"
             "         0 ,   , 00000001 , 0\r\n");
-  const CAN_ReadDB29& frames = bench.workers.FormBG_29.Frames();
+  const CAN_ReadDB29& frames = *bench.workers.FormBG_29_tables.frames;
   ASSERT_EQ(frames.CAN29_Received_ID_Counter, 4);
   EXPECT_EQ(frames.CAN29_ExtendFlag(0), 0);
   EXPECT_EQ(frames.CAN29_ExtendFlag(1), 0);
@@ -42,15 +42,15 @@ TEST(CanFlag, OfKvaserIsOneForAnyFlagButStandard) {
             "         0 , * , 00000001 , 0\r\n"
             "         0 , * , 00000001 , 0\r\n"
             "         0 , * , 00000009 , 0\r\n");
-  EXPECT_EQ(bench.workers.FormBG_29.Frames().CAN29_Received_ID_Counter, 2);
-  EXPECT_EQ(bench.workers.FormBG_29.Frames().CAN29_Received(0), 3);
+  EXPECT_EQ(bench.workers.FormBG_29_tables.frames->CAN29_Received_ID_Counter, 2);
+  EXPECT_EQ(bench.workers.FormBG_29_tables.frames->CAN29_Received(0), 3);
 }
 
 TEST(CanFlag, NegativeIdOfCanusbIsKeptAndLogged) {
   RunBench bench;
   bench.LogToCsv();
   bench.Run(kCanusb, WorkerKind::FormBG_29, {{.id = -1, .extended = true, .dlc = 0}});
-  EXPECT_EQ(bench.workers.FormBG_29.Frames().CAN29_Received_ID(0), -1);
+  EXPECT_EQ(bench.workers.FormBG_29_tables.frames->CAN29_Received_ID(0), -1);
   EXPECT_EQ(bench.Records(), "         0 , * , 0000000FFFFFFFF , 0\r\n");
 }
 

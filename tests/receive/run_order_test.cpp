@@ -152,21 +152,21 @@ TEST(RunStart, EachRunBeginsWithClearedTablesAndTimes) {
   for (const AdapterKind binding : kAllBindings) {
     RunBench bench;
     bench.Run(binding, WorkerKind::FormBG, {{.id = 0x10, .time = 500}, {.id = 0x10, .time = 700}});
-    EXPECT_EQ(bench.workers.FormBG.Frames().CAN11_ReceivedTime(0x10), 200.0);
+    EXPECT_EQ(bench.workers.FormBG_tables.frames->CAN11_ReceivedTime(0x10), 200.0);
     bench.Run(binding, WorkerKind::FormBG, {{.id = 0x11, .time = 900}});
-    EXPECT_EQ(bench.workers.FormBG.Frames().CAN11_Received(0x10), 0);
-    EXPECT_EQ(bench.workers.FormBG.Frames().CAN11_ReceivedTime(0x11), 0.0);
+    EXPECT_EQ(bench.workers.FormBG_tables.frames->CAN11_Received(0x10), 0);
+    EXPECT_EQ(bench.workers.FormBG_tables.frames->CAN11_ReceivedTime(0x11), 0.0);
     bench.Run(binding, WorkerKind::FormBG_29, {{.id = 0x10}, {.id = 0x12}});
     bench.Run(binding, WorkerKind::FormBG_29, {{.id = 0x11, .time = 900}});
-    EXPECT_EQ(bench.workers.FormBG_29.Frames().CAN29_Received_ID_Counter, 1);
-    EXPECT_EQ(bench.workers.FormBG_29.Frames().CAN29_Received_ID(0), 0x11);
+    EXPECT_EQ(bench.workers.FormBG_29_tables.frames->CAN29_Received_ID_Counter, 1);
+    EXPECT_EQ(bench.workers.FormBG_29_tables.frames->CAN29_Received_ID(0), 0x11);
   }
 }
 
 TEST(RunStart, TableSurvivesTheEndOfARun) {
   RunBench bench;
   bench.Run(AdapterKind::kCanusb, WorkerKind::FormBG, {{.id = 0x10}});
-  EXPECT_EQ(bench.workers.FormBG.Frames().CAN11_Received(0x10), 3);
+  EXPECT_EQ(bench.workers.FormBG_tables.frames->CAN11_Received(0x10), 3);
 }
 
 TEST(RunStart, FootOfThePageIsMadeOnceFromTheSettings) {

@@ -40,7 +40,7 @@ TEST_P(AdapterPrecision, ChangedInEachReadItChangesNoSum) {
     bench.device.t_dividend_ratio = 0.7;
     bench.Run(binding, WorkerKind::FormBG,
               {{.id = 1}, {.id = 2, .time = 1}, {.id = 3, .time = 13}});
-    EXPECT_EQ(bench.workers.FormBG.Frames().CAN11_ReceivedTime(3), 9.1)
+    EXPECT_EQ(bench.workers.FormBG_tables.frames->CAN11_ReceivedTime(3), 9.1)
         << WayName(binding, WorkerKind::FormBG);
   }
 }
@@ -58,7 +58,7 @@ TEST(RunPrecision, ASupportLibraryThatChangesItChangesNoSumOfTheComputersClock) 
   bench.Run(AdapterKind::kCanusb, WorkerKind::FormBG, {{.id = 1}, {.id = 2}});
   ControlWord(before);
   // The clock is read twice for each frame.
-  EXPECT_EQ(bench.workers.FormBG.Frames().CAN11_ReceivedTime(2), 2 * 33'554'433.0);
+  EXPECT_EQ(bench.workers.FormBG_tables.frames->CAN11_ReceivedTime(2), 2 * 33'554'433.0);
 }
 
 INSTANTIATE_TEST_SUITE_P(Foreign, AdapterPrecision,

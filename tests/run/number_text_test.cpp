@@ -114,6 +114,22 @@ TEST(HexID11Text, PadsToThreeDigits) {
   EXPECT_EQ(HexID11Text(-1).View(), u"00FFFFFFFF");
 }
 
+TEST(HexText, HasZerosInFrontUpToItsDigitsAndIsNeverCut) {
+  EXPECT_EQ(HexText(0, 5).View(), u"00000");
+  EXPECT_EQ(HexText(0x1AB, 5).View(), u"001AB");
+  EXPECT_EQ(HexText(0xABCDE, 5).View(), u"ABCDE");
+  EXPECT_EQ(HexText(0xABCDEF, 5).View(), u"ABCDEF");
+}
+
+TEST(HexID29Text, PadsToEightDigits) {
+  EXPECT_EQ(HexID29Text(0).View(), u"00000000");
+  EXPECT_EQ(HexID29Text(0xF).View(), u"0000000F");
+  EXPECT_EQ(HexID29Text(0x10).View(), u"00000010");
+  EXPECT_EQ(HexID29Text(0xFFFFFFF).View(), u"0FFFFFFF");
+  EXPECT_EQ(HexID29Text(0x10000000).View(), u"10000000");
+  EXPECT_EQ(HexID29Text(-1).View(), u"0000000FFFFFFFF");
+}
+
 TEST(HexSettingText, ZeroAloneHasOneDigit) {
   EXPECT_EQ(HexSettingText(0).View(), u"0");
   EXPECT_EQ(HexSettingText(1).View(), u"001");

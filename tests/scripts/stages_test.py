@@ -237,6 +237,13 @@ class Stages(unittest.TestCase):
         self.assertEqual(["broken", f"-- failed: bad (the whole output: {self.folder}/build/test-results/bad.log)",
                           "-- skipped: away: why", "1 1 1"], output.splitlines())
 
+    def test_what_failed_is_kept_for_the_end(self):
+        ctest = """echo broken; while [ "$1" != --output-junit ]; do shift; done
+            echo '<testsuite><testcase name="bad" status="fail"/></testsuite>' >"$2\""""
+        output = self.bash(self.played("ctest", ctest) + """rm -rf "$results"; exec 3>&1 >/dev/null
+            count_failed "no prefix"; run_ctest unit native; cat "$failures" >&3""")
+        self.assertEqual(["failed: no prefix", "failed: bad"], output.splitlines())
+
     def played(self, tool: str, script: str) -> str:
         """What makes a shell find the tool."""
         path = self.folder / "bin" / tool

@@ -24,7 +24,8 @@ CASES = """<testsuites><testsuite name="S">
 <testcase classname="S" name="skips" status="run"><skipped message="a_test.cpp:3&#x0A;not in this language&#x0A;"/></testcase>
 {}
 </testsuite></testsuites>"""
-BAD_CASE = '<testcase classname="S" name="bad" status="run"><failure message=""/></testcase>'
+BAD_CASE = '<testcase classname="S" name="bad" status="run">' \
+           '<failure message="a_test.cpp:7&#x0A;  three&#x0A;four"/><failure message="a_test.cpp:9"/></testcase>'
 
 
 class Counts(unittest.TestCase):
@@ -45,7 +46,8 @@ class Counts(unittest.TestCase):
 
     def test_the_cases_of_a_binary_stand_for_its_entry(self):
         entry = '<testsuite><testcase name="binary" status="fail"/></testsuite>'
-        self.assertEqual(["1 1 1", "failed: S.bad", "skipped: S.skips: not in this language"],
+        self.assertEqual(["1 1 1", "failed: S.bad: a_test.cpp:7 three four; a_test.cpp:9",
+                          "skipped: S.skips: not in this language"],
                          self.count(entry, binary=CASES.format(BAD_CASE)))
 
     def test_a_binary_that_failed_without_a_failed_case_counts_as_one_failure_more(self):

@@ -77,7 +77,7 @@ TEST_F(IfcanBenchTest, FramesComeOnlyBetweenActivationAndDeactivation) {
   EXPECT_EQ(Receive(handle), kEmpty);
   EXPECT_EQ(Activate(handle), 0);
   bench_.Advance(1'000'000);
-  EXPECT_EQ(Receive(handle), 0) << "the traffic begins anew";
+  EXPECT_EQ(Receive(handle), 0) << "the traffic begins again";
 }
 
 TEST_F(IfcanBenchTest, ARecordSaysWhatWasOnTheBus) {

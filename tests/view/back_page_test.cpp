@@ -15,6 +15,17 @@ using PaintedRuns = std::vector<platform::ColourRun>;
 constexpr std::int32_t kLowest = std::numeric_limits<std::int32_t>::min();
 constexpr std::int32_t kHighest = std::numeric_limits<std::int32_t>::max();
 
+/// What the page hands over; it has to be given a new text then.
+class Finished {
+ public:
+  explicit Finished(BackPage& page) { page.SwapInto(view_); }
+  const platform::RichTextPage* operator->() const { return view_.page.get(); }
+
+ private:
+  TickCalls calls_;
+  BedView view_{calls_};
+};
+
 TEST(BackPage, PaintingIsClampedToThePage) {
   struct Row {
     const char* label;
@@ -35,14 +46,21 @@ TEST(BackPage, PaintingIsClampedToThePage) {
   for (const Row& row : rows) {
     SCOPED_TRACE(row.label);
     BackPage page;
-    page.Text(u"0123456789");
-    page.SelStart(row.start);
-    page.SelLength(row.length);
+    const auto select = [&] {
+      page.Text(u"0123456789");
+      page.SelStart(row.start);
+      page.SelLength(row.length);
+    };
+    select();
     page.SelColor(7);
-    EXPECT_EQ(page.Page().colours.Runs(), row.painted);
-    EXPECT_EQ(page.Page().backgrounds.Runs(), PaintedRuns{});
+    const Finished coloured(page);
+    EXPECT_EQ(coloured->colours.Runs(), row.painted);
+    EXPECT_EQ(coloured->backgrounds.Runs(), PaintedRuns{});
+    select();
     page.Back_Set_Char_Effect(7);
-    EXPECT_EQ(page.Page().backgrounds.Runs(), row.painted);
+    const Finished marked(page);
+    EXPECT_EQ(marked->colours.Runs(), PaintedRuns{});
+    EXPECT_EQ(marked->backgrounds.Runs(), row.painted);
   }
 }
 
@@ -54,11 +72,19 @@ TEST(BackPage, NewTextDropsAllFormats) {
   page.SelColor(1);
   page.Back_Set_Char_Effect(2);
   page.Text(u"abc");
-  EXPECT_EQ(page.Page().text, u"abc");
-  EXPECT_EQ(page.Page().colours.Runs(), PaintedRuns{});
-  EXPECT_EQ(page.Page().backgrounds.Runs(), PaintedRuns{});
+  const Finished renewed(page);
+  EXPECT_EQ(renewed->text, u"abc");
+  EXPECT_EQ(renewed->colours.Runs(), PaintedRuns{});
+  EXPECT_EQ(renewed->backgrounds.Runs(), PaintedRuns{});
+}
+
+TEST(BackPage, NewTextDropsTheSelection) {
+  BackPage page;
+  page.SelStart(0);
+  page.SelLength(5);
+  page.Text(u"abc");
   page.SelColor(1);
-  EXPECT_EQ(page.Page().colours.Runs(), PaintedRuns{});
+  EXPECT_EQ(Finished(page)->colours.Runs(), PaintedRuns{});
 }
 
 TEST(BackPage, TheFinishedPageCrossesWhole) {

@@ -59,9 +59,16 @@ PageCommandsBase::Items PageCommandsBase::OpenPopUp(HWND target, UINT message,
   PostMessageW(target, message, 0, lparam);
   EXPECT_TRUE(WaitUntil([&] { return PopUp() != nullptr; }));
   const Items enabled = EnabledItems();
-  (void)Send(main_.Handle(), WM_CANCELMODE, 0, 0);
-  EXPECT_TRUE(WaitUntil([&] { return PopUp() == nullptr; }));
+  ClosePopUp();
   return enabled;
+}
+
+void PageCommandsBase::ClosePopUp() const {
+  // A menu that has its window but does not listen yet misses it.
+  EXPECT_TRUE(WaitUntil([&] {
+    (void)Send(main_.Handle(), WM_CANCELMODE, 0, 0);
+    return PopUp() == nullptr;
+  }));
 }
 
 PageCommandsBase::Items PageCommandsBase::OpenPopUp() const {

@@ -33,6 +33,8 @@ class PageCommandsBase : public LogRun {
                                 LPARAM lparam = MAKELPARAM(5, 5)) const;
   /// Over the page's control.
   [[nodiscard]] Items OpenPopUp() const;
+  /// Closes the one that is open; tries until it has gone.
+  void ClosePopUp() const;
 
   /// Copies; the clipboard then has the text in both forms.
   void ExpectCopied(int command, const std::wstring& text) const;

@@ -13,7 +13,7 @@ namespace tolvane::window {
 constexpr const wchar_t* kMainWindowClass = L"TolvaneMainWindow";
 
 /// One process of the real program, started in a folder of its own. The process ends with the
-/// object, by force if need be.
+/// object, by force if it does not end by itself.
 class DrivenProgram {
  public:
   /// Starts `executable` with its folder as the working folder.

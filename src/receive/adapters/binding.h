@@ -13,9 +13,9 @@ struct KeyFlags {
   std::optional<std::uint8_t>
       match;  // the stored flag that counts as the same key, if there is one
   std::optional<std::uint8_t> insert;  // the flag of a new key, if the frame makes one
-  // What the log is told: 1 is an extended frame. Besides the log only the format filter asks,
-  // which is for boards alone, whose word is the frame's format exactly. The others give 1 for
-  // further frames (Kvaser) or 2 for extended remote ones (CANUSB).
+  // What the log is told: 1 for an extended frame, and with Kvaser for some other frames too; 2 for
+  // extended remote ones of a CANUSB. Of a board it is the frame's format and nothing else, so the
+  // format filter asks for it.
   std::int32_t can_Flag;
   friend bool operator==(const KeyFlags&, const KeyFlags&) = default;
 };

@@ -13,9 +13,9 @@
 namespace tolvane {
 
 /// A bit rate, and what each kind of adapter calls it; nothing where the kind lacks it. The
-/// settings' dialog shows by colours which kinds have it, and RateColours holds these together.
+/// settings' dialog shows by colours which kinds have it.
 struct BitRate {
-  StringView text;  // in the window and the logs
+  StringView text;  // in the windows and the logs
   StringView canusb;
   std::optional<std::int32_t> interface_board;
   std::optional<std::int32_t> kvaser;

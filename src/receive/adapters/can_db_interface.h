@@ -21,13 +21,14 @@ class CAN_DB_Interface : public ArayyClear {
   /// Writes every start value. Called once, at start-up.
   void Param_ALL_Clear() { *this = CAN_DB_Interface(); }
 
-  std::int32_t Interface_CAN_FindCount = 0;  // ports found
-  std::int32_t Interface_CAN_FindCount_MAX = kArayy_MAX;
+  std::int32_t Interface_CAN_FindCount = 0;               // ports found
+  std::int32_t Interface_CAN_FindCount_MAX = kArayy_MAX;  // nothing reads it
   std::int32_t Interface_CAN_SelectNo = 0;  // 1-based place of the selected port in the found list
   String Interface_CAN_Handle = u"0";       // decimal text, converted at every use
   Ports Interface_CAN_FindNo;               // n of PortName
 
-  // The found ports' information records.
+  // The found ports' information records. Nothing reads ulStructLength, ulVendorID, ulBoardID and
+  // ulModelNumber.
   Ports IfCAN_info_ulStructLength;
   Ports IfCAN_info_ulVendorID;
   Ports IfCAN_info_ulDeviceID;

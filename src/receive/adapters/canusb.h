@@ -10,7 +10,7 @@ namespace tolvane {
 /// canusb_Open; everything that no comment speaks of is declared for completeness and not used.
 class CANUSB {
  public:
-  /// Writes every value anew. Called once, at start-up.
+  /// Writes every value again. Called once, at start-up.
   void Param_ALL_Clear() { *this = CANUSB(); }
 
   // The bounds of identifiers, of the other adapter kinds too: see id_limits.h.

@@ -10,7 +10,7 @@ namespace tolvane {
 /// words; those with bit 31 set are negative numbers here.
 class InterfaceCAN {
  public:
-  /// Writes every value anew. Called once, at start-up.
+  /// Writes every value again. Called once, at start-up.
   void Param_ALL_Clear() { *this = InterfaceCAN(); }
 
   /// English text of a status of the library, empty for success and for an unknown one.

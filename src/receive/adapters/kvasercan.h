@@ -10,7 +10,7 @@ namespace tolvane {
 /// other families are left out; nothing uses them.
 class KvaserCAN {
  public:
-  /// Writes every value anew. Called once, at start-up.
+  /// Writes every value again. Called once, at start-up.
   void Param_ALL_Clear() { *this = KvaserCAN(); }
 
   std::int32_t canBITRATE_1M = -1;

@@ -135,11 +135,7 @@ void Form1::Bt_Disconnect_Click() {
 void Form1::Bt_ViewClear_Click() { window_.RTB_MainView.Text(u""); }
 
 void Form1::Bt_SaveFile_Click() {
-  IME_Function::SaveSnapshotFile(device, {.files = platform_.files,
-                                          .folders = platform_.folders,
-                                          .wall_clock = platform_.wall_clock,
-                                          .message_box = platform_.message_box,
-                                          .RTB_MainView = window_.RTB_MainView});
+  IME_Function::SaveSnapshotFile(device, platform_, window_.RTB_MainView);
 }
 
 void Form1::Cmb_Serect_Device_Click() {

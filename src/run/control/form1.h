@@ -18,14 +18,70 @@
 
 namespace tolvane {
 
-/// The main window as the controller of everything: one class in two folders. Each method is
-/// declared below under its file, which lies where what it includes lets it:
+/// The main window as the controller of everything: one class in two folders. Each method lies
+/// where what it needs lets it. By file, the methods and what they need:
 ///
-///   run/control/form1.cpp      a run and the choice of its adapter: workers, logs, discovery
-///   run/control/view_menu.cpp  the page's events and the items of its pop-up menu: the end of a
-///                              run makes up for what the menu missed
-///   shell/application.cpp      the life of the process: settings files and office programs as well
-///   shell/view_commands.cpp    the page as a notebook: the page alone, but a subject of the shell
+///   run/control/form1.cpp: a run and the choice of its adapter
+///     Form1                          the outside, the workers
+///     Bt_Connect_Click               the stages below, in their order
+///     Lock_Window                    the window's controls, run_protection
+///     Open_Spreadsheet_Server        logging/spreadsheet_server.h
+///     Take_Comment                   the comment's box, the settings
+///     Run_Worker                     the workers, the adapters' records
+///     Put_Window_Back                the window's controls, run_protection
+///     Close_Spreadsheet_Server       logging/spreadsheet_server.h
+///     Bt_Disconnect_Click            RxFlag
+///     Bt_ViewClear_Click             the page
+///     Bt_SaveFile_Click              logging/ime_function.h
+///     Cmb_Serect_Device_Click        the list of adapters
+///     Device_Select                  shell/discovery/device_select.h
+///     Trimmed_Comment                the comment's box
+///     Store_Comment                  the settings
+///
+///   run/control/view_menu.cpp: events of the page; the end of a run makes up for what they missed
+///     RTB_MainView_SelChange         the timer of FormBG
+///     RTB_MainView_ContextMenu       the timer of FormBG, the menu
+///     RTB_MainView_GotFocus          the timer of FormBG, the status line
+///     Set_View_Menu                  the items of the menu
+///     Set_View_Menu_At_Start         the same, of an empty page
+///     Set_View_Menu_After_Run        RTB_MainView_SelChange
+///     Clipboard_Has_Text             the clipboard
+///
+///   shell/application.cpp: the life of the process, with settings files and office programs
+///     Form_Load                      single_instance
+///     Application_Open               config/filesavesystem.h, shell/discovery
+///     Clear_All_Parameters           all records
+///     Search_Devices                 shell/discovery/adapter_discovery.h
+///     Found_Any_Device               the adapters' records
+///     List_Devices                   shell/discovery/adapter_discovery.h
+///     Restore_View                   config/filesavesystem.h
+///     Check_Office                   shell/common_function.h
+///     Splash_Step                    the splash
+///     End_Start                      run/stop_message.h
+///     ClosingIsRefused               the page, RxFlag, the timer of FormBG
+///     Form_QueryUnload               Save_For_Next_Start
+///     Session_Ends                   the log of the run, Save_For_Next_Start
+///     Save_For_Next_Start            config/filesavesystem.h
+///     Form_Unload                    the other forms
+///     menu_file_close_Click          the window
+///
+///   shell/view_commands.cpp: the page as a notebook: the page alone, but a subject of the shell
+///     To_Clipboard                   the clipboard
+///     menu_View_All_Copy_Click       To_Clipboard
+///     menu_View_Ctrl_Z_Click         the page
+///     menu_View_Ctrl_X_Click         the two commands that it joins
+///     menu_View_Ctrl_C_Click         To_Clipboard
+///     menu_View_Ctrl_V_Click         the clipboard
+///     menu_View_DEL_Click            the page
+///     menu_View_Text_Red_Click       the page
+///     menu_View_Text_Blue_Click      the page
+///     menu_View_Text_Black_Click     the page
+///     menu_View_Marker_Pink_Click    View_Set_Char_Effect
+///     menu_View_Marker_Yellow_Click  View_Set_Char_Effect
+///     menu_View_Marker_black_Click   View_Set_Char_Effect
+///     menu_View_Marker_white_Click   View_Set_Char_Effect
+///     View_Set_Char_Effect           the page
+///     menu_View_Date_Click           wall_clock, run/number_text.h
 ///
 /// Handlers run on the user-interface thread, during a run nested inside its yields.
 class Form1 {
@@ -33,8 +89,6 @@ class Form1 {
   /// `executable_folder` without a trailing backslash.
   Form1(const platform::Platform& platform, const platform::MainWindow& window,
         String executable_folder);
-
-  // shell/application.cpp
 
   /// The whole start; returns when the program waits for the user, or when the start has failed
   /// and the window is unloaded. Yields and shows message boxes. The window is not visible yet.
@@ -59,8 +113,6 @@ class Form1 {
   /// nobody, as it may be called from within anything that pumps messages.
   void Session_Ends();
 
-  // run/control/form1.cpp
-
   /// The whole run: returns when it has ended and the window is put back. No frame is received once
   /// the session has ended.
   void Bt_Connect_Click();
@@ -70,16 +122,12 @@ class Form1 {
   /// Raised by every selection of a line, by the user or in code.
   void Cmb_Serect_Device_Click();
 
-  // run/control/view_menu.cpp
-
   /// The pop-up's items follow the selection, but not while the timer of FormBG is on: what they
   /// miss then is made up for at the end of the run.
   void RTB_MainView_SelChange();
   /// A right click in the view, or the menu key while it has the focus.
   void RTB_MainView_ContextMenu();
   void RTB_MainView_GotFocus();
-
-  // shell/view_commands.cpp
 
   void menu_View_All_Copy_Click();
   void menu_View_Ctrl_Z_Click();
@@ -117,7 +165,7 @@ class Form1 {
   /// How far start-up came decides what closing may write.
   enum class StartUp : std::uint8_t { kNotBegun, kBegun, kSettingsRead };
 
-  // shell/application.cpp: the stages of Application_Open
+  // The stages of Application_Open
   void Clear_All_Parameters();
   void Search_Devices(std::int32_t libraries);
   [[nodiscard]] bool Found_Any_Device() const;
@@ -126,12 +174,12 @@ class Form1 {
   void Check_Office();
   /// Moves the splash's bar and lets it repaint.
   void Splash_Step(double progress);
-  /// The page and, once they were read, the settings.
-  void Save_For_Next_Start();
   /// The message of a start that cannot go on, and the closing of the window.
   void End_Start(StringView reason);
+  /// The page and, once they were read, the settings.
+  void Save_For_Next_Start();
 
-  // run/control/form1.cpp: the stages of Bt_Connect_Click
+  // The stages of Bt_Connect_Click
   void Lock_Window();
   /// False when the settings ask for a spreadsheet server that does not start, which is shown.
   [[nodiscard]] bool Open_Spreadsheet_Server();
@@ -148,14 +196,12 @@ class Form1 {
   /// Cuts to kLogComment_MAX.
   void Store_Comment(StringView comment);
 
-  // run/control/view_menu.cpp
   struct ViewMenuFacts;
   void Set_View_Menu(const ViewMenuFacts& facts);
   void Set_View_Menu_At_Start();
   void Set_View_Menu_After_Run();
   [[nodiscard]] bool Clipboard_Has_Text();
 
-  // shell/view_commands.cpp
   void To_Clipboard(StringView plain_text, StringView rich_text);
   /// How long a command may wait for the clipboard, in ms: frames wait with it in a run.
   [[nodiscard]] std::int32_t Clipboard_Patience() const { return RxFlag == 1 ? 20 : 100; }

@@ -83,16 +83,11 @@ CardData QueryCard(platform::CanlibLibrary& library, std::int32_t handle, std::i
 /// A 64-bit number whose high half is the second word.
 std::uint64_t Number64(const CardData& words) { return std::uint64_t{words[1]} << 32 | words[0]; }
 
-/// Hexadecimal digits `first` to `last` of the 16 digits of `number`, counted from 1, as a number.
-std::uint32_t Digits(std::uint64_t number, int first, int last) {
+/// Hexadecimal digits `first` to `last` of the 16 digits of `number`, counted from 1, as a number;
+/// at most seven of them.
+std::int32_t Digits(std::uint64_t number, int first, int last) {
   const std::uint64_t shifted = number >> 4 * (16 - last);
-  return static_cast<std::uint32_t>(shifted & ((std::uint64_t{1} << 4 * (last - first + 1)) - 1));
-}
-
-void AppendFiveDigits(std::uint32_t number, String& text) {
-  const ShortText digits = HexText(static_cast<std::int32_t>(number));
-  text.append(5 - digits.Length(), u'0');
-  text += digits;
+  return static_cast<std::int32_t>(shifted & ((std::uint64_t{1} << 4 * (last - first + 1)) - 1));
 }
 
 String KvaserText(platform::CanlibLibrary& library, const KvaserCAN& kvCan_u,
@@ -109,13 +104,13 @@ String KvaserText(platform::CanlibLibrary& library, const KvaserCAN& kvCan_u,
       Number64(QueryCard(library, handle, kvCan_u.canCHANNELDATA_CARD_UPC_NO));
 
   String text = u"P/N：";
-  text += HexText(static_cast<std::int32_t>(Digits(product, 1, 5)));
+  text += HexText(Digits(product, 1, 5));
   text += u'-';
-  AppendFiveDigits(Digits(product, 6, 10), text);
+  text += HexText(Digits(product, 6, 10), 5);
   text += u'-';
-  AppendFiveDigits(Digits(product, 11, 15), text);
+  text += HexText(Digits(product, 11, 15), 5);
   text += u'-';
-  text += HexText(static_cast<std::int32_t>(Digits(product, 16, 16)));
+  text += HexText(Digits(product, 16, 16));
   text += u"  S/N：";
   text += DecimalText(std::int64_t{serial});
   text += u"  FW：";

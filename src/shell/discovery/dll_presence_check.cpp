@@ -41,7 +41,7 @@ std::int32_t DLL_Presence_Check(const platform::Platform& platform, const ELM327
     if (found) present |= adapter.library_bit;
   }
   if (present == 0) {
-    // Always this one, whichever is missing: users know the message so.
+    // All are missing and one is named, always this one: users know the message so.
     const StringView named = AdapterTraitsOf(AdapterKind::kCanusb).library;
     ShowStopMessage(platform.message_box, device,
                     u"CANインタフェース用DLLが見つかりません。\r\n" + system_folder +

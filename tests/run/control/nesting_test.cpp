@@ -111,6 +111,18 @@ TEST_P(Nesting, ATickWithinATickIsDropped) {
   EXPECT_EQ(memory_.RTB_MainView.Swaps(), 1);
 }
 
+TEST_P(Nesting, AClickWithinATickFindsTheTimerOff) {
+  Run([this](int depth) {
+    if (depth == 1) return Tick();
+    bench_.Click(&Form1::RTB_MainView_ContextMenu);
+    bench_.Click(&Form1::RTB_MainView_GotFocus);
+    Disconnect();
+  });
+  EXPECT_GE(bench_.Noted("menu_View.PopUp").size(), 1U);
+  // Those of the run's start and end.
+  EXPECT_THAT(bench_.Noted("TB_Status.SetFocus"), SizeIs(2));
+}
+
 TEST_P(Nesting, WhatArrivesWithinATickIsReadBehindIt) {
   std::vector<std::string> pages;
   bool arrived = false;

@@ -19,9 +19,9 @@ constexpr std::int32_t kReadOnly = 1;
 constexpr std::int32_t kPlainFolder = 16;
 constexpr std::int32_t kPlainFile = 32;
 
-/// A disk in memory, with the manners of Windows: names in any case, blanks and periods dropped at
-/// the end of a path, paths of at most 259 characters, 247 for new folders. What is written is safe
-/// from a power cut only once it is flushed; names are at once.
+/// A disk in memory that behaves as one under Windows: names in any case, blanks and periods
+/// dropped at the end of a path, paths of at most 259 characters, 247 for new folders. What is
+/// written is safe from a power cut only once it is flushed; names are at once.
 class FileSystem : public platform::FileServices, public platform::FileSteps {
  public:
   /// `code_page` is what text files are written in.
@@ -106,9 +106,9 @@ class FileSystem : public platform::FileServices, public platform::FileSteps {
   [[nodiscard]] Entry* Find(StringView path);
   [[nodiscard]] Entry* FindFile(StringView path);
   [[nodiscard]] Entry* FindFolder(StringView path);
-  /// The file to be written, made if need be; null when that is not possible.
+  /// The file to be written, made if it is missing; null when that is not possible.
   [[nodiscard]] Entry* OpenForWriting(StringView path);
-  /// Whether only want of leave, or another program, keeps a file from being written.
+  /// True when a missing right, or another program, is all that keeps a file from being written.
   [[nodiscard]] bool IsDenied(StringView path);
   [[nodiscard]] bool IsHeld(const Entry& file) const { return file.held_until > now_; }
   [[nodiscard]] Opened OpenOutput(StringView path, bool emptied);

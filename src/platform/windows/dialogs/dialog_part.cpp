@@ -3,7 +3,9 @@
 #include <string>
 
 #include "platform/windows/dialogs/pressable_picture.h"
+#include "platform/windows/system/text.h"
 #include "platform/windows/window_parts/accessible_names.h"
+#include "run/number_text.h"
 
 namespace tolvane::platform::windows {
 namespace {
@@ -54,7 +56,7 @@ PartStyle StyleOf(PartKind kind) {
   return {WC_STATICW, kAlone | WS_TABSTOP | SS_ICON | SS_REALSIZECONTROL | SS_NOTIFY, 0};
 }
 
-/// An edit control writes at its top: it is made as high as its text wants it and stands in the
+/// An edit control writes at its top: it is made as high as its text and stands in the
 /// middle of its line, where a label beside it has its own text.
 void FitToText(HWND edit, const Dpi& dpi, HFONT font, bool has_edge) {
   const HDC screen = GetDC(nullptr);
@@ -103,7 +105,7 @@ void AddRows(HWND window, const Dpi& dpi, HFONT font, std::span<const DialogPart
              int step) {
   const AccessibleNames names;
   for (int row = 0; row < count; ++row) {
-    const std::wstring number = std::to_wstring(row + 1);
+    const std::wstring number = Wide(String(DecimalText(std::int64_t{row} + 1)));
     for (const DialogPart& part : line) {
       const HWND child = AddPart(window, dpi, font, part, row, step);
       if (part.name != nullptr) names.Name(child, (number + part.name).c_str());

@@ -2,6 +2,8 @@
 
 #include <tolvane_control_ids.h>
 #include "platform/windows/dialogs/control_colour.h"
+#include "platform/windows/system/text.h"
+#include "receive/adapters/bit_rate.h"
 
 namespace tolvane::platform::windows {
 namespace {
@@ -28,17 +30,10 @@ constexpr int kRates = kColumn1 + kInside;
 constexpr int kRateWidth = kColumn1Width - 2 * kInside;
 constexpr int RateTop(int index) { return kTop + kHead + index * kStep; }
 
-constexpr DialogPart kFirstColumn[] = {
+constexpr DialogPart kRateGroup[] = {
     {kNoId, kGroup, L"通信速度", kColumn1, kTop, kColumn1Width, kBottom - kTop},
-    {id::RB_BitRate_0, kFirstRadio, L"1M bps", kRates, RateTop(0), kRateWidth, kLine},
-    {id::RB_BitRate_1, kRadio, L"800k bps", kRates, RateTop(1), kRateWidth, kLine},
-    {id::RB_BitRate_2, kRadio, L"500k bps", kRates, RateTop(2), kRateWidth, kLine},
-    {id::RB_BitRate_3, kRadio, L"250k bps", kRates, RateTop(3), kRateWidth, kLine},
-    {id::RB_BitRate_4, kRadio, L"100k bps", kRates, RateTop(4), kRateWidth, kLine},
-    {id::RB_BitRate_5, kRadio, L"50k bps", kRates, RateTop(5), kRateWidth, kLine},
-    {id::RB_BitRate_6, kRadio, L"20k bps", kRates, RateTop(6), kRateWidth, kLine},
-    {id::RB_BitRate_7, kRadio, L"10k bps", kRates, RateTop(7), kRateWidth, kLine},
-    {id::RB_BitRate_8, kRadio, L"125k bps", kRates, RateTop(8), kRateWidth, kLine},
+};
+constexpr DialogPart kRateNotes[] = {
     {id::Label9, kLabel, L"紫・・・CANUSB、Kvaser", kRates, kBottom - 58, kRateWidth, kLine},
     {id::Label6, kLabel, L"青・・・CANUSBのみ", kRates, kBottom - 34, kRateWidth, kLine},
 };
@@ -125,9 +120,15 @@ constexpr DialogPart kThirdColumn[] = {
      kColumn3Width - kInside, kLine},
 };
 
-// The text colour of a bit rate tells which adapters offer it; black is all three kinds.
+// The text colour of a bit rate tells which adapters offer it: the notes below the rates say so.
+constexpr COLORREF kAllKinds = 0;  // the system's text colour
 constexpr COLORREF kCanusbAndKvaser = RGB(192, 0, 192);
 constexpr COLORREF kCanusbOnly = RGB(0, 0, 255);
+
+COLORREF ColourOf(const BitRate& rate) {
+  if (!rate.kvaser) return kCanusbOnly;
+  return rate.interface_board ? kAllKinds : kCanusbAndKvaser;
+}
 
 }  // namespace
 
@@ -138,15 +139,24 @@ FormCommonSettingWindow::FormCommonSettingWindow(const DialogSurroundings& surro
                        id::HELP_COMMON_SETTING) {}
 
 void FormCommonSettingWindow::AddControls() {
-  Add(kFirstColumn);
+  Add(kRateGroup);
+  AddRates();
+  Add(kRateNotes);
+  SetControlColour(Child(id::Label9), kCanusbAndKvaser);
+  SetControlColour(Child(id::Label6), kCanusbOnly);
   Add(kSecondColumn);
   Add(kThirdColumn);
   AddClosingButtons();
-  for (const int control : {id::RB_BitRate_7, id::Label9}) {
-    SetControlColour(Child(control), kCanusbAndKvaser);
-  }
-  for (const int control : {id::RB_BitRate_1, id::RB_BitRate_6, id::Label6}) {
-    SetControlColour(Child(control), kCanusbOnly);
+}
+
+void FormCommonSettingWindow::AddRates() {
+  for (int index = 0; const BitRate* rate = BitRateOf(index); ++index) {
+    const int control = id::RB_BitRate_0 + index;
+    const String text(rate->text);
+    const DialogPart button[] = {{control, index == 0 ? kFirstRadio : kRadio, Wide(text), kRates,
+                                  RateTop(index), kRateWidth, kLine}};
+    Add(button);
+    SetControlColour(Child(control), ColourOf(*rate));
   }
 }
 

@@ -13,6 +13,7 @@ class FormCommonSettingWindow final : public SettingsDialogOf<FormCommonSetting>
 
  private:
   void AddControls() override;
+  void AddRates();
   void Bind(const ControlBinder& bind) override;
   void OnClick(int control) override;
 };

@@ -34,7 +34,6 @@ constexpr DWORD kPicture = SS_ICON | SS_REALSIZECONTROL;
 // For screen readers.
 constexpr wchar_t kLinkName[] = L"ホームページを開く";
 constexpr int kFace = 0;
-constexpr int kNothing = -1;
 
 bool IsLink(int part) { return part == id::PicURL || part == id::Lb_URL; }
 bool IsOk(int part) { return part == id::Img_OK || part == id::Lb_OK; }
@@ -197,13 +196,13 @@ void FormVersionWindow::OnPress(LPARAM place, int part) {
 }
 
 void FormVersionWindow::OnRelease(int part) {
-  if (std::exchange(pressed_, kNothing) != part) return;
+  if (std::exchange(pressed_, std::nullopt) != part) return;
   if (IsOk(part)) Hide();
   if (part == id::PicURL) OpenLink();
 }
 
 void FormVersionWindow::Drag() {
-  pressed_ = kNothing;
+  pressed_.reset();
   ReleaseCapture();
   // Past the gate, as any window that is moved by its title: the run goes on meanwhile as far as
   // the system lets it.

@@ -2,6 +2,7 @@
 
 #include <array>
 #include <cstdint>
+#include <optional>
 
 #include "platform/shell.h"
 #include "platform/windows/dialogs/dialog_surroundings.h"
@@ -63,8 +64,8 @@ class FormVersionWindow final : public BaseWindow<FormVersionWindow> {
   IconHandle ok_picture_;
   IconHandle link_picture_;
   BrushHandle ok_brush_;
-  LPARAM pressed_at_ = 0;  // the place within the part that the press told
-  int pressed_ = -1;       // the part, 0 for the face, -1 for none
+  LPARAM pressed_at_ = 0;       // the place within the part that the press told
+  std::optional<int> pressed_;  // the part, 0 for the face
 };
 
 }  // namespace tolvane::platform::windows

@@ -93,8 +93,8 @@ constexpr LONG kUiaRootObject = -25;  // UiaRootObjectId, whose header brings al
 /// frame, the bars, the caret, the class) is asked often, by programs that read nothing.
 constexpr bool ShowsText(LPARAM object) {
   // The upper half of a 64-bit number can hold anything.
-  const auto id = static_cast<LONG>(object);
-  return id == OBJID_CLIENT || id == OBJID_NATIVEOM || id == kUiaRootObject;
+  const auto asked = static_cast<LONG>(object);
+  return asked == OBJID_CLIENT || asked == OBJID_NATIVEOM || asked == kUiaRootObject;
 }
 
 }  // namespace
@@ -173,8 +173,8 @@ LRESULT CALLBACK RichEditView::Procedure(HWND window, UINT message, WPARAM wpara
 LRESULT RichEditView::HandleMessage(UINT message, WPARAM wparam, LPARAM lparam) {
   switch (message) {
     case WM_GETDLGCODE: {
-      // Tab leaves the view, Ctrl+Tab writes one. The question is kept from the control, which
-      // would take its parent for a dialog and close it on Escape.
+      // Tab leaves the view, Ctrl+Tab writes one. The control is not asked: it would take its
+      // parent for a dialog and close it on Escape.
       const auto* key = reinterpret_cast<const MSG*>(lparam);
       const bool is_tab = key != nullptr && key->message == WM_KEYDOWN && key->wParam == VK_TAB &&
                           GetKeyState(VK_CONTROL) >= 0;

@@ -41,7 +41,7 @@ class LoadedLibrary {
   template <typename Function>
   static bool Resolve(HMODULE module, const char* name, Function*& function) {
     const FARPROC found = GetProcAddress(module, name);
-    // A cast between function types would warn, with reason in general.
+    // A cast between function types would warn, as it should elsewhere.
     static_assert(sizeof(found) == sizeof(function));
     std::memcpy(&function, &found, sizeof(function));
     return found != nullptr;

@@ -1,9 +1,11 @@
 #include "platform/windows/vendor/vendor_libraries.h"
+#include "receive/adapters/kvasercan.h"
 
 namespace tolvane::platform::windows {
 namespace {
 
-constexpr std::int32_t kFailed = -1;
+// Of a call to a library that is not there.
+constexpr std::int32_t kFailed = KvaserCAN{}.canERR_PARAM;
 
 }  // namespace
 

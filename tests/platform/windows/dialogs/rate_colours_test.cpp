@@ -6,7 +6,6 @@
 
 #include "platform/memory/memory_platform.h"
 #include "platform/windows/dialogs/control_colour.h"
-#include "receive/adapters/bit_rate.h"
 #include "receive/adapters/canusb_binding.h"
 #include "receive/adapters/interface_binding.h"
 #include "receive/adapters/kvaser_binding.h"
@@ -59,14 +58,6 @@ TEST_F(RateColours, AreThoseOfTheLabelsThatNameTheAdaptersTakingTheRate) {
     const auto colour = ColourFor(rate);
     ASSERT_TRUE(colour.has_value()) << rate;
     EXPECT_EQ(ControlColour(Control(id::RB_BitRate_0 + rate)), *colour) << rate;
-  }
-}
-
-TEST_F(RateColours, StandAtTheTextsThatAStartedRunShows) {
-  for (std::int32_t rate = 0; rate <= 8; ++rate) {
-    const BitRate* known = BitRateOf(rate);
-    ASSERT_NE(known, nullptr) << rate;
-    EXPECT_EQ(WindowText(Control(id::RB_BitRate_0 + rate)), known->text) << rate;
   }
 }
 
