@@ -190,7 +190,8 @@ void Run<Table>::ReadWhileWanted() {
   while (parts_.RxFlag == 1) {
     const ReceivedFrame* frame = ReadAccepted();
     if (frame == nullptr) {
-      parts_.platform.events.YieldOften();
+      // Not YieldOften: a thread that never gives way is the one that a busy system keeps waiting.
+      parts_.platform.events.YieldToEvents();
       continue;
     }
     if (traits_.exclusion && !PassesExclusion(frame->id, device_)) continue;
