@@ -190,6 +190,7 @@ void Run<Table>::ReadWhileWanted() {
   while (parts_.RxFlag == 1) {
     const ReceivedFrame* frame = ReadAccepted();
     if (frame == nullptr) {
+      // Not YieldOften: a thread that never gives way is the one that a busy system keeps waiting.
       parts_.platform.events.YieldToEvents();
       continue;
     }
