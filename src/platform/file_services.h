@@ -35,6 +35,8 @@ class FileServices {
   virtual ~FileServices() = default;
 
   [[nodiscard]] virtual bool FolderExists(StringView path) = 0;
+  /// True also where that cannot be learned, as over a network that fails for a moment: a new file
+  /// must not take the place of one that may be there.
   [[nodiscard]] virtual bool FileExists(StringView path) = 0;
   /// The names, without their folder, of the files whose paths begin with `stem`, in capitals or
   /// not; none when they cannot be told. One look into a folder, where asking for file after file

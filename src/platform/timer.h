@@ -12,7 +12,7 @@ class Timer {
 
   [[nodiscard]] virtual bool Enabled() const = 0;
   /// Enabling starts a whole new period; a disabled timer delivers no tick, not even one that was
-  /// already due.
+  /// already due. A system that has no timer to give leaves it disabled, and can be asked again.
   virtual void Enabled(bool enabled) = 0;
 
   /// Milliseconds between two ticks, fixed when the timer is made.

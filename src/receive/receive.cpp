@@ -57,6 +57,7 @@ class Run {
   void ShowRate();
   void ShowReceiving();
   void ReadWhileWanted();
+  void KeepTicking();
   const ReceivedFrame* ReadAccepted();
   void Log(const ReceivedFrame& frame);
   void Store(const ReceivedFrame& frame, double now_time);
@@ -192,6 +193,7 @@ void Run<Table>::ReadWhileWanted() {
     if (frame == nullptr) {
       // Not YieldOften: a thread that never gives way is the one that a busy system keeps waiting.
       parts_.platform.events.YieldToEvents();
+      KeepTicking();
       continue;
     }
     if (traits_.exclusion && !PassesExclusion(frame->id, device_)) continue;
@@ -199,6 +201,14 @@ void Run<Table>::ReadWhileWanted() {
                parts_.platform.qxt100);
     if (device_.t_LogSave_Enable == 1) Log(*frame);
   }
+}
+
+/// A system that had no timer to give at the end of a tick would leave the page as it is for the
+/// rest of the run.
+template <typename Table>
+void Run<Table>::KeepTicking() {
+  platform::Timer& timer = worker_.TimerBackView;
+  if (parts_.RxFlag == 1 && !timer.Enabled()) timer.Enabled(true);
 }
 
 /// Null for an empty read and for a frame that this run does not take. The format filter is for

@@ -67,6 +67,21 @@ TEST(Disconnect, AnyFlagButOneEndsTheLoop) {
   }
 }
 
+TEST(Ticks, GoOnWhenTheSystemHadNoTimerToGive) {
+  RunBench bench;
+  // What a refused timer leaves behind.
+  const auto refuse = [&] { bench.timers[0].Enabled(false); };
+  std::vector<bool> before;
+  const auto look = [&] { before.push_back(bench.timers[0].Enabled()); };
+  bench.events = {refuse, look, [&] {
+                    refuse();
+                    bench.RxFlag = 0;
+                  }};
+  bench.Run(kCanusb, kFormBG);
+  EXPECT_EQ(before, std::vector{true});
+  EXPECT_FALSE(bench.timers[0].Enabled()) << "it is left on behind the run";
+}
+
 TEST(Ticks, RunInsideAYieldAndShowTheTable) {
   RunBench bench;
   String page;

@@ -1,11 +1,13 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <limits>
 #include <map>
 #include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "platform/code_page.h"
@@ -54,6 +56,8 @@ class FileSystem : public platform::FileServices, public platform::FileSteps {
   /// Of the steps of FileSteps from now on, the one of this number, from 0, goes so. A write that
   /// fails has done a half.
   void Fault(std::int32_t number, FileStep outcome);
+  /// Asked at each step of FileSteps, and at each reading of a file, how it goes.
+  void OnStep(std::function<FileStep()> outcome) { on_step_ = std::move(outcome); }
   /// A disk without a journal: a power cut in a move leaves neither name.
   void LoseNamesInAMove() { moves_whole_ = false; }
   /// The power goes with the step of this number, from 0. Of what was not flushed a part is lost.
@@ -129,6 +133,7 @@ class FileSystem : public platform::FileServices, public platform::FileSteps {
   std::int64_t now_ = 0;   // ms
   std::int32_t step_ = 0;
   std::map<std::int32_t, FileStep> faults_;  // by their steps
+  std::function<FileStep()> on_step_;
   std::optional<std::int32_t> cut_at_;
   bool is_off_ = false;
   bool moves_whole_ = true;

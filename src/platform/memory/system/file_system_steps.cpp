@@ -82,7 +82,8 @@ FileStep FileSystem::NextStep() {
     return FileStep::kFailed;
   }
   const auto fault = faults_.find(number);
-  return fault == faults_.end() ? FileStep::kDone : fault->second;
+  if (fault != faults_.end()) return fault->second;
+  return on_step_ ? on_step_() : FileStep::kDone;
 }
 
 bool FileSystem::IsDenied(StringView path) {
@@ -146,6 +147,7 @@ bool FileSystem::IsReadOnly(StringView path) {
 std::optional<BinaryRead> FileSystem::Read(StringView path, std::size_t size) {
   const Entry* const file = FindFile(path);
   if (file == nullptr || file->locked) return {};
+  if (on_step_ && on_step_() != FileStep::kDone) return {};
   const auto bytes = std::as_bytes(std::span(file->bytes));
   const auto wanted = bytes.first(std::min(size, bytes.size()));
   return BinaryRead{.bytes = {wanted.begin(), wanted.end()}, .closed = !fail_close_};

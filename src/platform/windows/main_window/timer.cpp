@@ -12,11 +12,9 @@ WorkerWindow::WorkerWindow(EventGate& gate, HINSTANCE instance, std::int32_t int
 
 void WorkerWindow::Enabled(bool enabled) {
   if (enabled_) KillTimer(Hwnd(), id_);
-  enabled_ = enabled && Hwnd() != nullptr;
+  enabled_ = enabled && Hwnd() != nullptr &&
+             SetTimer(Hwnd(), ++id_, static_cast<UINT>(interval_), nullptr) != 0;
   TellRunning();
-  if (!enabled_) return;
-  ++id_;
-  SetTimer(Hwnd(), id_, static_cast<UINT>(interval_), nullptr);
 }
 
 void WorkerWindow::TellRunning() {

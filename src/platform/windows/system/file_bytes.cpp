@@ -1,6 +1,7 @@
 #include "platform/windows/system/file_bytes.h"
 
 #include <algorithm>
+#include <array>
 
 #include "platform/windows/system/text.h"
 
@@ -10,6 +11,15 @@ namespace {
 constexpr std::size_t kLargestStep = 1 << 24;  // bytes in one call; the calls count in 32 bits
 
 }  // namespace
+
+bool MeansNoFile(DWORD error) {
+  constexpr auto kNone = std::to_array<DWORD>(
+      {ERROR_FILE_NOT_FOUND, ERROR_PATH_NOT_FOUND, ERROR_INVALID_DRIVE, ERROR_NOT_READY,
+       ERROR_REM_NOT_LIST, ERROR_BAD_NETPATH, ERROR_DEV_NOT_EXIST, ERROR_BAD_NET_NAME,
+       ERROR_INVALID_NAME, ERROR_BAD_PATHNAME, ERROR_FILENAME_EXCED_RANGE, ERROR_DIRECTORY,
+       ERROR_NO_NETWORK, ERROR_NETWORK_UNREACHABLE, ERROR_HOST_UNREACHABLE});
+  return std::ranges::find(kNone, error) != kNone.end();
+}
 
 FileHandle OpenToWrite(const String& path, DWORD disposition) {
   return FileHandle(CreateFileW(Wide(path), GENERIC_WRITE, FILE_SHARE_READ, nullptr, disposition,

@@ -16,6 +16,10 @@ namespace tolvane::platform::windows {
 /// False when not all bytes could be written.
 [[nodiscard]] bool WriteAll(const FileHandle& file, std::span<const std::byte> bytes);
 
+/// Whether a question for a file that failed with `error` says that there is none: neither it nor,
+/// maybe, the place where it would be.
+[[nodiscard]] bool MeansNoFile(DWORD error);
+
 /// As FileServices::ReadBinary.
 [[nodiscard]] std::optional<BinaryRead> ReadBytes(const String& path, std::size_t size);
 

@@ -55,7 +55,8 @@ bool WindowsFileServices::FolderExists(StringView path) {
 
 bool WindowsFileServices::FileExists(StringView path) {
   const DWORD attributes = RawAttributes(path);
-  return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) == 0;
+  if (attributes == INVALID_FILE_ATTRIBUTES) return !MeansNoFile(GetLastError());
+  return (attributes & FILE_ATTRIBUTE_DIRECTORY) == 0;
 }
 
 std::vector<String> WindowsFileServices::FileNames(StringView stem) {

@@ -9,6 +9,7 @@
 
 #include "platform/file_replacing.h"
 #include "platform/windows/system/code_page.h"
+#include "platform/windows/system/file_bytes.h"
 #include "platform/windows/system/file_steps.h"
 #include "tests/platform/windows/system/scratch_folder.h"
 
@@ -49,6 +50,23 @@ TEST_F(Files, TellsTheNamesThatBeginAlikeInOneFolder) {
   std::ranges::sort(names);
   EXPECT_EQ(names, (std::vector<String>{u"KL1-002.csv", u"kl1-001.CSV"}));
   EXPECT_TRUE(files_.FileNames(folder_ / u"gone\\KL1-").empty());
+}
+
+TEST_F(Files, AreOnlyMissingWhereTheSystemSaysSo) {
+  // Names that there cannot be, and places.
+  for (const StringView path : {u"none\\a.txt", u"a?b.txt", u"a\\", u""}) {
+    EXPECT_FALSE(files_.FileExists(folder_ / String(path)));
+  }
+  EXPECT_FALSE(files_.FileExists(folder_ / String(300, u'x')));
+  EXPECT_FALSE(files_.FileExists(u"Q:\\a.txt"));
+  EXPECT_FALSE(files_.FileExists(u""));
+  for (const DWORD error : {ERROR_FILE_NOT_FOUND, ERROR_PATH_NOT_FOUND, ERROR_BAD_NETPATH}) {
+    EXPECT_TRUE(MeansNoFile(error)) << error;
+  }
+  for (const DWORD error : {ERROR_ACCESS_DENIED, ERROR_NOT_ENOUGH_MEMORY, ERROR_SHARING_VIOLATION,
+                            ERROR_UNEXP_NET_ERR, ERROR_NETNAME_DELETED, ERROR_SEM_TIMEOUT}) {
+    EXPECT_FALSE(MeansNoFile(error)) << error;
+  }
 }
 
 TEST_F(Files, TextGoesOutInTheCodePageWithoutChange) {

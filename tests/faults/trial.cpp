@@ -1,0 +1,113 @@
+#include "tests/faults/trial.h"
+
+#include <malloc.h>
+
+#include <string>
+#include <utility>
+
+#include "tests/helpers/bench_faults.h"
+
+namespace tolvane::faults {
+namespace {
+
+constexpr WrittenLogs::Form kNextLog = WrittenLogs::Form::kCsv;
+
+/// Each trial takes the same megabytes and gives them back. Fetched from the system anew, they are
+/// most of what it costs.
+void KeepMemory() {
+  mallopt(M_MMAP_MAX, 0);
+  mallopt(M_TRIM_THRESHOLD, 1 << 30);
+}
+
+void Append(const Complaints& more, const char* when, Complaints& complaints) {
+  for (const std::string& complaint : more) complaints.push_back(when + complaint);
+}
+
+/// A run with a log, and closing.
+void RunAndClose(Machine& machine, const char* when, Complaints& complaints) {
+  machine.Set(kNextLog);
+  machine.Run(ShortRun());
+  Append(machine.JudgeRun(false), when, complaints);
+  machine.Click(&Form1::menu_file_close_Click);
+  if (!machine.IsLeft()) Append({"the program cannot be closed"}, when, complaints);
+}
+
+}  // namespace
+
+Trial::Trial(const Scenario& scenario) : scenario_(scenario) {
+  KeepMemory();
+  FaultPlan nothing;
+  std::stringbuf report;
+  Machine machine(scenario.setup, {}, nothing, report);
+  machine.Start();
+  machine.Set(scenario.log);
+  machine.Run(ShortRun());
+  machine.Click(&Form1::menu_file_close_Click);
+  kept_ = KeptBy(machine);
+  disk_ = machine.Files();
+  if (!scenario.setup.has_foreign_settings) return;
+  for (auto& [path, bytes] : disk_) {
+    if (path.ends_with(u"\\config.dat")) bytes = "of another program";
+  }
+}
+
+Trial::Kept Trial::KeptBy(const Machine& machine) {
+  return {.page = machine.memory.RTB_MainView.Page().text,
+          .comment = machine.form.device.t_LogComment};
+}
+
+void Trial::BeginScenario(Machine& machine, FaultPlan& plan, FaultPlan::Numbers failing) const {
+  if (!scenario_.is_start) {
+    machine.Start();
+    machine.Set(scenario_.log);
+  }
+  plan.Begin(std::move(failing));
+  if (scenario_.is_start) {
+    machine.Start();
+  } else {
+    scenario_.play(machine);
+  }
+  plan.End();
+}
+
+/// A closing in which a step failed leaves each file old or new.
+Complaints Trial::JudgeNextStart(const Machine& machine, const Kept& last, bool is_sure) const {
+  if (!machine.Waits()) return {"the next start fails"};
+  Complaints complaints;
+  const auto [page, comment] = KeptBy(machine);
+  if (page != last.page && (is_sure || page != kept_.page)) {
+    complaints.emplace_back("the page is lost");
+  }
+  const bool had_none = !is_sure && scenario_.setup.has_foreign_settings;
+  if (comment != last.comment && !had_none && (is_sure || comment != kept_.comment)) {
+    complaints.emplace_back("the settings are lost");
+  }
+  return complaints;
+}
+
+Complaints Trial::Play(FaultPlan& plan, FaultPlan::Numbers failing) const {
+  Complaints complaints;
+  std::stringbuf report;
+  Disk disk;
+  Kept last;
+  bool is_sure = false;
+  {
+    Machine machine(scenario_.setup, disk_, plan, report);
+    BeginScenario(machine, plan, std::move(failing));
+    Append(scenario_.judge(machine, plan), "", complaints);
+    if (machine.Waits() && !machine.SessionHasEnded()) {
+      RunAndClose(machine, "then: ", complaints);
+      is_sure = true;
+    }
+    last = KeptBy(machine);
+    disk = machine.Files();
+  }
+  Machine next(scenario_.setup, disk, plan, report);
+  next.Start();
+  Append(JudgeNextStart(next, last, is_sure), "next start: ", complaints);
+  if (next.Waits()) RunAndClose(next, "next start: ", complaints);
+  Append(FaultsOf(report.str()), "wrong call: ", complaints);
+  return complaints;
+}
+
+}  // namespace tolvane::faults
