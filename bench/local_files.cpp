@@ -4,10 +4,13 @@
 #include <string>
 #include <utility>
 
+#include "platform/surrogates.h"
+
 namespace tolvane {
 namespace {
 
-/// Encodes a text at once and writes it in large pieces.
+constexpr std::size_t kPiece = 1 << 15;  // characters, as in the program
+
 class LocalTextStream final : public platform::TextStream {
  public:
   LocalTextStream(const std::filesystem::path& path, platform::CodePage& code_page)
@@ -17,9 +20,14 @@ class LocalTextStream final : public platform::TextStream {
   LocalTextStream& operator=(const LocalTextStream&) = delete;
 
   bool Write(StringView text) override {
-    bytes_.clear();
-    code_page_.Encode(text, bytes_);
-    return file_ != nullptr && std::fwrite(bytes_.data(), 1, bytes_.size(), file_) == bytes_.size();
+    while (file_ != nullptr && !text.empty()) {
+      const StringView piece = FrontPiece(text, kPiece);
+      bytes_.clear();
+      code_page_.Encode(piece, bytes_);
+      if (std::fwrite(bytes_.data(), 1, bytes_.size(), file_) != bytes_.size()) return false;
+      text.remove_prefix(piece.size());
+    }
+    return file_ != nullptr;
   }
   bool Close() override {
     std::FILE* const file = std::exchange(file_, nullptr);

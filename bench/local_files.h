@@ -20,6 +20,7 @@ class LocalFiles final : public platform::FileServices {
 
   bool FolderExists(StringView) override { return true; }
   bool FileExists(StringView path) override { return std::filesystem::exists(Local(path)); }
+  std::vector<String> FileNames(StringView) override { return {}; }
   bool CreateFolder(StringView) override { return false; }
   std::unique_ptr<platform::TextStream> CreateTextFile(StringView path, bool overwrite,
                                                        bool unicode) override;

@@ -1,10 +1,11 @@
 // tolvane_log_job RECORDING FOLDER: writes the log of a run. Reads a candump recording of 11-bit
 // frames and writes its csv files to FOLDER with the code that a run uses after the adapter: a
 // record to the current channel, a new file when it is full, the rest at the end.
+#include <algorithm>
+#include <array>
 #include <cstdio>
 #include <filesystem>
 #include <fstream>
-#include <string>
 #include <string_view>
 
 #include "bench/local_files.h"
@@ -34,6 +35,8 @@ class LogJob {
     log_.RollOver(device_, nullptr, FileName_Date_, FileName_No_, {});
   }
 
+  [[nodiscard]] bool HasFrames() const { return first_us_ >= 0; }
+
   void Flush() {
     log_.Excel_DataOutput(log_.Excel_DB_ArayyCh, device_, nullptr, FileName_Date_, FileName_No_,
                           {});
@@ -53,26 +56,48 @@ class LogJob {
   std::int64_t first_us_ = -1;
 };
 
-std::string ReadFile(const char* path) {
-  std::ifstream file(path, std::ios::binary | std::ios::ate);
-  std::string text(file ? static_cast<std::size_t>(file.tellg()) : 0, '\0');
-  file.seekg(0);
-  file.read(text.data(), static_cast<std::streamsize>(text.size()));
-  return text;
-}
+/// The lines of a file, which is read in pieces into the same memory.
+class Lines {
+ public:
+  explicit Lines(const char* path) : file_(path, std::ios::binary) {}
+
+  /// The next line without its end; false behind the last one. Valid until the next call.
+  bool Next(std::string_view& line) {
+    std::size_t end = rest_.find('\n');
+    while (end == std::string_view::npos && ReadOn()) end = rest_.find('\n');
+    if (rest_.empty()) return false;
+    line = rest_.substr(0, end);
+    rest_.remove_prefix(std::min(line.size() + 1, rest_.size()));
+    return true;
+  }
+
+ private:
+  /// Moves what is left to the front and fills the room behind it. False at the end of the file.
+  bool ReadOn() {
+    std::ranges::copy(rest_, piece_.begin());
+    const auto room = static_cast<std::streamsize>(piece_.size() - rest_.size());
+    file_.read(piece_.data() + rest_.size(), room);
+    rest_ = {piece_.data(), rest_.size() + static_cast<std::size_t>(file_.gcount())};
+    return file_.gcount() > 0;
+  }
+
+  std::ifstream file_;
+  std::array<char, 1 << 16> piece_;  // longer than any line of a recording
+  std::string_view rest_;
+};
 
 int Run(const char* recording, const char* folder) {
-  const std::string text = ReadFile(recording);
+  Lines lines(recording);
   LogJob job(folder);
   simulator::BusFrame frame;
-  for (std::string_view rest = text; !rest.empty();) {
-    const std::size_t end = rest.find('\n');
-    if (!simulator::ParseCandumpLine(rest.substr(0, end), frame)) return 1;
+  std::string_view line;
+  while (lines.Next(line)) {
+    if (!simulator::ParseCandumpLine(line, frame)) return 1;
     job.Add(frame);
-    rest.remove_prefix(end == std::string_view::npos ? rest.size() : end + 1);
   }
+  if (!job.HasFrames()) return 1;
   job.Flush();
-  return text.empty() ? 1 : 0;
+  return 0;
 }
 
 }  // namespace

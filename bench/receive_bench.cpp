@@ -53,6 +53,7 @@ class NoFiles final : public platform::FileServices {
  public:
   bool FolderExists(StringView) override { return true; }
   bool FileExists(StringView) override { return false; }
+  std::vector<String> FileNames(StringView) override { return {}; }
   bool CreateFolder(StringView) override { return true; }
   std::unique_ptr<platform::TextStream> CreateTextFile(StringView, bool, bool) override {
     return std::make_unique<Stream>();

@@ -81,15 +81,15 @@ if(TOLVANE_SANITIZE)
   add_custom_target(fuzzers)
 endif()
 
-# tolvane_fuzz(name SECONDS n SOURCES ... USES ... [CORPUS folder]): a fuzz target of the preset native-sanitize.
-# Its test plays the corpus and then tries 20,000 mutations with a fixed seed, but ends after SECONDS, which are
-# dealt out by what is at stake: most to a whole run, least to the simulator's files. To search on, start the
-# binary by hand.
+# tolvane_fuzz(name SECONDS n LONGEST bytes SOURCES ... USES ... [CORPUS folder]): a fuzz target of the preset
+# native-sanitize. Its test plays the corpus and then tries 20,000 mutations of up to LONGEST bytes with a fixed seed,
+# but ends after SECONDS, which are dealt out by what is at stake: most to a whole run, least to the simulator's
+# files. tests/fuzz/run searches on.
 function(tolvane_fuzz name)
   if(NOT TOLVANE_SANITIZE)
     return()
   endif()
-  cmake_parse_arguments(PARSE_ARGV 1 arg "" "SECONDS;CORPUS" "SOURCES;USES")
+  cmake_parse_arguments(PARSE_ARGV 1 arg "" "SECONDS;LONGEST;CORPUS" "SOURCES;USES")
   add_executable(${name} ${arg_SOURCES})
   target_include_directories(${name} PRIVATE "${CMAKE_SOURCE_DIR}")
   target_link_libraries(${name} PRIVATE ${arg_USES} tolvane_options)
@@ -104,5 +104,5 @@ function(tolvane_fuzz name)
     set(corpus "${CMAKE_CURRENT_SOURCE_DIR}/${arg_CORPUS}")
   endif()
   add_test(NAME fuzz.${name} COMMAND ${name} -runs=20000 -seed=1 -max_total_time=${arg_SECONDS}
-                                     -artifact_prefix=${found}/ ${found} ${corpus})
+                                     -max_len=${arg_LONGEST} -artifact_prefix=${found}/ ${found} ${corpus})
 endfunction()

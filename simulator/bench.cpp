@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "simulator/garbled_source.h"
+#include "simulator/live_source.h"
 #include "simulator/values.h"
 #include "simulator/vehicle.h"
 
@@ -71,10 +72,14 @@ std::unique_ptr<BusTap> Bench::Listen(std::string_view adapter, const AdapterPla
   }
   TapPlan tap = plan.tap;
   tap.filter = settings.filter;
-  return std::make_unique<BusTap>(*clock_, std::move(source), tap,
-                                  [this, name = std::string(adapter)](std::int64_t delivered) {
-                                    report_->End(name, delivered);
-                                  });
+  BusTap::AtEnd at_end = [this, name = std::string(adapter)](std::int64_t delivered) {
+    report_->End(name, delivered);
+  };
+  if (config_.bus.source == BusPlan::Source::kLive) {
+    tap.speed = 1;
+    at_end = nullptr;  // nobody knows whether more will come
+  }
+  return std::make_unique<BusTap>(*clock_, std::move(source), tap, std::move(at_end));
 }
 
 std::int32_t Bench::Refuse(std::string_view call, std::string_view why, std::int32_t result) {
@@ -94,8 +99,21 @@ std::unique_ptr<BusSource> Bench::NewSource() {
   if (bus.source == BusPlan::Source::kLog) {
     return std::make_unique<LogSource>(Recording(), bus.repeat);
   }
+  if (bus.source == BusPlan::Source::kLive) return NewLiveSource();
   if (bus.source == BusPlan::Source::kGenerator) return std::make_unique<LoadGenerator>(bus.load);
   return std::make_unique<Vehicle>(bus.load.seed, bus.load.format);
+}
+
+std::unique_ptr<BusSource> Bench::NewLiveSource() {
+  auto text = std::make_unique<LiveText>(PathFrom(folder_, config_.bus.log));
+  const LiveText& counted = *text;  // as long as its source, which tells the counts
+  const bool within_line = text->BeginsWithinLine();
+  return std::make_unique<LiveSource>(
+      std::move(text), within_line, [this, &counted](const LiveCounts& counts) {
+        report_->Line("live frames=" + std::to_string(counts.frames) +
+                      " refused_lines=" + std::to_string(counts.refused_lines) +
+                      " files_passed_over=" + std::to_string(counted.FilesPassedOver()));
+      });
 }
 
 /// A recording that cannot be read is an empty one: a silent bus. The report tells both as errors.

@@ -61,6 +61,7 @@ class Bench {
 
  private:
   std::unique_ptr<BusSource> NewSource();
+  std::unique_ptr<BusSource> NewLiveSource();
   std::shared_ptr<const CandumpLog> Recording();
 
   BenchConfig config_;

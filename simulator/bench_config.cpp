@@ -21,10 +21,11 @@ constexpr std::array<std::pair<std::string_view, IdFormat>, 3> kFormats{
      {"both", IdFormat::kBoth}}};
 constexpr std::array<std::pair<std::string_view, LoadPlan::Content>, 2> kContents{
     {{"counter", LoadPlan::Content::kCounter}, {"random", LoadPlan::Content::kRandom}}};
-constexpr std::array<std::pair<std::string_view, BusPlan::Source>, 3> kSources{
+constexpr std::array<std::pair<std::string_view, BusPlan::Source>, 4> kSources{
     {{"vehicle", BusPlan::Source::kVehicle},
      {"log", BusPlan::Source::kLog},
-     {"generator", BusPlan::Source::kGenerator}}};
+     {"generator", BusPlan::Source::kGenerator},
+     {"live", BusPlan::Source::kLive}}};
 constexpr std::array<std::pair<std::string_view, bool>, 2> kClocks{
     {{"real", false}, {"reads", true}}};
 constexpr std::array<std::pair<std::string_view, bool>, 2> kDataBytes{
@@ -119,6 +120,9 @@ void TakeBus(SectionReader& reader, BusPlan& bus) {
   reader.Enter("bus");
   reader.TakeChoice("source", bus.source, kSources);
   reader.Take("log", bus.log);
+  if (bus.source == BusPlan::Source::kLive && bus.log.empty()) {
+    reader.Complain(*reader.Look("source"), "a live bus needs a log");
+  }
   reader.Take("repeat", bus.repeat, 0, kAny);
   LoadPlan& load = bus.load;
   reader.Take("seed", load.seed, std::numeric_limits<std::int64_t>::min(), kAny);

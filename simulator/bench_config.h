@@ -55,7 +55,7 @@ struct CanlibPlan {
 };
 
 struct BusPlan {
-  enum class Source : std::uint8_t { kVehicle, kLog, kGenerator };
+  enum class Source : std::uint8_t { kVehicle, kLog, kGenerator, kLive };
   Source source = Source::kVehicle;
   std::string log;                  // UTF-8, from the file's own folder
   std::int64_t repeat = 1;          // 0: without end

@@ -8,6 +8,7 @@ BurstSource::BurstSource(std::unique_ptr<BusSource> inner, const BurstPlan& burs
     : inner_(std::move(inner)), burst_(burst), has_pending_(inner_->Next(pending_)) {}
 
 bool BurstSource::Next(BusFrame& frame) {
+  if (!has_pending_) has_pending_ = inner_->Next(pending_);
   const bool burst_left = burst_sent_ < burst_.frames;
   if (burst_left && (!has_pending_ || pending_.time_us >= burst_.at_us)) {
     MakeBurstFrame(frame);

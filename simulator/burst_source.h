@@ -21,6 +21,7 @@ class BurstSource : public BusSource {
  public:
   BurstSource(std::unique_ptr<BusSource> inner, const BurstPlan& burst);
 
+  void Reach(std::int64_t bus_us) override { inner_->Reach(bus_us); }
   bool Next(BusFrame& frame) override;
 
  private:

@@ -32,7 +32,11 @@ class BusSource {
  public:
   virtual ~BusSource() = default;
 
-  /// The next frame, false after the last one. Times never step back. Allocates nothing.
+  /// Told the bus time ahead of a look for frames. What comes from outside is taken here.
+  virtual void Reach(std::int64_t /*bus_us*/) {}
+
+  /// The next frame, false after the last one, or while none has come from outside. Times never
+  /// step back. Allocates nothing.
   virtual bool Next(BusFrame& frame) = 0;
 };
 

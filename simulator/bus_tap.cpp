@@ -43,7 +43,8 @@ TapCounts BusTap::Counts() const {
 
 void BusTap::NoteRead(std::int64_t now_us) {
   if (counts_.reads++ > 0) {
-    const ReadGap gap{.us = now_us - last_read_us_, .delivered = counts_.delivered};
+    const ReadGap gap{
+        .us = now_us - last_read_us_, .delivered = counts_.delivered, .at_us = now_us};
     counts_.longest_gap_us = std::max(counts_.longest_gap_us, gap.us);
     (last_read_delivered_ ? gaps_behind_frame_ : gaps_behind_empty_read_).Note(gap);
   }
@@ -51,6 +52,8 @@ void BusTap::NoteRead(std::int64_t now_us) {
 }
 
 void BusTap::TakeDue(std::int64_t bus_us) {
+  source_->Reach(bus_us);
+  if (!has_pending_) has_pending_ = source_->Next(pending_);
   while (has_pending_ && pending_.time_us <= bus_us) {
     if (Hears(pending_)) Queue(pending_);
     has_pending_ = source_->Next(pending_);

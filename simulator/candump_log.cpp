@@ -1,7 +1,6 @@
 #include "simulator/candump_log.h"
 
 #include <algorithm>
-#include <charconv>
 #include <utility>
 
 #include "simulator/values.h"
@@ -11,78 +10,98 @@ namespace {
 
 constexpr std::uint32_t kErrorFrameMark = 0x20000000;
 constexpr std::size_t kMaxSecondDigits = 12;  // keeps microseconds far from 63 bits
+constexpr std::size_t kMicrosecondDigits = 6;
 constexpr std::size_t kStandardIdDigits = 3;
 constexpr std::size_t kExtendedIdDigits = 8;
 
-bool IsDigit(char character) { return character >= '0' && character <= '9'; }
+// Each of these takes what it is named for from the front of `rest`, and is false when something
+// else stands there.
 
-/// Removes the first word of `rest` and the blanks around it, and returns the word.
-std::string_view TakeWord(std::string_view& rest) {
-  rest = Trim(rest);
-  const auto blank = std::ranges::find_if(rest, [](char c) { return c == ' ' || c == '\t'; });
-  const std::string_view word(rest.begin(), blank);
-  rest = Trim(rest.substr(word.size()));
-  return word;
-}
-
-/// "(1502984866.421964)": digits beyond the microsecond are dropped.
-bool ParseTime(std::string_view word, std::int64_t& time_us) {
-  if (word.size() < 3 || word.front() != '(' || word.back() != ')') return false;
-  word = word.substr(1, word.size() - 2);
-  const std::size_t point = std::min(word.find('.'), word.size());
-  const std::string_view seconds = word.substr(0, point);
-  const std::string_view fraction = word.substr(std::min(point + 1, word.size()));
-  if (seconds.empty() || seconds.size() > kMaxSecondDigits) return false;
-  if (!std::ranges::all_of(seconds, IsDigit) || !std::ranges::all_of(fraction, IsDigit)) {
-    return false;
-  }
-  time_us = 0;
-  for (const char digit : seconds) time_us = time_us * 10 + (digit - '0');
-  for (std::size_t place = 0; place < 6; ++place) {
-    time_us = time_us * 10 + (place < fraction.size() ? fraction[place] - '0' : 0);
-  }
+bool Take(char character, std::string_view& rest) {
+  if (!rest.starts_with(character)) return false;
+  rest.remove_prefix(1);
   return true;
 }
 
-bool ParseId(std::string_view digits, BusFrame& frame) {
-  if (digits.size() != kStandardIdDigits && digits.size() != kExtendedIdDigits) return false;
-  if (!std::ranges::all_of(digits, [](char digit) { return HexDigit(digit) >= 0; })) return false;
-  std::from_chars(digits.data(), digits.data() + digits.size(), frame.id, 16);
-  frame.extended = digits.size() == kExtendedIdDigits;
+bool EndsWord(std::string_view rest) { return rest.empty() || rest[0] == ' ' || rest[0] == '\t'; }
+
+/// The end of a word, and the blanks behind it.
+bool TakeWordEnd(std::string_view& rest) {
+  if (!EndsWord(rest)) return false;
+  rest = TrimFront(rest);
+  return true;
+}
+
+bool TakeChannel(std::string_view& rest) {
+  if (EndsWord(rest)) return false;
+  while (!EndsWord(rest)) rest.remove_prefix(1);
+  return TakeWordEnd(rest);
+}
+
+/// Decimal digits, of which the first `most` are appended to `number`. Returns how many there were.
+std::size_t TakeDigits(std::size_t most, std::int64_t& number, std::string_view& rest) {
+  std::size_t count = 0;
+  for (; count < rest.size() && rest[count] >= '0' && rest[count] <= '9'; ++count) {
+    if (count < most) number = number * 10 + (rest[count] - '0');
+  }
+  rest.remove_prefix(count);
+  return count;
+}
+
+/// "(1502984866.421964)": digits beyond the microsecond are dropped.
+bool TakeTime(std::string_view& rest, std::int64_t& time_us) {
+  if (!Take('(', rest)) return false;
+  const std::size_t seconds = TakeDigits(kMaxSecondDigits, time_us, rest);
+  if (seconds == 0 || seconds > kMaxSecondDigits) return false;
+  std::size_t places = 0;
+  if (Take('.', rest)) places = TakeDigits(kMicrosecondDigits, time_us, rest);
+  for (; places < kMicrosecondDigits; ++places) time_us *= 10;
+  return Take(')', rest) && TakeWordEnd(rest);
+}
+
+/// The identifier and the mark behind it.
+bool TakeId(std::string_view& rest, BusFrame& frame) {
+  std::size_t digits = 0;
+  for (; digits < rest.size() && HexDigit(rest[digits]) >= 0; ++digits) {
+    frame.id = frame.id << 4 | static_cast<std::uint32_t>(HexDigit(rest[digits]));
+  }
+  if (digits != kStandardIdDigits && digits != kExtendedIdDigits) return false;
+  rest.remove_prefix(digits);
+  frame.extended = digits == kExtendedIdDigits;
   if (frame.extended && (frame.id & kErrorFrameMark) != 0) {
     frame.kind = FrameKind::kError;
     frame.extended = false;
     frame.id -= kErrorFrameMark;
   }
-  return frame.id <=
-         (frame.extended || frame.kind == FrameKind::kError ? kMaxExtendedId : kMaxStandardId);
+  const bool is_long = frame.extended || frame.kind == FrameKind::kError;
+  return frame.id <= (is_long ? kMaxExtendedId : kMaxStandardId) && Take('#', rest);
 }
 
-bool ParseRemote(std::string_view length, BusFrame& frame) {
-  if (frame.kind == FrameKind::kError || length.size() > 1) return false;
+/// What follows the R of a remote frame.
+bool TakeRemote(std::string_view& rest, BusFrame& frame) {
+  if (frame.kind == FrameKind::kError) return false;
   frame.kind = FrameKind::kRemote;
-  if (length.empty()) return true;
-  if (length[0] < '0' || length[0] > '8') return false;
-  frame.dlc = static_cast<std::uint8_t>(length[0] - '0');
-  return true;
+  if (!rest.empty() && rest[0] >= '0' && rest[0] <= '8') {
+    frame.dlc = static_cast<std::uint8_t>(rest[0] - '0');
+    rest.remove_prefix(1);
+  }
+  return TakeWordEnd(rest);
 }
 
-bool ParseData(std::string_view text, BusFrame& frame) {
-  const std::size_t mark = std::min(text.find('_'), text.size());
-  const std::string_view bytes = text.substr(0, mark);
-  if (bytes.size() % 2 != 0 || bytes.size() > 2 * frame.data.size()) return false;
-  for (std::size_t i = 0; i < bytes.size(); i += 2) {
-    const int high = HexDigit(bytes[i]);
-    const int low = HexDigit(bytes[i + 1]);
+bool TakeData(std::string_view& rest, BusFrame& frame) {
+  for (; frame.dlc < frame.data.size() && !EndsWord(rest); rest.remove_prefix(2)) {
+    const int high = HexDigit(rest[0]);
+    const int low = rest.size() > 1 ? HexDigit(rest[1]) : -1;
     if (high < 0 || low < 0) return false;
-    frame.data[i / 2] = static_cast<std::uint8_t>(high * 16 + low);
+    frame.data[frame.dlc++] = static_cast<std::uint8_t>(high * 16 + low);
   }
-  frame.dlc = static_cast<std::uint8_t>(bytes.size() / 2);
-  if (mark == text.size()) return true;
-  const std::string_view long_dlc = text.substr(mark + 1);
-  if (frame.dlc != 8 || long_dlc.size() != 1 || HexDigit(long_dlc[0]) <= 8) return false;
-  frame.dlc = static_cast<std::uint8_t>(HexDigit(long_dlc[0]));
-  return true;
+  // Behind eight bytes, a length code above 8.
+  if (frame.dlc == frame.data.size() && Take('_', rest)) {
+    if (rest.empty() || HexDigit(rest[0]) <= 8) return false;
+    frame.dlc = static_cast<std::uint8_t>(HexDigit(rest[0]));
+    rest.remove_prefix(1);
+  }
+  return TakeWordEnd(rest);
 }
 
 bool ParseDirection(std::string_view word, BusFrame& frame) {
@@ -94,14 +113,10 @@ bool ParseDirection(std::string_view word, BusFrame& frame) {
 
 bool ParseCandumpLine(std::string_view line, BusFrame& frame) {
   frame = BusFrame{};
-  if (!ParseTime(TakeWord(line), frame.time_us)) return false;
-  if (TakeWord(line).empty()) return false;
-  const std::string_view text = TakeWord(line);
-  const std::size_t mark = text.find('#');
-  if (mark == std::string_view::npos || !ParseId(text.substr(0, mark), frame)) return false;
-  const std::string_view content = text.substr(mark + 1);
-  const bool remote = content.starts_with('R') || content.starts_with('r');
-  if (remote ? !ParseRemote(content.substr(1), frame) : !ParseData(content, frame)) return false;
+  line = Trim(line);
+  if (!TakeTime(line, frame.time_us) || !TakeChannel(line) || !TakeId(line, frame)) return false;
+  const bool remote = Take('R', line) || Take('r', line);
+  if (remote ? !TakeRemote(line, frame) : !TakeData(line, frame)) return false;
   return ParseDirection(line, frame);
 }
 

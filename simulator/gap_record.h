@@ -10,6 +10,7 @@ namespace tolvane::simulator {
 struct ReadGap {
   std::int64_t us = 0;         // real time
   std::int64_t delivered = 0;  // frames given out before it
+  std::int64_t at_us = 0;      // when it ended, on the bench's clock
 };
 
 /// The longest gaps of one kind, up to a fixed number. Allocates only in its constructor.

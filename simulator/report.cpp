@@ -81,7 +81,8 @@ void Report::Gaps(std::string_view adapter, std::string_view behind,
                   const std::vector<ReadGap>& gaps) {
   for (const ReadGap& gap : gaps) {
     Line("gap " + std::string(adapter) + " behind=" + std::string(behind) +
-         " ms=" + Milliseconds(gap.us) + " delivered=" + std::to_string(gap.delivered));
+         " ms=" + Milliseconds(gap.us) + " delivered=" + std::to_string(gap.delivered) +
+         " at_ms=" + Milliseconds(gap.at_us));
   }
 }
 

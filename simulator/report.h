@@ -49,7 +49,7 @@ class Report {
 
   /// The summary of one stretch on the bus:
   /// "run TV100001 reads=N delivered=N dropped=N longest_gap_ms=N.NNN queue_high_water=N", then a
-  /// line "gap TV100001 behind=frame ms=N.NNN delivered=N" for each gap that is kept.
+  /// line "gap TV100001 behind=frame ms=N.NNN delivered=N at_ms=N.NNN" for each gap that is kept.
   void Run(std::string_view adapter, const TapCounts& counts);
 
  private:

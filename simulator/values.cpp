@@ -6,13 +6,6 @@
 
 namespace tolvane::simulator {
 
-std::string_view Trim(std::string_view text) {
-  const auto is_blank = [](char c) { return c == ' ' || c == '\t' || c == '\r'; };
-  while (!text.empty() && is_blank(text.front())) text.remove_prefix(1);
-  while (!text.empty() && is_blank(text.back())) text.remove_suffix(1);
-  return text;
-}
-
 std::optional<std::int64_t> ParseInteger(std::string_view text) {
   const bool negative = text.starts_with('-');
   if (negative) text.remove_prefix(1);
@@ -33,13 +26,6 @@ std::optional<double> ParseDecimal(std::string_view text) {
   const auto [stop, error] = std::from_chars(text.data(), end, value, std::chars_format::fixed);
   if (error != std::errc{} || stop != end || !std::isfinite(value)) return std::nullopt;
   return value;
-}
-
-int HexDigit(char digit) {
-  if (digit >= '0' && digit <= '9') return digit - '0';
-  if (digit >= 'A' && digit <= 'F') return digit - 'A' + 10;
-  if (digit >= 'a' && digit <= 'f') return digit - 'a' + 10;
-  return -1;
 }
 
 std::optional<std::string> UnescapeText(std::string_view text) {

@@ -13,15 +13,18 @@ bench_options() {
 ticks; CANUSB's starts over at 60,000, the upper half of Interface's and Kvaser's range is negative"
 }
 
-# Copies the libraries to where the program looks for the vendors' libraries.
-bench_install() {
-  local arch=$1
-  cp "$build/windows-$arch/simulator/"*.dll "$WINEPREFIX/drive_c/windows/system32/"
-}
+# Rates in kbit/s that the kinds lack, of those of the program's settings.
+declare -A rates_lacking=([canusb]="" [interface]="10 20 800" [kvaser]="20 800")
+
+# bench_has_rate: whether the adapter of the options has their rate.
+bench_has_rate() { [[ -z ${opt[rate]} || " ${rates_lacking[${opt[adapter]}]} " != *" ${opt[rate]} "* ]]; }
+
+# bench_install ARCH [PREFIX]: copies the libraries to where the program looks for the vendors' libraries.
+bench_install() { cp "$build/windows-$1/simulator/"*.dll "${2:-$WINEPREFIX}/drive_c/windows/system32/"; }
 
 # bench_write FILE LOG [TIMES [SPEED]]: the bench of the options above, on the recording LOG, or on the
-# synthetic vehicle when LOG is empty. The recording is played TIMES times over (1), bus time running
-# SPEED times as fast (1).
+# synthetic vehicle when LOG is empty, or on the live bus of live.sh when it is "-". The recording is played TIMES times over (1; 0 without end), bus time running
+# SPEED times as fast (1). The bus has the rate of the option, or 500 kbit/s.
 bench_write() {
   local file=$1 log=$2 times=${3:-1} speed=${4:-1} section format
   case ${opt[adapter]:-canusb} in
@@ -35,8 +38,11 @@ bench_write() {
     both) format=both ;;
   esac
   {
-    printf '[%s]\nclock_start = %s\n\n[bus]\n' "$section" "${opt[clock-start]:-0}"
-    if [ -n "$log" ]; then
+    printf '[%s]\nclock_start = %s\n\n[bus]\nbit_rate = %s000\n' "$section" \
+      "${opt[clock-start]:-0}" "${opt[rate]:-500}"
+    if [ "$log" = - ]; then
+      printf 'source = live\nlog = live\n'
+    elif [ -n "$log" ]; then
       printf 'source = log\nlog = Z:%s\nrepeat = %s\n' "$log" "$times"
     else
       printf 'source = vehicle\nformat = %s\n' "$format"

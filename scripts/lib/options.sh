@@ -6,7 +6,7 @@
 
 # shellcheck disable=SC2034 # opt and given are for the scripts
 declare -A opt=() given=() option_kinds=()
-option_usage="" argument_name="" command_text=""
+option_usage="" example_usage="" argument_name="" command_text=""
 
 # option NAME PLACEHOLDER KIND DEFAULT TEXT: --NAME VALUE. KIND is one of those of check_value.
 option() {
@@ -25,6 +25,9 @@ argument() {
   argument_name=$1 opt[$1]=""
   usage_line "${1^^}" "$2"
 }
+
+# example COMMAND TEXT: one use of the script, at the end of its usage.
+example() { example_usage+="  $1"$'\n'"      $2"$'\n'; }
 
 # takes_command TEXT: the first word that belongs to no option begins a command, which is required; TEXT is its
 # name in the usage. command_words has the command with its own words and options.
@@ -83,6 +86,7 @@ print_usage() {
   printf 'usage: %s%s [OPTION...]%s\n%s\n\n%s' "$command_name" "${argument_name:+ [${argument_name^^}]}" \
     "${command_text:+ $command_text}" "$1" "$option_usage"
   printf '  %-16s %s\n' --help "this text"
+  [ -z "$example_usage" ] || printf '\nfor instance:\n%s' "$example_usage"
 }
 
 # check_value OPTION KIND VALUE: KIND is `text`, `LOW..HIGH` (whole numbers of ten digits at most),

@@ -18,6 +18,8 @@ packages_checks="git clang-format shellcheck imagemagick"
 packages_clang="clang libclang-rt-14-dev"
 # What reads a recording, before anything is built for its run.
 packages_recordings="python3"
+# Readers of recordings in the forms of other tools.
+packages_foreign_recordings="python3 python3-can"
 # Readers of workbooks, .xlsx and .xls.
 packages_books="python3-openpyxl python3-xlrd"
 # pandoc makes the manual's page.
@@ -28,8 +30,9 @@ packages_clone="git python3"
 packages_x86_display="xvfb imagemagick"
 packages_x86_root="wine wine32 fonts-wine fonts-ipafont-gothic locales"
 packages_fresh_root="sudo"
-# What bench/compare measures beside Tolvane.
-packages_compare="can-utils python3-can"
+# Tools that logs are converted for: what tests read the converted logs with, and bench/compare measures beside
+# Tolvane.
+packages_can_tools="can-utils python3-can"
 
 package_installed() {
   [ "$(dpkg-query -W -f '${db:Status-Status}' "$1" 2>/dev/null)" = installed ]

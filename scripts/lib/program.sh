@@ -47,12 +47,16 @@ drive_end() {
   wait "$program" || fail "the program ended with an error"
 }
 
-# drive_page FOLDER: writes the page's text and the window's picture there, page.txt and page.png, and checks that
-# both show the page of a run.
+# drive_leave FOLDER NAME: writes the page's text and the window's picture there, NAME.txt and NAME.png.
+drive_leave() {
+  drive picture "Z:$1/$2.bmp" -- text RTB_MainView "Z:$1/$2.txt" || fail "the page cannot be saved"
+  picture_convert "$1/$2.bmp" "$1/$2.png"
+  rm "$1/$2.bmp"
+}
+
+# drive_page FOLDER: the same as page.txt and page.png, and checks that both show the page of a run.
 drive_page() {
-  drive picture "Z:$1/page.bmp" -- text RTB_MainView "Z:$1/page.txt" || fail "the page cannot be saved"
-  picture_convert "$1/page.bmp" "$1/page.png"
-  rm "$1/page.bmp"
+  drive_leave "$1" page
   head -n 1 "$1/page.txt" | grep -q 'ID *DLC *D1 D2 D3 D4 D5 D6 D7 D8' ||
     fail "the window shows no page (see $1/page.png and page.txt)"
   [ "$(wc -l <"$1/page.txt")" -gt 1 ] ||

@@ -1,8 +1,10 @@
 """Recordings of bus traffic in the candump log form, read line for line as the simulated adapters read
 them: simulator/candump_log.h tells the form, tests/simulator/candump_lines.inc holds the two together."""
 
+import contextlib
 import re
-from typing import NamedTuple
+from collections.abc import Iterable, Iterator
+from typing import BinaryIO, NamedTuple
 
 from counted import counted
 
@@ -47,6 +49,13 @@ class Frame(NamedTuple):
     line: int = 0      # from 1
 
 
+class BadLine(NamedTuple):
+    """Of a file that is read: what holds no frame and is left out."""
+    line: int  # from 1
+    text: bytes
+    file: str = ""  # where a recording has several
+
+
 class Recording(NamedTuple):
     name: str
     frames: list[Frame]   # their times never step back
@@ -82,33 +91,70 @@ def parse_line(text: bytes) -> Frame | None:
                  length)
 
 
-def parse(name: str, text: bytes) -> Recording:
-    frames: list[Frame] = []
-    bad_lines, first_bad_line, first_bad_text = 0, 0, b""
-    origin = 0
-    for number, line in enumerate(text.split(b"\n"), 1):
+def line_of(frame: Frame) -> bytes:
+    """The reverse of parse_line."""
+    extended = frame.extended or frame.kind == "error"
+    identifier = frame.identifier + (ERROR_FRAME if frame.kind == "error" else 0)
+    content = frame.data.hex().upper() + (f"_{frame.length:X}" if frame.length > 8 else "")
+    if frame.kind == "remote":
+        content = f"R{frame.length or ''}"
+    return (f"({frame.microseconds // 1_000_000}.{frame.microseconds % 1_000_000:06}) can0 "
+            f"{identifier:0{8 if extended else 3}X}#{content}{' T' if frame.kind == 'sent' else ''}\n").encode("ascii")
+
+
+def frames_of_lines(lines: Iterable[bytes]) -> Iterator[Frame | BadLine]:
+    for number, line in enumerate(lines, 1):
+        line = line.removesuffix(b"\n")
         frame = parse_line(line)
         if frame is not None:
-            origin = origin if frames else frame.microseconds
-            last = frames[-1].microseconds if frames else 0
-            frames.append(frame._replace(microseconds=max(frame.microseconds - origin, last), line=number))
+            yield frame._replace(line=number)
         elif line.strip(b" \t\r"):
-            bad_lines += 1
-            if bad_lines == 1:
-                first_bad_line, first_bad_text = number, line
-    return Recording(name, frames, bad_lines, first_bad_line, first_bad_text)
+            yield BadLine(number, line)
 
 
-def read(path: str) -> Recording:
+class TimeSinceFirst:
+    """Of one frame after the other, in µs: it begins with the first one and never steps back."""
+
+    def __init__(self) -> None:
+        self.origin: int | None = None
+        self.last = 0
+
+    def of(self, frame: Frame) -> int:
+        if self.origin is None:
+            self.origin = frame.microseconds
+        self.last = max(frame.microseconds - self.origin, self.last)
+        return self.last
+
+
+def parse(name: str, text: bytes) -> Recording:
+    frames: list[Frame] = []
+    bad_lines: list[BadLine] = []
+    time = TimeSinceFirst()
+    for item in frames_of_lines(text.split(b"\n")):
+        if isinstance(item, Frame):
+            frames.append(item._replace(microseconds=time.of(item)))
+        else:
+            bad_lines.append(item)
+    first = bad_lines[0] if bad_lines else BadLine(0, b"")
+    return Recording(name, frames, len(bad_lines), first.line, first.text)
+
+
+@contextlib.contextmanager
+def opened(path: str) -> Iterator[BinaryIO]:
     try:
         with open(path, "rb") as file:
-            return parse(path, file.read())
+            yield file
     except FileNotFoundError:
         raise Refused(f"there is no recording {path}") from None
     except IsADirectoryError:
         raise Refused(f"{path} is a folder, and a recording is a file") from None
     except OSError as error:
         raise Refused(f"the recording {path} cannot be read: {error.strerror}") from None
+
+
+def read(path: str) -> Recording:
+    with opened(path) as file:
+        return parse(path, file.read())
 
 
 def what_is_wrong(text: bytes) -> str:
@@ -167,8 +213,13 @@ def pass_length(frames: list[Frame]) -> int:
     return span + max(span // (len(frames) - 1), 1)
 
 
-def bad_lines_text(recording: Recording) -> str:
+def left_out_text(bad_lines: int, first: BadLine, noun: str = "line") -> str:
     """For the end of a message; empty without any."""
-    if recording.bad_lines == 0:
+    if bad_lines == 0:
         return ""
-    return f"; {counted(recording.bad_lines, 'bad line')} left out, the first is line {recording.first_bad_line}"
+    place = f"{noun} {first.line}" + (f" of {first.file}" if first.file else "")
+    return f"; {counted(bad_lines, f'bad {noun}')} left out, the first is {place}"
+
+
+def bad_lines_text(recording: Recording) -> str:
+    return left_out_text(recording.bad_lines, BadLine(recording.first_bad_line, recording.first_bad_text))

@@ -5,7 +5,7 @@
 # shellcheck shell=bash
 : "${build:?common.sh comes first}" "${root:?}" "${files:?}" "${seconds:?}" "${compile_together:?compile.sh}"
 
-release_files="Tolvane.exe qxt100.dll"
+release_files="Tolvane.exe qxt100.dll tolvane-log.exe"
 
 # unswayed COMMAND ARGS: runs it without the caller's compiler flags, caches, time zone and language.
 unswayed() {
@@ -20,7 +20,7 @@ release_build() {
   rm -rf "$folder"
   (cd "$root" && quietly "$folder-configure.log" unswayed cmake --preset "windows-$arch" -B "$folder" \
     "${compile_together[@]}") &&
-    quietly "$folder-build.log" unswayed cmake --build "$folder" --target tolvane qxt100
+    quietly "$folder-build.log" unswayed cmake --build "$folder" --target tolvane qxt100 tolvane_log
 }
 
 # release_split ARCH SYMBOLS: the program's files without debug symbols in the archive's folder, the symbols

@@ -129,10 +129,10 @@ fresh_demo_page() {
   fresh_check picture $figures
 }
 
-# Two files and nothing else, for the right Windows.
+# Three files and nothing else, for the right Windows.
 fresh_program_x86() {
   local folder=$fresh_root$fresh_project/build/windows-x86/program
-  (cd "$folder" && printf '%s\n' Tolvane.exe qxt100.dll | LC_ALL=C diff - <(LC_ALL=C ls -A)) &&
+  (cd "$folder" && printf '%s\n' Tolvane.exe qxt100.dll tolvane-log.exe | LC_ALL=C diff - <(LC_ALL=C ls -A)) &&
     run_python tests/release/check_program.py "$folder" i386
 }
 

@@ -20,9 +20,9 @@ source "$root/scripts/lib/ahead.sh"
 # The stages in their order, the quick ones first, each with the groups of Debian packages that it needs.
 # Each is a function stage_NAME.
 stage_table=(
-  "checks      native_tests checks"
-  "unit        native_tests books"
-  "sanitizers  native_tests clang books"
+  "checks      native_tests checks foreign_recordings"
+  "unit        native_tests books can_tools"
+  "sanitizers  native_tests clang books can_tools"
   "fuzz        native_tests clang"
   "soak        native_tests"
   "commands    build_x64 run"

@@ -19,16 +19,42 @@ source "$root/scripts/lib/settings.sh"
 # shellcheck source=recordings.sh
 source "$root/scripts/lib/recordings.sh"
 
+# A wrong file is reported after the installation of Python at most, before that of the compilers.
+need_reader_of() {
+  [ -e "$1" ] || fail "there is no recording $1"
+  command -v python3 >/dev/null || need_packages recordings
+}
+
 # need_recording FILE IDS [--comparable page|logs]: prints what the recording contains, or ends the script with a
 # message when it has no frames for a program with identifiers of so many bits, or cannot be compared with. IDS is
-# the value of the option, or `unknown`.
+# the value of the option.
 need_recording() {
-  local summary line
-  [ -e "$1" ] || fail "there is no recording $1"
-  # A wrong file is reported after the installation of Python at most, before that of the compilers.
-  command -v python3 >/dev/null || need_packages recordings
+  local summary
+  need_reader_of "$1"
   summary=$(run_python scripts/lib/check_recording.py --ids "$2" "${@:3}" -- "$1") || exit 1
-  while IFS= read -r line; do say "$line"; done <<<"$summary"
+  say "$summary"
+}
+
+# ready_recording FILE [IDS]: the same for a recording of any form, which is made ready to be played. Sets
+# ready[play] to the file for the bench, and ready[ids], ready[adapter] and, if the recording tells it, ready[rate] to
+# what it asks of the run.
+declare -A ready=()
+facts_of_recording() { run_python scripts/lib/ready_recording.py --ids "${2:-both}" -- "$1" "$converted"; }
+ready_recording() {
+  local converted facts word value
+  need_reader_of "$1"
+  mkdir -p "$build/recordings"
+  converted=$(mktemp "$build/recordings/ready.XXXXXX")
+  at_exit "rm -f '$converted'"
+  facts=$(facts_of_recording "$@") || {
+    [ $? -eq 3 ] || exit 1
+    need_packages foreign_recordings
+    facts=$(facts_of_recording "$@") || exit 1
+  }
+  while read -r word value; do
+    # shellcheck disable=SC2034 # for the scripts
+    if [ "$word" = say ]; then say "$value"; else ready[$word]=$value; fi
+  done <<<"$facts"
 }
 
 # run_prepare NAME: starts the session and makes $folder with the program.

@@ -10,6 +10,8 @@ source "$root/scripts/lib/debian_root.sh"
 source "$root/scripts/lib/lock.sh"
 
 x86_root=$build/x86-root
+# Where its Wine keeps a Windows; a script may name another one ahead of the first program.
+x86_prefix=$build/wine-prefix-x86
 
 # x86_obstacle: prints why the root cannot be made or entered here, nothing when it can.
 x86_obstacle() {
@@ -107,6 +109,6 @@ x86_describe() {
   [ "$(id -u)" -ne 0 ] || home=/root
   x86_entry=(--user "$x86_user" --bind "$root")
   [ ! -d /tmp/.X11-unix ] || x86_entry+=(--bind /tmp/.X11-unix)
-  x86_environment=(PATH="$debian_root_path" HOME="$home" DISPLAY="${DISPLAY:-}" WINEARCH=win32
-    TOLVANE_WINE_PREFIX="$build/wine-prefix-x86")
+  x86_environment=(PATH="$debian_root_path" HOME="$home" DISPLAY="${DISPLAY:-}"
+    TOLVANE_DISPLAY="${TOLVANE_DISPLAY:-}" WINEARCH=win32 TOLVANE_WINE_PREFIX="$x86_prefix")
 }

@@ -4,6 +4,8 @@
 #include <utility>
 #include <vector>
 
+#include "logging/csv_line.h"
+#include "logging/log_table.h"
 #include "platform/file_services.h"
 #include "view/tables/stringbuilder.h"
 
@@ -26,6 +28,9 @@ class CsvChannel {
   }
   void Take(std::size_t length) { builder_.Take(length); }
 
+  /// Takes the memory of a whole channel, ahead of the lines.
+  void TakeMemory() { builder_.TakeMemory(); }
+
   /// True when there is at least one line. The stray zeros of 29-bit mode alone are not a line.
   [[nodiscard]] bool HasLines() const;
   [[nodiscard]] bool WriteTo(platform::TextStream& stream) const;
@@ -35,13 +40,17 @@ class CsvChannel {
   void AllClear();
 
  private:
+  /// Characters of the longest lines that there can be.
+  static constexpr std::int32_t kWholeChannel =
+      (LogTable::kRow_MAX + 1) * static_cast<std::int32_t>(kCsvLine_MAX);
+
   [[nodiscard]] std::size_t Length() const {
     return unwritten_length_ + static_cast<std::size_t>(builder_.mTextLength);
   }
 
   std::vector<String> unwritten_;  // in order
   std::size_t unwritten_length_ = 0;
-  StringBuilder builder_;
+  StringBuilder builder_{kWholeChannel};
 };
 
 }  // namespace tolvane

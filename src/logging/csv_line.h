@@ -11,9 +11,18 @@ namespace tolvane {
 
 constexpr std::size_t kCsvLine_MAX = 96;  // characters; the longest line has 87
 
-/// The text between time and identifier in a line of 29-bit mode.
+// What stands between the parts of a line: behind time, identifier and, in 29-bit mode, the mark;
+// ahead of the first byte; and ahead of each other one.
+inline constexpr StringView kCsvGap = u" , ";
+inline constexpr StringView kCsvBytesGap = u" ,  ";
+inline constexpr StringView kCsvByteGap = u",";
+
+/// The marks of 29-bit mode, between time and identifier.
+inline constexpr StringView kCsvMarkExtended = u"* , ";
+inline constexpr StringView kCsvMarkStandard = u"  , ";
+
 [[nodiscard]] constexpr StringView CsvMark29(std::int32_t can_Flag) {
-  return can_Flag == 1 ? StringView(u"* , ") : StringView(u"  , ");
+  return can_Flag == 1 ? kCsvMarkExtended : kCsvMarkStandard;
 }
 
 /// Writes one line, CR LF included, to `line`, which has room for kCsvLine_MAX characters.

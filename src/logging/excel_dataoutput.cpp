@@ -12,21 +12,10 @@ namespace tolvane {
 namespace {
 
 StringView LogExtension(const ELM327_Info& device) {
-  if (device.t_LogSaveFormat == kLogFormatCsv) return u".csv";
+  if (device.t_LogSaveFormat == kLogFormatCsv) return kCsvExtension;
   if (device.t_LogSaveFormat != kLogFormatSpreadsheet) return {};
   const auto format = WorkbookFormatOf(device);
   return format ? format->extension : StringView();
-}
-
-/// The number in a text that FileNumberText made.
-std::int32_t FileNumber(StringView text) {
-  std::int32_t number = 0;
-  for (const char16_t digit : text) {
-    if (digit < u'0' || digit > u'9') return 1;
-    number = number * 10 + (digit - u'0');
-    if (number > kFileNumber_MAX) return 1;
-  }
-  return number;
 }
 
 void AppendFilledRows(std::span<const String> cells, bool with_mark, String& lines) {
@@ -92,7 +81,7 @@ void Excel_OutputDB::Session_End_Output(ELM327_Info& device, String& FileName_Da
     }
     if (channel != current && !records->HasLines()) continue;
     const String path =
-        FreeLogPath(device, now, u".csv", nullptr, FileName_Date, FileName_No, FolderName);
+        FreeLogPath(device, now, kCsvExtension, nullptr, FileName_Date, FileName_No, FolderName);
     static_cast<void>(WriteCsvFile(path, services_.wall_clock.GeneralDate(now), records));
   }
 }
@@ -110,8 +99,8 @@ String Excel_OutputDB::FreeLogPath(ELM327_Info& device, const platform::LocalTim
   const ShortText date = DateHourText(now);
   std::int32_t number = 1;
   if (date.View() == FileName_Date) number = FileNumber(FileName_No);
-  NumberedPath found = FindFreePath(services_.files, folder + u"\\KL" + String(date.View()) + u'-',
-                                    extension, number, events);
+  folder.append(u"\\").append(kLogPrefix).append(date).append(u"-");
+  NumberedPath found = FindFreePath(services_.files, folder, extension, number, events);
   // Both are set after the yields of the search, so a flush nested in one of those begins at 1 too.
   FileName_Date = date.View();
   FileName_No = FileNumberText(found.number).View();

@@ -1,15 +1,9 @@
 #include "logging/excel_outputdb.h"
 
+#include "logging/csv_head.h"
 #include "logging/csv_line.h"
 
 namespace tolvane {
-
-namespace {
-
-constexpr StringView kColumnLine11 = u"  時間[ms] , ID  ,DLC,  D1,D2,D3,D4,D5,D6,D7,D8";
-constexpr StringView kColumnLine29 = u"  時間[ms] , E ,    ID    ,DLC,  D1,D2,D3,D4,D5,D6,D7,D8";
-
-}  // namespace
 
 Excel_OutputDB::Excel_OutputDB(const LogServices& services) : services_(services) {}
 
@@ -25,11 +19,13 @@ void Excel_OutputDB::Param_ALL_Clear() {
 
 void Excel_OutputDB::csv_DB_Initialize(std::int32_t cmd_ch, const ELM327_Info& device) {
   if (cmd_ch == 0) {
-    LogHeaderTop = device.Application_title + u",,," + device.Copy_light + u",,,," +
-                   device.Homepage_URL + u"\r\n\r\n";
-    LogHeaderBottom = u",,,bit rate：," + str_bitrate + u"\r\n" + hardware_information +
-                      u"\r\n\r\n" + device.t_LogComment + u"\r\n\r\n";
-    LogHeaderBottom += device.t_msgID_type == kMsgIdType29Bit ? kColumnLine29 : kColumnLine11;
+    LogHeaderTop = device.Application_title;
+    LogHeaderTop.append(kCsvCopyrightGap).append(device.Copy_light);
+    LogHeaderTop.append(kCsvHomePageGap).append(device.Homepage_URL).append(u"\r\n\r\n");
+    LogHeaderBottom = kCsvBitRate;
+    LogHeaderBottom += str_bitrate + u"\r\n" + hardware_information + u"\r\n\r\n" +
+                       device.t_LogComment + u"\r\n\r\n";
+    LogHeaderBottom += device.t_msgID_type == kMsgIdType29Bit ? kCsvColumns29 : kCsvColumns11;
     LogHeaderBottom += u"\r\n";
   }
   if (cmd_ch == 0 || cmd_ch == 1) LogBuilder1.AllClear();

@@ -66,6 +66,13 @@ class Excel_OutputDB {
   /// anything else does nothing.
   void csv_DB_Initialize(std::int32_t cmd_ch, const ELM327_Info& device);
 
+  /// Takes the memory of both csv channels, so that a run does not touch it for the first time
+  /// while frames wait in the adapter.
+  void csv_TakeMemory() {
+    LogBuilder1.TakeMemory();
+    LogBuilder2.TakeMemory();
+  }
+
   /// Stores one record in the current channel and advances the counter. `now_time` is the message
   /// time in ms; `can_Flag` is 1 for an extended frame.
   void Excel_DataInput(double now_time, std::int32_t can_ID, std::int32_t can_DLC,

@@ -12,6 +12,10 @@ namespace tolvane {
 
 // How log files and snapshots find their folder and a free name.
 
+// A log's name is its prefix, DateHourText, a hyphen, FileNumberText and its extension.
+inline constexpr StringView kLogPrefix = u"KL";
+inline constexpr StringView kCsvExtension = u".csv";
+
 constexpr std::int32_t kFileNumber_MAX = 1000;  // the search for a free name stops here
 
 constexpr std::size_t kLongestLogName = StringView(u"\\KLyymmddhh-1000.xlsx").size();
@@ -36,8 +40,13 @@ constexpr std::size_t kWorkbookFolder_MAX = kWorkbookPath_MAX - kLongestLogName;
 /// "yymmddhh".
 [[nodiscard]] ShortText DateHourText(const platform::LocalTime& time);
 
-/// Three digits, four from 1000 on.
+constexpr std::size_t kFileNumberDigits = 3;
+
+/// At least kFileNumberDigits digits.
 [[nodiscard]] ShortText FileNumberText(std::int32_t number);
+
+/// The number in a text that FileNumberText made; 1 for any other text.
+[[nodiscard]] std::int32_t FileNumber(StringView text);
 
 struct NumberedPath {
   String path;

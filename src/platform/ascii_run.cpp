@@ -1,12 +1,13 @@
 #include "platform/ascii_run.h"
 
 #include <algorithm>
+#include <array>
 
 namespace tolvane::platform {
 
 namespace {
 
-/// Characters that are tested together, without a branch for each.
+/// Characters that are tested or copied together, without a branch for each.
 constexpr std::size_t kStep = 64;
 
 bool AllAscii(StringView step) {
@@ -22,14 +23,25 @@ std::size_t AsciiRunLength(StringView text) {
   return length;
 }
 
+/// Only with a number of characters that is known beforehand do compilers narrow many at once.
+void NarrowStep(StringView step, char* bytes) {
+  std::array<char, kStep> narrow;
+  for (std::size_t i = 0; i < kStep; ++i) narrow[i] = static_cast<char>(step[i]);
+  std::ranges::copy(narrow, bytes);
+}
+
 }  // namespace
 
 std::size_t AppendAsciiRun(StringView text, std::string& bytes) {
   const StringView run = text.substr(0, AsciiRunLength(text));
   const std::size_t start = bytes.size();
   bytes.resize(start + run.size());
-  std::ranges::transform(run, bytes.begin() + static_cast<std::ptrdiff_t>(start),
-                         [](char16_t unit) { return static_cast<char>(unit); });
+  char* at = bytes.data() + start;
+  StringView rest = run;
+  for (; rest.size() >= kStep; rest.remove_prefix(kStep), at += kStep) {
+    NarrowStep(rest.substr(0, kStep), at);
+  }
+  std::ranges::transform(rest, at, [](char16_t unit) { return static_cast<char>(unit); });
   return run.size();
 }
 

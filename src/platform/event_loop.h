@@ -5,7 +5,7 @@ namespace tolvane::platform {
 /// The user-interface event loop, seen from the one thread that everything runs on.
 ///
 /// Event gate: while the logic runs, timer ticks, clicks and commands reach it only inside
-/// YieldToEvents, inside a modal loop begun there (a menu, a window being dragged), or inside one
+/// a yield, inside a modal loop begun there (a menu, a window being dragged), or inside one
 /// that the logic begins itself (a message box: the stop message of a failed open, for one).
 /// Whatever else pumps messages must not let them through.
 class EventLoop {
@@ -16,6 +16,10 @@ class EventLoop {
   /// the main window and any timer tick may run inside this call, so callers must be ready for
   /// changed settings, a cleared RxFlag and a rewritten view.
   virtual void YieldToEvents() = 0;
+
+  /// The same for yields that come by the thousand: an event may wait for a millisecond's worth of
+  /// them, so that the system need not be asked at each, which costs more than what lies between.
+  virtual void YieldOften() { YieldToEvents(); }
 };
 
 }  // namespace tolvane::platform

@@ -38,6 +38,10 @@ class FileServices {
   /// True also where that cannot be learned, as over a network that fails for a moment: a new file
   /// must not take the place of one that may be there.
   [[nodiscard]] virtual bool FileExists(StringView path) = 0;
+  /// The names, without their folder, of the files whose paths begin with `stem`, in capitals or
+  /// not; none when they cannot be told. One look into a folder, where asking for file after file
+  /// would take hundreds.
+  [[nodiscard]] virtual std::vector<String> FileNames(StringView stem) = 0;
   /// One level; false also when the folder exists already.
   [[nodiscard]] virtual bool CreateFolder(StringView path) = 0;
   /// Null on failure. With `overwrite` an existing file is replaced, without it refused. The

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <cstddef>
+
 #include "platform/string.h"
 
 namespace tolvane {
@@ -15,6 +17,13 @@ namespace tolvane {
 
 [[nodiscard]] constexpr bool StartsWithPair(StringView text) {
   return text.size() >= 2 && IsHighSurrogate(text[0]) && IsLowSurrogate(text[1]);
+}
+
+/// The first `most` units of a text, or one less where a pair would be torn; all of a shorter text.
+/// `most` is at least 2.
+[[nodiscard]] constexpr StringView FrontPiece(StringView text, std::size_t most) {
+  if (text.size() <= most) return text;
+  return text.substr(0, IsHighSurrogate(text[most - 1]) ? most - 1 : most);
 }
 
 }  // namespace tolvane

@@ -130,6 +130,9 @@ void Run<Table>::ClearLog() {
   log_.hardware_information = traits_.hardware_text == HardwareText::kVersion
                                   ? version
                                   : parts_.window.Cmb_Serect_Device.Text() + u" 、" + version;
+  if (device_.t_LogSave_Enable == 1 && device_.t_LogSaveFormat == kLogFormatCsv) {
+    log_.csv_TakeMemory();
+  }
 }
 
 template <typename Table>
@@ -188,6 +191,7 @@ void Run<Table>::ReadWhileWanted() {
   while (parts_.RxFlag == 1) {
     const ReceivedFrame* frame = ReadAccepted();
     if (frame == nullptr) {
+      // Not YieldOften: a thread that never gives way is the one that a busy system keeps waiting.
       parts_.platform.events.YieldToEvents();
       KeepTicking();
       continue;

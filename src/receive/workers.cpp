@@ -51,6 +51,7 @@ void WorkerForm<kKind>::Open_KvaserCAN(platform::AutomationObject* objExcel, ELM
 template <WorkerKind kKind>
 std::int32_t WorkerForm<kKind>::Open(AdapterKind adapter, Binding& binding, ELM327_Info& device,
                                      platform::AutomationObject* objExcel) {
+  tick_.TakeMemory();
   TimerBackView_.OnTick([this, &device] { tick_.TimerBackView_Timer(device); });
   const WorkerParts<Table> worker = {.frames = *tables_.frames,
                                      .highlights = *tables_.highlights,

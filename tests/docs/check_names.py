@@ -12,7 +12,7 @@ import pathlib
 import re
 import sys
 
-DOCUMENTS = ("ARCHITECTURE.md", "CONTRIBUTING.md", "docs/formats.md", "docs/oddities.md")
+DOCUMENTS = ("ARCHITECTURE.md", "CONTRIBUTING.md", "docs/formats.md", "docs/oddities.md", "docs/soak.md")
 ODDITIES = "docs/oddities.md"
 SOURCE_FOLDERS = ("src", "support", "simulator", "tests", "bench", "tools", "scripts")
 

@@ -5,6 +5,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <map>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -14,6 +15,8 @@
 #include "simulator/bench_config.h"
 #include "tests/docs/document.h"
 #include "tests/run/control/run_control.h"
+#include "tests/tools/log/memory_files.h"
+#include "tools/log/command/command.h"
 
 namespace tolvane {
 namespace {
@@ -63,6 +66,26 @@ class Formats : public RunControl {
   /// The text of a file in the code page.
   std::string WrittenText(StringView file) {
     return WithoutReturns(ToUtf8(memory_.code_page.Decode(Written(file))));
+  }
+
+  /// What tolvane-log makes of a csv log.
+  std::string Converted(StringView file) {
+    logtool::MemoryFiles files;
+    files.texts["log.csv"] = Written(file);
+    std::string output;
+    std::string messages;
+    logtool::TextSink output_sink(output);
+    logtool::TextSink message_sink(messages);
+    const int status = logtool::RunCommand({"convert", "--to", "csv", "log.csv"},
+                                           {.files = files,
+                                            .output = output_sink,
+                                            .messages = message_sink,
+                                            .code_page = memory_.code_page,
+                                            .unix_seconds = [](const platform::LocalTime&) {
+                                              return std::optional<std::int64_t>(1);
+                                            }});
+    EXPECT_EQ(status, 0) << messages;
+    return output;
   }
 
   Document document_{"docs/formats.md"};
@@ -175,12 +198,15 @@ TEST_F(Formats, PageFileOfARun) {
 TEST_F(Formats, CsvLogOf11BitMode) {
   RunWith({Frame(0x1A0, 1000, 0, 8, 1), Frame(0x00F, 1050, 0, 2, 9), Frame(0x7FF, 1100, 0, 0, 0)});
   EXPECT_TRUE(IsTheExample(document_, "text csv, 11 bits", WrittenText(u"KL26010509-001.csv")));
+  EXPECT_TRUE(IsTheExample(document_, "text csv of tolvane-log", Converted(u"KL26010509-001.csv")));
 }
 
 TEST_F(Formats, CsvLogOf29BitMode) {
   form_.device.t_msgID_type = kMsgIdType29Bit;
   RunWith({Frame(0x18DAF110, 1000, 128, 8, 1), Frame(0x123, 1050, 0, 2, 9)});
   EXPECT_TRUE(IsTheExample(document_, "text csv, 29 bits", WrittenText(u"KL26010509-001.csv")));
+  EXPECT_TRUE(IsTheExample(document_, "text csv of tolvane-log, 29 bits",
+                           Converted(u"KL26010509-001.csv")));
 }
 
 /// Everything that a flush puts into its workbook, one line each.

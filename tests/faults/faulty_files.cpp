@@ -43,6 +43,10 @@ bool FaultyFiles::FileExists(StringView path) {
   return Fails("FileExists") || files_.FileExists(path);
 }
 
+std::vector<String> FaultyFiles::FileNames(StringView stem) {
+  return Fails("FileNames") ? std::vector<String>() : files_.FileNames(stem);
+}
+
 bool FaultyFiles::CreateFolder(StringView path) {
   return !Fails("CreateFolder") && files_.CreateFolder(path);
 }

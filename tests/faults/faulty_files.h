@@ -3,6 +3,7 @@
 #include <memory>
 #include <optional>
 #include <span>
+#include <vector>
 
 #include "platform/file_services.h"
 #include "platform/memory/system/file_system.h"
@@ -20,6 +21,7 @@ class FaultyFiles final : public platform::FileServices {
   bool FolderExists(StringView path) override;
   /// A file that cannot be asked for counts as one that is there.
   bool FileExists(StringView path) override;
+  std::vector<String> FileNames(StringView stem) override;
   bool CreateFolder(StringView path) override;
   std::unique_ptr<platform::TextStream> CreateTextFile(StringView path, bool overwrite,
                                                        bool unicode) override;

@@ -19,7 +19,8 @@ WINDOWS_HEADER = re.compile(r"(windows|win\w+|ole\w*|oaidl|richedit|commctrl|com
                             r"shlobj|richole|imm|mmsystem|tlhelp32|psapi)\.h", re.IGNORECASE)
 WINDOWS_MACRO = re.compile(r"^\s*#.*\b(_WIN32|_WIN64|__MINGW\w*)\b", re.MULTILINE)
 # Folders that may know Windows, relative to the root.
-WINDOWS_FOLDERS = ("src/platform/windows/", "support/", "simulator/", "tools/drive/",
+WINDOWS_FOLDERS = ("bench/windows/", "src/platform/windows/", "support/", "simulator/", "tools/drive/",
+                   "tools/log/windows/",
                    "tests/window/", "tests/platform/windows/", "tests/simulator/", "tests/support/")
 CHECKED_FOLDERS = ("src", "support", "simulator", "tools", "tests", "bench")
 

@@ -22,6 +22,7 @@ class JudgedFiles final : public platform::FileServices {
 
   bool FolderExists(StringView path) override { return files_.FolderExists(path); }
   bool FileExists(StringView path) override { return files_.FileExists(path); }
+  std::vector<String> FileNames(StringView stem) override { return files_.FileNames(stem); }
   bool CreateFolder(StringView path) override { return files_.CreateFolder(path); }
   std::unique_ptr<platform::TextStream> CreateTextFile(StringView path, bool overwrite,
                                                        bool unicode) override;

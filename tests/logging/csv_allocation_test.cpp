@@ -27,6 +27,20 @@ TEST_F(CsvAllocation, AChannelOfLinesAllocatesItsBlockOnceAndNothingPerFrame) {
   EXPECT_EQ(counting::Allocations() - again, 0);
 }
 
+TEST_F(CsvAllocation, MemoryTakenAheadHoldsTheLongestLinesOfBothChannels) {
+  constexpr double kLongestTime = -1.23456789012345e-100;
+  db.csv_TakeMemory();
+  db.csv_DB_Initialize(0, device);
+  const std::int64_t before = counting::Allocations();
+  for (const std::int32_t channel : {1, 2}) {
+    db.Excel_DB_ArayyCh = channel;
+    for (std::int32_t i = 0; i <= Excel_OutputDB::kRow_MAX; ++i) {
+      db.csv_DataInput29(kLongestTime, -1, std::numeric_limits<std::int32_t>::max(), kBytes, 1);
+    }
+  }
+  EXPECT_EQ(counting::Allocations() - before, 0);
+}
+
 /// A machine without memory for the pieces of a channel, or for its builder.
 class CsvWithoutMemory : public CsvAllocation {
  protected:

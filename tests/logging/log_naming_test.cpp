@@ -122,6 +122,50 @@ TEST_F(LogNaming, YieldsOncePerTakenName) {
   EXPECT_EQ(events.Yields(), 12);
 }
 
+/// Counts how often it is asked for a single file.
+class AskedFiles final : public platform::memory::FileSystem {
+ public:
+  using FileSystem::FileSystem;
+  bool FileExists(StringView path) override {
+    ++asked;
+    return FileSystem::FileExists(path);
+  }
+
+  int asked = 0;
+};
+
+TEST_F(LogNaming, ASearchBehindHundredsOfTakenNamesLooksIntoTheFolderOnce) {
+  AskedFiles disk(code_page);
+  disk.AddFolder(u"C:\\Logs");
+  const String stem = u"C:\\Logs\\KL26112009-";
+  for (std::int32_t number = 1; number <= 699; ++number) {
+    // On a disk capitals do not tell names apart.
+    String path = number % 2 == 0 ? stem : u"c:\\logs\\kl26112009-";
+    disk.AddFile(path.append(FileNumberText(number)).append(u".CSV"), "");
+  }
+  // None of these is number 700.
+  for (const StringView end :
+       {u"0700.csv", u"700.csv.bak", u"700.xls", u"7000.csv", u".csv", u""}) {
+    disk.AddFile(stem + String(end), "");
+  }
+  disk.AddFile(u"C:\\Logs\\KL26112010-700.csv", "");
+  disk.AddFolder(stem + u"700.csv");
+  const NumberedPath found = FindFreePath(disk, stem, u".csv", 1, &events);
+  EXPECT_EQ(found.number, 700);
+  EXPECT_EQ(found.path, u"C:\\Logs\\KL26112009-700.csv");
+  EXPECT_EQ(events.Yields(), 699);
+  EXPECT_LT(disk.asked, 20);
+}
+
+TEST_F(LogNaming, AFileThatComesDuringTheSearchIsTakenToo) {
+  AddLogs(1, 20);
+  events.OnYield([this] {
+    if (events.Yields() == 15) AddLogs(21, 22);
+  });
+  Flush(1);
+  EXPECT_EQ(FileName_No, u"023");
+}
+
 TEST_F(LogNaming, NumberOneThousandIsOverwrittenFromThenOn) {
   AddLogs(1, 999);
   Flush(1);

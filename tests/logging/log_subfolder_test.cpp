@@ -263,6 +263,7 @@ class FullDisk final : public platform::FileServices {
  public:
   bool FolderExists(StringView) override { return true; }
   bool FileExists(StringView) override { return true; }
+  std::vector<String> FileNames(StringView) override { return {}; }
   bool CreateFolder(StringView) override {
     ++created;
     return false;

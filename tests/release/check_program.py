@@ -1,10 +1,10 @@
 #!/usr/bin/env python3
-"""Checks what the headers of the built program and its library say to Windows.
+"""Checks what the headers of the built programs and the library say to Windows.
 
 usage: check_program.py FOLDER MACHINE
 
-FOLDER holds Tolvane.exe and qxt100.dll, MACHINE is AMD64 or i386. Link flags are silent: a flag that gets
-lost changes nothing that a run would show.
+FOLDER holds Tolvane.exe, qxt100.dll and tolvane-log.exe, MACHINE is AMD64 or i386. Link flags are silent: a
+flag that gets lost changes nothing that a run would show.
 """
 
 import pathlib
@@ -16,13 +16,14 @@ from pe_file import PeFile
 MACHINES = {"AMD64": 0x8664, "i386": 0x014C}
 WINDOWS_7 = (6, 1)
 
-# Every library that must be there for the program to start at all. A longer list is a reason not to start.
+# Every library that must be there for a program to start at all. A longer list is a reason not to start.
 # The system takes each of these from its own folder or, COMCTL32, from its side-by-side store, whatever
 # lies beside the program; one for which that does not hold is to be loaded by its full path.
 IMPORTS = {
     "Tolvane.exe": {"comctl32.dll", "comdlg32.dll", "gdi32.dll", "kernel32.dll", "msvcrt.dll", "ole32.dll",
                     "oleaut32.dll", "shell32.dll", "user32.dll"},
     "qxt100.dll": {"kernel32.dll", "msvcrt.dll"},
+    "tolvane-log.exe": {"kernel32.dll", "msvcrt.dll"},
 }
 
 

@@ -24,7 +24,7 @@ import check_program
 from pe_file import PeFile
 
 MACHINES = {"x64": "AMD64", "x86": "i386"}
-MOST_BYTES = 3_000_000  # of executable and library together
+MOST_BYTES = 3_000_000  # of programs and library together
 SYMBOLS = "debug-symbols"
 
 Files = dict[str, bytes]
@@ -113,17 +113,16 @@ def check_program_file(name: str, content: bytes, symbols: bytes | None) -> list
 
 def check_archive(files: Files, symbols: Files, arch: str, commit: str, source: str) -> list[str]:
     """One of the two archives for users; `symbols` are the members of the third."""
-    names = {"Tolvane.exe", "qxt100.dll", "manual.html", "README.txt"}
+    names = {*check_program.IMPORTS, "manual.html", "README.txt"}
     if files.keys() != names:
         return [f"the archive holds {sorted(files)} in place of {sorted(names)}"]
     problems = check_readme(files["README.txt"], commit)
     problems += check_manual(files["manual.html"].decode("utf-8"), source)
-    programs = ("Tolvane.exe", "qxt100.dll")
-    size = sum(len(files[name]) for name in programs)
+    size = sum(len(files[name]) for name in check_program.IMPORTS)
     if size > MOST_BYTES:
         problems.append(f"the program's files have {size} bytes")
     with tempfile.TemporaryDirectory() as folder:
-        for name in programs:
+        for name in check_program.IMPORTS:
             problems += check_program_file(name, files[name], symbols.get(f"{arch}/{name}.debug"))
             (pathlib.Path(folder) / name).write_bytes(files[name])
         problems += check_program.check_folder(pathlib.Path(folder), MACHINES[arch])

@@ -6,6 +6,7 @@ Whatever would install, build or start stands here as a program that only leaves
 
 import os
 import pathlib
+import pty
 import re
 import shutil
 import subprocess
@@ -15,7 +16,8 @@ import unittest
 
 PROJECT = pathlib.Path(sys.argv.pop())
 # Those without a folder are in scripts/.
-SCRIPTS = ("demo", "replay-check", "log-check", "pictures", "build", "package", "test", "bench/compare", "tests/soak/run")
+SCRIPTS = ("demo", "replay-check", "log-check", "pictures", "build", "package", "test", "bench/compare", "tests/soak/run",
+           "tests/fuzz/run")
 MOST_WHOLE = 999_999_999
 HEAVY = ("apt-get", "sudo", "dpkg-query", "cmake", "ninja", "wine", "wineserver", "Xvfb", "convert")
 NOBODY = 65534
@@ -60,11 +62,11 @@ class Place(unittest.TestCase):
         return str(path)
 
     def run_script(self, name: str, *words: str, environment: dict[str, str] | None = None,
-                   user: int | None = None) -> Ended:
+                   user: int | None = None, stdin: int = subprocess.DEVNULL) -> Ended:
         paths = [str(self.tools), *dict.fromkeys((os.path.dirname(sys.executable), "/usr/bin", "/bin"))]
         done = subprocess.run([str(self.project / path_of(name)), *words], user=user, cwd=self.folder,
                               env={"PATH": ":".join(paths)} | (environment or {}), text=True, timeout=60,
-                              capture_output=True, check=False)
+                              stdin=stdin, capture_output=True, check=False)
         return Ended(done, self.trace)
 
     def refuses(self, sentence: str, name: str, *words: str, **how) -> None:
@@ -126,18 +128,37 @@ class Options(Place):
                 ("demo", "--seconds", "01", f"{whole} without leading zeros"),
                 ("demo", "--clock-start", "00", f"{ticks} without leading zeros"),
                 ("demo", "--clock-start", "-1", ticks), ("demo", "--clock-start", "4294967296", ticks),
+                ("demo", "--rate", "300", "is 10, 20, 50, 100, 125, 250, 500, 800 or 1000"),
+                ("demo", "--repeat", "-1", "is a whole number from 0 to 1000000"),
+                ("demo", "--speed", "0", "is a number from 0.001 to 1000, with three decimals at most"),
                 ("demo", "--adapter", "usb", "is canusb, interface or kvaser"),
                 ("demo", "--adapter", "canusb|interface", "is canusb, interface or kvaser"),
                 ("test", "--only", "units", "is checks, unit, .* release or fresh"),
-                ("bench/compare", "--only", "tick", "is ticks or logs"),
+                ("bench/compare", "--only", "tick", "is ticks, start, logs or conversions"),
                 ("bench/compare", "--rounds", "0", "is a whole number from 1 to 999999"),
                 ("tests/soak/run", "--minutes", "x", "is a whole number from 1 to 10000"),
                 ("tests/soak/run", "--load", "full", "is short, long, short29 or ids29"),
+                ("tests/soak/run", "--queue", "255", "is a whole number from 256 to 65536"),
+                ("tests/soak/run", "--arch", "arm", "is x64 or x86"),
+                ("bench/compare", "--arch", "arm", "is x64 or x86"),
+                ("tests/fuzz/run", "--seconds", "0", "is a whole number from 1 to 1000000"),
+                ("tests/fuzz/run", "--only", "page", "is candump_log, .* or whole_run"),
                 ("replay-check", "--ids", "12", "is 11, 29 or both"),
                 ("log-check", "--format", "xls", "is csv or xlsx"),
                 ("log-check", "--speed", "0", "is a number from 0.001 to 1000, with three decimals at most"),
                 ("log-check", "--speed", "1001", "is a number from 0.001 to 1000, with three decimals at most")):
             self.refuses(rf"{option} {wanted}, not '{re.escape(value)}'", name, option, value)
+
+    def test_every_fuzz_target_can_search_on_as_it_is_declared(self):
+        declared = set()
+        for folder in ("fuzz", "simulator"):
+            text = (PROJECT / "tests" / folder / "CMakeLists.txt").read_text()
+            declared |= {(name.removesuffix("_fuzz"), folder, longest) for name, longest in
+                         re.findall(r"^(?:tolvane_fuzz|fuzz_target)\((\w+) SECONDS \d+ LONGEST (\d+) ", text, re.M)}
+        rows = re.findall(r'^  "(\w+) +(\w+) +(\d+) +(\S+)"$', (PROJECT / "tests/fuzz/run").read_text(), re.M)
+        self.assertEqual(declared, {row[:3] for row in rows})
+        for name, folder, _, corpus in rows:
+            self.assertTrue(any((PROJECT / "tests" / folder / corpus).iterdir()), name)
 
     def test_there_are_two_architectures(self):
         for name in ("build", "package"):
@@ -173,6 +194,42 @@ class Options(Place):
     def test_the_vehicle_never_stands_still(self):
         self.refuses("--still needs a recording, --log: the vehicle never stands still", "demo", "--still", "1")
 
+    def test_what_belongs_to_a_recording_needs_one(self):
+        self.refuses("--repeat needs a recording, --log: the vehicle never ends", "demo", "--repeat", "2")
+        log = self.file("good.log", GOOD_LINE)
+        self.refuses("--still waits for the recording's end, and with --repeat 0 it has none", "demo", "--log", log,
+                     "--still", "2", "--repeat", "0")
+
+    def test_a_live_bus_comes_through_a_pipe_once_and_at_its_own_speed(self):
+        for words in (("--speed", "2"), ("--repeat", "2"), ("--speed", "1")):
+            self.refuses("a live bus has a speed of its own and comes once: leave --speed and --repeat away", "demo",
+                         "--log", "-", *words)
+        said = self.run_script("demo", "--log", "-").said
+        self.assertTrue(said.startswith("-- on the adapter canusb, with identifiers of 11 and 29 bits\n"), said)
+        self.trace.unlink()
+        terminal, side = pty.openpty()
+        self.addCleanup(os.close, terminal)
+        self.addCleanup(os.close, side)
+        self.refuses(re.escape("--log - takes lines from a pipe, as in: candump -L can0 | scripts/demo --log -"), "demo",
+                     "--log", "-", stdin=side)
+
+    def test_a_rate_that_the_adapter_lacks_is_refused(self):
+        for adapter, lacking in (("canusb", ()), ("interface", (10, 20, 800)), ("kvaser", (20, 800))):
+            for rate in (10, 20, 50, 100, 125, 250, 500, 800, 1000):
+                words = ("demo", "--adapter", adapter, "--rate", str(rate))
+                if rate in lacking:
+                    self.refuses(f"the adapter {adapter} has no rate of {rate} kbit/s: name another with --adapter", *words)
+                else:
+                    self.assertIn("dpkg-query", self.run_script(*words).begun)
+                    self.trace.unlink()
+
+    def test_logs_that_are_played_again_are_csv(self):
+        self.refuses("--again plays csv logs: leave --format away", "log-check", "--again", "--format", "xlsx")
+
+    def test_the_demo_shows_uses_of_its_options(self):
+        said = self.run_script("demo", "--help").said
+        self.assertRegex(said, r"\n  --help +this text\n\nfor instance:\n  scripts/demo\n      ")
+
     def test_options_come_in_any_order(self):
         log = self.file("b.log", "")
         for words in ([log, "--ids", "29"], ["--ids", "29", log], ["--ids=29", log, "--adapter=kvaser"]):
@@ -205,20 +262,24 @@ class Recordings(Place):
 
     def test_one_that_the_identifiers_leave_empty_is_refused_at_once(self):
         log = self.file("extended.log", GOOD_LINE.replace("123#", "00000123#"))
-        self.refuses(".* it needs --ids 29", "demo", "--log", log)
-        shown = {"DISPLAY": ":4095"}
-        self.refuses(".* it needs --ids 29", "demo", "--log", log, "--seconds", "1", environment=shown)
-        self.refuses(".* it needs --ids 29", "demo", "--log", log, "--ids", "11", environment=shown)
+        for words in (("demo", "--ids", "11", "--log"), ("replay-check",), ("log-check",)):
+            self.refuses(".* it needs --ids 29", *words, log)
+        self.refuses(".* it needs --ids 29", "demo", "--log", log, "--ids", "11", environment={"DISPLAY": ":4095"})
 
-    def test_a_window_for_the_user_may_show_any_identifiers(self):
-        log = self.file("extended.log", GOOD_LINE.replace("123#", "00000123#"))
-        shown = {"DISPLAY": ":4095"}
-        ended = self.run_script("demo", "--log", log, environment=shown)
-        self.assertIn("dpkg-query", ended.begun)
-        self.assertRegex(ended.said, r"\A-- .*: 1 frame in .*\n-- all its identifiers have 29 bits, .*: give --ids 29, ")
-        for ids in ("29", "both"):
-            said = self.run_script("demo", "--log", log, "--ids", ids, environment=shown).said
-            self.assertNotIn("--ids", said)
+    def test_the_demo_takes_what_the_recording_asks_for_unless_told(self):
+        extended = GOOD_LINE.replace("123#", "00000123#")
+        error = GOOD_LINE.replace("123#", "20000123#")
+        for content, words, chosen in (
+                (GOOD_LINE, (), "canusb, with identifiers of 11 bits"),
+                (extended, (), "canusb, with identifiers of 29 bits"),
+                (GOOD_LINE + extended, (), "canusb, with identifiers of 11 and 29 bits"),
+                (GOOD_LINE + error, (), "kvaser, with identifiers of 11 bits"),
+                (GOOD_LINE + error, ("--adapter", "interface", "--ids", "29"), "interface, with identifiers of 29 bits")):
+            log = self.file("bus.log", content)
+            for environment in ({}, {"DISPLAY": ":4095"}):
+                ended = self.run_script("demo", "--log", log, *words, environment=environment)
+                self.assertRegex(ended.said, rf"\A-- .*: \d frames? in .*\n-- on the adapter {chosen}\n")
+                self.assertIn("dpkg-query", ended.begun)
 
     def test_identifier_0_alone_has_logs_and_no_page(self):
         log = self.file("zero.log", GOOD_LINE.replace("123#", "000#"))

@@ -150,16 +150,6 @@ class Command(unittest.TestCase):
             self.assertEqual(0, self.check(DATA, "--ids", ids)[0])
         self.assertEqual(0, self.check(EXTENDED)[0])
 
-    def test_a_run_whose_bits_are_unknown_is_told_what_it_may_lack(self):
-        status, out, error = self.check(EXTENDED, "--ids", "unknown")
-        self.assertEqual((0, ""), (status, error))
-        self.assertRegex(out, r"\A.*: 1 frame in .*\nall its identifiers have 29 bits.*: give --ids 29, .*\n\Z")
-        for content in (DATA, EXTENDED + DATA):
-            self.assertEqual(1, self.check(content, "--ids", "unknown")[1].count("\n"))
-        for ids in ("29", "both"):
-            self.assertEqual(1, self.check(EXTENDED, "--ids", ids)[1].count("\n"))
-        self.refused(" is empty", "", "--ids", "unknown")
-
     def test_a_folder_and_a_missing_file_are_refused(self):
         folder = str(self.file.parent)
         self.assertEqual((1, "", f"error: {folder} is a folder, and a recording is a file\n"),

@@ -101,6 +101,13 @@ TEST(BenchConfig, BenchAndBusKeys) {
   EXPECT_EQ(load.content, LoadPlan::Content::kRandom);
 }
 
+TEST(BenchConfig, ALiveBusHasItsText) {
+  const BenchConfig config = ReadBenchConfig("[bus]\nsource=live\nlog=live\n");
+  EXPECT_EQ(config.problems, Texts{});
+  EXPECT_EQ(config.bus.source, BusPlan::Source::kLive);
+  EXPECT_EQ(config.bus.log, "live");
+}
+
 TEST(BenchConfig, TheGeneratorFillsTheBusUnlessTold) {
   EXPECT_EQ(ReadBenchConfig("").bus.bit_rate, 500'000);
   EXPECT_EQ(ReadBenchConfig("").bus.load.bit_rate, 500'000);
@@ -218,6 +225,7 @@ INSTANTIATE_TEST_SUITE_P(
     testing::Values(BadValue{"QueueOfZero", "[bench]\nqueue=0\n[canusb 1]\n"},
                     BadValue{"NoNumber", "[bench]\nqueue=many\n[canusb 1]\n"},
                     BadValue{"NoChoice", "[bus]\nsource=radio\n"},
+                    BadValue{"LiveWithoutText", "[bus]\nsource=live\n[canusb 1]\n"},
                     BadValue{"NoSeconds", "[canusb 1]\npulled_at=soon\n"},
                     BadValue{"NegativeSeconds", "[canusb 1]\npulled_at=-1\n"},
                     BadValue{"NoEscape", "[canusb 1]\nserial=\\q\n"},

@@ -40,6 +40,11 @@ class BenchOnText {
                                    std::make_unique<SharedClock>(now_us_));
   }
 
+  /// Writes behind what the file of the bench's folder holds.
+  void Append(const std::string& file, const std::string& text) const {
+    std::ofstream(folder_ / file, std::ios::binary | std::ios::app) << text;
+  }
+
   void Advance(std::int64_t by_us) { *now_us_ += by_us; }
 
   /// As far as it is written.

@@ -225,10 +225,11 @@ TEST_F(CanusbBenchTest, TheReportEndsWithTheLongestGapsWhenTold) {
   bench_.Advance(7);
   library_->canusb_Read(handle, message);
   library_->Close(handle);
-  EXPECT_NE(bench_.ReportText().find("queue_high_water=1\n"
-                                     "canusbdrv gap TV1 behind=frame ms=2.050 delivered=1\n"
-                                     "canusbdrv gap TV1 behind=empty ms=0.007 delivered=1\n"),
-            std::string::npos)
+  EXPECT_NE(
+      bench_.ReportText().find("queue_high_water=1\n"
+                               "canusbdrv gap TV1 behind=frame ms=2.050 delivered=1 at_ms=2.050\n"
+                               "canusbdrv gap TV1 behind=empty ms=0.007 delivered=1 at_ms=2.057\n"),
+      std::string::npos)
       << bench_.ReportText();
 }
 

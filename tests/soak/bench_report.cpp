@@ -40,7 +40,9 @@ std::optional<BenchRun> LastRun(std::string_view report) {
     } else if (run && line.find(" gap ") != std::string_view::npos) {
       const bool behind_frame = line.find(" behind=frame ") != std::string_view::npos;
       (behind_frame ? run->behind_frame : run->behind_empty_read)
-          .push_back({.us = Microseconds(line, "ms"), .delivered = Count(line, "delivered")});
+          .push_back({.us = Microseconds(line, "ms"),
+                      .delivered = Count(line, "delivered"),
+                      .at_us = Microseconds(line, "at_ms")});
     }
   }
   return run;

@@ -2,21 +2,30 @@
 //
 // clang-format off
 //   settings FOLDER BITS        config.dat: csv log beside the program, 1 Mbit/s, identifiers of BITS (11, 29)
-//   check BENCH REPORT FOLDER BITS
+//   watch PROCESS MOMENTS FOLDER
+//                               looks at the program's process each millisecond until it ends, and writes to MOMENTS
+//                               when it had no processor, waited or took memory; keeps its logs in FOLDER from being
+//                               overwritten where an hour has a thousand
+//   check BENCH REPORT MOMENTS FOLDER BITS
 //                               compares the logs of FOLDER with the bench file BENCH, and prints what the bench's
-//                               REPORT tells; ends with 1 when a frame is missing or a pause was too long
+//                               REPORT tells; ends with 1 when a frame is missing
 // clang-format on
 #include <algorithm>
+#include <chrono>
 #include <cstdio>
+#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
 #include <string>
+#include <thread>
 #include <vector>
 
 #include "config/filesavesystem.h"
 #include "platform/memory/system/code_page_932.h"
 #include "platform/memory/system/file_system.h"
+#include "tests/soak/numbered_logs.h"
+#include "tests/soak/process_watch.h"
 #include "tests/soak/soak_report.h"
 
 namespace tolvane::soak {
@@ -53,43 +62,59 @@ int WriteSettings(const std::filesystem::path& folder, bool ids29) {
   return file.fail() ? Complain("config.dat cannot be written") : 0;
 }
 
-/// The names sort in the order of writing as long as no hour has a thousand files.
-std::vector<std::string> ReadLogs(const std::filesystem::path& folder) {
-  std::vector<std::filesystem::path> paths;
-  for (const auto& entry : std::filesystem::directory_iterator(folder)) {
-    if (entry.path().extension() == ".csv") paths.push_back(entry.path());
+int Watch(std::int64_t process, const std::string& file, const std::string& folder) {
+  constexpr int kLooksPerRenaming = 100;
+  constexpr std::int64_t kNotableUs = 50;
+  constexpr std::int64_t kNotableKb = 16;
+  ProcessWatch watch(process);
+  LastNumbers last_numbers(folder);
+  std::ofstream out(file, std::ios::binary);
+  for (int look = 1; const auto moment = watch.Look(); ++look) {
+    if (moment->waited_us >= kNotableUs || moment->grown_kb >= kNotableKb ||
+        moment->asleep_us >= kNotableUs) {
+      out << MomentLine(*moment);
+    }
+    if (look % kLooksPerRenaming == 0) last_numbers.Rename();
+    std::this_thread::sleep_for(std::chrono::milliseconds(1));
   }
-  std::ranges::sort(paths);
-  std::vector<std::string> logs;
-  for (const auto& path : paths) logs.push_back(ReadFile(path));
-  return logs;
+  out.close();
+  return out.fail() ? Complain(file + " cannot be written") : 0;
 }
 
-int Check(const std::string& bench, const std::string& report, const std::string& folder,
-          bool ids29) {
+int Check(const std::vector<std::string>& words) {
+  const std::string& bench = words[1];
+  const std::string& report = words[2];
+  const bool ids29 = words[5] == "29";
   SoakEvidence evidence{.config = simulator::ReadBenchConfig(ReadFile(bench)),
                         .counts = {},
                         .logs = {},
-                        .ids29 = ids29};
+                        .moments = ReadMoments(ReadFile(words[3]))};
   if (evidence.config.canusb.empty() || evidence.config.bus.load.frames == 0) {
     return Complain(bench + " has no CANUSB adapter on a bus that ends");
   }
   const auto counts = LastRun(ReadFile(report));
   if (!counts) return Complain(report + " tells of no run");
   evidence.counts = *counts;
-  evidence.logs = ReadLogs(folder);
+  LogComparison comparison(evidence.config, ids29);
+  const auto logs = LogsInOrder(words[4]);
+  for (const auto& log : logs) comparison.Add(ReadFile(log));
+  evidence.logs = comparison.Result();
   const SoakVerdict verdict = Judge(evidence);
   for (const std::string& line : verdict.lines) std::printf("%s\n", line.c_str());
+  std::printf("files by hour:              %s\n", FilesByHour(logs).c_str());
+  std::printf("row: %s | %s |\n", verdict.row.c_str(), FilesByHour(logs).c_str());
   return verdict.passed ? 0 : kFailed;
 }
 
 int Run(const std::vector<std::string>& words) {
   if (words.size() == 3 && words[0] == "settings") return WriteSettings(words[1], words[2] == "29");
-  if (words.size() == 5 && words[0] == "check") {
-    return Check(words[1], words[2], words[3], words[4] == "29");
+  if (words.size() == 4 && words[0] == "watch") {
+    return Watch(std::atoll(words[1].c_str()), words[2], words[3]);
   }
+  if (words.size() == 6 && words[0] == "check") return Check(words);
   std::fprintf(stderr,
-               "usage: tolvane_soak settings FOLDER BITS | check BENCH REPORT FOLDER BITS\n");
+               "usage: tolvane_soak settings FOLDER BITS | watch PROCESS MOMENTS FOLDER |\n"
+               "       check BENCH REPORT MOMENTS FOLDER BITS\n");
   return kUsage;
 }
 

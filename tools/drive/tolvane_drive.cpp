@@ -9,6 +9,9 @@
 //   wait-enabled ID        until a control is enabled
 //   wait-text ID TEXT      until a control's text begins with TEXT
 //   wait-same ID SECONDS   until a control's text has not changed for so long
+//   follow ID WORD SECONDS FILE
+//                          for so long, each new form of the control's line that begins with the word; ahead of it
+//                          the time in µs since 1970
 //   text ID [FILE]         a control's text, UTF-8, LF line ends
 //   picture FILE           what the screen shows of the window, as a bitmap file
 //   close                  closes the window and waits until it has gone
@@ -16,6 +19,7 @@
 //
 // ID is a number or the symbol of resource.h; several commands may follow each other, separated by
 // "--". The first that fails ends the program with 1.
+#include <chrono>
 #include <cstdio>
 #include <cstdlib>
 #include <fstream>
@@ -112,6 +116,33 @@ int WaitSame(const Arguments& arguments) {
   return 0;
 }
 
+/// The control's line that begins with the word, empty when there is none.
+std::wstring LineOf(const std::wstring& text, const std::wstring& word) {
+  std::size_t at = text.starts_with(word) ? 0 : text.find(L"\n" + word);
+  if (at == std::wstring::npos) return {};
+  at = text.find_first_not_of(L'\n', at);
+  return text.substr(at, text.find_first_of(L"\r\n", at) - at);
+}
+
+int Follow(const Arguments& arguments) {
+  using std::chrono::system_clock;
+  const int control = ControlId(arguments[1]);
+  const auto end =
+      system_clock::now() + std::chrono::seconds(std::wcstoul(arguments[3].c_str(), nullptr, 10));
+  std::ofstream file(std::filesystem::path(arguments[4]), std::ios::binary);
+  std::wstring last;
+  while (system_clock::now() < end) {
+    std::wstring line = LineOf(Window().Text(control), arguments[2]);
+    const auto now = std::chrono::duration_cast<std::chrono::microseconds>(
+        system_clock::now().time_since_epoch());
+    if (line != last && !line.empty()) file << now.count() << ' ' << Utf8(line) << '\n';
+    last = std::move(line);
+    Sleep(1);
+  }
+  file.close();
+  return file.fail() ? Complain(arguments[4] + L" cannot be written") : 0;
+}
+
 int Text(const Arguments& arguments) {
   std::string text = Utf8(Window().Text(ControlId(arguments[1])));
   std::erase(text, '\r');
@@ -153,6 +184,7 @@ const std::map<std::wstring, Command> kCommands{
     {L"wait-enabled", {WaitEnabled, 2}},
     {L"wait-text", {WaitText, 3}},
     {L"wait-same", {WaitSame, 3}},
+    {L"follow", {Follow, 5}},
     {L"text", {Text, 2}},
     {L"picture", {Picture, 2}},
     {L"close", {Close, 1}},

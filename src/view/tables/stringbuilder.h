@@ -11,6 +11,9 @@ namespace tolvane {
 /// regions are taken from mTextLength.
 class StringBuilder {
  public:
+  /// `grow_step`: characters in a block.
+  explicit StringBuilder(std::int32_t grow_step = 1'200'000) : mGrowStep(grow_step) {}
+
   /// Adds text; an empty string does nothing. When the buffer is too short, one block of mGrowStep
   /// NUL characters is added first, only one: if the text is longer than a block, only the part
   /// that fits is kept, but mTextLength grows by the full length.
@@ -34,6 +37,10 @@ class StringBuilder {
   }
   void Take(std::size_t length) { mTextLength += static_cast<std::int32_t>(length); }
 
+  /// Has the first block in memory already, unless there is none: pages that are new to the process
+  /// would cost the first text milliseconds.
+  void TakeMemory() { static_cast<void>(Reserve(1)); }
+
   /// The first mTextLength characters. Valid until the next change.
   [[nodiscard]] StringView Text() const {
     return StringView(mBuffer).substr(0, size_).substr(0, static_cast<std::size_t>(mTextLength));
@@ -52,9 +59,9 @@ class StringBuilder {
   [[nodiscard]] bool GrowFor(std::size_t length);
   void AppendGrown(StringView AppendString);
 
-  String mBuffer;                      // storage, never given back
-  std::size_t size_ = 0;               // the buffer's length, a multiple of mGrowStep
-  std::int32_t mGrowStep = 1'200'000;  // characters
+  String mBuffer;         // storage, never given back
+  std::size_t size_ = 0;  // the buffer's length, a multiple of mGrowStep
+  std::int32_t mGrowStep;
 };
 
 }  // namespace tolvane

@@ -56,5 +56,24 @@ TEST(StringBuilder, AfterClearingItBehavesAsANewOne) {
   EXPECT_EQ(builder.Text(), String(kBlock, u'a') + String(2, u'\0') + u"b");
 }
 
+TEST(StringBuilder, MemoryTakenAheadChangesNoText) {
+  StringBuilder builder(8);
+  builder.TakeMemory();
+  EXPECT_EQ(builder.Text(), u"");
+  builder.Append(u"12345678");
+  builder.TakeMemory();
+  EXPECT_EQ(builder.Text(), u"12345678");
+  builder.Append(u"9");
+  EXPECT_EQ(builder.Text(), u"123456789");
+}
+
+TEST(StringBuilder, TextBeyondABlockOfAnySizeGrowsByOneMore) {
+  StringBuilder builder(4);
+  builder.Append(u"123");
+  builder.Append(u"456789");
+  EXPECT_EQ(builder.mTextLength, 9);
+  EXPECT_EQ(builder.Text(), u"12345678") << "only what fits is kept";
+}
+
 }  // namespace
 }  // namespace tolvane

@@ -98,6 +98,20 @@ std::vector<String> FileSystem::Files(StringView folder) const {
   return files;
 }
 
+std::vector<String> FileSystem::FileNames(StringView stem) {
+  const std::size_t folder = stem.rfind(u'\\');
+  if (folder == StringView::npos) return {};
+  const String below = Key(stem.substr(0, folder)) + u'\\';
+  const String begin = below + Key(stem.substr(folder + 1));
+  std::vector<String> names;
+  for (const auto& [key, entry] : entries_) {
+    const bool is_deeper = key.find(u'\\', below.size()) != String::npos;
+    if (entry.is_folder || is_deeper || !key.starts_with(begin)) continue;
+    names.push_back(entry.path.substr(entry.path.rfind(u'\\') + 1));
+  }
+  return names;
+}
+
 void FileSystem::SetAttributes(StringView path, std::int32_t attributes) {
   if (Entry* const entry = Find(path)) entry->attributes = attributes;
 }

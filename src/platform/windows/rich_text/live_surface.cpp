@@ -51,6 +51,17 @@ void LiveSurface::Hide() {
   ShowWindow(Hwnd(), SW_HIDE);
 }
 
+void LiveSurface::TakeMemory() {
+  RECT room{};
+  GetWindowRect(beneath_, &room);
+  OffsetRect(&room, -room.left, -room.top);
+  const HDC target = GetDC(Hwnd());
+  const HDC canvas = buffer_.Prepare(target, {room.right, room.bottom});
+  // A bitmap has its memory when it is drawn on.
+  if (canvas != target) FillRect(canvas, &room, GetSysColorBrush(COLOR_WINDOW));
+  ReleaseDC(Hwnd(), target);
+}
+
 void LiveSurface::FollowBeneath() {
   if (page_ == nullptr) return;
   RECT bounds{};

@@ -26,6 +26,8 @@ class LiveSurface final : public BaseWindow<LiveSurface> {
   /// the next Show. Painted when the system asks for it, or by UpdateWindow at once.
   void Show(const RichTextPage& page);
   void Hide();
+  /// Takes the memory that painting over the control needs, ahead of the first page.
+  void TakeMemory();
   /// Moves over the control again after it has moved or changed its size, or hides with it.
   void FollowBeneath();
 

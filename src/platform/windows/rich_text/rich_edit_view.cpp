@@ -246,7 +246,8 @@ void RichEditView::SelText(StringView text) {
 String RichEditView::SelRTF() const { return WideText(StreamOut(window_, SF_RTF | SFF_SELECTION)); }
 
 void RichEditView::Locked(bool locked) {
-  if (!locked) FillControl();
+  // A lock begins a run, whose pages are live.
+  locked ? surface_.TakeMemory() : FillControl();
   locked_ = locked;
   Send(EM_SETREADONLY, locked || live_);
 }

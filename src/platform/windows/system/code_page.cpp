@@ -46,10 +46,10 @@ void WindowsCodePage::Encode(StringView text, std::string& bytes) {
     text.remove_prefix(AppendAsciiRun(text, bytes));
     if (text.empty()) return;
     const auto end = std::find_if(text.begin(), text.end(), IsAscii);
-    std::size_t length = std::min(static_cast<std::size_t>(end - text.begin()), kPiece);
-    if (length == kPiece && IsHighSurrogate(text[length - 1])) --length;
-    EncodePiece(text.substr(0, length), bytes);
-    text.remove_prefix(length);
+    const StringView piece =
+        FrontPiece(text.substr(0, static_cast<std::size_t>(end - text.begin())), kPiece);
+    EncodePiece(piece, bytes);
+    text.remove_prefix(piece.size());
   }
 }
 

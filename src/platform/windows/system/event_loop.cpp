@@ -21,6 +21,28 @@ void WindowsEventLoop::YieldToEvents() {
   while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) {
     Dispatch(message);
   }
+  last_look_ = Ticks();
+}
+
+void WindowsEventLoop::YieldOften() {
+  if (Ticks() - last_look_ >= ticks_of_millisecond_) {
+    YieldToEvents();
+    return;
+  }
+  const EventGate::Opened opened(gate_);
+  gate_.DeliverWaiting();
+}
+
+std::int64_t WindowsEventLoop::TicksOfMillisecond() {
+  LARGE_INTEGER ticks{};
+  QueryPerformanceFrequency(&ticks);
+  return ticks.QuadPart / 1000;
+}
+
+std::int64_t WindowsEventLoop::Ticks() {
+  LARGE_INTEGER ticks{};
+  QueryPerformanceCounter(&ticks);
+  return ticks.QuadPart;
 }
 
 void WindowsEventLoop::RunUntilEnd() {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <functional>
 #include <utility>
 #include <vector>
@@ -19,6 +20,8 @@ class WindowsEventLoop final : public EventLoop {
   /// One pass over the queue. On some systems a look into an empty queue costs 70 us, so there is
   /// exactly one such look in each yield.
   void YieldToEvents() override;
+  /// Looks into the queue when the last look is a millisecond ago.
+  void YieldOften() override;
 
   /// Waits for events and hands them out until End was called.
   void RunUntilEnd();
@@ -47,10 +50,14 @@ class WindowsEventLoop final : public EventLoop {
     Keys keys;
   };
 
+  [[nodiscard]] static std::int64_t TicksOfMillisecond();
+  [[nodiscard]] static std::int64_t Ticks();
   void Dispatch(MSG& message);
   [[nodiscard]] bool HandledAsKey(MSG& message);
 
   EventGate& gate_;
+  std::int64_t ticks_of_millisecond_ = TicksOfMillisecond();
+  std::int64_t last_look_ = 0;  // in ticks of the performance counter
   std::function<void()> on_quit_;
   std::vector<KeyboardWindow> keyboard_windows_;
   bool ended_ = false;

@@ -3,6 +3,7 @@
 #include <shlobj.h>
 
 #include <array>
+#include <cwchar>
 
 #include "platform/file_replacing.h"
 #include "platform/surrogates.h"
@@ -13,13 +14,10 @@
 namespace tolvane::platform::windows {
 namespace {
 
-constexpr std::size_t kPiece = 1 << 20;  // characters
-
-/// Characters to write at once: no pair is torn.
-std::size_t PieceOf(StringView text) {
-  if (text.size() <= kPiece) return text.size();
-  return IsHighSurrogate(text[kPiece - 1]) ? kPiece - 1 : kPiece;
-}
+/// Characters that are encoded and written at once. Their bytes stay in the processor's cache, and
+/// in memory that the heap has already: pages that are new to the process would cost as much again
+/// as the writing, in a flush for which reception stands.
+constexpr std::size_t kPiece = 1 << 15;
 
 class WindowsTextStream final : public TextStream {
  public:
@@ -28,8 +26,7 @@ class WindowsTextStream final : public TextStream {
 
   [[nodiscard]] bool Write(StringView text) override {
     while (complete_ && !text.empty()) {
-      // A log that could not be written for minutes is too long to be held twice.
-      const StringView piece = text.substr(0, PieceOf(text));
+      const StringView piece = FrontPiece(text, kPiece);
       bytes_.clear();
       code_page_.Encode(piece, bytes_);
       complete_ = WriteAll(file_, std::as_bytes(std::span(bytes_)));
@@ -60,6 +57,21 @@ bool WindowsFileServices::FileExists(StringView path) {
   const DWORD attributes = RawAttributes(path);
   if (attributes == INVALID_FILE_ATTRIBUTES) return !MeansNoFile(GetLastError());
   return (attributes & FILE_ATTRIBUTE_DIRECTORY) == 0;
+}
+
+std::vector<String> WindowsFileServices::FileNames(StringView stem) {
+  const String pattern = String(stem) + u'*';
+  WIN32_FIND_DATAW found{};
+  const SearchHandle search(FindFirstFileExW(Wide(pattern), FindExInfoBasic, &found,
+                                             FindExSearchNameMatch, nullptr,
+                                             FIND_FIRST_EX_LARGE_FETCH));
+  std::vector<String> names;
+  for (bool more = static_cast<bool>(search); more;
+       more = FindNextFileW(search.Get(), &found) != FALSE) {
+    if ((found.dwFileAttributes & FILE_ATTRIBUTE_DIRECTORY) != 0) continue;
+    names.emplace_back(FromWide(found.cFileName, std::wcslen(found.cFileName)));
+  }
+  return names;
 }
 
 bool WindowsFileServices::CreateFolder(StringView path) {

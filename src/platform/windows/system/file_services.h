@@ -11,6 +11,7 @@ class WindowsFileServices final : public FileServices {
 
   [[nodiscard]] bool FolderExists(StringView path) override;
   [[nodiscard]] bool FileExists(StringView path) override;
+  [[nodiscard]] std::vector<String> FileNames(StringView stem) override;
   [[nodiscard]] bool CreateFolder(StringView path) override;
   [[nodiscard]] std::unique_ptr<TextStream> CreateTextFile(StringView path, bool overwrite,
                                                            bool unicode) override;

@@ -50,6 +50,11 @@ struct FileTraits {
   static inline const HANDLE kNone = INVALID_HANDLE_VALUE;
   static bool Close(HANDLE value) { return CloseHandle(value) != FALSE; }
 };
+struct SearchTraits {
+  using Type = HANDLE;
+  static inline const HANDLE kNone = INVALID_HANDLE_VALUE;
+  static bool Close(HANDLE value) { return FindClose(value) != FALSE; }
+};
 struct KernelTraits : NullIsNone<HANDLE> {
   static bool Close(HANDLE value) { return CloseHandle(value) != FALSE; }
 };
@@ -87,6 +92,7 @@ struct ComTraits : NullIsNone<Interface*> {
 };
 
 using FileHandle = Handle<FileTraits>;
+using SearchHandle = Handle<SearchTraits>;  // of files in a folder
 using KernelHandle = Handle<KernelTraits>;
 using ModuleHandle = Handle<ModuleTraits>;
 using FontHandle = Handle<GdiTraits<HFONT>>;

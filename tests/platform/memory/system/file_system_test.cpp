@@ -30,6 +30,19 @@ TEST_F(FileSystemTest, NamesAreFoundInAnyCaseAndWithABackslashBehindFolders) {
   EXPECT_FALSE(disk.FolderExists(u""));
 }
 
+TEST_F(FileSystemTest, TellsTheNamesThatBeginAlikeInOneFolder) {
+  for (const StringView path : {u"C:\\Logs\\KL1-002.csv", u"C:\\LOGS\\kl1-001.CSV",
+                                u"C:\\Logs\\KL2-001.csv", u"C:\\KL1-003.csv"}) {
+    disk.AddFile(path, "");
+  }
+  disk.AddFolder(u"C:\\Logs\\KL1-below");
+  disk.AddFile(u"C:\\Logs\\KL1-below\\KL1-004.csv", "");
+  EXPECT_EQ(disk.FileNames(u"c:\\Logs\\KL1-"),
+            (std::vector<String>{u"kl1-001.CSV", u"KL1-002.csv"}));
+  EXPECT_TRUE(disk.FileNames(u"C:\\Gone\\KL1-").empty());
+  EXPECT_TRUE(disk.FileNames(u"KL1-").empty());
+}
+
 TEST_F(FileSystemTest, TextIsWrittenInTheCodePage) {
   ASSERT_TRUE(WriteText(u"C:\\Logs\\a.txt", u"表\u20AC"));
   EXPECT_EQ(Bytes(u"C:\\Logs\\a.txt"), "\x95\x5c?");

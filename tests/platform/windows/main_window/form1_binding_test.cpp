@@ -16,6 +16,7 @@ class NoFiles final : public FileServices {
     ++searches;
     return false;
   }
+  std::vector<String> FileNames(StringView) override { return {}; }
   bool CreateFolder(StringView) override { return false; }
   std::unique_ptr<TextStream> CreateTextFile(StringView, bool, bool) override { return nullptr; }
   bool DeleteFile(StringView, bool) override { return false; }

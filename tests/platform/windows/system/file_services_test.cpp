@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <array>
 #include <chrono>
 #include <thread>
@@ -38,6 +39,17 @@ TEST_F(Files, TellsFoldersFromFiles) {
   EXPECT_FALSE(files_.CreateFolder(folder_ / u"a\\b")) << "one level only";
   EXPECT_FALSE(files_.FileExists(folder_ / u"nothing"));
   EXPECT_FALSE(files_.Attributes(folder_ / u"nothing").has_value());
+}
+
+TEST_F(Files, TellsTheNamesThatBeginAlikeInOneFolder) {
+  ASSERT_TRUE(folder_.Put(u"KL1-002.csv", "x"));
+  ASSERT_TRUE(folder_.Put(u"kl1-001.CSV", "x"));
+  ASSERT_TRUE(folder_.Put(u"KL2-001.csv", "x"));
+  ASSERT_TRUE(files_.CreateFolder(folder_ / u"KL1-below"));
+  std::vector<String> names = files_.FileNames(folder_ / u"KL1-");
+  std::ranges::sort(names);
+  EXPECT_EQ(names, (std::vector<String>{u"KL1-002.csv", u"kl1-001.CSV"}));
+  EXPECT_TRUE(files_.FileNames(folder_ / u"gone\\KL1-").empty());
 }
 
 TEST_F(Files, AreOnlyMissingWhereTheSystemSaysSo) {

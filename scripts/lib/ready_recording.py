@@ -1,0 +1,142 @@
+#!/usr/bin/env python3
+"""Makes any recording ready for the bench, which plays the candump log form: what has another form is written anew.
+Prints what the recording contains and what it asks of the run, a word and its value to a line:
+
+  say      what it contains
+  play     the file to play, the recording itself when it has the form
+  ids      bits of its identifiers, 11, 29 or both
+  adapter  the kind that can deliver all of it
+  rate     kbit/s of the bus, if it tells
+
+or in one sentence why it cannot be played. The status 3 says that python3-can is needed, which is not installed."""
+
+import argparse
+import os
+import sys
+import time
+from collections.abc import Iterator
+
+import foreign_recordings
+import recording as rec
+import run_logs
+from contents import Contents
+from counted import counted
+
+HEAD_BYTES = 64
+NEEDS_PYTHON_CAN = 3
+PROGRESS_FRAMES, PROGRESS_SECONDS = 10_000, 5
+
+
+class Candump:
+    """What the bench plays as it is."""
+    plays_itself = True
+    adapter, rate, followers, cut, noun = "canusb", None, 0, "", "line"
+
+    def __init__(self, path: str) -> None:
+        self.path = path
+
+    def frames(self) -> Iterator[rec.Frame | rec.BadLine]:
+        with rec.opened(self.path) as file:
+            yield from rec.frames_of_lines(file)
+
+
+class RunLogs:
+    """Of the program itself."""
+    plays_itself = False
+    cut, noun = "", "line"
+
+    def __init__(self, path: str) -> None:
+        self.run = run_logs.Run(path)
+        self.adapter, self.rate = self.run.first.adapter, self.run.first.rate
+
+    @property
+    def followers(self) -> int:
+        return self.run.files - 1
+
+    def frames(self) -> Iterator[rec.Frame | rec.BadLine]:
+        return self.run.frames()
+
+    def ids(self, found: str) -> str:
+        """The run's own: one with identifiers of 29 bits logs standard frames in another form."""
+        if not self.run.first.marked:
+            return "11"
+        return "29" if found == "29" else "both"
+
+
+def source_of(path: str):
+    with rec.opened(path) as file:
+        head = file.read(HEAD_BYTES)
+    if run_logs.is_log(head):
+        return RunLogs(path)
+    form = foreign_recordings.form_of(path)
+    if not form:
+        return Candump(path)
+    if form == ".csv" and not path.lower().endswith(".gz") and not head.startswith(foreign_recordings.CSV_HEAD):
+        raise rec.Refused(f"{path} begins neither like a log of the program nor like a csv of python3-can")
+    return foreign_recordings.ForeignRecording(path)
+
+
+class Progress:
+    """A line now and then, of what takes long."""
+
+    def __init__(self, name: str) -> None:
+        self.name = name
+        self.told = time.monotonic()
+
+    def at(self, frames: int) -> None:
+        if frames % PROGRESS_FRAMES == 0 and time.monotonic() - self.told >= PROGRESS_SECONDS:
+            self.told = time.monotonic()
+            print(f"-- reading {self.name}: {frames:,} frames so far", file=sys.stderr, flush=True)
+
+
+def read_through(source, path: str, out) -> Contents:
+    contents, progress = Contents(path, source.noun), Progress(path)
+    for item in source.frames():
+        frame = contents.add(item)
+        if frame is None:
+            continue
+        if out is not None:
+            out.write(rec.line_of(frame))
+        progress.at(contents.frames())
+    return contents
+
+
+def facts(source, contents: Contents, path: str, converted: str) -> Iterator[tuple[str, str]]:
+    followers = f", with {counted(source.followers, 'file')} that {'follows' if source.followers == 1 else 'follow'} it"
+    yield "say", contents.summary() + (followers if source.followers else "") + source.cut
+    yield "play", os.path.realpath(path if source.plays_itself else converted)
+    yield "ids", source.ids(contents.ids()) if isinstance(source, RunLogs) else contents.ids()
+    yield "adapter", contents.adapter(source.adapter)
+    if source.rate is not None:
+        yield "rate", str(source.rate)
+
+
+def main() -> int:
+    options = argparse.ArgumentParser(description=__doc__, formatter_class=argparse.RawDescriptionHelpFormatter)
+    options.add_argument("recording")
+    options.add_argument("converted", help="where it is written anew, if it has another form")
+    options.add_argument("--ids", choices=("11", "29", "both"), default="both",
+                         help="bits of the run's identifiers, when they are not left to the recording")
+    given = options.parse_args()
+    try:
+        source = source_of(given.recording)
+        if source.plays_itself:
+            contents = read_through(source, given.recording, None)
+        else:
+            with open(given.converted, "wb") as out:
+                contents = read_through(source, given.recording, out)
+            if contents.frames() == 0:
+                raise rec.Refused(f"{given.recording} holds no frame that can be played{contents.bad_lines_text()}")
+        contents.refuse_unshown(11 if given.ids == "11" else 29)
+    except rec.Refused as refused:
+        print(f"error: {refused}", file=sys.stderr)
+        return 1
+    except foreign_recordings.Missing:
+        return NEEDS_PYTHON_CAN
+    for word, value in facts(source, contents, given.recording, given.converted):
+        print(word, value)
+    return 0
+
+
+if __name__ == "__main__":
+    sys.exit(main())

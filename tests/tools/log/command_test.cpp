@@ -1,0 +1,257 @@
+#include "tools/log/command/command.h"
+
+#include <gtest/gtest.h>
+
+#include "tests/tools/log/written_log.h"
+#include "tools/log/command/options.h"
+
+namespace tolvane::logtool {
+namespace {
+
+constexpr std::int64_t kUnix = 1'795'133'107;
+
+class LogCommand : public WrittenLog {
+ protected:
+  int Run(const std::vector<std::string>& words) {
+    output.clear();
+    messages.clear();
+    return RunCommand(words, {.files = log_files,
+                              .output = output_sink,
+                              .messages = message_sink,
+                              .code_page = code_page,
+                              .unix_seconds = [](const platform::LocalTime&) {
+                                return std::optional<std::int64_t>(kUnix);
+                              }});
+  }
+
+  /// Two files of two frames each, and a third one without any.
+  void WriteRun() {
+    db.csv_DataInput(0.0, 0x100, 1, kBytes);
+    db.csv_DataInput(1.5, 0x200, 0, kBytes);
+    RollOverNow();
+    db.csv_DataInput(2.5, 0x100, 1, kBytes);
+    db.csv_DataInput(3.0, 0x200, 0, kBytes);
+    RollOverNow();
+    Flush(1);
+    TakeFiles();
+  }
+
+  std::vector<std::string> Files(std::vector<std::string> words) const {
+    for (const auto& [path, text] : log_files.texts) words.push_back(path);
+    return words;
+  }
+
+  std::string output;
+  std::string messages;
+  TextSink output_sink{output};
+  TextSink message_sink{messages};
+};
+
+constexpr const char* kCandump =
+    "(1795133106.998000) can0 100#00\n"
+    "(1795133106.999500) can0 200#\n"
+    "(1795133107.000500) can0 100#00\n"
+    "(1795133107.001000) can0 200#\n";
+
+TEST_F(LogCommand, WordsThatAreNotUnderstoodAreToldAndStatusTwo) {
+  const std::pair<std::vector<std::string>, const char*> rows[] = {
+      {{}, "info or convert?"},
+      {{"play"}, "there is info and convert, not 'play'"},
+      {{"info"}, "no files are named"},
+      {{"info", "--gap"}, "--gap is a number of cycles from 1 to 1000000, not ''"},
+      {{"info", "--gap", "0.5", "a.csv"},
+       "--gap is a number of cycles from 1 to 1000000, not '0.5'"},
+      {{"info", "--gap", "5x", "a.csv"}, "--gap is a number of cycles from 1 to 1000000, not '5x'"},
+      {{"info", "--gap", "nan", "a.csv"},
+       "--gap is a number of cycles from 1 to 1000000, not 'nan'"},
+      {{"info", "--to", "asc", "a.csv"}, "no such option of info: --to"},
+      {{"convert", "--json", "a.csv"}, "no such option of convert: --json"},
+      {{"convert", "a.csv"}, "--to is missing: candump, asc or csv"},
+      {{"convert", "--to", "blf", "a.csv"}, "--to is candump, asc or csv, not 'blf'"},
+      {{"convert", "--to", "asc", "--out"}, "--out needs the name of a file"},
+      {{"convert", "--to", "asc", "--", "--keep"}, nullptr},
+  };
+  for (const auto& [words, refusal] : rows) {
+    if (refusal == nullptr) continue;
+    EXPECT_EQ(Run(words), 2);
+    EXPECT_EQ(messages, "tolvane-log: " + std::string(refusal) + " (tolvane-log --help)\n");
+    EXPECT_EQ(output, "");
+  }
+}
+
+TEST_F(LogCommand, BehindTwoHyphensAllWordsAreFiles) {
+  EXPECT_EQ(OptionsOf({"info", "a.csv", "--", "--keep", "--gap"}).options->files,
+            (std::vector<std::string>{"a.csv", "--keep", "--gap"}));
+}
+
+TEST_F(LogCommand, HelpIsGivenWhereverItIsAskedFor) {
+  for (const std::vector<std::string>& words : {std::vector<std::string>{"--help"},
+                                                {"-h"},
+                                                {"info", "--nonsense", "--help"},
+                                                {"convert", "-h"}}) {
+    EXPECT_EQ(Run(words), 0);
+    EXPECT_TRUE(output.starts_with("usage: tolvane-log info ")) << output;
+    EXPECT_EQ(messages, "");
+  }
+  for (const char* const told : {"--gap", "--json", "--to", "--out", "--mend-clock", "--keep",
+                                 "can_logconvert", ".blf", ".mf4", ".trc", ".db"}) {
+    EXPECT_NE(output.find(told), std::string::npos) << told;
+  }
+}
+
+TEST_F(LogCommand, TheVersionIsThatOfTheProgram) {
+  EXPECT_EQ(Run({"--version"}), 0);
+  EXPECT_EQ("Tolvane Ver" + output.substr(output.find(' ') + 1), "Tolvane Ver1.23\n");
+}
+
+TEST_F(LogCommand, ConvertJoinsTheFilesOfARunInTheOrderOfTheirNames) {
+  WriteRun();
+  EXPECT_EQ(Run({"convert", Path("003"), Path("002"), "--to", "candump", Path("001")}), 0);
+  EXPECT_EQ(output, kCandump);
+  EXPECT_EQ(messages,
+            "tolvane-log: 4 frames of 3 files, from " + Path("001") + " to " + Path("003") + "\n");
+}
+
+TEST_F(LogCommand, TheFirstFilesMomentIsThatOfItsLastRecord) {
+  WriteRun();
+  EXPECT_EQ(Run({"convert", "--to", "csv", Path("001"), Path("002")}), 0);
+  EXPECT_EQ(output,
+            "date_time,ms,id,extended,length,d1,d2,d3,d4,d5,d6,d7,d8\n"
+            "2026-11-20 09:05:06.998000,0,0x100,0,1,00,,,,,,,\n"
+            "2026-11-20 09:05:06.999500,1.5,0x200,0,0,,,,,,,,\n"
+            "2026-11-20 09:05:07.000500,2.5,0x100,0,1,00,,,,,,,\n"
+            "2026-11-20 09:05:07.001000,3,0x200,0,0,,,,,,,,\n");
+}
+
+TEST_F(LogCommand, AHeadWithAnotherDateGivesNoAbsoluteTime) {
+  WriteRun();
+  std::string& text = log_files.texts[Path("001")];
+  text.replace(text.find("2026/11/20"), 10, "11/20/2026");
+  EXPECT_EQ(Run({"convert", "--to", "candump", Path("001")}), 0);
+  EXPECT_EQ(output, "(0.000000) can0 100#00\n(0.001500) can0 200#\n");
+  EXPECT_NE(messages.find("no absolute time, as the head's date is none with the year in front: "
+                          "11/20/2026 9:05:07\n"),
+            std::string::npos);
+}
+
+TEST_F(LogCommand, ConvertWritesAFileButNeverOverAnother) {
+  WriteRun();
+  EXPECT_EQ(Run(Files({"convert", "--to", "candump", "--out", "run.log"})), 0);
+  EXPECT_EQ(output, "");
+  EXPECT_EQ(log_files.texts["run.log"], kCandump);
+  log_files.texts.erase("run.log");
+  for (const std::string& there : {Path("001"), Path("002")}) {
+    const std::string before = log_files.texts[there];
+    EXPECT_EQ(Run(Files({"convert", "--to", "candump", "--out", there})), 1);
+    EXPECT_EQ(messages,
+              "tolvane-log: " + there + ": this file is there already, or cannot be made\n");
+    EXPECT_EQ(log_files.texts[there], before);
+  }
+}
+
+TEST_F(LogCommand, ConvertTakesOneRun) {
+  WriteRun();
+  log_files.texts["KL26112010-001.csv"] = log_files.texts[Path("001")];
+  EXPECT_EQ(Run(Files({"convert", "--to", "candump"})), 1);
+  EXPECT_EQ(output, "");
+  EXPECT_EQ(messages,
+            "tolvane-log: these files are of 2 runs; name those of one. They begin with: " +
+                Path("001") + " KL26112010-001.csv\n");
+}
+
+TEST_F(LogCommand, ABadLineEndsItWithItsPlaceAndNothingIsLeft) {
+  WriteRun();
+  log_files.texts[Path("001")] += "rubbish\r\n";
+  EXPECT_EQ(Run({"convert", "--to", "candump", "--out", "run.log", Path("001"), Path("002")}), 1);
+  EXPECT_EQ(messages,
+            "tolvane-log: " + Path("001") + ":11: this is no record: it begins with no time\n");
+  EXPECT_FALSE(log_files.texts.contains("run.log"));
+  EXPECT_EQ(Run({"info", Path("001"), Path("002")}), 1);
+  EXPECT_EQ(output, "");
+}
+
+TEST_F(LogCommand, WhatCouldBeReadIsKeptIfAskedAndTheStatusIsStillOne) {
+  WriteRun();
+  log_files.texts[Path("001")] += "rubbish\r\n";
+  EXPECT_EQ(Run({"convert", "--keep", "--to", "candump", "--out", "run.log", Path("001"),
+                 "gone.csv", Path("002")}),
+            1);
+  EXPECT_EQ(log_files.texts["run.log"], kCandump);
+  EXPECT_NE(messages.find("gone.csv: this file cannot be opened"), std::string::npos);
+  EXPECT_EQ(Run({"info", "--keep", Path("001"), Path("002")}), 1);
+  EXPECT_NE(output.find("frames        4\n"), std::string::npos);
+}
+
+TEST_F(LogCommand, FilesThatAreAllBadGiveNothing) {
+  for (const std::vector<std::string>& words :
+       {std::vector<std::string>{"convert", "--to", "asc", "gone.csv"},
+        {"convert", "--keep", "--to", "asc", "--out", "run.asc", "gone.csv"},
+        {"info", "gone.csv"}}) {
+    EXPECT_EQ(Run(words), 1);
+    EXPECT_EQ(output, "");
+    EXPECT_EQ(messages, "tolvane-log: gone.csv: this file cannot be opened\n");
+  }
+  EXPECT_TRUE(log_files.texts.empty());
+}
+
+TEST_F(LogCommand, AnOutputThatTakesNothingIsAFailure) {
+  WriteRun();
+  output_sink.fails = true;
+  EXPECT_EQ(Run(Files({"info"})), 1);
+  EXPECT_EQ(messages, "tolvane-log: the output cannot be written\n");
+  EXPECT_EQ(Run(Files({"convert", "--to", "asc"})), 1);
+  EXPECT_EQ(messages, "tolvane-log: the output cannot be written\n");
+  EXPECT_EQ(Run({"--help"}), 1);
+}
+
+TEST_F(LogCommand, WhatWasMendedIsTold) {
+  Begin29BitRun();
+  db.csv_DataInput29(0.0, 0x1FFFFFFF, 0, kBytes, 1);
+  RollOverNow();
+  db.csv_DataInput29(1.0, 1, 15, kBytes, 1);
+  db.csv_DataInput29(-2.0, 0x100, 0, kBytes, 0);
+  RollOverNow();
+  db.csv_DataInput29(3.0, 0x10, 0, kBytes, 1);
+  Flush(1);
+  TakeFiles();
+  EXPECT_EQ(Run(Files({"convert", "--to", "candump", "--mend-clock"})), 0);
+  EXPECT_EQ(output,
+            "(1795133107.000000) can0 1FFFFFFF#\n"
+            "(1795133107.001000) can0 00000001#001AFF0344556677\n"
+            "(1795133107.000000) can0 100#\n"
+            "(1795133107.003000) can0 00000010#\n");
+  EXPECT_TRUE(
+      messages.ends_with("tolvane-log: mended: 2 identifiers without zeros\n"
+                         "tolvane-log: mended: 12 stray zeros in 1 block left out\n"
+                         "tolvane-log: no clock jump to mend\n"
+                         "tolvane-log: with a length above 8, and eight bytes: 1 frame\n"
+                         "tolvane-log: with a time before the first, written as that: 1 frame\n"))
+      << messages;
+}
+
+TEST_F(LogCommand, TheClockJumpIsMendedWhenAskedFor) {
+  // A run that begins at the reading 20000 of a clock that starts over behind 60000.
+  for (int i = 0; i <= 4000; ++i) db.csv_DataInput(i * 10, 0x100, 0, kBytes);
+  for (int i = 1; i <= 10; ++i) db.csv_DataInput(60'000 + i * 10, 0x100, 0, kBytes);
+  Flush(1);
+  TakeFiles();
+  EXPECT_EQ(Run(Files({"convert", "--to", "csv"})), 0);
+  EXPECT_NE(output.find(",60010,"), std::string::npos);
+  EXPECT_NE(messages.find("not mended, see --mend-clock: the clock jump of 20005 ms behind 40000 "
+                          "ms, right to 5 ms"),
+            std::string::npos)
+      << messages;
+  EXPECT_EQ(Run(Files({"convert", "--to", "csv", "--mend-clock"})), 0);
+  EXPECT_EQ(output.find(",60010,"), std::string::npos);
+  EXPECT_NE(output.find(",40005,"), std::string::npos);
+  EXPECT_NE(messages.find("mended: the clock jump of 20005 ms"), std::string::npos);
+  EXPECT_NE(output.find("\n2026-11-20 09:04:26.905000,0,"), std::string::npos)
+      << "the last record is as old as the head in either case";
+  EXPECT_EQ(Run(Files({"info", "--mend-clock"})), 0);
+  EXPECT_NE(output.find("clock jump    20005 ms behind 40000 ms, taken out; right to 5 ms"),
+            std::string::npos);
+  EXPECT_NE(output.find("silent longer than 5 cycles: none"), std::string::npos);
+}
+
+}  // namespace
+}  // namespace tolvane::logtool

@@ -1,0 +1,311 @@
+#include "tools/log/info/info.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <random>
+
+#include "tests/tools/log/written_log.h"
+#include "tools/log/info/report.h"
+
+namespace tolvane::logtool {
+namespace {
+
+TEST(CycleStatistics, TheMedianIsTheOneInTheMiddleOfASort) {
+  std::mt19937 random(1);
+  for (const int count : {1, 2, 3, 10, 1001, 5000}) {
+    CycleStatistics statistics;
+    std::vector<double> cycles;
+    for (int i = 0; i < count; ++i) {
+      cycles.push_back(static_cast<double>(random() % 1500));
+      statistics.Add(cycles.back());
+    }
+    std::ranges::sort(cycles);
+    EXPECT_EQ(statistics.Median(), cycles[(cycles.size() - 1) / 2]) << count;
+    EXPECT_EQ(statistics.Least(), cycles.front());
+    EXPECT_EQ(statistics.Longest(), cycles.back());
+    EXPECT_EQ(statistics.Count(), cycles.size());
+  }
+}
+
+TEST(CycleStatistics, LongCyclesAreRightToATwoThousandth) {
+  CycleStatistics statistics;
+  for (int i = 0; i < 1001; ++i) statistics.Add(1e6 + 7.7 * i);
+  EXPECT_NEAR(statistics.Median(), 1e6 + 7.7 * 500, 1e6 / 2000);
+}
+
+TEST(CycleStatistics, FramesAreLostInWholeCycles) {
+  CycleStatistics statistics;
+  for (int i = 0; i < 100; ++i) statistics.Add(10.0);
+  statistics.Add(50.0);
+  statistics.Add(51.0);
+  statistics.Add(104.0);
+  const CycleStatistics::Lost lost = statistics.Above(50.0, 10.0);
+  EXPECT_EQ(lost.gaps, 2U) << "as long as the limit is not longer";
+  EXPECT_EQ(lost.frames, 4.0 + 9.0);
+}
+
+TEST(LongestSilences, TheShortestGoesFirst) {
+  LongestSilences silences(3);
+  for (const double length : {5.0, 1.0, 4.0, 2.0, 3.0}) silences.Add(length * 100, length);
+  std::vector<double> kept;
+  for (const Silence& silence : silences.Kept()) kept.push_back(silence.length);
+  std::ranges::sort(kept);
+  EXPECT_EQ(kept, (std::vector<double>{3.0, 4.0, 5.0}));
+}
+
+/// Statistics of frames that come every so many ms.
+class Gaps : public ::testing::Test {
+ protected:
+  struct Message {
+    std::uint32_t id;
+    double cycle;
+  };
+
+  /// From 0 to `end`, in the order of time; not where `is_cut` says so.
+  template <typename IsCut>
+  JudgedRun Judged(const std::vector<Message>& messages, double end, IsCut is_cut) {
+    std::vector<LogFrame> frames;
+    for (const Message& message : messages) {
+      for (double time = 0.0; time <= end; time += message.cycle) {
+        if (!is_cut(message.id, time))
+          frames.push_back({.time = time,
+                            .id = message.id,
+                            .extended = false,
+                            .bytes = 0,
+                            .length = 0,
+                            .data = {}});
+      }
+    }
+    std::ranges::stable_sort(frames, {}, &LogFrame::time);
+    for (const LogFrame& frame : frames) run.Add(frame);
+    return JudgeRun(run, 5.0);
+  }
+
+  RunStatistics run;
+};
+
+TEST_F(Gaps, ACompleteLogHasNone) {
+  const JudgedRun judged = Judged({{0x100, 10.0}, {0x200, 100.0}, {0x300, 1000.0}}, 60'000.0,
+                                  [](auto, auto) { return false; });
+  EXPECT_TRUE(judged.gaps.empty());
+  ASSERT_EQ(judged.identifiers.size(), 3U);
+  EXPECT_EQ(judged.identifiers[1].cycle, 100.0);
+  EXPECT_EQ(judged.identifiers[1].statistics->frames, 601U);
+}
+
+TEST_F(Gaps, AStretchThatIsCutOutOfAllIsToldOnce) {
+  const JudgedRun judged =
+      Judged({{0x100, 10.0}, {0x200, 100.0}, {0x300, 1000.0}}, 60'000.0,
+             [](auto, double time) { return time > 20'000.0 && time < 27'000.0; });
+  ASSERT_EQ(judged.gaps.size(), 1U);
+  EXPECT_EQ(judged.gaps[0].identifier, nullptr);
+  EXPECT_EQ(judged.gaps[0].silence.begin, 20'000.0);
+  EXPECT_EQ(judged.gaps[0].silence.End(), 27'000.0);
+  EXPECT_EQ(judged.gaps[0].lost, 777.0);  // 699 + 69 + 6 of them
+  EXPECT_EQ(judged.identifiers[0].lost.frames, 699.0);
+  EXPECT_EQ(judged.identifiers[0].lost.gaps, 1U);
+}
+
+TEST_F(Gaps, AnIdentifierThatStopsForAWhileIsToldByItself) {
+  const JudgedRun judged = Judged(
+      {{0x100, 10.0}, {0x200, 100.0}}, 60'000.0,
+      [](auto id, double time) { return id == 0x200 && time > 20'000.0 && time < 22'000.0; });
+  ASSERT_EQ(judged.gaps.size(), 1U);
+  ASSERT_NE(judged.gaps[0].identifier, nullptr);
+  EXPECT_EQ(judged.gaps[0].identifier->id, 0x200U);
+  EXPECT_EQ(judged.gaps[0].silence.begin, 20'000.0);
+  EXPECT_EQ(judged.gaps[0].silence.length, 2'000.0);
+  EXPECT_EQ(judged.gaps[0].lost, 19.0);
+  EXPECT_EQ(judged.gaps[0].edge, Gap::Edge::kNone);
+}
+
+TEST_F(Gaps, AreToldAtTheEdgesOfTheLogToo) {
+  const JudgedRun judged =
+      Judged({{0x100, 10.0}, {0x200, 100.0}, {0x300, 100.0}}, 60'000.0, [](auto id, double time) {
+        return (id == 0x200 && time < 2'000.0) || (id == 0x300 && time > 58'000.0);
+      });
+  ASSERT_EQ(judged.gaps.size(), 2U);
+  EXPECT_EQ(judged.gaps[0].identifier->id, 0x200U);
+  EXPECT_EQ(judged.gaps[0].edge, Gap::Edge::kBegin);
+  EXPECT_EQ(judged.gaps[0].silence.End(), 2'000.0);
+  EXPECT_EQ(judged.gaps[1].identifier->id, 0x300U);
+  EXPECT_EQ(judged.gaps[1].edge, Gap::Edge::kEnd);
+  EXPECT_EQ(judged.gaps[1].silence.begin, 58'000.0);
+}
+
+TEST_F(Gaps, OwnOnesBesideACommonOneAreTold) {
+  const JudgedRun judged =
+      Judged({{0x100, 10.0}, {0x200, 100.0}}, 60'000.0, [](auto id, double time) {
+        return (time > 20'000.0 && time < 21'000.0) ||
+               (id == 0x200 && time >= 21'000.0 && time < 25'000.0);
+      });
+  ASSERT_EQ(judged.gaps.size(), 2U);
+  EXPECT_EQ(judged.gaps[0].identifier, nullptr);
+  EXPECT_EQ(judged.gaps[1].identifier->id, 0x200U);
+}
+
+TEST_F(Gaps, OfAnIdentifierWithVeryManyAreCounted) {
+  const JudgedRun judged =
+      Judged({{0x100, 1.0}, {0x200, 10.0}}, 100'000.0, [](auto id, double time) {
+        return id == 0x200 && std::fmod(time, 1000.0) > 500.0 && std::fmod(time, 1000.0) < 600.0;
+      });
+  EXPECT_EQ(judged.gaps.size(), 64U);
+  EXPECT_EQ(judged.gaps_left_out, 36U);
+  EXPECT_EQ(judged.identifiers[1].lost.gaps, 100U);
+}
+
+// Three frames close together every second, as of questions and answers: the median is 1 ms, and a
+// third of the cycles 998 ms.
+TEST_F(Gaps, AnIdentifierThatComesAtOddTimesHasNone) {
+  const JudgedRun judged =
+      Judged({{0x100, 10.0}, {0x200, 1.0}}, 60'000.0,
+             [](auto id, double time) { return id == 0x200 && std::fmod(time, 1000.0) >= 3.0; });
+  EXPECT_TRUE(judged.gaps.empty());
+  EXPECT_EQ(judged.identifiers[1].cycle, 1.0);
+  EXPECT_FALSE(judged.identifiers[1].regular);
+  EXPECT_EQ(judged.identifiers[1].lost.gaps, 0U);
+}
+
+TEST_F(Gaps, FromThreeRegularCyclesInFourOnThereAreGaps) {
+  const JudgedRun judged =
+      Judged({{0x100, 10.0}, {0x200, 1.0}}, 60'000.0,
+             [](auto id, double time) { return id == 0x200 && std::fmod(time, 1000.0) >= 4.0; });
+  EXPECT_TRUE(judged.identifiers[1].regular);
+  EXPECT_EQ(judged.identifiers[1].lost.gaps, 60U);
+}
+
+// The cycles of odd times say nothing of how many frames a silence of all has cost.
+TEST_F(Gaps, OfAllAreReckonedByTheRegularOnes) {
+  const JudgedRun judged =
+      Judged({{0x100, 10.0}, {0x200, 1.0}}, 60'000.0, [](auto id, double time) {
+        return (time > 20'000.0 && time < 21'000.0) ||
+               (id == 0x200 && std::fmod(time, 1000.0) >= 3.0);
+      });
+  ASSERT_EQ(judged.gaps.size(), 1U);
+  EXPECT_EQ(judged.gaps[0].lost, 100.0);
+}
+
+TEST_F(Gaps, ALoneFrameHasNoCycleAndNoGap) {
+  const JudgedRun judged =
+      Judged({{0x100, 10.0}, {0x200, 1e6}}, 60'000.0, [](auto, auto) { return false; });
+  EXPECT_TRUE(judged.gaps.empty());
+  EXPECT_EQ(judged.identifiers[1].cycle, 0.0);
+}
+
+TEST_F(Gaps, ATimeThatStepsBackIsNoCycle) {
+  for (const double time : {0.0, 10.0, 20.0, 5.0, 15.0}) {
+    run.Add({.time = time, .id = 1, .extended = false, .bytes = 0, .length = 0, .data = {}});
+  }
+  EXPECT_EQ(run.StepsBack(), 1U);
+  EXPECT_EQ(JudgeRun(run, 5.0).identifiers[0].statistics->cycles.Longest(), 10.0);
+}
+
+TEST(ReportTexts, AreThoseOfTheLog) {
+  IdentifierStatistics identifier;
+  identifier.id = 0x1A;
+  EXPECT_EQ(IdentifierText(identifier), "01A");
+  identifier.extended = true;
+  EXPECT_EQ(IdentifierText(identifier), "0000001A");
+  EXPECT_EQ(NumberText(1.5), "1.5");
+  EXPECT_EQ(LengthsText(1U << 0 | 1U << 8 | IdentifierStatistics::kOtherLengths), "0, 8, others");
+  EXPECT_EQ(LengthsText(IdentifierStatistics::kOtherLengths), "others");
+}
+
+class Info : public WrittenLog {
+ protected:
+  std::string Of(const InfoWishes& wishes) {
+    TakeFiles();
+    std::vector<std::string> paths;
+    for (const auto& [path, text] : log_files.texts) paths.push_back(path);
+    std::string said;
+    TextSink sink(said);
+    Complaints complaints(sink, false);
+    const auto runs = FindRuns(paths, log_files, complaints);
+    return InfoOf(runs, wishes, log_files, code_page, complaints);
+  }
+};
+
+TEST_F(Info, IsATableForPeople) {
+  for (int i = 0; i < 100; ++i) {
+    if (i < 40 || i >= 60) db.csv_DataInput(i * 10.0, 0x1A0, i == 7 ? 2 : 8, kBytes);
+    if (i == 50) RollOverNow();
+  }
+  Flush(2);
+  EXPECT_EQ(Of({}),
+            "run 1\n"
+            "  files         2: KL26112009-001.csv to KL26112009-002.csv\n"
+            "  program       Tolvane Ver1.23\n"
+            "  adapter       CANUSB ABCD 、V1.0\n"
+            "  bit rate      500k bps\n"
+            "  comment       ＣＡＮ受信ログ\n"
+            "  written       2026/11/20 9:05:07 to 2026/11/20 9:05:07\n"
+            "  frames        80\n"
+            "  identifiers   1, 11-bit mode\n"
+            "  first, last   0 ms, 990 ms\n"
+            "  span          0.99 s\n"
+            "\n"
+            "  identifier     frames  median ms   least ms longest ms     gaps     lost  length\n"
+            "  1A0                80         10         10        210        1       20  2, 8\n"
+            "\n"
+            "  silent longer than 5 cycles: 1\n"
+            "  identifier       from ms         to ms    silent ms         lost\n"
+            "  all                  390           600          210     about 21\n");
+}
+
+TEST_F(Info, IsJsonForPrograms) {
+  device.t_LogComment = u"a \"quoted\\\" comment";
+  Begin29BitRun();
+  for (int i = 0; i < 3; ++i) db.csv_DataInput29(i * 2.5, 0x123, 8, kBytes, 1);
+  db.csv_DataInput29(7.5, 0x7FF, 0, kBytes, 0);
+  Flush(1);
+  EXPECT_EQ(
+      Of({.as_json = true}),
+      "{\"runs\": [{\"files\": [{\"path\": \"KL26112009-001.csv\", \"written\": \"2026/11/20 "
+      "9:05:07\"}], \"is_whole_at_its_begin\": true, \"program\": \"Tolvane Ver1.23\", "
+      "\"adapter\": \"CANUSB ABCD 、V1.0\", \"bit_rate\": \"500k bps\", \"comment\": \"a "
+      "\\\"quoted\\\\\\\" comment\", \"id_bits\": 29, \"frames\": 4, \"first_ms\": 0, \"last_ms\": "
+      "7.5, \"span_ms\": 7.5, \"steps_back\": 0, \"bare_ids\": 0, \"stray_zeros\": 0, "
+      "\"clock_jump\": null, \"gap_multiple\": 5, \"identifiers\": [{\"id\": \"7FF\", "
+      "\"extended\": false, \"frames\": 1, \"first_ms\": 7.5, \"last_ms\": 7.5, \"cycle_ms\": "
+      "null, \"lengths\": [0], \"gaps\": null, \"lost\": null}, {\"id\": \"00000123\", "
+      "\"extended\": "
+      "true, \"frames\": 3, \"first_ms\": 0, \"last_ms\": 5, \"cycle_ms\": {\"median\": 2.5, "
+      "\"least\": 2.5, \"longest\": 2.5}, \"lengths\": [8], \"gaps\": 0, \"lost\": 0}], \"gaps\": "
+      "[], \"gaps_left_out\": 0}], \"faults\": 0}\n");
+}
+
+TEST_F(Info, TellsOfEachRunAndOfOneWithoutItsBegin) {
+  db.csv_DataInput(5.0, 0x1A0, 0, kBytes);
+  RollOverNow();
+  StartRun();
+  FileName_Date = u"26112009";
+  FileName_No = u"002";
+  db.csv_DataInput(0.0, 0x1A0, 0, kBytes);
+  RollOverNow();
+  const std::string text = Of({});
+  EXPECT_NE(text.find("they begin at 5 ms: those ahead of them are missing"), std::string::npos);
+  EXPECT_NE(text.find("\nrun 2\n"), std::string::npos);
+}
+
+TEST_F(Info, OfARunWithoutFramesEndsBehindItsHead) {
+  Flush(1);
+  EXPECT_TRUE(Of({}).ends_with("  frames        0\n  identifiers   0, 11-bit mode\n"));
+}
+
+TEST_F(Info, ShowsTheLongestOfManyGaps) {
+  double time = 0.0;
+  for (int i = 0; i < 1000; ++i) {
+    time += i % 10 == 9 ? 1000.0 + i : 10.0;
+    db.csv_DataInput(time, 0x1A0, 0, kBytes);
+  }
+  Flush(1);
+  const std::string text = Of({});
+  EXPECT_NE(text.find("silent longer than 5 cycles: 100\n"), std::string::npos);
+  EXPECT_TRUE(text.ends_with("  and 50 shorter ones\n")) << text;
+  EXPECT_EQ(text.find(" 1489 "), std::string::npos);
+  EXPECT_NE(text.find(" 1509 "), std::string::npos);
+}
+
+}  // namespace
+}  // namespace tolvane::logtool

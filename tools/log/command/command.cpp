@@ -1,0 +1,152 @@
+#include "tools/log/command/command.h"
+
+#include <memory>
+
+#include "platform/utf8.h"
+#include "tolvane_product.h"
+#include "tools/log/command/options.h"
+#include "tools/log/info/report.h"
+#include "tools/log/runs/counted.h"
+#include "tools/log/runs/log_order.h"
+
+namespace tolvane::logtool {
+
+namespace {
+
+constexpr int kGood = 0;
+constexpr int kFailed = 1;
+constexpr int kMisunderstood = 2;
+
+class Command {
+ public:
+  Command(const Options& options, const Outside& outside)
+      : options_(options), outside_(outside), complaints_(outside.messages, options.keep) {}
+
+  int Run() {
+    const std::vector<LogRun> runs =
+        FindRuns(InOrderOfWriting(options_.files), outside_.files, complaints_);
+    if (!complaints_.EndReading()) {
+      if (options_.verb == Verb::kInfo) {
+        TellInfo(runs);
+      } else {
+        ConvertOne(runs);
+      }
+    }
+    complaints_.Conclude();
+    return complaints_.Count() > 0 || failed_ ? kFailed : kGood;
+  }
+
+ private:
+  void Say(const std::string& text) {
+    static_cast<void>(outside_.messages.Write("tolvane-log: " + text + "\n"));
+  }
+  void Fail(const std::string& text) {
+    Say(text);
+    failed_ = true;
+  }
+
+  void TellInfo(const std::vector<LogRun>& runs) {
+    const std::string text =
+        InfoOf(runs, options_.info, outside_.files, outside_.code_page, complaints_);
+    if (complaints_.EndReading()) return;
+    if (!outside_.output.Write(text)) Fail("the output cannot be written");
+  }
+
+  void ConvertOne(const std::vector<LogRun>& runs) {
+    if (runs.size() > 1) {
+      std::string text = "these files are of " + std::to_string(runs.size()) +
+                         " runs; name those of one. They begin with:";
+      for (const LogRun& run : runs) text += " " + run.files.front().path;
+      return Fail(text);
+    }
+    if (runs.empty()) return;  // each file was complained of
+    std::unique_ptr<ByteSink> file;
+    if (!options_.out.empty()) {
+      file = outside_.files.Create(options_.out);
+      if (file == nullptr) {
+        return Fail(options_.out + ": this file is there already, or cannot be made");
+      }
+    }
+    const bool is_whole = ConvertTo(runs.front(), file != nullptr ? *file : outside_.output);
+    file.reset();
+    if (!is_whole && !options_.out.empty()) outside_.files.Remove(options_.out);
+  }
+
+  /// False when what was written is to be thrown away.
+  [[nodiscard]] bool ConvertTo(const LogRun& run, ByteSink& out) {
+    const auto anchor = AnchorOf(run, outside_.files, options_.mends_clock, outside_.unix_seconds);
+    RunReader reader(run, outside_.files, complaints_, options_.mends_clock);
+    const Converted result = Convert(reader, *options_.format, anchor, out);
+    if (!result.is_written) Fail("the output cannot be written");
+    if (complaints_.EndReading() || failed_) return false;
+    TellWhatBecame(run, reader, result);
+    if (!anchor) {
+      Say("no absolute time, as the head's date is none with the year in front: " +
+          ToUtf8(outside_.code_page.Decode(run.Head().written)));
+    }
+    return true;
+  }
+
+  void TellWhatBecame(const LogRun& run, const RunReader& reader, const Converted& result) {
+    Say(Counted(result.frames, "frame") + " of " + Counted(run.files.size(), "file") + ", from " +
+        run.files.front().path + " to " + run.files.back().path);
+    const CsvLog::Mended& mended = reader.WhatWasMended();
+    if (mended.bare_ids > 0) {
+      Say("mended: " + Counted(mended.bare_ids, "identifier") + " without zeros");
+    }
+    if (mended.strays > 0) {
+      Say("mended: " + Counted(mended.strays, "stray zero") + " in " +
+          Counted(mended.stray_blocks, "block") + " left out");
+    }
+    TellClock(reader.Clock());
+    if (result.long_lengths > 0) {
+      Say("with a length above 8, and eight bytes: " + Counted(result.long_lengths, "frame"));
+    }
+    if (result.negative_times > 0) {
+      Say("with a time before the first, written as that: " +
+          Counted(result.negative_times, "frame"));
+    }
+  }
+
+  void TellClock(const ClockJump& clock) {
+    const auto& jump = clock.TheJump();
+    if (jump) {
+      Say(std::string(options_.mends_clock ? "mended: " : "not mended, see --mend-clock: ") +
+          "the clock jump of " + NumberText(jump->jump) + " ms behind " + NumberText(jump->at) +
+          " ms, right to " + NumberText(jump->doubt) + " ms");
+    } else if (options_.mends_clock) {
+      Say("no clock jump to mend");
+    }
+  }
+
+  const Options& options_;
+  const Outside& outside_;
+  Complaints complaints_;
+  bool failed_ = false;
+};
+
+}  // namespace
+
+int RunCommand(const std::vector<std::string>& words, const Outside& outside) {
+  const ReadOptions read = OptionsOf(words);
+  if (!read.options) {
+    static_cast<void>(
+        outside.messages.Write("tolvane-log: " + read.refusal + " (tolvane-log --help)\n"));
+    return kMisunderstood;
+  }
+  const auto tell = [&](std::string_view text) {
+    return outside.output.Write(text) ? kGood : kFailed;
+  };
+  switch (read.options->verb) {
+    case Verb::kHelp:
+      return tell(HelpText());
+    case Verb::kVersion:
+      return tell("tolvane-log " + ToUtf8(product::kVersionText) + "\n");
+    case Verb::kInfo:
+    case Verb::kConvert:
+      return Command(*read.options, outside).Run();
+  }
+  return kMisunderstood;
+}
+
+}  // namespace tolvane::logtool

@@ -1,0 +1,43 @@
+#include "tools/log/command/options.h"
+
+namespace tolvane::logtool {
+
+std::string_view HelpText() {
+  return R"(usage: tolvane-log info [OPTIONS] FILES
+       tolvane-log convert --to FORMAT [OPTIONS] FILES
+
+Reads csv logs of Tolvane, KLyymmddhh-NNN.csv. The files are taken in the order of these names; if one
+has another name, all are taken as they come.
+
+info tells of each run: what its head says, its frames, and for each identifier how many there are,
+the cycle and the lengths. Then where frames seem to be missing: where an identifier, or all, were
+silent for longer than some of their cycles.
+  --gap N       so many cycles (5)
+  --json        for programs
+
+convert writes the files of one run as one, on the standard output.
+  --to FORMAT   candump  as candump -L writes it
+                asc      as log2asc of can-utils writes it
+                csv      a table with the same columns in each line
+  --out FILE    into a new file
+
+Both:
+  --mend-clock  takes out the jump that the time line of a CANUSB or a board makes where the adapter's
+                clock first starts over, after 60 or 429.491 seconds of its own
+  --keep        leaves out lines that cannot be read, and files, in place of ending there
+  --help, --version
+
+Zeros that identifiers of 29 bits have lost to the next file are mended at all times. The absolute
+time is that of the head of the first file, which was written right behind its last record; it is the
+time of this computer's zone. The status is 0, 1 if something could not be read or written, and 2 for
+words that are not understood.
+
+Other formats: can_logconvert of python3-can makes .blf and .trc of candump or asc, by the names of its
+two files; from its version 4.2 on, with asammdf, .mf4 too. It also makes .db, but in Debian's
+version 4.1 only the first few hundred frames come into it.
+  tolvane-log convert --to candump --out run.log KL26112009-*.csv
+  can_logconvert run.log run.blf
+)";
+}
+
+}  // namespace tolvane::logtool

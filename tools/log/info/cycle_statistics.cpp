@@ -1,0 +1,51 @@
+#include "tools/log/info/cycle_statistics.h"
+
+#include <algorithm>
+#include <cmath>
+#include <utility>
+
+namespace tolvane::logtool {
+
+double CycleStatistics::Median() const {
+  std::vector<Row> rows;
+  std::ranges::copy_if(rows_, std::back_inserter(rows),
+                       [](const Row& row) { return row.count > 0; });
+  std::ranges::sort(rows, {}, &Row::key);
+  std::uint64_t left = (count_ + 1) / 2;
+  for (const Row& row : rows) {
+    if (row.count >= left) return row.Mean();
+    left -= row.count;
+  }
+  return 0.0;
+}
+
+std::uint64_t CycleStatistics::Between(double low, double high) const {
+  std::uint64_t count = 0;
+  for (const Row& row : rows_) {
+    if (row.count > 0 && row.Mean() >= low && row.Mean() <= high) count += row.count;
+  }
+  return count;
+}
+
+CycleStatistics::Lost CycleStatistics::Above(double limit, double median) const {
+  Lost lost;
+  for (const Row& row : rows_) {
+    if (row.count == 0 || row.Mean() <= limit) continue;
+    lost.gaps += row.count;
+    lost.frames += static_cast<double>(row.count) * FramesLostIn(row.Mean(), median);
+  }
+  return lost;
+}
+
+void CycleStatistics::Grow() {
+  const std::vector<Row> old = std::exchange(rows_, std::vector<Row>(rows_.size() * 2));
+  for (const Row& row : old) {
+    if (row.count > 0) RowOf(row.key) = row;
+  }
+}
+
+double FramesLostIn(double length, double cycle) {
+  return cycle > 0.0 ? std::max(0.0, std::round(length / cycle) - 1.0) : 0.0;
+}
+
+}  // namespace tolvane::logtool

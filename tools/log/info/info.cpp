@@ -1,0 +1,32 @@
+#include "tools/log/info/info.h"
+
+#include "tools/log/info/report.h"
+#include "tools/log/runs/run_reader.h"
+
+namespace tolvane::logtool {
+
+std::string InfoOf(const std::vector<LogRun>& runs, const InfoWishes& wishes, LogFiles& files,
+                   platform::CodePage& code_page, Complaints& complaints) {
+  std::string text = wishes.as_json ? "{\"runs\": [" : "";
+  for (std::size_t i = 0; i < runs.size() && !complaints.EndReading(); ++i) {
+    RunReader reader(runs[i], files, complaints, wishes.mends_clock);
+    RunStatistics statistics;
+    for (LogFrame frame; reader.Next(frame);) statistics.Add(frame);
+    const JudgedRun judged = JudgeRun(statistics, wishes.multiple);
+    const RunReport report{.run = runs[i],
+                           .statistics = statistics,
+                           .judged = judged,
+                           .mended = reader.WhatWasMended(),
+                           .clock = reader.Clock(),
+                           .mends_clock = wishes.mends_clock,
+                           .multiple = wishes.multiple};
+    if (i > 0) text += wishes.as_json ? ",\n" : "\n";
+    text += wishes.as_json ? JsonOf(report, code_page) : TableOf(report, i + 1, code_page);
+  }
+  if (wishes.as_json) {
+    text += "], \"faults\": " + std::to_string(complaints.Count()) + "}\n";
+  }
+  return text;
+}
+
+}  // namespace tolvane::logtool

@@ -1,0 +1,12 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+namespace tolvane::logtool {
+
+/// The paths in the order in which their files were written, which is that of the names: the hour,
+/// then the number. As they come if one of them is no name of a log. Folders keep their order.
+[[nodiscard]] std::vector<std::string> InOrderOfWriting(std::vector<std::string> paths);
+
+}  // namespace tolvane::logtool

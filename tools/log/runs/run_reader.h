@@ -1,0 +1,42 @@
+#pragma once
+
+#include <memory>
+
+#include "tools/log/reading/csv_log.h"
+#include "tools/log/runs/clock_jump.h"
+#include "tools/log/runs/complaints.h"
+#include "tools/log/runs/log_files.h"
+#include "tools/log/runs/log_run.h"
+
+namespace tolvane::logtool {
+
+/// The frames of a run, one file after the other.
+class RunReader {
+ public:
+  /// With `mends_clock` the times behind the adapter's clock jump are moved back.
+  RunReader(const LogRun& run, LogFiles& files, Complaints& complaints, bool mends_clock);
+
+  /// False behind the last frame, and at a fault that ends the reading.
+  [[nodiscard]] bool Next(LogFrame& frame);
+
+  /// The place of the last frame's file in the run.
+  [[nodiscard]] std::size_t File() const { return file_; }
+  [[nodiscard]] const ClockJump& Clock() const { return clock_; }
+  [[nodiscard]] const CsvLog::Mended& WhatWasMended() const { return mended_; }
+
+ private:
+  [[nodiscard]] bool OpenFile();
+  void CloseFile();
+
+  const LogRun& run_;
+  LogFiles& files_;
+  Complaints& complaints_;
+  bool mends_clock_;
+  ClockJump clock_;
+  std::size_t file_ = 0;
+  std::unique_ptr<ByteSource> bytes_;
+  std::unique_ptr<CsvLog> log_;
+  CsvLog::Mended mended_;
+};
+
+}  // namespace tolvane::logtool
