@@ -37,6 +37,7 @@ struct Setup {
   std::int32_t excludes = 0;
   std::int32_t subfolder = 0;
   bool has_foreign_settings = false;  // config.dat is of another program at the start
+  std::int32_t logs_of_the_hour = 0;  // that lie on the disk at the start
 };
 
 /// What happens in a yield of the receive loop that has read all there was.

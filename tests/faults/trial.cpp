@@ -5,12 +5,14 @@
 #include <string>
 #include <utility>
 
+#include "run/number_text.h"
 #include "tests/helpers/bench_faults.h"
 
 namespace tolvane::faults {
 namespace {
 
 constexpr WrittenLogs::Form kNextLog = WrittenLogs::Form::kCsv;
+const String kLogOfTheHour = u"C:\\Tolvane\\KL26010509-";  // without its number
 
 /// Each trial takes the same megabytes and gives them back. Fetched from the system anew, they are
 /// most of what it costs.
@@ -45,9 +47,13 @@ Trial::Trial(const Scenario& scenario) : scenario_(scenario) {
   machine.Click(&Form1::menu_file_close_Click);
   kept_ = KeptBy(machine);
   disk_ = machine.Files();
-  if (!scenario.setup.has_foreign_settings) return;
   for (auto& [path, bytes] : disk_) {
-    if (path.ends_with(u"\\config.dat")) bytes = "of another program";
+    const bool is_settings = path.ends_with(u"\\config.dat");
+    if (is_settings && scenario.setup.has_foreign_settings) bytes = "of another program";
+  }
+  for (std::int32_t number = 2; number <= scenario.setup.logs_of_the_hour; ++number) {
+    const String path = kLogOfTheHour + String(PaddedText(number, 3).View()) + u".csv";
+    disk_.emplace_back(path, "an earlier log");
   }
 }
 
