@@ -39,6 +39,8 @@ void PageCommandsBase::SetCaret(int position) const {
 
 void PageCommandsBase::Do(int command) const {
   (void)Send(main_.Handle(), WM_COMMAND, static_cast<WPARAM>(command), 0);
+  // A turn of its loop: a change of the selection waits for one, and the menu's items follow it.
+  EXPECT_TRUE(main_.AwaitPosted(id::TB_Protocol));
 }
 
 HWND PageCommandsBase::PopUp() const { return FindTopWindow(kPopUpClass, program_->Id()); }

@@ -22,7 +22,8 @@ class PageCommandsBase : public LogRun {
   void Select(int start, int end) const;
   /// Selects something else first: the menu follows changes of the selection.
   void SetCaret(int position) const;
-  /// A command, carried out when this returns: the program is idle or in a yield of a run.
+  /// A command, carried out when this returns, with what follows from it: the program is idle or in
+  /// a yield of a run.
   void Do(int command) const;
 
   /// The open pop-up, null for none.
