@@ -178,6 +178,15 @@ TEST_F(LogNaming, NumberOneThousandIsOverwrittenFromThenOn) {
   EXPECT_EQ(LogBytes(u"999"), "old");
 }
 
+TEST_F(LogNaming, BehindNumberOneThousandALowerOneThatBecomesFreeStaysFree) {
+  AddLogs(1, 999);
+  Flush(1);
+  files.Remove(u"C:\\Tolvane\\KL26112009-003.csv");
+  Flush(1);
+  EXPECT_EQ(FileName_No, u"1000");
+  EXPECT_EQ(LogBytes(u"003"), "");
+}
+
 TEST_F(LogNaming, FolderOfTheRunIsUsedWhileItStands) {
   device.t_LogSave_subFolder = 1;
   FolderName = u"bench";
