@@ -112,6 +112,7 @@ void Machine::Run(std::span<const Act> acts) {
   last_.fill(-1);
   acts_ = acts;
   found_empty_ = false;
+  Click(&Form1::Bt_ViewClear_Click);  // what the page then shows is of this run
   Click(&Form1::Bt_Connect_Click);
   plan_.Number(true);
 }
