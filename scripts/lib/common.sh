@@ -65,9 +65,15 @@ need_build_folder() {
 # Commands that undo what this script started, run in reverse order when it ends, however it ends. They
 # find its status in $exit_status.
 at_exit_commands=()
-at_exit() { at_exit_commands=("$*" "${at_exit_commands[@]}"); }
+at_exit() {
+  catch_the_end
+  at_exit_commands=("$*" "${at_exit_commands[@]}")
+}
 # After all others.
-at_very_end() { at_exit_commands+=("$*"); }
+at_very_end() {
+  catch_the_end
+  at_exit_commands+=("$*")
+}
 # end_child PROCESS: ends what this script started in the background.
 end_child() {
   kill "$1" 2>/dev/null || true
@@ -80,7 +86,12 @@ run_at_exit() {
   trap '' INT TERM HUP
   for command in "${at_exit_commands[@]}"; do eval "$command" || true; done
 }
-trap run_at_exit EXIT
-trap 'exit 129' HUP
-trap 'exit 130' INT
-trap 'exit 143' TERM
+# catch_the_end: from here on a signal ends this script by its number, and what was started is undone. Not while files
+# are still read: a trap that comes while bash reads a command substitution ends in a complaint of bash.
+catch_the_end() {
+  [ "$BASHPID" = "$$" ] || return 0
+  trap run_at_exit EXIT
+  trap 'exit 129' HUP
+  trap 'exit 130' INT
+  trap 'exit 143' TERM
+}

@@ -44,6 +44,7 @@ usage_line() {
 # read_options USAGE WORDS: USAGE is what the script does.
 read_options() {
   local usage=$1 word
+  catch_the_end
   shift
   for word in "$@"; do
     # A command's --help is its own.
