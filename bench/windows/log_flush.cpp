@@ -11,6 +11,7 @@
 #include <fstream>
 #include <vector>
 
+#include "bench/windows/rounds.h"
 #include "logging/excel_outputdb.h"
 #include "logging/log_naming.h"
 #include "platform/windows/system/code_page.h"
@@ -104,10 +105,6 @@ int Measure(const std::filesystem::path& folder, int rounds) {
 }  // namespace tolvane::bench
 
 int wmain(int count, wchar_t** arguments) {
-  const int rounds = count == 3 ? _wtoi(arguments[2]) : 0;
-  if (rounds < 1) {
-    std::fprintf(stderr, "usage: log_flush FOLDER ROUNDS\n");
-    return EXIT_FAILURE;
-  }
-  return tolvane::bench::Measure(arguments[1], rounds);
+  using namespace tolvane::bench;
+  return MeasureInRounds(count, arguments, "log_flush", "FOLDER", Measure);
 }

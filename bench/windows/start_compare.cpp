@@ -13,6 +13,7 @@
 #include <optional>
 #include <vector>
 
+#include "bench/windows/rounds.h"
 #include "tools/drive/driven_program.h"
 
 namespace tolvane::bench {
@@ -101,10 +102,6 @@ int Compare(const std::filesystem::path& folder, int rounds) {
 }  // namespace tolvane::bench
 
 int wmain(int count, wchar_t** arguments) {
-  const int rounds = count == 3 ? _wtoi(arguments[2]) : 0;
-  if (rounds < 1) {
-    std::fprintf(stderr, "usage: start_compare PROGRAM-FOLDER ROUNDS\n");
-    return EXIT_FAILURE;
-  }
-  return tolvane::bench::Compare(arguments[1], rounds);
+  using namespace tolvane::bench;
+  return MeasureInRounds(count, arguments, "start_compare", "PROGRAM-FOLDER", Compare);
 }

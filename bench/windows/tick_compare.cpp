@@ -7,6 +7,7 @@
 
 #include "bench/windows/live_tick.h"
 #include "bench/windows/rich_edit_baseline.h"
+#include "bench/windows/rounds.h"
 #include "platform/windows/main_window/form1_window.h"
 #include "platform/windows/system/code_page.h"
 #include "platform/windows/system/text.h"
@@ -96,10 +97,6 @@ int Compare(const wchar_t* library, int rounds) {
 }  // namespace tolvane::bench
 
 int wmain(int count, wchar_t** arguments) {
-  const int rounds = count == 3 ? _wtoi(arguments[2]) : 0;
-  if (rounds < 1) {
-    std::fprintf(stderr, "usage: tick_compare QXT100-DLL ROUNDS\n");
-    return EXIT_FAILURE;
-  }
-  return tolvane::bench::Compare(arguments[1], rounds);
+  using namespace tolvane::bench;
+  return MeasureInRounds(count, arguments, "tick_compare", "QXT100-DLL", Compare);
 }

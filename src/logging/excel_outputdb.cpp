@@ -1,5 +1,7 @@
 #include "logging/excel_outputdb.h"
 
+#include <algorithm>
+
 #include "logging/csv_head.h"
 #include "logging/csv_line.h"
 
@@ -61,12 +63,12 @@ void Excel_OutputDB::csv_DataInput29(double now_time, std::int32_t can_ID, std::
   // In channel 2 the padding zeros go to channel 1 and appear at the start of its next file. This
   // is kept on purpose: old files have them, and the manual tells readers to skip them.
   const ShortText padded = LogID29Text(can_ID);
-  const ShortText digits = HexText(can_ID);
-  const StringView zeros = padded.View().substr(0, padded.Length() - digits.Length());
+  const std::size_t count = std::min(padded.View().find_first_not_of(u'0'), padded.Length() - 1);
+  const StringView zeros = padded.View().substr(0, count);
   if (char16_t* const at = LogBuilder1.Reserve(kCsvLine_MAX, LogBuilder_MAX)) {
     LogBuilder1.Take(zeros.copy(at, zeros.size()));
   }
-  csv_DataTail(LogBuilder2, record, mark, digits);
+  csv_DataTail(LogBuilder2, record, mark, padded.View().substr(count));
 }
 
 void Excel_OutputDB::Excel_DataStore(const LogRecord& record, StringView identifier,

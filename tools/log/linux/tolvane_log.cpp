@@ -5,8 +5,8 @@
 
 #include "platform/memory/system/code_page_932.h"
 #include "tools/log/command/command.h"
+#include "tools/log/command/unix_seconds.h"
 #include "tools/log/linux/file_bytes.h"
-#include "tools/log/linux/unix_seconds.h"
 
 namespace tolvane::logtool {
 namespace {

@@ -1,4 +1,4 @@
-#include "tools/log/linux/unix_seconds.h"
+#include "tools/log/command/unix_seconds.h"
 
 #include <ctime>
 

@@ -8,8 +8,8 @@
 #include "platform/windows/system/code_page.h"
 #include "platform/windows/system/text.h"
 #include "tools/log/command/command.h"
+#include "tools/log/command/unix_seconds.h"
 #include "tools/log/windows/file_bytes.h"
-#include "tools/log/windows/unix_seconds.h"
 
 // The run-time library hands over the names that *.csv stands for: no shell of Windows does.
 extern "C" int _dowildcard;

@@ -1,17 +1,11 @@
-#include "tools/log/windows/unix_seconds.h"
+#include "tools/log/command/unix_seconds.h"
 
-#include "platform/windows/system/win32.h"
+#include "platform/windows/system/system_time.h"
 
 namespace tolvane::logtool {
 
 std::optional<std::int64_t> UnixSeconds(const platform::LocalTime& time) {
-  SYSTEMTIME local{};
-  local.wYear = static_cast<WORD>(time.year);
-  local.wMonth = static_cast<WORD>(time.month);
-  local.wDay = static_cast<WORD>(time.day);
-  local.wHour = static_cast<WORD>(time.hour);
-  local.wMinute = static_cast<WORD>(time.minute);
-  local.wSecond = static_cast<WORD>(time.second);
+  const SYSTEMTIME local = platform::windows::ToSystemTime(time);
   SYSTEMTIME utc;
   FILETIME file_time;
   if (!TzSpecificLocalTimeToSystemTime(nullptr, &local, &utc) ||

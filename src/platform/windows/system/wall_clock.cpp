@@ -2,6 +2,7 @@
 
 #include <array>
 
+#include "platform/windows/system/system_time.h"
 #include "platform/windows/system/text.h"
 
 namespace tolvane::platform::windows {
@@ -16,18 +17,6 @@ String LocaleText(Write write) {
   const int length = write(buffer.data());
   if (length < 1) return {};
   return String(FromWide(buffer.data(), static_cast<std::size_t>(length - 1)));
-}
-
-SYSTEMTIME ToSystemTime(const LocalTime& time) {
-  SYSTEMTIME system{};
-  system.wYear = static_cast<WORD>(time.year);
-  system.wMonth = static_cast<WORD>(time.month);
-  system.wDay = static_cast<WORD>(time.day);
-  system.wDayOfWeek = static_cast<WORD>(time.weekday);
-  system.wHour = static_cast<WORD>(time.hour);
-  system.wMinute = static_cast<WORD>(time.minute);
-  system.wSecond = static_cast<WORD>(time.second);
-  return system;
 }
 
 }  // namespace

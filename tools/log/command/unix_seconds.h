@@ -7,7 +7,7 @@
 
 namespace tolvane::logtool {
 
-/// In the time zone of this computer (outside.h).
+/// As Outside says; written in each outside.
 [[nodiscard]] std::optional<std::int64_t> UnixSeconds(const platform::LocalTime& time);
 
 }  // namespace tolvane::logtool
