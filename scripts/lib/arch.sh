@@ -39,9 +39,7 @@ arch_session_x86() {
   # shellcheck disable=SC2034 # for the scripts
   arch_prefix=$x86_prefix
   display_start
-  x86_stay || fail "the 32-bit root cannot be entered"
-  # The first program makes the prefix.
-  arch_run cmd.exe /c exit || fail "no program runs in the 32-bit root"
+  x86_stay || fail "no program runs in the 32-bit root"
 }
 
 arch_run() {

@@ -122,7 +122,7 @@ debian_root_start() {
   shift
   # In a plain chroot, whose root is no mount point, the mounts that are there cannot be made private.
   as_root unshare --mount --propagation private true 2>/dev/null || namespaces+=(--propagation unchanged)
-  # The root lives as long as this script holds the other end of its standard input.
+  # The root ends with a line on its standard input, or when this script no longer holds the other end.
   exec {debian_root_hold}> >(exec "${debian_root_rights[@]}" unshare "${namespaces[@]}" \
     "$root/scripts/lib/debian-root-init" "$folder" "$user" "$number" "${paths[@]}" -- "$@")
   debian_root_process=$! debian_root_entered=$folder
@@ -139,6 +139,9 @@ debian_root_join() {
 
 debian_root_leave() {
   [ -n "${debian_root_process:-}" ] || return 0
+  # What runs in the root may have inherited that end, so to let go of it is not enough. A root that has ended
+  # reads nothing, and the signal of that must not end this script.
+  (echo >&"$debian_root_hold") 2>/dev/null || true
   exec {debian_root_hold}>&-
   wait "$debian_root_process" || true
   debian_root_process=""

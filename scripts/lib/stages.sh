@@ -221,7 +221,7 @@ need_wine() {
   source "$root/scripts/lib/wine.sh"
   can_have wine_session || { count_failed "the Wine prefix cannot be made or the display does not start"; return 1; }
   wine_session
-  wine_stay
+  wine_stay || { count_failed "Wine's services do not start"; return 1; }
 }
 
 stage_wine() {
@@ -272,7 +272,7 @@ stage_x86() {
     count_failed "x86: the display does not start"
   elif build_all windows-x86; then
     display_start
-    x86_stay || { count_failed "x86: the root cannot be entered"; return; }
+    x86_stay || { count_failed "x86: no program runs in the root"; return; }
     GTEST_FILTER=$x86_filter run_ctest x86 windows-x86 -j2
     x86_leave
     keep_pictures

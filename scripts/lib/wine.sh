@@ -105,11 +105,29 @@ wine_session() {
   fi
 }
 
-# wine_stay: Wine's own services run until the script ends. Otherwise each program starts them and leaves them its
-# standard output, so that whoever reads that waits two seconds longer for its end.
+# wine_stay: Wine's own services run from now until the script ends. Otherwise each program starts them and leaves
+# them its standard output, so that whoever reads that waits for their end too. False when they do not begin.
 wine_stay() {
-  # shellcheck disable=SC2034 # it ends with its input, and so with the script
-  exec {wine_service}> >(wine cmd.exe >/dev/null 2>&1)
+  local answers code=0
+  answers=$(mktemp)
+  # It ends with its input, and so with the script.
+  exec {wine_service}> >(wine cmd.exe >"$answers" 2>/dev/null)
+  # In a shell of its own: one that has ended already reads nothing, and its signal must not end this script.
+  (echo "$wine_first_command" >&"$wine_service") || true
+  wine_await "$answers" "$!" || code=$?
+  rm "$answers"
+  return "$code"
+}
+
+# The program that keeps the services running answers once they have begun.
+wine_first_command="echo begun"
+
+# wine_await ANSWERS PROCESS: waits for that answer; false when the process ends without it.
+wine_await() {
+  until grep -q begun "$1" 2>/dev/null; do
+    [ -e "/proc/$2" ] || return
+    sleep 0.1
+  done
 }
 
 # wine_take_lock [--shared]: a session that ends has the prefix alone for a moment, one that makes it for ten

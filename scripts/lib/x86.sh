@@ -6,8 +6,8 @@
 : "${build:?common.sh comes first}" "${root:?}" "${packages_x86_root:?packages.sh comes first}"
 # shellcheck source=debian_root.sh
 source "$root/scripts/lib/debian_root.sh"
-# shellcheck source=lock.sh
-source "$root/scripts/lib/lock.sh"
+# shellcheck source=wine.sh
+source "$root/scripts/lib/wine.sh"
 
 x86_root=$build/x86-root
 # Where its Wine keeps a Windows; a script may name another one ahead of the first program.
@@ -80,19 +80,17 @@ x86_enter() {
 }
 
 # x86_stay: enters the root and starts Wine's services there. Until x86_leave, or the script's end, x86_enter joins
-# them: to start a Wine of its own costs each program seconds.
+# them: to start a Wine of its own costs each program seconds. False when they do not begin.
 x86_stay() {
-  local number=$build/x86-root.process
+  local number=$build/x86-root.process answers=$build/x86-root.answers
   rm -f "$number"
   x86_describe
   # A script text for the inner shell.
   # shellcheck disable=SC2016
   debian_root_start --number "$number" "${x86_entry[@]}" "$x86_root" "${x86_environment[@]}" \
-    sh -c 'sleep infinity | "$0" cmd.exe' "$root/scripts/lib/wine-run" >/dev/null 2>&1
-  until [ -s "$number" ]; do
-    [ -e "/proc/$debian_root_process" ] || return
-    sleep 0.1
-  done
+    sh -c '{ echo "$1"; sleep infinity; } | "$0" cmd.exe' "$root/scripts/lib/wine-run" "$wine_first_command" \
+    >"$answers" 2>&1
+  wine_await "$answers" "$debian_root_process" || return
   TOLVANE_X86_ROOT=$(cat "$number")
   export TOLVANE_X86_ROOT
 }

@@ -71,6 +71,16 @@ class DebianRoot(PlayedMachine):
         self.assertEqual((["--variant=minbase", "--arch=amd64"], "bookworm"), (options, release))
         self.assertNotIn(" ", folder.removeprefix(str(self.folder)))
 
+    def test_a_root_is_left_though_what_runs_there_keeps_its_input(self):
+        self.play("sudo", 'exec "$@"')
+        self.play("unshare", 'case "$*" in *true) exit 1 ;; esac; read -r _; echo left')
+        self.play("mountpoint", "exit 1")
+        status, said = self.bash("""debian_root_start "$build/a root" sleep infinity
+            sleep 30 >/dev/null 2>&1 &
+            debian_root_leave
+            kill "$!\"""", "packages", "debian_root")
+        self.assertEqual((0, ["left"]), (status, said))
+
 
 if __name__ == "__main__":
     unittest.main()
