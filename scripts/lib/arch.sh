@@ -49,6 +49,15 @@ arch_run() {
   esac
 }
 
+# arch_begin PROGRAM ARGS: the same in the background, as the process $!, which does not keep the next run waiting when
+# this script is killed.
+arch_begin() {
+  case $arch_of_session in
+    x64) begin_unlocked wine "$@" ;;
+    x86) arch_run "$@" & ;;
+  esac
+}
+
 # arch_process FOLDER: the process of the program that was started there by its whole path, as this machine counts
 # processes; false when there is none.
 arch_process() {

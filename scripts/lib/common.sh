@@ -44,7 +44,7 @@ as_root() {
 
 # need_folder FOLDER ADVICE: makes the folder, or ends the script.
 need_folder() {
-  if ! mkdir -p "$1" 2>/dev/null || [ ! -w "$1" ]; then
+  if ! mkdir -p -- "$1" 2>/dev/null || [ ! -w "$1" ]; then
     fail "the folder $1 cannot be written: $2"
   fi
 }

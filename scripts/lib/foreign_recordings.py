@@ -3,6 +3,7 @@ itself sent keep their kind."""
 
 import math
 import pathlib
+import struct
 from collections.abc import Iterator
 
 import debians_python
@@ -41,6 +42,15 @@ def frame_of(message) -> rec.Frame | None:
     return rec.Frame(round(message.timestamp * 1_000_000), identifier, extended, data, kind, length)
 
 
+def reason_of(error: Exception) -> str:
+    """What a reader says of a file, or what it means when Python itself has said it."""
+    if isinstance(error, UnicodeDecodeError):
+        return "it is not text"
+    if isinstance(error, (NameError, TypeError, LookupError, AttributeError, struct.error)):
+        return "something in it is missing"
+    return " ".join(str(error).split()) or "it is damaged"
+
+
 class ForeignRecording:
     """Raises Missing without python3-can."""
     plays_itself = False
@@ -48,9 +58,11 @@ class ForeignRecording:
     noun = "frame"  # what a bad one is called
 
     def __init__(self, path: str) -> None:
+        self.path, self.form = path, form_of(path)
+        if self.form == ".db" and path.lower().endswith(".gz"):
+            raise rec.Refused(f"{path}: a .db is read as it is, and not as .gz: unpack it first")
         if not debians_python.has("can"):
             raise Missing
-        self.path, self.form = path, form_of(path)
         self.cut = ""  # why it could be read so far and no further
 
     def messages(self) -> Iterator:
@@ -73,7 +85,7 @@ class ForeignRecording:
         except rec.Refused:
             raise
         except Exception as error:  # any error of the readers on a damaged file
-            reason = " ".join(str(error).split()) or type(error).__name__
+            reason = reason_of(error)
             if number == 0:
-                raise rec.Refused(f"{self.path} cannot be read as {self.form}: {reason}") from None
+                raise rec.Refused(f"{self.path} is no {self.form}: {reason}") from None
             self.cut = f"; behind {number} of them it cannot be read: {reason}"
