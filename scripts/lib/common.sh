@@ -12,6 +12,8 @@ if [ -z "${HOME:-}" ]; then
   export HOME
 fi
 
+# With it `cd` says where it went, and may go elsewhere.
+unset CDPATH
 root=$(cd "$(dirname "${BASH_SOURCE[0]}")/../.." && pwd)
 build=$root/build
 # What this script is called in messages.

@@ -411,6 +411,11 @@ class Pages(unittest.TestCase):
 
 
 class Places(Place):
+    def test_a_search_path_for_folders_changes_nothing(self):
+        done = subprocess.run(["scripts/build", "--help"], env={"PATH": "/usr/bin:/bin", "CDPATH": "."}, cwd=self.project,
+                              capture_output=True, text=True, timeout=60, check=False)
+        self.assertEqual((0, ""), (done.returncode, done.stderr))
+
     def test_a_folder_for_pictures_that_cannot_be_made_is_told(self):
         out = f"{self.file('file', '')}/out"
         for name in ("demo", "pictures"):
