@@ -1,6 +1,7 @@
 """Recordings in the forms of other tools, read by python3-can. Error frames, remote frames and those that the recorder
 itself sent keep their kind."""
 
+import logging
 import math
 import pathlib
 import struct
@@ -8,6 +9,7 @@ from collections.abc import Iterator
 
 import debians_python
 import recording as rec
+from counted import counted
 
 FORMS = (".asc", ".blf", ".csv", ".db", ".mf4", ".trc")
 # python3-can takes any text for one of its own.
@@ -51,6 +53,17 @@ def reason_of(error: Exception) -> str:
     return " ".join(str(error).split()) or "it is damaged"
 
 
+class Unread(logging.Handler):
+    """Counts the lines that the reader of .trc leaves out; it warns of each, and no other reader leaves lines out."""
+
+    def __init__(self) -> None:
+        super().__init__(logging.WARNING)
+        self.lines = 0
+
+    def emit(self, record: logging.LogRecord) -> None:
+        self.lines += record.name == "can.io.trc"
+
+
 class ForeignRecording:
     """Raises Missing without python3-can."""
     plays_itself = False
@@ -63,7 +76,7 @@ class ForeignRecording:
             raise rec.Refused(f"{path}: a .db is read as it is, and not as .gz: unpack it first")
         if not debians_python.has("can"):
             raise Missing
-        self.cut = ""  # why it could be read so far and no further
+        self.cut = ""  # what could not be read, and why
 
     def messages(self) -> Iterator:
         import can
@@ -77,7 +90,8 @@ class ForeignRecording:
             yield from reader
 
     def frames(self) -> Iterator[rec.Frame | rec.BadLine]:
-        number = 0
+        number, unread = 0, Unread()
+        logging.getLogger("can").addHandler(unread)
         try:
             for number, message in enumerate(self.messages(), 1):
                 frame = frame_of(message)
@@ -89,3 +103,5 @@ class ForeignRecording:
             if number == 0:
                 raise rec.Refused(f"{self.path} is no {self.form}: {reason}") from None
             self.cut = f"; behind {number} of them it cannot be read: {reason}"
+        if unread.lines:
+            self.cut += f"; {counted(unread.lines, 'line')} left out that python3-can cannot read"

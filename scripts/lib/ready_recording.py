@@ -152,7 +152,8 @@ def main() -> int:
             with open(given.converted, "wb") as out:
                 contents = read_through(source, given.recording, out)
             if contents.frames() == 0:
-                raise rec.Refused(f"{given.recording} holds no frame that can be played{contents.bad_lines_text()}")
+                raise rec.Refused(f"{given.recording} holds no frame that can be played{contents.bad_lines_text()}"
+                                  f"{source.cut}")
         contents.refuse_unshown(11 if given.ids == "11" else 29)
     except rec.Refused as refused:
         print(f"error: {refused}", file=sys.stderr)
