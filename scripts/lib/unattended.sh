@@ -64,7 +64,7 @@ ready_recording() {
   need_reader_of "$1" "; --log - plays the lines of a pipe"
   mkdir -p "$build/recordings"
   converted=$(mktemp "$build/recordings/ready.XXXXXX")
-  at_exit "rm -f '$converted'"
+  at_exit "rm -f ${converted@Q}"
   facts=$(facts_of_recording "$@") || {
     [ $? -eq 3 ] || exit 1
     need_packages foreign_recordings

@@ -46,7 +46,7 @@ class Place(unittest.TestCase):
         self.addCleanup(holder.cleanup)
         self.folder = pathlib.Path(holder.name)
         self.folder.chmod(0o755)
-        self.project = self.folder / "a project"
+        self.project = self.folder / "a stranger's project"
         for part in ("scripts", "tests/window", "tests/traffic"):
             shutil.copytree(PROJECT / part, self.project / part, ignore=shutil.ignore_patterns("__pycache__"))
         for name in filter(lambda name: "/" in name, SCRIPTS):
@@ -362,6 +362,7 @@ class Recordings(Place):
                 ended = self.run_script("demo", "--log", log, *words, environment=environment)
                 self.assertRegex(ended.said, rf"\A-- .*: \d frames? in .*\n-- on the adapter {chosen}\n")
                 self.assertIn("dpkg-query", ended.begun)
+        self.assertEqual([], [path.name for path in (self.project / "build/recordings").iterdir()])
 
     def test_identifier_0_alone_has_logs_and_no_page(self):
         log = self.file("zero.log", GOOD_LINE.replace("123#", "000#"))
@@ -420,6 +421,10 @@ class Places(Place):
         out = f"{self.file('file', '')}/out"
         for name in ("demo", "pictures"):
             self.refuses(f"the folder {re.escape(out)} cannot be written: name another with --out", name, "--out", out)
+
+    def test_a_release_needs_a_commit(self):
+        self.play_installed()
+        self.refuses("a release is made of a commit, and git says: fatal: not a git repository .*", "package")
 
     def test_a_screen_has_one_of_four_resolutions(self):
         for name in WITH_WINE:
