@@ -158,6 +158,9 @@ def main() -> int:
     except rec.Refused as refused:
         print(f"error: {refused}", file=sys.stderr)
         return 1
+    except OSError as error:  # what reads has sentences of its own
+        print(f"error: {given.recording} cannot be written anew to {given.converted}: {error.strerror}", file=sys.stderr)
+        return 1
     except foreign_recordings.Missing:
         return NEEDS_PYTHON_CAN
     for word, value in facts(source, contents, given.recording, given.converted):

@@ -82,7 +82,10 @@ def follower_name(path: pathlib.Path) -> pathlib.Path | None:
     own = place(path.name)
     if own is None:
         return None
-    later = [(at, name) for name in path.parent.iterdir() if (at := place(name.name)) is not None and at > own]
+    try:
+        later = [(at, name) for name in path.parent.iterdir() if (at := place(name.name)) is not None and at > own]
+    except OSError as error:
+        raise rec.Refused(f"the logs beside {path} cannot be listed: {error.strerror}") from None
     return min(later)[1] if later else None
 
 

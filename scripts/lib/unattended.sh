@@ -63,7 +63,7 @@ ready_recording() {
   local converted facts word value
   need_reader_of "$1" "; --log - plays the lines of a pipe"
   mkdir -p "$build/recordings"
-  converted=$(mktemp "$build/recordings/ready.XXXXXX")
+  converted=$(mktemp "$build/recordings/ready.XXXXXX" 2>/dev/null) || fail "no file can be made in $build/recordings"
   at_exit "rm -f ${converted@Q}"
   facts=$(facts_of_recording "$@") || {
     [ $? -eq 3 ] || exit 1

@@ -156,6 +156,11 @@ class Logs(Readied):
         self.refuses("has not the eight lines at the head of a log", self.file("a.csv", "Tolvane Ver1.23\r\n"))
         self.refuses("only identifiers of 29 bits", self.file("a.csv", log_29("0 , * , 1 , 0")), "--ids", "11")
 
+    def test_that_cannot_be_written_anew_are_refused(self):
+        self.converted.symlink_to("/dev/full")
+        self.refuses("a.csv cannot be written anew to .*converted: No space left on device",
+                     self.file("a.csv", log("         0 , 123 , 0")))
+
     def test_any_bytes_behind_a_head_are_survived(self):
         for content in (bytes(range(256)) * 64, b"\r\n" * 99, b"0" * 100_000, b" , " * 9999):
             status, out, errors = self.run_on(self.file("a.csv", log("         0 , 123 , 0") + content))
