@@ -25,7 +25,7 @@ need_reader_of() {
   [ -e "$1" ] || fail "there is no recording $1"
   # Each is read twice, by a check and by the adapters.
   [[ -f $1 || -d $1 ]] || fail "$1 is a pipe or a device, and a recording is a file${2:-}"
-  need_plain_path "$1"
+  need_plain_path "$1" || exit 1
   command -v python3 >/dev/null || need_packages recordings
 }
 
