@@ -268,6 +268,19 @@ class Options(Place):
         self.refuses("--arch is for the parts ticks and start alone: leave it away", "bench/compare", "--only", "logs",
                      "--arch", "x86")
 
+    def test_the_parts_of_the_window_share_a_session(self):
+        self.play_installed()
+        for name, script in (("cmake", "exit 0"), ("wineserver", "exit 0"), ("Xvfb", "echo 77 >&3; exec sleep 60"),
+                             ("wine", r'printf "rows\t1\nlive_tick\t10\nbaseline_tick\t20\ntolvane_start\t10\nempty_start\t20\n"')):
+            self.play(name, script)
+        for name in ("wine-prefix-run/drive_c/windows/system32/a.dll", "wine-prefix-run/tolvane-ready",
+                     "windows-x64/simulator/a.dll"):
+            (self.project / "build" / name).parent.mkdir(parents=True, exist_ok=True)
+            (self.project / "build" / name).touch()
+        ended = self.run_script("bench/compare", "--only", "start", "--only", "ticks")
+        self.assertEqual((0, ""), (ended.status, ended.errors))
+        self.assertRegex(ended.said, r"\n\| x64 \| whole tick, .*\n\| x64 \| start to window, ")
+
     def test_what_a_measured_tool_complains_of_is_told_where(self):
         self.play_installed()
         self.play("cmake", "exit 0")
