@@ -9,6 +9,9 @@ import sys
 import unittest
 
 PROJECT = pathlib.Path(sys.argv.pop())
+sys.path.insert(0, str(PROJECT / "scripts/lib"))
+
+import run_logs  # noqa: E402
 ROW = re.compile(r'\{u"(\d+)([kM]) bps",\s*([\w.]+),\s*([\w.]+),\s*([\w.]+)\}')
 KINDS = ("canusb", "interface", "kvaser")
 
@@ -37,6 +40,13 @@ class Rates(unittest.TestCase):
     def test_those_of_the_scripts_are_the_programs(self):
         self.assertEqual(9, len(of_the_program()["all"]))
         self.assertEqual(of_the_program(), of_the_scripts())
+
+    def test_those_of_an_option_and_of_a_logs_head_are_all_of_them(self):
+        rates = sorted(map(int, of_the_program()["all"]))
+        option = re.search(r'^option rate KBITS "([\d|]+)"', (PROJECT / "scripts/demo").read_text(encoding="utf-8"),
+                           re.MULTILINE)
+        self.assertEqual(rates, sorted(map(int, option[1].split("|"))))
+        self.assertEqual(rates, sorted(run_logs.RATES))
 
 
 if __name__ == "__main__":
