@@ -20,13 +20,13 @@ void AppendDigit(std::uint64_t digit, BasicShortText<Character>& text) {
 
 template <typename Character>
 void AppendWhole(std::uint64_t number, BasicShortText<Character>& text) {
-  std::array<Character, 20> digits;
-  std::size_t first = digits.size();
-  do {
-    digits[--first] = static_cast<Character>('0' + number % 10);
-    number /= 10;
-  } while (number != 0);
-  text.Append({digits.data() + first, digits.size() - first});
+  if (number < 10) {
+    AppendDigit(number, text);
+    return;
+  }
+  std::array<char, 20> digits;
+  const char* const end = std::to_chars(digits.begin(), digits.end(), number).ptr;
+  for (const char* at = digits.begin(); at != end; ++at) text.Append(static_cast<Character>(*at));
 }
 
 template <typename Character>
@@ -47,8 +47,33 @@ BasicShortText<Character> PaddedHexText(std::int32_t value, int digits) {
   return text;
 }
 
+template <typename Character>
+void AppendGroup(std::uint32_t group, int digits, BasicShortText<Character>& text) {
+  AppendDigit(group / 100, text);
+  if (digits > 1) AppendDigit(group / 10 % 10, text);
+  if (digits > 2) AppendDigit(group % 10, text);
+}
+
+/// Without trailing zeros; `group` is not 0.
+template <typename Character>
+void AppendLastGroup(std::uint32_t group, BasicShortText<Character>& text) {
+  AppendGroup(group, group % 100 == 0 ? 1 : group % 10 == 0 ? 2 : 3, text);
+}
+
+template <typename Character>
+BasicShortText<Character> ThousandthsText(std::uint64_t thousandths) {
+  BasicShortText<Character> text;
+  AppendWhole(thousandths / 1000, text);
+  if (const auto rest = static_cast<std::uint32_t>(thousandths % 1000); rest != 0) {
+    text.Append('.');
+    AppendLastGroup(rest, text);
+  }
+  return text;
+}
+
 constexpr int kSignificantDigits = 15;
 constexpr double kFastLimit = 0x1p40;  // 13 digits in front of the point
+constexpr std::int64_t kThousandthsLimit = 1'000'000'000'000'000;  // from here on 16 digits
 
 /// Decimals in groups of three, the first group in front.
 class Decimals {
@@ -78,8 +103,7 @@ class Decimals {
     if (count_ == 0) return;
     text.Append('.');
     for (std::size_t i = 0; i + 1 < count_; ++i) AppendGroup(groups_[i], 3, text);
-    const std::uint32_t last = groups_[count_ - 1];
-    AppendGroup(last, last % 100 == 0 ? 1 : last % 10 == 0 ? 2 : 3, text);
+    AppendLastGroup(groups_[count_ - 1], text);
   }
 
  private:
@@ -93,13 +117,6 @@ class Decimals {
     carries_ = true;
   }
 
-  template <typename Character>
-  static void AppendGroup(std::uint32_t group, int digits, BasicShortText<Character>& text) {
-    AppendDigit(group / 100, text);
-    if (digits > 1) AppendDigit(group / 10 % 10, text);
-    if (digits > 2) AppendDigit(group % 10, text);
-  }
-
   std::array<std::uint32_t, 5> groups_;
   std::size_t count_ = 0;
   std::uint32_t last_scale_ = 1000;  // of the last group: 10 to the number of its digits
@@ -110,6 +127,12 @@ class Decimals {
 /// no rounding but the last one, several times faster than the library's way.
 template <typename Character>
 BasicShortText<Character> FastDecimalText(double value) {
+  // Most times are whole microseconds. A number of at most fifteen digits comes back from the
+  // double nearest to it.
+  const auto thousandths = static_cast<std::int64_t>(value * 1000.0 + 0.5);
+  if (thousandths < kThousandthsLimit && static_cast<double>(thousandths) / 1000.0 == value) {
+    return ThousandthsText<Character>(static_cast<std::uint64_t>(thousandths));
+  }
   const auto bits = std::bit_cast<std::uint64_t>(value);
   const int fraction_bits = 52 - (static_cast<int>(bits >> 52) - 1023);
   const std::uint64_t hidden = std::uint64_t{1} << 52;
