@@ -134,7 +134,7 @@ class Options(Place):
                 ("demo", "--adapter", "usb", "is canusb, interface or kvaser"),
                 ("demo", "--adapter", "canusb|interface", "is canusb, interface or kvaser"),
                 ("test", "--only", "units", "is checks, unit, .* release or fresh"),
-                ("bench/compare", "--only", "tick", "is ticks, start, logs or conversions"),
+                ("bench/compare", "--only", "tick", "is ticks, start, flush, logs, conversions or receive"),
                 ("bench/compare", "--rounds", "0", "is a whole number from 1 to 999999"),
                 ("tests/soak/run", "--minutes", "x", "is a whole number from 1 to 10000"),
                 ("tests/soak/run", "--load", "full", "is short, long, short29 or ids29"),
