@@ -14,7 +14,10 @@ constexpr std::size_t kPiece = 1 << 15;  // characters, as in the program
 class LocalTextStream final : public platform::TextStream {
  public:
   LocalTextStream(const std::filesystem::path& path, platform::CodePage& code_page)
-      : file_(std::fopen(path.c_str(), "wb")), code_page_(code_page) {}
+      : file_(std::fopen(path.c_str(), "wb")), code_page_(code_page) {
+    // The pieces are large: the library's buffer would split each in two.
+    if (file_ != nullptr) std::setvbuf(file_, nullptr, _IONBF, 0);
+  }
   ~LocalTextStream() override { (void)Close(); }
   LocalTextStream(const LocalTextStream&) = delete;
   LocalTextStream& operator=(const LocalTextStream&) = delete;
@@ -24,10 +27,13 @@ class LocalTextStream final : public platform::TextStream {
       const StringView piece = FrontPiece(text, kPiece);
       bytes_.clear();
       code_page_.Encode(piece, bytes_);
-      if (std::fwrite(bytes_.data(), 1, bytes_.size(), file_) != bytes_.size()) return false;
+      if (!WriteAscii(bytes_)) return false;
       text.remove_prefix(piece.size());
     }
     return file_ != nullptr;
+  }
+  bool WriteAscii(std::string_view text) override {
+    return file_ != nullptr && std::fwrite(text.data(), 1, text.size(), file_) == text.size();
   }
   bool Close() override {
     std::FILE* const file = std::exchange(file_, nullptr);

@@ -42,7 +42,7 @@ std::string HeadText(bool is29) {
 /// A full bus of 1 Mbit/s; eight changing bytes, 2,047 identifiers.
 MemoryFiles Log(bool is29) {
   MemoryFiles files;
-  std::array<char16_t, kCsvLine_MAX> line;
+  std::array<char, kCsvLine_MAX> line;
   std::array<std::uint8_t, 8> data;
   for (std::int64_t i = 0; i < kFiles * kLines; ++i) {
     const std::string path = "KL26112009-" + std::to_string(100 + i / kLines) + ".csv";
@@ -51,10 +51,10 @@ MemoryFiles Log(bool is29) {
     const auto id = static_cast<std::int32_t>(i % 2047 + 1);
     for (std::size_t n = 0; n < data.size(); ++n) data[n] = static_cast<std::uint8_t>(i >> n);
     const double time = static_cast<double>(i * 114 / 1000);
-    const ShortText name = is29 ? LogID29Text(id << 16 | id) : HexID11Text(id);
+    const ShortBytes name = is29 ? LogID29Text<char>(id << 16 | id) : HexID11Text<char>(id);
     const std::size_t length =
-        WriteCsvLine({time, 8, data}, is29 ? kCsvMarkExtended : StringView(), name, line.data());
-    text.append(line.data(), line.data() + length);
+        WriteCsvLine({time, 8, data}, is29 ? kCsvMarkExtended : "", name, line.data());
+    text.append(line.data(), length);
   }
   return files;
 }

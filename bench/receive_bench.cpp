@@ -7,6 +7,7 @@
 #include <memory>
 #include <optional>
 #include <span>
+#include <string_view>
 #include <vector>
 
 #include "tests/receive/run_bench.h"
@@ -67,6 +68,7 @@ class NoFiles final : public platform::FileServices {
   class Stream final : public platform::TextStream {
    public:
     bool Write(StringView) override { return true; }
+    bool WriteAscii(std::string_view) override { return true; }
     bool Close() override { return true; }
   };
 };

@@ -14,59 +14,81 @@ constexpr std::size_t kMicrosecondDigits = 6;
 constexpr std::size_t kStandardIdDigits = 3;
 constexpr std::size_t kExtendedIdDigits = 8;
 
-// Each of these takes what it is named for from the front of `rest`, and is false when something
-// else stands there.
+bool IsDigit(char character) { return character >= '0' && character <= '9'; }
 
-bool Take(char character, std::string_view& rest) {
-  if (!rest.starts_with(character)) return false;
-  rest.remove_prefix(1);
-  return true;
-}
+/// A line that is read from its front. Each Take takes what it is named for, and is false when
+/// something else stands there.
+class LineReader {
+ public:
+  explicit LineReader(std::string_view line) : at_(line.data()), end_(line.data() + line.size()) {}
 
-bool EndsWord(std::string_view rest) { return rest.empty() || rest[0] == ' ' || rest[0] == '\t'; }
+  [[nodiscard]] std::string_view Rest() const { return {at_, end_}; }
 
-/// The end of a word, and the blanks behind it.
-bool TakeWordEnd(std::string_view& rest) {
-  if (!EndsWord(rest)) return false;
-  rest = TrimFront(rest);
-  return true;
-}
-
-bool TakeChannel(std::string_view& rest) {
-  if (EndsWord(rest)) return false;
-  while (!EndsWord(rest)) rest.remove_prefix(1);
-  return TakeWordEnd(rest);
-}
-
-/// Decimal digits, of which the first `most` are appended to `number`. Returns how many there were.
-std::size_t TakeDigits(std::size_t most, std::int64_t& number, std::string_view& rest) {
-  std::size_t count = 0;
-  for (; count < rest.size() && rest[count] >= '0' && rest[count] <= '9'; ++count) {
-    if (count < most) number = number * 10 + (rest[count] - '0');
+  bool Take(char character) {
+    if (at_ == end_ || *at_ != character) return false;
+    ++at_;
+    return true;
   }
-  rest.remove_prefix(count);
-  return count;
-}
+
+  /// The end of a word, and the blanks behind it.
+  bool TakeWordEnd() {
+    if (!EndsWord()) return false;
+    while (at_ != end_ && IsBlank(*at_)) ++at_;
+    return true;
+  }
+
+  bool TakeWord() {
+    if (EndsWord()) return false;
+    while (!EndsWord()) ++at_;
+    return TakeWordEnd();
+  }
+
+  /// Decimal digits, of which the first `most` are appended to `number`. Returns how many there
+  /// were.
+  std::size_t TakeDigits(std::size_t most, std::int64_t& number) {
+    const char* const first = at_;
+    const char* const last = first + std::min(most, Rest().size());
+    for (; at_ != last && IsDigit(*at_); ++at_) number = number * 10 + (*at_ - '0');
+    while (at_ != end_ && IsDigit(*at_)) ++at_;
+    return static_cast<std::size_t>(at_ - first);
+  }
+
+  /// The value of a hexadecimal digit, -1 when something else stands there.
+  int TakeHexDigit() {
+    const int value = at_ == end_ ? -1 : HexDigit(*at_);
+    if (value >= 0) ++at_;
+    return value;
+  }
+
+ private:
+  [[nodiscard]] bool EndsWord() const { return at_ == end_ || *at_ == ' ' || *at_ == '\t'; }
+
+  const char* at_;
+  const char* const end_;
+};
 
 /// "(1502984866.421964)": digits beyond the microsecond are dropped.
-bool TakeTime(std::string_view& rest, std::int64_t& time_us) {
-  if (!Take('(', rest)) return false;
-  const std::size_t seconds = TakeDigits(kMaxSecondDigits, time_us, rest);
+bool TakeTime(LineReader& line, std::int64_t& time_us) {
+  if (!line.Take('(')) return false;
+  std::int64_t time = 0;
+  const std::size_t seconds = line.TakeDigits(kMaxSecondDigits, time);
   if (seconds == 0 || seconds > kMaxSecondDigits) return false;
   std::size_t places = 0;
-  if (Take('.', rest)) places = TakeDigits(kMicrosecondDigits, time_us, rest);
-  for (; places < kMicrosecondDigits; ++places) time_us *= 10;
-  return Take(')', rest) && TakeWordEnd(rest);
+  if (line.Take('.')) places = line.TakeDigits(kMicrosecondDigits, time);
+  for (; places < kMicrosecondDigits; ++places) time *= 10;
+  time_us = time;
+  return line.Take(')') && line.TakeWordEnd();
 }
 
 /// The identifier and the mark behind it.
-bool TakeId(std::string_view& rest, BusFrame& frame) {
+bool TakeId(LineReader& line, BusFrame& frame) {
   std::size_t digits = 0;
-  for (; digits < rest.size() && HexDigit(rest[digits]) >= 0; ++digits) {
-    frame.id = frame.id << 4 | static_cast<std::uint32_t>(HexDigit(rest[digits]));
+  std::uint32_t id = 0;
+  for (int digit; (digit = line.TakeHexDigit()) >= 0; ++digits) {
+    id = id << 4 | static_cast<std::uint32_t>(digit);
   }
+  frame.id = id;
   if (digits != kStandardIdDigits && digits != kExtendedIdDigits) return false;
-  rest.remove_prefix(digits);
   frame.extended = digits == kExtendedIdDigits;
   if (frame.extended && (frame.id & kErrorFrameMark) != 0) {
     frame.kind = FrameKind::kError;
@@ -74,34 +96,34 @@ bool TakeId(std::string_view& rest, BusFrame& frame) {
     frame.id -= kErrorFrameMark;
   }
   const bool is_long = frame.extended || frame.kind == FrameKind::kError;
-  return frame.id <= (is_long ? kMaxExtendedId : kMaxStandardId) && Take('#', rest);
+  return frame.id <= (is_long ? kMaxExtendedId : kMaxStandardId) && line.Take('#');
 }
 
 /// What follows the R of a remote frame.
-bool TakeRemote(std::string_view& rest, BusFrame& frame) {
+bool TakeRemote(LineReader& line, BusFrame& frame) {
   if (frame.kind == FrameKind::kError) return false;
   frame.kind = FrameKind::kRemote;
-  if (!rest.empty() && rest[0] >= '0' && rest[0] <= '8') {
-    frame.dlc = static_cast<std::uint8_t>(rest[0] - '0');
-    rest.remove_prefix(1);
-  }
-  return TakeWordEnd(rest);
+  const int length = line.TakeHexDigit();
+  if (length > 8) return false;
+  if (length >= 0) frame.dlc = static_cast<std::uint8_t>(length);
+  return line.TakeWordEnd();
 }
 
-bool TakeData(std::string_view& rest, BusFrame& frame) {
-  for (; frame.dlc < frame.data.size() && !EndsWord(rest); rest.remove_prefix(2)) {
-    const int high = HexDigit(rest[0]);
-    const int low = rest.size() > 1 ? HexDigit(rest[1]) : -1;
-    if (high < 0 || low < 0) return false;
-    frame.data[frame.dlc++] = static_cast<std::uint8_t>(high * 16 + low);
+bool TakeData(LineReader& line, BusFrame& frame) {
+  std::uint8_t bytes = 0;
+  for (int high; bytes < frame.data.size() && (high = line.TakeHexDigit()) >= 0;) {
+    const int low = line.TakeHexDigit();
+    if (low < 0) return false;
+    frame.data[bytes++] = static_cast<std::uint8_t>(high * 16 + low);
   }
+  frame.dlc = bytes;
   // Behind eight bytes, a length code above 8.
-  if (frame.dlc == frame.data.size() && Take('_', rest)) {
-    if (rest.empty() || HexDigit(rest[0]) <= 8) return false;
-    frame.dlc = static_cast<std::uint8_t>(HexDigit(rest[0]));
-    rest.remove_prefix(1);
+  if (bytes == frame.data.size() && line.Take('_')) {
+    const int length = line.TakeHexDigit();
+    if (length <= 8) return false;
+    frame.dlc = static_cast<std::uint8_t>(length);
   }
-  return TakeWordEnd(rest);
+  return line.TakeWordEnd();
 }
 
 bool ParseDirection(std::string_view word, BusFrame& frame) {
@@ -111,13 +133,13 @@ bool ParseDirection(std::string_view word, BusFrame& frame) {
 
 }  // namespace
 
-bool ParseCandumpLine(std::string_view line, BusFrame& frame) {
+bool ParseCandumpLine(std::string_view text, BusFrame& frame) {
   frame = BusFrame{};
-  line = Trim(line);
-  if (!TakeTime(line, frame.time_us) || !TakeChannel(line) || !TakeId(line, frame)) return false;
-  const bool remote = Take('R', line) || Take('r', line);
+  LineReader line(Trim(text));
+  if (!TakeTime(line, frame.time_us) || !line.TakeWord() || !TakeId(line, frame)) return false;
+  const bool remote = line.Take('R') || line.Take('r');
   if (remote ? !TakeRemote(line, frame) : !TakeData(line, frame)) return false;
-  return ParseDirection(line, frame);
+  return ParseDirection(line.Rest(), frame);
 }
 
 CandumpLog ParseCandumpLog(std::string_view text) {

@@ -23,9 +23,9 @@ struct CandumpLog {
   std::int64_t first_refused_line = 0;  // counted from 1; 0 without any
 };
 
-/// `frame.time_us` is the time in the line. False when the line is not a frame; `frame` is then
+/// `frame.time_us` is the time in the line. False when `text` is not such a line; `frame` is then
 /// unspecified.
-bool ParseCandumpLine(std::string_view line, BusFrame& frame);
+bool ParseCandumpLine(std::string_view text, BusFrame& frame);
 
 CandumpLog ParseCandumpLog(std::string_view text);
 

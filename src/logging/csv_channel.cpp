@@ -5,31 +5,41 @@
 
 namespace tolvane {
 
+bool CsvChannel::MakeRoom() {
+  SetAside();
+  if (block_ == nullptr) block_.reset(new (std::nothrow) char[kBlock]);
+  return block_ != nullptr && length_ == 0;
+}
+
+void CsvChannel::TakeMemory() {
+  if (block_ == nullptr && MakeRoom()) std::fill_n(block_.get(), kBlock, '\0');
+}
+
 bool CsvChannel::HasLines() const {
-  const auto has_end = [](StringView text) { return text.find(u'\n') != StringView::npos; };
-  return std::ranges::any_of(unwritten_, has_end) || has_end(builder_.Text());
+  const auto has_end = [](std::string_view text) { return text.find('\n') != text.npos; };
+  return std::ranges::any_of(unwritten_, has_end) || has_end(Block());
 }
 
 bool CsvChannel::WriteTo(platform::TextStream& stream) const {
-  return std::ranges::all_of(unwritten_, [&](const String& text) { return stream.Write(text); }) &&
-         stream.Write(builder_.Text());
+  const auto write = [&stream](std::string_view text) { return stream.WriteAscii(text); };
+  return std::ranges::all_of(unwritten_, write) && write(Block());
 }
 
-void CsvChannel::KeepForTheNextFlush() {
-  if (builder_.mTextLength == 0) return;
+void CsvChannel::SetAside() {
+  if (length_ == 0) return;
   try {
-    unwritten_.emplace_back(builder_.Text());
+    unwritten_.emplace_back(Block());
   } catch (const std::bad_alloc&) {
-    return;  // it stays where it is, and further lines are appended while there is room
+    return;
   }
-  unwritten_length_ += unwritten_.back().size();
-  builder_.AllClear();
+  unwritten_length_ += length_;
+  length_ = 0;
 }
 
 void CsvChannel::AllClear() {
   unwritten_ = {};
   unwritten_length_ = 0;
-  builder_.AllClear();
+  length_ = 0;
 }
 
 }  // namespace tolvane

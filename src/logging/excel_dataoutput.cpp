@@ -1,4 +1,5 @@
 #include <span>
+#include <string>
 #include <utility>
 
 #include "logging/csv_line.h"
@@ -18,7 +19,7 @@ StringView LogExtension(const ELM327_Info& device) {
   return format ? format->extension : StringView();
 }
 
-void AppendFilledRows(std::span<const String> cells, bool with_mark, String& lines) {
+void AppendFilledRows(std::span<const String> cells, bool with_mark, std::string& lines) {
   for (; !cells.empty() && !cells.front().empty(); cells = cells.subspan(LogTable::kColumns)) {
     AppendCsvLine({cells.first<LogTable::kColumns>()}, with_mark, lines);
   }
@@ -26,9 +27,9 @@ void AppendFilledRows(std::span<const String> cells, bool with_mark, String& lin
 
 /// The csv lines of a record table. Rows below `counter` are new; the rows from `counter` on are
 /// older, left over from a flush that failed.
-String TableLines(std::span<const String> cells, std::int32_t counter, bool with_mark) {
+std::string TableLines(std::span<const String> cells, std::int32_t counter, bool with_mark) {
   const std::size_t new_cells = static_cast<std::size_t>(counter) * LogTable::kColumns;
-  String lines;
+  std::string lines;
   AppendFilledRows(cells.subspan(new_cells), with_mark, lines);
   AppendFilledRows(cells.first(new_cells), with_mark, lines);
   return lines;
@@ -59,7 +60,7 @@ void Excel_OutputDB::Excel_DataOutput(std::int32_t Output_ch, ELM327_Info& devic
   if (is_written) {
     csv_DB_Initialize(Output_ch, device);
   } else {
-    channel->KeepForTheNextFlush();
+    channel->SetAside();
   }
 }
 

@@ -48,24 +48,25 @@ void Excel_OutputDB::Excel_DataInput29(double now_time, std::int32_t can_ID, std
 
 void Excel_OutputDB::csv_DataInput(double now_time, std::int32_t can_ID, std::int32_t can_DLC,
                                    std::span<const std::uint8_t, 8> can_DATA) {
-  csv_DataTail(*BuilderOf(CurrentCh()), {now_time, can_DLC, can_DATA}, {}, HexID11Text(can_ID));
+  csv_DataTail(*BuilderOf(CurrentCh()), {now_time, can_DLC, can_DATA}, {},
+               HexID11Text<char>(can_ID));
 }
 
 void Excel_OutputDB::csv_DataInput29(double now_time, std::int32_t can_ID, std::int32_t can_DLC,
                                      std::span<const std::uint8_t, 8> can_DATA,
                                      std::int32_t can_Flag) {
   const LogRecord record{now_time, can_DLC, can_DATA};
-  const StringView mark = CsvMark29(can_Flag);
+  const std::string_view mark = CsvMark29(can_Flag);
   if (CurrentCh() == 1) {
-    csv_DataTail(LogBuilder1, record, mark, LogID29Text(can_ID));
+    csv_DataTail(LogBuilder1, record, mark, LogID29Text<char>(can_ID));
     return;
   }
   // In channel 2 the padding zeros go to channel 1 and appear at the start of its next file. This
   // is kept on purpose: old files have them, and the manual tells readers to skip them.
-  const ShortText padded = LogID29Text(can_ID);
-  const std::size_t count = std::min(padded.View().find_first_not_of(u'0'), padded.Length() - 1);
-  const StringView zeros = padded.View().substr(0, count);
-  if (char16_t* const at = LogBuilder1.Reserve(kCsvLine_MAX, LogBuilder_MAX)) {
+  const ShortBytes padded = LogID29Text<char>(can_ID);
+  const std::size_t count = std::min(padded.View().find_first_not_of('0'), padded.Length() - 1);
+  const std::string_view zeros = padded.View().substr(0, count);
+  if (char* const at = LogBuilder1.Reserve(kCsvLine_MAX, LogBuilder_MAX)) {
     LogBuilder1.Take(zeros.copy(at, zeros.size()));
   }
   csv_DataTail(LogBuilder2, record, mark, padded.View().substr(count));
@@ -90,9 +91,9 @@ void Excel_OutputDB::Excel_DataStore(const LogRecord& record, StringView identif
   ++Excel_DB_ArayyCounter;
 }
 
-void Excel_OutputDB::csv_DataTail(CsvChannel& channel, const LogRecord& record, StringView mark,
-                                  StringView identifier) {
-  if (char16_t* const at = channel.Reserve(kCsvLine_MAX, LogBuilder_MAX)) {
+void Excel_OutputDB::csv_DataTail(CsvChannel& channel, const LogRecord& record,
+                                  std::string_view mark, std::string_view identifier) {
+  if (char* const at = channel.Reserve(kCsvLine_MAX, LogBuilder_MAX)) {
     channel.Take(WriteCsvLine(record, mark, identifier, at));
   }
   ++Excel_DB_ArayyCounter;

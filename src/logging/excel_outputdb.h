@@ -3,6 +3,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <span>
+#include <string_view>
 
 #include "logging/csv_channel.h"
 #include "logging/log_record.h"
@@ -32,10 +33,10 @@ class Excel_OutputDB {
   static constexpr std::int32_t kRow_MAX = LogTable::kRow_MAX;
   static constexpr std::int32_t kColumn_MAX = LogTable::kColumn_MAX;
 
-  /// The most characters that a channel's csv text may have. It is reached only when flushes keep
-  /// failing or the log format is one that is never flushed; lines that do not fit are dropped. On
-  /// a full bus of the shortest frames that takes 8 minutes; in the x86 program 2, where both
-  /// channels then use 400 MB of the address space.
+  /// The most characters, each of them a byte, that a channel's csv text may have. It is reached
+  /// only when flushes keep failing or the log format is one that is never flushed; lines that do
+  /// not fit are dropped. On a full bus of the shortest frames that takes 8 minutes; in the x86
+  /// program 2, where both channels then use 200 MB of the address space.
   static constexpr std::size_t kLogBuilder_MAX =
       std::size_t{sizeof(void*) == 8 ? 384 : 96} * 1024 * 1024;
 
@@ -112,8 +113,8 @@ class Excel_OutputDB {
 
  private:
   void Excel_DataStore(const LogRecord& record, StringView identifier, std::int32_t can_Flag);
-  void csv_DataTail(CsvChannel& channel, const LogRecord& record, StringView mark,
-                    StringView identifier);
+  void csv_DataTail(CsvChannel& channel, const LogRecord& record, std::string_view mark,
+                    std::string_view identifier);
 
   /// Yields by `events`, or not at all when that is null.
   [[nodiscard]] String FreeLogPath(ELM327_Info& device, const platform::LocalTime& now,

@@ -96,16 +96,16 @@ ShortText FileNumberText(std::int32_t number) { return PaddedText(number, kFileN
 
 NumberedPath FindFreePath(platform::FileServices& files, StringView stem, StringView extension,
                           std::int32_t number, platform::EventLoop* events) {
-  String path = NumberedName(stem, number, extension);
   TakenNumbers taken;
-  for (int asked = 1; number < kFileNumber_MAX && (taken.Has(number) || files.FileExists(path));
-       ++asked) {
+  const auto is_taken = [&] {
+    return taken.Has(number) || files.FileExists(NumberedName(stem, number, extension));
+  };
+  for (int asked = 1; number < kFileNumber_MAX && is_taken(); ++asked) {
     if (asked == kAskedSingly) taken.Find(files, stem, extension);
     ++number;
-    path = NumberedName(stem, number, extension);
     if (events != nullptr) events->YieldWhenDue();
   }
-  return {path, number};
+  return {NumberedName(stem, number, extension), number};
 }
 
 }  // namespace tolvane

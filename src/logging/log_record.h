@@ -18,8 +18,9 @@ struct LogRecord {
 };
 
 /// An identifier in a log of 29-bit mode. FFFFFFF alone is written with seven digits.
-[[nodiscard]] inline ShortText LogID29Text(std::int32_t can_ID) {
-  return can_ID == 0xFFFFFFF ? HexText(can_ID) : HexID29Text(can_ID);
+template <typename Character = char16_t>
+[[nodiscard]] BasicShortText<Character> LogID29Text(std::int32_t can_ID) {
+  return can_ID == 0xFFFFFFF ? HexText<Character>(can_ID) : HexID29Text<Character>(can_ID);
 }
 
 }  // namespace tolvane

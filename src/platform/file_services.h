@@ -5,6 +5,7 @@
 #include <memory>
 #include <optional>
 #include <span>
+#include <string_view>
 #include <vector>
 
 #include "platform/string.h"
@@ -19,6 +20,8 @@ class TextStream {
   virtual ~TextStream() = default;
   /// Characters that the code page cannot hold become "?". False when not all could be written.
   [[nodiscard]] virtual bool Write(StringView text) = 0;
+  /// The same for bytes below 0x80, which are these characters in every code page.
+  [[nodiscard]] virtual bool WriteAscii(std::string_view text) = 0;
   /// False when what was written may not have reached the file. Destruction closes silently.
   [[nodiscard]] virtual bool Close() = 0;
 };

@@ -13,20 +13,67 @@ namespace {
 
 constexpr double kWholeNumberLimit = 1e15;  // from here on the general form has an exponent
 
-void AppendAscii(const char* first, const char* last, ShortText& text) {
-  for (; first != last; ++first) text.Append(static_cast<char16_t>(*first == 'e' ? 'E' : *first));
+template <typename Character>
+void AppendDigit(std::uint64_t digit, BasicShortText<Character>& text) {
+  text.Append(static_cast<Character>('0' + digit));
 }
 
-void AppendHexDigits(std::uint32_t value, int digits, ShortText& text) {
+template <typename Character>
+void AppendWhole(std::uint64_t number, BasicShortText<Character>& text) {
+  if (number < 10) {
+    AppendDigit(number, text);
+    return;
+  }
+  std::array<char, 20> digits;
+  const char* const end = std::to_chars(digits.begin(), digits.end(), number).ptr;
+  for (const char* at = digits.begin(); at != end; ++at) text.Append(static_cast<Character>(*at));
+}
+
+template <typename Character>
+void AppendHexDigits(std::uint32_t value, int digits, BasicShortText<Character>& text) {
   for (int shift = 4 * (digits - 1); shift >= 0; shift -= 4) {
-    text.Append(HexCharacter(value >> shift));
+    text.Append(static_cast<Character>(HexCharacter(value >> shift)));
   }
 }
 
 int HexDigits(std::uint32_t value) { return (std::bit_width(value | 1) + 3) / 4; }
 
+/// At least `digits` digits.
+template <typename Character>
+BasicShortText<Character> PaddedHexText(std::int32_t value, int digits) {
+  BasicShortText<Character> text;
+  const auto bits = static_cast<std::uint32_t>(value);
+  AppendHexDigits(bits, std::max(HexDigits(bits), digits), text);
+  return text;
+}
+
+template <typename Character>
+void AppendGroup(std::uint32_t group, int digits, BasicShortText<Character>& text) {
+  AppendDigit(group / 100, text);
+  if (digits > 1) AppendDigit(group / 10 % 10, text);
+  if (digits > 2) AppendDigit(group % 10, text);
+}
+
+/// Without trailing zeros; `group` is not 0.
+template <typename Character>
+void AppendLastGroup(std::uint32_t group, BasicShortText<Character>& text) {
+  AppendGroup(group, group % 100 == 0 ? 1 : group % 10 == 0 ? 2 : 3, text);
+}
+
+template <typename Character>
+BasicShortText<Character> ThousandthsText(std::uint64_t thousandths) {
+  BasicShortText<Character> text;
+  AppendWhole(thousandths / 1000, text);
+  if (const auto rest = static_cast<std::uint32_t>(thousandths % 1000); rest != 0) {
+    text.Append('.');
+    AppendLastGroup(rest, text);
+  }
+  return text;
+}
+
 constexpr int kSignificantDigits = 15;
 constexpr double kFastLimit = 0x1p40;  // 13 digits in front of the point
+constexpr std::int64_t kThousandthsLimit = 1'000'000'000'000'000;  // from here on 16 digits
 
 /// Decimals in groups of three, the first group in front.
 class Decimals {
@@ -51,12 +98,12 @@ class Decimals {
   [[nodiscard]] bool Carries() const { return carries_; }
 
   /// The point and what is behind it, without trailing zeros; nothing if there are only zeros.
-  void AppendTo(ShortText& text) const {
+  template <typename Character>
+  void AppendTo(BasicShortText<Character>& text) const {
     if (count_ == 0) return;
-    text.Append(u'.');
+    text.Append('.');
     for (std::size_t i = 0; i + 1 < count_; ++i) AppendGroup(groups_[i], 3, text);
-    const std::uint32_t last = groups_[count_ - 1];
-    AppendGroup(last, last % 100 == 0 ? 1 : last % 10 == 0 ? 2 : 3, text);
+    AppendLastGroup(groups_[count_ - 1], text);
   }
 
  private:
@@ -70,12 +117,6 @@ class Decimals {
     carries_ = true;
   }
 
-  static void AppendGroup(std::uint32_t group, int digits, ShortText& text) {
-    text.Append(static_cast<char16_t>(u'0' + group / 100));
-    if (digits > 1) text.Append(static_cast<char16_t>(u'0' + group / 10 % 10));
-    if (digits > 2) text.Append(static_cast<char16_t>(u'0' + group % 10));
-  }
-
   std::array<std::uint32_t, 5> groups_;
   std::size_t count_ = 0;
   std::uint32_t last_scale_ = 1000;  // of the last group: 10 to the number of its digits
@@ -84,61 +125,66 @@ class Decimals {
 
 /// The general form of 1 up to kFastLimit, which is what times are: whole-number arithmetic with
 /// no rounding but the last one, several times faster than the library's way.
-ShortText FastDecimalText(double value) {
+template <typename Character>
+BasicShortText<Character> FastDecimalText(double value) {
+  // Most times are whole microseconds. A number of at most fifteen digits comes back from the
+  // double nearest to it.
+  const auto thousandths = static_cast<std::int64_t>(value * 1000.0 + 0.5);
+  if (thousandths < kThousandthsLimit && static_cast<double>(thousandths) / 1000.0 == value) {
+    return ThousandthsText<Character>(static_cast<std::uint64_t>(thousandths));
+  }
   const auto bits = std::bit_cast<std::uint64_t>(value);
   const int fraction_bits = 52 - (static_cast<int>(bits >> 52) - 1023);
   const std::uint64_t hidden = std::uint64_t{1} << 52;
   const std::uint64_t mantissa = hidden | (bits & (hidden - 1));
   const std::uint64_t whole = mantissa >> fraction_bits;
   const std::uint64_t fraction = mantissa & ((std::uint64_t{1} << fraction_bits) - 1);
-  ShortText text = DecimalText(static_cast<std::int64_t>(whole));
+  BasicShortText<Character> text;
+  AppendWhole(whole, text);
   const Decimals decimals(fraction, fraction_bits,
                           kSignificantDigits - static_cast<int>(text.Length()));
-  if (decimals.Carries()) return DecimalText(static_cast<std::int64_t>(whole + 1));
+  if (decimals.Carries()) return DecimalText<Character>(static_cast<std::int64_t>(whole + 1));
   decimals.AppendTo(text);
   return text;
 }
 
 /// An identifier of `digits` digits. A negative one gets the zeros of an identifier below 16, in
 /// front of its eight digits.
-ShortText IDText(std::int32_t id, std::size_t digits) {
-  if (id >= 0) return HexText(id, digits);
-  ShortText text;
-  for (std::size_t zeros = 1; zeros < digits; ++zeros) text.Append(u'0');
-  text.Append(HexText(id));
+template <typename Character>
+BasicShortText<Character> IDText(std::int32_t id, int digits) {
+  if (id >= 0) return PaddedHexText<Character>(id, digits);
+  BasicShortText<Character> text;
+  for (int zeros = 1; zeros < digits; ++zeros) text.Append('0');
+  AppendHexDigits(static_cast<std::uint32_t>(id), 8, text);
   return text;
 }
 
 }  // namespace
 
-ShortText DecimalText(std::int64_t value) {
+template <typename Character>
+BasicShortText<Character> DecimalText(std::int64_t value) {
   const bool negative = value < 0;
   const auto bits = static_cast<std::uint64_t>(value);
-  std::uint64_t magnitude = negative ? 0 - bits : bits;
-  std::array<char16_t, 20> digits;
-  std::size_t first = digits.size();
-  do {
-    digits[--first] = static_cast<char16_t>(u'0' + magnitude % 10);
-    magnitude /= 10;
-  } while (magnitude != 0);
-  if (negative) digits[--first] = u'-';
-  ShortText text;
-  text.Append(StringView(digits.data() + first, digits.size() - first));
+  BasicShortText<Character> text;
+  if (negative) text.Append('-');
+  AppendWhole(negative ? 0 - bits : bits, text);
   return text;
 }
 
-ShortText DecimalText(double value) {
-  if (value >= 1.0 && value < kFastLimit) return FastDecimalText(value);
-  if (!std::isfinite(value)) return DecimalText(std::int64_t{0});
+template <typename Character>
+BasicShortText<Character> DecimalText(double value) {
+  if (value >= 1.0 && value < kFastLimit) return FastDecimalText<Character>(value);
+  if (!std::isfinite(value)) return DecimalText<Character>(std::int64_t{0});
   if (std::fabs(value) < kWholeNumberLimit && value == std::trunc(value)) {
-    return DecimalText(static_cast<std::int64_t>(value));
+    return DecimalText<Character>(static_cast<std::int64_t>(value));
   }
   char digits[32];
-  const auto end = std::to_chars(digits, digits + sizeof digits, value, std::chars_format::general,
-                                 kSignificantDigits)
-                       .ptr;
-  ShortText text;
-  AppendAscii(digits, end, text);
+  const char* const end = std::to_chars(digits, digits + sizeof digits, value,
+                                        std::chars_format::general, kSignificantDigits)
+                              .ptr;
+  BasicShortText<Character> text;
+  for (const char* at = digits; at != end; ++at)
+    text.Append(static_cast<Character>(*at == 'e' ? 'E' : *at));
   return text;
 }
 
@@ -148,11 +194,11 @@ ShortText DecimalText(Currency value) {
   const std::uint64_t magnitude = negative ? 0 - bits : bits;
   ShortText text;
   if (negative) text.Append(u'-');
-  text.Append(DecimalText(static_cast<std::int64_t>(magnitude / 10000)));
+  AppendWhole(magnitude / 10000, text);
   if (std::uint64_t fraction = magnitude % 10000; fraction != 0) {
     text.Append(u'.');
     for (std::uint64_t place = 1000; fraction != 0; place /= 10) {
-      text.Append(static_cast<char16_t>(u'0' + fraction / place));
+      AppendDigit(fraction / place, text);
       fraction %= place;
     }
   }
@@ -167,25 +213,37 @@ ShortText PaddedText(std::int32_t value, std::size_t digits) {
   return text;
 }
 
-ShortText HexText(std::int32_t value) {
-  ShortText text;
-  const auto bits = static_cast<std::uint32_t>(value);
-  AppendHexDigits(bits, HexDigits(bits), text);
-  return text;
+template <typename Character>
+BasicShortText<Character> HexText(std::int32_t value) {
+  return PaddedHexText<Character>(value, 1);
 }
 
 ShortText HexText(std::int32_t value, std::size_t digits) {
-  ShortText text;
-  const auto bits = static_cast<std::uint32_t>(value);
-  AppendHexDigits(bits, std::max(HexDigits(bits), static_cast<int>(digits)), text);
-  return text;
+  return PaddedHexText<char16_t>(value, static_cast<int>(digits));
 }
 
 ShortText HexByteText(std::uint8_t value) { return HexText(value, 2); }
 
-ShortText HexID11Text(std::int32_t id) { return IDText(id, 3); }
+template <typename Character>
+BasicShortText<Character> HexID11Text(std::int32_t id) {
+  return IDText<Character>(id, 3);
+}
 
-ShortText HexID29Text(std::int32_t id) { return IDText(id, 8); }
+template <typename Character>
+BasicShortText<Character> HexID29Text(std::int32_t id) {
+  return IDText<Character>(id, 8);
+}
+
+template ShortText DecimalText<char16_t>(std::int64_t);
+template ShortBytes DecimalText<char>(std::int64_t);
+template ShortText DecimalText<char16_t>(double);
+template ShortBytes DecimalText<char>(double);
+template ShortText HexText<char16_t>(std::int32_t);
+template ShortBytes HexText<char>(std::int32_t);
+template ShortText HexID11Text<char16_t>(std::int32_t);
+template ShortBytes HexID11Text<char>(std::int32_t);
+template ShortText HexID29Text<char16_t>(std::int32_t);
+template ShortBytes HexID29Text<char>(std::int32_t);
 
 ShortText HexSettingText(std::int32_t id) { return id == 0 ? HexText(0) : HexID11Text(id); }
 

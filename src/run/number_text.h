@@ -4,6 +4,7 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
+#include <string_view>
 
 #include "platform/string.h"
 #include "run/column.h"
@@ -12,37 +13,47 @@ namespace tolvane {
 
 /// Short text made on the stack, for the paths of a frame and of a tick, where nothing is
 /// allocated. Converts to a view that lives as long as the object.
-class ShortText {
+template <typename Character>
+class BasicShortText {
  public:
+  using TextView = std::basic_string_view<Character>;
   static constexpr std::size_t kCapacity = 32;  // characters; a double takes at most 22
 
-  void Append(char16_t character) { characters_[length_++] = character; }
-  void Append(StringView text) {
+  void Append(Character character) { characters_[length_++] = character; }
+  void Append(TextView text) {
     std::copy(text.begin(), text.end(), characters_.data() + length_);
     length_ += text.size();
   }
   [[nodiscard]] std::size_t Length() const { return length_; }
-  [[nodiscard]] StringView View() const { return {characters_.data(), length_}; }
-  operator StringView() const { return View(); }
+  [[nodiscard]] TextView View() const { return {characters_.data(), length_}; }
+  operator TextView() const { return View(); }
 
  private:
-  std::array<char16_t, kCapacity> characters_;
+  std::array<Character, kCapacity> characters_;
   std::size_t length_ = 0;
 };
 
-/// Decimal text, no padding, no sign for what is not negative.
-[[nodiscard]] ShortText DecimalText(std::int64_t value);
+using ShortText = BasicShortText<char16_t>;
+/// The bytes of an ASCII text, which all of the texts below are.
+using ShortBytes = BasicShortText<char>;
+
+/// Decimal text, no padding, no sign for what is not negative. As the other templates here there
+/// is it for char16_t and char.
+template <typename Character = char16_t>
+[[nodiscard]] BasicShortText<Character> DecimalText(std::int64_t value);
 
 /// The general number form: at most 15 significant digits, no trailing zeros, "." always. Below
 /// 0.0001 and from 1E+15 on with an exponent of at least two digits, as 1.4E-14. What is not
 /// finite gives "0".
-[[nodiscard]] ShortText DecimalText(double value);
+template <typename Character = char16_t>
+[[nodiscard]] BasicShortText<Character> DecimalText(double value);
 
 /// Up to four decimals, no trailing zeros: "100", "100.25".
 [[nodiscard]] ShortText DecimalText(Currency value);
 
 /// Upper-case hexadecimal of the 32-bit two's complement, no padding.
-[[nodiscard]] ShortText HexText(std::int32_t value);
+template <typename Character = char16_t>
+[[nodiscard]] BasicShortText<Character> HexText(std::int32_t value);
 
 /// The same with zeros in front up to `digits` digits, at most 8.
 [[nodiscard]] ShortText HexText(std::int32_t value, std::size_t digits);
@@ -60,10 +71,12 @@ class ShortText {
 
 /// An 11-bit identifier: three digits, more above 7FF. A negative one gets two zeros in front of
 /// its eight digits.
-[[nodiscard]] ShortText HexID11Text(std::int32_t id);
+template <typename Character = char16_t>
+[[nodiscard]] BasicShortText<Character> HexID11Text(std::int32_t id);
 
 /// A 29-bit identifier: eight digits. A negative one gets seven zeros in front of its eight digits.
-[[nodiscard]] ShortText HexID29Text(std::int32_t id);
+template <typename Character = char16_t>
+[[nodiscard]] BasicShortText<Character> HexID29Text(std::int32_t id);
 
 /// Text of an ID in a settings box and in the foot of the page: as HexID11Text, but 0 is "0".
 [[nodiscard]] ShortText HexSettingText(std::int32_t id);

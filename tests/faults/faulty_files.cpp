@@ -15,6 +15,12 @@ class FaultyFiles::Stream final : public platform::TextStream {
     return false;
   }
 
+  bool WriteAscii(std::string_view text) override {
+    if (!files_.Fails("TextStream.Write")) return stream_->WriteAscii(text);
+    static_cast<void>(stream_->WriteAscii(text.substr(0, text.size() / 2)));
+    return false;
+  }
+
   bool Close() override {
     const bool fails = files_.Fails("TextStream.Close");
     if (!stream_->Close() || fails) return false;

@@ -29,6 +29,7 @@ class JudgedFiles::Stream final : public platform::TextStream {
   ~Stream() override { files_.Note(is_whole_, path_); }
 
   bool Write(StringView text) override { return stream_->Write(text); }
+  bool WriteAscii(std::string_view text) override { return stream_->WriteAscii(text); }
   bool Close() override { return is_whole_ = stream_->Close(); }
 
  private:

@@ -47,11 +47,11 @@ void JudgeFrame(const LogFrame& frame) {
   Require(frame.time >= -kTime_MAX && frame.time <= kTime_MAX);
   Require(frame.id <= (frame.extended ? kExtendedId_MAX : kStandardId_MAX));
   Require(frame.bytes <= 8);
-  std::array<char16_t, kCsvLine_MAX> line;
+  std::array<char, kCsvLine_MAX> line;
   const std::size_t length =
       WriteCsvLine({frame.time, frame.length, frame.data}, CsvMark29(frame.extended ? 1 : 0),
-                   LogID29Text(static_cast<std::int32_t>(frame.id)), line.data());
-  const std::string written(line.data(), line.data() + length - 2);
+                   LogID29Text<char>(static_cast<std::int32_t>(frame.id)), line.data());
+  const std::string_view written(line.data(), length - 2);
   LogFrame again{};
   LineTraits traits;
   Require(ReadRecordLine(written, true, again, traits) == LineFault::kNone);

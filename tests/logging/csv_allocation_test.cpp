@@ -73,10 +73,18 @@ class CsvWithoutMemory : public CsvAllocation {
 };
 
 constexpr std::size_t kChannel = Excel_OutputDB::kRow_MAX + 1;
+constexpr std::size_t kLessThanAChannel = 900'000;  // bytes
+
+TEST_F(CsvWithoutMemory, LinesBeyondABlockComeInTheirOrder) {
+  db.Excel_DB_ArayyCounter_MAX = std::numeric_limits<std::int32_t>::max();
+  FillAndFail(3);
+  Flush(1);
+  EXPECT_EQ(LinesInOrder(u"001"), 3 * kChannel);
+}
 
 TEST_F(CsvWithoutMemory, TextThatCannotBeSetAsideStaysInItsBuilder) {
   FillAndFail(1);
-  counting::RefuseAbove(1'000'000);  // less than a channel's text
+  counting::RefuseAbove(kLessThanAChannel);
   FillAndFail(1);
   counting::RefuseAbove(kAnything);
   Flush(1);
@@ -85,7 +93,7 @@ TEST_F(CsvWithoutMemory, TextThatCannotBeSetAsideStaysInItsBuilder) {
 
 TEST_F(CsvWithoutMemory, ABuilderThatCannotGrowLosesTheLinesBehindAndNothingElse) {
   FillAndFail(1);
-  counting::RefuseAbove(1'000'000);
+  counting::RefuseAbove(kLessThanAChannel);
   FillAndFail(3);
   counting::RefuseAbove(kAnything);
   Flush(1);

@@ -72,10 +72,10 @@ TEST(CsvIdentifier, LadderOf29BitModeStepsAtEachLimit) {
 }
 
 TEST(CsvLine, LongestLineFitsItsRoom) {
-  std::array<char16_t, kCsvLine_MAX> line;
+  std::array<char, kCsvLine_MAX> line;
   const LogRecord record{-4.94065645841247e-324 * 3, std::numeric_limits<std::int32_t>::max(),
                          kBytes};
-  EXPECT_LE(WriteCsvLine(record, CsvMark29(1), LogID29Text(-1), line.data()), 87U);
+  EXPECT_LE(WriteCsvLine(record, CsvMark29(1), LogID29Text<char>(-1), line.data()), 87U);
 }
 
 TEST_F(CsvLog, EachByteOfTheDataStandsInItsPlace) {

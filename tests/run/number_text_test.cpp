@@ -58,6 +58,11 @@ TEST(DecimalText, TimesKeepFifteenDigitsExactlyWithHalvesToEven) {
       ASSERT_EQ(String(DecimalText(value).View()), ReferenceText(value)) << value;
     }
   }
+  const double longest[] = {999999999999.999, std::nextafter(999999999999.999, 0.0),
+                            1000000000000.001, 1099511627775.999};
+  for (const double value : longest) {
+    EXPECT_EQ(String(DecimalText(value).View()), ReferenceText(value)) << value;
+  }
   const double ties[] = {1000000000000.125, 1000000000000.375, 1000000000000.875,
                          999999999999.9375, 100000000000.0625, 549755813888.00048828125};
   for (const double value : ties) {

@@ -159,7 +159,7 @@ class Options(Place):
                 ("demo", "--adapter", "usb", "is canusb, interface or kvaser"),
                 ("demo", "--adapter", "canusb|interface", "is canusb, interface or kvaser"),
                 ("test", "--only", "units", "is checks, unit, .* release or fresh"),
-                ("bench/compare", "--only", "tick", "is ticks, start, logs or conversions"),
+                ("bench/compare", "--only", "tick", "is ticks, start, flush, logs, conversions or receive"),
                 ("bench/compare", "--rounds", "0", "is a whole number from 1 to 999999"),
                 ("tests/soak/run", "--minutes", "x", "is a whole number from 1 to 10000"),
                 ("tests/soak/run", "--load", "full", "is short, long, short29 or ids29"),
@@ -265,7 +265,7 @@ class Options(Place):
                          r"\Aerror: the measuring programs for x64 cannot be built\n\Z")
 
     def test_a_program_is_chosen_for_the_parts_of_the_window(self):
-        self.refuses("--arch is for the parts ticks and start alone: leave it away", "bench/compare", "--only", "logs",
+        self.refuses("--arch is for the parts ticks, start and flush alone: leave it away", "bench/compare", "--only", "logs",
                      "--arch", "x86")
 
     def test_the_parts_of_the_window_share_a_session(self):

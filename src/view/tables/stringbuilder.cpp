@@ -18,12 +18,12 @@ void StringBuilder::Grow() {
   }
 }
 
-bool StringBuilder::GrowFor(std::size_t length) {
+void StringBuilder::TakeMemory() {
+  if (size_ > 0) return;
   try {
-    while (static_cast<std::size_t>(mTextLength) + length > size_) Grow();
-    return true;
+    Grow();
   } catch (const std::bad_alloc&) {
-    return false;
+    return;
   }
 }
 

@@ -28,18 +28,9 @@ class StringBuilder {
     mTextLength = static_cast<std::int32_t>(end);
   }
 
-  /// Room for `length` characters after the text, to be written in place; Take then adds them to
-  /// the text. Valid until the next change. Grows by blocks; null, with the text unchanged, when
-  /// there is no memory for them.
-  [[nodiscard]] char16_t* Reserve(std::size_t length) {
-    const bool fits = static_cast<std::size_t>(mTextLength) + length <= size_;
-    return fits || GrowFor(length) ? mBuffer.data() + mTextLength : nullptr;
-  }
-  void Take(std::size_t length) { mTextLength += static_cast<std::int32_t>(length); }
-
   /// Has the first block in memory already: pages that are new to the process would cost the first
   /// text milliseconds. Where memory has run out, the first text tries again.
-  void TakeMemory() { static_cast<void>(Reserve(1)); }
+  void TakeMemory();
 
   /// The first mTextLength characters. Valid until the next change.
   [[nodiscard]] StringView Text() const {
@@ -56,7 +47,6 @@ class StringBuilder {
 
  private:
   void Grow();
-  [[nodiscard]] bool GrowFor(std::size_t length);
   void AppendGrown(StringView AppendString);
 
   String mBuffer;         // storage, never given back

@@ -15,13 +15,13 @@ namespace {
 
 constexpr std::array<std::uint8_t, 8> kData = {0x00, 0x1A, 0xFF, 0x03, 0x44, 0x55, 0x66, 0x77};
 
-std::string Written(double time, std::uint32_t id, std::int32_t length, StringView mark,
+std::string Written(double time, std::uint32_t id, std::int32_t length, std::string_view mark,
                     bool has_zeros) {
   const auto number = static_cast<std::int32_t>(id);
-  std::array<char16_t, kCsvLine_MAX> line;
-  const ShortText text = mark.empty() ? HexID11Text(number)
-                         : has_zeros  ? LogID29Text(number)
-                                      : HexText(number);
+  std::array<char, kCsvLine_MAX> line;
+  const ShortBytes text = mark.empty() ? HexID11Text<char>(number)
+                          : has_zeros  ? LogID29Text<char>(number)
+                                       : HexText<char>(number);
   const std::size_t written = WriteCsvLine({time, length, kData}, mark, text, line.data());
   return {line.data(), line.data() + written - 2};  // a line is read without its end
 }

@@ -8,7 +8,6 @@
 
 #include "logging/csv_line.h"
 #include "logging/log_record.h"
-#include "tools/log/reading/ascii.h"
 
 namespace tolvane::logtool {
 
@@ -44,11 +43,10 @@ class Cursor {
 
   [[nodiscard]] bool AtEnd() const { return at_ == end_; }
 
-  template <const StringView& kText>
+  template <const std::string_view& kText>
   [[nodiscard]] bool Take() {
-    constexpr std::string_view kBytes = kBytesOf<kText>;
-    if (Left() < kBytes.size() || std::memcmp(at_, kBytes.data(), kBytes.size()) != 0) return false;
-    at_ += kBytes.size();
+    if (Left() < kText.size() || std::memcmp(at_, kText.data(), kText.size()) != 0) return false;
+    at_ += kText.size();
     return true;
   }
 

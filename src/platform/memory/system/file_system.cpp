@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "platform/ascii_run.h"
 #include "platform/file_replacing.h"
 #include "platform/memory/system/windows_path.h"
 
@@ -30,16 +31,27 @@ class FileSystem::Stream final : public TextStream {
   Stream(FileSystem& files, StringView path) : files_(files), path_(path) {}
 
   bool Write(StringView text) override {
-    ++files_.text_writes_;
-    Entry* const file = files_.FindFile(path_);
     std::string bytes;
     files_.code_page_.Encode(text, bytes);
-    return file != nullptr && files_.WriteAt(*file, file->bytes.size(), bytes);
+    return Append(bytes);
+  }
+
+  /// Nothing of it where a byte is none of ASCII.
+  bool WriteAscii(std::string_view text) override {
+    return std::ranges::all_of(
+               text, [](char byte) { return IsAscii(static_cast<unsigned char>(byte)); }) &&
+           Append(text);
   }
 
   bool Close() override { return files_.FindFile(path_) != nullptr && !files_.fail_close_; }
 
  private:
+  bool Append(std::string_view bytes) {
+    ++files_.text_writes_;
+    Entry* const file = files_.FindFile(path_);
+    return file != nullptr && files_.WriteAt(*file, file->bytes.size(), bytes);
+  }
+
   FileSystem& files_;
   String path_;
 };

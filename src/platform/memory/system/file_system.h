@@ -70,7 +70,7 @@ class FileSystem : public platform::FileServices, public platform::FileSteps {
   /// Puts a text file in the place of the one at `path`, if there is one.
   [[nodiscard]] bool Replace(StringView path, StringView text);
 
-  /// Calls of TextStream::Write so far.
+  /// Pieces of text files written so far.
   [[nodiscard]] std::int32_t TextWrites() const { return text_writes_; }
 
   [[nodiscard]] bool FolderExists(StringView path) override;

@@ -35,6 +35,11 @@ class WindowsTextStream final : public TextStream {
     return complete_;
   }
 
+  [[nodiscard]] bool WriteAscii(std::string_view text) override {
+    complete_ = complete_ && WriteAll(file_, std::as_bytes(std::span(text)));
+    return complete_;
+  }
+
   [[nodiscard]] bool Close() override { return file_.Close() && complete_; }
 
  private:

@@ -50,6 +50,22 @@ TEST_F(FileSystemTest, TextIsWrittenInTheCodePage) {
   EXPECT_EQ(Bytes(u"C:\\Logs\\a.txt"), "b") << "the old text is gone";
 }
 
+TEST_F(FileSystemTest, AsciiIsWrittenBehindTheTextAndNothingElse) {
+  const auto stream = disk.CreateTextFile(u"C:\\Logs\\a.txt", true, false);
+  EXPECT_TRUE(stream->Write(u"表"));
+  EXPECT_TRUE(stream->WriteAscii("a\r\n"));
+  EXPECT_FALSE(stream->WriteAscii("b\x80"));
+  EXPECT_TRUE(stream->Write(u"c"));
+  EXPECT_EQ(Bytes(u"C:\\Logs\\a.txt"),
+            "\x95\x5c"
+            "a\r\nc");
+  disk.FreeSpace(1);
+  EXPECT_FALSE(stream->WriteAscii("de"));
+  EXPECT_EQ(Bytes(u"C:\\Logs\\a.txt"),
+            "\x95\x5c"
+            "a\r\ncd");
+}
+
 TEST_F(FileSystemTest, ExistingFilesAreKeptWithoutOverwrite) {
   ASSERT_TRUE(WriteText(u"C:\\Logs\\a.txt", u"x"));
   EXPECT_EQ(disk.CreateTextFile(u"C:\\Logs\\a.txt", false, false), nullptr);

@@ -74,8 +74,9 @@ TEST_F(Files, TextGoesOutInTheCodePageWithoutChange) {
   ASSERT_NE(stream, nullptr);
   EXPECT_TRUE(stream->Write(u"a\r\n"));
   EXPECT_TRUE(stream->Write(u"\U0001F697"));
+  EXPECT_TRUE(stream->WriteAscii("\\~\r\n"));
   EXPECT_TRUE(stream->Close());
-  EXPECT_EQ(folder_.Content(u"KL.csv"), "a\r\n?");
+  EXPECT_EQ(folder_.Content(u"KL.csv"), "a\r\n?\\~\r\n");
 }
 
 TEST_F(Files, OverwritingReplacesTheWholeFileAndIsRefusedOtherwise) {
