@@ -8,7 +8,7 @@ import tempfile
 import unittest
 
 # From this machine.
-TOOLS = ("bash", "cat", "cut", "dirname", "env", "flock", "getent", "grep", "ln", "mkdir", "mktemp", "realpath", "rm",
+TOOLS = ("bash", "cat", "cut", "dirname", "env", "flock", "getent", "grep", "iconv", "ln", "mkdir", "mktemp", "realpath", "rm",
          "sh", "sleep", "tail", "touch")
 
 
