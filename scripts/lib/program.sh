@@ -34,7 +34,9 @@ program_start() {
   at_exit end_child "$program"
 }
 
-drive() { wine "$build/windows-x64/tools/tolvane_drive.exe" "$@"; }
+tolvane_drive=$build/windows-x64/tools/tolvane_drive.exe
+drive() { wine "$tolvane_drive" "$@"; }
+drive_begin() { begin_unlocked wine "$tolvane_drive" "$@"; }
 
 drive_connect() {
   drive wait-window -- wait-enabled Bt_Connect -- click Bt_Connect -- wait-text TB_Status 通信中 ||
@@ -43,7 +45,7 @@ drive_connect() {
 
 # drive_until_still SECONDS: waits until the page has not changed for so long.
 drive_until_still() {
-  begin_unlocked wine "$build/windows-x64/tools/tolvane_drive.exe" wait-same RTB_MainView "$1"
+  drive_begin wait-same RTB_MainView "$1"
   wait "$!" || fail "the page cannot be watched"
 }
 
