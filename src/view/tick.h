@@ -1,5 +1,7 @@
 #pragma once
 
+#include <cstdint>
+
 #include "run/elm327_info.h"
 #include "run/worker_kind.h"
 #include "view/back_page.h"
@@ -7,6 +9,8 @@
 #include "view/tick_parts.h"
 
 namespace tolvane {
+
+inline constexpr std::int32_t kViewInterval = 30;  // ms between two ticks of TimerBackView
 
 /// One worker's view of its frame table: composes the page, colours it and swaps it into
 /// RTB_MainView at each tick of the timer. Two pages and one text buffer are reused, so in the
@@ -18,8 +22,11 @@ class Tick {
 
   Tick(WorkerKind worker, const TickParts& parts, Table& frames, ViewTable& highlights);
 
-  /// Takes the memory of a page's text, ahead of a run.
-  void TakeMemory() { text_.TakeMemory(); }
+  /// Takes the memory of a page, ahead of a run.
+  void TakeMemory() {
+    text_.TakeMemory();
+    RTB_MainView_Back_.TakeMemory();
+  }
 
   /// One tick, by the settings of the run. Yields five times in an 11-bit scan, in an extended one
   /// once for every 400 keys begun; the timer is off meanwhile, so that no second tick nests, and

@@ -26,7 +26,9 @@ class LiveSurface final : public BaseWindow<LiveSurface> {
   /// the next Show. Painted when the system asks for it, or by UpdateWindow at once.
   void Show(const RichTextPage& page);
   void Hide();
-  /// Takes the memory that painting over the control needs, ahead of the first page.
+  /// Does once, unseen, what showing and painting the largest page takes, ahead of the first page:
+  /// a system that does it for the first time needs tens of milliseconds. Not while a page is
+  /// shown.
   void TakeMemory();
   /// Moves over the control again after it has moved or changed its size, or hides with it.
   void FollowBeneath();
@@ -46,8 +48,10 @@ class LiveSurface final : public BaseWindow<LiveSurface> {
     friend bool operator==(const Bar&, const Bar&) = default;
   };
 
+  void Place(bool shown);
   void Paint();
   void PaintOn(HDC target);
+  void PaintPage(HDC target, const RichTextPage& page);
   [[nodiscard]] SIZE ClientSize() const;
   [[nodiscard]] SIZE Room(SIZE extent) const;
   void ScrollTo(std::int64_t x, std::int64_t y);
