@@ -50,8 +50,9 @@ void LiveSurface::Show(const RichTextPage& page) {
   const bool was_hidden = page_ == nullptr;
   page_ = &page;
   lines_.Find(page.text);
-  if (was_hidden) FollowBeneath();
   ScrollTo(0, 0);
+  // Behind the bars, which a shown window would paint twice.
+  if (was_hidden) FollowBeneath();
 }
 
 void LiveSurface::Hide() {
@@ -63,7 +64,7 @@ void LiveSurface::TakeMemory() {
   RichTextPage page;
   page.text = LargestText();
   lines_.Find(page.text);
-  Place(false);
+  FollowBeneath();
   ScrollTo(0, 0);
   const HDC target = GetDC(Hwnd());
   PaintPage(target, page);
@@ -71,11 +72,7 @@ void LiveSurface::TakeMemory() {
 }
 
 void LiveSurface::FollowBeneath() {
-  if (page_ == nullptr) return;
-  Place((GetWindowLongPtrW(beneath_, GWL_STYLE) & WS_VISIBLE) != 0);
-}
-
-void LiveSurface::Place(bool shown) {
+  const bool shown = page_ != nullptr && (GetWindowLongPtrW(beneath_, GWL_STYLE) & WS_VISIBLE) != 0;
   RECT bounds{};
   GetWindowRect(beneath_, &bounds);
   MapWindowPoints(nullptr, GetParent(beneath_), reinterpret_cast<POINT*>(&bounds), 2);

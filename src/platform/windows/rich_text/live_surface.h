@@ -30,7 +30,8 @@ class LiveSurface final : public BaseWindow<LiveSurface> {
   /// a system that does it for the first time needs tens of milliseconds. Not while a page is
   /// shown.
   void TakeMemory();
-  /// Moves over the control again after it has moved or changed its size, or hides with it.
+  /// Moves over the control again after it has moved or changed its size; hides with it, and where
+  /// no page is shown.
   void FollowBeneath();
 
   /// Pixels that the page is scrolled by.
@@ -48,7 +49,6 @@ class LiveSurface final : public BaseWindow<LiveSurface> {
     friend bool operator==(const Bar&, const Bar&) = default;
   };
 
-  void Place(bool shown);
   void Paint();
   void PaintOn(HDC target);
   void PaintPage(HDC target, const RichTextPage& page);

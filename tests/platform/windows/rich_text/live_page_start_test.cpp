@@ -87,9 +87,9 @@ TEST_F(LivePageOverText, NothingOfItCanBeReadUndoneOrSelected) {
   EXPECT_EQ(view_.Text(), kText);
   SwapMarkedPage();
   view_.Locked(false);
-  ExpectMarkedPageInTheControl();
-  EXPECT_FALSE(view_.CanUndo());
   EXPECT_EQ(selection_changes_, 1);
+  EXPECT_FALSE(view_.CanUndo());
+  ExpectMarkedPageInTheControl();
 }
 
 TEST_F(LivePageOverText, ItStaysWhenTheRunHasNoPage) {

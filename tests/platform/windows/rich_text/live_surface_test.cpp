@@ -142,16 +142,9 @@ TEST_F(LiveSurfaceTest, LooksAsTheControlDoesWhereTheUserHasZoomed) {
   page.text = u"ID  DLC\r\n1A0  8   01 02\r\n受信除外 100 - 1FF\r\n";
   page.colours.Paint(9, 12, 0x0000FF);
   page.backgrounds.Paint(0, 2, 0xA3FAFF);
-  const struct {
-    WPARAM part;
-    LPARAM whole;
-  } zooms[] = {{3, 2}, {1, 2}, {0, 0}};
-  for (const auto& zoom : zooms) {
-    SCOPED_TRACE(zoom.part);
-    ASSERT_TRUE(Send(EM_SETZOOM, zoom.part, zoom.whole));
-    view_.Locked(true);
-    EXPECT_EQ(Difference(page, u"zoomed"), 0);
-  }
+  ASSERT_TRUE(Send(EM_SETZOOM, 3, 2));
+  view_.Locked(true);
+  EXPECT_EQ(Difference(page, u"zoomed"), 0);
 }
 
 TEST_F(LiveSurfaceTest, LooksAsTheControlDoesWithoutScrollBars) {
