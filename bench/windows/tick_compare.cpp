@@ -1,6 +1,7 @@
 // tick_compare QXT100-DLL ROUNDS: measures the live tick in the program's main window and, in the
-// same run, the rich-edit baseline with the same page. Prints lines of a name, a tab and a number;
-// times are medians in microseconds.
+// same run, the rich-edit baseline with the same page; the first tick of a run, over an empty page
+// and over that of the run before; and a tick of the longest page. Prints lines of a name, a tab
+// and a number; times are medians in microseconds, but first_tick_empty happens once.
 #include <cstdio>
 #include <cstdlib>
 
@@ -17,6 +18,7 @@ namespace {
 using namespace platform::windows;
 
 constexpr std::int16_t kRows = 2000;
+constexpr std::int16_t kMostRows = 4001;
 constexpr int kLiveTicksPerRound = 40;
 
 /// How long `work` takes until the display has what it drew.
@@ -39,6 +41,46 @@ double BaselineTick(HWND like, platform::CodePage& code_page, WindowsEventLoop& 
   return baseline.Shows(page) ? time : 0;
 }
 
+/// In microseconds.
+struct Times {
+  double first_tick_empty = 0;
+  std::vector<double> live_ticks;
+  std::vector<double> compositions;
+  std::vector<double> longest_ticks;
+  std::vector<double> first_ticks;
+  std::vector<double> baseline_ticks;
+};
+
+void Print(Times& times, const platform::RichTextPage& page) {
+  std::printf("rows\t%d\n", static_cast<int>(kRows));
+  std::printf("characters\t%zu\n", page.text.size());
+  std::printf("regions\t%zu\n", page.colours.Runs().size());
+  std::printf("live_ticks\t%zu\n", times.live_ticks.size());
+  std::printf("live_tick\t%.0f\n", Median(times.live_ticks));
+  std::printf("live_compose\t%.0f\n", Median(times.compositions));
+  std::printf("longest_rows\t%d\n", static_cast<int>(kMostRows));
+  std::printf("longest_tick\t%.0f\n", Median(times.longest_ticks));
+  std::printf("first_tick_empty\t%.0f\n", times.first_tick_empty);
+  std::printf("first_tick_full\t%.0f\n", Median(times.first_ticks));
+  std::printf("baseline_ticks\t%zu\n", times.baseline_ticks.size());
+  std::printf("baseline_tick\t%.0f\n", Median(times.baseline_ticks));
+}
+
+template <WorkerKind kKind>
+void TickInTheRun(LiveTick<kKind>& live, std::vector<double>& times) {
+  for (int i = 0; i < kLiveTicksPerRound; ++i) {
+    live.Receive();
+    times.push_back(DrawnMicroseconds([&live] { live.Tick(); }));
+  }
+}
+
+/// The first tick of a run over what the view shows.
+double FirstTick(platform::RichTextView& view, LiveTick<WorkerKind::FormBG>& live) {
+  view.Locked(true);
+  live.TakeMemory();
+  return DrawnMicroseconds([&live] { live.Tick(); });
+}
+
 int Compare(const wchar_t* library, int rounds) {
   const HINSTANCE instance = GetModuleHandleW(nullptr);
   platform::EventGate gate;
@@ -51,32 +93,27 @@ int Compare(const wchar_t* library, int rounds) {
   if (!qxt100.Load() || !window.CreateHidden()) return EXIT_FAILURE;
   window.Start(SW_SHOW);
   platform::RichTextView& view = window.Face().RTB_MainView;
-  view.Locked(true);
-  LiveTick live(kRows, workers.FormBG, qxt100, loop, view);
+  LiveTick<WorkerKind::FormBG> live(kRows, workers.FormBG, qxt100, loop, view);
+  LiveTick<WorkerKind::FormBG_29> longest(kMostRows, workers.FormBG_29, qxt100, loop, view);
+  loop.YieldToEvents();
 
-  std::vector<double> live_ticks;
-  std::vector<double> compositions;
-  std::vector<double> baseline_ticks;
+  Times times;
+  times.first_tick_empty = FirstTick(view, live);
   for (int round = 0; round < rounds; ++round) {
     loop.YieldToEvents();
+    TickInTheRun(longest, times.longest_ticks);
+    TickInTheRun(live, times.live_ticks);
     for (int i = 0; i < kLiveTicksPerRound; ++i) {
       live.Receive();
-      live_ticks.push_back(DrawnMicroseconds([&live] { live.Tick(); }));
-      live.Receive();
-      compositions.push_back(DrawnMicroseconds([&live] { live.Compose(); }));
+      times.compositions.push_back(DrawnMicroseconds([&live] { live.Compose(); }));
     }
-    baseline_ticks.push_back(BaselineTick(window.Hwnd(), code_page, loop, live.Page()));
-    if (view.Text() != live.Page().text || baseline_ticks.back() == 0) return EXIT_FAILURE;
+    view.Locked(false);
+    loop.YieldToEvents();
+    times.first_ticks.push_back(FirstTick(view, live));
+    times.baseline_ticks.push_back(BaselineTick(window.Hwnd(), code_page, loop, live.Page()));
+    if (view.Text() != live.Page().text || times.baseline_ticks.back() == 0) return EXIT_FAILURE;
   }
-  const platform::RichTextPage& page = live.Page();
-  std::printf("rows\t%d\n", static_cast<int>(kRows));
-  std::printf("characters\t%zu\n", page.text.size());
-  std::printf("regions\t%zu\n", page.colours.Runs().size());
-  std::printf("live_ticks\t%zu\n", live_ticks.size());
-  std::printf("live_tick\t%.0f\n", Median(live_ticks));
-  std::printf("live_compose\t%.0f\n", Median(compositions));
-  std::printf("baseline_ticks\t%zu\n", baseline_ticks.size());
-  std::printf("baseline_tick\t%.0f\n", Median(baseline_ticks));
+  Print(times, live.Page());
   return EXIT_SUCCESS;
 }
 

@@ -32,4 +32,21 @@ void ColourRuns::Paint(std::int32_t start, std::int32_t end, std::int32_t colour
   }
 }
 
+void ColourRuns::TakeMemory(std::size_t runs) {
+  runs_.assign(runs, {});
+  runs_.clear();
+}
+
+ColourWalk::ColourWalk(const ColourRuns& runs, std::int32_t start)
+    : next_(std::partition_point(runs.Runs().begin(), runs.Runs().end(),
+                                 [=](const ColourRun& run) { return run.end <= start; })),
+      last_(runs.Runs().end()) {}
+
+void RichTextPage::TakeMemory() {
+  text.assign(kMostCharacters, u'\0');
+  text.clear();
+  colours.TakeMemory(kMostColours);
+  backgrounds.TakeMemory(kMostBackgrounds);
+}
+
 }  // namespace tolvane::platform

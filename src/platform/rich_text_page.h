@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <limits>
 #include <vector>
@@ -27,6 +28,9 @@ class ColourRuns {
   /// Forgets all runs and keeps their storage.
   void Clear() { runs_.clear(); }
 
+  /// The same, with storage for `runs` that is already in memory.
+  void TakeMemory(std::size_t runs);
+
   [[nodiscard]] const std::vector<ColourRun>& Runs() const { return runs_; }
 
   friend bool operator==(const ColourRuns&, const ColourRuns&) = default;
@@ -38,8 +42,8 @@ class ColourRuns {
 /// One list of runs, walked along rising positions. The list must not change meanwhile.
 class ColourWalk {
  public:
-  explicit ColourWalk(const ColourRuns& runs)
-      : next_(runs.Runs().begin()), last_(runs.Runs().end()) {}
+  /// From `start` on, which no position may be below.
+  explicit ColourWalk(const ColourRuns& runs, std::int32_t start = 0);
 
   /// Moves on to `position`, which is not below the last one. The run there, null where none is.
   const ColourRun* At(std::int32_t position) {
@@ -62,6 +66,17 @@ class ColourWalk {
 /// A finished page: what crosses from the page under construction to the visible view in one step.
 /// Positions count UTF-16 units of `text`, in which a line end is the two characters CR LF.
 struct RichTextPage {
+  // What a page of a run holds at most: the 4,001 rows of an extended table with header and foot,
+  // some 50 characters each; a run for each of their bytes and cycles; and the markers.
+  static constexpr std::size_t kMostLines = 4'020;
+  static constexpr std::size_t kMostCharacters = 64 * kMostLines;
+  static constexpr std::size_t kMostColours = 9 * kMostLines;
+  static constexpr std::size_t kMostBackgrounds = 16;
+
+  /// Empties the page and has the storage of such a one in memory, so that the first one does not
+  /// find it new to the process, nor moves while it grows.
+  void TakeMemory();
+
   String text;
   ColourRuns colours;      // of the characters; black where nothing is painted
   ColourRuns backgrounds;  // behind them; the view's white where nothing is painted

@@ -14,6 +14,9 @@ namespace tolvane {
 /// The part of a selection outside the page is not painted; a length of 0 or less paints nothing.
 class BackPage {
  public:
+  /// Has a page's storage in memory ahead of the first one, and leaves no page.
+  void TakeMemory() { page_->TakeMemory(); }
+
   /// Replaces the text and removes all colours.
   void Text(StringView text);
 

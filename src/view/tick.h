@@ -22,8 +22,11 @@ class Tick {
 
   Tick(WorkerKind worker, const TickParts& parts, Table& frames, ViewTable& highlights);
 
-  /// Takes the memory of a page's text, ahead of a run.
-  void TakeMemory() { text_.TakeMemory(); }
+  /// Takes the memory of a page, ahead of a run.
+  void TakeMemory() {
+    text_.TakeMemory();
+    RTB_MainView_Back_.TakeMemory();
+  }
 
   /// One tick, by the settings of the run. Yields five times in an 11-bit scan, in an extended one
   /// once for every 400 keys begun; the timer is off meanwhile, so that no second tick nests, and

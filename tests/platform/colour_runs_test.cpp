@@ -124,6 +124,22 @@ TEST(ColourWalk, FindsTheRunAtEachPositionAndWhereThatChanges) {
   }
   const ColourRuns none;
   EXPECT_EQ(ColourWalk(none).At(0), nullptr);
+  for (const auto& row : rows) {
+    ColourWalk from_there(runs, row.position);
+    const ColourRun* run = from_there.At(row.position);
+    EXPECT_EQ(run != nullptr ? run->colour : 0, row.colour) << "from " << row.position;
+    EXPECT_EQ(from_there.NextChange(), row.next_change) << "from " << row.position;
+  }
+}
+
+TEST(ColourRuns, MemoryThatIsTakenHoldsTheRunsAndLeavesNone) {
+  ColourRuns runs;
+  runs.Paint(0, 1, 5);
+  runs.TakeMemory(3);
+  EXPECT_TRUE(runs.Runs().empty());
+  const ColourRun* storage = runs.Runs().data();
+  for (std::int32_t i = 0; i < 3; ++i) runs.Paint(i, i + 1, i);
+  EXPECT_EQ(runs.Runs().data(), storage);
 }
 
 }  // namespace

@@ -9,6 +9,7 @@
 
 #include "tests/counting/allocations.h"
 #include "tests/view/tick_bed.h"
+#include "view/tables/highlight_columns.h"
 
 namespace tolvane {
 namespace {
@@ -125,25 +126,33 @@ TEST(Tick, AMessagePositionCountsLineEndsAsTwo) {
 }
 
 template <WorkerKind kKind>
-std::int64_t AllocationsOfALitTick() {
-  TickBed<kKind> bed;
+void ReceiveLit(TickBed<kKind>& bed, std::int32_t rows) {
   bed.support.keep_fades = false;
-  for (std::int32_t i = 1; i <= 2000; ++i) {
+  for (std::int32_t i = 1; i <= rows; ++i) {
     const std::int32_t id = TickBed<kKind>::kIs29 ? i * 77 : i;
     bed.Receive(id, 8, kData, 1000);
     bed.Receive(id, 8, kOther, 1100.25);
   }
   bed.device.t_MsgMarker_ON(0, 1);
   bed.device.t_MsgMarkerID(0, 0x4D);
-  for (int i = 0; i < 3; ++i) {
-    bed.Page();
-    bed.calls.clear();
-  }
+}
+
+template <WorkerKind kKind>
+std::int64_t AllocationsOfATick(TickBed<kKind>& bed) {
+  bed.calls.clear();
   const std::int64_t before = counting::Allocations();
   bed.tick.TimerBackView_Timer(bed.device);
-  const std::int64_t after = counting::Allocations();
+  return counting::Allocations() - before;
+}
+
+template <WorkerKind kKind>
+std::int64_t AllocationsOfALitTick() {
+  TickBed<kKind> bed;
+  ReceiveLit(bed, 2000);
+  for (int i = 0; i < 3; ++i) bed.Page();
+  const std::int64_t allocations = AllocationsOfATick(bed);
   EXPECT_EQ(bed.Colours().size(), 16000U);
-  return after - before;
+  return allocations;
 }
 
 TEST(Tick, TheSteadyStateAllocatesNothing) {
@@ -152,6 +161,29 @@ TEST(Tick, TheSteadyStateAllocatesNothing) {
   EXPECT_EQ(counting::Allocations(), before + 1);
   EXPECT_EQ(AllocationsOfALitTick<WorkerKind::FormBG>(), 0);
   EXPECT_EQ(AllocationsOfALitTick<WorkerKind::FormBG_29>(), 0);
+}
+
+/// Of the first two ticks of a run, which fill one page each; every cycle is lit too.
+template <WorkerKind kKind>
+void ExpectNoAllocationsFromTheFirstTickOn(std::int32_t rows) {
+  TickBed<kKind> bed;
+  ReceiveLit(bed, rows);
+  for (std::int16_t row = 0; row < rows; ++row) {
+    HighlightColumns<typename TickBed<kKind>::ViewTable>::dt_timerCounter (*bed.highlights)(row,
+                                                                                            3000);
+  }
+  bed.calls.reserve(100);
+  bed.tick.TakeMemory();
+  bed.view.page->TakeMemory();
+  for (int tick = 1; tick <= 2; ++tick) {
+    EXPECT_EQ(AllocationsOfATick(bed), 0) << "tick " << tick;
+    EXPECT_GE(bed.Colours().size(), static_cast<std::size_t>(9 * rows - 9)) << "tick " << tick;
+  }
+}
+
+TEST(Tick, TheFirstTicksOfTheLongestPagesAllocateNothingEither) {
+  ExpectNoAllocationsFromTheFirstTickOn<WorkerKind::FormBG>(CAN_ReadDB::kArayy_MAX - 1);
+  ExpectNoAllocationsFromTheFirstTickOn<WorkerKind::FormBG_29>(CAN_ReadDB29::kArayy_MAX + 1);
 }
 
 }  // namespace

@@ -18,6 +18,14 @@ constexpr ScrollKey kScrollKeys[] = {
     {VK_HOME, SB_VERT, SB_TOP},     {VK_END, SB_VERT, SB_BOTTOM},
     {VK_LEFT, SB_HORZ, SB_LINEUP},  {VK_RIGHT, SB_HORZ, SB_LINEDOWN}};
 
+/// As many lines as a page has at most, the first one of all characters of its rows.
+String LargestText() {
+  String text;
+  for (char16_t character = u' '; character <= u'~'; ++character) text += character;
+  for (std::size_t line = 0; line < RichTextPage::kMostLines; ++line) text += u'\n';
+  return text;
+}
+
 /// Pixels of one turn of the wheel by one notch.
 int NotchPixels(int line, int page) {
   UINT lines = 3;
@@ -42,8 +50,9 @@ void LiveSurface::Show(const RichTextPage& page) {
   const bool was_hidden = page_ == nullptr;
   page_ = &page;
   lines_.Find(page.text);
-  if (was_hidden) FollowBeneath();
   ScrollTo(0, 0);
+  // Behind the bars, which a shown window would paint twice.
+  if (was_hidden) FollowBeneath();
 }
 
 void LiveSurface::Hide() {
@@ -52,23 +61,22 @@ void LiveSurface::Hide() {
 }
 
 void LiveSurface::TakeMemory() {
-  RECT room{};
-  GetWindowRect(beneath_, &room);
-  OffsetRect(&room, -room.left, -room.top);
+  RichTextPage page;
+  page.text = LargestText();
+  lines_.Find(page.text);
+  FollowBeneath();
+  ScrollTo(0, 0);
   const HDC target = GetDC(Hwnd());
-  const HDC canvas = buffer_.Prepare(target, {room.right, room.bottom});
-  // A bitmap has its memory when it is drawn on.
-  if (canvas != target) FillRect(canvas, &room, GetSysColorBrush(COLOR_WINDOW));
+  PaintPage(target, page);
   ReleaseDC(Hwnd(), target);
 }
 
 void LiveSurface::FollowBeneath() {
-  if (page_ == nullptr) return;
+  const bool shown = page_ != nullptr && (GetWindowLongPtrW(beneath_, GWL_STYLE) & WS_VISIBLE) != 0;
   RECT bounds{};
   GetWindowRect(beneath_, &bounds);
   MapWindowPoints(nullptr, GetParent(beneath_), reinterpret_cast<POINT*>(&bounds), 2);
   InflateRect(&bounds, -GetSystemMetrics(SM_CXEDGE), -GetSystemMetrics(SM_CYEDGE));
-  const bool shown = (GetWindowLongPtrW(beneath_, GWL_STYLE) & WS_VISIBLE) != 0;
   SetWindowPos(Hwnd(), HWND_TOP, bounds.left, bounds.top, bounds.right - bounds.left,
                bounds.bottom - bounds.top,
                SWP_NOACTIVATE | SWP_NOCOPYBITS | (shown ? SWP_SHOWWINDOW : SWP_HIDEWINDOW));
@@ -119,10 +127,14 @@ void LiveSurface::Paint() {
 }
 
 void LiveSurface::PaintOn(HDC target) {
+  if (page_ != nullptr) PaintPage(target, *page_);
+}
+
+void LiveSurface::PaintPage(HDC target, const RichTextPage& page) {
   const SIZE size = ClientSize();
-  if (page_ == nullptr || size.cx <= 0 || size.cy <= 0) return;
+  if (size.cx <= 0 || size.cy <= 0) return;
   const HDC canvas = buffer_.Prepare(target, size);
-  painter_.Paint(canvas, size, scroll_, *page_, lines_);
+  painter_.Paint(canvas, size, scroll_, page, lines_);
   if (canvas != target) buffer_.Deliver(target, size);
 }
 

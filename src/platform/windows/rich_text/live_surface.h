@@ -26,9 +26,12 @@ class LiveSurface final : public BaseWindow<LiveSurface> {
   /// the next Show. Painted when the system asks for it, or by UpdateWindow at once.
   void Show(const RichTextPage& page);
   void Hide();
-  /// Takes the memory that painting over the control needs, ahead of the first page.
+  /// Does once, unseen, what showing and painting the largest page takes, ahead of the first page:
+  /// a system that does it for the first time needs tens of milliseconds. Not while a page is
+  /// shown.
   void TakeMemory();
-  /// Moves over the control again after it has moved or changed its size, or hides with it.
+  /// Moves over the control again after it has moved or changed its size; hides with it, and where
+  /// no page is shown.
   void FollowBeneath();
 
   /// Pixels that the page is scrolled by.
@@ -48,6 +51,7 @@ class LiveSurface final : public BaseWindow<LiveSurface> {
 
   void Paint();
   void PaintOn(HDC target);
+  void PaintPage(HDC target, const RichTextPage& page);
   [[nodiscard]] SIZE ClientSize() const;
   [[nodiscard]] SIZE Room(SIZE extent) const;
   void ScrollTo(std::int64_t x, std::int64_t y);

@@ -63,10 +63,12 @@ void PagePainter::Paint(HDC target, SIZE size, POINT scroll, const RichTextPage&
   const HGDIOBJ font_before = SelectObject(target, font_.Get());
   SetBkMode(target, TRANSPARENT);
 
-  ColourWalk colours(page.colours);
-  ColourWalk backgrounds(page.backgrounds);
-  const int above = std::max<int>(scroll.y - look_.origin.y, 0) / look_.line_height;
-  for (auto i = static_cast<std::size_t>(above); i < lines.Count(); ++i) {
+  const auto above =
+      static_cast<std::size_t>(std::max<int>(scroll.y - look_.origin.y, 0) / look_.line_height);
+  const std::int32_t start = above < lines.Count() ? lines.At(above).start : 0;
+  ColourWalk colours(page.colours, start);
+  ColourWalk backgrounds(page.backgrounds, start);
+  for (std::size_t i = above; i < lines.Count(); ++i) {
     const auto top = look_.origin.y - scroll.y + static_cast<int>(i) * look_.line_height;
     if (top >= size.cy) break;
     PaintLine({target, page.text, look_.origin.x - scroll.x, top, size.cx}, lines.At(i), colours,

@@ -3,8 +3,6 @@
 #include <algorithm>
 
 #include "platform/windows/rich_text/rich_edit_view.h"
-#include "platform/windows/rich_text/view_look.h"
-#include "platform/windows/window_parts/dpi.h"
 
 namespace tolvane::platform::windows {
 namespace {
@@ -106,10 +104,38 @@ void RichEditView::SwapPage(std::unique_ptr<RichTextPage>& page) {
   if (!locked_) FillControl();
 }
 
+/// The control keeps what it holds: emptying it of a full page takes seconds, in which reception
+/// would stand. Until it is filled, no message that needs its content reaches it.
 void RichEditView::EnterPage() {
-  surface_.Look(MeasureControl());
-  Text(u"");
+  TakeLook();
+  DropSelectionAndUndo();
   live_ = true;
+}
+
+/// Takes what the first live page needs, ahead of a run's frames.
+void RichEditView::PrepareLivePages() {
+  if (live_) return;  // the page that the control could not take
+  TakeLook();
+  page_->TakeMemory();
+  surface_.TakeMemory();
+}
+
+/// Has the surface look as the control does, which the user can zoom.
+void RichEditView::TakeLook() {
+  const Zoom zoom = ZoomOf(window_);
+  if (zoom == look_zoom_) return;
+  const std::optional<PageLook> look = LookBeside(window_, zoom);
+  if (!look) return;
+  surface_.Look(*look);
+  look_zoom_ = zoom;
+}
+
+/// What replaces all of a live page becomes one, so that the control need not be emptied either.
+void RichEditView::ShowPlain(StringView text) {
+  page_->text = text;
+  page_->colours.Clear();
+  page_->backgrounds.Clear();
+  surface_.Show(*page_);
 }
 
 void RichEditView::LeavePage() {
@@ -141,22 +167,6 @@ void RichEditView::FillForReader() {
   if (GetTickCount64() - filled_for_reader_ < kReadersPause) return;
   FillControl();
   filled_for_reader_ = GetTickCount64();  // the end of the filling: reception has its second
-}
-
-/// How the control shows a page. Writes over its content.
-PageLook RichEditView::MeasureControl() {
-  Text(u"\r");
-  POINTL first{0, 0};
-  POINTL second{0, 0};
-  Send(EM_POSFROMCHAR, reinterpret_cast<WPARAM>(&first), 0);
-  Send(EM_POSFROMCHAR, reinterpret_cast<WPARAM>(&second), 1);
-  int zoom = 0;
-  int whole = 0;  // both 0 when the user has not zoomed
-  Send(EM_GETZOOM, reinterpret_cast<WPARAM>(&zoom), reinterpret_cast<LPARAM>(&whole));
-  const int height = Dpi().Pixels(MulDiv(kViewFontPoints, 96, 72));
-  return {.origin = {first.x, first.y},
-          .line_height = std::max<int>(second.y - first.y, 1),
-          .font_height = std::max(zoom > 0 && whole > 0 ? MulDiv(height, zoom, whole) : height, 1)};
 }
 
 LRESULT CALLBACK RichEditView::Procedure(HWND window, UINT message, WPARAM wparam, LPARAM lparam,

@@ -7,9 +7,7 @@
 #include "platform/file_replacing.h"
 #include "platform/windows/rich_text/line_ends.h"
 #include "platform/windows/rich_text/rich_edit_stream.h"
-#include "platform/windows/rich_text/view_look.h"
 #include "platform/windows/system/file_steps.h"
-#include "platform/windows/system/system_libraries.h"
 #include "platform/windows/system/text.h"
 #include "view/page_rtf.h"
 #include "view/rtf_in_black.h"
@@ -17,10 +15,7 @@
 namespace tolvane::platform::windows {
 namespace {
 
-constexpr UINT kUtf16 = 1200;  // code page number of the text messages
-constexpr LONG kTwipsPerPoint = 20;
-// Characters; a full page has some 200,000.
-constexpr LPARAM kLargestText = 0x7FFFFFFE;
+constexpr UINT kUtf16 = 1200;                     // code page number of the text messages
 constexpr std::size_t kLargestFile = 256U << 20;  // bytes; what is larger was not written here
 
 CHARFORMAT2W EmptyFormat() {
@@ -77,23 +72,10 @@ bool RichEditView::Create(HWND parent, int control, std::function<void()> select
                           std::function<void(bool by_keyboard)> context_menu) {
   selection_changed_ = std::move(selection_changed);
   context_menu_ = std::move(context_menu);
-  // Stays until the process ends: the control's class and its objects live in it.
-  LoadLibraryExW(Wide(SystemLibrary(u"msftedit.dll")), nullptr, LOAD_WITH_ALTERED_SEARCH_PATH);
-  const DWORD style = WS_CHILD | WS_VISIBLE | WS_CLIPSIBLINGS | WS_TABSTOP | WS_VSCROLL |
-                      WS_HSCROLL | ES_MULTILINE | ES_AUTOVSCROLL | ES_AUTOHSCROLL | ES_WANTRETURN |
-                      ES_NOHIDESEL;
-  window_ = CreateWindowExW(WS_EX_CLIENTEDGE, MSFTEDIT_CLASS, L"", style, 0, 0, 0, 0, parent,
-                            reinterpret_cast<HMENU>(static_cast<INT_PTR>(control)),
-                            GetModuleHandleW(nullptr), nullptr);
+  window_ = CreatePageControl(parent, control, true);
   if (window_ == nullptr) return false;
-  Send(EM_EXLIMITTEXT, 0, kLargestText);
-  // One font for everything: no other one for Latin letters, none by the keyboard's language.
-  Send(EM_SETLANGOPTIONS, 0,
-       Send(EM_GETLANGOPTIONS) & ~static_cast<LRESULT>(IMF_AUTOFONT | IMF_DUALFONT));
-  // No word wrap: formatted for an endlessly wide device.
-  Send(EM_SETTARGETDEVICE, 0, 1);
-  Send(EM_SETBKGNDCOLOR, FALSE, kPageGround);
-  SetDefaultFormat();
+  surface_.Look(LookOf(window_));
+  look_zoom_ = ZoomOf(window_);
   Send(EM_SETEVENTMASK, 0, ENM_SELCHANGE);
   return surface_.CreateOver(window_) &&
          SetWindowSubclass(window_, &RichEditView::Procedure, 1,
@@ -103,18 +85,6 @@ bool RichEditView::Create(HWND parent, int control, std::function<void()> select
 void RichEditView::TabStop(bool stop) {
   const LONG_PTR style = GetWindowLongPtrW(window_, GWL_STYLE);
   SetWindowLongPtrW(window_, GWL_STYLE, stop ? style | WS_TABSTOP : style & ~LONG_PTR{WS_TABSTOP});
-}
-
-void RichEditView::SetDefaultFormat() {
-  CHARFORMAT2W format = EmptyFormat();
-  format.dwMask = CFM_FACE | CFM_SIZE | CFM_CHARSET | CFM_COLOR | CFM_BACKCOLOR | CFM_BOLD;
-  format.dwEffects = CFE_AUTOBACKCOLOR;
-  format.yHeight = kViewFontPoints * kTwipsPerPoint;
-  format.crTextColor = kPageText;
-  format.bCharSet = kViewFontCharset;
-  std::ranges::copy(kViewFontName, format.szFaceName);
-  Send(EM_SETCHARFORMAT, SCF_DEFAULT, reinterpret_cast<LPARAM>(&format));
-  Send(EM_SETCHARFORMAT, SCF_ALL, reinterpret_cast<LPARAM>(&format));
 }
 
 String RichEditView::ControlText() const {
@@ -133,11 +103,13 @@ String RichEditView::ControlText() const {
 String RichEditView::Text() const { return live_ ? page_->text : WithPageLineEnds(ControlText()); }
 
 void RichEditView::Text(StringView text) {
+  if (live_ && locked_) {
+    ShowPlain(text);
+    return;
+  }
   LeavePage();
   const Write write(*this);
-  SetWindowTextW(window_, Wide(String(text)));
-  SetDefaultFormat();
-  Send(EM_EMPTYUNDOBUFFER);
+  SetPlainText(window_, text);
 }
 
 std::string RichEditView::ContentRtf() const {
@@ -179,6 +151,12 @@ CHARRANGE RichEditView::Selection() const {
 void RichEditView::Select(std::size_t start, std::size_t end) {
   CHARRANGE range{static_cast<LONG>(start), static_cast<LONG>(end)};
   Send(EM_EXSETSEL, 0, reinterpret_cast<LPARAM>(&range));
+}
+
+void RichEditView::DropSelectionAndUndo() {
+  const Write write(*this);
+  Select(0, 0);
+  Send(EM_EMPTYUNDOBUFFER);
 }
 
 void RichEditView::SelStart(std::int32_t position) {
@@ -247,7 +225,7 @@ String RichEditView::SelRTF() const { return WideText(StreamOut(window_, SF_RTF 
 
 void RichEditView::Locked(bool locked) {
   // A lock begins a run, whose pages are live.
-  locked ? surface_.TakeMemory() : FillControl();
+  locked ? PrepareLivePages() : FillControl();
   locked_ = locked;
   Send(EM_SETREADONLY, locked || live_);
 }

@@ -5,6 +5,7 @@
 #include "platform/code_page.h"
 #include "platform/rich_text_view.h"
 #include "platform/windows/rich_text/live_surface.h"
+#include "platform/windows/rich_text/page_control.h"
 #include "platform/windows/system/handle.h"
 
 namespace tolvane::platform::windows {
@@ -13,10 +14,11 @@ namespace tolvane::platform::windows {
 /// outside this class sees that.
 ///
 /// While the view is locked, a swapped page is *live*: it is shown by a surface laid over the
-/// control and stands in the page alone, the control being empty. The control gets it when the lock
-/// is taken off or when something needs the control itself; from then to the next swap the control
-/// holds the content. Every message to the control, the program's own included, passes
-/// HandleMessage, which answers for its text and fills it before a message that needs the content.
+/// control and stands in the page alone; the control keeps what it held before, which nobody sees.
+/// The control gets the page when the lock is taken off or when something needs the control itself;
+/// from then to the next swap the control holds the content. Every message to the control, the
+/// program's own included, passes HandleMessage, which answers for its text and fills it before a
+/// message that needs the content.
 ///
 /// What the program writes raises no notification of the control at once: a change of the selection
 /// that it causes is told afterwards through `selection_changed`, which must not call back into the
@@ -71,16 +73,18 @@ class RichEditView final : public RichTextView {
   LRESULT HandleLiveMessage(UINT message, WPARAM wparam, LPARAM lparam);
   LRESULT CopyPageText(WPARAM room, LPARAM target) const;
   [[nodiscard]] bool KeyOnPage(WPARAM key);
+  void PrepareLivePages();
+  void TakeLook();
   void EnterPage();
+  void ShowPlain(StringView text);
   void LeavePage();
   void FillControl();
   void FillForReader();
-  [[nodiscard]] PageLook MeasureControl();
 
-  void SetDefaultFormat();
   [[nodiscard]] String ControlText() const;
   [[nodiscard]] CHARRANGE Selection() const;
   void Select(std::size_t start, std::size_t end);
+  void DropSelectionAndUndo();
   [[nodiscard]] std::string ContentRtf() const;
   /// False when the control cannot take it; what it then holds is anything.
   [[nodiscard]] bool ReplaceContent(std::string_view rtf);
@@ -94,7 +98,8 @@ class RichEditView final : public RichTextView {
   LiveSurface surface_;
   std::unique_ptr<RichTextPage> page_ = std::make_unique<RichTextPage>();  // as last swapped
   HWND window_ = nullptr;
-  bool live_ = false;                // the content is `page_`, and the control is empty
+  Zoom look_zoom_;                   // of the control when the surface took its look
+  bool live_ = false;                // the content is `page_`, whatever the control holds
   ULONGLONG filled_for_reader_ = 0;  // ms of the system's uptime
   int writing_ = 0;
   mutable int sending_ = 0;  // messages of the view's own that are on their way

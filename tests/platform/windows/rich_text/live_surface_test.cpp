@@ -137,6 +137,16 @@ TEST_F(LiveSurfaceTest, BothFacesAreBlackOnWhiteWhateverTheSystemsColours) {
   EXPECT_FALSE(control.Has(all, kLight));
 }
 
+TEST_F(LiveSurfaceTest, LooksAsTheControlDoesWhereTheUserHasZoomed) {
+  RichTextPage page;
+  page.text = u"ID  DLC\r\n1A0  8   01 02\r\n受信除外 100 - 1FF\r\n";
+  page.colours.Paint(9, 12, 0x0000FF);
+  page.backgrounds.Paint(0, 2, 0xA3FAFF);
+  ASSERT_TRUE(Send(EM_SETZOOM, 3, 2));
+  view_.Locked(true);
+  EXPECT_EQ(Difference(page, u"zoomed"), 0);
+}
+
 TEST_F(LiveSurfaceTest, LooksAsTheControlDoesWithoutScrollBars) {
   RichTextPage page;
   page.text = u"ID  DLC\r\n\r\n1A0  8   01 02\r\n受信除外 100 - 1FF";
@@ -309,6 +319,15 @@ TEST_F(LiveSurfaceTest, ATickThatIsShownAllocatesNothingInTheSteadyState) {
   for (int i = 0; i < 3; ++i) tick();
   const std::int64_t before = counting::Allocations();
   for (int i = 0; i < 10; ++i) tick();
+  EXPECT_EQ(counting::Allocations() - before, 0);
+}
+
+TEST_F(LiveSurfaceTest, TheFirstTickOfALongPageAllocatesNothingEither) {
+  auto page = Page(Lines(4001));
+  page->colours.Paint(0, 3, 0x0000FF);
+  const std::int64_t before = counting::Allocations();
+  view_.SwapPage(page);
+  view_.Refresh();
   EXPECT_EQ(counting::Allocations() - before, 0);
 }
 
