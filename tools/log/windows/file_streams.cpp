@@ -1,24 +1,21 @@
-#include "tools/log/windows/file_bytes.h"
+#include "tools/log/windows/file_streams.h"
 
 #include <algorithm>
 #include <string>
+
+#include "platform/windows/system/file_bytes.h"
+#include "tools/drive/text.h"
 
 namespace tolvane::logtool {
 
 namespace {
 
-// No call takes more than this, which the functions count in 32 bits; consoles take less.
+// No call takes more than this.
 constexpr std::size_t kPiece_MAX = std::size_t{1} << 20;
 constexpr std::size_t kConsolePiece_MAX = 8192;
 
-bool WriteAll(HANDLE file, std::string_view bytes) {
-  while (!bytes.empty()) {
-    const auto piece = static_cast<DWORD>(std::min(bytes.size(), kPiece_MAX));
-    DWORD written = 0;
-    if (!WriteFile(file, bytes.data(), piece, &written, nullptr) || written == 0) return false;
-    bytes.remove_prefix(written);
-  }
-  return true;
+bool WriteBytes(const FileHandle& file, std::string_view bytes) {
+  return platform::windows::WriteAll(file, std::as_bytes(std::span(bytes)));
 }
 
 bool WriteToConsole(HANDLE console, std::wstring_view text) {
@@ -42,23 +39,23 @@ std::optional<std::size_t> FileSource::Read(std::span<char> room) {
   return read;
 }
 
-bool FileSink::Write(std::string_view bytes) { return WriteAll(file_.Get(), bytes); }
+bool FileSource::SkipToLast(std::size_t bytes) {
+  LARGE_INTEGER place;
+  place.QuadPart = -static_cast<LONGLONG>(bytes);
+  if (SetFilePointerEx(file_.Get(), place, nullptr, FILE_END)) return true;
+  return SetFilePointerEx(file_.Get(), {}, nullptr, FILE_BEGIN) != FALSE;
+}
+
+bool FileSink::Write(std::string_view bytes) { return WriteBytes(file_, bytes); }
 
 StandardSink::StandardSink(DWORD stream) : stream_(GetStdHandle(stream)) {
   DWORD mode;
-  is_console_ = GetConsoleMode(stream_, &mode) != FALSE;
+  is_console_ = GetConsoleMode(stream_.Get(), &mode) != FALSE;
 }
 
 bool StandardSink::Write(std::string_view bytes) {
-  return is_console_ ? WriteToConsole(stream_, WideOf(bytes)) : WriteAll(stream_, bytes);
-}
-
-std::wstring WideOf(std::string_view utf8) {
-  const int length = static_cast<int>(utf8.size());
-  std::wstring text(utf8.size(), L'\0');  // never more units than bytes
-  const int units = MultiByteToWideChar(CP_UTF8, 0, utf8.data(), length, text.data(), length);
-  text.resize(static_cast<std::size_t>(units));
-  return text;
+  return is_console_ ? WriteToConsole(stream_.Get(), window::Wide(bytes))
+                     : WriteBytes(stream_, bytes);
 }
 
 }  // namespace tolvane::logtool
