@@ -19,6 +19,7 @@ COLUMNS_11, COLUMNS_29 = b"[ms] , ID  ,DLC,  D1,D2,D3,D4,D5,D6,D7,D8", b"[ms] , 
 BIT_RATE = b",,,bit rate"
 RATE = re.compile(rb"(?P<number>\d+)(?P<unit>[kM]) bps")
 KILOBITS = {b"k": 1, b"M": 1000}
+RATES = (10, 20, 50, 100, 125, 250, 500, 800, 1000)  # kbit/s, those of the program's settings
 RECORD = re.compile(
     rb" *(?P<time>-?(?:\d+\.?\d*|\.\d+)(?:E[+-]?\d+)?) , (?:(?P<mark>[* ]) , )?"
     rb"(?P<identifier>[0-9A-Fa-f]+) , (?P<length>-?\d+)(?: ,  (?P<data>[0-9A-Fa-f]{2}(?:,[0-9A-Fa-f]{2}){0,7}))?")
@@ -99,6 +100,8 @@ class Log:
         self.head, self.head_lines = head
         self.lines = lines[self.head_lines:]
         self.marked, self.rate = self.head.marked, self.head.rate()
+        if self.rate is not None and self.rate not in RATES:
+            raise rec.Refused(f"{path}, line 3: a bus of {self.rate} kbit/s, and the program's settings have no such rate")
         adapter = self.head.adapter.split(b" ")[0].lower()
         self.adapter = adapter.decode() if adapter in (b"canusb", b"interface") else "kvaser"
 
@@ -150,7 +153,10 @@ def follower_name(path: pathlib.Path) -> pathlib.Path | None:
     own = place(path.name)
     if own is None:
         return None
-    later = [(at, name) for name in path.parent.iterdir() if (at := place(name.name)) is not None and at > own]
+    try:
+        later = [(at, name) for name in path.parent.iterdir() if (at := place(name.name)) is not None and at > own]
+    except OSError as error:
+        raise rec.Refused(f"the logs beside {path} cannot be listed: {error.strerror}") from None
     return min(later)[1] if later else None
 
 

@@ -7,13 +7,11 @@
 #include "logging/spreadsheet_server.h"
 #include "platform/memory/rich_text/rtf_reader.h"
 #include "tests/fuzz/input.h"
+#include "tests/helpers/installed_program.h"
 #include "view/page_rtf.h"
 
 namespace tolvane::fuzz {
 namespace {
-
-const String kFolder = u"C:\\Tolvane";
-const String kSystem = u"C:\\Windows\\System32";
 
 /// Each line end two characters, as it comes out of rich text.
 String WithWholeLineEnds(StringView text) {
@@ -49,11 +47,7 @@ std::vector<std::int32_t> ColourByCharacter(const platform::ColourRuns& runs, St
 
 HostileMachine::HostileMachine(const std::string& config, std::optional<std::int32_t> version)
     : servers(version), form(Platform(), memory.MainWindow(), kFolder) {
-  memory.files.AddFolder(memory.folders.Desktop());
-  memory.files.AddFile(kFolder + u"\\qxt100.dll", "MZ");
-  for (const StringView library : {u"\\canusbdrv.dll", u"\\IFCan.dll", u"\\canlib32.dll"}) {
-    memory.files.AddFile(kSystem + String(library), "MZ");
-  }
+  InstallProgram(memory);
   memory.files.AddFile(kFolder + u"\\config.dat", config);
   memory.message_box.Answer(true);
   memory.canusbdrv.serials = {"TV100001"};
@@ -140,9 +134,7 @@ bool HostileMachine::IsLeft() {
 }
 
 void HostileMachine::Tick() {
-  for (auto* timer : {&memory.FormBG, &memory.FormBG2, &memory.FormBG_29, &memory.FormBG2_29}) {
-    timer->Tick();
-  }
+  for (auto* timer : TimersOf(memory)) timer->Tick();
 }
 
 void HostileMachine::EndSession() {
@@ -168,10 +160,7 @@ void HostileMachine::JudgeRun() const {
   Require(window.menu_common_setting.Enabled() && window.menu_opt_function1.Enabled() &&
           window.menu_opt_log1.Enabled() && window.Cmb_Serect_Device.Enabled());
   Require(!memory.RTB_MainView.Locked() && !window.TB_LogComment.Locked());
-  for (const auto* timer :
-       {&memory.FormBG, &memory.FormBG2, &memory.FormBG_29, &memory.FormBG2_29}) {
-    Require(!timer->Enabled());
-  }
+  for (const auto* timer : TimersOf(memory)) Require(!timer->Enabled());
   Require(memory.run_protection.Begins() == memory.run_protection.Ends());
 }
 
@@ -190,7 +179,7 @@ void HostileMachine::JudgeLog() const {
   } else if (logs.failures > 0 && logs.whole_since < 2) {
     Require(session_ended_ || logs.lines <= taken_);
   } else if (session_ended_) {
-    // A file that was in the midst of being written holds the same lines once more.
+    // A file that was just being written holds the same lines once more.
     Require(logs.lines >= taken_);
   } else {
     Require(logs.lines == taken_);

@@ -15,8 +15,8 @@ namespace tolvane::soak {
 [[nodiscard]] std::string FilesByHour(const std::vector<std::filesystem::path>& logs);
 
 /// Gives each log that has an hour's last number, 1000, a name of its own, before the program
-/// writes the next one over it. That takes it a second on a full bus, and may be in the midst of
-/// the file: it goes on writing to the file, whatever the name.
+/// writes the next one over it, which it does after a second on a full bus. A program that is just
+/// writing the file goes on writing to it, whatever its name.
 class LastNumbers {
  public:
   explicit LastNumbers(std::filesystem::path folder) : folder_(std::move(folder)) {}
