@@ -4,9 +4,11 @@
 # shellcheck disable=SC2154 # opt is from options.sh
 : "${build:?common.sh comes first}"
 
-# bench_options IDS-TEXT CLOCK-START: the options that every run on the bench has.
+# bench_options IDS-TEXT CLOCK-START [ADAPTER-TEXT]: the options that every run on the bench has.
 bench_options() {
-  option adapter A "canusb|interface|kvaser" canusb "the adapter that is plugged in: canusb, interface or kvaser"
+  option adapter A "canusb|interface|kvaser" "" \
+    "the adapter that is plugged in: ${3:-canusb unless told otherwise, interface or kvaser}"
+  opt[adapter]=canusb
   option ids BITS "11|29|both" "" "$1"
   opt[ids]=11
   option clock-start N 0..4294967295 "$2" "where the adapter's clock stands when the run begins, in its own \

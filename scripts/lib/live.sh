@@ -4,6 +4,8 @@
 # shellcheck disable=SC2154 # folder is set by whoever starts the program
 : "${build:?common.sh comes first}"
 
+live_file_size="8 MiB"
+
 # live_take: the standard input is the live bus, and nothing that the script starts reads from it.
 live_take() {
   [[ -e /dev/stdin && ! -d /dev/stdin && ! -t 0 ]] ||
@@ -26,7 +28,11 @@ live_counts() {
   run=$(grep ' run ' "$1" | tail -n 1) && lines=$(grep ' live ' "$1" | tail -n 1) || return 0
   [[ $run =~ delivered=([0-9]+)\ dropped=([0-9]+) ]] || return 0
   local delivered=${BASH_REMATCH[1]} dropped=${BASH_REMATCH[2]}
-  [[ $lines =~ frames=([0-9]+)\ refused_lines=([0-9]+) ]] || return 0
-  say "$(counted "${BASH_REMATCH[1]}" frame) came: $delivered received," \
-    "$dropped dropped as the adapter's queue was full; $(counted "${BASH_REMATCH[2]}" "bad line") left out"
+  [[ $lines =~ frames=([0-9]+)\ refused_lines=([0-9]+)\ files_passed_over=([0-9]+) ]] || return 0
+  local frames=${BASH_REMATCH[1]} refused=${BASH_REMATCH[2]} passed_over=${BASH_REMATCH[3]}
+  say "$(counted "$frames" frame) came: $delivered received," \
+    "$dropped dropped as the adapter's queue was full; $(counted "$refused" "bad line") left out"
+  [ "$passed_over" -eq 0 ] ||
+    say "lines have come faster than the adapter took them: $(counted "$passed_over" file) of them," \
+      "of $live_file_size each, went unread"
 }

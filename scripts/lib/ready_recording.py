@@ -24,7 +24,8 @@ import run_logs
 from contents import Contents
 from counted import counted
 
-HEAD_BYTES = 128
+HEAD_BYTES = 4096
+WORKBOOKS = (".xls", ".xlsx")
 GZIP = b"\x1f\x8b"  # the first bytes of what is compressed
 NEEDS_PYTHON_CAN = 3
 PROGRESS_FRAMES, PROGRESS_SECONDS = 10_000, 5
@@ -33,7 +34,7 @@ PROGRESS_FRAMES, PROGRESS_SECONDS = 10_000, 5
 class Candump:
     """What the bench plays as it is."""
     plays_itself = True
-    adapter, rate, followers, cut, noun = "canusb", None, 0, "", "line"
+    adapter, rate, followers, missing, cut, noun = "canusb", None, 0, "", "", "line"
 
     def __init__(self, path: str) -> None:
         self.path = path
@@ -55,6 +56,11 @@ class RunLogs:
     @property
     def followers(self) -> int:
         return self.run.files - 1
+
+    @property
+    def missing(self) -> str:
+        places = self.run.missing
+        return f"; files seem to be missing, by the names, {', '.join(places)}" if places else ""
 
     def frames(self) -> Iterator[rec.Frame | rec.BadLine]:
         return self.run.frames()
@@ -89,6 +95,8 @@ def source_of(path: str):
         raise rec.Refused(f"{path} is compressed, and {own} is not read so: unpack it first")
     if run_logs.is_log(head):
         return RunLogs(path)
+    if path.lower().endswith(WORKBOOKS):
+        raise rec.Refused(f"{path} is a workbook, and only csv logs are played; have it saved as one")
     if not form:
         return Candump(path)
     if not head:
@@ -129,7 +137,7 @@ def read_through(source, path: str, out) -> Contents:
 
 def facts(source, contents: Contents, path: str, converted: str) -> Iterator[tuple[str, str]]:
     followers = f", with {counted(source.followers, 'file')} that {'follows' if source.followers == 1 else 'follow'} it"
-    yield "say", contents.summary() + (followers if source.followers else "") + source.cut
+    yield "say", contents.summary() + (followers if source.followers else "") + source.missing + source.cut
     yield "play", os.path.realpath(path if source.plays_itself else converted)
     yield "ids", source.ids(contents.ids()) if isinstance(source, RunLogs) else contents.ids()
     yield "adapter", contents.adapter(source.adapter)

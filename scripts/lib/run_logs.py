@@ -1,25 +1,90 @@
 """The program's own csv logs, read back as a recording: the files of a run in order. docs/formats.md tells their
-form."""
+form. tools/log reads them too; the tables tests/tools/log/*.inc hold the two together."""
 
 import pathlib
 import re
 from collections.abc import Iterator
+from typing import NamedTuple
 
 import recording as rec
 
-HEAD_LINES = 8
 RECORDS_PER_FILE = 20_001
 FIRST_WORDS = b"Tolvane Ver"
 NAME = re.compile(r"KL(?P<hour>\d{8})-(?P<number>\d{3,4})\.csv", re.IGNORECASE)
-# The head is in a code page of Japan, and what is looked for in it is not.
-COLUMNS_11, COLUMNS_29 = b" , ID  ,DLC,  D1,", b" , E ,    ID    ,DLC,  D1,"
-RATE = re.compile(rb",(?P<number>\d+)(?P<unit>[kM]) bps\s*$")
+# The head is in a code page of Japan, and what is looked for in it is not. Only a settings file brings line ends into
+# a comment, which has fifty characters.
+WRITTEN_LINE, ADAPTER_LINE, COMMENT_LINE, COLUMNS_LINE = 2, 3, 5, 7
+HEAD_LINES_MAX = COLUMNS_LINE + 1 + 50
+COLUMNS_11, COLUMNS_29 = b"[ms] , ID  ,DLC,  D1,D2,D3,D4,D5,D6,D7,D8", b"[ms] , E ,    ID    ,DLC,  D1,D2,D3,D4,D5,D6,D7,D8"
+BIT_RATE = b",,,bit rate"
+RATE = re.compile(rb"(?P<number>\d+)(?P<unit>[kM]) bps")
 KILOBITS = {b"k": 1, b"M": 1000}
 RATES = (10, 20, 50, 100, 125, 250, 500, 800, 1000)  # kbit/s, those of the program's settings
-# The zeros that identifiers of 29 bits have lost stand ahead of a record in a later file.
 RECORD = re.compile(
-    rb"0*? *(?P<time>-?(?:0|[1-9]\d{0,14})(?:\.\d{1,15})?(?:E-\d{1,3})?) , (?:(?P<mark>[* ]) , )?"
-    rb"(?P<identifier>[0-9A-F]{1,8}) , (?P<length>\d{1,2})(?: ,  (?P<data>[0-9A-F]{2}(?:,[0-9A-F]{2}){0,7}))?")
+    rb" *(?P<time>-?(?:\d+\.?\d*|\.\d+)(?:E[+-]?\d+)?) , (?:(?P<mark>[* ]) , )?"
+    rb"(?P<identifier>[0-9A-Fa-f]+) , (?P<length>-?\d+)(?: ,  (?P<data>[0-9A-Fa-f]{2}(?:,[0-9A-Fa-f]{2}){0,7}))?")
+LONGEST_TIME = 1e13  # ms
+LENGTH_MAX = 2**31 - 1
+
+
+class Head(NamedTuple):
+    """What stands ahead of the records."""
+    program: bytes
+    bit_rate: bytes
+    adapter: bytes
+    comment: bytes
+    marked: bool  # 29-bit mode
+
+    def rate(self) -> int | None:
+        """kbit/s."""
+        match = RATE.fullmatch(self.bit_rate.strip())
+        return int(match["number"]) * KILOBITS[match["unit"]] if match else None
+
+
+def read_head(lines: list[bytes]) -> tuple[Head, int] | None:
+    """And how many lines it has. None when the line of the columns, by which a log is known, does not come."""
+    for at, line in enumerate(lines[:HEAD_LINES_MAX]):
+        marked = line.endswith(COLUMNS_29)
+        if marked or line.endswith(COLUMNS_11):
+            ahead = lines[:at] + [b""] * (COMMENT_LINE - at)
+            rate = ahead[WRITTEN_LINE].partition(BIT_RATE)[2].partition(b",")[2]
+            comment = b" ".join(ahead[COMMENT_LINE:at - (COLUMNS_LINE - COMMENT_LINE - 1)])
+            return Head(ahead[0].partition(b",,,")[0], rate, ahead[ADAPTER_LINE], comment, marked), at + 1
+    return None
+
+
+class Record(NamedTuple):
+    milliseconds: float
+    identifier: int
+    extended: bool
+    length: int  # as the adapter told it
+    data: bytes
+
+
+def read_record(line: bytes, marked: bool) -> Record | None:
+    """None when the line is no record."""
+    # The zeros that identifiers of 29 bits have lost stand ahead of a record in a later file. Times are padded with
+    # blanks, so one that begins the line with a zero of its own has a period behind it.
+    bare = line.lstrip(b"0")
+    if bare.startswith(b".") and bare != line:
+        bare = b"0" + bare
+    if bare != line and not marked:
+        return None
+    match = RECORD.fullmatch(bare)
+    if match is None or (match["mark"] is not None) != marked:
+        return None
+    time, identifier, length = float(match["time"]), int(match["identifier"], 16), int(match["length"])
+    extended = match["mark"] == b"*"
+    data = bytes.fromhex((match["data"] or b"").replace(b",", b"").decode())
+    highest = rec.MAX_EXTENDED if extended else rec.MAX_STANDARD
+    if abs(time) > LONGEST_TIME or identifier > highest or abs(length) > LENGTH_MAX or len(data) != min(max(length, 0), 8):
+        return None
+    return Record(time, identifier, extended, length, data)
+
+
+def is_block(line: bytes, marked: bool) -> bool:
+    """Zeros that no record follows, as the last file of a run can have them, or an empty line."""
+    return not line.strip(b"0") and (marked or not line)
 
 
 class Log:
@@ -28,57 +93,63 @@ class Log:
     def __init__(self, path: pathlib.Path) -> None:
         self.path = path
         with rec.opened(str(path)) as file:
-            self.lines = file.read().split(b"\n")
-        head = self.lines[:HEAD_LINES]
-        if len(head) < HEAD_LINES or not head[0].startswith(FIRST_WORDS) or b"DLC," not in head[-1]:
-            raise rec.Refused(f"{path} has not the eight lines at the head of a log")
-        self.marked = COLUMNS_29 in head[-1]
-        rate = RATE.search(head[2].rstrip(b"\r"))
-        self.rate = int(rate["number"]) * KILOBITS[rate["unit"]] if rate else None
+            lines = [line.removesuffix(b"\r") for line in file.read().split(b"\n")]
+        head = read_head(lines)
+        if head is None:
+            raise rec.Refused(f"{path} has not the line of columns at the head of a log")
+        self.head, self.head_lines = head
+        self.lines = lines[self.head_lines:]
+        self.marked, self.rate = self.head.marked, self.head.rate()
         if self.rate is not None and self.rate not in RATES:
             raise rec.Refused(f"{path}, line 3: a bus of {self.rate} kbit/s, and the program's settings have no such rate")
-        adapter = head[3].split(b" ")[0].lower()
+        adapter = self.head.adapter.split(b" ")[0].lower()
         self.adapter = adapter.decode() if adapter in (b"canusb", b"interface") else "kvaser"
-        # All but the moment of writing, which is ahead of the rate.
-        self.run = (head[0], head[2].partition(b",")[2], *head[3:])
-
-    def records(self) -> list[bytes]:
-        return self.lines[HEAD_LINES:]
 
     def full(self) -> bool:
         """The program has then begun another file; the last line ends like all others."""
-        return len(self.lines) - HEAD_LINES - 1 >= RECORDS_PER_FILE
+        return len(self.lines) - 1 >= RECORDS_PER_FILE
 
     def frame(self, line: bytes, number: int) -> rec.Frame | None:
-        """None when the line is no record."""
-        match = RECORD.fullmatch(line)
-        if match is None or (match["mark"] is not None) != self.marked:
+        """None when the line is no record, or one with a length that no recording has."""
+        record = read_record(line, self.marked)
+        if record is None or not 0 <= record.length <= 15:
             return None
-        identifier, length = int(match["identifier"], 16), int(match["length"])
-        extended = match["mark"] == b"*"
-        data = bytes.fromhex((match["data"] or b"").replace(b",", b"").decode())
-        if identifier > (rec.MAX_EXTENDED if extended else rec.MAX_STANDARD) or length > 15 or len(data) != min(length, 8):
-            return None
-        return rec.Frame(round(float(match["time"]) * 1000), identifier, extended, data, "data", length, number)
+        return rec.Frame(round(record.milliseconds * 1000), record.identifier, record.extended, record.data, "data",
+                         record.length, number)
 
-    def first_time(self) -> int | None:
-        for line in self.records():
-            frame = self.frame(line.rstrip(b"\r"), 0)
-            if frame is not None:
-                return frame.microseconds
-        return None
+    def times(self) -> Iterator[float]:
+        return (record.milliseconds for line in self.lines if (record := read_record(line, self.marked)))
+
+    def first_time(self) -> float | None:
+        return next(self.times(), None)
 
 
 def is_log(first_bytes: bytes) -> bool:
-    return first_bytes.startswith(FIRST_WORDS)
+    """Whether a file begins like a log, by its title or its columns."""
+    return first_bytes.startswith(FIRST_WORDS) or COLUMNS_11 in first_bytes or COLUMNS_29 in first_bytes
+
+
+def goes_on(log: Log, before: Log, last_time: float | None) -> bool:
+    """Whether a file is of the run of the one ahead of it, which ends at this time; None when nothing of the run has a
+    record. A run begins with another head, where the time goes back, and at 0 unless all its times are."""
+    if log.head != before.head:
+        return False
+    first = log.first_time()
+    if first is None:
+        return True
+    if first == 0:
+        return last_time == 0 and before.full()
+    return last_time is None or first >= last_time
+
+
+def place(name: str) -> tuple[str, int] | None:
+    """The hour and the number of a log's name."""
+    match = NAME.fullmatch(name)
+    return (match["hour"], int(match["number"])) if match else None
 
 
 def follower_name(path: pathlib.Path) -> pathlib.Path | None:
     """The log that was begun next in its folder. Names begin with the hour, and the number grows within it."""
-    def place(name: str) -> tuple[str, int] | None:
-        match = NAME.fullmatch(name)
-        return (match["hour"], int(match["number"])) if match else None
-
     own = place(path.name)
     if own is None:
         return None
@@ -89,14 +160,21 @@ def follower_name(path: pathlib.Path) -> pathlib.Path | None:
     return min(later)[1] if later else None
 
 
+def numbers_between(before: pathlib.Path, path: pathlib.Path) -> int:
+    """How many numbers the program has given between two logs of a run; it begins at 1 in each hour."""
+    first, second = place(before.name), place(path.name)
+    return max(0, second[1] - (first[1] if first[0] == second[0] else 0) - 1)
+
+
 class Run:
-    """The named log and those that go on from it: a full file is followed by the next one of its folder, if that has the
-    same head and does not begin anew."""
+    """The named log and those that go on from it: a full file is followed by the next one of its folder, if that is of
+    the same run."""
 
     def __init__(self, path: str) -> None:
         self.first = Log(pathlib.Path(path))
         self.files = 0
-        self.last_time = 0
+        self.missing: list[str] = []
+        self.last_time: float | None = None
 
     def frames(self) -> Iterator[rec.Frame | rec.BadLine]:
         log: Log | None = self.first
@@ -106,13 +184,12 @@ class Run:
             log = self.next(log)
 
     def frames_of(self, log: Log) -> Iterator[rec.Frame | rec.BadLine]:
-        for number, line in enumerate(log.records(), HEAD_LINES + 1):
-            line = line.rstrip(b"\r")
+        for number, line in enumerate(log.lines, log.head_lines + 1):
             frame = log.frame(line, number)
             if frame is not None:
-                self.last_time = frame.microseconds
+                self.last_time = frame.microseconds / 1000
                 yield frame
-            elif line:
+            elif not is_block(line, log.marked):
                 yield rec.BadLine(number, line, log.path.name)
 
     def next(self, log: Log) -> Log | None:
@@ -123,6 +200,8 @@ class Run:
             follower = Log(name)
         except rec.Refused:
             return None
-        time = follower.first_time()
-        goes_on = time is not None and time >= self.last_time
-        return follower if goes_on and follower.run == log.run else None
+        if not goes_on(follower, log, self.last_time):
+            return None
+        if numbers_between(log.path, name) > 0:
+            self.missing.append(f"between {log.path.name} and {name.name}")
+        return follower

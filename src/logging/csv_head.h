@@ -1,12 +1,21 @@
 #pragma once
 
+#include <cstddef>
+
 #include "platform/string.h"
 
 namespace tolvane {
 
-// The head of a csv file. Lines 1 and 2: title, copyright and home page, and nothing. Line 3: the
-// moment of writing, kCsvBitRate, the bit rate. Line 4: the adapter. Line 6: the comment. Line 8:
-// the columns. Behind each of them, and between, CR LF.
+// The head of a csv file. Its first line: title, copyright and home page. Then, with an empty line
+// where none is named: the moment of writing, kCsvBitRate and the bit rate; the adapter; the
+// comment; the columns. Behind each line, CR LF.
+
+// Lines, from 0.
+inline constexpr std::size_t kCsvWrittenLine = 2;
+inline constexpr std::size_t kCsvAdapterLine = 3;
+inline constexpr std::size_t kCsvCommentLine = 5;
+inline constexpr std::size_t kCsvColumnsLine = 7;
+inline constexpr std::size_t kCsvHeadLines = kCsvColumnsLine + 1;
 
 inline constexpr StringView kCsvCopyrightGap = u",,,";
 inline constexpr StringView kCsvHomePageGap = u",,,,";

@@ -100,7 +100,7 @@ String Excel_OutputDB::FreeLogPath(ELM327_Info& device, const platform::LocalTim
   const ShortText date = DateHourText(now);
   std::int32_t number = 1;
   if (date.View() == FileName_Date) number = FileNumber(FileName_No);
-  folder.append(u"\\").append(kLogPrefix).append(date).append(u"-");
+  folder.append(u"\\").append(kLogPrefix).append(date).append(kLogNumberGap);
   NumberedPath found = FindFreePath(services_.files, folder, extension, number, events);
   // Both are set after the yields of the search, so a flush nested in one of those begins at 1 too.
   FileName_Date = date.View();

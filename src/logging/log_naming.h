@@ -12,8 +12,9 @@ namespace tolvane {
 
 // How log files and snapshots find their folder and a free name.
 
-// A log's name is its prefix, DateHourText, a hyphen, FileNumberText and its extension.
+// A log's name is its prefix, DateHourText, kLogNumberGap, FileNumberText and its extension.
 inline constexpr StringView kLogPrefix = u"KL";
+inline constexpr StringView kLogNumberGap = u"-";
 inline constexpr StringView kCsvExtension = u".csv";
 
 constexpr std::int32_t kFileNumber_MAX = 1000;  // the search for a free name stops here
@@ -37,7 +38,9 @@ constexpr std::size_t kWorkbookFolder_MAX = kWorkbookPath_MAX - kLongestLogName;
 [[nodiscard]] String BaseFolder(std::int32_t mode, String& path, const String& executable_folder,
                                 platform::FileServices& files, platform::SpecialFolders& folders);
 
-/// "yymmddhh".
+constexpr std::size_t kDateHourDigits = StringView(u"yymmddhh").size();
+
+/// Of kDateHourDigits digits.
 [[nodiscard]] ShortText DateHourText(const platform::LocalTime& time);
 
 constexpr std::size_t kFileNumberDigits = 3;

@@ -98,6 +98,10 @@ class Options(Place):
                 self.assertEqual((0, "", []), (ended.status, ended.errors, ended.begun), (name, words))
                 self.assertTrue(ended.said.startswith(f"usage: {path_of(name)} "), ended.said)
 
+    def test_the_help_of_the_demo_tells_that_a_recording_chooses_the_adapter(self):
+        said = " ".join(self.run_script("demo", "--help").said.split())
+        self.assertIn("interface or kvaser; unless told otherwise what the recording asks for, or canusb --ids", said)
+
     def test_help_needs_no_folder_that_can_be_written(self):
         self.assertEqual(0, self.run_script("demo", "--help", user=NOBODY if os.geteuid() == 0 else None).status)
 

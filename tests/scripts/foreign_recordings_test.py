@@ -60,6 +60,13 @@ class OfPythonCan(Readied):
         self.assertEqual(DATA, self.played(path))
         self.assertEqual("canusb", self.facts(path)["adapter"])
 
+    def test_a_candump_recording_is_played_as_it_is(self):
+        path = self.written(".log", messages())
+        self.assertEqual(path, self.facts(path)["play"])
+        # There an error frame is one of the bus, and a remote frame has no length.
+        frames = [line.split()[2].replace("20000000#", "20000080#").replace("#R4", "#R") for line in DATA + OTHERS + SENT]
+        self.assertEqual(frames, [line.split()[2] for line in self.played(path)])
+
     def test_a_compressed_one_is_read(self):
         plain = self.written(".asc", messages())
         with open(plain, "rb") as file, gzip.open(plain + ".gz", "wb") as packed:

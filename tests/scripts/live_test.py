@@ -64,6 +64,8 @@ class Feed(unittest.TestCase):
         header = (PROJECT / "simulator/live_text.h").read_text(encoding="utf-8")
         size = re.search(r"kSegment = ([0-9']+);", header)[1].replace("'", "")
         self.assertEqual(int(size), live_feed.SEGMENT)
+        script = (PROJECT / "scripts/lib/live.sh").read_text(encoding="utf-8")
+        self.assertIn(f'live_file_size="{live_feed.SEGMENT >> 20} MiB"', script)
         self.assertIn(f"{live_feed.SEGMENT:,} bytes", (PROJECT / "simulator/README.md").read_text(encoding="utf-8"))
 
 
@@ -79,10 +81,17 @@ class Counts(unittest.TestCase):
 
     def test_are_those_of_the_last_run(self):
         run = "canusbdrv run TV100001 reads=9 delivered={} dropped={} longest_gap_ms=1.000 queue_high_water=7\n"
-        live = "canusbdrv live frames={} refused_lines={} files_passed_over=0\n"
-        report = run.format(0, 0) + live.format(0, 0) + run.format(40, 2) + live.format(42, 1)
+        live = "canusbdrv live frames={} refused_lines={} files_passed_over={}\n"
+        report = run.format(0, 0) + live.format(0, 0, 5) + run.format(40, 2) + live.format(42, 1, 0)
         self.assertEqual((0, "-- 42 frames came: 40 received, 2 dropped as the adapter's queue was full; "
                           "1 bad line left out\n"), self.told(report))
+
+    def test_tell_of_lines_that_went_unread(self):
+        status, said = self.told("canusbdrv run TV100001 delivered=40 dropped=2\n"
+                                 "canusbdrv live frames=42 refused_lines=1 files_passed_over=3\n")
+        self.assertEqual((0, 2), (status, said.count("\n")))
+        self.assertIn("\n-- lines have come faster than the adapter took them: 3 files of them, of 8 MiB each, went unread\n",
+                      said)
 
     def test_are_not_told_of_a_program_that_never_was_on_the_bus(self):
         self.assertEqual((0, ""), self.told("canusbdrv load\n"))

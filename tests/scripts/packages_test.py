@@ -56,6 +56,20 @@ class Packages(PlayedMachine):
         self.assertEqual((1, "error: / is a folder, and a recording is a file"), (status, said[-1]))
         self.assertEqual(["install -y --no-install-recommends python3"], self.calls.read_text().splitlines())
 
+    def test_python3_can_is_installed_with_the_first_recording_that_needs_it(self):
+        recording = self.folder / "bus.asc"
+        recording.touch()
+        installed = self.folder / "installed"
+        # Its reader, which tells what it found, or with 3 that python3-can is missing.
+        self.play("python3", f"""if [ -e "{installed}" ]; then printf 'say two frames\\nplay %s\\nids 29\\n' /a; else exit 3; fi""")
+        self.play("dpkg-query", f'[ -e "{installed}" ] && printf installed')
+        self.play("apt-get", f"""case " $* " in *" install "*) echo "$*" >>"{self.calls}"; touch "{installed}" ;; esac""")
+        ready = f'ready_recording "{recording}"; echo "${{ready[play]}} ${{ready[ids]}}"'
+        missing = "-- this machine misses these Debian packages, they are installed now: python3 python3-can"
+        self.assertEqual((0, [missing, "-- two frames", "/a 29"]), self.bash(ready, "unattended"))
+        self.assertEqual((0, ["-- two frames", "/a 29"]), self.bash(ready, "unattended"))
+        self.assertEqual(["install -y --no-install-recommends python3 python3-can"], self.calls.read_text().splitlines())
+
     def test_a_machine_that_has_all_hears_nothing(self):
         self.play("dpkg-query", "printf installed")
         self.assertEqual((0, [], []), self.need("build_x64", "build_x86", "run", "checks"))

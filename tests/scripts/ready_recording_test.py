@@ -153,8 +153,22 @@ class Logs(Readied):
     def test_that_hold_nothing_are_refused(self):
         self.refuses("holds no frame that can be played", self.file("a.csv", log()))
         self.refuses("no frame that can be played; 1 bad line left out, the first is line 9", self.file("a.csv", log("x")))
-        self.refuses("has not the eight lines at the head of a log", self.file("a.csv", "Tolvane Ver1.23\r\n"))
-        self.refuses("only identifiers of 29 bits", self.file("a.csv", log_29("0 , * , 1 , 0")), "--ids", "11")
+        self.refuses("has not the line of columns at the head of a log", self.file("a.csv", "Tolvane Ver1.23\r\n"))
+        self.refuses("only identifiers of 29 bits", self.file("a.csv", log_29("         0 , * , 1 , 0")), "--ids", "11")
+
+    def test_comments_with_line_ends_keep_the_records_where_they_are(self):
+        content = log("         0 , 123 , 0", "x").replace("ＣＡＮ受信ログ".encode("cp932"), b"one\r\ntwo")
+        path = self.file("a.csv", content)
+        self.assertEqual(["(0.000000) can0 123#"], self.played(path))
+        self.assertIn("the first is line 11 of a.csv", self.facts(path)["say"])
+
+    def test_a_block_of_zeros_alone_is_no_bad_line(self):
+        path = self.file("a.csv", log_29("         0 , * , 123 , 0") + b"0000000")
+        self.assertTrue(self.facts(path)["say"].endswith(" 0 error"), self.facts(path)["say"])
+
+    def test_a_workbook_is_told_to_be_one(self):
+        for name in ("KL26010509-001.xls", "KL26010509-001.XLSX"):
+            self.refuses("is a workbook, and only csv logs are played", self.file(name, b"PK\x03\x04"))
 
     def test_that_cannot_be_written_anew_are_refused(self):
         self.converted.symlink_to("/dev/full")
@@ -218,6 +232,21 @@ class Followers(Readied):
         self.file("mine.csv", full())
         self.file("KL26010509-002.csv", log("     20001 , 123 , 0"))
         self.assertEqual(20_001, self.count("mine.csv"))
+
+    def test_that_are_missing_by_their_names_are_told(self):
+        self.file("KL26010509-001.csv", full())
+        self.file("KL26010509-003.csv", log("     20001 , 123 , 0"))
+        say = self.facts(str(self.folder / "KL26010509-001.csv"))["say"]
+        self.assertTrue(say.endswith("; files seem to be missing, by the names, between KL26010509-001.csv and "
+                                     "KL26010509-003.csv"), say)
+        self.file("KL26010509-002.csv", full(begins=20_001))
+        self.assertNotIn("missing", self.facts(str(self.folder / "KL26010509-001.csv"))["say"])
+
+    def test_of_a_run_whose_times_are_all_zero_are_played(self):
+        zeros = [f"{0:>10} , 123 , 0"] * 20_001
+        self.file("KL26010509-001.csv", log(*zeros))
+        self.file("KL26010509-002.csv", log(*zeros[:3]))
+        self.assertEqual(20_004, self.count())
 
     def test_tell_where_their_bad_lines_are(self):
         self.file("KL26010509-001.csv", full())

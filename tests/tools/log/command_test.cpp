@@ -69,10 +69,12 @@ TEST_F(LogCommand, WordsThatAreNotUnderstoodAreToldAndStatusTwo) {
       {{"convert", "a.csv"}, "--to is missing: candump, asc or csv"},
       {{"convert", "--to", "blf", "a.csv"}, "--to is candump, asc or csv, not 'blf'"},
       {{"convert", "--to", "asc", "--out"}, "--out needs the name of a file"},
-      {{"convert", "--to", "asc", "--", "--keep"}, nullptr},
+      {{"info", "--gap=0.5", "a.csv"}, "--gap is a number of cycles from 1 to 1000000, not '0.5'"},
+      {{"info", "--json=1", "a.csv"}, "no such option of info: --json=1"},
+      {{"convert", "--to=asc", "--out=", "a.csv"}, "--out needs the name of a file"},
+      {{"info", "a.csv", "b.csv", "a.csv"}, "this file is named twice: a.csv"},
   };
   for (const auto& [words, refusal] : rows) {
-    if (refusal == nullptr) continue;
     EXPECT_EQ(Run(words), 2);
     EXPECT_EQ(messages, "tolvane-log: " + std::string(refusal) + " (tolvane-log --help)\n");
     EXPECT_EQ(output, "");
@@ -82,6 +84,15 @@ TEST_F(LogCommand, WordsThatAreNotUnderstoodAreToldAndStatusTwo) {
 TEST_F(LogCommand, BehindTwoHyphensAllWordsAreFiles) {
   EXPECT_EQ(OptionsOf({"info", "a.csv", "--", "--keep", "--gap"}).options->files,
             (std::vector<std::string>{"a.csv", "--keep", "--gap"}));
+}
+
+TEST_F(LogCommand, AValueMayStandBehindAnEqualsSign) {
+  const Options options =
+      OptionsOf({"convert", "--to=asc", "--out=a=b.asc", "a=1.csv"}).options.value();
+  EXPECT_EQ(options.format, Format::kAsc);
+  EXPECT_EQ(options.out, "a=b.asc");
+  EXPECT_EQ(options.files, std::vector<std::string>{"a=1.csv"});
+  EXPECT_EQ(OptionsOf({"info", "--gap=3", "a.csv"}).options->info.multiple, 3.0);
 }
 
 TEST_F(LogCommand, HelpIsGivenWhereverItIsAskedFor) {
@@ -108,8 +119,69 @@ TEST_F(LogCommand, ConvertJoinsTheFilesOfARunInTheOrderOfTheirNames) {
   WriteRun();
   EXPECT_EQ(Run({"convert", Path("003"), Path("002"), "--to", "candump", Path("001")}), 0);
   EXPECT_EQ(output, kCandump);
+  EXPECT_EQ(messages, "tolvane-log: 4 frames of 3 files, from " + Path("001") + " to " +
+                          Path("003") + "\ntolvane-log: " + Path("001") +
+                          " has 2 records and is not full, but " + Path("002") + " goes on\n");
+}
+
+TEST_F(LogCommand, WhereFilesAreMissingIsTold) {
+  WriteRun();
+  log_files.texts["KL26112009-005.csv"] = log_files.texts[Path("002")];
+  log_files.texts["KL26112012-002.csv"] = log_files.texts[Path("003")];
+  EXPECT_EQ(
+      Run({"convert", "--to", "candump", Path("001"), "KL26112009-005.csv", "KL26112012-002.csv"}),
+      0);
+  EXPECT_NE(messages.find("tolvane-log: between KL26112009-001.csv and KL26112009-005.csv 3 files "
+                          "are missing, by the names\n"),
+            std::string::npos)
+      << messages;
+  EXPECT_NE(messages.find("tolvane-log: between KL26112009-005.csv and KL26112012-002.csv 1 file "
+                          "is missing, by the names\n"),
+            std::string::npos)
+      << messages;
+}
+
+TEST_F(LogCommand, ManyPlacesWhereSomethingIsMissingAreCounted) {
+  for (int i = 0; i < 30; ++i) {
+    db.csv_DataInput(i, 0x100, 1, kBytes);
+    RollOverNow();
+  }
+  TakeFiles();
+  EXPECT_EQ(Run(Files({"convert", "--to", "candump"})), 0);
+  EXPECT_TRUE(
+      messages.ends_with(Path("011") + " goes on\ntolvane-log: 19 more places like these\n"))
+      << messages;
+}
+
+TEST_F(LogCommand, FullFilesThatFollowEachOtherAreNothingToTell) {
+  for (int i = 0; i < 50'000; ++i) {
+    db.csv_DataInput(i, 0x100, 1, kBytes);
+    RollOver();
+  }
+  Flush(1);
+  TakeFiles();
+  EXPECT_EQ(Run(Files({"convert", "--to", "candump"})), 0);
+  EXPECT_EQ(messages, "tolvane-log: 50000 frames of 3 files, from " + Path("001") + " to " +
+                          Path("003") + "\n");
+}
+
+TEST_F(LogCommand, AFileThatBeginsBeforeTheEndOfTheOneAheadIsOfAnotherRun) {
+  WriteRun();
+  log_files.texts["a"] = log_files.texts[Path("002")];
+  log_files.texts["b"] = log_files.texts[Path("002")];
+  EXPECT_EQ(Run({"convert", "--to", "candump", "a", "b"}), 1);
   EXPECT_EQ(messages,
-            "tolvane-log: 4 frames of 3 files, from " + Path("001") + " to " + Path("003") + "\n");
+            "tolvane-log: these files are of 2 runs; name those of one. They begin with: a b\n");
+}
+
+TEST_F(LogCommand, AWorkbookIsToldToBeOne) {
+  for (const char* const path : {"KL26112009-001.xls", "KL26112009-001.xlsx"}) {
+    log_files.texts[path] = "PK\x03\x04";
+    EXPECT_EQ(Run({"info", path}), 1);
+    EXPECT_EQ(messages, "tolvane-log: " + std::string(path) +
+                            ": this is a workbook, and only csv logs are read; have it saved as "
+                            "one\n");
+  }
 }
 
 TEST_F(LogCommand, TheFirstFilesMomentIsThatOfItsLastRecord) {
@@ -143,8 +215,7 @@ TEST_F(LogCommand, ConvertWritesAFileButNeverOverAnother) {
   for (const std::string& there : {Path("001"), Path("002")}) {
     const std::string before = log_files.texts[there];
     EXPECT_EQ(Run(Files({"convert", "--to", "candump", "--out", there})), 1);
-    EXPECT_EQ(messages,
-              "tolvane-log: " + there + ": this file is there already, or cannot be made\n");
+    EXPECT_EQ(messages, "tolvane-log: " + there + ": this file is there already\n");
     EXPECT_EQ(log_files.texts[there], before);
   }
 }
@@ -189,7 +260,7 @@ TEST_F(LogCommand, FilesThatAreAllBadGiveNothing) {
         {"info", "gone.csv"}}) {
     EXPECT_EQ(Run(words), 1);
     EXPECT_EQ(output, "");
-    EXPECT_EQ(messages, "tolvane-log: gone.csv: this file cannot be opened\n");
+    EXPECT_EQ(messages, "tolvane-log: gone.csv: this file cannot be opened: it is not there\n");
   }
   EXPECT_TRUE(log_files.texts.empty());
 }
@@ -221,7 +292,8 @@ TEST_F(LogCommand, WhatWasMendedIsTold) {
             "(1795133107.000000) can0 100#\n"
             "(1795133107.003000) can0 00000010#\n");
   EXPECT_TRUE(
-      messages.ends_with("tolvane-log: mended: 2 identifiers without zeros\n"
+      messages.ends_with("tolvane-log: with a time before that of the frame ahead: 1 frame\n"
+                         "tolvane-log: mended: 2 identifiers without zeros\n"
                          "tolvane-log: mended: 12 stray zeros in 1 block left out\n"
                          "tolvane-log: no clock jump to mend\n"
                          "tolvane-log: with a length above 8, and eight bytes: 1 frame\n"
@@ -238,7 +310,7 @@ TEST_F(LogCommand, TheClockJumpIsMendedWhenAskedFor) {
   EXPECT_EQ(Run(Files({"convert", "--to", "csv"})), 0);
   EXPECT_NE(output.find(",60010,"), std::string::npos);
   EXPECT_NE(messages.find("not mended, see --mend-clock: the clock jump of 20005 ms behind 40000 "
-                          "ms, right to 5 ms"),
+                          "ms, right to 5 ms (a silence that ends just there looks the same)\n"),
             std::string::npos)
       << messages;
   EXPECT_EQ(Run(Files({"convert", "--to", "csv", "--mend-clock"})), 0);
@@ -248,8 +320,9 @@ TEST_F(LogCommand, TheClockJumpIsMendedWhenAskedFor) {
   EXPECT_NE(output.find("\n2026-11-20 09:04:26.905000,0,"), std::string::npos)
       << "the last record is as old as the head in either case";
   EXPECT_EQ(Run(Files({"info", "--mend-clock"})), 0);
-  EXPECT_NE(output.find("clock jump    20005 ms behind 40000 ms, taken out; right to 5 ms"),
+  EXPECT_NE(output.find("clock jump    20005 ms behind 40000 ms, right to 5 ms\n"),
             std::string::npos);
+  EXPECT_NE(output.find("gap or span, and is taken out of the times\n"), std::string::npos);
   EXPECT_NE(output.find("silent longer than 5 cycles: none"), std::string::npos);
 }
 

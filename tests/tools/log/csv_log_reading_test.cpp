@@ -83,6 +83,14 @@ TEST_F(CsvLogReading, WhatIsNoLogIsRefused) {
   }
 }
 
+TEST_F(CsvLogReading, AFileThatCannotBeReadAtAllIsToldAsThat) {
+  TextSource bytes("", 1'000'000, true);
+  CsvLog log(bytes);
+  EXPECT_FALSE(log.ReadHead());
+  EXPECT_EQ(log.Line(), 0U);
+  EXPECT_EQ(log.Fault(), "the file cannot be read");
+}
+
 TEST_F(CsvLogReading, EveryRecordOfTheWriterComesBack) {
   for (std::int32_t i = 0; i < 20001; ++i) db.csv_DataInput(i * 0.25, i % 0x800, i % 9, kBytes);
   Flush(1);

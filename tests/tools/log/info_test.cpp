@@ -47,7 +47,9 @@ TEST(CycleStatistics, FramesAreLostInWholeCycles) {
 
 TEST(LongestSilences, TheShortestGoesFirst) {
   LongestSilences silences(3);
-  for (const double length : {5.0, 1.0, 4.0, 2.0, 3.0}) silences.Add(length * 100, length);
+  for (const double length : {5.0, 1.0, 4.0, 2.0, 3.0}) {
+    silences.Add({{length * 100, 0.0}, {length * 101, 0.0}});
+  }
   std::vector<double> kept;
   for (const Silence& silence : silences.Kept()) kept.push_back(silence.length);
   std::ranges::sort(kept);
@@ -78,7 +80,7 @@ class Gaps : public ::testing::Test {
       }
     }
     std::ranges::stable_sort(frames, {}, &LogFrame::time);
-    for (const LogFrame& frame : frames) run.Add(frame);
+    for (const LogFrame& frame : frames) run.Add(frame, 0.0);
     return JudgeRun(run, 5.0);
   }
 
@@ -101,7 +103,7 @@ TEST_F(Gaps, AStretchThatIsCutOutOfAllIsToldOnce) {
   ASSERT_EQ(judged.gaps.size(), 1U);
   EXPECT_EQ(judged.gaps[0].identifier, nullptr);
   EXPECT_EQ(judged.gaps[0].silence.begin, 20'000.0);
-  EXPECT_EQ(judged.gaps[0].silence.End(), 27'000.0);
+  EXPECT_EQ(judged.gaps[0].silence.end, 27'000.0);
   EXPECT_EQ(judged.gaps[0].lost, 777.0);  // 699 + 69 + 6 of them
   EXPECT_EQ(judged.identifiers[0].lost.frames, 699.0);
   EXPECT_EQ(judged.identifiers[0].lost.gaps, 1U);
@@ -128,7 +130,7 @@ TEST_F(Gaps, AreToldAtTheEdgesOfTheLogToo) {
   ASSERT_EQ(judged.gaps.size(), 2U);
   EXPECT_EQ(judged.gaps[0].identifier->id, 0x200U);
   EXPECT_EQ(judged.gaps[0].edge, Gap::Edge::kBegin);
-  EXPECT_EQ(judged.gaps[0].silence.End(), 2'000.0);
+  EXPECT_EQ(judged.gaps[0].silence.end, 2'000.0);
   EXPECT_EQ(judged.gaps[1].identifier->id, 0x300U);
   EXPECT_EQ(judged.gaps[1].edge, Gap::Edge::kEnd);
   EXPECT_EQ(judged.gaps[1].silence.begin, 58'000.0);
@@ -186,6 +188,42 @@ TEST_F(Gaps, OfAllAreReckonedByTheRegularOnes) {
   EXPECT_EQ(judged.gaps[0].lost, 100.0);
 }
 
+// Every half second of the first identifier is followed by one of silence: far more than are kept.
+TEST_F(Gaps, OfAllAreCountedBeyondThoseThatAreKept) {
+  const JudgedRun judged = Judged({{0x100, 10.0}}, 599'990.0, [](auto, double time) {
+    return std::fmod(time, 1000.0) >= 500.0;
+  });
+  EXPECT_EQ(judged.gaps.size(), RunStatistics::kSilences_MAX);
+  EXPECT_EQ(judged.gaps.size() + judged.gaps_left_out, 599U);
+  EXPECT_EQ(judged.identifiers[0].lost.gaps, 599U);
+}
+
+TEST_F(Gaps, AreNotJudgedWhereNoIdentifierIsRegular) {
+  const JudgedRun judged = Judged({{0x200, 1.0}}, 60'000.0,
+                                  [](auto, double time) { return std::fmod(time, 1000.0) >= 3.0; });
+  EXPECT_FALSE(judged.IsJudged());
+  EXPECT_TRUE(judged.gaps.empty());
+}
+
+TEST_F(Gaps, AJumpOfTheClockIsInNoCycleAndNoSilence) {
+  const auto add = [&](double time, std::uint32_t id, double ahead) {
+    run.Add({.time = time, .id = id, .extended = false, .bytes = 0, .length = 0, .data = {}},
+            ahead);
+  };
+  for (double time = 0.0; time < 1000.0; time += 10.0) add(time, 0x100, 0.0);
+  for (double time = 1000.0; time < 2000.0; time += 10.0) {
+    add(time + 30'000.0, 0x100, 30'000.0);
+    add(time + 30'000.0, 0x200, 30'000.0);
+  }
+  const JudgedRun judged = JudgeRun(run, 5.0);
+  ASSERT_EQ(judged.gaps.size(), 1U) << "of the one that came later";
+  EXPECT_EQ(judged.gaps[0].identifier->id, 0x200U);
+  EXPECT_EQ(judged.gaps[0].silence.end, 31'000.0);
+  EXPECT_EQ(judged.gaps[0].silence.length, 1'000.0);
+  EXPECT_EQ(judged.identifiers[0].statistics->cycles.Longest(), 10.0);
+  EXPECT_EQ(judged.identifiers[0].lost.gaps, 0U);
+}
+
 TEST_F(Gaps, ALoneFrameHasNoCycleAndNoGap) {
   const JudgedRun judged =
       Judged({{0x100, 10.0}, {0x200, 1e6}}, 60'000.0, [](auto, auto) { return false; });
@@ -195,7 +233,7 @@ TEST_F(Gaps, ALoneFrameHasNoCycleAndNoGap) {
 
 TEST_F(Gaps, ATimeThatStepsBackIsNoCycle) {
   for (const double time : {0.0, 10.0, 20.0, 5.0, 15.0}) {
-    run.Add({.time = time, .id = 1, .extended = false, .bytes = 0, .length = 0, .data = {}});
+    run.Add({.time = time, .id = 1, .extended = false, .bytes = 0, .length = 0, .data = {}}, 0.0);
   }
   EXPECT_EQ(run.StepsBack(), 1U);
   EXPECT_EQ(JudgeRun(run, 5.0).identifiers[0].statistics->cycles.Longest(), 10.0);
@@ -216,6 +254,9 @@ class Info : public WrittenLog {
  protected:
   std::string Of(const InfoWishes& wishes) {
     TakeFiles();
+    return OfTaken(wishes);
+  }
+  std::string OfTaken(const InfoWishes& wishes) {
     std::vector<std::string> paths;
     for (const auto& [path, text] : log_files.texts) paths.push_back(path);
     std::string said;
@@ -235,6 +276,8 @@ TEST_F(Info, IsATableForPeople) {
   EXPECT_EQ(Of({}),
             "run 1\n"
             "  files         2: KL26112009-001.csv to KL26112009-002.csv\n"
+            "                KL26112009-001.csv has 40 records and is not full, but "
+            "KL26112009-002.csv goes on\n"
             "  program       Tolvane Ver1.23\n"
             "  adapter       CANUSB ABCD 、V1.0\n"
             "  bit rate      500k bps\n"
@@ -262,7 +305,8 @@ TEST_F(Info, IsJsonForPrograms) {
   EXPECT_EQ(
       Of({.as_json = true}),
       "{\"runs\": [{\"files\": [{\"path\": \"KL26112009-001.csv\", \"written\": \"2026/11/20 "
-      "9:05:07\"}], \"is_whole_at_its_begin\": true, \"program\": \"Tolvane Ver1.23\", "
+      "9:05:07\", \"frames\": 4}], \"odd_seams\": [], \"is_whole_at_its_begin\": true, "
+      "\"program\": \"Tolvane Ver1.23\", "
       "\"adapter\": \"CANUSB ABCD 、V1.0\", \"bit_rate\": \"500k bps\", \"comment\": \"a "
       "\\\"quoted\\\\\\\" comment\", \"id_bits\": 29, \"frames\": 4, \"first_ms\": 0, \"last_ms\": "
       "7.5, \"span_ms\": 7.5, \"steps_back\": 0, \"bare_ids\": 0, \"stray_zeros\": 0, "
@@ -286,6 +330,68 @@ TEST_F(Info, TellsOfEachRunAndOfOneWithoutItsBegin) {
   const std::string text = Of({});
   EXPECT_NE(text.find("they begin at 5 ms: those ahead of them are missing"), std::string::npos);
   EXPECT_NE(text.find("\nrun 2\n"), std::string::npos);
+}
+
+TEST_F(Info, OfACompleteLogWithAJumpOfTheClockTellsTheJumpAndNoGap) {
+  // 200 s that begin at the reading 30000 of a clock which starts over behind 60000.
+  for (int i = 0; i < 20'000; ++i) {
+    const double time = i * 10 + (i > 3000 ? 30'000 : 0);
+    db.csv_DataInput(time, 0x100, 0, kBytes);
+    if (i % 10 == 0) db.csv_DataInput(time, 0x200, 0, kBytes);
+    if (i % 100 == 0) db.csv_DataInput(time, 0x300, 0, kBytes);
+    if (i == 10'000) RollOverNow();
+  }
+  Flush(2);
+  const std::string text = Of({});
+  EXPECT_NE(text.find("  span          199.99 s\n"
+                      "  clock jump    30000 ms behind 30000 ms, right to 0 ms\n"
+                      "                it is no silence: it counts in no cycle, gap or span, and "
+                      "the times have it (see --mend-clock)\n"
+                      "                a silence that ends just there looks the same\n"),
+            std::string::npos)
+      << text;
+  EXPECT_NE(text.find("  100             20000         10         10         10        0        0"),
+            std::string::npos)
+      << text;
+  EXPECT_NE(text.find("  silent longer than 5 cycles: none\n"), std::string::npos);
+  const std::string json = Of({.as_json = true});
+  EXPECT_NE(json.find("\"clock_jump\": {\"at_ms\": 30000, \"jump_ms\": 30000, \"doubt_ms\": 0, "
+                      "\"in_times\": true, \"in_silences\": false}"),
+            std::string::npos)
+      << json;
+  EXPECT_NE(json.find("\"last_ms\": 229990, \"span_ms\": 199990"), std::string::npos) << json;
+  EXPECT_TRUE(json.ends_with("\"gaps\": [], \"gaps_left_out\": 0}], \"faults\": 0}\n"));
+}
+
+TEST_F(Info, OfIdentifiersThatAllComeAtOddTimesIsNotJudged) {
+  for (int i = 0; i < 30; ++i) db.csv_DataInput(i / 3 * 1000 + i % 3, 0x100, 0, kBytes);
+  Flush(1);
+  EXPECT_TRUE(
+      Of({}).ends_with("silent longer than 5 cycles: not judged: no identifier comes regularly\n"));
+  const std::string json = Of({.as_json = true});
+  EXPECT_TRUE(json.ends_with("\"gaps\": null, \"gaps_left_out\": null}], \"faults\": 0}\n"));
+}
+
+TEST_F(Info, OfAPathThatIsNoUtf8IsUtf8) {
+  db.csv_DataInput(0.0, 0x100, 0, kBytes);
+  Flush(1);
+  TakeFiles();
+  const std::pair<const char*, const char*> rows[] = {
+      {"走\U0001F600.csv", "走\U0001F600.csv"},
+      {"\x91\x96.csv", "\uFFFD\uFFFD.csv"},
+      {"a\xE8\xB5", "a\uFFFD\uFFFD"},
+      {"\xC0\xAF", "\uFFFD\uFFFD"},
+      {"\xE0\x80\x80", "\uFFFD\uFFFD\uFFFD"},
+      {"\xED\xA0\x80", "\uFFFD\uFFFD\uFFFD"},
+      {"\xF4\x90\x80\x80", "\uFFFD\uFFFD\uFFFD\uFFFD"}};
+  const std::string log = log_files.texts[Path("001")];
+  for (const auto& [path, shown] : rows) {
+    log_files.texts = {{path, log}};
+    EXPECT_TRUE(
+        OfTaken({.as_json = true})
+            .starts_with("{\"runs\": [{\"files\": [{\"path\": \"" + std::string(shown) + "\""))
+        << shown;
+  }
 }
 
 TEST_F(Info, OfARunWithoutFramesEndsBehindItsHead) {

@@ -31,5 +31,24 @@ TEST(LogOrder, StaysWhereOneNameIsNone) {
   }
 }
 
+TEST(LogOrder, CountsTheNumbersThatAreMissingBetween) {
+  struct Row {
+    const char* before;
+    const char* path;
+    std::uint32_t missing;
+  };
+  for (const Row& row : {Row{"KL26112009-001.csv", "KL26112009-002.csv", 0},
+                         {"KL26112009-001.csv", "KL26112009-003.csv", 1},
+                         {"KL26112009-999.csv", "KL26112009-1000.csv", 0},
+                         {"KL26112009-005.csv", "KL26112010-001.csv", 0},
+                         {"KL26112009-005.csv", "KL26112010-004.csv", 3},
+                         {"KL26112009-003.csv", "KL26112009-001.csv", 0},
+                         {"a/KL26112009-001.csv", "b/KL26112009-009.csv", 0},
+                         {"a/KL26112009-001.csv", "a/KL26112009-009.csv", 7},
+                         {"one.csv", "KL26112009-009.csv", 0}}) {
+    EXPECT_EQ(NumbersBetween(row.before, row.path), row.missing) << row.before << " " << row.path;
+  }
+}
+
 }  // namespace
 }  // namespace tolvane::logtool

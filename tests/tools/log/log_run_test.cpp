@@ -52,6 +52,40 @@ TEST_F(LogRuns, BeginWithARecordOfTimeZero) {
   EXPECT_EQ(runs[1].files.front().path, Path("004"));
 }
 
+TEST_F(LogRuns, BeginWhereTheTimeGoesBackFromFileToFile) {
+  WriteFile({0, 1});
+  WriteFile({1, 5});
+  WriteFile({4, 9});
+  WriteFile({});
+  WriteFile({8, 9});
+  TakeFiles();
+  const auto runs = Runs({Path("001"), Path("002"), Path("003"), Path("004"), Path("005")});
+  ASSERT_EQ(runs.size(), 3U);
+  EXPECT_EQ(runs[1].files.front().path, Path("003"));
+  EXPECT_EQ(runs[2].files.front().path, Path("005"));
+}
+
+TEST_F(LogRuns, WhoseTimesAreAllZeroGoOnBehindAFullFile) {
+  WriteFile(std::vector<double>(20'001, 0.0));
+  WriteFile({0, 0});
+  WriteFile({0, 0});
+  TakeFiles();
+  const auto runs = Runs({Path("001"), Path("002"), Path("003")});
+  ASSERT_EQ(runs.size(), 2U);
+  EXPECT_EQ(runs[0].files.size(), 2U);
+}
+
+TEST_F(LogRuns, AnEndIsFoundBehindALongBlockOfZeros) {
+  Begin29BitRun();
+  for (int i = 0; i < 3; ++i) db.csv_DataInput29(i, 1, 0, kBytes, 1);
+  RollOverNow();
+  TakeFiles();
+  std::string& text = log_files.texts[Path("001")];
+  text += std::string(50'000, '0') + "        70 , * , 00000001 , 0\r\n" + std::string(9'000, '0');
+  const auto runs = Runs({Path("001")});
+  EXPECT_EQ(runs.at(0).files[0].ends, 70.0);
+}
+
 TEST_F(LogRuns, BeginWhereTheHeadSaysSomethingElse) {
   WriteFile({1, 2});
   db.str_bitrate = u"250k bps";
@@ -89,7 +123,7 @@ TEST_F(LogRuns, WhatIsMissingOrNoLogIsToldByItsName) {
   TakeFiles();
   log_files.texts["other.csv"] = "time,id\n";
   EXPECT_TRUE(Runs({"gone.csv", Path("001"), "other.csv"}).empty()) << "the first one ends it";
-  EXPECT_EQ(said, "tolvane-log: gone.csv: this file cannot be opened\n");
+  EXPECT_EQ(said, "tolvane-log: gone.csv: this file cannot be opened: it is not there\n");
   said.clear();
   EXPECT_EQ(Runs({"gone.csv", Path("001"), "other.csv"}, true).size(), 1U);
   EXPECT_EQ(faults, 2U);

@@ -25,6 +25,10 @@ class TextSource final : public ByteSource {
     at_ += length;
     return length;
   }
+  bool SkipToLast(std::size_t bytes) override {
+    at_ = text_.size() - std::min(text_.size(), bytes);
+    return true;
+  }
 
  private:
   std::string text_;
@@ -49,14 +53,15 @@ class TextSink final : public ByteSink {
 
 class MemoryFiles final : public LogFiles {
  public:
-  std::unique_ptr<ByteSource> Open(const std::string& path) override {
+  Opened<ByteSource> Open(const std::string& path) override {
     const auto found = texts.find(path);
-    if (found == texts.end()) return nullptr;
-    return std::make_unique<TextSource>(found->second, 1'000'000, path == unreadable);
+    if (found == texts.end()) return {nullptr, "this file cannot be opened: it is not there"};
+    return {std::make_unique<TextSource>(found->second, 1'000'000, path == unreadable), {}};
   }
-  std::unique_ptr<ByteSink> Create(const std::string& path) override {
+  Opened<ByteSink> Create(const std::string& path) override {
     const auto [place, is_new] = texts.try_emplace(path);
-    return is_new ? std::make_unique<TextSink>(place->second) : nullptr;
+    if (!is_new) return {nullptr, kIsThere};
+    return {std::make_unique<TextSink>(place->second), {}};
   }
   void Remove(const std::string& path) override { texts.erase(path); }
 

@@ -68,6 +68,16 @@ class Program(unittest.TestCase):
         self.assertIn("無い.csv: this file cannot be opened", done.stderr.decode("utf-8"))
         self.assertEqual(2, self.run_tool("play").returncode)
 
+    def test_what_cannot_be_opened_or_made_is_told_with_the_reason(self):
+        for words, message in ((("info", "."), r"\.: this is a folder"),
+                               (("info", "nul"), r"nul: this is no file on a disk, .*"),
+                               (("info", "gone.csv"), r"gone\.csv: this file cannot be opened: \S.*"),
+                               (("convert", "--to", "asc", "--out", r"gone\run.asc", *FILES),
+                                r"gone\\run\.asc: this file cannot be made: \S.*")):
+            done = self.run_tool(*words)
+            self.assertEqual((1, b""), (done.returncode, done.stdout), words)
+            self.assertRegex(done.stderr.decode("utf-8"), rf"\Atolvane-log: {message}\n\Z")
+
 
 if __name__ == "__main__":
     unittest.main()

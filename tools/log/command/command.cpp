@@ -1,6 +1,7 @@
 #include "tools/log/command/command.h"
 
 #include <memory>
+#include <utility>
 
 #include "platform/utf8.h"
 #include "tolvane_product.h"
@@ -8,6 +9,7 @@
 #include "tools/log/info/report.h"
 #include "tools/log/runs/counted.h"
 #include "tools/log/runs/log_order.h"
+#include "tools/log/runs/seams.h"
 
 namespace tolvane::logtool {
 
@@ -62,10 +64,9 @@ class Command {
     if (runs.empty()) return;  // each file was complained of
     std::unique_ptr<ByteSink> file;
     if (!options_.out.empty()) {
-      file = outside_.files.Create(options_.out);
-      if (file == nullptr) {
-        return Fail(options_.out + ": this file is there already, or cannot be made");
-      }
+      auto made = outside_.files.Create(options_.out);
+      if (made.bytes == nullptr) return Fail(options_.out + ": " + made.why_not);
+      file = std::move(made.bytes);
     }
     const bool is_whole = ConvertTo(runs.front(), file != nullptr ? *file : outside_.output);
     file.reset();
@@ -90,6 +91,10 @@ class Command {
   void TellWhatBecame(const LogRun& run, const RunReader& reader, const Converted& result) {
     Say(Counted(result.frames, "frame") + " of " + Counted(run.files.size(), "file") + ", from " +
         run.files.front().path + " to " + run.files.back().path);
+    for (const std::string& seam : OddSeams(run, reader.FramesOfFiles())) Say(seam);
+    if (result.steps_back > 0) {
+      Say("with a time before that of the frame ahead: " + Counted(result.steps_back, "frame"));
+    }
     const CsvLog::Mended& mended = reader.WhatWasMended();
     if (mended.bare_ids > 0) {
       Say("mended: " + Counted(mended.bare_ids, "identifier") + " without zeros");
@@ -113,7 +118,8 @@ class Command {
     if (jump) {
       Say(std::string(options_.mends_clock ? "mended: " : "not mended, see --mend-clock: ") +
           "the clock jump of " + NumberText(jump->jump) + " ms behind " + NumberText(jump->at) +
-          " ms, right to " + NumberText(jump->doubt) + " ms");
+          " ms, right to " + NumberText(jump->doubt) +
+          " ms (a silence that ends just there looks the same)");
     } else if (options_.mends_clock) {
       Say("no clock jump to mend");
     }

@@ -7,15 +7,17 @@ std::string_view HelpText() {
        tolvane-log convert --to FORMAT [OPTIONS] FILES
 
 Reads csv logs of Tolvane, KLyymmddhh-NNN.csv. The files are taken in the order of these names; if one
-has another name, all are taken as they come.
+has another name, all are taken as they come. On Linux they are read in code page 932, in which a
+Japanese Windows writes them.
 
 info tells of each run: what its head says, its frames, and for each identifier how many there are,
 the cycle and the lengths. Then where frames seem to be missing: where an identifier, or all, were
-silent for longer than some of their cycles.
+silent for longer than some of their cycles. A jump of the adapter's clock is told, and is no silence.
   --gap N       so many cycles (5)
   --json        for programs
 
-convert writes the files of one run as one, on the standard output.
+convert writes the files of one run as one, on the standard output. It tells where files seem to be
+missing between others, or lines at the end of one, and how often a time steps back.
   --to FORMAT   candump  as candump -L writes it
                 asc      as log2asc of can-utils writes it
                 csv      a table with the same columns in each line
@@ -23,8 +25,10 @@ convert writes the files of one run as one, on the standard output.
 
 Both:
   --mend-clock  takes out the jump that the time line of a CANUSB or a board makes where the adapter's
-                clock first starts over, after 60 or 429.491 seconds of its own
-  --keep        leaves out lines that cannot be read, and files, in place of ending there
+                clock first starts over, after 60 or 429.491 seconds of its own. A silence of the bus
+                that ends just there looks the same and is taken out too
+  --keep        leaves out lines that cannot be read, and files, in place of ending there; without
+                it, a file of --out is then removed again
   --help, --version
 
 Zeros that identifiers of 29 bits have lost to the next file are mended at all times. The absolute

@@ -54,25 +54,30 @@ class Reader {
       }
       if (!word.starts_with("--")) {
         options_.files.push_back(word);
-      } else if (!ReadOption(word)) {
+      } else if (!ReadOption(word.substr(0, word.find('=')), word)) {
         return false;
       }
     }
     return true;
   }
 
-  [[nodiscard]] bool ReadOption(const std::string& word) {
+  /// `name` is the word up to its equals sign, if it has one.
+  [[nodiscard]] bool ReadOption(const std::string& name, const std::string& word) {
     if (word == "--keep") return options_.keep = true;
     if (word == "--mend-clock") return options_.mends_clock = true;
     if (options_.verb == Verb::kInfo && word == "--json") return options_.info.as_json = true;
-    if (options_.verb == Verb::kInfo && word == "--gap") return ReadMultiple();
-    if (options_.verb == Verb::kConvert && word == "--to") return ReadFormat();
-    if (options_.verb == Verb::kConvert && word == "--out") return ReadOut();
+    if (options_.verb == Verb::kInfo && name == "--gap") return ReadMultiple();
+    if (options_.verb == Verb::kConvert && name == "--to") return ReadFormat();
+    if (options_.verb == Verb::kConvert && name == "--out") return ReadOut();
     return Refuse("no such option of " + words_[0] + ": " + word);
   }
 
-  /// The word behind an option, empty if there is none.
+  /// What stands behind the option's equals sign, or the next word; empty if there is none.
   [[nodiscard]] std::string_view Value() {
+    const std::string_view word = words_[at_];
+    if (const std::size_t sign = word.find('='); sign != std::string_view::npos) {
+      return word.substr(sign + 1);
+    }
     return at_ + 1 < words_.size() ? std::string_view(words_[++at_]) : std::string_view();
   }
 
@@ -104,6 +109,11 @@ class Reader {
   [[nodiscard]] bool IsComplete() {
     options_.info.mends_clock = options_.mends_clock;
     if (options_.files.empty()) return Refuse("no files are named");
+    std::vector<std::string> sorted = options_.files;
+    std::ranges::sort(sorted);
+    if (const auto twice = std::ranges::adjacent_find(sorted); twice != sorted.end()) {
+      return Refuse("this file is named twice: " + *twice);
+    }
     if (options_.verb == Verb::kConvert && !options_.format) {
       return Refuse("--to is missing: candump, asc or csv");
     }

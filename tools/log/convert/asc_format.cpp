@@ -1,5 +1,4 @@
 #include <algorithm>
-#include <bit>
 
 #include "tools/log/convert/digits.h"
 #include "tools/log/convert/formats.h"
@@ -29,10 +28,6 @@ std::string DateText(std::int64_t calendar_ms) {
          std::to_string(time.year);
 }
 
-std::size_t HexDigitsOf(std::uint32_t number) {
-  return static_cast<std::size_t>(std::bit_width(number | 1) + 3) / 4;
-}
-
 }  // namespace
 
 AscFormat::AscFormat(const std::optional<TimeAnchor>& anchor)
@@ -53,7 +48,7 @@ char* AscFormat::Line(const LogFrame& frame, char* at) const {
   at = PutPadded<6>(at, static_cast<std::uint32_t>(us % 1'000'000));
   at = Put(at, " 1  ");
   char* const id = at;
-  at = PutHex(at, frame.id, HexDigitsOf(frame.id));
+  at = PutHexNumber(at, frame.id);
   if (frame.extended) *at++ = 'x';
   at = std::fill_n(at, id + kIdWidth - at, ' ');
   at = Put(at, " Rx   d ");

@@ -13,8 +13,10 @@ template <typename FormatType>
 Converted ConvertTo(FormatType format, RunReader& reader, ByteSink& out) {
   Converted result{.is_written = out.Write(format.Head())};
   BlockWriter lines(out);
-  for (LogFrame frame; reader.Next(frame) && lines.IsGood();) {
+  double last = -kTime_MAX;
+  for (LogFrame frame; reader.Next(frame) && lines.IsGood(); last = frame.time) {
     ++result.frames;
+    result.steps_back += frame.time < last ? 1 : 0;
     result.long_lengths += frame.length > 8 ? 1 : 0;
     result.negative_times += frame.time < 0.0 ? 1 : 0;
     lines.Take(format.Line(frame, lines.Line()));

@@ -16,6 +16,7 @@ struct Converted {
   std::uint64_t frames = 0;
   std::uint64_t long_lengths = 0;    // above 8, with eight bytes
   std::uint64_t negative_times = 0;  // written as 0
+  std::uint64_t steps_back = 0;      // times before that of the frame ahead
 };
 
 /// Writes what is left to read of a run.

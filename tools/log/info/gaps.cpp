@@ -46,11 +46,14 @@ class Judge {
   }
 
   void FindCommonGaps() {
-    if (result_.cycle == 0.0) return;
+    if (!result_.IsJudged()) return;
+    const double limit = multiple_ * result_.cycle;
     for (const Silence& silence : run_.Silences().Kept()) {
-      if (silence.length <= multiple_ * result_.cycle) continue;
+      if (silence.length <= limit) continue;
       result_.gaps.push_back({nullptr, silence, std::round(silence.length * frames_per_ms_)});
     }
+    const std::uint64_t all = run_.SilencesAbove(limit);
+    result_.gaps_left_out = all - std::min<std::uint64_t>(all, result_.gaps.size());
   }
 
   void FindGapsOf(const JudgedIdentifier& identifier) {
@@ -65,8 +68,8 @@ class Judge {
     if (result_.gaps.size() > before) {
       result_.gaps_left_out += identifier.lost.gaps - std::min(identifier.lost.gaps, seen);
     }
-    AddGap(identifier, {run_.First(), statistics.first - run_.First()}, Gap::Edge::kBegin);
-    AddGap(identifier, {statistics.last, run_.Last() - statistics.last}, Gap::Edge::kEnd);
+    AddGap(identifier, {run_.First(), statistics.first}, Gap::Edge::kBegin);
+    AddGap(identifier, {statistics.last, run_.Last()}, Gap::Edge::kEnd);
   }
 
   void AddGap(const JudgedIdentifier& identifier, const Silence& silence, Gap::Edge edge) {
@@ -80,8 +83,7 @@ class Judge {
   [[nodiscard]] double CommonWithin(const Silence& silence) const {
     double length = 0.0;
     for (const Gap& gap : common_) {
-      const bool is_within =
-          gap.silence.begin >= silence.begin && gap.silence.End() <= silence.End();
+      const bool is_within = gap.silence.begin >= silence.begin && gap.silence.end <= silence.end;
       if (is_within) length += gap.silence.length;
     }
     return length;

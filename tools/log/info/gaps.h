@@ -28,14 +28,18 @@ struct JudgedIdentifier {
 struct JudgedRun {
   std::vector<JudgedIdentifier> identifiers;  // by kind and number
   std::vector<Gap> gaps;                      // by their begin
-  std::uint64_t gaps_left_out = 0;            // shorter ones of identifiers with very many
-  double cycle = 0.0;  // of the identifier with most frames, by which silences of all are judged
+  /// Shorter ones that are not among these, of all identifiers or of one, as there are too many.
+  std::uint64_t gaps_left_out = 0;
+  double cycle = 0.0;  // of the regular identifier with most frames, for silences of all
+
+  /// False when no identifier comes regularly: then nothing tells a gap from a silence.
+  [[nodiscard]] bool IsJudged() const { return cycle > 0.0; }
 };
 
 /// A gap is a silence longer than `multiple` times the cycle. Identifiers that come at odd times,
-/// as those of questions and answers do, have none: of three in four cycles the regular ones differ
-/// from the median by less than a factor of two. One of all identifiers is told once,
-/// and of an identifier only what is not explained by those.
+/// as those of questions and answers do, have none; of a regular one three in four cycles lie
+/// between half and twice the median, both included. One of all identifiers is told once, and of an
+/// identifier only what is not explained by those.
 [[nodiscard]] JudgedRun JudgeRun(const RunStatistics& run, double multiple);
 
 }  // namespace tolvane::logtool

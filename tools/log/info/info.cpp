@@ -2,6 +2,7 @@
 
 #include "tools/log/info/report.h"
 #include "tools/log/runs/run_reader.h"
+#include "tools/log/runs/seams.h"
 
 namespace tolvane::logtool {
 
@@ -11,11 +12,13 @@ std::string InfoOf(const std::vector<LogRun>& runs, const InfoWishes& wishes, Lo
   for (std::size_t i = 0; i < runs.size() && !complaints.EndReading(); ++i) {
     RunReader reader(runs[i], files, complaints, wishes.mends_clock);
     RunStatistics statistics;
-    for (LogFrame frame; reader.Next(frame);) statistics.Add(frame);
+    for (LogFrame frame; reader.Next(frame);) statistics.Add(frame, reader.Ahead());
     const JudgedRun judged = JudgeRun(statistics, wishes.multiple);
     const RunReport report{.run = runs[i],
                            .statistics = statistics,
                            .judged = judged,
+                           .frames_of_files = reader.FramesOfFiles(),
+                           .seams = OddSeams(runs[i], reader.FramesOfFiles()),
                            .mended = reader.WhatWasMended(),
                            .clock = reader.Clock(),
                            .mends_clock = wishes.mends_clock,

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <string>
 #include <vector>
 
@@ -17,6 +18,8 @@ struct RunReport {
   const LogRun& run;
   const RunStatistics& statistics;
   const JudgedRun& judged;
+  const std::vector<std::uint64_t>& frames_of_files;
+  std::vector<std::string> seams;  // OddSeams
   const CsvLog::Mended& mended;
   const ClockJump& clock;
   bool mends_clock;

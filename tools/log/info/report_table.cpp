@@ -52,9 +52,10 @@ class Table {
     if (files.size() > 1) names += " to " + files.back().path;
     Line("files", names);
     if (!report_.run.IsWholeAtItsBegin()) {
-      Line("", "they begin at " + NumberText(report_.statistics.First()) +
+      Line("", "they begin at " + NumberText(report_.statistics.First().time) +
                    " ms: those ahead of them are missing");
     }
+    for (const std::string& seam : report_.seams) Line("", seam);
     Line("program", Decoded(head.program));
     Line("adapter", Decoded(head.adapter));
     Line("bit rate", Decoded(head.bit_rate));
@@ -69,8 +70,9 @@ class Table {
     Line("identifiers", std::to_string(report_.judged.identifiers.size()) +
                             (report_.run.Head().with_mark ? ", 29-bit mode" : ", 11-bit mode"));
     if (run.Frames() == 0) return;
-    Line("first, last", NumberText(run.First()) + " ms, " + NumberText(run.Last()) + " ms");
-    Line("span", MsText((run.Last() - run.First()) / 1000.0) + " s");
+    Line("first, last",
+         NumberText(run.First().time) + " ms, " + NumberText(run.Last().time) + " ms");
+    Line("span", MsText(run.First().To(run.Last()) / 1000.0) + " s");
     if (run.StepsBack() > 0) {
       Line("steps back",
            Counted(run.StepsBack(), "frame") + " with a time before that of the one ahead");
@@ -87,10 +89,12 @@ class Table {
            Counted(mended.strays, "stray zero") + " in " + Counted(mended.stray_blocks, "block"));
     }
     if (const auto& jump = report_.clock.TheJump()) {
-      Line("clock jump", MsText(jump->jump) + " ms behind " + MsText(jump->at) +
-                             (report_.mends_clock ? " ms, taken out; right to "
-                                                  : " ms (see --mend-clock); right to ") +
+      Line("clock jump", MsText(jump->jump) + " ms behind " + MsText(jump->at) + " ms, right to " +
                              MsText(jump->doubt) + " ms");
+      Line("", std::string("it is no silence: it counts in no cycle, gap or span, and ") +
+                   (report_.mends_clock ? "is taken out of the times"
+                                        : "the times have it (see --mend-clock)"));
+      Line("", "a silence that ends just there looks the same");
     }
   }
 
@@ -114,11 +118,15 @@ class Table {
   void AddGaps() {
     const std::vector<Gap>& gaps = report_.judged.gaps;
     text_ += "\n  silent longer than " + NumberText(report_.multiple) + " cycles: ";
+    if (!report_.judged.IsJudged()) {
+      text_ += "not judged: no identifier comes regularly\n";
+      return;
+    }
     if (gaps.empty()) {
       text_ += "none\n";
       return;
     }
-    text_ += std::to_string(gaps.size()) + "\n";
+    text_ += std::to_string(gaps.size() + report_.judged.gaps_left_out) + "\n";
     std::vector<Gap> shown = gaps;
     if (shown.size() > kGaps_MAX) {
       std::ranges::stable_sort(shown, std::ranges::greater(),
@@ -137,7 +145,7 @@ class Table {
     std::string name = gap.identifier == nullptr ? "all" : IdentifierText(*gap.identifier);
     name.resize(10, ' ');
     text_ += "  " + name + Padded(MsText(gap.silence.begin), 14) +
-             Padded(MsText(gap.silence.End()), 14) + Padded(MsText(gap.silence.length), 13) + " " +
+             Padded(MsText(gap.silence.end), 14) + Padded(MsText(gap.silence.length), 13) + " " +
              Padded("about " + NumberText(gap.lost), 12);
     text_ += kEdges[static_cast<std::size_t>(gap.edge)];
     text_ += "\n";

@@ -5,28 +5,30 @@
 
 namespace tolvane::logtool {
 
-void IdentifierStatistics::Add(const LogFrame& frame) {
+void IdentifierStatistics::Add(const LogFrame& frame, const Moment& moment) {
   if (frames++ == 0) {
-    first = frame.time;
-  } else if (const double cycle = frame.time - last; cycle >= 0.0) {
-    cycles.Add(cycle);
-    silences.Add(last, cycle);
+    first = moment;
+  } else if (const Silence silence(last, moment); silence.length >= 0.0) {
+    cycles.Add(silence.length);
+    silences.Add(silence);
   }
-  last = frame.time;
+  last = moment;
   const bool has_code = frame.length >= 0 && frame.length <= 15;
   lengths |= has_code ? 1U << frame.length : kOtherLengths;
 }
 
-void RunStatistics::Add(const LogFrame& frame) {
+void RunStatistics::Add(const LogFrame& frame, double ahead) {
+  const Moment moment{frame.time, ahead};
   if (frames_++ == 0) {
-    first_ = frame.time;
-  } else if (const double silence = frame.time - last_; silence >= 0.0) {
-    silences_.Add(last_, silence);
+    first_ = moment;
+  } else if (const Silence silence(last_, moment); silence.length >= 0.0) {
+    silences_.Add(silence);
+    silence_lengths_.Add(silence.length);
   } else {
     ++steps_back_;
   }
-  last_ = frame.time;
-  Of(frame).Add(frame);
+  last_ = moment;
+  Of(frame).Add(frame, moment);
 }
 
 std::vector<const IdentifierStatistics*> RunStatistics::Identifiers() const {

@@ -5,12 +5,27 @@
 
 namespace tolvane::logtool {
 
-/// A stretch of time without a frame, in ms.
-struct Silence {
-  double begin;
-  double length;
+/// A time of the log in ms, and how far it is ahead as the adapter's clock has jumped.
+struct Moment {
+  double time = 0.0;
+  double ahead = 0.0;
 
-  [[nodiscard]] double End() const { return begin + length; }
+  /// How much later another one is: the jump is no time that has passed.
+  [[nodiscard]] double To(const Moment& later) const {
+    return (later.time - later.ahead) - (time - ahead);
+  }
+};
+
+/// A stretch without a frame, in ms. Its length is less than from begin to end where the clock has
+/// jumped in it.
+struct Silence {
+  Silence() = default;
+  Silence(const Moment& from, const Moment& to)
+      : begin(from.time), end(to.time), length(from.To(to)) {}
+
+  double begin = 0.0;
+  double end = 0.0;
+  double length = 0.0;
 };
 
 /// The longest silences of an identifier, or of all: how long one has to be to count is known only
@@ -19,9 +34,9 @@ class LongestSilences {
  public:
   explicit LongestSilences(std::size_t most) : most_(most) {}
 
-  void Add(double begin, double length) {
-    if (kept_.size() == most_ && length <= shortest_) return;
-    Keep({begin, length});
+  void Add(const Silence& silence) {
+    if (kept_.size() == most_ && silence.length <= shortest_) return;
+    Keep(silence);
   }
   /// In no order.
   [[nodiscard]] const std::vector<Silence>& Kept() const { return kept_; }

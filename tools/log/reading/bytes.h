@@ -14,6 +14,8 @@ class ByteSource {
   /// Fills the beginning of `room` and says how much of it: 0 at the end alone. Empty when the
   /// reading failed.
   [[nodiscard]] virtual std::optional<std::size_t> Read(std::span<char> room) = 0;
+  /// Goes to the last `bytes` of them, or to the beginning if there are fewer. False if it cannot.
+  [[nodiscard]] virtual bool SkipToLast(std::size_t bytes) = 0;
 };
 
 /// Where bytes go to.

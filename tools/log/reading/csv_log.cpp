@@ -1,7 +1,5 @@
 #include "tools/log/reading/csv_log.h"
 
-#include <utility>
-
 namespace tolvane::logtool {
 
 CsvLog::Mended& CsvLog::Mended::operator+=(const Mended& other) {
@@ -12,15 +10,20 @@ CsvLog::Mended& CsvLog::Mended::operator+=(const Mended& other) {
 }
 
 bool CsvLog::ReadHead() {
-  auto head = ReadLogHead(lines_);
-  if (!head) {
-    line_ = 1;
-    fault_ = "this is no csv log of Tolvane: the line of its columns does not come";
-    return false;
+  switch (ReadLogHead(lines_, head_)) {
+    case HeadOutcome::kHead:
+      line_ = head_.lines;
+      return true;
+    case HeadOutcome::kNoLog:
+      line_ = 1;
+      fault_ = "this is no csv log of Tolvane: the line of its columns does not come";
+      return false;
+    case HeadOutcome::kUnreadable:
+      line_ = 0;
+      fault_ = "the file cannot be read";
+      return false;
   }
-  head_ = *std::move(head);
-  line_ = head_.lines;
-  return true;
+  return false;
 }
 
 CsvLog::Outcome CsvLog::Next(LogFrame& frame) {

@@ -34,7 +34,7 @@ class CsvLog {
   /// Behind a fault the next call goes on with the next line, unless IsBroken.
   [[nodiscard]] Outcome Next(LogFrame& frame);
 
-  /// The line of the last record or fault, from 1.
+  /// The line of the last record or fault, from 1; 0 of one of the whole file.
   [[nodiscard]] std::uint64_t Line() const { return line_; }
   [[nodiscard]] std::string_view Fault() const { return fault_; }
   /// True when the file could not be read on.

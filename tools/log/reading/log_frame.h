@@ -4,10 +4,12 @@
 #include <cstddef>
 #include <cstdint>
 
+#include "receive/adapters/id_limits.h"
+
 namespace tolvane::logtool {
 
-constexpr std::uint32_t kStandardId_MAX = 0x7FF;
-constexpr std::uint32_t kExtendedId_MAX = 0x1FFF'FFFF;
+constexpr auto kStandardId_MAX = static_cast<std::uint32_t>(kMaxStandardID);
+constexpr auto kExtendedId_MAX = static_cast<std::uint32_t>(kMaxExtendedID);
 
 constexpr double kTime_MAX = 1e13;  // ms, three hundred years; no run gets there
 

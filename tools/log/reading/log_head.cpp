@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "logging/csv_head.h"
+#include "run/elm327_info.h"
 #include "tools/log/reading/ascii.h"
 
 namespace tolvane::logtool {
@@ -15,12 +16,8 @@ constexpr StringView kColumns29 = AsciiTail(kCsvColumns29);
 constexpr StringView kBitRate = AsciiHead(kCsvBitRate);
 constexpr StringView kBitRateEnd = AsciiTail(kCsvBitRate);
 
-// Only a settings file brings line ends into a comment, which has fifty characters.
-constexpr std::size_t kLines_MAX = 8 + 50;
-constexpr std::size_t kWrittenLine = 2;
-constexpr std::size_t kAdapterLine = 3;
-constexpr std::size_t kCommentLine = 5;
-constexpr std::size_t kLinesBehindComment = 1;
+// Only a settings file brings line ends into a comment.
+constexpr std::size_t kLines_MAX = kCsvHeadLines + kLogComment_MAX;
 
 void ReadWrittenLine(std::string_view line, LogHead& head) {
   const std::size_t end = line.find(kBytesOf<kBitRate>);
@@ -36,10 +33,11 @@ LogHead HeadOf(const std::vector<std::string>& lines, bool with_mark) {
   head.with_mark = with_mark;
   head.lines = lines.size() + 1;
   if (!lines.empty()) head.program = lines[0].substr(0, lines[0].find(kBytesOf<kCsvCopyrightGap>));
-  if (lines.size() > kWrittenLine) ReadWrittenLine(lines[kWrittenLine], head);
-  if (lines.size() > kAdapterLine) head.adapter = lines[kAdapterLine];
-  for (std::size_t i = kCommentLine; i + kLinesBehindComment < lines.size(); ++i) {
-    if (i > kCommentLine) head.comment += ' ';
+  if (lines.size() > kCsvWrittenLine) ReadWrittenLine(lines[kCsvWrittenLine], head);
+  if (lines.size() > kCsvAdapterLine) head.adapter = lines[kCsvAdapterLine];
+  constexpr std::size_t kLinesBehindComment = kCsvColumnsLine - kCsvCommentLine - 1;
+  for (std::size_t i = kCsvCommentLine; i + kLinesBehindComment < lines.size(); ++i) {
+    if (i > kCsvCommentLine) head.comment += ' ';
     head.comment += lines[i];
   }
   return head;
@@ -47,15 +45,21 @@ LogHead HeadOf(const std::vector<std::string>& lines, bool with_mark) {
 
 }  // namespace
 
-std::optional<LogHead> ReadLogHead(LineSource& source) {
+HeadOutcome ReadLogHead(LineSource& source, LogHead& head) {
   std::vector<std::string> lines;
   std::string_view line;
-  while (lines.size() < kLines_MAX && source.Next(line) == LineSource::Outcome::kLine) {
-    if (line.ends_with(kBytesOf<kColumns11>)) return HeadOf(lines, false);
-    if (line.ends_with(kBytesOf<kColumns29>)) return HeadOf(lines, true);
+  while (lines.size() < kLines_MAX) {
+    const LineSource::Outcome outcome = source.Next(line);
+    if (outcome == LineSource::Outcome::kUnreadable) return HeadOutcome::kUnreadable;
+    if (outcome != LineSource::Outcome::kLine) return HeadOutcome::kNoLog;
+    const bool with_mark = line.ends_with(kBytesOf<kColumns29>);
+    if (with_mark || line.ends_with(kBytesOf<kColumns11>)) {
+      head = HeadOf(lines, with_mark);
+      return HeadOutcome::kHead;
+    }
     lines.emplace_back(line);
   }
-  return {};
+  return HeadOutcome::kNoLog;
 }
 
 }  // namespace tolvane::logtool

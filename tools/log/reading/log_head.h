@@ -1,6 +1,6 @@
 #pragma once
 
-#include <optional>
+#include <cstdint>
 #include <string>
 
 #include "tools/log/reading/line_source.h"
@@ -19,12 +19,14 @@ struct LogHead {
 
   /// Whether two files can be of one run.
   [[nodiscard]] bool IsOfRunOf(const LogHead& other) const {
-    return bit_rate == other.bit_rate && adapter == other.adapter && comment == other.comment &&
-           with_mark == other.with_mark;
+    return program == other.program && bit_rate == other.bit_rate && adapter == other.adapter &&
+           comment == other.comment && with_mark == other.with_mark;
   }
 };
 
-/// Reads up to the line of the columns, by which a log is known. Empty when there is none.
-[[nodiscard]] std::optional<LogHead> ReadLogHead(LineSource& lines);
+enum class HeadOutcome : std::uint8_t { kHead, kNoLog, kUnreadable };
+
+/// Reads up to the line of the columns, by which a log is known.
+[[nodiscard]] HeadOutcome ReadLogHead(LineSource& lines, LogHead& head);
 
 }  // namespace tolvane::logtool

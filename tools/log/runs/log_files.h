@@ -7,15 +7,28 @@
 
 namespace tolvane::logtool {
 
+/// What opening a file gave: its bytes, or none and why.
+template <typename Bytes>
+struct Opened {
+  std::unique_ptr<Bytes> bytes;
+  std::string why_not;  // such as "this is a folder"
+};
+
 /// The files of this machine. Paths are UTF-8, on Linux whatever bytes the system has.
 class LogFiles {
  public:
   virtual ~LogFiles() = default;
-  /// From the beginning. Null when it cannot be read.
-  [[nodiscard]] virtual std::unique_ptr<ByteSource> Open(const std::string& path) = 0;
-  /// A new one. Null when it cannot be made, and where there is one already.
-  [[nodiscard]] virtual std::unique_ptr<ByteSink> Create(const std::string& path) = 0;
+  /// From the beginning. A file on a disk alone, as it is opened more than once.
+  [[nodiscard]] virtual Opened<ByteSource> Open(const std::string& path) = 0;
+  /// A new one; none where there is one already.
+  [[nodiscard]] virtual Opened<ByteSink> Create(const std::string& path) = 0;
   virtual void Remove(const std::string& path) = 0;
 };
+
+// Reasons that are not the system's.
+inline constexpr const char* kIsFolder = "this is a folder";
+inline constexpr const char* kIsNoFile =
+    "this is no file on a disk, and logs are read more than once; copy it into one";
+inline constexpr const char* kIsThere = "this file is there already";
 
 }  // namespace tolvane::logtool

@@ -16,15 +16,10 @@ namespace tolvane::logtool {
 
 namespace {
 
-constexpr std::size_t kDateHourDigits = StringView(u"yymmddhh").size();
-
 struct LogName {
-  std::size_t folder;  // its number among the folders
+  std::string_view folder;
   std::uint32_t date_hour;
   std::uint32_t number;
-  std::string path;
-
-  [[nodiscard]] auto Order() const { return std::tie(folder, date_hour, number); }
 };
 
 /// All of `text`, which has `least` digits or more.
@@ -36,47 +31,55 @@ std::optional<std::uint32_t> Number(std::string_view text, std::size_t least) {
   return number;
 }
 
-class Folders {
- public:
-  std::size_t NumberOf(std::string_view folder) {
-    const auto found = std::ranges::find(folders_, folder);
-    const auto number = static_cast<std::size_t>(found - folders_.begin());
-    if (found == folders_.end()) folders_.emplace_back(folder);
-    return number;
-  }
-
- private:
-  std::vector<std::string> folders_;
-};
-
-std::optional<LogName> NameOf(const std::string& path, Folders& folders) {
+std::optional<LogName> NameOf(std::string_view path) {
   constexpr std::string_view kPrefix = kBytesOf<kLogPrefix>;
+  constexpr std::string_view kGap = kBytesOf<kLogNumberGap>;
   constexpr std::string_view kExtension = kBytesOf<kCsvExtension>;
   const std::size_t start = path.find_last_of("/\\") + 1;  // 0 without any
-  std::string_view name = std::string_view(path).substr(start);
+  std::string_view name = path.substr(start);
   if (!name.starts_with(kPrefix) || !name.ends_with(kExtension)) return {};
   name = name.substr(kPrefix.size(), name.size() - kPrefix.size() - kExtension.size());
-  if (name.size() <= kDateHourDigits || name[kDateHourDigits] != '-') return {};
+  if (name.size() <= kDateHourDigits || !name.substr(kDateHourDigits).starts_with(kGap)) return {};
   const auto date_hour = Number(name.substr(0, kDateHourDigits), kDateHourDigits);
-  const auto number = Number(name.substr(kDateHourDigits + 1), kFileNumberDigits);
+  const auto number = Number(name.substr(kDateHourDigits + kGap.size()), kFileNumberDigits);
   if (!date_hour || !number) return {};
-  const std::string_view folder = std::string_view(path).substr(0, start);
-  return LogName{folders.NumberOf(folder), *date_hour, *number, path};
+  return LogName{path.substr(0, start), *date_hour, *number};
 }
+
+/// A path with its place: the folder's number among the folders, then what the name tells.
+struct Placed {
+  std::size_t folder;
+  LogName name;
+  std::string path;
+
+  [[nodiscard]] auto Order() const { return std::tie(folder, name.date_hour, name.number); }
+};
 
 }  // namespace
 
 std::vector<std::string> InOrderOfWriting(std::vector<std::string> paths) {
-  Folders folders;
-  std::vector<LogName> names;
+  std::vector<std::string_view> folders;
+  std::vector<Placed> placed;
   for (const std::string& path : paths) {
-    auto name = NameOf(path, folders);
+    const auto name = NameOf(path);
     if (!name) return paths;
-    names.push_back(*std::move(name));
+    const auto found = std::ranges::find(folders, name->folder);
+    placed.push_back({static_cast<std::size_t>(found - folders.begin()), *name, path});
+    if (found == folders.end()) folders.push_back(name->folder);
   }
-  std::ranges::stable_sort(names, {}, &LogName::Order);
-  std::ranges::transform(names, paths.begin(), [](LogName& name) { return std::move(name.path); });
-  return paths;
+  std::ranges::stable_sort(placed, {}, &Placed::Order);
+  std::vector<std::string> ordered;
+  for (Placed& one : placed) ordered.push_back(std::move(one.path));
+  return ordered;
+}
+
+std::uint32_t NumbersBetween(const std::string& before, const std::string& path) {
+  const auto first = NameOf(before);
+  const auto second = NameOf(path);
+  if (!first || !second || first->folder != second->folder) return 0;
+  // Numbers begin at 1 in each hour.
+  const std::uint32_t last = first->date_hour == second->date_hour ? first->number : 0;
+  return second->number > last ? second->number - last - 1 : 0;
 }
 
 }  // namespace tolvane::logtool

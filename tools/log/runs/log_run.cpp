@@ -1,5 +1,8 @@
 #include "tools/log/runs/log_run.h"
 
+#include <algorithm>
+#include <ranges>
+#include <string_view>
 #include <utility>
 
 #include "tools/log/reading/csv_log.h"
@@ -8,7 +11,15 @@ namespace tolvane::logtool {
 
 namespace {
 
-/// What the faults of records are is told when they are read in earnest.
+constexpr std::string_view kIsWorkbook =
+    "this is a workbook, and only csv logs are read; have it saved as one";
+
+/// Bytes at a file's end in which its last record is looked for.
+constexpr std::size_t kTail = std::size_t{1} << 16;
+
+bool IsWorkbook(std::string_view path) { return path.ends_with(".xls") || path.ends_with(".xlsx"); }
+
+/// Faults of records are passed over: they are told when the run is read.
 std::optional<double> FirstTime(CsvLog& log) {
   LogFrame frame;
   for (;;) {
@@ -23,22 +34,63 @@ std::optional<double> FirstTime(CsvLog& log) {
   }
 }
 
-std::optional<LogFile> LookInto(const std::string& path, LogFiles& files, Complaints& complaints) {
-  const auto bytes = files.Open(path);
-  if (bytes == nullptr) {
-    complaints.Tell(path, 0, "this file cannot be opened");
-    return {};
+/// Of the last record. A file that has a record has one behind its head, so no line of the head is
+/// the last one, whatever a comment looks like.
+std::optional<double> LastTime(ByteSource& bytes, bool with_mark) {
+  if (!bytes.SkipToLast(kTail)) return {};
+  LineSource lines(bytes);
+  std::string_view line;
+  std::optional<double> time;
+  static_cast<void>(lines.Next(line));  // the rest of a line
+  while (lines.Next(line) == LineSource::Outcome::kLine) {
+    LogFrame frame;
+    LineTraits traits;
+    if (ReadRecordLine(line, with_mark, frame, traits) == LineFault::kNone) time = frame.time;
   }
-  CsvLog log(*bytes);
-  if (!log.ReadHead()) {
-    complaints.Tell(path, log.Line(), log.Fault());
-    return {};
-  }
-  return LogFile{path, log.Head(), FirstTime(log)};
+  return time;
 }
 
-bool BeginsRun(const LogFile& file, const LogFile& before) {
-  return !file.head.IsOfRunOf(before.head) || (file.begins && *file.begins == 0.0);
+bool IsFull(const std::string& path, LogFiles& files) {
+  const auto file = files.Open(path);
+  if (file.bytes == nullptr) return false;
+  CsvLog log(*file.bytes);
+  if (!log.ReadHead()) return false;
+  std::uint64_t records = 0;
+  LogFrame frame;
+  while (!log.IsBroken()) {
+    const CsvLog::Outcome outcome = log.Next(frame);
+    if (outcome == CsvLog::Outcome::kEnd) break;
+    records += outcome == CsvLog::Outcome::kFrame ? 1 : 0;
+  }
+  return records >= kRecordsOfFullFile;
+}
+
+std::optional<LogFile> LookInto(const std::string& path, LogFiles& files, Complaints& complaints) {
+  const auto opened = files.Open(path);
+  if (opened.bytes == nullptr) {
+    complaints.Tell(path, 0, opened.why_not);
+    return {};
+  }
+  CsvLog log(*opened.bytes);
+  if (!log.ReadHead()) {
+    const bool is_workbook = log.Line() > 0 && IsWorkbook(path);
+    complaints.Tell(path, is_workbook ? 0 : log.Line(), is_workbook ? kIsWorkbook : log.Fault());
+    return {};
+  }
+  LogFile file{path, log.Head(), FirstTime(log), {}};
+  if (file.begins) file.ends = LastTime(*opened.bytes, file.head.with_mark);
+  return file;
+}
+
+bool BeginsRun(const LogFile& file, const LogRun& run, LogFiles& files) {
+  if (!file.head.IsOfRunOf(run.Head())) return true;
+  if (!file.begins) return false;  // the end of a run may have none
+  const auto last =
+      std::ranges::find_if(run.files | std::views::reverse,
+                           [](const LogFile& before) { return before.ends.has_value(); });
+  const bool is_first = last == run.files.rend();
+  if (*file.begins == 0.0) return is_first || *last->ends != 0.0 || !IsFull(last->path, files);
+  return !is_first && *file.begins < *last->ends;
 }
 
 }  // namespace
@@ -50,7 +102,7 @@ std::vector<LogRun> FindRuns(const std::vector<std::string>& paths, LogFiles& fi
     auto file = LookInto(path, files, complaints);
     if (complaints.EndReading()) break;
     if (!file) continue;
-    if (runs.empty() || BeginsRun(*file, runs.back().files.back())) runs.emplace_back();
+    if (runs.empty() || BeginsRun(*file, runs.back(), files)) runs.emplace_back();
     runs.back().files.push_back(*std::move(file));
   }
   return runs;

@@ -1,19 +1,25 @@
 #pragma once
 
+#include <cstdint>
 #include <optional>
 #include <string>
 #include <vector>
 
+#include "logging/log_table.h"
 #include "tools/log/reading/log_head.h"
 #include "tools/log/runs/complaints.h"
 #include "tools/log/runs/log_files.h"
 
 namespace tolvane::logtool {
 
+/// The program then begins another file.
+constexpr std::uint64_t kRecordsOfFullFile = LogTable::kRow_MAX + 1;
+
 struct LogFile {
   std::string path;
   LogHead head;
   std::optional<double> begins;  // the time of its first record; none without a record
+  std::optional<double> ends;    // that of its last one
 };
 
 /// The files of a run in their order, at least one.
@@ -25,8 +31,10 @@ struct LogRun {
   [[nodiscard]] bool IsWholeAtItsBegin() const { return files.front().begins.value_or(0.0) == 0.0; }
 };
 
-/// Looks into files that are in the order of their writing, and tells the runs apart: one begins
-/// with a record of time 0, or where a head says something else than the one before it.
+/// Looks into files that are in the order of their writing, and tells the runs apart. One begins
+/// where a head says something else than the one before it, where the time goes back from a file's
+/// last record to the next one's first, and with a record of time 0. A run whose times are all 0,
+/// as a board's can be, goes on behind a full file.
 [[nodiscard]] std::vector<LogRun> FindRuns(const std::vector<std::string>& paths, LogFiles& files,
                                            Complaints& complaints);
 

@@ -7,12 +7,14 @@ RunReader::RunReader(const LogRun& run, LogFiles& files, Complaints& complaints,
       files_(files),
       complaints_(complaints),
       mends_clock_(mends_clock),
-      clock_(ClockWrapOf(run.Head())) {}
+      clock_(ClockWrapOf(run.Head())),
+      frames_(run.files.size()) {}
 
 bool RunReader::Next(LogFrame& frame) {
   while (log_ != nullptr || OpenFile()) {
     switch (log_->Next(frame)) {
       case CsvLog::Outcome::kFrame:
+        ++frames_[file_];
         clock_.Follow(frame.time);
         if (mends_clock_) frame.time -= clock_.Ahead();
         return true;
@@ -31,7 +33,7 @@ bool RunReader::Next(LogFrame& frame) {
 bool RunReader::OpenFile() {
   for (; file_ < run_.files.size(); ++file_) {
     const std::string& path = run_.files[file_].path;
-    bytes_ = files_.Open(path);
+    bytes_ = files_.Open(path).bytes;
     if (bytes_ != nullptr) {
       log_ = std::make_unique<CsvLog>(*bytes_);
       if (log_->ReadHead()) return true;

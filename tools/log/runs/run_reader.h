@@ -1,6 +1,8 @@
 #pragma once
 
+#include <cstdint>
 #include <memory>
+#include <vector>
 
 #include "tools/log/reading/csv_log.h"
 #include "tools/log/runs/clock_jump.h"
@@ -19,8 +21,10 @@ class RunReader {
   /// False behind the last frame, and at a fault that ends the reading.
   [[nodiscard]] bool Next(LogFrame& frame);
 
-  /// The place of the last frame's file in the run.
-  [[nodiscard]] std::size_t File() const { return file_; }
+  /// How far the last frame's time is ahead by the clock's jump; 0 where that is taken out.
+  [[nodiscard]] double Ahead() const { return mends_clock_ ? 0.0 : clock_.Ahead(); }
+  /// How many were read of each file.
+  [[nodiscard]] const std::vector<std::uint64_t>& FramesOfFiles() const { return frames_; }
   [[nodiscard]] const ClockJump& Clock() const { return clock_; }
   [[nodiscard]] const CsvLog::Mended& WhatWasMended() const { return mended_; }
 
@@ -34,6 +38,7 @@ class RunReader {
   bool mends_clock_;
   ClockJump clock_;
   std::size_t file_ = 0;
+  std::vector<std::uint64_t> frames_;
   std::unique_ptr<ByteSource> bytes_;
   std::unique_ptr<CsvLog> log_;
   CsvLog::Mended mended_;

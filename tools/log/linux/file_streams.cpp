@@ -1,4 +1,6 @@
-#include "tools/log/linux/file_bytes.h"
+#include "tools/log/linux/file_streams.h"
+
+#include <sys/types.h>
 
 #include <utility>
 
@@ -21,6 +23,11 @@ std::optional<std::size_t> FileSource::Read(std::span<char> room) {
   const std::size_t read = std::fread(room.data(), 1, room.size(), file_.get());
   if (read == 0 && std::ferror(file_.get()) != 0) return {};
   return read;
+}
+
+bool FileSource::SkipToLast(std::size_t bytes) {
+  if (fseeko(file_.get(), -static_cast<off_t>(bytes), SEEK_END) == 0) return true;
+  return fseeko(file_.get(), 0, SEEK_SET) == 0;
 }
 
 FileSink::FileSink(File file) : file_(std::move(file)) {

@@ -5,12 +5,13 @@
 
 namespace tolvane::logtool {
 
-using FileHandle = platform::windows::Handle<platform::windows::FileTraits>;
+using platform::windows::FileHandle;
 
 class FileSource final : public ByteSource {
  public:
   explicit FileSource(FileHandle file) : file_(std::move(file)) {}
   [[nodiscard]] std::optional<std::size_t> Read(std::span<char> room) override;
+  [[nodiscard]] bool SkipToLast(std::size_t bytes) override;
 
  private:
   FileHandle file_;
@@ -25,8 +26,8 @@ class FileSink final : public ByteSink {
   FileHandle file_;
 };
 
-/// One of the streams that a program has from its start. A console gets characters, whatever its
-/// code page; files and pipes get the UTF-8 as it is.
+/// One of the streams that a program has from its start; it is closed with this. A console gets
+/// characters, whatever its code page; files and pipes get the UTF-8 as it is.
 class StandardSink final : public ByteSink {
  public:
   /// STD_OUTPUT_HANDLE or STD_ERROR_HANDLE.
@@ -34,11 +35,8 @@ class StandardSink final : public ByteSink {
   [[nodiscard]] bool Write(std::string_view bytes) override;
 
  private:
-  HANDLE stream_;
+  FileHandle stream_;
   bool is_console_;
 };
-
-/// Without what is no UTF-8.
-[[nodiscard]] std::wstring WideOf(std::string_view utf8);
 
 }  // namespace tolvane::logtool

@@ -17,6 +17,7 @@ class FileSource final : public ByteSource {
  public:
   explicit FileSource(File file);
   [[nodiscard]] std::optional<std::size_t> Read(std::span<char> room) override;
+  [[nodiscard]] bool SkipToLast(std::size_t bytes) override;
 
  private:
   File file_;

@@ -1,0 +1,133 @@
+// The tables that hold tolvane-log and the scripts' reader of logs together.
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <iomanip>
+#include <sstream>
+
+#include "tests/logging/log_test.h"
+#include "tests/tools/log/memory_files.h"
+#include "tools/log/reading/csv_log.h"
+#include "tools/log/runs/log_run.h"
+
+namespace tolvane::logtool {
+namespace {
+
+struct RecordRow {
+  const char* label;
+  int bits;
+  const char* line;
+  const char* record;
+};
+
+constexpr RecordRow kRecords[] = {
+#include "tests/tools/log/log_records.inc"
+};
+
+std::string RecordText(const LogFrame& frame) {
+  std::ostringstream text;
+  text << std::setprecision(15) << frame.time << std::hex << std::uppercase << ' ' << frame.id
+       << (frame.extended ? " extended " : " standard ") << std::dec << frame.length << ' '
+       << std::hex << std::setfill('0');
+  for (std::size_t i = 0; i < frame.bytes; ++i) text << std::setw(2) << int{frame.data[i]};
+  return text.str();
+}
+
+TEST(SharedTables, EachLineIsTheStatedRecordOrNone) {
+  for (const RecordRow& row : kRecords) {
+    TextSource bytes(kHead + (row.bits == 29 ? kColumns29 : kColumns11) + row.line + "\r\n");
+    CsvLog log(bytes);
+    ASSERT_TRUE(log.ReadHead());
+    LogFrame frame;
+    std::string found = "passed over";
+    const CsvLog::Outcome outcome = log.Next(frame);
+    if (outcome == CsvLog::Outcome::kFrame) found = RecordText(frame);
+    if (outcome == CsvLog::Outcome::kFault) found = "no record";
+    EXPECT_EQ(found, row.record) << row.label;
+  }
+}
+
+struct HeadRow {
+  const char* label;
+  const char* head;
+  const char* told;
+};
+
+constexpr HeadRow kHeads[] = {
+#include "tests/tools/log/log_heads.inc"
+};
+
+TEST(SharedTables, EachHeadTellsWhatIsStated) {
+  for (const HeadRow& row : kHeads) {
+    TextSource bytes(row.head);
+    LineSource lines(bytes);
+    LogHead head;
+    std::string found;
+    if (ReadLogHead(lines, head) == HeadOutcome::kHead) {
+      found = head.program + "|" + head.bit_rate + "|" + head.adapter + "|" + head.comment + "|" +
+              (head.with_mark ? "29" : "11") + "|" + std::to_string(head.lines);
+    }
+    EXPECT_EQ(found, row.told) << row.label;
+  }
+}
+
+struct RunsRow {
+  const char* label;
+  const char* files;
+  const char* runs;
+};
+
+constexpr RunsRow kRuns[] = {
+#include "tests/tools/log/log_runs.inc"
+};
+
+std::string Records(const std::string& times) {
+  std::ostringstream text;
+  std::istringstream parts(times);
+  for (std::string part; std::getline(parts, part, ',');) {
+    char* behind = nullptr;
+    const long first = std::strtol(part.c_str(), &behind, 10);
+    const std::string rest = behind;
+    const long last = rest.starts_with("..") ? std::stol(rest.substr(2)) : first;
+    const long count = rest.starts_with("*") ? std::stol(rest.substr(1)) : last - first + 1;
+    for (long i = 0; i < count; ++i) {
+      text << std::setw(10) << (last > first ? first + i : first) << " , 123 , 0\r\n";
+    }
+  }
+  return text.str();
+}
+
+TEST(SharedTables, FilesAreTheStatedRuns) {
+  for (const RunsRow& row : kRuns) {
+    MemoryFiles files;
+    std::vector<std::string> paths;
+    std::istringstream given(row.files);
+    for (std::string file; given >> file;) {
+      const std::size_t colon = file.find(':');
+      std::string name = file.substr(0, colon);
+      std::string head = kHead;
+      if (name.ends_with('!')) {
+        name.pop_back();
+        head.replace(head.find("500k"), 4, "250k");
+      }
+      paths.push_back(name);
+      files.texts[name] = head + kColumns11 + Records(file.substr(colon + 1));
+    }
+    std::string said;
+    TextSink sink(said);
+    Complaints complaints(sink, false);
+    std::string found;
+    for (const LogRun& run : FindRuns(paths, files, complaints)) {
+      if (!found.empty()) found += '|';
+      for (std::size_t i = 0; i < run.files.size(); ++i) {
+        if (i > 0) found += ' ';
+        found += run.files[i].path;
+      }
+    }
+    EXPECT_EQ(found, row.runs) << row.label;
+    EXPECT_EQ(said, "");
+  }
+}
+
+}  // namespace
+}  // namespace tolvane::logtool

@@ -1,0 +1,98 @@
+#!/usr/bin/env python3
+"""The tables that hold the scripts' reader of logs and tolvane-log together. The arguments are the script's folder and
+that of the tables."""
+
+import ast
+import pathlib
+import sys
+import tempfile
+import unittest
+
+TABLES = pathlib.Path(sys.argv.pop())
+sys.path.insert(0, sys.argv.pop())
+import run_logs  # noqa: E402
+
+HEAD = ("Tolvane Ver1.23,,,C,,,,H\r\n\r\n2026/11/20 9:05:07,,,bit rate：,{rate} bps\r\nCANUSB\r\n\r\n\r\n\r\n"
+        "  時間[ms] , {columns},DLC,  D1,D2,D3,D4,D5,D6,D7,D8\r\n")
+COLUMNS = {11: "ID  ", 29: "E ,    ID    "}
+
+
+def rows(table: str) -> list[tuple]:
+    with open(TABLES / table, encoding="utf-8") as file:
+        found = [line.strip().rstrip(",") for line in file if not line.startswith("//")]
+    # The values of a row are written the same way in both languages.
+    return [ast.literal_eval("(" + row.removeprefix("{").removesuffix("}") + ")") for row in found]
+
+
+def record_text(record: run_logs.Record) -> str:
+    return (f"{record.milliseconds:.15g} {record.identifier:X} {'extended' if record.extended else 'standard'} "
+            f"{record.length} {record.data.hex().upper()}")
+
+
+def times(text: str) -> list[int]:
+    found = []
+    for part in filter(None, text.split(",")):
+        first, _, last = part.partition("..")
+        number, _, count = part.partition("*")
+        found += range(int(first), int(last) + 1) if last else [int(number)] * int(count or 1)
+    return found
+
+
+class Tables(unittest.TestCase):
+    def setUp(self):
+        holder = tempfile.TemporaryDirectory()
+        self.addCleanup(holder.cleanup)
+        self.folder = pathlib.Path(holder.name)
+
+    def log(self, name: str, content: bytes) -> run_logs.Log:
+        path = self.folder / name
+        path.write_bytes(content)
+        return run_logs.Log(path)
+
+    def test_each_line_is_the_stated_record_or_none(self):
+        table = rows("log_records.inc")
+        self.assertGreater(len(table), 50)
+        for label, bits, line, stated in table:
+            with self.subTest(label):
+                head = HEAD.format(rate="500k", columns=COLUMNS[bits]).encode("cp932")
+                log = self.log("one.csv", head + line.encode() + b"\r\n")
+                read = log.lines[0]
+                record = run_logs.read_record(read, log.marked)
+                found = record_text(record) if record else "no record"
+                self.assertEqual(stated, "passed over" if run_logs.is_block(read, log.marked) else found)
+
+    def test_each_head_tells_what_is_stated(self):
+        table = rows("log_heads.inc")
+        self.assertGreater(len(table), 10)
+        for label, head, stated in table:
+            with self.subTest(label):
+                lines = [line.removesuffix(b"\r") for line in head.encode("latin-1").split(b"\n")]
+                found = run_logs.read_head(lines)
+                told = ""
+                if found:
+                    told = "|".join([text.decode("latin-1") for text in found[0][:4]]
+                                    + ["29" if found[0].marked else "11", str(found[1])])
+                self.assertEqual(stated, told)
+
+    def test_files_are_the_stated_runs(self):
+        table = rows("log_runs.inc")
+        self.assertGreater(len(table), 15)
+        for label, files, stated in table:
+            with self.subTest(label):
+                runs: list[list[run_logs.Log]] = []
+                last_time = None
+                for file in files.split():
+                    name, _, text = file.partition(":")
+                    head = HEAD.format(rate="250k" if name.endswith("!") else "500k", columns=COLUMNS[11])
+                    records = "".join(f"{time:>10} , 123 , 0\r\n" for time in times(text))
+                    log = self.log(name.rstrip("!"), (head + records).encode("cp932"))
+                    if not runs or not run_logs.goes_on(log, runs[-1][-1], last_time):
+                        runs.append([])
+                        last_time = None
+                    runs[-1].append(log)
+                    last_time = ([last_time] + list(log.times()))[-1]
+                self.assertEqual(stated, "|".join(" ".join(log.path.name for log in run) for run in runs))
+
+
+if __name__ == "__main__":
+    unittest.main()
