@@ -4,7 +4,6 @@
 // times are medians and maxima in microseconds.
 #include <algorithm>
 #include <array>
-#include <chrono>
 #include <cstdio>
 #include <cstdlib>
 #include <filesystem>
@@ -28,17 +27,8 @@ using namespace platform::windows;
 constexpr std::array<std::uint8_t, 8> kData = {0x00, 0x1A, 0xFF, 0x03, 0x44, 0x55, 0x66, 0x77};
 constexpr std::int32_t kTaken = 900;
 
-template <typename Work>
-double Microseconds(Work work) {
-  using Clock = std::chrono::steady_clock;
-  const Clock::time_point began = Clock::now();
-  work();
-  return std::chrono::duration<double, std::micro>(Clock::now() - began).count();
-}
-
 void Print(const char* name, std::vector<double>& times) {
-  std::ranges::sort(times);
-  std::printf("%s\t%.0f\n%s_longest\t%.0f\n", name, times[times.size() / 2], name, times.back());
+  std::printf("%s\t%.0f\n%s_longest\t%.0f\n", name, Median(times), name, std::ranges::max(times));
 }
 
 class Log {

@@ -1,7 +1,11 @@
 #pragma once
 
+#include <algorithm>
+#include <chrono>
+#include <cstddef>
 #include <cstdio>
 #include <cstdlib>
+#include <vector>
 
 namespace tolvane::bench {
 
@@ -16,6 +20,22 @@ int MeasureInRounds(int count, wchar_t** arguments, const char* program, const c
     return EXIT_FAILURE;
   }
   return measure(arguments[1], rounds);
+}
+
+/// How long `work` takes.
+template <typename Work>
+double Microseconds(Work work) {
+  using Clock = std::chrono::steady_clock;
+  const Clock::time_point began = Clock::now();
+  work();
+  return std::chrono::duration<double, std::micro>(Clock::now() - began).count();
+}
+
+/// The middle one of `values`, which are some; they are put into another order.
+inline double Median(std::vector<double>& values) {
+  const auto middle = values.begin() + static_cast<std::ptrdiff_t>(values.size() / 2);
+  std::ranges::nth_element(values, middle);
+  return *middle;
 }
 
 }  // namespace tolvane::bench

@@ -6,7 +6,6 @@
 // Behind windows.h, which it needs.
 #include <psapi.h>
 
-#include <algorithm>
 #include <chrono>
 #include <cstdio>
 #include <cstdlib>
@@ -63,23 +62,21 @@ class Starts {
 
   bool Again() {
     const auto start = StartOnce(executable_);
-    if (start) starts_.push_back(*start);
-    return start.has_value();
+    if (!start) return false;
+    us_.push_back(start->us);
+    resident_kb_.push_back(start->resident_kb);
+    return true;
   }
   void Print() {
-    std::printf("%s_start\t%.0f\n", name_, Median(&Start::us));
-    std::printf("%s_resident\t%.0f\n", name_, Median(&Start::resident_kb));
+    std::printf("%s_start\t%.0f\n", name_, Median(us_));
+    std::printf("%s_resident\t%.0f\n", name_, Median(resident_kb_));
   }
 
  private:
-  double Median(double Start::*figure) {
-    std::ranges::sort(starts_, {}, figure);
-    return starts_[starts_.size() / 2].*figure;
-  }
-
   const char* name_;
   std::filesystem::path executable_;
-  std::vector<Start> starts_;
+  std::vector<double> us_;
+  std::vector<double> resident_kb_;
 };
 
 int Compare(const std::filesystem::path& folder, int rounds) {

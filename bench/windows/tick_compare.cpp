@@ -1,7 +1,6 @@
 // tick_compare QXT100-DLL ROUNDS: measures the live tick in the program's main window and, in the
 // same run, the rich-edit baseline with the same page. Prints lines of a name, a tab and a number;
 // times are medians in microseconds.
-#include <algorithm>
 #include <cstdio>
 #include <cstdlib>
 
@@ -19,26 +18,14 @@ using namespace platform::windows;
 
 constexpr std::int16_t kRows = 2000;
 constexpr int kLiveTicksPerRound = 40;
-constexpr int kViewInterval = 30;  // ms
 
+/// How long `work` takes until the display has what it drew.
 template <typename Work>
-double Microseconds(Work work) {
-  LARGE_INTEGER frequency{};
-  LARGE_INTEGER start{};
-  LARGE_INTEGER end{};
-  QueryPerformanceFrequency(&frequency);
-  QueryPerformanceCounter(&start);
-  work();
-  GdiFlush();
-  QueryPerformanceCounter(&end);
-  return static_cast<double>(end.QuadPart - start.QuadPart) * 1e6 /
-         static_cast<double>(frequency.QuadPart);
-}
-
-double Median(std::vector<double>& values) {
-  const auto middle = values.begin() + static_cast<std::ptrdiff_t>(values.size() / 2);
-  std::ranges::nth_element(values, middle);
-  return *middle;
+double DrawnMicroseconds(Work work) {
+  return Microseconds([&work] {
+    work();
+    GdiFlush();
+  });
 }
 
 /// One tick of the baseline on `page`; 0 when it could not be made or shows something else.
@@ -48,7 +35,7 @@ double BaselineTick(HWND like, platform::CodePage& code_page, WindowsEventLoop& 
   if (!baseline.Create(like)) return 0;
   baseline.Prepare(page);
   loop.YieldToEvents();
-  const double time = Microseconds([&baseline] { baseline.Tick(); });
+  const double time = DrawnMicroseconds([&baseline] { baseline.Tick(); });
   return baseline.Shows(page) ? time : 0;
 }
 
@@ -74,9 +61,9 @@ int Compare(const wchar_t* library, int rounds) {
     loop.YieldToEvents();
     for (int i = 0; i < kLiveTicksPerRound; ++i) {
       live.Receive();
-      live_ticks.push_back(Microseconds([&live] { live.Tick(); }));
+      live_ticks.push_back(DrawnMicroseconds([&live] { live.Tick(); }));
       live.Receive();
-      compositions.push_back(Microseconds([&live] { live.Compose(); }));
+      compositions.push_back(DrawnMicroseconds([&live] { live.Compose(); }));
     }
     baseline_ticks.push_back(BaselineTick(window.Hwnd(), code_page, loop, live.Page()));
     if (view.Text() != live.Page().text || baseline_ticks.back() == 0) return EXIT_FAILURE;

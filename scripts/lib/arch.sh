@@ -15,16 +15,22 @@ arch_packages() {
   esac
 }
 
-# arch_session ARCH [--alone]: until the script ends its programs are started by arch_run, in the prefix
-# $arch_prefix. With --alone that is the one of runs by themselves, once no other one is under way.
+# By architecture, the prefix of its session.
+declare -A arch_prefixes=()
+
+# arch_session ARCH [--alone]: until the script ends, or names another one, its programs are started by arch_run, in the
+# prefix $arch_prefix. With --alone that is the one of runs by themselves, once no other one is under way. A session that
+# has begun goes on.
 arch_session() {
   arch_of_session=$1
-  "arch_session_$1" "${2:-}"
+  [ -n "${arch_prefixes[$1]:-}" ] || "arch_session_$1" "${2:-}"
+  # shellcheck disable=SC2034 # for the scripts
+  arch_prefix=${arch_prefixes[$1]}
 }
 
 arch_session_x64() {
   if [ "$1" = --alone ]; then wine_session_alone; else wine_session; fi
-  arch_prefix=$WINEPREFIX
+  arch_prefixes[x64]=$WINEPREFIX
 }
 
 arch_session_x86() {
@@ -36,16 +42,24 @@ arch_session_x86() {
     x86_prefix=$stand/wine-prefix-run-x86
     lock_script "$x86_prefix.alone.lock" "runs the program by itself too"
   fi
-  # shellcheck disable=SC2034 # for the scripts
-  arch_prefix=$x86_prefix
   display_start
   x86_stay || fail "no program runs in the 32-bit root"
+  arch_prefixes[x86]=$x86_prefix
 }
 
 arch_run() {
   case $arch_of_session in
     x64) wine "$@" ;;
     x86) x86_enter TOLVANE_BENCH="${TOLVANE_BENCH:-}" "$root/scripts/lib/wine-run" "$@" ;;
+  esac
+}
+
+# arch_begin PROGRAM ARGS: the same in the background, as the process $!, which does not keep the next run waiting when
+# this script is killed.
+arch_begin() {
+  case $arch_of_session in
+    x64) begin_unlocked wine "$@" ;;
+    x86) arch_run "$@" & ;;
   esac
 }
 

@@ -12,6 +12,8 @@ if [ -z "${HOME:-}" ]; then
   export HOME
 fi
 
+# With it `cd` says where it went, and may go elsewhere.
+unset CDPATH
 root=$(cd "$(dirname "${BASH_SOURCE[0]}")/../.." && pwd)
 build=$root/build
 # What this script is called in messages.
@@ -44,7 +46,7 @@ as_root() {
 
 # need_folder FOLDER ADVICE: makes the folder, or ends the script.
 need_folder() {
-  if ! mkdir -p "$1" 2>/dev/null || [ ! -w "$1" ]; then
+  if ! mkdir -p -- "$1" 2>/dev/null || [ ! -w "$1" ]; then
     fail "the folder $1 cannot be written: $2"
   fi
 }

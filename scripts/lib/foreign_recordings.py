@@ -1,12 +1,15 @@
 """Recordings in the forms of other tools, read by python3-can. Error frames, remote frames and those that the recorder
 itself sent keep their kind."""
 
+import logging
 import math
 import pathlib
+import struct
 from collections.abc import Iterator
 
 import debians_python
 import recording as rec
+from counted import counted
 
 FORMS = (".asc", ".blf", ".csv", ".db", ".mf4", ".trc")
 # python3-can takes any text for one of its own.
@@ -41,6 +44,26 @@ def frame_of(message) -> rec.Frame | None:
     return rec.Frame(round(message.timestamp * 1_000_000), identifier, extended, data, kind, length)
 
 
+def reason_of(error: Exception) -> str:
+    """What a reader says of a file, or what it means when Python itself has said it."""
+    if isinstance(error, UnicodeDecodeError):
+        return "it is not text"
+    if isinstance(error, (NameError, TypeError, LookupError, AttributeError, struct.error)):
+        return "something in it is missing"
+    return " ".join(str(error).split()) or "it is damaged"
+
+
+class Unread(logging.Handler):
+    """Counts the lines that the reader of .trc leaves out; it warns of each, and no other reader leaves lines out."""
+
+    def __init__(self) -> None:
+        super().__init__(logging.WARNING)
+        self.lines = 0
+
+    def emit(self, record: logging.LogRecord) -> None:
+        self.lines += record.name == "can.io.trc"
+
+
 class ForeignRecording:
     """Raises Missing without python3-can."""
     plays_itself = False
@@ -48,10 +71,12 @@ class ForeignRecording:
     noun = "frame"  # what a bad one is called
 
     def __init__(self, path: str) -> None:
+        self.path, self.form = path, form_of(path)
+        if self.form == ".db" and path.lower().endswith(".gz"):
+            raise rec.Refused(f"{path}: a .db is read as it is, and not as .gz: unpack it first")
         if not debians_python.has("can"):
             raise Missing
-        self.path, self.form = path, form_of(path)
-        self.cut = ""  # why it could be read so far and no further
+        self.cut = ""  # what could not be read, and why
 
     def messages(self) -> Iterator:
         import can
@@ -65,7 +90,8 @@ class ForeignRecording:
             yield from reader
 
     def frames(self) -> Iterator[rec.Frame | rec.BadLine]:
-        number = 0
+        number, unread = 0, Unread()
+        logging.getLogger("can").addHandler(unread)
         try:
             for number, message in enumerate(self.messages(), 1):
                 frame = frame_of(message)
@@ -73,7 +99,9 @@ class ForeignRecording:
         except rec.Refused:
             raise
         except Exception as error:  # any error of the readers on a damaged file
-            reason = " ".join(str(error).split()) or type(error).__name__
+            reason = reason_of(error)
             if number == 0:
-                raise rec.Refused(f"{self.path} cannot be read as {self.form}: {reason}") from None
+                raise rec.Refused(f"{self.path} is no {self.form}: {reason}") from None
             self.cut = f"; behind {number} of them it cannot be read: {reason}"
+        if unread.lines:
+            self.cut += f"; {counted(unread.lines, 'line')} left out that python3-can cannot read"

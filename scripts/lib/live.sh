@@ -6,7 +6,8 @@
 
 # live_take: the standard input is the live bus, and nothing that the script starts reads from it.
 live_take() {
-  [ ! -t 0 ] || fail "--log - takes lines from a pipe, as in: candump -L can0 | scripts/demo --log -"
+  [[ -e /dev/stdin && ! -d /dev/stdin && ! -t 0 ]] ||
+    fail "--log - takes lines from a pipe, as in: candump -L can0 | scripts/demo --log -"
   exec {live_lines}<&0 </dev/null
 }
 

@@ -24,7 +24,9 @@ lock_take() {
   local how=("${@:5}" "$2")
   flock --timeout "$1" "${how[@]}" && return
   say "waiting for $(lock_holder "$3"), which $4"
-  flock "${how[@]}"
+  # In the background, so that a signal to this script alone ends it now.
+  setpriv --pdeathsig TERM flock "${how[@]}" &
+  wait "$!"
 }
 
 # lock_wait DESCRIPTOR FILE WHAT: takes the lock exclusively, waiting until it is free.

@@ -53,7 +53,12 @@ read_options() {
   done
   while [ $# -gt 0 ]; do
     case $1 in
-      --*=*) set -- "${1%%=*}" "${1#*=}" "${@:2}" ;;
+      --?*=*)
+        word=${1%%=*} word=${word#--}
+        [[ $word != help && ${option_kinds[$word]:-} != flag ]] ||
+          fail "--$word takes no value ($command_name --help)"
+        set -- "--$word" "${1#*=}" "${@:2}"
+        ;;
       -*)
         word=${1#--}
         [[ -n $word && -n ${option_kinds[$word]:-} ]] ||

@@ -41,6 +41,12 @@ drive_connect() {
     fail "the program did not start a run"
 }
 
+# drive_until_still SECONDS: waits until the page has not changed for so long.
+drive_until_still() {
+  begin_unlocked wine "$build/windows-x64/tools/tolvane_drive.exe" wait-same RTB_MainView "$1"
+  wait "$!" || fail "the page cannot be watched"
+}
+
 # drive_end: ends the run and the program.
 drive_end() {
   drive click Bt_Disconnect -- wait-enabled Bt_Connect -- close || fail "the run does not end"

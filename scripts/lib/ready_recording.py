@@ -11,9 +11,11 @@ Prints what the recording contains and what it asks of the run, a word and its v
 or in one sentence why it cannot be played. The status 3 says that python3-can is needed, which is not installed."""
 
 import argparse
+import gzip
 import os
 import sys
 import time
+import zlib
 from collections.abc import Iterator
 
 import foreign_recordings
@@ -22,7 +24,8 @@ import run_logs
 from contents import Contents
 from counted import counted
 
-HEAD_BYTES = 64
+HEAD_BYTES = 128
+GZIP = b"\x1f\x8b"  # the first bytes of what is compressed
 NEEDS_PYTHON_CAN = 3
 PROGRESS_FRAMES, PROGRESS_SECONDS = 10_000, 5
 
@@ -63,15 +66,38 @@ class RunLogs:
         return "29" if found == "29" else "both"
 
 
-def source_of(path: str):
+def head_of(path: str) -> tuple[bytes, bool]:
+    """What it begins with, and whether it is compressed."""
     with rec.opened(path) as file:
         head = file.read(HEAD_BYTES)
+        if not head.startswith(GZIP):
+            return head, False
+        file.seek(0)
+        try:
+            return gzip.GzipFile(fileobj=file).read(HEAD_BYTES), True
+        except (OSError, EOFError, zlib.error):
+            raise rec.Refused(f"{path} is compressed and damaged") from None
+
+
+def source_of(path: str):
+    head, packed = head_of(path)
+    form = foreign_recordings.form_of(path)
+    own = "a log of the program" if run_logs.is_log(head) else ""
+    if not own and (not form or rec.parse_line(head.partition(b"\n")[0])):
+        own = "a text of candump"
+    if own and packed:
+        raise rec.Refused(f"{path} is compressed, and {own} is not read so: unpack it first")
     if run_logs.is_log(head):
         return RunLogs(path)
-    form = foreign_recordings.form_of(path)
     if not form:
         return Candump(path)
-    if form == ".csv" and not path.lower().endswith(".gz") and not head.startswith(foreign_recordings.CSV_HEAD):
+    if not head:
+        raise rec.Refused(f"{path} is empty")
+    if path.lower().endswith(".gz") and not packed:
+        raise rec.Refused(f"{path} is no .gz: it is not compressed")
+    if own:
+        raise rec.Refused(f"{path} is no {form} but {own}: give it a name that ends in .log")
+    if form == ".csv" and not head.startswith(foreign_recordings.CSV_HEAD):
         raise rec.Refused(f"{path} begins neither like a log of the program nor like a csv of python3-can")
     return foreign_recordings.ForeignRecording(path)
 
@@ -126,10 +152,14 @@ def main() -> int:
             with open(given.converted, "wb") as out:
                 contents = read_through(source, given.recording, out)
             if contents.frames() == 0:
-                raise rec.Refused(f"{given.recording} holds no frame that can be played{contents.bad_lines_text()}")
+                raise rec.Refused(f"{given.recording} holds no frame that can be played{contents.bad_lines_text()}"
+                                  f"{source.cut}")
         contents.refuse_unshown(11 if given.ids == "11" else 29)
     except rec.Refused as refused:
         print(f"error: {refused}", file=sys.stderr)
+        return 1
+    except OSError as error:  # what reads has sentences of its own
+        print(f"error: {given.recording} cannot be written anew to {given.converted}: {error.strerror}", file=sys.stderr)
         return 1
     except foreign_recordings.Missing:
         return NEEDS_PYTHON_CAN

@@ -25,6 +25,8 @@ FOREIGN_LINES = (
     (re.compile(rb"(?:\([^)]*\)\s+)?[^\s#]+\s+[0-9A-Fa-f]{3,8}\s+\[\d+\]"),
      "is candump's output for the screen"),
     (re.compile(rb"\(\S+\)\s+\S+\s+[0-9A-Fa-f]+##"), "is a frame of the flexible data rate"),
+    (re.compile(rb"\x1f\x8b"), "is the beginning of a compressed file"),
+    (re.compile(rb"Tolvane Ver"), "is the head of a log of the program"),
 )
 # What a frame that cannot be compared is called.
 NAMES = {"data": "a frame with a length code above 8", "remote": "a remote frame", "error": "an error frame",

@@ -15,6 +15,7 @@ NAME = re.compile(r"KL(?P<hour>\d{8})-(?P<number>\d{3,4})\.csv", re.IGNORECASE)
 COLUMNS_11, COLUMNS_29 = b" , ID  ,DLC,  D1,", b" , E ,    ID    ,DLC,  D1,"
 RATE = re.compile(rb",(?P<number>\d+)(?P<unit>[kM]) bps\s*$")
 KILOBITS = {b"k": 1, b"M": 1000}
+RATES = (10, 20, 50, 100, 125, 250, 500, 800, 1000)  # kbit/s, those of the program's settings
 # The zeros that identifiers of 29 bits have lost stand ahead of a record in a later file.
 RECORD = re.compile(
     rb"0*? *(?P<time>-?(?:0|[1-9]\d{0,14})(?:\.\d{1,15})?(?:E-\d{1,3})?) , (?:(?P<mark>[* ]) , )?"
@@ -34,6 +35,8 @@ class Log:
         self.marked = COLUMNS_29 in head[-1]
         rate = RATE.search(head[2].rstrip(b"\r"))
         self.rate = int(rate["number"]) * KILOBITS[rate["unit"]] if rate else None
+        if self.rate is not None and self.rate not in RATES:
+            raise rec.Refused(f"{path}, line 3: a bus of {self.rate} kbit/s, and the program's settings have no such rate")
         adapter = head[3].split(b" ")[0].lower()
         self.adapter = adapter.decode() if adapter in (b"canusb", b"interface") else "kvaser"
         # All but the moment of writing, which is ahead of the rate.
@@ -79,7 +82,10 @@ def follower_name(path: pathlib.Path) -> pathlib.Path | None:
     own = place(path.name)
     if own is None:
         return None
-    later = [(at, name) for name in path.parent.iterdir() if (at := place(name.name)) is not None and at > own]
+    try:
+        later = [(at, name) for name in path.parent.iterdir() if (at := place(name.name)) is not None and at > own]
+    except OSError as error:
+        raise rec.Refused(f"the logs beside {path} cannot be listed: {error.strerror}") from None
     return min(later)[1] if later else None
 
 

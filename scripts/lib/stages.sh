@@ -53,14 +53,14 @@ stage_groups() {
   done
 }
 
+# The process group that works for this script, which ends with it by `at_exit stop_running`.
 running=""
-at_exit stop_running
 stop_running() {
   [ -z "$running" ] || kill -- -"$running" || true
   [ -z "$running" ] || wait "$running" || true
 }
 
-# in_group COMMAND ARGS: in a process group of its own, which ends with this script.
+# in_group COMMAND ARGS: in a process group of its own.
 in_group() {
   local code=0
   set -m
@@ -214,14 +214,18 @@ can_have() {
   )
 }
 
-# Wine and the X server run from the first stage that needs them to the end of the script.
+# Wine and the X server run from the first stage that needs them to the end of the script. Without Wine's services each
+# of these stages fails.
+services_failed=""
 need_wine() {
-  [ -z "${wine_lock:-}" ] || return 0
-  # shellcheck source=wine.sh
-  source "$root/scripts/lib/wine.sh"
-  can_have wine_session || { count_failed "the Wine prefix cannot be made or the display does not start"; return 1; }
-  wine_session
-  wine_stay || { count_failed "Wine's services do not start"; return 1; }
+  if [ -z "${wine_lock:-}" ]; then
+    # shellcheck source=wine.sh
+    source "$root/scripts/lib/wine.sh"
+    can_have wine_session || { count_failed "the Wine prefix cannot be made or the display does not start"; return 1; }
+    wine_session
+    wine_stay || services_failed=1
+  fi
+  [ -z "$services_failed" ] || { count_failed "Wine's services do not start"; return 1; }
 }
 
 stage_wine() {

@@ -19,11 +19,30 @@ source "$root/scripts/lib/settings.sh"
 # shellcheck source=recordings.sh
 source "$root/scripts/lib/recordings.sh"
 
-# A wrong file is reported after the installation of Python at most, before that of the compilers.
+# need_reader_of FILE [ADVICE]: a wrong file is reported after the installation of Python at most, before that of the
+# compilers. ADVICE ends the sentence of what is no file.
 need_reader_of() {
   [ -e "$1" ] || fail "there is no recording $1"
+  # Each is read twice, by a check and by the adapters.
+  [[ -f $1 || -d $1 ]] || fail "$1 is a pipe or a device, and a recording is a file${2:-}"
+  need_plain_path "$1" || exit 1
   command -v python3 >/dev/null || need_packages recordings
 }
+
+# need_plain_path FILE: what the bench reads its path from is UTF-8, a line to a path.
+need_plain_path() (
+  LC_ALL=C
+  path=$(realpath -- "$1" && echo /)
+  path=${path%??}
+  if [[ $path == *[[:cntrl:]]* ]]; then
+    reason="holds a line break or another control character"
+  elif ! iconv -f UTF-8 -t UTF-8 <<<"$path" >/dev/null 2>&1; then
+    reason="is not UTF-8"
+  else
+    return 0
+  fi
+  fail "the name of the recording $(printf %q "$path") $reason: give it another one"
+)
 
 # need_recording FILE IDS [--comparable page|logs]: prints what the recording contains, or ends the script with a
 # message when it has no frames for a program with identifiers of so many bits, or cannot be compared with. IDS is
@@ -42,10 +61,10 @@ declare -A ready=()
 facts_of_recording() { run_python scripts/lib/ready_recording.py --ids "${2:-both}" -- "$1" "$converted"; }
 ready_recording() {
   local converted facts word value
-  need_reader_of "$1"
+  need_reader_of "$1" "; --log - plays the lines of a pipe"
   mkdir -p "$build/recordings"
-  converted=$(mktemp "$build/recordings/ready.XXXXXX")
-  at_exit "rm -f '$converted'"
+  converted=$(mktemp "$build/recordings/ready.XXXXXX" 2>/dev/null) || fail "no file can be made in $build/recordings"
+  at_exit "rm -f ${converted@Q}"
   facts=$(facts_of_recording "$@") || {
     [ $? -eq 3 ] || exit 1
     need_packages foreign_recordings

@@ -19,9 +19,16 @@ wine_tests_prefix=${TOLVANE_WINE_PREFIX:-$build/wine-prefix${TOLVANE_DPI:+-$wine
 # Where unattended runs and the open demo have their prefixes and program folders. A test uses another folder, so
 # that it does not collide with a developer's own runs.
 stand=${TOLVANE_STAND:-$build}
-export WINEARCH="${WINEARCH:-win64}" WINEDEBUG=-all
+# Wine's program for menus would write the program's entries into the user's own folders.
+no_menus="winemenubuilder.exe=d"
+export WINEARCH="${WINEARCH:-win64}" WINEDEBUG=-all WINEDLLOVERRIDES=$no_menus
 # The caller's environment may set it; here it would name a 32-bit loader.
 unset WINELOADER
+
+# need_resolution: checks the caller's choice.
+need_resolution() {
+  case $wine_dpi in 96 | 120 | 144 | 192) ;; *) fail "TOLVANE_DPI is 96, 120, 144 or 192, not '$wine_dpi'" ;; esac
+}
 
 # Fonts that a Japanese Windows has, replaced by IPA's: fixed pitch for "MS Gothic", so that the
 # columns of the page line up.
@@ -65,7 +72,7 @@ wine_make_template() {
   say "making a Wine prefix (about 10 s)"
   rm -rf "$WINEPREFIX"
   mkdir -p "$WINEPREFIX"
-  WINEDLLOVERRIDES="mscoree,mshtml=" wine wineboot --init </dev/null >"$log" 2>&1 ||
+  WINEDLLOVERRIDES="$no_menus;mscoree,mshtml=" wine wineboot --init </dev/null >"$log" 2>&1 ||
     fail "the Wine prefix cannot be made (see $log)"
   registry=$(mktemp --suffix=.reg)
   { printf '\xff\xfe'; wine_registry | iconv -f UTF-8 -t UTF-16LE; } >"$registry"
@@ -81,6 +88,7 @@ wine_make_template() {
 
 # wine_enter PREFIX: what every session begins with. Its lock is the descriptor $wine_lock.
 wine_enter() {
+  need_resolution
   command -v wine >/dev/null || fail "Wine is not installed: scripts/demo and scripts/test install it"
   # Not before the packages are there, which bring the locale.
   export WINEPREFIX=$1 LANG=ja_JP.UTF-8 LC_ALL=ja_JP.UTF-8
@@ -197,7 +205,14 @@ unlocked() { (drop_lock && exec setpriv --pdeathsig TERM "$@"); }
 
 wine() { unlocked wine "$@"; }
 
-pause() { unlocked sleep "$1"; }
+# begin_unlocked COMMAND ARGS: the same in the background, as the process $!. A signal to this script alone acts while it
+# waits for such a one, and not while a command runs in the foreground.
+begin_unlocked() { (drop_lock && exec setpriv --pdeathsig TERM "$@") & }
+
+pause() {
+  begin_unlocked sleep "$1"
+  wait "$!"
+}
 
 # display_start: an X server of our own until the script ends, or that of the script which called this one.
 display_start() {
@@ -205,6 +220,7 @@ display_start() {
     export DISPLAY=$TOLVANE_DISPLAY
     return
   fi
+  need_resolution
   command -v Xvfb >/dev/null || fail "Xvfb is not installed: scripts/demo and scripts/test install it"
   local numbers xvfb_process screen=$((1280 * wine_dpi / 96))x$((1024 * wine_dpi / 96))x24
   numbers=$(mktemp)

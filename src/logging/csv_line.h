@@ -11,13 +11,13 @@ namespace tolvane {
 
 constexpr std::size_t kCsvLine_MAX = 96;  // characters; the longest line has 87
 
-// What stands between the parts of a line: behind time, identifier and, in 29-bit mode, the mark;
-// ahead of the first byte; and ahead of each other one.
+// What stands between the parts of a line: behind time and identifier; ahead of the first byte; and
+// ahead of each other one.
 inline constexpr StringView kCsvGap = u" , ";
 inline constexpr StringView kCsvBytesGap = u" ,  ";
 inline constexpr StringView kCsvByteGap = u",";
 
-/// The marks of 29-bit mode, between time and identifier.
+/// The marks of 29-bit mode, between time and identifier, each with the gap behind it.
 inline constexpr StringView kCsvMarkExtended = u"* , ";
 inline constexpr StringView kCsvMarkStandard = u"  , ";
 

@@ -103,7 +103,7 @@ NumberedPath FindFreePath(platform::FileServices& files, StringView stem, String
     if (asked == kAskedSingly) taken.Find(files, stem, extension);
     ++number;
     path = NumberedName(stem, number, extension);
-    if (events != nullptr) events->YieldOften();
+    if (events != nullptr) events->YieldWhenDue();
   }
   return {path, number};
 }

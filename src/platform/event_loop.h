@@ -17,9 +17,10 @@ class EventLoop {
   /// changed settings, a cleared RxFlag and a rewritten view.
   virtual void YieldToEvents() = 0;
 
-  /// The same for yields that come by the thousand: an event may wait for a millisecond's worth of
-  /// them, so that the system need not be asked at each, which costs more than what lies between.
-  virtual void YieldOften() { YieldToEvents(); }
+  /// The same for yields that follow each other closely, in a tick and in the search for a free
+  /// file name: where to ask the system costs more than what lies between, it is asked only once a
+  /// millisecond, and an event waits that long.
+  virtual void YieldWhenDue() { YieldToEvents(); }
 };
 
 }  // namespace tolvane::platform

@@ -35,12 +35,14 @@ class FileServices {
   virtual ~FileServices() = default;
 
   [[nodiscard]] virtual bool FolderExists(StringView path) = 0;
-  /// True also where that cannot be learned, as over a network that fails for a moment: a new file
-  /// must not take the place of one that may be there.
+  /// True also where the place answers but does not tell, as a share that fails for a moment: a new
+  /// file must not take the place of one that may be there. False where the place cannot be reached
+  /// at all: nothing can be written there either, and a search for a free name would ask a thousand
+  /// times.
   [[nodiscard]] virtual bool FileExists(StringView path) = 0;
-  /// The names, without their folder, of the files whose paths begin with `stem`, in capitals or
-  /// not; none when they cannot be told. One look into a folder, where asking for file after file
-  /// would take hundreds.
+  /// The names, without their folder, of the files whose paths begin with `stem`, whatever the case
+  /// of their letters; none when they cannot be told. One look into a folder, where asking for file
+  /// after file would take hundreds.
   [[nodiscard]] virtual std::vector<String> FileNames(StringView stem) = 0;
   /// One level; false also when the folder exists already.
   [[nodiscard]] virtual bool CreateFolder(StringView path) = 0;

@@ -191,7 +191,8 @@ void Run<Table>::ReadWhileWanted() {
   while (parts_.RxFlag == 1) {
     const ReceivedFrame* frame = ReadAccepted();
     if (frame == nullptr) {
-      // Not YieldOften: a thread that never gives way is the one that a busy system keeps waiting.
+      // Not YieldWhenDue: on a busy system the scheduler takes the processor longest from a thread
+      // that never waits, so each yield asks the system.
       parts_.platform.events.YieldToEvents();
       KeepTicking();
       continue;

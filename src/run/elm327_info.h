@@ -53,9 +53,9 @@ class ELM327_Info {
   std::int32_t AccessInstallVersion{};  // its major version
 
   // Communication.
-  std::int32_t t_bitRate{};     // 0 1M, 1 800k, 2 500k, 3 250k, 4 100k, 5 50k, 6 20k, 7 10k, 8 125k
-  std::int32_t t_msgID_type{};  // 0 11-bit, 128 29-bit
-  std::int32_t t_MsgFmtTyp{};   // 0 also 11-bit frames in 29-bit mode, 1 29-bit frames only
+  std::int32_t t_bitRate{};      // 0 to 8, in the order of bit_rate.h: 1M, 800k, ...
+  std::int32_t t_msgID_type{};   // 0 11-bit, 128 29-bit
+  std::int32_t t_MsgFmtTyp{};    // 0 also 11-bit frames in 29-bit mode, 1 29-bit frames only
   std::int32_t t_silent_mode{};  // 0 acknowledge, 1 silent; Interface and Kvaser only
   std::int32_t t_ViewCaution{};  // 1 shows Pic_Caution while connected
   std::int32_t t_Timer_Mode{};   // 0 the adapter's timer, 1 the computer's clock

@@ -63,7 +63,7 @@ void PageComposer<Table>::Compose() {
   using Rows = PageRows<Table>;
   text_.Append(Rows::kHeader);
   for (std::int32_t position = Rows::kFirst; position < Rows::End(frames_); ++position) {
-    if (position % kYieldStep == 0) parts_.events.YieldOften();
+    if (position % kYieldStep == 0) parts_.events.YieldWhenDue();
     const PageRow line = Rows::At(frames_, position);
     if (!Passes(traits_.text_pass_rows, Frame<Table>::Received(frames_)(line.row))) continue;
     if (OptFunction1::Check_DisableID(line.id, device_) != 0) continue;

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <cstdint>
+
 #include "run/elm327_info.h"
 #include "run/worker_kind.h"
 #include "view/back_page.h"
@@ -7,6 +9,8 @@
 #include "view/tick_parts.h"
 
 namespace tolvane {
+
+inline constexpr std::int32_t kViewInterval = 30;  // ms between two ticks of TimerBackView
 
 /// One worker's view of its frame table: composes the page, colours it and swaps it into
 /// RTB_MainView at each tick of the timer. Two pages and one text buffer are reused, so in the

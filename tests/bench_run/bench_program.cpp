@@ -3,11 +3,11 @@
 #include <ostream>
 #include <utility>
 
+#include "tests/helpers/installed_program.h"
+
 namespace tolvane::bench_run {
 namespace {
 
-const String kFolder = u"C:\\Tolvane";
-const String kSystem = u"C:\\Windows\\System32";
 constexpr std::int64_t kTickPeriodUs = 30'000;
 
 /// Advances by a step at each read, and by other things that take time.
@@ -30,10 +30,7 @@ BenchProgram::BenchProgram(const std::string& ini, const Pauses& pauses, std::st
       IFCan_(NewBench("IFCan", ini)),
       canlib32_(NewBench("canlib32", ini)),
       form_(Platform(), memory_.MainWindow(), kFolder) {
-  memory_.files.AddFile(kFolder + u"\\qxt100.dll", "MZ");
-  for (const StringView library : {u"\\canusbdrv.dll", u"\\IFCan.dll", u"\\canlib32.dll"}) {
-    memory_.files.AddFile(kSystem + String(library), "MZ");
-  }
+  InstallProgram(memory_);
   memory_.window.Cmb_Serect_Device.OnClick([this] { form_.Cmb_Serect_Device_Click(); });
   memory_.qxt100.OnRead([this] { memory_.qxt100.Now(static_cast<double>(now_us_ / 1000)); });
   memory_.events.OnYield([this] { Yield(); });
@@ -80,7 +77,7 @@ void BenchProgram::Yield() {
   last_yield_us_ = now_us_;
   if (form_.RxFlag == 1 && now_us_ >= end_us_) form_.Bt_Disconnect_Click();
   if (now_us_ - last_tick_us_ < kTickPeriodUs) return;
-  for (auto* timer : {&memory_.FormBG, &memory_.FormBG2, &memory_.FormBG_29, &memory_.FormBG2_29}) {
+  for (auto* timer : TimersOf(memory_)) {
     if (!timer->Enabled()) continue;
     now_us_ += pauses_.tick_us;
     timer->Tick();

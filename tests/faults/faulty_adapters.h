@@ -57,7 +57,7 @@ class FaultyIfcan final : public platform::IfcanLibrary {
   FaultyIfcan(platform::IfcanLibrary& library, FaultPlan& plan, ReadTap& tap)
       : library_(library), plan_(plan), tap_(tap) {}
 
-  /// A port that there is not gives no number: nothing is to fail there.
+  /// A port that does not exist gives no number: nothing is to fail there.
   std::int32_t CanOpenPort(const std::string& name) override;
   std::int32_t CanClosePort(std::int32_t handle) override;
   std::int32_t CanGetConfig(std::int32_t handle, platform::IfcanConfig& config) override;

@@ -10,8 +10,8 @@
 namespace tolvane::faults {
 
 // The smaller services of a machine, each of whose operations can fail. What fails is not carried
-// out. What has no failure is not here: code pages, the colour fade, the
-// question for another instance, controls.
+// out. What has no failure is not here: code pages, the colour fade, the question for another
+// instance, controls.
 
 class FaultyClipboard final : public platform::Clipboard {
  public:

@@ -4,12 +4,11 @@
 #include <ostream>
 
 #include "run/number_text.h"
+#include "tests/helpers/installed_program.h"
 
 namespace tolvane::faults {
 namespace {
 
-const String kFolder = u"C:\\Tolvane";
-const String kSystem = u"C:\\Windows\\System32";
 constexpr std::int64_t kFramePeriodUs = 1'000;
 constexpr std::int32_t kFirstId = 0x123;
 
@@ -39,11 +38,7 @@ Machine::Machine(const Setup& setup, const Disk& disk, FaultPlan& plan, std::str
       ifcan_bench_(NewBench("IFCan")),
       canlib_bench_(NewBench("canlib32")),
       form(Platform(), memory.MainWindow(), kFolder) {
-  memory.files.AddFolder(memory.folders.Desktop());
-  memory.files.AddFile(kFolder + u"\\qxt100.dll", "MZ");
-  for (const StringView library : {u"\\canusbdrv.dll", u"\\IFCan.dll", u"\\canlib32.dll"}) {
-    memory.files.AddFile(kSystem + String(library), "MZ");
-  }
+  InstallProgram(memory);
   for (const auto& [path, bytes] : disk) {
     memory.files.AddFile(path, bytes);
     if (path.find(u"\\KL") != String::npos) logs_.Keep(path);
@@ -134,9 +129,7 @@ void Machine::Perform(const Act& act) {
   now_us_ += act.frames * kFramePeriodUs;
   plan_.Number(act.numbered);
   if (act.tick) {
-    for (auto* timer : {&memory.FormBG, &memory.FormBG2, &memory.FormBG_29, &memory.FormBG2_29}) {
-      timer->Tick();
-    }
+    for (auto* timer : TimersOf(memory)) timer->Tick();
   }
   if (act.session_ends) EndSession();
 }
@@ -190,8 +183,7 @@ Complaints Machine::JudgeRun(bool may_hold_back) const {
               window.menu_opt_log1.Enabled() && window.Cmb_Serect_Device.Enabled() &&
               !window.TB_LogComment.Locked(),
           "controls are left locked");
-  for (const auto* timer :
-       {&memory.FormBG, &memory.FormBG2, &memory.FormBG_29, &memory.FormBG2_29}) {
+  for (const auto* timer : TimersOf(memory)) {
     require(!timer->Enabled(), "a timer is left on");
   }
   for (const FrameNumber frame : last_) {

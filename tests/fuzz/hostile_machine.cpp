@@ -10,13 +10,11 @@
 #include "platform/byte_text.h"
 #include "platform/memory/rich_text/rtf_reader.h"
 #include "tests/fuzz/input.h"
+#include "tests/helpers/installed_program.h"
 #include "view/page_rtf.h"
 
 namespace tolvane::fuzz {
 namespace {
-
-const String kFolder = u"C:\\Tolvane";
-const String kSystem = u"C:\\Windows\\System32";
 
 constexpr std::int32_t kRichSnapshot = 1;  // t_SaveFormat
 constexpr std::int32_t kPlainSnapshot = 2;
@@ -90,11 +88,7 @@ std::optional<std::string> NewFile(const Disk& before, const Disk& now) {
 
 HostileMachine::HostileMachine(const std::string& config, std::optional<std::int32_t> version)
     : servers(version), form(Platform(), memory.MainWindow(), kFolder) {
-  memory.files.AddFolder(memory.folders.Desktop());
-  memory.files.AddFile(kFolder + u"\\qxt100.dll", "MZ");
-  for (const StringView library : {u"\\canusbdrv.dll", u"\\IFCan.dll", u"\\canlib32.dll"}) {
-    memory.files.AddFile(kSystem + String(library), "MZ");
-  }
+  InstallProgram(memory);
   memory.files.AddFile(kFolder + u"\\config.dat", config);
   memory.message_box.Answer(true);
   memory.canusbdrv.serials = {"TV100001"};
@@ -183,9 +177,7 @@ bool HostileMachine::IsLeft() {
 }
 
 void HostileMachine::Tick() {
-  for (auto* timer : {&memory.FormBG, &memory.FormBG2, &memory.FormBG_29, &memory.FormBG2_29}) {
-    timer->Tick();
-  }
+  for (auto* timer : TimersOf(memory)) timer->Tick();
 }
 
 void HostileMachine::EndSession() {
@@ -211,10 +203,7 @@ void HostileMachine::JudgeRun() const {
   Require(window.menu_common_setting.Enabled() && window.menu_opt_function1.Enabled() &&
           window.menu_opt_log1.Enabled() && window.Cmb_Serect_Device.Enabled());
   Require(!memory.RTB_MainView.Locked() && !window.TB_LogComment.Locked());
-  for (const auto* timer :
-       {&memory.FormBG, &memory.FormBG2, &memory.FormBG_29, &memory.FormBG2_29}) {
-    Require(!timer->Enabled());
-  }
+  for (const auto* timer : TimersOf(memory)) Require(!timer->Enabled());
   Require(memory.run_protection.Begins() == memory.run_protection.Ends());
 }
 

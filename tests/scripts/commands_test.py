@@ -17,10 +17,14 @@ import unittest
 PROJECT = pathlib.Path(sys.argv.pop())
 # Those without a folder are in scripts/.
 SCRIPTS = ("demo", "replay-check", "log-check", "pictures", "build", "package", "test", "bench/compare", "tests/soak/run",
-           "tests/fuzz/run")
+           "tests/fuzz/run", "tests/live/live_check", "tests/scripts/commands_check")
+WITHOUT_OPTIONS = {"tests/live/live_check", "tests/scripts/commands_check"}
+# Those that start Wine themselves; scripts/test does so in its stages.
+WITH_WINE = ("demo", "replay-check", "log-check", "pictures", "bench/compare", "tests/soak/run", *sorted(WITHOUT_OPTIONS))
 MOST_WHOLE = 999_999_999
 HEAVY = ("apt-get", "sudo", "dpkg-query", "cmake", "ninja", "wine", "wineserver", "Xvfb", "convert")
 NOBODY = 65534
+LIVE_USE = re.escape("--log - takes lines from a pipe, as in: candump -L can0 | scripts/demo --log -")
 GOOD_LINE = "(1502984866.421964) can0 123#0102\n"
 
 
@@ -42,7 +46,7 @@ class Place(unittest.TestCase):
         self.addCleanup(holder.cleanup)
         self.folder = pathlib.Path(holder.name)
         self.folder.chmod(0o755)
-        self.project = self.folder / "a project"
+        self.project = self.folder / "a stranger's project"
         for part in ("scripts", "tests/window", "tests/traffic"):
             shutil.copytree(PROJECT / part, self.project / part, ignore=shutil.ignore_patterns("__pycache__"))
         for name in filter(lambda name: "/" in name, SCRIPTS):
@@ -52,9 +56,17 @@ class Place(unittest.TestCase):
         self.tools.mkdir()
         self.trace = self.folder / "trace"
         for name in HEAVY:
-            tool = self.tools / name
-            tool.write_text(f'#!/bin/sh\necho {name} >>"{self.trace}"\nexit 1\n')
-            tool.chmod(0o755)
+            self.play(name, f'echo {name} >>"{self.trace}"; exit 1')
+
+    def play(self, name: str, script: str) -> None:
+        tool = self.tools / name
+        tool.write_text(f"#!/bin/sh\n{script}\n")
+        tool.chmod(0o755)
+
+    def play_installed(self) -> None:
+        """All packages and the locale."""
+        self.play("dpkg-query", "printf installed")
+        self.play("locale", "echo ja_JP.utf8")
 
     def file(self, name: str, content: str | bytes) -> str:
         path = self.folder / name
@@ -62,9 +74,10 @@ class Place(unittest.TestCase):
         return str(path)
 
     def run_script(self, name: str, *words: str, environment: dict[str, str] | None = None,
-                   user: int | None = None, stdin: int = subprocess.DEVNULL) -> Ended:
+                   user: int | None = None, stdin: int = subprocess.DEVNULL, closed: bool = False) -> Ended:
         paths = [str(self.tools), *dict.fromkeys((os.path.dirname(sys.executable), "/usr/bin", "/bin"))]
-        done = subprocess.run([str(self.project / path_of(name)), *words], user=user, cwd=self.folder,
+        begin = ["bash", "-c", 'exec "$0" "$@" <&-'] if closed else []
+        done = subprocess.run([*begin, str(self.project / path_of(name)), *words], user=user, cwd=self.folder,
                               env={"PATH": ":".join(paths)} | (environment or {}), text=True, timeout=60,
                               stdin=stdin, capture_output=True, check=False)
         return Ended(done, self.trace)
@@ -102,7 +115,10 @@ class Options(Place):
         # The demo's own table has no column of scripts.
         rows = [(option, "`demo`") for option in re.findall(r"^\| `([^`]+)` \|(?=[^|]*\|$)", readme, re.M)]
         rows += re.findall(r"^\| `([^`]+)` \| ([^|]*) \|[^|]*\|$", readme, re.M)
-        self.assertEqual(set(SCRIPTS), {name for _, names in rows for name in re.findall(r"`([^`]+)`", names)})
+        self.assertEqual(set(SCRIPTS) - WITHOUT_OPTIONS,
+                         {name for _, names in rows for name in re.findall(r"`([^`]+)`", names)})
+        for name in WITHOUT_OPTIONS:
+            self.assertIn(f"`{name}`", readme)
         for name in SCRIPTS:
             told = sorted(option for option, names in rows if f"`{name}`" in names)
             said = re.findall(r"^  (--[a-z0-9-]+(?: [A-Z]+)?|[A-Z]+)  ", self.run_script(name, "--help").said, re.M)
@@ -114,6 +130,15 @@ class Options(Place):
         self.refuses(r"no such option: -- .*", "demo", "--")
         self.refuses(r"'word' belongs to no option .*", "demo", "--ids", "29", "word")
         self.refuses(r"'b.log' belongs to no option .*", "log-check", "a.log", "b.log")
+        for name in WITHOUT_OPTIONS:
+            self.refuses(r"no such option: --nonsense \(.*\)", name, "--nonsense")
+            self.refuses(r"'word' belongs to no option .*", name, "word")
+
+    def test_a_flag_takes_no_value(self):
+        self.refuses(r"--again takes no value \(scripts/log-check --help\)", "log-check", "--again=a.log")
+        self.refuses(r"--x86 takes no value \(scripts/test --help\)", "test", "--x86=1")
+        self.refuses(r"--help takes no value \(scripts/demo --help\)", "demo", "--help=1")
+        self.refuses(r"no such option: --=1 .*", "demo", "--=1")
 
     def test_an_option_without_a_value_is_refused(self):
         for words in (["--log"], ["--log", ""], ["--log="], ["--log", "--ids"], ["--out", ""]):
@@ -221,8 +246,15 @@ class Options(Place):
         terminal, side = pty.openpty()
         self.addCleanup(os.close, terminal)
         self.addCleanup(os.close, side)
-        self.refuses(re.escape("--log - takes lines from a pipe, as in: candump -L can0 | scripts/demo --log -"), "demo",
-                     "--log", "-", stdin=side)
+        folder = os.open(self.folder, os.O_RDONLY)
+        self.addCleanup(os.close, folder)
+        for stdin in (side, folder):
+            self.refuses(LIVE_USE, "demo", "--log", "-", stdin=stdin)
+
+    def test_a_live_bus_needs_a_standard_input(self):
+        ended = self.run_script("demo", "--log", "-", closed=True)
+        self.assertRegex(ended.errors, rf"\Aerror: {LIVE_USE}\n\Z")
+        self.assertEqual([], ended.begun)
 
     def test_a_rate_that_the_adapter_lacks_is_refused(self):
         for adapter, lacking in (("canusb", ()), ("interface", (10, 20, 800)), ("kvaser", (20, 800))):
@@ -233,6 +265,46 @@ class Options(Place):
                 else:
                     self.assertIn("dpkg-query", self.run_script(*words).begun)
                     self.trace.unlink()
+
+    def test_parts_are_measured_in_their_order_and_each_once(self):
+        self.play_installed()
+        for words in (("logs", "conversions"), ("conversions", "logs", "logs")):
+            said = self.run_script("bench/compare", *(word for part in words for word in ("--only", part))).errors
+            self.assertRegex(said, r"\Aerror: tolvane_log_job cannot be built\n\Z")
+        self.assertRegex(self.run_script("bench/compare", "--only", "logs", "--only", "conversions", "--only", "start",
+                                         "--arch", "x86", "--arch", "x64").errors,
+                         r"\Aerror: the measuring programs for x64 cannot be built\n\Z")
+
+    def test_a_program_is_chosen_for_the_parts_of_the_window(self):
+        self.refuses("--arch is for the parts ticks and start alone: leave it away", "bench/compare", "--only", "logs",
+                     "--arch", "x86")
+
+    def test_the_parts_of_the_window_share_a_session(self):
+        self.play_installed()
+        for name, script in (("cmake", "exit 0"), ("wineserver", "exit 0"), ("Xvfb", "echo 77 >&3; exec sleep 60"),
+                             ("wine", r'printf "rows\t1\nlive_tick\t10\nbaseline_tick\t20\ntolvane_start\t10\nempty_start\t20\n"')):
+            self.play(name, script)
+        for name in ("wine-prefix-run/drive_c/windows/system32/a.dll", "wine-prefix-run/tolvane-ready",
+                     "windows-x64/simulator/a.dll"):
+            (self.project / "build" / name).parent.mkdir(parents=True, exist_ok=True)
+            (self.project / "build" / name).touch()
+        ended = self.run_script("bench/compare", "--only", "start", "--only", "ticks")
+        self.assertEqual((0, ""), (ended.status, ended.errors))
+        self.assertRegex(ended.said, r"\n\| x64 \| whole tick, .*\n\| x64 \| start to window, ")
+
+    def test_what_a_measured_tool_complains_of_is_told_where(self):
+        self.play_installed()
+        self.play("cmake", "exit 0")
+        self.play("awk", "exit 0")
+        for name, script in (("bench/tolvane_log_job", "exit 0"), ("tools/tolvane-log", "echo broken >&2; exit 1")):
+            tool = self.project / "build/native" / name
+            tool.parent.mkdir(parents=True)
+            tool.write_text(f"#!/bin/sh\n{script}\n")
+            tool.chmod(0o755)
+        said = self.run_script("bench/compare", "--only", "conversions").errors
+        log = self.project / "build/compare/conversions-ours.log"
+        self.assertEqual(f"error: {self.project}/build/native/tools/tolvane-log failed (see {log})\n", said)
+        self.assertEqual("broken\n", log.read_text())
 
     def test_logs_that_are_played_again_are_csv(self):
         self.refuses("--again plays csv logs: leave --format away", "log-check", "--again", "--format", "xlsx")
@@ -267,6 +339,29 @@ class Recordings(Place):
         for words in (("demo", "--log"), ("replay-check",), ("log-check",)):
             self.refuses(f"{re.escape(str(self.folder))} is a folder, .*", *words, str(self.folder))
 
+    def test_a_pipe_or_a_device_is_none(self):
+        pipe = self.folder / "pipe"
+        os.mkfifo(pipe)
+        for path in (str(pipe), "/dev/null"):
+            told = f"{path} is a pipe or a device, and a recording is a file"
+            self.refuses(f"{told}; --log - plays the lines of a pipe", "demo", "--log", path)
+            for name in ("replay-check", "log-check"):
+                self.refuses(told, name, path)
+
+    def test_a_name_that_the_bench_cannot_be_told_is_refused(self):
+        for name, reason in ((b"a\nb.log", "holds a line break or another control character"), (b"caf\xe9.log", "is not UTF-8"),
+                             (b"last\n", "holds a line break or another control character")):
+            path = os.fsencode(self.folder) + b"/" + name
+            with open(path, "w", encoding="ascii") as file:
+                file.write(GOOD_LINE)
+            for words in (("demo", "--log"), ("replay-check",), ("log-check",)):
+                for locale in ("C", "ja_JP.UTF-8"):
+                    self.refuses(rf"the name of the recording \S*'[^\n]* {reason}: give it another one", *words,
+                                 os.fsdecode(path), environment={"LC_ALL": locale})
+        log = self.file("録音 1.log", GOOD_LINE)
+        for locale in ("C", "ja_JP.UTF-8"):
+            self.assertIn("dpkg-query", self.run_script("demo", "--log", log, environment={"LC_ALL": locale}).begun)
+
     def test_a_missing_one_is_an_error_and_no_skip(self):
         for words in (("demo", "--log"), ("replay-check",), ("log-check",)):
             self.refuses("there is no recording gone.log", *words, "gone.log")
@@ -291,6 +386,7 @@ class Recordings(Place):
                 ended = self.run_script("demo", "--log", log, *words, environment=environment)
                 self.assertRegex(ended.said, rf"\A-- .*: \d frames? in .*\n-- on the adapter {chosen}\n")
                 self.assertIn("dpkg-query", ended.begun)
+        self.assertEqual([], [path.name for path in (self.project / "build/recordings").iterdir()])
 
     def test_identifier_0_alone_has_logs_and_no_page(self):
         log = self.file("zero.log", GOOD_LINE.replace("123#", "000#"))
@@ -340,6 +436,25 @@ class Pages(unittest.TestCase):
 
 
 class Places(Place):
+    def test_a_search_path_for_folders_changes_nothing(self):
+        done = subprocess.run(["scripts/build", "--help"], env={"PATH": "/usr/bin:/bin", "CDPATH": "."}, cwd=self.project,
+                              capture_output=True, text=True, timeout=60, check=False)
+        self.assertEqual((0, ""), (done.returncode, done.stderr))
+
+    def test_a_folder_for_pictures_that_cannot_be_made_is_told(self):
+        out = f"{self.file('file', '')}/out"
+        for name in ("demo", "pictures"):
+            self.refuses(f"the folder {re.escape(out)} cannot be written: name another with --out", name, "--out", out)
+
+    def test_a_release_needs_a_commit(self):
+        self.play_installed()
+        self.refuses("a release is made of a commit, and git says: fatal: not a git repository .*", "package")
+
+    def test_a_screen_has_one_of_four_resolutions(self):
+        for name in WITH_WINE:
+            self.refuses("TOLVANE_DPI is 96, 120, 144 or 192, not 'abc'", name, environment={"TOLVANE_DPI": "abc"})
+            self.assertEqual(0, self.run_script(name, "--help", environment={"TOLVANE_DPI": "abc"}).status)
+
     def test_a_folder_that_cannot_be_written_is_told(self):
         if os.geteuid() == 0:
             how = {"user": NOBODY}

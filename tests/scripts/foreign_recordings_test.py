@@ -90,6 +90,25 @@ class OfPythonCan(Readied):
                     self.assertEqual((1, ""), (status, out))
                     self.assertRegex(errors, r"(?s)(\A|\n)error: [^\n]*junk[^\n]*\n\Z")
 
+    def test_the_reason_is_told_without_words_of_python(self):
+        for name, content, said in (("a.trc", b"", "a.trc is empty"), ("a.blf", b"", "a.blf is empty"),
+                                    ("a.asc.gz", b"", "a.asc.gz is empty"),
+                                    ("b.asc", BYTES, r"b\.asc is no \.asc: it is not text"),
+                                    ("b.blf", b"LOGG", r"b\.blf is no \.blf: something in it is missing"),
+                                    ("b.asc.gz", BYTES, r"b\.asc\.gz is no \.gz: it is not compressed"),
+                                    ("c.asc.gz", b"\x1f\x8b", r"c\.asc\.gz is compressed and damaged")):
+            with self.subTest(name):
+                self.refuses(said, self.file(name, content))
+
+    def test_lines_that_python3_can_leaves_out_are_counted(self):
+        path = self.written(".trc", messages()[:3])
+        with open(path, "a", encoding="ascii") as file:
+            file.write("1)\n2)\n")
+        self.assertEqual(DATA, self.played(path))
+        self.assertTrue(self.facts(path)["say"].endswith("; 2 lines left out that python3-can cannot read"))
+        self.refuses("holds no frame that can be played; 1 line left out that python3-can cannot read",
+                     self.file("lone.trc", ";$FILEVERSION=1.1\n1)\n"))
+
     def test_a_csv_is_known_by_its_head(self):
         self.refuses("begins neither like a log of the program nor like a csv of python3-can",
                      self.file("other.csv", "time;id;data\n0;1;2\n"))

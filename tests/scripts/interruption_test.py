@@ -79,15 +79,21 @@ class Interruption(unittest.TestCase):
                     self.assertEqual("trap '' INT", before.strip(), f"{name}: {line}")
 
     def test_an_interrupted_demo_says_nothing_of_python(self):
-        # The recording is a pipe that is never written to, so the demo waits for its reader.
-        pipe = self.folder / "recording.log"
-        os.mkfifo(pipe)
+        # Stands for a disk that does not answer, so the demo waits for its reader.
+        self.script("sitecustomize.py", "import builtins, time\n"
+                                        "real_open = builtins.open\n"
+                                        "def waiting_open(path, *rest, **how):\n"
+                                        "    if str(path).endswith('recording.log'): time.sleep(600)\n"
+                                        "    return real_open(path, *rest, **how)\n"
+                                        "builtins.open = waiting_open\n")
+        recording = self.script("recording.log", RECORDING)
         (self.folder / "project").mkdir()
         for name in ("scripts", "tests"):
             (self.folder / "project" / name).symlink_to(PROJECT / name)
         for delay in range(0, 200, 20):
             with self.subTest(milliseconds=delay):
-                process = self.start(self.folder / "project/scripts/demo", "--log", pipe)
+                process = self.start(self.folder / "project/scripts/demo", "--log", recording,
+                                     PYTHONPATH=str(self.folder))
                 time.sleep(delay / 1000)
                 # One that comes before Python can be ended ends the demo later.
                 for _ in range(20):

@@ -8,8 +8,8 @@ import tempfile
 import unittest
 
 # From this machine.
-TOOLS = ("bash", "cat", "cut", "dirname", "env", "flock", "getent", "grep", "ln", "mkdir", "mktemp", "realpath", "rm",
-         "sh", "sleep", "tail", "touch")
+TOOLS = ("bash", "cat", "cut", "dirname", "env", "flock", "getent", "grep", "iconv", "ln", "mkdir", "mktemp", "realpath",
+         "rm", "sh", "sleep", "tail", "touch")
 
 
 class PlayedMachine(unittest.TestCase):

@@ -2,6 +2,9 @@
 """Tests of scripts/lib/ready_recording.py, whose folder is the argument: any recording becomes one that the bench
 plays, and says what it asks of the run."""
 
+import gzip
+import pathlib
+import re
 import subprocess
 import sys
 import unittest
@@ -11,6 +14,7 @@ from readied import Readied
 sys.path.insert(0, sys.argv[-1])
 Readied.lib = sys.argv.pop()
 import recording as rec  # noqa: E402
+import run_logs  # noqa: E402
 
 HEAD = ("Tolvane Ver1.23,,,Copyright (C) 2026 Tolvane Project,,,,https://tolvane.example/\r\n\r\n"
         "2026/01/05 9:07:03,,,bit rate：,{rate} bps\r\n{adapter}\r\n\r\nＣＡＮ受信ログ\r\n\r\n{columns}\r\n")
@@ -75,6 +79,25 @@ class CandumpRecordings(Readied):
         self.refuses("there is no recording", str(self.folder / "gone"))
 
 
+class Names(Readied):
+    """A recording of our own forms under the name of another."""
+
+    def test_a_text_of_candump_is_known(self):
+        for form in (".asc", ".blf", ".csv", ".db", ".trc"):
+            self.refuses(rf"bus\{form} is no \{form} but a text of candump: give it a name that ends in \.log",
+                         self.file("bus" + form, "(1502984866.421964) vcan0 1FFFFFFF#0102030405060708 T\n"))
+
+    def test_what_is_compressed_is_told(self):
+        line, of_program = b"(1.0) can0 123#01\n", log("         0 , 123 , 0")
+        for name, content, form in (("bus.log.gz", line, "a text of candump"), ("bus.asc.gz", line, "a text of candump"),
+                                    ("KL26010509-001.csv.gz", of_program, "a log of the program")):
+            self.refuses(f"is compressed, and {form} is not read so: unpack it first", self.file(name, gzip.compress(content)))
+
+    def test_a_database_is_not_read_compressed(self):
+        self.refuses(r"bus\.db\.gz: a \.db is read as it is, and not as \.gz: unpack it first",
+                     self.file("bus.db.gz", gzip.compress(b"SQLite format 3\0")))
+
+
 class Logs(Readied):
     def test_of_11_bits_are_played(self):
         path = self.file("a.csv", log("         0 , 1A0 , 8 ,  01,1A,FF,03,44,55,66,77", "        50 , 00F , 2 ,  09,1A",
@@ -99,6 +122,17 @@ class Logs(Readied):
             found = self.facts(self.file("a.csv", content))
             self.assertEqual(facts, (found["ids"], found["adapter"], found["rate"]))
 
+    def test_with_a_rate_that_the_program_lacks_are_refused(self):
+        for rate, kilobits in (("300k", 300), ("0k", 0), ("5M", 5000)):
+            self.refuses(rf"a\.csv, line 3: a bus of {kilobits} kbit/s, and the program's settings have no such rate",
+                         self.file("a.csv", log("         0 , 123 , 0", rate=rate)))
+        options = (pathlib.Path(self.lib).parent / "demo").read_text(encoding="utf-8")
+        known = re.search(r'^option rate KBITS "([0-9|]+)"', options, re.M)[1].split("|")
+        for rate in known:
+            path = self.file("a.csv", log("         0 , 123 , 0", rate="1M" if rate == "1000" else f"{rate}k"))
+            self.assertEqual(rate, self.facts(path)["rate"])
+        self.assertEqual(known, [str(rate) for rate in run_logs.RATES])
+
     def test_ask_for_another_adapter_where_the_clock_of_theirs_cannot_tell_their_times(self):
         for adapter, time, wanted in ((CANUSB, 59_999, "canusb"), (CANUSB, 60_000, "kvaser"),
                                       (INTERFACE, 2_147_483, "interface"), (INTERFACE, 2_147_484, "kvaser")):
@@ -121,6 +155,11 @@ class Logs(Readied):
         self.refuses("no frame that can be played; 1 bad line left out, the first is line 9", self.file("a.csv", log("x")))
         self.refuses("has not the eight lines at the head of a log", self.file("a.csv", "Tolvane Ver1.23\r\n"))
         self.refuses("only identifiers of 29 bits", self.file("a.csv", log_29("0 , * , 1 , 0")), "--ids", "11")
+
+    def test_that_cannot_be_written_anew_are_refused(self):
+        self.converted.symlink_to("/dev/full")
+        self.refuses("a.csv cannot be written anew to .*converted: No space left on device",
+                     self.file("a.csv", log("         0 , 123 , 0")))
 
     def test_any_bytes_behind_a_head_are_survived(self):
         for content in (bytes(range(256)) * 64, b"\r\n" * 99, b"0" * 100_000, b" , " * 9999):

@@ -140,6 +140,10 @@ class Command(unittest.TestCase):
     def test_frames_of_the_flexible_data_rate_are_refused(self):
         self.refused(", line 1: this is a frame of the flexible data rate, ", "(1.5) can0 123##10011\n")
 
+    def test_what_only_the_demo_reads_is_named(self):
+        self.refused(", line 1: this is the beginning of a compressed file, ", b"\x1f\x8b\x08\x00")
+        self.refused(", line 1: this is the head of a log of the program, ", "Tolvane Ver1.23,,,Copyright\n")
+
     def test_error_frames_and_own_ones_alone_are_refused(self):
         self.refused(", from line 2 on: only error frames", "bad\n" + ERROR + DATA.replace("\n", " T\n"))
 

@@ -3,6 +3,7 @@
 
 import os
 import pathlib
+import re
 import signal
 import subprocess
 import sys
@@ -36,7 +37,8 @@ class Stages(unittest.TestCase):
     def start(self, text: str) -> subprocess.Popen:
         libraries = "".join(f'source "$root/scripts/lib/{name}.sh"\n'
                             for name in ("packages", "compile", "stages", "stage_release", "stage_fresh"))
-        process = subprocess.Popen(["bash", "-c", f'source "{self.folder}/scripts/lib/common.sh"\n{libraries}{text}'],
+        process = subprocess.Popen(["bash", "-c", f'source "{self.folder}/scripts/lib/common.sh"\n{libraries}'
+                                    f'at_exit stop_running\n{text}'],
                                    stdout=subprocess.PIPE, stderr=subprocess.STDOUT, text=True)
         # A failed test leaves nothing that waits for ever.
         self.addCleanup(process.stdout.close)
@@ -211,6 +213,23 @@ class Stages(unittest.TestCase):
             self.assertIn("ended", said, stage)
             self.assertNotIn("built", said, stage)
             self.assertEqual("1", said[-1], stage)
+
+    def test_wines_services_that_do_not_start_fail_each_of_their_stages(self):
+        said = self.bash('''source() { :; }
+            wine_session() { wine_lock=0; }
+            wine_stay() { false; }
+            build_all() { echo built; }
+            for stage in wine window; do run_stage "$stage"; done; echo "$failed"''').splitlines()
+        self.assertEqual(2, said.count("-- failed: Wine's services do not start"), said)
+        self.assertEqual("2", said[-1])
+
+    def test_no_file_that_is_read_sets_a_trap_while_others_are_still_to_come(self):
+        for path in (PROJECT / "scripts/lib").glob("*.sh"):
+            self.assertEqual([], re.findall(r"^(?:at_exit|at_very_end|catch_the_end|trap) .*", path.read_text(encoding="utf-8"),
+                                            re.M), path.name)
+        lines = (PROJECT / "scripts/test").read_text(encoding="utf-8").splitlines()
+        last_read = max(number for number, line in enumerate(lines) if line.startswith(("source ", "read_options ")))
+        self.assertGreater(lines.index("at_exit stop_running"), last_read)
 
     def test_help_stands_anywhere_and_names_every_stage(self):
         for arguments in (["--help"], ["--only", "unit", "--help"], ["--x86", "-h"]):

@@ -98,6 +98,14 @@ class Together(unittest.TestCase):
     def test_a_killed_run_of_the_tests(self):
         self.the_second_goes_on_when_the_first_is_killed("runs the tests too", "scripts/test", "--only", "fresh")
 
+    def test_a_signal_to_the_one_that_waits_ends_it_at_once(self):
+        self.play_waiting("dpkg-query", "exit 1")
+        self.play("apt-get", "exit 1")
+        words = ("scripts/test", "--only", "fresh")
+        other = self.begin_both("runs the tests too", words, words)[1]
+        other.terminate()
+        self.assertEqual(143, other.wait(timeout=20))
+
     def test_a_killed_measurement(self):
         self.the_second_goes_on_when_the_first_is_killed("measures too", "bench/compare", "--only", "ticks")
 

@@ -1,11 +1,16 @@
 #!/usr/bin/env python3
-"""Tests of scripts/lib/wine.sh with a Wine that is played: what keeps Wine's services running. The argument is
-the project's folder."""
+"""Tests of scripts/lib/wine.sh with a Wine that is played: what keeps Wine's services running, and what a script that
+has Wine's lock waits for. The argument is the project's folder."""
 
 import pathlib
+import re
+import signal
+import subprocess
 import sys
+import time
 import unittest
 
+import processes
 from played_machine import PlayedMachine
 
 PlayedMachine.project = pathlib.Path(sys.argv.pop())
@@ -30,6 +35,50 @@ class Services(PlayedMachine):
     def test_a_wine_that_ends_at_once_is_told(self):
         self.play("wine", "exit 1")
         self.assertEqual((0, ["failed"]), self.bash(STAY, "wine"))
+
+    def test_a_program_leaves_no_entries_in_the_users_menus(self):
+        self.play("wine", 'echo "$WINEDLLOVERRIDES" >>"$HOME/told"; [ "$*" != "wineboot --init" ]')
+        self.assertEqual(1, self.bash('wine x; WINEPREFIX=$HOME/prefix wine_make_template', "wine")[0])
+        self.assertEqual(["winemenubuilder.exe=d", "winemenubuilder.exe=d;mscoree,mshtml="], self.told())
+
+
+class Waiting(PlayedMachine):
+    def pausing(self) -> tuple[subprocess.Popen, pathlib.Path, int]:
+        """A script that has Wine's lock and pauses, the lock, and the process that counts the seconds."""
+        lock = self.folder / "lock"
+        process = processes.start(self, ["bash", "-c", f'''source "{self.folder}/scripts/lib/common.sh"
+            source "$root/scripts/lib/wine.sh"
+            catch_the_end
+            lock_open "{lock}"
+            wine_lock=$lock_descriptor
+            flock "$wine_lock"
+            echo locked
+            pause 600'''])
+        self.assertEqual("locked\n", process.stdout.readline())
+        children = pathlib.Path(f"/proc/{process.pid}/task/{process.pid}/children")
+        for _ in range(500):
+            for child in children.read_text(encoding="ascii").split():
+                if pathlib.Path(f"/proc/{child}/comm").read_text(encoding="ascii") == "sleep\n":
+                    return process, lock, int(child)
+            time.sleep(0.02)
+        self.fail("the script does not pause")
+
+    def test_a_signal_to_the_script_alone_acts_at_once(self):
+        for number, status in ((signal.SIGTERM, 143), (signal.SIGKILL, -signal.SIGKILL)):
+            process, lock, sleeper = self.pausing()
+            process.send_signal(number)
+            self.assertEqual(status, process.wait(timeout=20))
+            self.assertEqual(0, subprocess.run(["flock", "-n", lock, "true"], check=False).returncode)
+            for _ in range(500):
+                if not pathlib.Path(f"/proc/{sleeper}").exists():
+                    break
+                time.sleep(0.02)
+            self.assertFalse(pathlib.Path(f"/proc/{sleeper}").exists())
+
+    def test_no_script_with_the_lock_sleeps_with_it(self):
+        for name in ("scripts/demo", "scripts/log-check", "scripts/pictures", "scripts/replay-check", "tests/soak/run",
+                     "bench/compare"):
+            self.assertIsNone(re.search(r"^ *sleep ", (self.project / name).read_text(encoding="utf-8"), re.M), name)
 
 
 if __name__ == "__main__":

@@ -16,11 +16,10 @@
 #include "platform/windows/window_parts/theme.h"
 #include "run/adapter_kind.h"
 #include "run/stop_message.h"
+#include "view/tick.h"
 
 namespace tolvane::platform::windows {
 namespace {
-
-constexpr std::int32_t kViewInterval = 30;  // ms between two ticks of TimerBackView
 
 /// The thread's single-threaded apartment, for automation.
 class Apartment {

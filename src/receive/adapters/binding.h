@@ -10,9 +10,10 @@ namespace tolvane {
 
 /// How a frame's format meets the keys of a 29-bit run.
 struct KeyFlags {
-  std::optional<std::uint8_t>
-      match;  // the stored flag that counts as the same key, if there is one
-  std::optional<std::uint8_t> insert;  // the flag of a new key, if the frame makes one
+  // The stored flag that counts as the same key, if there is one.
+  std::optional<std::uint8_t> match;
+  // The flag of a new key, if the frame makes one.
+  std::optional<std::uint8_t> insert;
   // What the log is told: 1 for an extended frame, and with Kvaser for some other frames too; 2 for
   // extended remote ones of a CANUSB. Of a board it is the frame's format and nothing else, so the
   // format filter asks for it.

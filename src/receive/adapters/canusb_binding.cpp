@@ -1,7 +1,6 @@
 #include "receive/adapters/canusb_binding.h"
 
 #include "platform/byte_text.h"
-
 #include "receive/adapters/bit_rate.h"
 
 namespace tolvane {

@@ -65,7 +65,7 @@ namespace tolvane {
 ///     Form_Unload                    the other forms
 ///     menu_file_close_Click          the window
 ///
-///   shell/view_commands.cpp: the page as a notebook: the page alone, but a subject of the shell
+///   shell/view_commands.cpp: the page as a notebook, which only the user asks for and no run
 ///     To_Clipboard                   the clipboard
 ///     menu_View_All_Copy_Click       To_Clipboard
 ///     menu_View_Ctrl_Z_Click         the page

@@ -37,8 +37,8 @@ class StringBuilder {
   }
   void Take(std::size_t length) { mTextLength += static_cast<std::int32_t>(length); }
 
-  /// Has the first block in memory already, unless there is none: pages that are new to the process
-  /// would cost the first text milliseconds.
+  /// Has the first block in memory already: pages that are new to the process would cost the first
+  /// text milliseconds. Where memory has run out, the first text tries again.
   void TakeMemory() { static_cast<void>(Reserve(1)); }
 
   /// The first mTextLength characters. Valid until the next change.

@@ -8,11 +8,9 @@
 
 #include "platform/memory/memory_platform.h"
 #include "run/control/form1.h"
+#include "tests/helpers/installed_program.h"
 
 namespace tolvane {
-
-inline const String kFolder = u"C:\\Tolvane";
-inline const String kSystem = u"C:\\Windows\\System32";
 
 /// The program on a machine in memory, before its start: support library and the three vendors'
 /// libraries installed, nothing plugged in, no settings. Handlers are bound as the front end binds
@@ -20,12 +18,7 @@ inline const String kSystem = u"C:\\Windows\\System32";
 class Form1Bench {
  public:
   Form1Bench() {
-    memory.files.AddFolder(kFolder);
-    memory.files.AddFolder(kSystem);
-    Install(kFolder, u"qxt100.dll");
-    for (const StringView file : {u"canusbdrv.dll", u"IFCan.dll", u"canlib32.dll"}) {
-      Install(kSystem, file);
-    }
+    InstallProgram(memory);
     memory.window.Cmb_Serect_Device.OnClick(
         [this] { form.Do([this] { form.Cmb_Serect_Device_Click(); }); });
     memory.window.window.OnUnload([this] {
@@ -35,9 +28,7 @@ class Form1Bench {
     });
   }
 
-  void Install(const String& folder, StringView file) {
-    memory.files.AddFile(Path(folder, file), "MZ");
-  }
+  void Install(const String& folder, StringView file) { InstallFile(memory, folder, file); }
   void Remove(const String& folder, StringView file) { memory.files.Remove(Path(folder, file)); }
   static String Path(const String& folder, StringView file) {
     return folder + u"\\" + String(file);

@@ -24,7 +24,7 @@ void WindowsEventLoop::YieldToEvents() {
   last_look_ = Ticks();
 }
 
-void WindowsEventLoop::YieldOften() {
+void WindowsEventLoop::YieldWhenDue() {
   if (Ticks() - last_look_ >= ticks_of_millisecond_) {
     YieldToEvents();
     return;

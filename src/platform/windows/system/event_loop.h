@@ -21,7 +21,7 @@ class WindowsEventLoop final : public EventLoop {
   /// exactly one such look in each yield.
   void YieldToEvents() override;
   /// Looks into the queue when the last look is a millisecond ago.
-  void YieldOften() override;
+  void YieldWhenDue() override;
 
   /// Waits for events and hands them out until End was called.
   void RunUntilEnd();

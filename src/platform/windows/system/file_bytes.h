@@ -16,8 +16,9 @@ namespace tolvane::platform::windows {
 /// False when not all bytes could be written.
 [[nodiscard]] bool WriteAll(const FileHandle& file, std::span<const std::byte> bytes);
 
-/// Whether a question for a file that failed with `error` says that there is none: neither it nor,
-/// maybe, the place where it would be.
+/// Whether a question for a file that failed with `error` says that there is none, as
+/// FileServices::FileExists tells: no such file, no name that a file can have, or no way to the
+/// place where it would be.
 [[nodiscard]] bool MeansNoFile(DWORD error);
 
 /// As FileServices::ReadBinary.

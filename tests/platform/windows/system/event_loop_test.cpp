@@ -33,13 +33,13 @@ TEST_F(Yields, ByTheThousandTheyLookOnceAMillisecond) {
   loop_.YieldToEvents();
   QueryPerformanceCounter(&began);
   PostQuitMessage(0);
-  loop_.YieldOften();
+  loop_.YieldWhenDue();
   QueryPerformanceCounter(&now);
   // A machine that paused here has let the millisecond pass.
   const bool in_time = (now.QuadPart - began.QuadPart) * 1000 < frequency.QuadPart;
   EXPECT_TRUE(delivered_ == 0 || !in_time);
   Sleep(2);
-  loop_.YieldOften();
+  loop_.YieldWhenDue();
   EXPECT_EQ(delivered_, 1);
 }
 
@@ -47,7 +47,7 @@ TEST_F(Yields, WhatWaitsAtTheGateIsDeliveredByEach) {
   loop_.YieldToEvents();
   for (int i = 1; i <= 5; ++i) {
     gate_.Deliver([this] { ++delivered_; });
-    loop_.YieldOften();
+    loop_.YieldWhenDue();
     EXPECT_EQ(delivered_, i);
   }
 }
