@@ -63,6 +63,16 @@ arch_begin() {
   esac
 }
 
+# arch_strip ARCH FILE... FOLDER: copies of built files without debug information, as in a release. Wine reads what does
+# not begin at a page into memory, and so the debug information too, which is most of such a file.
+arch_strip() {
+  local triple=x86_64 file
+  [ "$1" = x64 ] || triple=i686
+  for file in "${@:2:$#-2}"; do
+    "$triple-w64-mingw32-objcopy" --strip-all "$file" "${!#}/${file##*/}" || fail "$file cannot be copied"
+  done
+}
+
 # arch_process FOLDER: the process of the program that was started there by its whole path, as this machine counts
 # processes; false when there is none.
 arch_process() {

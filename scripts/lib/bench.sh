@@ -24,6 +24,14 @@ bench_has_rate() { [[ -z ${opt[rate]} || " ${rates_lacking[${opt[adapter]}]} " !
 # bench_install ARCH [PREFIX]: copies the libraries to where the program looks for the vendors' libraries.
 bench_install() { cp "$build/windows-$1/simulator/"*.dll "${2:-$WINEPREFIX}/drive_c/windows/system32/"; }
 
+# bench_install_alone ARCH PREFIX LIBRARY: the same for this one, without debug information; the others are gone. For
+# measurements: the program loads and asks each library that it finds.
+bench_install_alone() {
+  local folder=$2/drive_c/windows/system32 library
+  for library in "$build/windows-$1/simulator/"*.dll; do rm -f "$folder/${library##*/}"; done
+  arch_strip "$1" "$build/windows-$1/simulator/$3" "$folder"
+}
+
 # bench_write FILE LOG [TIMES [SPEED]]: the bench of the options above, on the recording LOG, or on the
 # synthetic vehicle when LOG is empty, or on the live bus of live.sh when it is "-". The recording is played
 # TIMES times over (1; 0 without end), bus time running SPEED times as fast (1). The bus has the rate of the option,

@@ -10,10 +10,25 @@ bool FaultPlan::Fails(Subject subject, std::string_view call) {
   return std::ranges::binary_search(failing_, steps_.size() - 1);
 }
 
+platform::FileStep FaultPlan::NextDiskStep() {
+  using platform::FileStep;
+  const bool fails = Fails(Subject::kDisk, "step");
+  if (disk_fault_ == DiskFault::kFails) return fails ? FileStep::kFailed : FileStep::kDone;
+  stays_busy_ = counting_ && (stays_busy_ || (fails && disk_fault_ == DiskFault::kStaysBusy));
+  return fails || stays_busy_ ? FileStep::kBusy : FileStep::kDone;
+}
+
 bool FaultPlan::HasFailed(std::string_view call) const {
   return std::ranges::any_of(failing_, [&](std::size_t number) {
     return number < steps_.size() && steps_[number].call == call;
   });
+}
+
+bool FaultPlan::OnlyWasBusy() const {
+  return disk_fault_ == DiskFault::kIsBusy &&
+         std::ranges::all_of(failing_, [&](std::size_t number) {
+           return number >= steps_.size() || steps_[number].subject == Subject::kDisk;
+         });
 }
 
 std::string FaultPlan::Failed() const {
@@ -24,7 +39,7 @@ std::string FaultPlan::Failed() const {
     text += (text.empty() ? "" : ", ") + std::to_string(number) + ' ' +
             kSubjects[static_cast<std::size_t>(subject)] + ' ' + std::string(call);
   }
-  return text.empty() ? "nothing" : text;
+  return (text.empty() ? "nothing" : text) + kDiskFaults[static_cast<std::size_t>(disk_fault_)];
 }
 
 }  // namespace tolvane::faults

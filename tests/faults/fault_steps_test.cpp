@@ -1,8 +1,9 @@
-// Each operation of each scenario fails once, alone. The longest scenarios are left to
-// fault_pairs_test.cpp, which does the same ahead of its pairs.
+// Each operation of each scenario fails once, alone, and each step of the disk in each of its ways.
+// The longest scenarios are left to fault_pairs_test.cpp, which does the same ahead of its pairs.
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cstdio>
 #include <iterator>
 #include <vector>
 
@@ -19,9 +20,13 @@ TEST_P(FaultSteps, Alone) {
   FaultPlan plan;
   EXPECT_EQ(trial.Play(plan, {}), Complaints{});
   const std::size_t steps = plan.Steps().size();
-  PrintSteps(GetParam(), plan);
+  std::printf("%s\n", StepRow(GetParam(), plan).c_str());
   for (std::size_t step = 0; step < steps; ++step) {
     EXPECT_EQ(trial.Play(plan, {step}), Complaints{}) << plan.Failed();
+    if (plan.Steps()[step].subject != Subject::kDisk) continue;
+    for (const DiskFault fault : {DiskFault::kIsBusy, DiskFault::kStaysBusy}) {
+      EXPECT_EQ(trial.Play(plan, {step}, fault), Complaints{}) << plan.Failed();
+    }
   }
 }
 

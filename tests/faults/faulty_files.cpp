@@ -36,9 +36,7 @@ class FaultyFiles::Stream final : public platform::TextStream {
 
 FaultyFiles::FaultyFiles(platform::memory::FileSystem& files, FaultPlan& plan, WrittenLogs& logs)
     : files_(files), plan_(plan), logs_(logs) {
-  using platform::FileStep;
-  files_.OnStep(
-      [this] { return plan_.Fails(Subject::kDisk, "step") ? FileStep::kFailed : FileStep::kDone; });
+  files_.OnStep([this] { return plan_.NextDiskStep(); });
 }
 
 bool FaultyFiles::FolderExists(StringView path) {

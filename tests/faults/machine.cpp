@@ -131,10 +131,12 @@ void Machine::Perform(const Act& act) {
   if (act.tick) {
     for (auto* timer : TimersOf(memory)) timer->Tick();
   }
-  if (act.session_ends) {
-    session_ended_ = true;
-    form.Session_Ends();
-  }
+  if (act.session_ends) EndSession();
+}
+
+void Machine::EndSession() {
+  session_ended_ = true;
+  form.Session_Ends();
 }
 
 void Machine::Delivered(std::span<const std::uint8_t, 8> data) {

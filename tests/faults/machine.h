@@ -60,6 +60,7 @@ class Machine final : private ReadTap {
   /// A run of these acts, which the user then ends.
   void Run(std::span<const Act> acts);
   void Click(void (Form1::*handler)());
+  void EndSession();
 
   /// The program waits for its next command.
   [[nodiscard]] bool Waits() const;

@@ -128,6 +128,30 @@ Complaints JudgeClosing(const Machine& machine, const FaultPlan&) {
   return machine.IsLeft() ? Complaints{} : Complaints{"the program cannot be closed"};
 }
 
+void PlayIdleSessionEnd(Machine& machine) {
+  machine.memory.RTB_MainView.UserTypes(kTyped);
+  machine.memory.window.TB_LogComment.Type(u"another comment");
+  machine.EndSession();
+}
+
+/// Whatever fails, the system waits for an answer that comes; the next start tells what was kept.
+Complaints JudgeIdleSessionEnd(const Machine& machine, const FaultPlan&) {
+  if (!machine.memory.message_box.Boxes().empty()) return {"a box holds the system back"};
+  return machine.form.RxFlag == 0 ? Complaints{} : Complaints{"a run goes on"};
+}
+
+/// What failed in the run must not make the closing worse, and both may fail.
+void PlayRunThenClosing(Machine& machine) {
+  machine.Run(kShort);
+  machine.Click(&Form1::menu_file_close_Click);
+}
+
+Complaints JudgeRunThenClosing(const Machine& machine, const FaultPlan& plan) {
+  Complaints complaints = JudgeRun(machine, plan);
+  if (!machine.IsLeft()) complaints.emplace_back("the program cannot be closed");
+  return complaints;
+}
+
 using enum WrittenLogs::Form;
 
 constexpr Scenario kScenarios[] = {
@@ -167,6 +191,15 @@ constexpr Scenario kScenarios[] = {
      JudgeRun,
      Pairs::kNear},
     {"SessionEndInARun", {kKvaser, k11}, kCsv, false, PlaySessionEnd, JudgeRun},
+    {"SessionEndInAWorkbookRun",
+     {kCanusb, k11},
+     kWorkbook,
+     false,
+     PlaySessionEnd,
+     JudgeRun,
+     Pairs::kNear},
+    {"SessionEndWhileIdle", {kCanusb, k11}, kCsv, false, PlayIdleSessionEnd, JudgeIdleSessionEnd},
+    {"RunThenClosing", {kCanusb, k11}, kCsv, false, PlayRunThenClosing, JudgeRunThenClosing},
     {"PageCommands", {kCanusb, k11}, kNone, false, PlayPageCommands, JudgePageCommands},
     {"Snapshots", {kCanusb, k11}, kNone, false, PlaySnapshots, JudgeSnapshots},
     {"Closing", {kCanusb, k11}, kCsv, false, PlayClosing, JudgeClosing},

@@ -62,12 +62,13 @@ Trial::Kept Trial::KeptBy(const Machine& machine) {
           .comment = machine.form.device.t_LogComment};
 }
 
-void Trial::BeginScenario(Machine& machine, FaultPlan& plan, FaultPlan::Numbers failing) const {
+void Trial::BeginScenario(Machine& machine, FaultPlan& plan, FaultPlan::Numbers failing,
+                          DiskFault disk_fault) const {
   if (!scenario_.is_start) {
     machine.Start();
     machine.Set(scenario_.log);
   }
-  plan.Begin(std::move(failing));
+  plan.Begin(std::move(failing), disk_fault);
   if (scenario_.is_start) {
     machine.Start();
   } else {
@@ -76,7 +77,7 @@ void Trial::BeginScenario(Machine& machine, FaultPlan& plan, FaultPlan::Numbers 
   plan.End();
 }
 
-/// A closing in which a step failed leaves each file old or new.
+/// `is_sure`: the last closing had no failure. One that had leaves each file old or new.
 Complaints Trial::JudgeNextStart(const Machine& machine, const Kept& last, bool is_sure) const {
   if (!machine.Waits()) return {"the next start fails"};
   Complaints complaints;
@@ -91,7 +92,7 @@ Complaints Trial::JudgeNextStart(const Machine& machine, const Kept& last, bool 
   return complaints;
 }
 
-Complaints Trial::Play(FaultPlan& plan, FaultPlan::Numbers failing) const {
+Complaints Trial::Play(FaultPlan& plan, FaultPlan::Numbers failing, DiskFault disk_fault) const {
   Complaints complaints;
   std::stringbuf report;
   Disk disk;
@@ -99,8 +100,9 @@ Complaints Trial::Play(FaultPlan& plan, FaultPlan::Numbers failing) const {
   bool is_sure = false;
   {
     Machine machine(scenario_.setup, disk_, plan, report);
-    BeginScenario(machine, plan, std::move(failing));
+    BeginScenario(machine, plan, std::move(failing), disk_fault);
     Append(scenario_.judge(machine, plan), "", complaints);
+    is_sure = plan.OnlyWasBusy();
     if (machine.Waits() && !machine.SessionHasEnded()) {
       RunAndClose(machine, "then: ", complaints);
       is_sure = true;

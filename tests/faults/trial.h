@@ -11,7 +11,8 @@ class Trial {
   explicit Trial(const Scenario& scenario);
 
   /// What is wrong. `plan` has the steps of the scenario then.
-  [[nodiscard]] Complaints Play(FaultPlan& plan, FaultPlan::Numbers failing) const;
+  [[nodiscard]] Complaints Play(FaultPlan& plan, FaultPlan::Numbers failing,
+                                DiskFault disk_fault = DiskFault::kFails) const;
 
  private:
   /// What a closing keeps for the next start: one thing of each of its two files.
@@ -20,7 +21,8 @@ class Trial {
     String comment;
   };
   [[nodiscard]] static Kept KeptBy(const Machine& machine);
-  void BeginScenario(Machine& machine, FaultPlan& plan, FaultPlan::Numbers failing) const;
+  void BeginScenario(Machine& machine, FaultPlan& plan, FaultPlan::Numbers failing,
+                     DiskFault disk_fault) const;
   /// `is_sure`: no step failed when `last` was written.
   [[nodiscard]] Complaints JudgeNextStart(const Machine& machine, const Kept& last,
                                           bool is_sure) const;

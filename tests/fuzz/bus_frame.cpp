@@ -1,5 +1,7 @@
 #include "tests/fuzz/bus_frame.h"
 
+#include <algorithm>
+
 namespace tolvane::fuzz {
 namespace {
 
@@ -43,18 +45,28 @@ bool IsExcluded(std::int32_t id, const ELM327_Info& device) {
   return false;
 }
 
+bool IsLeftOut(std::int32_t id, const ELM327_Info& device) {
+  if (device.t_Save_ID_DisableMode == 1) return IsExcluded(id, device);
+  // Behind the filter alone any other number than 0 drops everything.
+  return device.t_MsgFmtTyp == 1 && device.t_Save_ID_DisableMode != 0;
+}
+
 }  // namespace
 
-bool IsTaken(const BusFrame& frame, const ELM327_Info& device) {
+std::optional<LoggedFrame> Taken(const BusFrame& frame, const ELM327_Info& device) {
   const bool is_29 = device.t_msgID_type == kMsgIdType29Bit;
-  const Heard heard = device.t_select_Vender == kVenderCanusb ? OnCanusb(frame, is_29)
+  const bool is_canusb = device.t_select_Vender == kVenderCanusb;
+  const Heard heard = is_canusb ? OnCanusb(frame, is_29)
                       : device.t_select_Vender == kVenderInterface
                           ? OnInterface(frame, is_29, device)
                           : OnKvaser(frame, is_29);
-  if (!heard.is_sound) return false;
-  if (device.t_Save_ID_DisableMode == 1) return !IsExcluded(heard.id, device);
-  // Behind the filter alone any other number than 0 drops everything.
-  return device.t_MsgFmtTyp != 1 || device.t_Save_ID_DisableMode == 0;
+  if (!heard.is_sound || IsLeftOut(heard.id, device)) return std::nullopt;
+  LoggedFrame logged{.id = static_cast<std::uint32_t>(heard.id),
+                     .length = is_canusb ? frame.dlc & 0xFF : frame.dlc,
+                     .data = {}};
+  const auto bytes = static_cast<std::size_t>(std::clamp(logged.length, 0, 8));
+  std::copy_n(frame.data.begin(), bytes, logged.data.begin());
+  return logged;
 }
 
 }  // namespace tolvane::fuzz

@@ -1,7 +1,9 @@
 #pragma once
 
 #include <array>
+#include <compare>
 #include <cstdint>
+#include <optional>
 
 #include "platform/memory/vendor/canlib_library.h"
 #include "platform/memory/vendor/canusb_library.h"
@@ -33,8 +35,17 @@ struct BusFrame {
   }
 };
 
-/// Whether a run with these settings takes the frame, by the rules as a user would tell them, apart
-/// from the program's tables.
-[[nodiscard]] bool IsTaken(const BusFrame& frame, const ELM327_Info& device);
+/// What a log tells of a frame besides its time and its format.
+struct LoggedFrame {
+  std::uint32_t id;
+  std::int32_t length;
+  std::array<std::uint8_t, 8> data;  // 0 where the frame has no byte
+
+  friend auto operator<=>(const LoggedFrame&, const LoggedFrame&) = default;
+};
+
+/// What a run with these settings logs of the frame, by the rules as a user would tell them, apart
+/// from the program's tables; empty when it does not take it.
+[[nodiscard]] std::optional<LoggedFrame> Taken(const BusFrame& frame, const ELM327_Info& device);
 
 }  // namespace tolvane::fuzz

@@ -1,10 +1,13 @@
 #include "tests/fuzz/hostile_machine.h"
 
+#include <algorithm>
 #include <cstddef>
+#include <map>
 #include <utility>
 #include <vector>
 
 #include "logging/spreadsheet_server.h"
+#include "platform/byte_text.h"
 #include "platform/memory/rich_text/rtf_reader.h"
 #include "tests/fuzz/input.h"
 #include "tests/helpers/installed_program.h"
@@ -12,6 +15,9 @@
 
 namespace tolvane::fuzz {
 namespace {
+
+constexpr std::int32_t kRichSnapshot = 1;  // t_SaveFormat
+constexpr std::int32_t kPlainSnapshot = 2;
 
 /// Each line end two characters, as it comes out of rich text.
 String WithWholeLineEnds(StringView text) {
@@ -41,6 +47,41 @@ std::vector<std::int32_t> ColourByCharacter(const platform::ColourRuns& runs, St
     if (text[i] == u'\n' && text[i - 1] == u'\r') colours[i] = colours[i - 1];
   }
   return colours;
+}
+
+/// The document is that of the page.
+void JudgeRtf(const std::string& rtf, const platform::RichTextPage& page) {
+  const auto colours = ColourByCharacter(page.colours, page.text);
+  const auto backgrounds = ColourByCharacter(page.backgrounds, page.text);
+  const auto read = platform::memory::ReadRtf(WideText(rtf));
+  Require(read.has_value() && read->text == WithWholeLineEnds(page.text));
+  if (read->text != page.text) return;
+  Require(ColourByCharacter(read->colours, read->text) == colours);
+  Require(ColourByCharacter(read->backgrounds, read->text) == backgrounds);
+}
+
+using Disk = std::map<String, std::string>;
+
+Disk DiskOf(const platform::memory::FileSystem& files) {
+  Disk disk;
+  for (const String& path : files.Files(u"C:")) disk[path] = files.Bytes(path).value_or("");
+  return disk;
+}
+
+/// The bytes of the one file that came, if any; all others are what they were.
+std::optional<std::string> NewFile(const Disk& before, const Disk& now) {
+  std::optional<std::string> bytes;
+  for (const auto& [path, old] : before) Require(now.contains(path));
+  for (const auto& [path, content] : now) {
+    const auto old = before.find(path);
+    if (old != before.end()) {
+      Require(old->second == content);
+    } else {
+      Require(!bytes);
+      bytes = content;
+    }
+  }
+  return bytes;
 }
 
 }  // namespace
@@ -90,7 +131,7 @@ void HostileMachine::Feed(Library& library, Record (BusFrame::*as)() const) {
   memory.qxt100.Advance(1);
   if (bus.empty()) return;
   library.frames.Play({(bus.front().*as)()});
-  if (IsTaken(bus.front(), form.device)) ++taken_;
+  if (const auto taken = Taken(bus.front(), form.device)) taken_.push_back(*taken);
   bus.pop_front();
 }
 
@@ -121,6 +162,8 @@ void HostileMachine::Click(void (Form1::*handler)()) {
   Act([this, handler] {
     if (handler == &Form1::Bt_Connect_Click) {
       if (memory.window.Bt_Connect.Enabled()) Connect();
+    } else if (handler == &Form1::Bt_SaveFile_Click) {
+      Snapshot();
     } else if (handler != &Form1::Bt_Disconnect_Click || memory.window.Bt_Disconnect.Enabled()) {
       (form.*handler)();
     }
@@ -144,7 +187,7 @@ void HostileMachine::EndSession() {
 }
 
 void HostileMachine::Connect() {
-  taken_ = 0;
+  taken_.clear();
   files.Forget();
   servers.Forget();
   form.Bt_Connect_Click();
@@ -164,37 +207,69 @@ void HostileMachine::JudgeRun() const {
   Require(memory.run_protection.Begins() == memory.run_protection.Ends());
 }
 
-/// Every frame that was taken stands in the logs once, as far as nothing kept them from being
-/// written. What one file could not take comes with the next one of its channel, and the two
-/// channels take turns.
 void HostileMachine::JudgeLog() const {
   const ELM327_Info& device = form.device;
   const JudgedFiles::Logs& logs = files.Seen();
   if (device.t_LogSave_Enable != 1) {
-    Require(logs.lines == 0 && logs.failures == 0 && servers.Rows() == 0);
+    Require(logs.frames.empty() && logs.failures == 0 && servers.Rows() == 0);
   } else if (UsesSpreadsheetServer(device)) {
-    if (servers.Failures() == 0 && !session_ended_) Require(servers.Rows() == taken_);
+    if (servers.Failures() == 0 && !session_ended_) Require(servers.Rows() == taken_.size());
   } else if (device.t_LogSaveFormat != kLogFormatCsv) {
-    Require(session_ended_ || logs.lines == 0);
-  } else if (logs.failures > 0 && logs.whole_since < 2) {
-    Require(session_ended_ || logs.lines <= taken_);
+    Require(session_ended_ || logs.frames.empty());
+  } else {
+    JudgeCsv();
+  }
+}
+
+/// Every frame that was taken stands in the logs once, as far as nothing kept them from being
+/// written. What one file could not take comes with the next one of its channel, and the two
+/// channels take turns.
+void HostileMachine::JudgeCsv() const {
+  const JudgedFiles::Logs& logs = files.Seen();
+  if (logs.failures == 0 && !session_ended_) {
+    Require(logs.frames == taken_);
+    return;
+  }
+  std::vector<LoggedFrame> logged = logs.frames;
+  std::vector<LoggedFrame> taken = taken_;
+  std::ranges::sort(logged);
+  std::ranges::sort(taken);
+  const bool may_hold_back = logs.failures > 0 && logs.whole_since < 2;
+  if (may_hold_back) {
+    Require(session_ended_ || std::ranges::includes(taken, logged));
   } else if (session_ended_) {
     // A file that was just being written holds the same lines once more.
-    Require(logs.lines >= taken_);
+    Require(std::ranges::includes(logged, taken));
   } else {
-    Require(logs.lines == taken_);
+    Require(logged == taken);
+  }
+}
+
+/// Where the program says so there is one new file with the page in it, and otherwise none; all
+/// others are what they were.
+void HostileMachine::Snapshot() {
+  const Disk before = DiskOf(memory.files);
+  const platform::RichTextPage page = memory.RTB_MainView.Page();
+  const std::size_t boxes = memory.message_box.Boxes().size();
+  const std::int32_t format = form.device.t_SaveFormat;
+  form.Bt_SaveFile_Click();
+  if (session_ended_) return;  // behind the box, and closing has its own files
+  const auto written = NewFile(before, DiskOf(memory.files));
+  const bool is_said = memory.message_box.Boxes().at(boxes).text == u"保存しました";
+  Require(written.has_value() ==
+          (is_said && (format == kRichSnapshot || format == kPlainSnapshot)));
+  if (!written) return;
+  if (format == kPlainSnapshot) {
+    std::string bytes;
+    memory.Platform().code_page.Encode(page.text, bytes);
+    Require(*written == bytes);
+  } else {
+    JudgeRtf(*written, page);
   }
 }
 
 void HostileMachine::JudgePage() const {
-  const platform::RichTextPage& page = memory.RTB_MainView.Page();
-  const auto colours = ColourByCharacter(page.colours, page.text);
-  const auto backgrounds = ColourByCharacter(page.backgrounds, page.text);
-  const auto read = platform::memory::ReadRtf(memory.RTB_MainView.TextRTF());
-  Require(read.has_value() && read->text == WithWholeLineEnds(page.text));
-  if (read->text != page.text) return;
-  Require(ColourByCharacter(read->colours, read->text) == colours);
-  Require(ColourByCharacter(read->backgrounds, read->text) == backgrounds);
+  JudgeRtf(NarrowText(memory.RTB_MainView.TextRTF()), memory.RTB_MainView.Page());
 }
 
 }  // namespace tolvane::fuzz

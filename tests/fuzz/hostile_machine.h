@@ -5,6 +5,7 @@
 #include <functional>
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "platform/memory/memory_platform.h"
 #include "run/control/form1.h"
@@ -24,7 +25,7 @@ class HostileMachine {
 
   void Start() { form.Form_Load(); }
 
-  /// The user's click, which is judged when it is one on Bt_Connect.
+  /// The user's click, which is judged when it is one on Bt_Connect or Bt_SaveFile.
   void Click(void (Form1::*handler)());
   /// Whatever else the user does in the window.
   void Act(std::function<void()> action);
@@ -50,13 +51,15 @@ class HostileMachine {
  private:
   [[nodiscard]] platform::Platform Platform();
   void Connect();
+  void Snapshot();
   void JudgeRun() const;
   void JudgeLog() const;
+  void JudgeCsv() const;
   /// The next frame goes into the library that is asked for one.
   template <typename Library, typename Record>
   void Feed(Library& library, Record (BusFrame::*as)() const);
 
-  std::size_t taken_ = 0;  // frames that this run had to take
+  std::vector<LoggedFrame> taken_;  // the frames that this run had to take
   bool in_box_ = false;
   bool in_call_ = false;
   bool session_ended_ = false;

@@ -1,8 +1,10 @@
 #pragma once
 
 #include <cstddef>
+#include <vector>
 
 #include "platform/memory/system/file_system.h"
+#include "tests/fuzz/bus_frame.h"
 
 namespace tolvane::fuzz {
 
@@ -13,9 +15,9 @@ class JudgedFiles final : public platform::FileServices {
 
   /// What the logs came to since the last Forget.
   struct Logs {
-    std::size_t lines = 0;        // in files that were written whole
-    std::size_t failures = 0;     // files that were not
-    std::size_t whole_since = 0;  // files written whole behind the last failure
+    std::vector<LoggedFrame> frames{};  // in files that were written whole
+    std::size_t failures = 0;           // files that were not
+    std::size_t whole_since = 0;        // files written whole behind the last failure
   };
   [[nodiscard]] const Logs& Seen() const { return logs_; }
   void Forget() { logs_ = {}; }

@@ -20,8 +20,8 @@ WINDOWS_7 = (6, 1)
 # The system takes each of these from its own folder or, COMCTL32, from its side-by-side store, whatever
 # lies beside the program; one for which that does not hold is to be loaded by its full path.
 IMPORTS = {
-    "Tolvane.exe": {"comctl32.dll", "comdlg32.dll", "gdi32.dll", "kernel32.dll", "msvcrt.dll", "ole32.dll",
-                    "oleaut32.dll", "shell32.dll", "user32.dll"},
+    "Tolvane.exe": {"comctl32.dll", "gdi32.dll", "kernel32.dll", "msvcrt.dll", "ole32.dll", "oleaut32.dll",
+                    "shell32.dll", "user32.dll"},
     "qxt100.dll": {"kernel32.dll", "msvcrt.dll"},
     "tolvane-log.exe": {"kernel32.dll", "msvcrt.dll"},
 }

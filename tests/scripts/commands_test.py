@@ -168,6 +168,8 @@ class Options(Place):
                 ("tests/soak/run", "--minutes", "x", "is a whole number from 1 to 10000"),
                 ("tests/soak/run", "--load", "full", "is short, long, short29 or ids29"),
                 ("tests/soak/run", "--queue", "255", "is a whole number from 256 to 65536"),
+                ("tests/soak/run", "--taken", "1000", "is a whole number from 0 to 999"),
+                ("tests/soak/run", "--page", "half", "is empty or full"),
                 ("tests/soak/run", "--arch", "arm", "is x64 or x86"),
                 ("bench/compare", "--arch", "arm", "is x64 or x86"),
                 ("tests/fuzz/run", "--seconds", "0", "is a whole number from 1 to 1000000"),
@@ -188,6 +190,15 @@ class Options(Place):
         self.assertEqual(declared, {row[:3] for row in rows})
         for name, folder, _, corpus in rows:
             self.assertTrue(any((PROJECT / "tests" / folder / corpus).iterdir()), name)
+
+    def test_the_document_tells_of_every_fuzz_target(self):
+        targets = re.findall(r'^  "(\w+) +\w+ +\d+ +\S+"$', (PROJECT / "tests/fuzz/run").read_text(), re.M)
+        chapter = (PROJECT / "docs/soak.md").read_text(encoding="utf-8").split("\n## Hostile inputs\n")[1]
+        chapter = chapter.split("\n## ")[0]
+        promises = re.findall(r"^\| ((?:`\w+`(?:, )?)+) \| [^|]* \|$", chapter, re.M)
+        figures = re.findall(r"^\| `(\w+)` \| \d+ \| ", chapter, re.M)
+        self.assertEqual(sorted(targets), sorted(re.findall(r"`(\w+)`", " ".join(promises))))
+        self.assertEqual(sorted(targets), sorted(figures))
 
     def test_there_are_two_architectures(self):
         for name in ("build", "package"):

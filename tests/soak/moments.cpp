@@ -2,48 +2,24 @@
 
 #include <algorithm>
 #include <array>
-#include <charconv>
+
+#include "tests/soak/number_line.h"
 
 namespace tolvane::soak {
-namespace {
-
-/// The whole numbers of a line; false when it does not have just as many.
-bool ReadNumbers(std::string_view line, std::array<std::int64_t, 5>& numbers) {
-  const char* at = line.data();
-  const char* const end = at + line.size();
-  for (std::int64_t& number : numbers) {
-    if (&number != numbers.data() && (at == end || *at++ != ' ')) return false;
-    const auto [stop, error] = std::from_chars(at, end, number);
-    if (error != std::errc{}) return false;
-    at = stop;
-  }
-  return at == end;
-}
-
-}  // namespace
-
 std::string MomentLine(const Moment& moment) {
-  std::string line = std::to_string(moment.at_us);
-  for (const std::int64_t number :
-       {moment.over_us, moment.waited_us, moment.grown_kb, moment.asleep_us}) {
-    line += ' ' + std::to_string(number);
-  }
-  return line + '\n';
+  return NumberLine(
+      {moment.at_us, moment.over_us, moment.waited_us, moment.grown_kb, moment.asleep_us});
 }
 
 std::vector<Moment> ReadMoments(std::string_view text) {
   std::vector<Moment> moments;
-  for (std::size_t end = text.find('\n'); end != std::string_view::npos; end = text.find('\n')) {
-    std::array<std::int64_t, 5> numbers{};
-    if (ReadNumbers(text.substr(0, end), numbers)) {
-      moments.push_back({.at_us = numbers[0],
-                         .over_us = numbers[1],
-                         .waited_us = numbers[2],
-                         .grown_kb = numbers[3],
-                         .asleep_us = numbers[4]});
-    }
-    text.remove_prefix(end + 1);
-  }
+  EachNumberLine<5>(text, [&moments](const std::array<std::int64_t, 5>& numbers) {
+    moments.push_back({.at_us = numbers[0],
+                       .over_us = numbers[1],
+                       .waited_us = numbers[2],
+                       .grown_kb = numbers[3],
+                       .asleep_us = numbers[4]});
+  });
   return moments;
 }
 

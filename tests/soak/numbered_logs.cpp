@@ -2,7 +2,9 @@
 
 #include <algorithm>
 #include <climits>
+#include <cstdio>
 #include <cstdlib>
+#include <ctime>
 #include <map>
 #include <optional>
 #include <system_error>
@@ -12,6 +14,7 @@ namespace tolvane::soak {
 namespace {
 
 constexpr int kLastNumber = 1000;
+constexpr const char* kOfLastNumber = "last-numbers";  // the folder of those that were renamed
 
 /// "KL26112217-007.csv", or "KL26112217-1000.00012.csv" of one that was renamed.
 struct LogName {
@@ -36,9 +39,13 @@ std::optional<LogName> NameOf(const std::filesystem::path& path) {
 
 std::vector<std::filesystem::path> LogsInOrder(const std::filesystem::path& folder) {
   std::map<std::tuple<std::string, int, int>, std::filesystem::path> logs;
-  for (const auto& entry : std::filesystem::directory_iterator(folder)) {
-    if (const auto name = NameOf(entry.path())) {
-      logs[{name->hour, name->number, name->renamed}] = entry.path();
+  for (const auto& place : {folder, folder / kOfLastNumber}) {
+    std::error_code none;
+    for (const auto& entry : std::filesystem::directory_iterator(place, none)) {
+      const auto name = NameOf(entry.path());
+      if (name && entry.file_size() > 0) {
+        logs[{name->hour, name->number, name->renamed}] = entry.path();
+      }
     }
   }
   std::vector<std::filesystem::path> paths;
@@ -68,21 +75,23 @@ std::string FilesByHour(const std::vector<std::filesystem::path>& logs) {
   return text;
 }
 
-void LastNumbers::Rename() {
-  std::vector<std::filesystem::path> found;
-  for (const auto& entry : std::filesystem::directory_iterator(folder_)) {
-    const auto name = NameOf(entry.path());
-    if (name && name->number == kLastNumber && name->renamed == INT_MAX) {
-      found.push_back(entry.path());
-    }
-  }
-  for (const auto& path : found) {
-    const std::string digits = std::to_string(++renamed_);
-    const std::string place =
-        std::string(5 - std::min<std::size_t>(digits.size(), 5), '0') + digits;
-    std::error_code failed;  // the comparison of the logs will tell
-    std::filesystem::rename(path, folder_ / (path.stem().string() + '.' + place + ".csv"), failed);
-  }
+std::string HourNow() {
+  const std::time_t now = std::time(nullptr);
+  char text[16];
+  std::strftime(text, sizeof text, "%y%m%d%H", std::localtime(&now));
+  return text;
+}
+
+void LastNumbers::Rename(const std::string& hour) {
+  const std::string stem = "KL" + hour + "-" + std::to_string(kLastNumber);
+  const std::filesystem::path log = folder_ / (stem + ".csv");
+  std::error_code failed;  // the comparison of the logs will tell
+  if (!std::filesystem::exists(log, failed)) return;
+  const std::filesystem::path place = folder_ / kOfLastNumber;
+  std::filesystem::create_directory(place, failed);
+  char number[24];
+  std::snprintf(number, sizeof number, ".%05d.csv", ++renamed_);
+  std::filesystem::rename(log, place / (stem + number), failed);
 }
 
 }  // namespace tolvane::soak

@@ -37,16 +37,40 @@ TEST_F(NumberedLogs, StandInTheOrderOfTheirHoursAndNumbers) {
   EXPECT_EQ(FilesByHour(LogsInOrder(folder_)), "26112923: 4 (2 as number 1000), 26113100: 1");
 }
 
+TEST_F(NumberedLogs, NamesThatWereTakenAheadAreNoLogs) {
+  std::ofstream(folder_ / "KL26112923-001.csv").close();
+  Write("KL26112923-002.csv");
+  EXPECT_EQ(Names(), FileNames{"KL26112923-002.csv"});
+}
+
 TEST_F(NumberedLogs, TheLastNumberOfAnHourGetsANameOfItsOwnEachTime) {
   LastNumbers last(folder_);
   Write("KL26112923-999.csv");
   Write("KL26112923-1000.csv");
-  last.Rename();
-  last.Rename();
+  last.Rename("26112923");
+  last.Rename("26112923");
   Write("KL26112923-1000.csv");
-  last.Rename();
+  last.Rename("26112923");
   EXPECT_EQ(Names(), (FileNames{"KL26112923-999.csv", "KL26112923-1000.00001.csv",
                                 "KL26112923-1000.00002.csv"}));
+  EXPECT_EQ(FilesByHour(LogsInOrder(folder_)), "26112923: 3 (2 as number 1000)");
+}
+
+TEST_F(NumberedLogs, TheProgramsOwnFolderStaysAsSmallAsAnHourHasNumbers) {
+  LastNumbers last(folder_);
+  Write("KL26112923-1000.csv");
+  last.Rename("26113000");
+  EXPECT_TRUE(std::filesystem::exists(folder_ / "KL26112923-1000.csv")) << "of another hour";
+  last.Rename("26112923");
+  for (const auto& entry : std::filesystem::directory_iterator(folder_)) {
+    EXPECT_TRUE(entry.is_directory()) << entry.path();
+  }
+}
+
+TEST(Hours, AreAsNamesOfLogsHaveThem) {
+  const std::string hour = HourNow();
+  EXPECT_EQ(hour.size(), 8u);
+  EXPECT_EQ(hour.find_first_not_of("0123456789"), std::string::npos);
 }
 
 }  // namespace

@@ -18,6 +18,8 @@ class ProcessWatch {
 
   /// What has happened since the last look; empty when the process has ended.
   [[nodiscard]] std::optional<Moment> Look();
+  /// The memory that it had in use at the last look.
+  [[nodiscard]] std::int64_t ResidentKb() const { return last_ ? last_->resident_kb : 0; }
 
  private:
   struct Told {

@@ -36,8 +36,9 @@ SoakEvidence With(const Logs& logs) {
                                    .high_water = 400,
                                    .longest_gap_us = kCoveredUs / 2},
                         .logs = {},
-                        .moments = {}};
-  LogComparison comparison(evidence.config, false);
+                        .moments = {},
+                        .memory = {.first_kb = 30'000, .most_kb = 30'100, .last_kb = 30'050}};
+  LogComparison comparison(evidence.config, false, 0);
   for (const std::string& log : logs) comparison.Add(log);
   evidence.logs = comparison.Result();
   return evidence;
@@ -55,7 +56,9 @@ TEST(SoakReport, PassesWhenEveryFrameIsThere) {
   EXPECT_TRUE(verdict.passed);
   EXPECT_TRUE(Says(verdict, "20003 in 2 files"));
   EXPECT_TRUE(Says(verdict, "as the bus said it"));
-  EXPECT_EQ(verdict.row, "512 (24.6 ms) | 20003 | 20003 | 20003 | 0 | 400 | ");
+  EXPECT_EQ(verdict.row,
+            "29.3 MB, at most 29.4 MB, 29.3 MB at the end | 512 (24.6 ms) | 20003 | 20003 | 20003 "
+            "| 0 | 400 | ");
 }
 
 TEST(SoakReport, ALongGapIsToldBesideWhatTheQueueCoversAndFailsOnlyByItsLoss) {
@@ -76,19 +79,53 @@ TEST(SoakReport, EachOfTheLongestGapsHasItsCause) {
                       {.at_us = 2'998'000, .over_us = 1'000, .waited_us = 900, .asleep_us = 1'500}};
   const SoakVerdict verdict = Judge(evidence);
   EXPECT_TRUE(Says(verdict,
-                   "gap behind frame 11: 9.0 ms: tick with its paint, 0.9 ms without a processor, "
+                   "gap behind frame 11: 9.0 ms: events (tick with its paint, clicks), 0.9 ms "
+                   "without a processor, "
                    "about 1.5 ms waiting for Wine, the screen or the disk"));
-  EXPECT_TRUE(Says(verdict, "gap behind frame 20001: 3.0 ms: flush"));
+  EXPECT_TRUE(Says(verdict, "gap behind frame 20001: 3.0 ms: search and flush"));
   EXPECT_TRUE(Says(verdict,
                    "gap behind frame 7: 1.2 ms: between two frames, 128 kB of memory used for the "
                    "first time"));
-  EXPECT_NE(verdict.row.find("9.0 ms: tick with its paint"), std::string::npos);
+  EXPECT_NE(verdict.row.find("9.0 ms: events (tick with its paint, clicks)"), std::string::npos);
+}
+
+TEST(SoakReport, MemoryThatGrowsByAMegabyteFails) {
+  SoakEvidence evidence = Faultless();
+  evidence.memory.most_kb = evidence.memory.first_kb + 1023;
+  EXPECT_TRUE(Judge(evidence).passed);
+  evidence.memory.most_kb = evidence.memory.first_kb + 1024;
+  const SoakVerdict verdict = Judge(evidence);
+  EXPECT_FALSE(verdict.passed);
+  EXPECT_TRUE(Says(verdict, "29.3 MB, at most 30.3 MB, 29.3 MB at the end; 1024 kB of growth"));
 }
 
 TEST(SoakReport, AnOverrunFails) {
   SoakEvidence evidence = Faultless();
   evidence.counts.dropped = 1;
   EXPECT_FALSE(Judge(evidence).passed);
+}
+
+TEST(SoakReport, ALossIsToldWithItsPlaceAndTheGapThatLedToIt) {
+  SoakEvidence evidence = Faultless();
+  evidence.counts.dropped = 42;
+  evidence.logs.lost = 42;
+  evidence.logs.losses = {{.behind = 7'000, .frames = 2}, {.behind = 9'512, .frames = 40}};
+  evidence.counts.behind_frame = {{.us = 26'000, .delivered = 9'000, .at_us = 1'000'000},
+                                  {.us = 1'200, .delivered = 9'400, .at_us = 2'000'000}};
+  const SoakVerdict verdict = Judge(evidence);
+  EXPECT_FALSE(verdict.passed);
+  EXPECT_TRUE(Says(verdict, "as the bus said it but for the overruns"));
+  EXPECT_TRUE(Says(verdict, "42 frames at 2 places, 1 of them behind a gap longer"));
+  EXPECT_TRUE(Says(verdict, "lost behind record 9512: 40 frames, 26.0 ms: between two frames"));
+  EXPECT_TRUE(Says(verdict, "lost behind record 7000: 2 frames, no gap of those that were kept"));
+  EXPECT_NE(verdict.row.find(" | 42 at 2 places | "), std::string::npos);
+}
+
+TEST(SoakReport, LossesThatAreNotTheOverrunsAreTold) {
+  SoakEvidence evidence = Faultless();
+  evidence.counts.dropped = 2;
+  evidence.logs.lost = 1;
+  EXPECT_TRUE(Says(Judge(evidence), "the logs pass over 1 frame, which are not the overruns"));
 }
 
 TEST(SoakReport, AFrameNotDeliveredFails) {

@@ -1,14 +1,15 @@
-// tolvane_soak: what tests/soak/run needs around the real program.
+// tolvane_soak: what tests/soak/run needs around the real program. OUT is the folder of a
+// measurement: the program and its logs lie in OUT/program, the bench file and the report of its
+// libraries are bench.ini and bench-report.txt.
 //
 // clang-format off
 //   settings FOLDER BITS        config.dat: csv log beside the program, 1 Mbit/s, identifiers of BITS (11, 29)
-//   watch PROCESS MOMENTS FOLDER
-//                               looks at the program's process each millisecond until it ends, and writes to MOMENTS
-//                               when it had no processor, waited or took memory; keeps its logs in FOLDER from being
-//                               overwritten where an hour has a thousand
-//   check BENCH REPORT MOMENTS FOLDER BITS
-//                               compares the logs of FOLDER with the bench file BENCH, and prints what the bench's
-//                               REPORT tells; ends with 1 when a frame is missing
+//   watch PROCESS OUT           looks at the program's process each millisecond until it ends, and writes to
+//                               OUT/moments.txt when it had no processor, waited or took memory; to OUT/memory.txt how
+//                               much it used in each second, until there is a file OUT/ended; keeps its logs from
+//                               being overwritten where an hour has a thousand
+//   check OUT BITS              compares the logs with the bench file, and prints what the watch and the bench tell;
+//                               ends with 1 when a frame is missing or the memory has grown
 // clang-format on
 #include <algorithm>
 #include <chrono>
@@ -24,6 +25,7 @@
 #include "config/filesavesystem.h"
 #include "platform/memory/system/code_page_932.h"
 #include "platform/memory/system/file_system.h"
+#include "tests/soak/memory_use.h"
 #include "tests/soak/numbered_logs.h"
 #include "tests/soak/process_watch.h"
 #include "tests/soak/soak_report.h"
@@ -62,41 +64,51 @@ int WriteSettings(const std::filesystem::path& folder, bool ids29) {
   return file.fail() ? Complain("config.dat cannot be written") : 0;
 }
 
-int Watch(std::int64_t process, const std::string& file, const std::string& folder) {
+int Watch(std::int64_t process, const std::filesystem::path& out) {
   constexpr int kLooksPerRenaming = 100;
+  constexpr std::int64_t kSecondUs = 1'000'000;
   constexpr std::int64_t kNotableUs = 50;
   constexpr std::int64_t kNotableKb = 16;
   ProcessWatch watch(process);
-  LastNumbers last_numbers(folder);
-  std::ofstream out(file, std::ios::binary);
+  LastNumbers last_numbers(out / "program");
+  std::ofstream moments(out / "moments.txt", std::ios::binary);
+  std::ofstream memory(out / "memory.txt", std::ios::binary);
+  std::int64_t second_us = 0;  // when the last second of the memory ended
+  std::int64_t most_kb = 0;
   for (int look = 1; const auto moment = watch.Look(); ++look) {
     if (moment->waited_us >= kNotableUs || moment->grown_kb >= kNotableKb ||
         moment->asleep_us >= kNotableUs) {
-      out << MomentLine(*moment);
+      moments << MomentLine(*moment);
     }
-    if (look % kLooksPerRenaming == 0) last_numbers.Rename();
+    most_kb = std::max(most_kb, watch.ResidentKb());
+    if (moment->at_us - second_us >= kSecondUs) {
+      // What closing needs is not the run's.
+      if (!std::filesystem::exists(out / "ended")) memory << MemoryLine(moment->at_us, most_kb);
+      second_us = moment->at_us;
+      most_kb = 0;
+    }
+    if (look % kLooksPerRenaming == 0) last_numbers.Rename(HourNow());
     std::this_thread::sleep_for(std::chrono::milliseconds(1));
   }
-  out.close();
-  return out.fail() ? Complain(file + " cannot be written") : 0;
+  moments.close();
+  memory.close();
+  return moments.fail() || memory.fail() ? Complain("what was seen cannot be written") : 0;
 }
 
-int Check(const std::vector<std::string>& words) {
-  const std::string& bench = words[1];
-  const std::string& report = words[2];
-  const bool ids29 = words[5] == "29";
-  SoakEvidence evidence{.config = simulator::ReadBenchConfig(ReadFile(bench)),
+int Check(const std::filesystem::path& out, bool ids29) {
+  SoakEvidence evidence{.config = simulator::ReadBenchConfig(ReadFile(out / "bench.ini")),
                         .counts = {},
                         .logs = {},
-                        .moments = ReadMoments(ReadFile(words[3]))};
+                        .moments = ReadMoments(ReadFile(out / "moments.txt")),
+                        .memory = ReadMemory(ReadFile(out / "memory.txt"))};
   if (evidence.config.canusb.empty() || evidence.config.bus.load.frames == 0) {
-    return Complain(bench + " has no CANUSB adapter on a bus that ends");
+    return Complain("the bench file has no CANUSB adapter on a bus that ends");
   }
-  const auto counts = LastRun(ReadFile(report));
-  if (!counts) return Complain(report + " tells of no run");
+  const auto counts = LastRun(ReadFile(out / "bench-report.txt"));
+  if (!counts) return Complain("the bench's report tells of no run");
   evidence.counts = *counts;
-  LogComparison comparison(evidence.config, ids29);
-  const auto logs = LogsInOrder(words[4]);
+  LogComparison comparison(evidence.config, ids29, counts->dropped);
+  const auto logs = LogsInOrder(out / "program");
   for (const auto& log : logs) comparison.Add(ReadFile(log));
   evidence.logs = comparison.Result();
   const SoakVerdict verdict = Judge(evidence);
@@ -108,13 +120,11 @@ int Check(const std::vector<std::string>& words) {
 
 int Run(const std::vector<std::string>& words) {
   if (words.size() == 3 && words[0] == "settings") return WriteSettings(words[1], words[2] == "29");
-  if (words.size() == 4 && words[0] == "watch") {
-    return Watch(std::atoll(words[1].c_str()), words[2], words[3]);
-  }
-  if (words.size() == 6 && words[0] == "check") return Check(words);
+  if (words.size() == 3 && words[0] == "watch")
+    return Watch(std::atoll(words[1].c_str()), words[2]);
+  if (words.size() == 3 && words[0] == "check") return Check(words[1], words[2] == "29");
   std::fprintf(stderr,
-               "usage: tolvane_soak settings FOLDER BITS | watch PROCESS MOMENTS FOLDER |\n"
-               "       check BENCH REPORT MOMENTS FOLDER BITS\n");
+               "usage: tolvane_soak settings FOLDER BITS | watch PROCESS OUT | check OUT BITS\n");
   return kUsage;
 }
 

@@ -90,6 +90,7 @@ void Form1Window::Start(int show_command) {
   ShowWindow(Hwnd(), show_command);
   UpdateWindow(Hwnd());
   splash_.MakeWay();
+  NameControls();
   if (close_wanted_) OnClose();
 }
 

@@ -8,9 +8,10 @@
 
 namespace tolvane::platform::windows {
 
-// Functions of Windows that are looked up by name: because not every Windows has them, or because
-// their library is none of those that the system always takes from its own folder. A library of
-// that kind which the program imported would be taken from beside the executable first.
+// Functions of Windows that are looked up by name: because not every Windows has them, because
+// their library is none of those that the system always takes from its own folder, or because few
+// ever need them and their library would lengthen each start. A library of the second kind which
+// the program imported would be taken from beside the executable first.
 
 /// Full path of a library of the system.
 [[nodiscard]] inline String SystemLibrary(StringView file) {
@@ -30,6 +31,16 @@ void ForEachExport(Uxtheme& library, Visit visit) {
   visit("CloseThemeData", library.CloseThemeData);
   visit("DrawThemeBackground", library.DrawThemeBackground);
   visit("GetThemePartSize", library.GetThemePartSize);
+}
+
+/// Brings the printing system with it, and is for one dialog.
+struct Comdlg32 {
+  decltype(::ChooseColorW)* ChooseColorW;
+};
+
+template <typename Visit>
+void ForEachExport(Comdlg32& library, Visit visit) {
+  visit("ChooseColorW", library.ChooseColorW);
 }
 
 struct Winmm {
