@@ -21,8 +21,13 @@ PROJECT = pathlib.Path(sys.argv.pop())
 SECONDS = "86399"  # by which what the demo waits for is known
 TOOLS = {
     "dpkg-query": "printf installed", "locale": "echo ja_JP.utf8", "cmake": "", "wineserver": "",
-    "Xvfb": "echo 77 >&3; exec sleep 600",
-    "wine": f'case "$*" in Tolvane.exe) exec sleep 600 ;; *" wait-same "*) exec sleep {SECONDS} ;; esac',
+    "Xvfb": "echo 77 >&3; exec sleep 60",
+    # The window is there once the program runs.
+    "wine": f'''case "$*" in
+        Tolvane.exe) touch "$HOME/window"; exec sleep 60 ;;
+        *" wait-window "*) until [ -e "$HOME/window" ]; do sleep 0.02; done ;;
+        *" wait-same "*) exec sleep {SECONDS} ;;
+    esac''',
 }
 
 
@@ -44,6 +49,7 @@ class Signals(unittest.TestCase):
         self.recording.write_text("(1.0) can0 123#01\n", encoding="ascii")
 
     def connected(self, *words: str) -> subprocess.Popen:
+        (self.folder / "window").unlink(missing_ok=True)
         process = processes.start(self, [str(self.folder / "scripts/demo"), *words], stderr=subprocess.STDOUT,
                                   env={"PATH": f"{self.folder}/tools:/usr/bin:/bin", "HOME": str(self.folder)})
         self.assertTrue(any(line.startswith("-- connected; ") for line in process.stdout))
