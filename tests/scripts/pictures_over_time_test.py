@@ -16,7 +16,7 @@ declare -A opt=([every]=1)
 folder=$2
 at_exit() { :; }
 pause() { sleep "$1"; }
-stay() { sleep 2.5; }
+begin_stay() { sleep 2.5 & }
 microseconds() { printf '%s\n' "${EPOCHREALTIME/[.,]/}"; }
 drive_leave() {
   touch "$1/$2.png" "$1/$2.txt"
