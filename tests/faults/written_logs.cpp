@@ -77,7 +77,7 @@ void WrittenLogs::MoveToFiles(std::vector<FrameNumber>& channel) {
 
 void WrittenLogs::Written(StringView path) {
   Keep(path);
-  if (form_ != Form::kCsv || !path.ends_with(u".csv")) return;
+  if (form_ == Form::kNone || !path.ends_with(u".csv")) return;
   of_run_.emplace_back(path);
   MoveToFiles(channels_[flushed_]);
   channels_[flushed_].clear();
@@ -96,7 +96,7 @@ std::vector<bool> WrittenLogs::Found() const {
   std::vector<bool> found(static_cast<std::size_t>(accepted_));
   for (const FrameNumber frame : in_books_) found[static_cast<std::size_t>(frame)] = true;
   for (const String& path : of_run_) {
-    if (form_ == Form::kCsv) FindRecords(files_.Bytes(path).value_or(""), found);
+    if (path.ends_with(u".csv")) FindRecords(files_.Bytes(path).value_or(""), found);
   }
   return found;
 }

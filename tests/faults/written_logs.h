@@ -19,7 +19,8 @@ using FrameNumber = std::int32_t;
 
 /// Which frames the logs of a run must hold, by what the program accepted and which of its files
 /// were written. The channels take turns: each keeps what a failed file held back for its next one,
-/// but the rows of a workbook are filled anew from the first one on.
+/// but the rows of a workbook are filled anew from the first one on. At the end of the session a
+/// run with workbooks writes csv files too.
 class WrittenLogs {
  public:
   enum class Form : std::uint8_t { kNone, kCsv, kWorkbook };
@@ -61,7 +62,7 @@ class WrittenLogs {
   std::size_t row_ = 0;                  // of a workbook's table
   std::vector<FrameNumber> due_;         // must stand in the files of this run
   std::vector<FrameNumber> in_books_;    // stand in the workbooks of this run
-  std::vector<String> of_run_;           // its csv files
+  std::vector<String> of_run_;           // its files
   std::map<String, std::string> bytes_;  // of all files that must stay as they are
 };
 

@@ -285,7 +285,8 @@ class Options(Place):
 
     def test_the_parts_of_the_window_share_a_session(self):
         self.play_installed()
-        for name, script in (("cmake", "exit 0"), ("x86_64-w64-mingw32-objcopy", "exit 0"), ("wineserver", "exit 0"), ("Xvfb", "echo 77 >&3; exec sleep 60"),
+        for name, script in (("cmake", "exit 0"), ("x86_64-w64-mingw32-objcopy", "exit 0"),
+                             ("wineserver", "exit 0"), ("Xvfb", "echo 77 >&3; exec sleep 60"),
                              ("wine", r'printf "rows\t1\nlive_tick\t10\nbaseline_tick\t20\ntolvane_start\t10\nempty_start\t20\n"')):
             self.play(name, script)
         for name in ("wine-prefix-run/drive_c/windows/system32/a.dll", "wine-prefix-run/tolvane-ready",

@@ -88,6 +88,21 @@ TEST(DataChange, TheLastStepGoesBelowZeroAndNothingIsPaintedFromThereOn) {
   EXPECT_EQ(bed.highlights->ViewColorlength_d3_timerCounter(0x100), -10);
 }
 
+TEST(DataChange, TheLastMillisecondFallsToo) {
+  Bed bed;
+  bed.device.t_DataChangeColorTime = 31;
+  Settle(bed, 0x100);
+  Next(bed, 0x100, kOther, 100);
+  bed.Page();
+  Next(bed, 0x100, kOther, 100);
+  bed.Page();
+  EXPECT_EQ(bed.highlights->ViewColorlength_d3_timerCounter(0x100), 1);
+  EXPECT_EQ(bed.Colours().size(), 2U);
+  bed.Page();
+  EXPECT_EQ(bed.highlights->ViewColorlength_d3_timerCounter(0x100), -29);
+  EXPECT_EQ(bed.Colours(), Runs{});
+}
+
 TEST(DataChange, TheSwitchActsInTheColourPassAlone) {
   Bed bed;
   bed.device.t_DataChangeColorEnable = 0;
