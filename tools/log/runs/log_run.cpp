@@ -1,7 +1,6 @@
 #include "tools/log/runs/log_run.h"
 
 #include <algorithm>
-#include <ranges>
 #include <string_view>
 #include <utility>
 
@@ -85,9 +84,8 @@ std::optional<LogFile> LookInto(const std::string& path, LogFiles& files, Compla
 bool BeginsRun(const LogFile& file, const LogRun& run, LogFiles& files) {
   if (!file.head.IsOfRunOf(run.Head())) return true;
   if (!file.begins) return false;  // the end of a run may have none
-  const auto last =
-      std::ranges::find_if(run.files | std::views::reverse,
-                           [](const LogFile& before) { return before.ends.has_value(); });
+  const auto last = std::find_if(run.files.rbegin(), run.files.rend(),
+                                 [](const LogFile& before) { return before.ends.has_value(); });
   const bool is_first = last == run.files.rend();
   if (*file.begins == 0.0) return is_first || *last->ends != 0.0 || !IsFull(last->path, files);
   return !is_first && *file.begins < *last->ends;
