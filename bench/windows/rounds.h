@@ -31,7 +31,7 @@ double Microseconds(Work work) {
   return std::chrono::duration<double, std::micro>(Clock::now() - began).count();
 }
 
-/// The middle one of `values`, which are some; they are put into another order.
+/// The middle one of `values`, at least one; they are put into another order.
 inline double Median(std::vector<double>& values) {
   const auto middle = values.begin() + static_cast<std::ptrdiff_t>(values.size() / 2);
   std::ranges::nth_element(values, middle);

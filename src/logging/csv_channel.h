@@ -24,11 +24,12 @@ class CsvChannel {
     unwritten_.push_back(std::move(text));
   }
 
-  /// Room for `length` bytes after the text, kCsvLine_MAX at most; null when the text would then be
-  /// longer than `most` or there is no memory. Take adds what was written there to the text.
-  [[nodiscard]] char* Reserve(std::size_t length, std::size_t most) {
-    if (unwritten_length_ + length_ + length > most) return nullptr;
-    const bool fits = block_ != nullptr && length_ + length <= kBlock;
+  /// Room for a line after the text, kCsvLine_MAX bytes; null when the text would be longer than
+  /// `most` bytes with the longest line, or there is no memory. Take adds what was written there to
+  /// the text.
+  [[nodiscard]] char* ReserveLine(std::size_t most) {
+    if (unwritten_length_ + length_ + kCsvLine_MAX > most) return nullptr;
+    const bool fits = block_ != nullptr && length_ + kCsvLine_MAX <= kBlock;
     return fits || MakeRoom() ? block_.get() + length_ : nullptr;
   }
   void Take(std::size_t length) { length_ += length; }

@@ -66,7 +66,7 @@ void Excel_OutputDB::csv_DataInput29(double now_time, std::int32_t can_ID, std::
   const ShortBytes padded = LogID29Text<char>(can_ID);
   const std::size_t count = std::min(padded.View().find_first_not_of('0'), padded.Length() - 1);
   const std::string_view zeros = padded.View().substr(0, count);
-  if (char* const at = LogBuilder1.Reserve(kCsvLine_MAX, LogBuilder_MAX)) {
+  if (char* const at = LogBuilder1.ReserveLine(LogBuilder_MAX)) {
     LogBuilder1.Take(zeros.copy(at, zeros.size()));
   }
   csv_DataTail(LogBuilder2, record, mark, padded.View().substr(count));
@@ -93,7 +93,7 @@ void Excel_OutputDB::Excel_DataStore(const LogRecord& record, StringView identif
 
 void Excel_OutputDB::csv_DataTail(CsvChannel& channel, const LogRecord& record,
                                   std::string_view mark, std::string_view identifier) {
-  if (char* const at = channel.Reserve(kCsvLine_MAX, LogBuilder_MAX)) {
+  if (char* const at = channel.ReserveLine(LogBuilder_MAX)) {
     channel.Take(WriteCsvLine(record, mark, identifier, at));
   }
   ++Excel_DB_ArayyCounter;

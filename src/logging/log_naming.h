@@ -19,7 +19,11 @@ inline constexpr StringView kCsvExtension = u".csv";
 
 constexpr std::int32_t kFileNumber_MAX = 1000;  // the search for a free name stops here
 
-constexpr std::size_t kLongestLogName = StringView(u"\\KLyymmddhh-1000.xlsx").size();
+/// Digits of DateHourText.
+constexpr std::size_t kDateHourDigits = StringView(u"yymmddhh").size();
+/// Characters, with the backslash ahead.
+constexpr std::size_t kLongestLogName = 1 + kLogPrefix.size() + kDateHourDigits +
+                                        kLogNumberGap.size() + StringView(u"1000.xlsx").size();
 static_assert(kFileNumber_MAX <= 9999, "the name above has four digits");
 constexpr std::size_t kWorkbookPath_MAX = 218;  // of a path that Excel saves to
 
@@ -37,8 +41,6 @@ constexpr std::size_t kWorkbookFolder_MAX = kWorkbookPath_MAX - kLongestLogName;
 /// setting itself, is set to the desktop.
 [[nodiscard]] String BaseFolder(std::int32_t mode, String& path, const String& executable_folder,
                                 platform::FileServices& files, platform::SpecialFolders& folders);
-
-constexpr std::size_t kDateHourDigits = StringView(u"yymmddhh").size();
 
 /// Of kDateHourDigits digits.
 [[nodiscard]] ShortText DateHourText(const platform::LocalTime& time);

@@ -1,6 +1,7 @@
 #include "platform/rich_text_page.h"
 
 #include <algorithm>
+#include <new>
 
 namespace tolvane::platform {
 
@@ -43,10 +44,14 @@ ColourWalk::ColourWalk(const ColourRuns& runs, std::int32_t start)
       last_(runs.Runs().end()) {}
 
 void RichTextPage::TakeMemory() {
-  text.assign(kMostCharacters, u'\0');
+  try {
+    text.assign(kMostCharacters, u'\0');
+    colours.TakeMemory(kMostColours);
+    backgrounds.TakeMemory(kMostBackgrounds);
+  } catch (const std::bad_alloc&) {
+    // The first page tries again.
+  }
   text.clear();
-  colours.TakeMemory(kMostColours);
-  backgrounds.TakeMemory(kMostBackgrounds);
 }
 
 }  // namespace tolvane::platform

@@ -28,7 +28,7 @@ class ColourRuns {
   /// Forgets all runs and keeps their storage.
   void Clear() { runs_.clear(); }
 
-  /// The same, with storage for `runs` that is already in memory.
+  /// The same, with storage for `runs` that is already in memory. Throws std::bad_alloc.
   void TakeMemory(std::size_t runs);
 
   [[nodiscard]] const std::vector<ColourRun>& Runs() const { return runs_; }
@@ -74,7 +74,8 @@ struct RichTextPage {
   static constexpr std::size_t kMostBackgrounds = 16;
 
   /// Empties the page and has the storage of such a one in memory, so that the first one does not
-  /// find it new to the process, nor moves while it grows.
+  /// find it new to the process, nor moves while it grows. Where memory has run out, the first one
+  /// tries again.
   void TakeMemory();
 
   String text;

@@ -37,8 +37,8 @@ using ShortText = BasicShortText<char16_t>;
 /// The bytes of an ASCII text, which all of the texts below are.
 using ShortBytes = BasicShortText<char>;
 
-/// Decimal text, no padding, no sign for what is not negative. As the other templates here there
-/// is it for char16_t and char.
+/// Decimal text, no padding, no sign for what is not negative. Like the other templates here, it
+/// exists for char16_t and char.
 template <typename Character = char16_t>
 [[nodiscard]] BasicShortText<Character> DecimalText(std::int64_t value);
 

@@ -3,6 +3,21 @@
 #include <algorithm>
 
 namespace tolvane::faults {
+namespace {
+
+const char* NameOf(DiskFault disk_fault) {
+  switch (disk_fault) {
+    case DiskFault::kFails:
+      return "";
+    case DiskFault::kIsBusy:
+      return " (busy)";
+    case DiskFault::kStaysBusy:
+      return " (busy from then on)";
+  }
+  return nullptr;
+}
+
+}  // namespace
 
 bool FaultPlan::Fails(Subject subject, std::string_view call) {
   if (!counting_ || !numbering_) return false;
@@ -39,7 +54,7 @@ std::string FaultPlan::Failed() const {
     text += (text.empty() ? "" : ", ") + std::to_string(number) + ' ' +
             kSubjects[static_cast<std::size_t>(subject)] + ' ' + std::string(call);
   }
-  return (text.empty() ? "nothing" : text) + kDiskFaults[static_cast<std::size_t>(disk_fault_)];
+  return (text.empty() ? "nothing" : text) + NameOf(disk_fault_);
 }
 
 }  // namespace tolvane::faults

@@ -32,7 +32,6 @@ enum class DiskFault : std::uint8_t {
   kIsBusy,     // another program has the file, and lets go of it
   kStaysBusy,  // it does not, whatever is tried from then on
 };
-inline constexpr std::array<const char*, 3> kDiskFaults{"", " (busy)", " (busy from then on)"};
 
 /// Numbers the operations that can fail, in the order in which the program asks for them, and tells
 /// which of them do.

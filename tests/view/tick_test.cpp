@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <cstddef>
 #include <cstdint>
+#include <limits>
 #include <memory>
 
 #include "tests/counting/allocations.h"
@@ -184,6 +185,16 @@ void ExpectNoAllocationsFromTheFirstTickOn(std::int32_t rows) {
 TEST(Tick, TheFirstTicksOfTheLongestPagesAllocateNothingEither) {
   ExpectNoAllocationsFromTheFirstTickOn<WorkerKind::FormBG>(CAN_ReadDB::kArayy_MAX - 1);
   ExpectNoAllocationsFromTheFirstTickOn<WorkerKind::FormBG_29>(CAN_ReadDB29::kArayy_MAX + 1);
+}
+
+TEST(Tick, WithoutMemoryAheadOfARunItsPagesTakeTheirOwn) {
+  TickBed<WorkerKind::FormBG> bed;
+  constexpr std::size_t kLessThanAPage = 20'000;  // bytes
+  counting::RefuseAbove(kLessThanAPage);
+  bed.tick.TakeMemory();
+  counting::RefuseAbove(std::numeric_limits<std::size_t>::max());
+  bed.Receive(0x7F0, 8, kData, 5);
+  EXPECT_EQ(bed.Page().substr(34), u"7F0  8   01 02 03 04 05 06 07 08   ----ms\r\n");
 }
 
 }  // namespace

@@ -9,8 +9,8 @@
 namespace tolvane::logtool {
 
 // Text written in place, from `at` on; each returns the place behind it. The program's own texts of
-// numbers, run/number_text.h, are of UTF-16 and made one by one; here whole lines of bytes are,
-// some millions in a second.
+// numbers, run/number_text.h, are made one by one, each an object of its own; here whole lines are
+// written in place, some millions in a second.
 
 inline constexpr auto kHexPairs = [] {
   std::array<std::array<char, 2>, 256> pairs{};

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <iterator>
+#include <new>
 
 namespace tolvane::platform::windows {
 namespace {
@@ -62,8 +63,12 @@ void LiveSurface::Hide() {
 
 void LiveSurface::TakeMemory() {
   RichTextPage page;
-  page.text = LargestText();
-  lines_.Find(page.text);
+  try {
+    page.text = LargestText();
+    lines_.Find(page.text);
+  } catch (const std::bad_alloc&) {
+    return;  // the first page tries again
+  }
   FollowBeneath();
   ScrollTo(0, 0);
   const HDC target = GetDC(Hwnd());

@@ -26,9 +26,9 @@ class LiveSurface final : public BaseWindow<LiveSurface> {
   /// the next Show. Painted when the system asks for it, or by UpdateWindow at once.
   void Show(const RichTextPage& page);
   void Hide();
-  /// Does once, unseen, what showing and painting the largest page takes, ahead of the first page:
-  /// a system that does it for the first time needs tens of milliseconds. Not while a page is
-  /// shown.
+  /// Lays out and paints the largest page once, unseen, ahead of the first page: a system that does
+  /// it for the first time needs tens of milliseconds. Where memory has run out, the first page
+  /// tries again. Not while a page is shown.
   void TakeMemory();
   /// Moves over the control again after it has moved or changed its size; hides with it, and where
   /// no page is shown.

@@ -24,7 +24,8 @@ void SetPlainText(HWND page_control, StringView text);
 
 [[nodiscard]] Zoom ZoomOf(HWND page_control);
 
-/// How `page_control`, which is empty, shows a page.
+/// How `page_control`, which is empty and then is again, shows a page, in pixels. Nothing of it can
+/// be undone afterwards.
 [[nodiscard]] PageLook LookOf(HWND page_control);
 
 /// The same for a control of this zoom that is not empty, taken from another one beside it. Nothing

@@ -9,12 +9,14 @@ namespace {
 
 /// Characters that are tested together, without a branch for each.
 constexpr std::size_t kStep = 4;
+static_assert(kStep * sizeof(char16_t) == sizeof(std::uint64_t));
 
 /// `unit` for each character of a step.
 constexpr std::uint64_t Each(std::uint64_t unit) { return unit * 0x0001'0001'0001'0001; }
 
-/// True when each character is one from ' ' to '~': neither a difference nor a sum then leaves the
-/// lowest seven bits, nor carries into the next character.
+/// Whether each character is one from ' ' to '~': neither a difference nor a sum then leaves the
+/// lowest seven bits, nor carries into the next character. Of others, the first always shows, as
+/// nothing is carried into it.
 bool AllPlain(StringView step) {
   std::uint64_t units = 0;
   std::memcpy(&units, step.data(), sizeof units);
@@ -23,7 +25,7 @@ bool AllPlain(StringView step) {
 
 /// The number of characters at the front of `text` that are neither full width nor line ends; never
 /// too large.
-std::size_t PlainSteps(StringView text) {
+std::size_t PlainLength(StringView text) {
   std::size_t length = 0;
   while (text.size() - length >= kStep && AllPlain(text.substr(length, kStep))) length += kStep;
   return length;
@@ -48,7 +50,7 @@ void PageLines::Find(StringView text) {
   };
   for (std::size_t i = 0; i < text.size(); ++i) {
     if (i == start) {
-      cells = PlainSteps(text.substr(start));
+      cells = PlainLength(text.substr(start));
       i += cells;
       if (i == text.size()) break;
     }

@@ -11,7 +11,7 @@ namespace {
 /// All messages of edit controls do, but for those named here.
 constexpr bool NeedsContent(UINT message) {
   switch (message) {
-    case EM_CANUNDO:  // never, behind a replacement of the whole
+    case EM_CANUNDO:  // never: EnterPage has emptied the buffer
     case EM_SETREADONLY:
       return false;
     case WM_CUT:
@@ -29,10 +29,10 @@ constexpr bool NeedsContent(UINT message) {
 }
 
 /// Of those, the ones that only ask: for text, selection, places, looks, the object behind them, or
-/// a picture. Programs that read the screen send them, some many times a second, and send them
-/// again when the answer was empty. What is not named here may be a command, such as a copy or a
-/// selection, and always finds the content: nobody repeats a command. So does EM_STREAMOUT, which
-/// hands out all there is.
+/// a picture. Programs that read the screen send them, some many times a second, and ask again
+/// later, so a page of a second before is no loss to them. What is not named here may be a command,
+/// such as a copy or a selection, and always finds the content: nobody repeats a command. So does
+/// EM_STREAMOUT, which hands out all there is.
 constexpr bool OnlyAsks(UINT message) {
   switch (message) {
     case EM_GETSEL:
@@ -130,7 +130,8 @@ void RichEditView::TakeLook() {
   look_zoom_ = zoom;
 }
 
-/// What replaces all of a live page becomes one, so that the control need not be emptied either.
+/// A text that replaces the page in a run becomes the live page, so that the control need not be
+/// emptied for it either.
 void RichEditView::ShowPlain(StringView text) {
   page_->text = text;
   page_->colours.Clear();
@@ -151,7 +152,8 @@ void RichEditView::FillControl() {
   const std::string rtf = ContentRtf();
   live_ = false;  // what follows is for the control
   if (!ReplaceContent(rtf)) {
-    Text(u"");
+    const Write write(*this);
+    SetPlainText(window_, {});
     live_ = true;
     return;
   }
@@ -161,8 +163,8 @@ void RichEditView::FillControl() {
   if (!locked_) Send(EM_SETREADONLY, FALSE);
 }
 
-/// A filling costs up to a second, in which reception stands. A program that asks more often
-/// finds the control as it is.
+/// A filling with a full page costs seconds, in which reception stands. A program that asks more
+/// often than once a second finds the control as it is.
 void RichEditView::FillForReader() {
   if (GetTickCount64() - filled_for_reader_ < kReadersPause) return;
   FillControl();

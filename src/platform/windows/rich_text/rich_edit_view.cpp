@@ -103,7 +103,8 @@ String RichEditView::ControlText() const {
 String RichEditView::Text() const { return live_ ? page_->text : WithPageLineEnds(ControlText()); }
 
 void RichEditView::Text(StringView text) {
-  if (live_ && locked_) {
+  if (locked_) {
+    if (!live_) EnterPage();
     ShowPlain(text);
     return;
   }

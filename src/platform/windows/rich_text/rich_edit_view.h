@@ -14,7 +14,7 @@ namespace tolvane::platform::windows {
 /// outside this class sees that.
 ///
 /// While the view is locked, a swapped page is *live*: it is shown by a surface laid over the
-/// control and stands in the page alone; the control keeps what it held before, which nobody sees.
+/// control and stands in the page alone; the control keeps what it held before.
 /// The control gets the page when the lock is taken off or when something needs the control itself;
 /// from then to the next swap the control holds the content. Every message to the control, the
 /// program's own included, passes HandleMessage, which answers for its text and fills it before a

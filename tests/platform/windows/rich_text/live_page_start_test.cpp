@@ -1,5 +1,5 @@
 // The first pages of a run, over a control that holds something: it is left as it is, as emptying
-// it takes seconds, in which reception stands, and nobody sees or reads what it holds.
+// it takes seconds, in which reception stands.
 #include <algorithm>
 #include <iterator>
 #include <string>
@@ -70,6 +70,29 @@ TEST_F(LivePageOverText, TheControlIsLeftAsItIsUntilItGetsThePage) {
   view_.Locked(false);
   EXPECT_GT(changes.Count(), 0);
   ExpectMarkedPageInTheControl();
+}
+
+TEST_F(LivePageOverText, ATextAheadOfTheFirstPageIsALivePageToo) {
+  const CountedChanges changes(view_.Hwnd());
+  view_.Locked(true);
+  view_.Text(u"cleared");
+  EXPECT_EQ(changes.Count(), 0);
+  EXPECT_NE(Surface(), nullptr);
+  EXPECT_EQ(WindowText(view_.Hwnd()), u"cleared");
+  view_.Locked(false);
+  EXPECT_EQ(view_.Text(), u"cleared");
+  EXPECT_FALSE(view_.CanUndo());
+}
+
+TEST_F(LivePageOverText, ATextBehindAReadersFillingLeavesTheControlToo) {
+  view_.Locked(true);
+  ASSERT_TRUE(FillsForReader([this] { Send(WM_GETOBJECT, 0, OBJID_CLIENT); }));
+  const CountedChanges changes(view_.Hwnd());
+  view_.Text(u"");
+  EXPECT_EQ(changes.Count(), 0);
+  EXPECT_EQ(view_.Text(), u"");
+  view_.Locked(false);
+  EXPECT_EQ(view_.Text(), u"");
 }
 
 TEST_F(LivePageOverText, NothingOfItCanBeReadUndoneOrSelected) {
