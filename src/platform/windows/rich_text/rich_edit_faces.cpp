@@ -152,8 +152,7 @@ void RichEditView::FillControl() {
   const std::string rtf = ContentRtf();
   live_ = false;  // what follows is for the control
   if (!ReplaceContent(rtf)) {
-    const Write write(*this);
-    SetPlainText(window_, {});
+    FillPlain({});
     live_ = true;
     return;
   }

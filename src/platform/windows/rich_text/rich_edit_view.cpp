@@ -106,8 +106,13 @@ void RichEditView::Text(StringView text) {
   if (locked_) {
     if (!live_) EnterPage();
     ShowPlain(text);
-    return;
+  } else {
+    FillPlain(text);
   }
+}
+
+/// The control gets `text`, whichever face there was.
+void RichEditView::FillPlain(StringView text) {
   LeavePage();
   const Write write(*this);
   SetPlainText(window_, text);

@@ -76,6 +76,7 @@ class RichEditView final : public RichTextView {
   void PrepareLivePages();
   void TakeLook();
   void EnterPage();
+  void FillPlain(StringView text);
   void ShowPlain(StringView text);
   void LeavePage();
   void FillControl();
