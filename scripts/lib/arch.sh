@@ -59,7 +59,7 @@ arch_run() {
 arch_begin() {
   case $arch_of_session in
     x64) begin_unlocked wine "$@" ;;
-    x86) arch_run "$@" & ;;
+    x86) (debian_root_let_go && arch_run "$@") & ;;
   esac
 }
 

@@ -130,10 +130,14 @@ wine_stay() {
 # The program that keeps the services running answers once they have begun.
 wine_first_command="echo begun"
 
-# wine_await ANSWERS PROCESS: waits for that answer; false when the process ends without it.
+# What a Wine that begins takes at most on a busy machine, in seconds; usually it is a few.
+wine_patience=120
+
+# wine_await ANSWERS PROCESS: waits for that answer; false when the process ends without it, or it does not come.
 wine_await() {
+  local end=$((SECONDS + wine_patience))
   until grep -q begun "$1" 2>/dev/null; do
-    [ -e "/proc/$2" ] || return
+    [ -e "/proc/$2" ] && [ "$SECONDS" -lt "$end" ] || return 1
     sleep 0.1
   done
 }

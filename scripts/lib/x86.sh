@@ -82,16 +82,19 @@ x86_enter() {
 # x86_stay: enters the root and starts Wine's services there. Until x86_leave, or the script's end, x86_enter joins
 # them: to start a Wine of its own costs each program seconds. False when they do not begin.
 x86_stay() {
-  local number=$build/x86-root.process answers=$build/x86-root.answers
-  rm -f "$number"
+  # Another script may have a root at the same time.
+  local number=$x86_root-$$.process answers=$x86_root-$$.answers
+  at_exit "rm -f ${number@Q} ${answers@Q}"
   x86_describe
-  # A script text for the inner shell.
+  # A script text for the inner shell, which holds the input of Wine's interpreter and ends with it.
   # shellcheck disable=SC2016
   debian_root_start --number "$number" "${x86_entry[@]}" "$x86_root" "${x86_environment[@]}" \
-    sh -c '{ echo "$1"; sleep infinity; } | "$0" cmd.exe' "$root/scripts/lib/wine-run" "$wine_first_command" \
-    >"$answers" 2>&1
-  wine_await "$answers" "$debian_root_process" || return
-  TOLVANE_X86_ROOT=$(cat "$number")
+    bash -c 'exec {input}> >(exec "$0" cmd.exe); echo "$1" >&"$input"; wait "$!"' \
+    "$root/scripts/lib/wine-run" "$wine_first_command" >"$answers" 2>&1
+  if ! wine_await "$answers" "$debian_root_process" || ! TOLVANE_X86_ROOT=$(cat "$number"); then
+    x86_leave
+    return 1
+  fi
   export TOLVANE_X86_ROOT
 }
 
