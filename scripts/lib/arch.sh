@@ -39,7 +39,7 @@ arch_session_x86() {
   [ -z "$obstacle" ] || fail "the 32-bit root cannot be used: $obstacle"
   x86_make_root || fail "the 32-bit root cannot be made: $(x86_reason)"
   if [ "$1" = --alone ]; then
-    x86_prefix=$stand/wine-prefix-run-x86
+    x86_prefix=$stand/wine-prefix-run-x86$dpi_suffix
     lock_script "$x86_prefix.alone.lock" "runs the program by itself too"
   fi
   display_start

@@ -11,7 +11,7 @@ source "$root/scripts/lib/wine.sh"
 
 x86_root=$build/x86-root
 # Where its Wine keeps a Windows; a script may name another one ahead of the first program.
-x86_prefix=$build/wine-prefix-x86
+x86_prefix=$build/wine-prefix-x86$dpi_suffix
 
 # x86_obstacle: prints why the root cannot be made or entered here, nothing when it can.
 x86_obstacle() {
@@ -111,5 +111,5 @@ x86_describe() {
   x86_entry=(--user "$x86_user" --bind "$root")
   [ ! -d /tmp/.X11-unix ] || x86_entry+=(--bind /tmp/.X11-unix)
   x86_environment=(PATH="$debian_root_path" HOME="$home" DISPLAY="${DISPLAY:-}"
-    TOLVANE_DISPLAY="${TOLVANE_DISPLAY:-}" WINEARCH=win32 TOLVANE_WINE_PREFIX="$x86_prefix")
+    TOLVANE_DISPLAY="${TOLVANE_DISPLAY:-}" WINEARCH=win32 TOLVANE_WINE_PREFIX="$x86_prefix" TOLVANE_DPI="${TOLVANE_DPI:-}")
 }

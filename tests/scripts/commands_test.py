@@ -512,6 +512,22 @@ class Places(Place):
         self.play_installed()
         self.refuses("a release is made of a commit, and git says: fatal: not a git repository .*", "package")
 
+    def test_a_folder_for_pictures_is_made_when_the_recording_is_good(self):
+        out = self.folder / "-new"
+        for content, is_made in (("?\n", False), (GOOD_LINE, True)):
+            ended = self.run_script("demo", "--log", self.file("bus.log", content), "--out=-new")
+            self.assertEqual((is_made, is_made), (out.exists(), "dpkg-query" in ended.begun))
+        self.assertNotIn("realpath", ended.errors + self.run_script("pictures", "--out=-new").errors)
+
+    def test_a_project_whose_path_the_bench_cannot_be_told_is_refused(self):
+        for name, reason in ((b"a\nb", "holds a line break or another control character"), (b"caf\xe9", "is not UTF-8"),
+                             (b"last\n", "holds a line break or another control character")):
+            self.project = self.project.rename(os.fsdecode(os.fsencode(self.folder) + b"/" + name))
+            for script in SCRIPTS:
+                self.refuses(rf"the path of the project \S*'[^\n]* {reason}: copy it to another place", script)
+                self.assertEqual(0, self.run_script(script, "--help").status)
+            self.assertFalse((self.project / "build").exists())
+
     def test_a_warning_of_git_does_not_come_into_a_release(self):
         self.play_installed()
         self.play("git", 'echo "warning: odd" >&2; case "$*" in *rev-parse*) echo 4711 ;; *log*) echo 1 ;; esac')
@@ -522,7 +538,7 @@ class Places(Place):
         self.assertEqual("of 4711\n", self.run_script("package").said)
 
     def test_a_screen_has_one_of_four_resolutions(self):
-        for name in WITH_WINE:
+        for name in (*WITH_WINE, "test"):
             self.refuses("TOLVANE_DPI is 96, 120, 144 or 192, not 'abc'", name, environment={"TOLVANE_DPI": "abc"})
             self.assertEqual(0, self.run_script(name, "--help", environment={"TOLVANE_DPI": "abc"}).status)
 

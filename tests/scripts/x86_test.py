@@ -54,7 +54,7 @@ class Stay(PlayedMachine):
         self.assertEqual([], self.left())
 
     def test_a_wine_that_never_answers_is_told(self):
-        self.wine_run("exec sleep 50")
+        self.wine_run("exec sleep 3")
         self.assertEqual((0, ["failed"]), self.stay("wine_patience=1\n" + STAY))
 
     def test_a_wine_that_answers_stays(self):
@@ -64,6 +64,15 @@ class Stay(PlayedMachine):
         self.assertEqual((0, "stayed 4711", "runs"), (status, said[0], said[-1]))
         self.assertRegex(said[1], r"/build/x86-root-\d+\.answers .*/build/x86-root-\d+\.process$")
         self.assertEqual([], self.left())
+
+
+class Resolution(PlayedMachine):
+    def test_the_root_has_that_of_the_caller_and_a_prefix_for_it(self):
+        for dpi, ending in (("144", "-144"), ("", "")):
+            said = self.bash(f"export TOLVANE_DPI={dpi}\n" 'source "$root/scripts/lib/x86.sh"; x86_describe; '
+                             'printf "%s\\n" "${x86_environment[@]}"', "packages")[1]
+            self.assertIn(f"TOLVANE_DPI={dpi}", said)
+            self.assertIn(f"TOLVANE_WINE_PREFIX={self.folder}/build/wine-prefix-x86{ending}", said)
 
 
 class Killed(PlayedMachine):
