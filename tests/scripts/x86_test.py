@@ -18,6 +18,7 @@ debian_root_start() {
   echo 4711 >"$2"
   "${@:4}" &
   debian_root_process=$!
+  at_exit debian_root_leave
 }
 debian_root_leave() { kill "$debian_root_process" 2>/dev/null; wait "$debian_root_process" || true; }
 """
