@@ -39,7 +39,7 @@ arch_session_x86() {
   [ -z "$obstacle" ] || fail "the 32-bit root cannot be used: $obstacle"
   x86_make_root || fail "the 32-bit root cannot be made: $(x86_reason)"
   if [ "$1" = --alone ]; then
-    x86_prefix=$stand/wine-prefix-run-x86
+    x86_prefix=$stand/wine-prefix-run-x86$dpi_suffix
     lock_script "$x86_prefix.alone.lock" "runs the program by itself too"
   fi
   display_start
@@ -59,7 +59,7 @@ arch_run() {
 arch_begin() {
   case $arch_of_session in
     x64) begin_unlocked wine "$@" ;;
-    x86) arch_run "$@" & ;;
+    x86) (debian_root_let_go && arch_run "$@") & ;;
   esac
 }
 

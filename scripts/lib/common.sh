@@ -14,7 +14,9 @@ fi
 
 # With it `cd` says where it went, and may go elsewhere.
 unset CDPATH
-root=$(cd "$(dirname "${BASH_SOURCE[0]}")/../.." && pwd)
+# Whatever the path ends with.
+root=$(cd "$(dirname "${BASH_SOURCE[0]}")/../.." && pwd && echo /)
+root=${root%??}
 build=$root/build
 # What this script is called in messages.
 # shellcheck disable=SC2034 # for the scripts that source this
@@ -51,9 +53,22 @@ need_folder() {
   fi
 }
 
-# need_build_folder: checks the build folder, before anything is installed, built or started.
+# path_fault PATH: prints why the simulated bench cannot be told the path, nothing when it can: its file is UTF-8, a line
+# to a path.
+path_fault() {
+  local LC_ALL=C
+  if [[ $1 == *[[:cntrl:]]* ]]; then
+    echo "holds a line break or another control character"
+  elif ! iconv -f UTF-8 -t UTF-8 <<<"$1" >/dev/null 2>&1; then
+    echo "is not UTF-8"
+  fi
+}
+
+# need_build_folder: checks the build folder and its path, before anything is installed, built or started.
 need_build_folder() {
-  local cache home
+  local cache home fault
+  fault=$(path_fault "$root")
+  [ -z "$fault" ] || fail "the path of the project $(printf %q "$root") $fault: copy it to another place"
   need_folder "$build" "copy the project to a place where you may write, and start again there"
   for cache in "$build"/*/CMakeCache.txt; do
     [ -e "$cache" ] || continue

@@ -133,9 +133,12 @@ debian_root_start() {
 # script has started, beside what runs there.
 debian_root_join() {
   # The mounts begin at the machine's own root, which is not this one's in a plain chroot.
-  as_root nsenter --target "$1" --root --mount --pid setpriv --pdeathsig KILL \
-    chroot --userspec="$2" "$3" /usr/bin/env -i "${@:4}" </dev/null
+  (debian_root_let_go && as_root nsenter --target "$1" --root --mount --pid setpriv --pdeathsig KILL \
+    chroot --userspec="$2" "$3" /usr/bin/env -i "${@:4}" </dev/null)
 }
+
+# debian_root_let_go: for a child process that may outlive this script, with which the root ends all the same.
+debian_root_let_go() { [ -z "${debian_root_hold:-}" ] || exec {debian_root_hold}>&-; }
 
 debian_root_leave() {
   [ -n "${debian_root_process:-}" ] || return 0
@@ -144,6 +147,6 @@ debian_root_leave() {
   (echo >&"$debian_root_hold") 2>/dev/null || true
   exec {debian_root_hold}>&-
   wait "$debian_root_process" || true
-  debian_root_process=""
+  debian_root_process="" debian_root_hold=""
   debian_root_unmount "$debian_root_entered"
 }

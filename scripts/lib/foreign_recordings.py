@@ -50,6 +50,8 @@ def reason_of(error: Exception) -> str:
         return "it is not text"
     if isinstance(error, (NameError, TypeError, LookupError, AttributeError, struct.error)):
         return "something in it is missing"
+    if isinstance(error, ValueError):  # the readers' own errors are others
+        return "something in it is no number or is missing"
     return " ".join(str(error).split()) or "it is damaged"
 
 

@@ -24,7 +24,8 @@ lock_take() {
   local how=("${@:5}" "$2")
   flock --timeout "$1" "${how[@]}" && return
   say "waiting for $(lock_holder "$3"), which $4"
-  # In the background, so that a signal to this script alone ends it now.
+  # In the background, so that a signal to this script alone ends it now. Where a subshell waits, the script acts on the
+  # signal once that has the lock and has done its work: the lock is inherited by what works there.
   setpriv --pdeathsig TERM flock "${how[@]}" &
   wait "$!"
 }

@@ -25,24 +25,18 @@ need_reader_of() {
   [ -e "$1" ] || fail "there is no recording $1"
   # Each is read twice, by a check and by the adapters.
   [[ -f $1 || -d $1 ]] || fail "$1 is a pipe or a device, and a recording is a file${2:-}"
-  need_plain_path "$1" || exit 1
+  need_plain_path "$1"
   command -v python3 >/dev/null || need_packages recordings
 }
 
-# need_plain_path FILE: what the bench reads its path from is UTF-8, a line to a path.
-need_plain_path() (
-  LC_ALL=C
+# need_plain_path FILE: a recording is played from its whole path.
+need_plain_path() {
+  local path fault
   path=$(realpath -- "$1" && echo /)
   path=${path%??}
-  if [[ $path == *[[:cntrl:]]* ]]; then
-    reason="holds a line break or another control character"
-  elif ! iconv -f UTF-8 -t UTF-8 <<<"$path" >/dev/null 2>&1; then
-    reason="is not UTF-8"
-  else
-    return 0
-  fi
-  fail "the name of the recording $(printf %q "$path") $reason: give it another one"
-)
+  fault=$(path_fault "$path")
+  [ -z "$fault" ] || fail "the name of the recording $(printf %q "$path") $fault: give it another one"
+}
 
 # need_recording FILE IDS [--comparable page|logs]: prints what the recording contains, or ends the script with a
 # message when it has no frames for a program with identifiers of so many bits, or cannot be compared with. IDS is
@@ -79,7 +73,7 @@ ready_recording() {
 # run_prepare NAME: starts the session and makes $folder with the program.
 run_prepare() {
   wine_session_alone
-  program_folder "$stand/runs/$1${TOLVANE_DPI:+-$wine_dpi}"
+  program_folder "$stand/runs/$1$dpi_suffix"
   bench_install x64
   export TOLVANE_BENCH="Z:$folder/bench.ini"
 }

@@ -11,11 +11,10 @@
 
 # shellcheck source=lock.sh
 source "$root/scripts/lib/lock.sh"
+# shellcheck source=resolution.sh
+source "$root/scripts/lib/resolution.sh"
 
-# The resolution of the screen in pixels per inch: 96, 120, 144 and 192 are usual on Windows. The size of our
-# own X server grows with it.
-wine_dpi=${TOLVANE_DPI:-96}
-wine_tests_prefix=${TOLVANE_WINE_PREFIX:-$build/wine-prefix${TOLVANE_DPI:+-$wine_dpi}}
+wine_tests_prefix=${TOLVANE_WINE_PREFIX:-$build/wine-prefix$dpi_suffix}
 # Where unattended runs and the open demo have their prefixes and program folders. A test uses another folder, so
 # that it does not collide with a developer's own runs.
 stand=${TOLVANE_STAND:-$build}
@@ -24,11 +23,6 @@ no_menus="winemenubuilder.exe=d"
 export WINEARCH="${WINEARCH:-win64}" WINEDEBUG=-all WINEDLLOVERRIDES=$no_menus
 # The caller's environment may set it; here it would name a 32-bit loader.
 unset WINELOADER
-
-# need_resolution: checks the caller's choice.
-need_resolution() {
-  case $wine_dpi in 96 | 120 | 144 | 192) ;; *) fail "TOLVANE_DPI is 96, 120, 144 or 192, not '$wine_dpi'" ;; esac
-}
 
 # Fonts that a Japanese Windows has, replaced by IPA's: fixed pitch for "MS Gothic", so that the
 # columns of the page line up.
@@ -116,24 +110,27 @@ wine_session() {
 # wine_stay: Wine's own services run from now until the script ends. Otherwise each program starts them and leaves
 # them its standard output, so that whoever reads that waits for their end too. False when they do not begin.
 wine_stay() {
-  local answers code=0
+  local answers
   answers=$(mktemp)
+  at_exit "rm -f ${answers@Q}"
   # It ends with its input, and so with the script.
   exec {wine_service}> >(wine cmd.exe >"$answers" 2>/dev/null)
   # In a shell of its own: one that has ended already reads nothing, and its signal must not end this script.
   (echo "$wine_first_command" >&"$wine_service") || true
-  wine_await "$answers" "$!" || code=$?
-  rm "$answers"
-  return "$code"
+  wine_await "$answers" "$!"
 }
 
 # The program that keeps the services running answers once they have begun.
 wine_first_command="echo begun"
 
-# wine_await ANSWERS PROCESS: waits for that answer; false when the process ends without it.
+# What a Wine that begins takes at most on a busy machine, in seconds; usually it is a few.
+wine_patience=120
+
+# wine_await ANSWERS PROCESS: waits for that answer; false when the process ends without it, or it does not come.
 wine_await() {
+  local end=$((SECONDS + wine_patience))
   until grep -q begun "$1" 2>/dev/null; do
-    [ -e "/proc/$2" ] || return
+    [ -e "/proc/$2" ] && [ "$SECONDS" -lt "$end" ] || return 1
     sleep 0.1
   done
 }
@@ -144,7 +141,7 @@ wine_take_lock() { lock_take 2 "$wine_lock" "$WINEPREFIX.lock" "has the Wine pre
 
 # wine_session_alone: a session for a run by itself, once no other one is under way.
 wine_session_alone() {
-  wine_enter "$stand/wine-prefix-run${TOLVANE_DPI:+-$wine_dpi}"
+  wine_enter "$stand/wine-prefix-run$dpi_suffix"
   lock_wait "$wine_lock" "$WINEPREFIX.lock" "runs the program by itself too"
   display_start
   wine_take_over
@@ -156,7 +153,7 @@ wine_session_shown() {
   display=$(timeout 10 "$root/scripts/lib/python-run" "$root/scripts/lib/display_check.py" 2>/dev/null) ||
     fail "the display $DISPLAY does not answer: put DISPLAY right, or add --seconds 20 for a run by itself"
   [ "$display" = bare ] || managed=Y
-  wine_enter "$stand/wine-prefix-shown${TOLVANE_DPI:+-$wine_dpi}"
+  wine_enter "$stand/wine-prefix-shown$dpi_suffix"
   flock -n "$wine_lock" ||
     fail "the demo is open already ($(lock_holder "$WINEPREFIX.lock")): close its window first," \
       "or add --seconds 20 for a run by itself"

@@ -11,7 +11,7 @@ source "$root/scripts/lib/wine.sh"
 
 x86_root=$build/x86-root
 # Where its Wine keeps a Windows; a script may name another one ahead of the first program.
-x86_prefix=$build/wine-prefix-x86
+x86_prefix=$build/wine-prefix-x86$dpi_suffix
 
 # x86_obstacle: prints why the root cannot be made or entered here, nothing when it can.
 x86_obstacle() {
@@ -82,16 +82,19 @@ x86_enter() {
 # x86_stay: enters the root and starts Wine's services there. Until x86_leave, or the script's end, x86_enter joins
 # them: to start a Wine of its own costs each program seconds. False when they do not begin.
 x86_stay() {
-  local number=$build/x86-root.process answers=$build/x86-root.answers
-  rm -f "$number"
+  # Another script may have a root at the same time.
+  local number=$x86_root-$$.process answers=$x86_root-$$.answers
+  at_exit "rm -f ${number@Q} ${answers@Q}"
   x86_describe
-  # A script text for the inner shell.
+  # A script text for the inner shell, which holds the input of Wine's interpreter and ends with it.
   # shellcheck disable=SC2016
   debian_root_start --number "$number" "${x86_entry[@]}" "$x86_root" "${x86_environment[@]}" \
-    sh -c '{ echo "$1"; sleep infinity; } | "$0" cmd.exe' "$root/scripts/lib/wine-run" "$wine_first_command" \
-    >"$answers" 2>&1
-  wine_await "$answers" "$debian_root_process" || return
-  TOLVANE_X86_ROOT=$(cat "$number")
+    bash -c 'exec {input}> >(exec "$0" cmd.exe); echo "$1" >&"$input"; wait "$!"' \
+    "$root/scripts/lib/wine-run" "$wine_first_command" >"$answers" 2>&1
+  if ! wine_await "$answers" "$debian_root_process" || ! TOLVANE_X86_ROOT=$(cat "$number"); then
+    x86_leave
+    return 1
+  fi
   export TOLVANE_X86_ROOT
 }
 
@@ -108,5 +111,5 @@ x86_describe() {
   x86_entry=(--user "$x86_user" --bind "$root")
   [ ! -d /tmp/.X11-unix ] || x86_entry+=(--bind /tmp/.X11-unix)
   x86_environment=(PATH="$debian_root_path" HOME="$home" DISPLAY="${DISPLAY:-}"
-    TOLVANE_DISPLAY="${TOLVANE_DISPLAY:-}" WINEARCH=win32 TOLVANE_WINE_PREFIX="$x86_prefix")
+    TOLVANE_DISPLAY="${TOLVANE_DISPLAY:-}" WINEARCH=win32 TOLVANE_WINE_PREFIX="$x86_prefix" TOLVANE_DPI="${TOLVANE_DPI:-}")
 }

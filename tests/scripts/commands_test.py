@@ -25,6 +25,10 @@ MOST_WHOLE = 999_999_999
 HEAVY = ("apt-get", "sudo", "dpkg-query", "cmake", "ninja", "wine", "wineserver", "Xvfb", "convert")
 NOBODY = 65534
 LIVE_USE = re.escape("--log - takes lines from a pipe, as in: candump -L can0 | scripts/demo --log -")
+# What the measuring programs of bench/compare tell.
+FIGURES = ("rows", "regions", "live_tick", "baseline_tick", "first_tick_empty", "first_tick_full", "longest_rows",
+           "longest_tick", "tolvane_start", "empty_start", "tolvane_resident", "empty_resident", "flush", "flush_longest",
+           "search", "search_longest")
 GOOD_LINE = "(1502984866.421964) can0 123#0102\n"
 
 
@@ -283,19 +287,72 @@ class Options(Place):
         self.refuses("--arch is for the parts ticks, start and flush alone: leave it away", "bench/compare", "--only", "logs",
                      "--arch", "x86")
 
-    def test_the_parts_of_the_window_share_a_session(self):
+    def play_wine(self, script: str) -> None:
+        """With all that is built, and a prefix."""
         self.play_installed()
-        for name, script in (("cmake", "exit 0"), ("x86_64-w64-mingw32-objcopy", "exit 0"),
-                             ("wineserver", "exit 0"), ("Xvfb", "echo 77 >&3; exec sleep 60"),
-                             ("wine", r'printf "rows\t1\nlive_tick\t10\nbaseline_tick\t20\ntolvane_start\t10\nempty_start\t20\n"')):
-            self.play(name, script)
+        for name, words in (("cmake", "exit 0"), ("x86_64-w64-mingw32-objcopy", "exit 0"), ("wineserver", "exit 0"),
+                            ("Xvfb", "echo 77 >&3; exec sleep 60"), ("wine", script)):
+            self.play(name, words)
         for name in ("wine-prefix-run/drive_c/windows/system32/a.dll", "wine-prefix-run/tolvane-ready",
                      "windows-x64/simulator/canusbdrv.dll"):
             (self.project / "build" / name).parent.mkdir(parents=True, exist_ok=True)
             (self.project / "build" / name).touch()
-        ended = self.run_script("bench/compare", "--only", "start", "--only", "ticks")
+
+    def play_measurements(self, *left_out: str) -> None:
+        told = "".join(rf"{name}\t10\n" for name in FIGURES if name not in left_out)
+        self.play_wine(f"printf '{told}'")
+
+    def test_the_parts_of_the_window_share_a_session(self):
+        self.play_measurements()
+        ended = self.run_script("bench/compare", "--only", "start", "--only", "ticks", "--only", "flush")
         self.assertEqual((0, ""), (ended.status, ended.errors))
         self.assertRegex(ended.said, r"\n\| x64 \| whole tick, .*\n\| x64 \| start to window, ")
+        self.assertIn("\n| x64 | a flush of 20001 records with eight bytes | 0.01 ms, longest 0.01 ms | at most 3 ms |\n",
+                      ended.said)
+
+    def test_a_figure_that_is_missing_is_a_failure(self):
+        for part, name in (("ticks", "regions"), ("ticks", "baseline_tick"), ("ticks", "longest_rows"),
+                           ("start", "tolvane_start"), ("start", "empty_resident"), ("flush", "search_longest")):
+            self.play_measurements(name)
+            ended = self.run_script("bench/compare", "--only", part)
+            file = self.project / f"build/compare/{part}-x64.txt"
+            self.assertEqual((1, f"error: the figure {name} is missing in {file}\n"), (ended.status, ended.errors))
+            self.assertNotIn("|", ended.said)
+
+    def test_a_rate_that_is_missing_is_a_failure(self):
+        self.play_installed()
+        self.play("cmake", "exit 0")
+        bench = self.project / "build/native/bench/receive_bench"
+        bench.parent.mkdir(parents=True)
+        row = '"{}/canusb_11bit/2047_median",3,5e7\n'
+        for second, status in (("ReceiveAndLog", 0), ("Other", 1)):
+            told = "name,iterations,items_per_second\n" + row.format("Receive") + row.format(second)
+            bench.write_text(f"#!/bin/sh\ncat <<'END'\n{told}END\n")
+            bench.chmod(0o755)
+            ended = self.run_script("bench/compare", "--only", "receive")
+            self.assertEqual(status, ended.status, ended.errors)
+        self.assertEqual("error: the figure ReceiveAndLog/canusb_11bit/2047_median is missing in "
+                         f"{self.project}/build/compare/receive.csv\n", ended.errors)
+
+    def test_a_part_that_was_named_is_not_left_out(self):
+        self.play("dpkg-query", 'case "$*" in *can*) exit 1 ;; *) printf installed ;; esac')
+        self.play("apt-get", "exit 1")
+        self.play("sudo", "exit 1")
+        for part in ("logs", "conversions"):
+            ended = self.run_script("bench/compare", "--only", part)
+            self.assertEqual(1, ended.status)
+            self.assertRegex(ended.errors, f"error: {part}: the packages can-utils python3-can cannot be installed\n\\Z")
+
+    def test_the_names_that_earlier_logs_have_taken_are_in_a_folder_of_any_name(self):
+        self.play_wine("exit 1")
+        soak = self.project / "build/native/tests/soak/tolvane_soak"
+        soak.parent.mkdir(parents=True)
+        soak.write_text("#!/bin/sh\n")
+        soak.chmod(0o755)
+        errors = self.run_script("tests/soak/run", "--taken", "2").errors
+        names = sorted(path.name[10:] for path in (self.project / "build/soak/x64-short/program").glob("KL*"))
+        self.assertEqual(["-001.csv", "-002.csv"], sorted(set(names)), errors)
+        self.assertEqual("error: the program does not start\n", errors)
 
     def test_what_a_measured_tool_complains_of_is_told_where(self):
         self.play_installed()
@@ -455,8 +512,33 @@ class Places(Place):
         self.play_installed()
         self.refuses("a release is made of a commit, and git says: fatal: not a git repository .*", "package")
 
+    def test_a_folder_for_pictures_is_made_when_the_recording_is_good(self):
+        out = self.folder / "-new"
+        for content, is_made in (("?\n", False), (GOOD_LINE, True)):
+            ended = self.run_script("demo", "--log", self.file("bus.log", content), "--out=-new")
+            self.assertEqual((is_made, is_made), (out.exists(), "dpkg-query" in ended.begun))
+        self.assertNotIn("realpath", ended.errors + self.run_script("pictures", "--out=-new").errors)
+
+    def test_a_project_whose_path_the_bench_cannot_be_told_is_refused(self):
+        for name, reason in ((b"a\nb", "holds a line break or another control character"), (b"caf\xe9", "is not UTF-8"),
+                             (b"last\n", "holds a line break or another control character")):
+            self.project = self.project.rename(os.fsdecode(os.fsencode(self.folder) + b"/" + name))
+            for script in SCRIPTS:
+                self.refuses(rf"the path of the project \S*'[^\n]* {reason}: copy it to another place", script)
+                self.assertEqual(0, self.run_script(script, "--help").status)
+            self.assertFalse((self.project / "build").exists())
+
+    def test_a_warning_of_git_does_not_come_into_a_release(self):
+        self.play_installed()
+        self.play("git", 'echo "warning: odd" >&2; case "$*" in *rev-parse*) echo 4711 ;; *log*) echo 1 ;; esac')
+        script = self.project / "scripts/package"
+        text = script.read_text()
+        self.assertIn("\nlock_alone ", text)
+        script.write_text(text.replace("\nlock_alone ", '\necho "of $commit"; exit\nlock_alone '))
+        self.assertEqual("of 4711\n", self.run_script("package").said)
+
     def test_a_screen_has_one_of_four_resolutions(self):
-        for name in WITH_WINE:
+        for name in (*WITH_WINE, "test"):
             self.refuses("TOLVANE_DPI is 96, 120, 144 or 192, not 'abc'", name, environment={"TOLVANE_DPI": "abc"})
             self.assertEqual(0, self.run_script(name, "--help", environment={"TOLVANE_DPI": "abc"}).status)
 

@@ -74,6 +74,11 @@ class Packages(PlayedMachine):
         self.play("dpkg-query", "printf installed")
         self.assertEqual((0, [], []), self.need("build_x64", "build_x86", "run", "checks"))
 
+    def test_the_locale_is_found_among_many(self):
+        self.play("dpkg-query", "printf installed")
+        self.play("locale", "echo ja_JP.utf8; printf 'xx_XX.utf8 %s\\n' {1..100000}")
+        self.assertEqual((0, [], []), self.need("run"))
+
     def test_old_package_lists_are_fetched_anew(self):
         self.play("apt-get", f'echo "$*" >>"{self.calls}"; case $1 in update) touch "{self.folder}/new" ;; '
                              f'install) [ -e "{self.folder}/new" ] ;; esac')

@@ -36,6 +36,14 @@ class Services(PlayedMachine):
         self.play("wine", "exit 1")
         self.assertEqual((0, ["failed"]), self.bash(STAY, "wine"))
 
+    def test_one_that_never_answers_is_told(self):
+        self.play("wine", "exec sleep 3")
+        self.assertEqual((0, ["failed"]), self.bash("wine_patience=1\n" + STAY, "wine"))
+
+    def test_a_signal_meanwhile_leaves_no_file(self):
+        self.assertEqual(143, self.bash('wine() { kill "$$"; sleep 3; }\n' + STAY, "wine")[0])
+        self.assertEqual([], list(self.folder.glob("tmp.*")))
+
     def test_a_program_leaves_no_entries_in_the_users_menus(self):
         self.play("wine", 'echo "$WINEDLLOVERRIDES" >>"$HOME/told"; [ "$*" != "wineboot --init" ]')
         self.assertEqual(1, self.bash('wine x; WINEPREFIX=$HOME/prefix wine_make_template', "wine")[0])
