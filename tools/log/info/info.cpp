@@ -33,7 +33,7 @@ std::string InfoOf(const std::vector<LogRun>& runs, const InfoWishes& wishes, Lo
                            .statistics = statistics,
                            .judged = judged,
                            .frames_of_files = reader.FramesOfFiles(),
-                           .seams = OddSeams(runs[i], reader.FramesOfFiles()),
+                           .seams = OddSeams(runs[i], reader),
                            .mended = reader.WhatWasMended(),
                            .clock = reader.Clock(),
                            .mends_clock = wishes.mends_clock,
