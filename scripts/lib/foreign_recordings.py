@@ -69,7 +69,7 @@ class Unread(logging.Handler):
 class ForeignRecording:
     """Raises Missing without python3-can."""
     plays_itself = False
-    adapter, rate, followers, missing = "canusb", None, 0, ""
+    adapter, rate, followers, oddities = "canusb", None, 0, ""
     noun = "frame"  # what a bad one is called
 
     def __init__(self, path: str) -> None:

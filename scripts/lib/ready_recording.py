@@ -34,7 +34,7 @@ PROGRESS_FRAMES, PROGRESS_SECONDS = 10_000, 5
 class Candump:
     """What the bench plays as it is."""
     plays_itself = True
-    adapter, rate, followers, missing, cut, noun = "canusb", None, 0, "", "", "line"
+    adapter, rate, followers, oddities, cut, noun = "canusb", None, 0, "", "", "line"
 
     def __init__(self, path: str) -> None:
         self.path = path
@@ -58,9 +58,16 @@ class RunLogs:
         return self.run.files - 1
 
     @property
-    def missing(self) -> str:
-        places = self.run.missing
-        return f"; files seem to be missing, by the names, {', '.join(places)}" if places else ""
+    def oddities(self) -> str:
+        told = []
+        if self.run.missing:
+            told.append(f"files seem to be missing, by the names, {', '.join(self.run.missing)}")
+        if self.run.left:
+            told.append(self.run.left)
+        if self.run.clock.found:
+            told.append(f"the adapter's clock jumps at {self.run.clock_place} by {self.run.clock.found.jump:g} ms, "
+                        "which is played as a silence")
+        return "".join(f"; {text}" for text in told)
 
     def frames(self) -> Iterator[rec.Frame | rec.BadLine]:
         return self.run.frames()
@@ -137,7 +144,7 @@ def read_through(source, path: str, out) -> Contents:
 
 def facts(source, contents: Contents, path: str, converted: str) -> Iterator[tuple[str, str]]:
     followers = f", with {counted(source.followers, 'file')} that {'follows' if source.followers == 1 else 'follow'} it"
-    yield "say", contents.summary() + (followers if source.followers else "") + source.missing + source.cut
+    yield "say", contents.summary() + (followers if source.followers else "") + source.oddities + source.cut
     yield "play", os.path.realpath(path if source.plays_itself else converted)
     yield "ids", source.ids(contents.ids()) if isinstance(source, RunLogs) else contents.ids()
     yield "adapter", contents.adapter(source.adapter)

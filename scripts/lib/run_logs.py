@@ -7,10 +7,11 @@ from collections.abc import Iterator
 from typing import NamedTuple
 
 import recording as rec
+from clock_jump import ClockJump, wrap_of
 
 RECORDS_PER_FILE = 20_001
 FIRST_WORDS = b"Tolvane Ver"
-NAME = re.compile(r"KL(?P<hour>\d{8})-(?P<number>\d{3,4})\.csv", re.IGNORECASE)
+NAME = re.compile(r"KL(?P<hour>\d{8})-(?P<number>\d{3,9})\.csv", re.IGNORECASE | re.ASCII)
 # The head is in a code page of Japan, and what is looked for in it is not. Only a settings file brings line ends into
 # a comment, which has fifty characters.
 WRITTEN_LINE, ADAPTER_LINE, COMMENT_LINE, COLUMNS_LINE = 2, 3, 5, 7
@@ -24,7 +25,7 @@ RECORD = re.compile(
     rb" *(?P<time>-?(?:\d+\.?\d*|\.\d+)(?:E[+-]?\d+)?) , (?:(?P<mark>[* ]) , )?"
     rb"(?P<identifier>[0-9A-Fa-f]+) , (?P<length>-?\d+)(?: ,  (?P<data>[0-9A-Fa-f]{2}(?:,[0-9A-Fa-f]{2}){0,7}))?")
 LONGEST_TIME = 1e13  # ms
-LENGTH_MAX = 2**31 - 1
+LENGTHS = range(-2**31, 2**31)
 
 
 class Head(NamedTuple):
@@ -77,7 +78,7 @@ def read_record(line: bytes, marked: bool) -> Record | None:
     extended = match["mark"] == b"*"
     data = bytes.fromhex((match["data"] or b"").replace(b",", b"").decode())
     highest = rec.MAX_EXTENDED if extended else rec.MAX_STANDARD
-    if abs(time) > LONGEST_TIME or identifier > highest or abs(length) > LENGTH_MAX or len(data) != min(max(length, 0), 8):
+    if abs(time) > LONGEST_TIME or identifier > highest or length not in LENGTHS or len(data) != min(max(length, 0), 8):
         return None
     return Record(time, identifier, extended, length, data)
 
@@ -129,16 +130,17 @@ def is_log(first_bytes: bytes) -> bool:
     return first_bytes.startswith(FIRST_WORDS) or COLUMNS_11 in first_bytes or COLUMNS_29 in first_bytes
 
 
-def goes_on(log: Log, before: Log, last_time: float | None) -> bool:
-    """Whether a file is of the run of the one ahead of it, which ends at this time; None when nothing of the run has a
-    record. A run begins with another head, where the time goes back, and at 0 unless all its times are."""
-    if log.head != before.head:
+def goes_on(log: Log, last: Log, last_time: float | None) -> bool:
+    """Whether a file is of the run whose last file with a record this is, which ends at this time; the first file and None
+    when nothing of the run has a record. A run begins with another head, where the time goes back, and at 0 unless all
+    its times are."""
+    if log.head != last.head:
         return False
     first = log.first_time()
     if first is None:
         return True
     if first == 0:
-        return last_time == 0 and before.full()
+        return last_time == 0 and last.full()
     return last_time is None or first >= last_time
 
 
@@ -174,7 +176,10 @@ class Run:
         self.first = Log(pathlib.Path(path))
         self.files = 0
         self.missing: list[str] = []
-        self.last_time: float | None = None
+        self.left = ""  # the file that seems to belong to the run and is not played, and why
+        self.last, self.last_time = self.first, None  # of the last file with a record
+        self.clock = ClockJump(wrap_of(self.first.head.adapter))
+        self.clock_place = ""  # of the record behind the jump
 
     def frames(self) -> Iterator[rec.Frame | rec.BadLine]:
         log: Log | None = self.first
@@ -187,20 +192,27 @@ class Run:
         for number, line in enumerate(log.lines, log.head_lines + 1):
             frame = log.frame(line, number)
             if frame is not None:
-                self.last_time = frame.microseconds / 1000
+                self.last, self.last_time = log, frame.microseconds / 1000
+                if self.clock.follow(self.last_time):
+                    self.clock_place = f"line {number} of {log.path.name}"
                 yield frame
             elif not is_block(line, log.marked):
                 yield rec.BadLine(number, line, log.path.name)
 
     def next(self, log: Log) -> Log | None:
-        name = follower_name(log.path) if log.full() else None
+        name = follower_name(log.path)
         if name is None:
             return None
         try:
             follower = Log(name)
+            is_of_run = goes_on(follower, self.last, self.last_time)
         except rec.Refused:
-            return None
-        if not goes_on(follower, log, self.last_time):
+            is_of_run = False
+        if log.full() and not is_of_run:
+            self.left = f"{name.name} beside it is not played, as it is no log of this run"
+        elif not log.full() and is_of_run:
+            self.left = f"{name.name} beside it is not played, as {log.path.name} is not full"
+        if not log.full() or not is_of_run:
             return None
         if numbers_between(log.path, name) > 0:
             self.missing.append(f"between {log.path.name} and {name.name}")

@@ -25,7 +25,7 @@ stage_table=(
   "sanitizers  native_tests clang books can_tools"
   "fuzz        native_tests clang"
   "soak        native_tests"
-  "commands    build_x64 run"
+  "commands    build_x64 run foreign_recordings"
   "wine        build_x64 run windows_tests"
   "window      build_x64 run windows_tests"
   "replay      build_x64 run"

@@ -197,6 +197,9 @@ class Progress(Readied):
 
 
 class Followers(Readied):
+    def say(self) -> str:
+        return self.facts(str(self.folder / "KL26010509-001.csv"))["say"]
+
     def count(self, first: str = "KL26010509-001.csv") -> int:
         return len(self.played(str(self.folder / first)))
 
@@ -209,8 +212,10 @@ class Followers(Readied):
         path = str(self.folder / "KL26010509-998.csv")
         self.assertEqual([f"({n // 1000}.{n % 1000:03}000)" for n in range(60_004)],
                          [line.split()[0] for line in self.played(path)])
-        self.assertTrue(self.facts(path)["say"].endswith(", with 3 files that follow it"))
-        self.assertTrue(self.facts(str(self.folder / "KL26010509-1000.csv"))["say"].endswith(", with 1 file that follows it"))
+        self.assertTrue(self.facts(path)["say"].endswith(
+            ", with 3 files that follow it; KL26010510-002.csv beside it is not played, as KL26010510-001.csv is not full"))
+        self.assertTrue(self.facts(str(self.folder / "KL26010509-1000.csv"))["say"].partition("; ")[0]
+                        .endswith(", with 1 file that follows it"))
 
     def test_are_those_of_the_same_run(self):
         self.file("KL26010509-001.csv", full())
@@ -227,6 +232,31 @@ class Followers(Readied):
         self.file("KL26010509-001.csv", full(records=20_000))
         self.file("KL26010509-002.csv", log("     20001 , 123 , 0"))
         self.assertEqual(20_000, self.count())
+        self.assertIn("; KL26010509-002.csv beside it is not played, as KL26010509-001.csv is not full", self.say())
+        self.file("KL26010509-002.csv", log("         0 , 123 , 0"))
+        self.assertNotIn("beside it", self.say(), "that is the next run")
+
+    def test_that_a_full_log_should_have_and_has_not_are_told(self):
+        self.file("KL26010509-001.csv", full())
+        self.assertNotIn("beside it", self.say())
+        for content in (log("         0 , 123 , 0"), log("     20001 , 123 , 0", rate="1M"), b"hello"):
+            self.file("KL26010509-002.csv", content)
+            self.assertIn("; KL26010509-002.csv beside it is not played, as it is no log of this run", self.say())
+
+    def test_of_zeros_alone_go_on_behind_one_without_records(self):
+        self.file("KL26010509-001.csv", log(*["         0 , 123 , 0"] * 20_001))
+        self.file("KL26010509-002.csv", log(*["x"] * 20_001))
+        self.file("KL26010509-003.csv", log("         0 , 123 , 0"))
+        self.assertEqual(20_002, self.count())
+
+    def test_behind_a_jump_of_the_clock_are_told_with_it(self):
+        self.file("KL26010509-001.csv", full())
+        self.file("KL26010509-002.csv", log("     60001 , 123 , 0", "     60002 , 123 , 0"))
+        jump = "; the adapter's clock jumps at line 9 of KL26010509-002.csv by 40000 ms, which is played as a silence"
+        self.assertTrue(self.say().endswith(jump), self.say())
+        self.file("KL26010509-001.csv", full(adapter="Kvaser Leaf"))
+        self.file("KL26010509-002.csv", log("     60001 , 123 , 0", adapter="Kvaser Leaf"))
+        self.assertNotIn("clock", self.say(), "that never starts over")
 
     def test_are_not_looked_for_beside_a_log_with_a_name_of_its_own(self):
         self.file("mine.csv", full())

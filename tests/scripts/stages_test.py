@@ -61,6 +61,11 @@ class Stages(unittest.TestCase):
         self.bash('for stage in $(all_stages); do declare -F "stage_$stage"; done')
         self.bash('for group in $(stage_groups $(all_stages)); do list=packages_$group; : "${!list:?}"; done')
 
+    def test_the_stage_of_the_commands_has_the_packages_that_their_check_needs(self):
+        needed = re.search("^need_packages (.*)$", (PROJECT / "tests/scripts/commands_check").read_text(), re.MULTILINE)
+        self.assertEqual(needed[1], self.bash("stage_groups commands").strip())
+        self.assertIn("foreign_recordings", needed[1].split(), "a recording of another tool is played")
+
     def test_what_is_built_by_name_is_built_by_a_stage(self):
         for stage, targets in {"unit": "native", "sanitizers": "native-sanitize", "x86": "windows-x86",
                                "soak": "native soak_tests tolvane_soak benchmarks",

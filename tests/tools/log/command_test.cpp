@@ -72,6 +72,8 @@ TEST_F(LogCommand, WordsThatAreNotUnderstoodAreToldAndStatusTwo) {
       {{"info", "--gap=0.5", "a.csv"}, "--gap is a number of cycles from 1 to 1000000, not '0.5'"},
       {{"info", "--json=1", "a.csv"}, "no such option of info: --json=1"},
       {{"convert", "--to=asc", "--out=", "a.csv"}, "--out needs the name of a file"},
+      {{"info", ""}, "an empty word names no file"},
+      {{"convert", "--to", "asc", "a.csv", "--", ""}, "an empty word names no file"},
       {{"info", "a.csv", "b.csv", "a.csv"}, "this file is named twice: a.csv"},
   };
   for (const auto& [words, refusal] : rows) {
@@ -163,6 +165,21 @@ TEST_F(LogCommand, FullFilesThatFollowEachOtherAreNothingToTell) {
   EXPECT_EQ(Run(Files({"convert", "--to", "candump"})), 0);
   EXPECT_EQ(messages, "tolvane-log: 50000 frames of 3 files, from " + Path("001") + " to " +
                           Path("003") + "\n");
+}
+
+TEST_F(LogCommand, AFullFileWithABadLineIsFull) {
+  for (int i = 0; i < 30'000; ++i) {
+    db.csv_DataInput(0.0, 0x100, 1, kBytes);
+    RollOver();
+  }
+  Flush(2);
+  TakeFiles();
+  std::string& first = log_files.texts[Path("001")];
+  first.replace(first.rfind("100 ,"), 3, "x00");
+  EXPECT_EQ(Run(Files({"convert", "--keep", "--to", "candump"})), 1);
+  EXPECT_TRUE(messages.ends_with("tolvane-log: 29999 frames of 2 files, from " + Path("001") +
+                                 " to " + Path("002") + "\n"))
+      << messages;
 }
 
 TEST_F(LogCommand, AFileThatBeginsBeforeTheEndOfTheOneAheadIsOfAnotherRun) {
@@ -309,21 +326,40 @@ TEST_F(LogCommand, TheClockJumpIsMendedWhenAskedFor) {
   TakeFiles();
   EXPECT_EQ(Run(Files({"convert", "--to", "csv"})), 0);
   EXPECT_NE(output.find(",60010,"), std::string::npos);
-  EXPECT_NE(messages.find("not mended, see --mend-clock: the clock jump of 20005 ms behind 40000 "
-                          "ms, right to 5 ms (a silence that ends just there looks the same)\n"),
-            std::string::npos)
+  EXPECT_NE(
+      messages.find("not mended, see --mend-clock: the clock jump of 20005 ms behind 40000 "
+                    "ms, right to 5 ms if the bus was not silent there (a silence that ends just "
+                    "there looks the same)\n"
+                    "tolvane-log: absolute times ahead of the jump are too early by its "
+                    "length\n"),
+      std::string::npos)
       << messages;
   EXPECT_EQ(Run(Files({"convert", "--to", "csv", "--mend-clock"})), 0);
   EXPECT_EQ(output.find(",60010,"), std::string::npos);
   EXPECT_NE(output.find(",40005,"), std::string::npos);
   EXPECT_NE(messages.find("mended: the clock jump of 20005 ms"), std::string::npos);
+  EXPECT_EQ(messages.find("absolute times"), std::string::npos) << messages;
   EXPECT_NE(output.find("\n2026-11-20 09:04:26.905000,0,"), std::string::npos)
       << "the last record is as old as the head in either case";
   EXPECT_EQ(Run(Files({"info", "--mend-clock"})), 0);
-  EXPECT_NE(output.find("clock jump    20005 ms behind 40000 ms, right to 5 ms\n"),
-            std::string::npos);
+  EXPECT_NE(
+      output.find("clock jump    20005 ms behind 40000 ms, right to 5 ms if the bus was not silent "
+                  "there\n"),
+      std::string::npos);
   EXPECT_NE(output.find("gap or span, and is taken out of the times\n"), std::string::npos);
   EXPECT_NE(output.find("silent longer than 5 cycles: none"), std::string::npos);
+}
+
+TEST_F(LogCommand, AClockJumpBehindTheFirstFileShiftsTheDatesBehindIt) {
+  for (int i = 0; i <= 4000; ++i) db.csv_DataInput(i * 10, 0x100, 0, kBytes);
+  RollOverNow();
+  for (int i = 1; i <= 10; ++i) db.csv_DataInput(60'000 + i * 10, 0x100, 0, kBytes);
+  Flush(2);
+  TakeFiles();
+  EXPECT_EQ(Run(Files({"convert", "--to", "csv"})), 0);
+  EXPECT_NE(messages.find("absolute times behind the jump are too late by its length\n"),
+            std::string::npos)
+      << messages;
 }
 
 }  // namespace

@@ -56,6 +56,19 @@ TEST(LongestSilences, TheShortestGoesFirst) {
   EXPECT_EQ(kept, (std::vector<double>{3.0, 4.0, 5.0}));
 }
 
+TEST(LongestSilences, OfEquallyLongOnesTheFirstStay) {
+  LongestSilences silences(3);
+  for (const double length : {5.0, 7.0, 5.0, 5.0, 5.0, 9.0}) {
+    const double begin = 100.0 * static_cast<double>(silences.Kept().size() + silences.LeftOut());
+    silences.Add({{begin, 0.0}, {begin + length, 0.0}});
+  }
+  std::vector<double> begins;
+  for (const Silence& silence : silences.Kept()) begins.push_back(silence.begin);
+  std::ranges::sort(begins);
+  EXPECT_EQ(begins, (std::vector<double>{0.0, 100.0, 500.0}));
+  EXPECT_EQ(silences.LeftOut(), 3U);
+}
+
 /// Statistics of frames that come every so many ms.
 class Gaps : public ::testing::Test {
  protected:
@@ -80,11 +93,21 @@ class Gaps : public ::testing::Test {
       }
     }
     std::ranges::stable_sort(frames, {}, &LogFrame::time);
-    for (const LogFrame& frame : frames) run.Add(frame, 0.0);
-    return JudgeRun(run, 5.0);
+    for (const LogFrame& frame : frames) Add(frame, 0.0);
+    return Judged();
+  }
+  void Add(const LogFrame& frame, double ahead) {
+    run.Add(frame, ahead);
+    added.emplace_back(frame, ahead);
+  }
+  JudgedRun Judged() {
+    GapFinder finder(run, 5.0);
+    for (const auto& [frame, ahead] : added) finder.Add(frame, ahead);
+    return finder.Result();
   }
 
   RunStatistics run;
+  std::vector<std::pair<LogFrame, double>> added;
 };
 
 TEST_F(Gaps, ACompleteLogHasNone) {
@@ -193,9 +216,49 @@ TEST_F(Gaps, OfAllAreCountedBeyondThoseThatAreKept) {
   const JudgedRun judged = Judged({{0x100, 10.0}}, 599'990.0, [](auto, double time) {
     return std::fmod(time, 1000.0) >= 500.0;
   });
-  EXPECT_EQ(judged.gaps.size(), RunStatistics::kSilences_MAX);
+  EXPECT_EQ(judged.gaps.size(), GapFinder::kCommon_MAX);
   EXPECT_EQ(judged.gaps.size() + judged.gaps_left_out, 599U);
   EXPECT_EQ(judged.identifiers[0].lost.gaps, 599U);
+}
+
+// Once a second all are silent for equally long, more often than gaps are kept.
+TEST_F(Gaps, OfAllThatAreEquallyLongAreNoneOfAnIdentifier) {
+  const JudgedRun judged =
+      Judged({{0x100, 10.0}, {0x200, 97.0}}, 1'099'990.0,
+             [](auto, double time) { return std::fmod(time, 1000.0) >= 400.0; });
+  ASSERT_TRUE(judged.identifiers[1].regular);
+  EXPECT_EQ(judged.gaps.size(), GapFinder::kCommon_MAX);
+  EXPECT_EQ(judged.gaps.size() + judged.gaps_left_out, 1099U);
+  for (const Gap& gap : judged.gaps) EXPECT_EQ(gap.identifier, nullptr) << gap.silence.begin;
+}
+
+TEST_F(Gaps, OfOneIdentifierAreToldBesideAnyNumberOfAll) {
+  const JudgedRun judged =
+      Judged({{0x100, 10.0}, {0x200, 25.0}}, 1'099'990.0, [](auto id, double time) {
+        const bool is_alone = id == 0x200 && std::fmod(time, 100'000.0) >= 50'000.0 &&
+                              std::fmod(time, 100'000.0) < 50'300.0;
+        return std::fmod(time, 1000.0) >= 400.0 || is_alone;
+      });
+  std::uint64_t own = 0;
+  for (const Gap& gap : judged.gaps) {
+    if (gap.identifier == nullptr) continue;
+    ++own;
+    EXPECT_EQ(gap.identifier->id, 0x200U);
+    EXPECT_EQ(std::fmod(gap.silence.end, 100'000.0), 50'300.0);
+  }
+  EXPECT_EQ(own, 11U);
+  EXPECT_EQ(judged.gaps.size() + judged.gaps_left_out, 1099U + 11U);
+}
+
+// The slow one misses the moment at which the others are back.
+TEST_F(Gaps, TwoOfAllTogetherAreNoneOfAnIdentifier) {
+  const JudgedRun judged =
+      Judged({{0x100, 10.0}, {0x200, 1000.0}}, 120'000.0, [](auto id, double time) {
+        const bool is_back = id == 0x100 && time >= 40'100.0 && time <= 40'200.0;
+        return time > 20'000.0 && time < 60'000.0 && !is_back;
+      });
+  EXPECT_EQ(judged.gaps.size(), 2U);
+  for (const Gap& gap : judged.gaps) EXPECT_EQ(gap.identifier, nullptr) << gap.silence.begin;
 }
 
 TEST_F(Gaps, AreNotJudgedWhereNoIdentifierIsRegular) {
@@ -207,15 +270,14 @@ TEST_F(Gaps, AreNotJudgedWhereNoIdentifierIsRegular) {
 
 TEST_F(Gaps, AJumpOfTheClockIsInNoCycleAndNoSilence) {
   const auto add = [&](double time, std::uint32_t id, double ahead) {
-    run.Add({.time = time, .id = id, .extended = false, .bytes = 0, .length = 0, .data = {}},
-            ahead);
+    Add({.time = time, .id = id, .extended = false, .bytes = 0, .length = 0, .data = {}}, ahead);
   };
   for (double time = 0.0; time < 1000.0; time += 10.0) add(time, 0x100, 0.0);
   for (double time = 1000.0; time < 2000.0; time += 10.0) {
     add(time + 30'000.0, 0x100, 30'000.0);
     add(time + 30'000.0, 0x200, 30'000.0);
   }
-  const JudgedRun judged = JudgeRun(run, 5.0);
+  const JudgedRun judged = Judged();
   ASSERT_EQ(judged.gaps.size(), 1U) << "of the one that came later";
   EXPECT_EQ(judged.gaps[0].identifier->id, 0x200U);
   EXPECT_EQ(judged.gaps[0].silence.end, 31'000.0);
@@ -233,10 +295,10 @@ TEST_F(Gaps, ALoneFrameHasNoCycleAndNoGap) {
 
 TEST_F(Gaps, ATimeThatStepsBackIsNoCycle) {
   for (const double time : {0.0, 10.0, 20.0, 5.0, 15.0}) {
-    run.Add({.time = time, .id = 1, .extended = false, .bytes = 0, .length = 0, .data = {}}, 0.0);
+    Add({.time = time, .id = 1, .extended = false, .bytes = 0, .length = 0, .data = {}}, 0.0);
   }
   EXPECT_EQ(run.StepsBack(), 1U);
-  EXPECT_EQ(JudgeRun(run, 5.0).identifiers[0].statistics->cycles.Longest(), 10.0);
+  EXPECT_EQ(Judged().identifiers[0].statistics->cycles.Longest(), 10.0);
 }
 
 TEST(ReportTexts, AreThoseOfTheLog) {
@@ -344,7 +406,8 @@ TEST_F(Info, OfACompleteLogWithAJumpOfTheClockTellsTheJumpAndNoGap) {
   Flush(2);
   const std::string text = Of({});
   EXPECT_NE(text.find("  span          199.99 s\n"
-                      "  clock jump    30000 ms behind 30000 ms, right to 0 ms\n"
+                      "  clock jump    30000 ms behind 30000 ms, right to 0 ms if the bus was not "
+                      "silent there\n"
                       "                it is no silence: it counts in no cycle, gap or span, and "
                       "the times have it (see --mend-clock)\n"
                       "                a silence that ends just there looks the same\n"),
@@ -356,7 +419,7 @@ TEST_F(Info, OfACompleteLogWithAJumpOfTheClockTellsTheJumpAndNoGap) {
   EXPECT_NE(text.find("  silent longer than 5 cycles: none\n"), std::string::npos);
   const std::string json = Of({.as_json = true});
   EXPECT_NE(json.find("\"clock_jump\": {\"at_ms\": 30000, \"jump_ms\": 30000, \"doubt_ms\": 0, "
-                      "\"in_times\": true, \"in_silences\": false}"),
+                      "\"in_times\": true}"),
             std::string::npos)
       << json;
   EXPECT_NE(json.find("\"last_ms\": 229990, \"span_ms\": 199990"), std::string::npos) << json;

@@ -39,6 +39,12 @@ class Program(unittest.TestCase):
         with open(self.folder / "a.csv", "rb") as log:
             self.assertEqual(0, self.run_tool("info", "/dev/stdin", stdin=log).returncode)
 
+    def test_a_file_that_is_named_twice_by_two_paths_is_told(self):
+        (self.folder / "link.csv").symlink_to("a.csv")
+        for other in ("./a.csv", "link.csv", str(self.folder / "a.csv")):
+            for command in (["info"], ["convert", "--to", "asc"]):
+                self.refuses(f"{other}: this file is named twice, also as a.csv", *command, "a.csv", other)
+
     def test_what_cannot_be_opened_is_told_with_the_reason(self):
         self.refuses(".: this is a folder", "info", ".")
         self.refuses("gone.csv: this file cannot be opened: No such file or directory", "info", "gone.csv")

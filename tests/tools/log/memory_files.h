@@ -55,13 +55,13 @@ class MemoryFiles final : public LogFiles {
  public:
   Opened<ByteSource> Open(const std::string& path) override {
     const auto found = texts.find(path);
-    if (found == texts.end()) return {nullptr, "this file cannot be opened: it is not there"};
-    return {std::make_unique<TextSource>(found->second, 1'000'000, path == unreadable), {}};
+    if (found == texts.end()) return {nullptr, "this file cannot be opened: it is not there", {}};
+    return {std::make_unique<TextSource>(found->second, 1'000'000, path == unreadable), {}, {}};
   }
   Opened<ByteSink> Create(const std::string& path) override {
     const auto [place, is_new] = texts.try_emplace(path);
-    if (!is_new) return {nullptr, kIsThere};
-    return {std::make_unique<TextSink>(place->second), {}};
+    if (!is_new) return {nullptr, kIsThere, {}};
+    return {std::make_unique<TextSink>(place->second), {}, {}};
   }
   void Remove(const std::string& path) override { texts.erase(path); }
 

@@ -8,6 +8,8 @@
 #include "tests/logging/log_test.h"
 #include "tests/tools/log/memory_files.h"
 #include "tools/log/reading/csv_log.h"
+#include "tools/log/runs/clock_jump.h"
+#include "tools/log/runs/log_order.h"
 #include "tools/log/runs/log_run.h"
 
 namespace tolvane::logtool {
@@ -81,8 +83,8 @@ constexpr RunsRow kRuns[] = {
 #include "tests/tools/log/log_runs.inc"
 };
 
-std::string Records(const std::string& times) {
-  std::ostringstream text;
+std::vector<long> Times(const std::string& times) {
+  std::vector<long> found;
   std::istringstream parts(times);
   for (std::string part; std::getline(parts, part, ',');) {
     char* behind = nullptr;
@@ -91,9 +93,15 @@ std::string Records(const std::string& times) {
     const long last = rest.starts_with("..") ? std::stol(rest.substr(2)) : first;
     const long count = rest.starts_with("*") ? std::stol(rest.substr(1)) : last - first + 1;
     for (long i = 0; i < count; ++i) {
-      text << std::setw(10) << (last > first ? first + i : first) << " , 123 , 0\r\n";
+      found.push_back(last > first ? first + i : first);
     }
   }
+  return found;
+}
+
+std::string Records(const std::string& times) {
+  std::ostringstream text;
+  for (const long time : Times(times)) text << std::setw(10) << time << " , 123 , 0\r\n";
   return text.str();
 }
 
@@ -126,6 +134,53 @@ TEST(SharedTables, FilesAreTheStatedRuns) {
     }
     EXPECT_EQ(found, row.runs) << row.label;
     EXPECT_EQ(said, "");
+  }
+}
+
+struct NameRow {
+  const char* label;
+  const char* name;
+  const char* told;
+};
+
+constexpr NameRow kNames[] = {
+#include "tests/tools/log/log_names.inc"
+};
+
+TEST(SharedTables, NamesTellTheStatedHourAndNumber) {
+  for (const NameRow& row : kNames) {
+    std::ostringstream found;
+    if (const auto place = PlaceOf(row.name)) {
+      found << std::setfill('0') << std::setw(8) << place->date_hour << ' ' << place->number;
+    } else {
+      found << "none";
+    }
+    EXPECT_EQ(found.str(), row.told) << row.label;
+  }
+}
+
+struct JumpRow {
+  const char* label;
+  const char* times;
+  double wrap;
+  const char* jump;
+};
+
+constexpr JumpRow kJumps[] = {
+#include "tests/tools/log/log_jumps.inc"
+};
+
+TEST(SharedTables, TimesTellTheStatedJumpOfTheClock) {
+  for (const JumpRow& row : kJumps) {
+    ClockJump clock(row.wrap);
+    for (const long time : Times(row.times)) clock.Follow(static_cast<double>(time));
+    std::ostringstream found;
+    if (const auto& jump = clock.TheJump()) {
+      found << jump->at << ' ' << jump->jump << ' ' << jump->doubt;
+    } else {
+      found << "none";
+    }
+    EXPECT_EQ(found.str(), row.jump) << row.label;
   }
 }
 

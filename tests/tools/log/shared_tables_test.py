@@ -10,6 +10,7 @@ import unittest
 
 TABLES = pathlib.Path(sys.argv.pop())
 sys.path.insert(0, sys.argv.pop())
+import clock_jump  # noqa: E402
 import run_logs  # noqa: E402
 
 HEAD = ("Tolvane Ver1.23,,,C,,,,H\r\n\r\n2026/11/20 9:05:07,,,bit rate：,{rate} bps\r\nCANUSB\r\n\r\n\r\n\r\n"
@@ -80,18 +81,37 @@ class Tables(unittest.TestCase):
         for label, files, stated in table:
             with self.subTest(label):
                 runs: list[list[run_logs.Log]] = []
-                last_time = None
+                last = last_time = None
                 for file in files.split():
                     name, _, text = file.partition(":")
                     head = HEAD.format(rate="250k" if name.endswith("!") else "500k", columns=COLUMNS[11])
                     records = "".join(f"{time:>10} , 123 , 0\r\n" for time in times(text))
                     log = self.log(name.rstrip("!"), (head + records).encode("cp932"))
-                    if not runs or not run_logs.goes_on(log, runs[-1][-1], last_time):
+                    if not runs or not run_logs.goes_on(log, last, last_time):
                         runs.append([])
-                        last_time = None
+                        last, last_time = log, None
                     runs[-1].append(log)
-                    last_time = ([last_time] + list(log.times()))[-1]
+                    for last_time in log.times():
+                        last = log
                 self.assertEqual(stated, "|".join(" ".join(log.path.name for log in run) for run in runs))
+
+    def test_names_tell_the_stated_hour_and_number(self):
+        table = rows("log_names.inc")
+        self.assertGreater(len(table), 20)
+        for label, name, stated in table:
+            with self.subTest(label):
+                place = run_logs.place(name)
+                self.assertEqual(stated, f"{place[0]} {place[1]}" if place else "none")
+
+    def test_times_tell_the_stated_jump_of_the_clock(self):
+        table = rows("log_jumps.inc")
+        self.assertGreater(len(table), 10)
+        for label, text, wrap, stated in table:
+            with self.subTest(label):
+                clock = clock_jump.ClockJump(wrap)
+                behind = [time for time in times(text) if clock.follow(time)]
+                found = " ".join(f"{value:g}" for value in clock.found) if clock.found else "none"
+                self.assertEqual((stated, int(found != "none")), (found, len(behind)))
 
 
 if __name__ == "__main__":

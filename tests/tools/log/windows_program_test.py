@@ -52,6 +52,13 @@ class Program(unittest.TestCase):
         self.assertIn("変換 1.log: this file is there already", done.stderr.decode("utf-8"))
         self.assertEqual(CANDUMP, (self.folder / "変換 1.log").read_bytes())
 
+    def test_a_file_that_is_named_twice_by_two_paths_is_told(self):
+        name = "KL26112009-001.csv"
+        for other in (name.lower(), ".\\" + name):
+            done = self.run_tool("info", name, other)
+            self.assertEqual(1, done.returncode, other)
+            self.assertIn(f"{other}: this file is named twice, also as {name}", done.stderr.decode("utf-8"))
+
     def test_a_fault_leaves_no_file_and_is_told_with_its_line(self):
         with open(self.folder / "KL26112009-002.csv", "ab") as file:
             file.write(b"rubbish\r\n")

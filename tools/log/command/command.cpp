@@ -91,7 +91,7 @@ class Command {
   void TellWhatBecame(const LogRun& run, const RunReader& reader, const Converted& result) {
     Say(Counted(result.frames, "frame") + " of " + Counted(run.files.size(), "file") + ", from " +
         run.files.front().path + " to " + run.files.back().path);
-    for (const std::string& seam : OddSeams(run, reader.FramesOfFiles())) Say(seam);
+    for (const std::string& seam : OddSeams(run, reader)) Say(seam);
     if (result.steps_back > 0) {
       Say("with a time before that of the frame ahead: " + Counted(result.steps_back, "frame"));
     }
@@ -103,7 +103,7 @@ class Command {
       Say("mended: " + Counted(mended.strays, "stray zero") + " in " +
           Counted(mended.stray_blocks, "block") + " left out");
     }
-    TellClock(reader.Clock());
+    TellClock(run, reader.Clock());
     if (result.long_lengths > 0) {
       Say("with a length above 8, and eight bytes: " + Counted(result.long_lengths, "frame"));
     }
@@ -113,13 +113,19 @@ class Command {
     }
   }
 
-  void TellClock(const ClockJump& clock) {
+  void TellClock(const LogRun& run, const ClockJump& clock) {
     const auto& jump = clock.TheJump();
     if (jump) {
       Say(std::string(options_.mends_clock ? "mended: " : "not mended, see --mend-clock: ") +
           "the clock jump of " + NumberText(jump->jump) + " ms behind " + NumberText(jump->at) +
           " ms, right to " + NumberText(jump->doubt) +
-          " ms (a silence that ends just there looks the same)");
+          " ms if the bus was not silent there (a silence that ends just there looks the same)");
+      // Dates are reckoned from the end of the first file.
+      const bool is_in_first = run.files.front().ends.value_or(0.0) > jump->at;
+      if (!options_.mends_clock) {
+        Say(is_in_first ? "absolute times ahead of the jump are too early by its length"
+                        : "absolute times behind the jump are too late by its length");
+      }
     } else if (options_.mends_clock) {
       Say("no clock jump to mend");
     }

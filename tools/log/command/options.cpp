@@ -111,6 +111,7 @@ class Reader {
     if (options_.files.empty()) return Refuse("no files are named");
     std::vector<std::string> sorted = options_.files;
     std::ranges::sort(sorted);
+    if (sorted.front().empty()) return Refuse("an empty word names no file");
     if (const auto twice = std::ranges::adjacent_find(sorted); twice != sorted.end()) {
       return Refuse("this file is named twice: " + *twice);
     }

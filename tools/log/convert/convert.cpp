@@ -25,11 +25,6 @@ Converted ConvertTo(FormatType format, RunReader& reader, ByteSink& out) {
   return result;
 }
 
-class NoSink final : public ByteSink {
- public:
-  bool Write(std::string_view) override { return true; }
-};
-
 }  // namespace
 
 std::int64_t MicrosecondsOf(double time) {

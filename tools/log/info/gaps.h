@@ -1,9 +1,12 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
+#include <unordered_map>
 #include <vector>
 
 #include "tools/log/info/run_statistics.h"
+#include "tools/log/info/silences.h"
 
 namespace tolvane::logtool {
 
@@ -36,10 +39,46 @@ struct JudgedRun {
   [[nodiscard]] bool IsJudged() const { return cycle > 0.0; }
 };
 
+/// Finds the gaps of a run whose statistics are complete, for which its frames come once more: how
+/// long a silence has to be is known only then.
+///
 /// A gap is a silence longer than `multiple` times the cycle. Identifiers that come at odd times,
 /// as those of questions and answers do, have none; of a regular one three in four cycles lie
-/// between half and twice the median, both included. One of all identifiers is told once, and of an
-/// identifier only what is not explained by those.
-[[nodiscard]] JudgedRun JudgeRun(const RunStatistics& run, double multiple);
+/// between half and twice the median, both included. One of all identifiers is told once. One of an
+/// identifier is its own where it is longer than that without those of all within it.
+class GapFinder {
+ public:
+  // Gaps that are kept; all are counted.
+  static constexpr std::size_t kCommon_MAX = 256;
+  static constexpr std::size_t kOwn_MAX = 64;  // of each identifier
+
+  GapFinder(const RunStatistics& run, double multiple);
+
+  /// As RunStatistics::Add.
+  void Add(const LogFrame& frame, double ahead);
+  /// To be called once, behind the last frame.
+  [[nodiscard]] JudgedRun Result();
+
+ private:
+  struct Follower {
+    JudgedIdentifier judged;
+    Moment last;                         // frame; at first the run's begin
+    double common = 0.0;                 // what common_ was then
+    Gap::Edge edge = Gap::Edge::kBegin;  // at which the silence is that goes on
+    LongestSilences gaps{kOwn_MAX};
+  };
+
+  void Follow(Follower& follower, const Moment& moment);
+  void Take(const Follower& follower, const Silence& silence, Gap::Edge edge);
+
+  const RunStatistics& run_;
+  const double multiple_;
+  JudgedRun result_;
+  double frames_per_ms_ = 0.0;  // of all regular identifiers together
+  Moment last_;
+  double common_ = 0.0;  // ms of gaps of all so far
+  LongestSilences common_gaps_{kCommon_MAX};
+  std::unordered_map<std::uint64_t, Follower> followers_;  // of regular identifiers, by their keys
+};
 
 }  // namespace tolvane::logtool

@@ -1,10 +1,25 @@
 #include "tools/log/info/info.h"
 
+#include "tools/log/info/gaps.h"
 #include "tools/log/info/report.h"
 #include "tools/log/runs/run_reader.h"
 #include "tools/log/runs/seams.h"
 
 namespace tolvane::logtool {
+
+namespace {
+
+JudgedRun JudgedAnew(const LogRun& run, const RunStatistics& statistics, const InfoWishes& wishes,
+                     LogFiles& files) {
+  NoSink nobody;  // the faults were told at the first reading
+  Complaints complaints(nobody, true);
+  RunReader reader(run, files, complaints, wishes.mends_clock);
+  GapFinder gaps(statistics, wishes.multiple);
+  for (LogFrame frame; reader.Next(frame);) gaps.Add(frame, reader.Ahead());
+  return gaps.Result();
+}
+
+}  // namespace
 
 std::string InfoOf(const std::vector<LogRun>& runs, const InfoWishes& wishes, LogFiles& files,
                    platform::CodePage& code_page, Complaints& complaints) {
@@ -13,12 +28,12 @@ std::string InfoOf(const std::vector<LogRun>& runs, const InfoWishes& wishes, Lo
     RunReader reader(runs[i], files, complaints, wishes.mends_clock);
     RunStatistics statistics;
     for (LogFrame frame; reader.Next(frame);) statistics.Add(frame, reader.Ahead());
-    const JudgedRun judged = JudgeRun(statistics, wishes.multiple);
+    const JudgedRun judged = JudgedAnew(runs[i], statistics, wishes, files);
     const RunReport report{.run = runs[i],
                            .statistics = statistics,
                            .judged = judged,
                            .frames_of_files = reader.FramesOfFiles(),
-                           .seams = OddSeams(runs[i], reader.FramesOfFiles()),
+                           .seams = OddSeams(runs[i], reader),
                            .mended = reader.WhatWasMended(),
                            .clock = reader.Clock(),
                            .mends_clock = wishes.mends_clock,

@@ -131,7 +131,6 @@ std::string ClockJson(const RunReport& report) {
       .Member("jump_ms", NumberText(jump->jump))
       .Member("doubt_ms", NumberText(jump->doubt))
       .Member("in_times", Word(!report.mends_clock))
-      .Member("in_silences", Word(false))
       .Closed();
 }
 

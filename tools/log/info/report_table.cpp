@@ -90,7 +90,7 @@ class Table {
     }
     if (const auto& jump = report_.clock.TheJump()) {
       Line("clock jump", MsText(jump->jump) + " ms behind " + MsText(jump->at) + " ms, right to " +
-                             MsText(jump->doubt) + " ms");
+                             MsText(jump->doubt) + " ms if the bus was not silent there");
       Line("", std::string("it is no silence: it counts in no cycle, gap or span, and ") +
                    (report_.mends_clock ? "is taken out of the times"
                                         : "the times have it (see --mend-clock)"));

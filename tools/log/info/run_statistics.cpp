@@ -8,9 +8,8 @@ namespace tolvane::logtool {
 void IdentifierStatistics::Add(const LogFrame& frame, const Moment& moment) {
   if (frames++ == 0) {
     first = moment;
-  } else if (const Silence silence(last, moment); silence.length >= 0.0) {
-    cycles.Add(silence.length);
-    silences.Add(silence);
+  } else if (const double cycle = last.To(moment); cycle >= 0.0) {
+    cycles.Add(cycle);
   }
   last = moment;
   const bool has_code = frame.length >= 0 && frame.length <= 15;
@@ -21,10 +20,7 @@ void RunStatistics::Add(const LogFrame& frame, double ahead) {
   const Moment moment{frame.time, ahead};
   if (frames_++ == 0) {
     first_ = moment;
-  } else if (const Silence silence(last_, moment); silence.length >= 0.0) {
-    silences_.Add(silence);
-    silence_lengths_.Add(silence.length);
-  } else {
+  } else if (last_.To(moment) < 0.0) {
     ++steps_back_;
   }
   last_ = moment;
@@ -41,8 +37,8 @@ std::vector<const IdentifierStatistics*> RunStatistics::Identifiers() const {
 }
 
 IdentifierStatistics& RunStatistics::Of(const LogFrame& frame) {
-  const std::uint64_t key = std::uint64_t{frame.extended} << 32 | frame.id;
-  const auto [place, is_new] = places_.try_emplace(key, identifiers_.size());
+  const auto [place, is_new] =
+      places_.try_emplace(KeyOf(frame.extended, frame.id), identifiers_.size());
   if (is_new) {
     IdentifierStatistics& identifier = identifiers_.emplace_back();
     identifier.id = frame.id;

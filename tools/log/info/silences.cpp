@@ -1,16 +1,27 @@
 #include "tools/log/info/silences.h"
 
 #include <algorithm>
+#include <tuple>
 
 namespace tolvane::logtool {
 
-void LongestSilences::Keep(const Silence& silence) {
-  if (kept_.size() < most_) {
-    kept_.push_back(silence);
-  } else {
-    *std::ranges::min_element(kept_, {}, &Silence::length) = silence;
+namespace {
+
+bool StaysLonger(const Silence& one, const Silence& other) {
+  return std::tuple(one.length, -one.begin) > std::tuple(other.length, -other.begin);
+}
+
+}  // namespace
+
+void LongestSilences::Add(const Silence& silence) {
+  ++count_;
+  if (kept_.size() == most_) {
+    if (silence.length <= kept_.front().length) return;
+    std::ranges::pop_heap(kept_, StaysLonger);
+    kept_.pop_back();
   }
-  if (kept_.size() == most_) shortest_ = std::ranges::min(kept_, {}, &Silence::length).length;
+  kept_.push_back(silence);
+  std::ranges::push_heap(kept_, StaysLonger);
 }
 
 }  // namespace tolvane::logtool

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <vector>
 
 namespace tolvane::logtool {
@@ -28,25 +29,21 @@ struct Silence {
   double length = 0.0;
 };
 
-/// The longest silences of an identifier, or of all: how long one has to be to count is known only
-/// when the whole log has been seen.
+/// The longest of many silences, of equally long ones the first, and how many there were.
 class LongestSilences {
  public:
   explicit LongestSilences(std::size_t most) : most_(most) {}
 
-  void Add(const Silence& silence) {
-    if (kept_.size() == most_ && silence.length <= shortest_) return;
-    Keep(silence);
-  }
+  /// In the order of their begins.
+  void Add(const Silence& silence);
   /// In no order.
   [[nodiscard]] const std::vector<Silence>& Kept() const { return kept_; }
+  [[nodiscard]] std::uint64_t LeftOut() const { return count_ - kept_.size(); }
 
  private:
-  void Keep(const Silence& silence);
-
   std::size_t most_;
-  double shortest_ = 0.0;  // of those that are kept, once there are as many as can be
-  std::vector<Silence> kept_;
+  std::uint64_t count_ = 0;
+  std::vector<Silence> kept_;  // a heap with the one on top that goes first
 };
 
 }  // namespace tolvane::logtool

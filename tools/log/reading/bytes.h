@@ -26,4 +26,10 @@ class ByteSink {
   [[nodiscard]] virtual bool Write(std::string_view bytes) = 0;
 };
 
+/// Takes everything and keeps nothing.
+class NoSink final : public ByteSink {
+ public:
+  bool Write(std::string_view) override { return true; }
+};
+
 }  // namespace tolvane::logtool

@@ -1,17 +1,28 @@
 #pragma once
 
+#include <cstdint>
 #include <memory>
+#include <optional>
 #include <string>
 
 #include "tools/log/reading/bytes.h"
 
 namespace tolvane::logtool {
 
+/// Tells a file from all others, whatever path it is opened by: its disk and its number there.
+struct FileIdentity {
+  std::uint64_t disk;
+  std::uint64_t number;
+
+  bool operator==(const FileIdentity&) const = default;
+};
+
 /// What opening a file gave: its bytes, or none and why.
 template <typename Bytes>
 struct Opened {
   std::unique_ptr<Bytes> bytes;
-  std::string why_not;  // such as "this is a folder"
+  std::string why_not;                   // such as "this is a folder"
+  std::optional<FileIdentity> identity;  // of one to read; none where it is not known
 };
 
 /// The files of this machine. Paths are UTF-8, on Linux whatever bytes the system has.

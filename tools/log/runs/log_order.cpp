@@ -16,34 +16,43 @@ namespace tolvane::logtool {
 
 namespace {
 
+constexpr std::size_t kFileNumberDigits_MAX = 9;
+
 struct LogName {
   std::string_view folder;
-  std::uint32_t date_hour;
-  std::uint32_t number;
+  LogPlace place;
 };
 
-/// All of `text`, which has `least` digits or more.
-std::optional<std::uint32_t> Number(std::string_view text, std::size_t least) {
+char SmallLetter(char byte) {
+  return byte >= 'A' && byte <= 'Z' ? static_cast<char>(byte - 'A' + 'a') : byte;
+}
+
+/// Takes `part` off the front of `text`; false if it is not there.
+bool Takes(std::string_view& text, std::string_view part) {
+  const auto is_same = [](char one, char other) { return SmallLetter(one) == SmallLetter(other); };
+  if (text.size() < part.size() || !std::equal(part.begin(), part.end(), text.begin(), is_same)) {
+    return false;
+  }
+  text.remove_prefix(part.size());
+  return true;
+}
+
+/// Takes all digits off the front of `text`, of which there are so many.
+std::optional<std::uint32_t> TakeNumber(std::string_view& text, std::size_t least,
+                                        std::size_t most) {
+  const std::size_t length = std::min(text.find_first_not_of("0123456789"), text.size());
   std::uint32_t number = 0;
-  const char* const end = text.data() + text.size();
-  const auto result = std::from_chars(text.data(), end, number);
-  if (text.size() < least || result.ec != std::errc() || result.ptr != end) return {};
+  if (length < least || length > most) return {};
+  std::from_chars(text.data(), text.data() + length, number);
+  text.remove_prefix(length);
   return number;
 }
 
 std::optional<LogName> NameOf(std::string_view path) {
-  constexpr std::string_view kPrefix = kBytesOf<kLogPrefix>;
-  constexpr std::string_view kGap = kBytesOf<kLogNumberGap>;
-  constexpr std::string_view kExtension = kBytesOf<kCsvExtension>;
   const std::size_t start = path.find_last_of("/\\") + 1;  // 0 without any
-  std::string_view name = path.substr(start);
-  if (!name.starts_with(kPrefix) || !name.ends_with(kExtension)) return {};
-  name = name.substr(kPrefix.size(), name.size() - kPrefix.size() - kExtension.size());
-  if (name.size() <= kDateHourDigits || !name.substr(kDateHourDigits).starts_with(kGap)) return {};
-  const auto date_hour = Number(name.substr(0, kDateHourDigits), kDateHourDigits);
-  const auto number = Number(name.substr(kDateHourDigits + kGap.size()), kFileNumberDigits);
-  if (!date_hour || !number) return {};
-  return LogName{path.substr(0, start), *date_hour, *number};
+  const auto place = PlaceOf(path.substr(start));
+  if (!place) return {};
+  return LogName{path.substr(0, start), *place};
 }
 
 /// A path with its place: the folder's number among the folders, then what the name tells.
@@ -52,10 +61,19 @@ struct Placed {
   LogName name;
   std::string path;
 
-  [[nodiscard]] auto Order() const { return std::tie(folder, name.date_hour, name.number); }
+  [[nodiscard]] auto Order() const { return std::tie(folder, name.place); }
 };
 
 }  // namespace
+
+std::optional<LogPlace> PlaceOf(std::string_view name) {
+  if (!Takes(name, kBytesOf<kLogPrefix>)) return {};
+  const auto date_hour = TakeNumber(name, kDateHourDigits, kDateHourDigits);
+  if (!date_hour || !Takes(name, kBytesOf<kLogNumberGap>)) return {};
+  const auto number = TakeNumber(name, kFileNumberDigits, kFileNumberDigits_MAX);
+  if (!number || !Takes(name, kBytesOf<kCsvExtension>) || !name.empty()) return {};
+  return LogPlace{*date_hour, *number};
+}
 
 std::vector<std::string> InOrderOfWriting(std::vector<std::string> paths) {
   std::vector<std::string_view> folders;
@@ -78,8 +96,10 @@ std::uint32_t NumbersBetween(const std::string& before, const std::string& path)
   const auto second = NameOf(path);
   if (!first || !second || first->folder != second->folder) return 0;
   // Numbers begin at 1 in each hour.
-  const std::uint32_t last = first->date_hour == second->date_hour ? first->number : 0;
-  return second->number > last ? second->number - last - 1 : 0;
+  const LogPlace& before_it = first->place;
+  const LogPlace& place = second->place;
+  const std::uint32_t last = before_it.date_hour == place.date_hour ? before_it.number : 0;
+  return place.number > last ? place.number - last - 1 : 0;
 }
 
 }  // namespace tolvane::logtool

@@ -59,7 +59,7 @@ bool IsFull(const std::string& path, LogFiles& files) {
   while (!log.IsBroken()) {
     const CsvLog::Outcome outcome = log.Next(frame);
     if (outcome == CsvLog::Outcome::kEnd) break;
-    records += outcome == CsvLog::Outcome::kFrame ? 1 : 0;
+    ++records;  // a bad line was one too
   }
   return records >= kRecordsOfFullFile;
 }
@@ -76,9 +76,20 @@ std::optional<LogFile> LookInto(const std::string& path, LogFiles& files, Compla
     complaints.Tell(path, is_workbook ? 0 : log.Line(), is_workbook ? kIsWorkbook : log.Fault());
     return {};
   }
-  LogFile file{path, log.Head(), FirstTime(log), {}};
+  LogFile file{path, log.Head(), FirstTime(log), {}, opened.identity};
   if (file.begins) file.ends = LastTime(*opened.bytes, file.head.with_mark);
   return file;
+}
+
+/// The path by which a file has been named already; null for one that has not.
+const std::string* EarlierPath(const LogFile& file, const std::vector<LogRun>& runs) {
+  if (!file.identity) return nullptr;
+  for (const LogRun& run : runs) {
+    for (const LogFile& before : run.files) {
+      if (before.identity == file.identity) return &before.path;
+    }
+  }
+  return nullptr;
 }
 
 bool BeginsRun(const LogFile& file, const LogRun& run, LogFiles& files) {
@@ -100,6 +111,11 @@ std::vector<LogRun> FindRuns(const std::vector<std::string>& paths, LogFiles& fi
     auto file = LookInto(path, files, complaints);
     if (complaints.EndReading()) break;
     if (!file) continue;
+    if (const std::string* const earlier = EarlierPath(*file, runs); earlier != nullptr) {
+      complaints.Tell(path, 0, "this file is named twice, also as " + *earlier);
+      if (complaints.EndReading()) break;
+      continue;
+    }
     if (runs.empty() || BeginsRun(*file, runs.back(), files)) runs.emplace_back();
     runs.back().files.push_back(*std::move(file));
   }

@@ -20,6 +20,7 @@ struct LogFile {
   LogHead head;
   std::optional<double> begins;  // the time of its first record; none without a record
   std::optional<double> ends;    // that of its last one
+  std::optional<FileIdentity> identity;
 };
 
 /// The files of a run in their order, at least one.

@@ -8,7 +8,8 @@ RunReader::RunReader(const LogRun& run, LogFiles& files, Complaints& complaints,
       complaints_(complaints),
       mends_clock_(mends_clock),
       clock_(ClockWrapOf(run.Head())),
-      frames_(run.files.size()) {}
+      frames_(run.files.size()),
+      faults_(run.files.size()) {}
 
 bool RunReader::Next(LogFrame& frame) {
   while (log_ != nullptr || OpenFile()) {
@@ -19,6 +20,7 @@ bool RunReader::Next(LogFrame& frame) {
         if (mends_clock_) frame.time -= clock_.Ahead();
         return true;
       case CsvLog::Outcome::kFault:
+        ++faults_[file_];
         complaints_.Tell(run_.files[file_].path, log_->Line(), log_->Fault());
         if (complaints_.EndReading()) return false;
         if (!log_->IsBroken()) break;

@@ -25,6 +25,8 @@ class RunReader {
   [[nodiscard]] double Ahead() const { return mends_clock_ ? 0.0 : clock_.Ahead(); }
   /// How many were read of each file.
   [[nodiscard]] const std::vector<std::uint64_t>& FramesOfFiles() const { return frames_; }
+  /// How many lines of each file were bad.
+  [[nodiscard]] const std::vector<std::uint64_t>& FaultsOfFiles() const { return faults_; }
   [[nodiscard]] const ClockJump& Clock() const { return clock_; }
   [[nodiscard]] const CsvLog::Mended& WhatWasMended() const { return mended_; }
 
@@ -39,6 +41,7 @@ class RunReader {
   ClockJump clock_;
   std::size_t file_ = 0;
   std::vector<std::uint64_t> frames_;
+  std::vector<std::uint64_t> faults_;
   std::unique_ptr<ByteSource> bytes_;
   std::unique_ptr<CsvLog> log_;
   CsvLog::Mended mended_;

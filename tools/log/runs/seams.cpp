@@ -11,7 +11,8 @@ constexpr std::size_t kTold_MAX = 10;
 
 }  // namespace
 
-std::vector<std::string> OddSeams(const LogRun& run, std::span<const std::uint64_t> frames) {
+std::vector<std::string> OddSeams(const LogRun& run, const RunReader& read) {
+  const std::vector<std::uint64_t>& frames = read.FramesOfFiles();
   std::vector<std::string> seams;
   for (std::size_t i = 1; i < run.files.size(); ++i) {
     const std::string& before = run.files[i - 1].path;
@@ -20,7 +21,9 @@ std::vector<std::string> OddSeams(const LogRun& run, std::span<const std::uint64
       seams.push_back("between " + before + " and " + path + " " + Counted(missing, "file") +
                       (missing == 1 ? " is" : " are") + " missing, by the names");
     }
-    if (frames[i - 1] < kRecordsOfFullFile && frames[i] > 0) {
+    // A bad line was a record too.
+    const bool is_full = frames[i - 1] + read.FaultsOfFiles()[i - 1] >= kRecordsOfFullFile;
+    if (!is_full && frames[i] > 0) {
       seams.push_back(before + " has " + Counted(frames[i - 1], "record") +
                       " and is not full, but " + path + " goes on");
     }
