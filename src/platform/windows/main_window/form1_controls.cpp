@@ -58,15 +58,12 @@ bool Form1Window::CreateControls() {
   for (const int button : {id::Bt_Connect, id::Bt_Disconnect, id::Bt_SaveFile, id::Bt_ViewClear}) {
     SetWindowSubclass(Child(button), &DefaultWhileFocused, kDefaultWhileFocused, 0);
   }
-  AttachControls();
-  return AddToolTips();
-}
-
-void Form1Window::NameControls() {
   const AccessibleNames names;
   names.Name(Child(id::Pic_Caution), kCautionName);
   names.Name(view_.Hwnd(), kViewName);
   names.Name(FindWindowExW(Hwnd(), nullptr, LiveSurface::kClassName, nullptr), kViewName);
+  AttachControls();
+  return AddToolTips();
 }
 
 void Form1Window::AttachControls() {

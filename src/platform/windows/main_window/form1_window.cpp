@@ -90,7 +90,6 @@ void Form1Window::Start(int show_command) {
   ShowWindow(Hwnd(), show_command);
   UpdateWindow(Hwnd());
   splash_.MakeWay();
-  NameControls();
   if (close_wanted_) OnClose();
 }
 

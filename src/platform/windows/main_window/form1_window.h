@@ -73,8 +73,6 @@ class Form1Window final : public BaseWindow<Form1Window>,
   [[nodiscard]] bool CreateControls();
   void TakeFirstPlace();
   void AttachControls();
-  /// Loads the system's service for that, which the start need not wait for.
-  void NameControls();
   [[nodiscard]] bool AddToolTips();
   [[nodiscard]] HWND Child(int control) const { return GetDlgItem(Hwnd(), control); }
   /// `command` as it stands in a menu.
