@@ -144,14 +144,20 @@ class Stages(unittest.TestCase):
             echo "$failed"''')
         self.assertEqual("0", said.splitlines()[-1])
 
+    def expect_end_of(self, number: str) -> None:
+        """Of the process that a script told before its own end; the system may take it away a moment later."""
+        self.assertRegex(number, "^[0-9]+$")
+        deadline = time.monotonic() + 30
+        while (is_there := pathlib.Path(f"/proc/{number}").exists()) and time.monotonic() < deadline:
+            time.sleep(0.1)
+        self.assertFalse(is_there)
+
     def test_the_end_of_the_script_ends_what_was_begun_ahead(self):
         process = self.start('''stages=(window release)
             stage_release() { count_command release sleep 1000; }
             begin_ahead first; begin_ahead window
             until pgrep -P "${process_ahead[release]}" sleep; do :; done''')
-        inner = process.communicate(timeout=60)[0].strip()
-        self.assertRegex(inner, "^[0-9]+$")
-        self.assertFalse(pathlib.Path(f"/proc/{inner}").exists())
+        self.expect_end_of(process.communicate(timeout=60)[0].strip())
 
     def test_the_end_of_the_script_ends_a_preparation(self):
         process = self.start('''stages=(x86 release)
@@ -159,12 +165,7 @@ class Stages(unittest.TestCase):
             begin_ahead first; begin_ahead window
             until [ -e "$results/inner" ]; do sleep 0.1; done
             cat "$results/inner"''')
-        inner = process.communicate(timeout=60)[0].strip()
-        self.assertRegex(inner, "^[0-9]+$")
-        deadline = time.monotonic() + 30
-        while (is_there := pathlib.Path(f"/proc/{inner}").exists()) and time.monotonic() < deadline:
-            time.sleep(0.1)
-        self.assertFalse(is_there)
+        self.expect_end_of(process.communicate(timeout=60)[0].strip())
 
     def test_a_stage_brings_only_what_it_needs(self):
         for stage, strangers in {"checks": NO_WINDOWS | {"clang", "debootstrap"},
