@@ -107,8 +107,9 @@ wine_session() {
   fi
 }
 
-# wine_stay: Wine's own services run from now until the script ends. Otherwise each program starts them and leaves
-# them its standard output, so that whoever reads that waits for their end too. False when they do not begin.
+# wine_stay: Wine's own services and its desktop are there from now until the script ends. Otherwise a program starts
+# them and leaves them its standard output or its error output, so that whoever reads that waits for their end too. False
+# when they do not begin.
 wine_stay() {
   local answers
   answers=$(mktemp)
@@ -120,8 +121,8 @@ wine_stay() {
   wine_await "$answers" "$!"
 }
 
-# The program that keeps the services running answers once they have begun.
-wine_first_command="echo begun"
+# The program that keeps the services running answers once they have begun. The desktop begins with the first window.
+wine_first_command="start /wait rundll32 user32.dll,GetDesktopWindow && echo begun"
 
 # What a Wine that begins takes at most on a busy machine, in seconds; usually it is a few.
 wine_patience=120

@@ -15,7 +15,7 @@ from played_machine import PlayedMachine
 
 PlayedMachine.project = pathlib.Path(sys.argv.pop())
 # Answers as a command interpreter does, which has its first look at its input after a while.
-LATE = 'sleep 0.5; read -r _ word; echo "services run" >>"$HOME/told"; echo "$word"; cat >/dev/null'
+LATE = 'sleep 0.5; read -r line; echo "services run" >>"$HOME/told"; echo "${line##* }"; cat >/dev/null'
 STAY = "wine_stay || echo failed\necho stayed >>\"$HOME/told\""
 
 
