@@ -118,7 +118,7 @@ class Table {
   void AddGaps() {
     const std::vector<Gap>& gaps = report_.judged.gaps;
     text_ += "\n  silent longer than " + NumberText(report_.multiple) + " cycles: ";
-    if (!report_.judged.IsJudged()) {
+    if (!report_.judged.is_judged) {
       text_ += "not judged: no identifier comes regularly\n";
       return;
     }
