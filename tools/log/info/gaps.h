@@ -32,7 +32,8 @@ struct JudgedIdentifier {
 struct JudgedRun {
   std::vector<JudgedIdentifier> identifiers;  // by kind and number
   std::vector<Gap> gaps;                      // by their begin
-  /// Shorter ones that are not among these, of all identifiers or of one, as there are too many.
+  /// Others that are not among these, of all identifiers or of one, as there are too many; no one
+  /// is longer than those of its kind.
   std::uint64_t gaps_left_out = 0;
   bool is_judged = false;  // without a regular identifier nothing tells a gap from a silence
 };
