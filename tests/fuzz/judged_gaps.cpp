@@ -69,8 +69,9 @@ void JudgeOwn(const Told& its, double multiple) {
   }
 }
 
-/// Each silence of a regular identifier that is long enough is told as its own, or has one of all
-/// in it that is a gap for it; so the numbers agree where there are none of all.
+/// Each silence of a regular identifier that is long enough is told as its own, or is not as long
+/// without those of all in it that are longer than its cycle; so the numbers agree where there are
+/// none of all.
 void JudgeThatNoneIsHidden(const Told& its, const std::vector<const Gap*>& of_all,
                            double multiple) {
   if (!its.judged->regular) return;
@@ -81,7 +82,7 @@ void JudgeThatNoneIsHidden(const Told& its, const std::vector<const Gap*>& of_al
     if (silence.length <= limit) continue;
     double common = 0.0;
     for (const Gap* const gap : of_all) {
-      if (IsWithin(gap->silence, silence) && gap->silence.length > limit)
+      if (IsWithin(gap->silence, silence) && gap->silence.length > its.judged->cycle)
         common += gap->silence.length;
     }
     const bool is_told = std::ranges::any_of(its.own, [&](const Gap* gap) {

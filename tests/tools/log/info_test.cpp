@@ -251,6 +251,23 @@ TEST_F(Gaps, OfAllAreNoneOfAnIdentifierThatBeginsBehindThem) {
   EXPECT_EQ(judged.gaps.size(), 3U);
 }
 
+// 600 ms of the second identifier, of which 401 ms are of all.
+TEST_F(Gaps, OfAllThatAnIdentifierIsMissingInForItsOwnCyclesTooAreToldOnce) {
+  for (double time = 0.0; time <= 60'000.0; time += 1.0) {
+    const bool is_cut = time > 20'000.0 && time < 20'401.0;
+    const bool is_fast = std::fmod(time, 10.0) == 0.0 || time == 20'401.0;
+    const bool is_slow = std::fmod(time, 100.0) == 99.0 && time != 20'499.0;
+    for (const auto& [id, comes] : {std::pair(0x100U, is_fast), std::pair(0x200U, is_slow)}) {
+      if (comes && !is_cut)
+        Add({.time = time, .id = id, .extended = false, .bytes = 0, .length = 0, .data = {}}, 0.0);
+    }
+  }
+  const JudgedRun judged = Judged();
+  ASSERT_EQ(judged.gaps.size(), 1U);
+  EXPECT_EQ(judged.gaps[0].identifier, nullptr);
+  EXPECT_EQ(judged.identifiers[1].lost.gaps, 1U);
+}
+
 // Three in four cycles of the first identifier are its own, and the fourth is a silence of all.
 TEST_F(Gaps, OfAllThatAreNoneForASlowIdentifierHideNoneOfIts) {
   const JudgedRun judged =

@@ -83,7 +83,7 @@ bool GapFinder::IsTooLongForOneThatWasSending(const Pause& pause) const {
 void GapFinder::AddCommon(const Silence& silence) {
   common_gaps_.Add(silence);
   for (Follower& follower : followers_) {
-    if (silence.length <= follower.limit) return;
+    if (silence.length <= follower.cycle) return;
     if (follower.last.time <= silence.begin) follower.common += silence.length;
   }
 }

@@ -50,7 +50,7 @@ struct JudgedRun {
 /// cycle. If that comes at its time, it was a pause, and whoever else is missing is so by itself.
 ///
 /// One of all is told once. One of an identifier is its own where it is still that long without
-/// those of all within it that are that long for it.
+/// those of all within it that are longer than its cycle: in a shorter one it was not due.
 class GapFinder {
  public:
   // Gaps that are kept; all are counted.
@@ -71,7 +71,7 @@ class GapFinder {
     double cycle;
     double limit;                        // ms; a longer silence is a gap
     Moment last;                         // frame; at first the run's begin
-    double common = 0.0;                 // ms of gaps of all since, of those that are gaps for it
+    double common = 0.0;                 // ms of gaps of all since that are longer than its cycle
     Gap::Edge edge = Gap::Edge::kBegin;  // at which the silence is that goes on
     LongestSilences gaps{kOwn_MAX};
   };
