@@ -49,6 +49,10 @@ TEST(SoakMemory, AWatchThatEndedEarlyTellsOfNoRun) {
   EXPECT_FALSE(ReadMemory("").StayedIn(60'000'000));
 }
 
+TEST(SoakMemory, AWatchThatSawNoMemoryTellsOfNoRun) {
+  EXPECT_FALSE(ReadMemory(Seconds(125, 0)).StayedIn(120'000'000));
+}
+
 TEST(SoakMemory, AWatchThatMissedTheFirstMinutesEndTellsOfNoRun) {
   EXPECT_FALSE(ReadMemory(Seconds(40, 30'000) + Seconds(60, 30'000, 65)).StayedIn(120'000'000));
 }

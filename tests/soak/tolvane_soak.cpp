@@ -4,15 +4,15 @@
 //
 // clang-format off
 //   settings FOLDER BITS        config.dat: csv log beside the program, 1 Mbit/s, identifiers of BITS (11, 29)
-//   take OUT MINUTES COUNT      makes files of the first COUNT names of each hour that a run of so long may meet, and lists
-//                               them in OUT/taken.txt
+//   take OUT MINUTES COUNT      makes files of the first COUNT names of each hour that a run of so long may meet, and
+//                               lists them in OUT/taken.txt
 //   watch PROCESS OUT           looks at the program's process each millisecond until it ends, and writes to
 //                               OUT/moments.txt when it had no processor, waited or took memory; to OUT/memory.txt how
 //                               much it used in each second, until there is a file OUT/ended; keeps its logs from
 //                               being overwritten where an hour has a thousand
-//   check OUT BITS              compares the logs and OUT/page.txt, the window's page at the end, with the bench file, and
-//                               prints what the watch and the bench tell; ends with 3 when nothing but the adapter's
-//                               overruns is missing, with 1 when anything else is or the memory has grown
+//   check OUT BITS              compares the logs and OUT/page.txt, the window's page at the end, with the bench file,
+//                               and prints what the watch and the bench tell; ends with 3 when nothing but the
+//                               adapter's overruns is missing, with 1 when anything else is or the memory has grown
 // clang-format on
 #include <algorithm>
 #include <chrono>
