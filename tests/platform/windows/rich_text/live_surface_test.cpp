@@ -3,7 +3,7 @@
 
 #include "tests/counting/allocations.h"
 #include "tests/platform/windows/rich_text/view_bed.h"
-#include "tests/platform/windows/window_picture.h"
+#include "tests/platform/windows/system/window_picture.h"
 
 namespace tolvane::platform::windows {
 namespace {
