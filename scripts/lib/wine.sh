@@ -204,7 +204,7 @@ unlocked() { (drop_lock && exec setpriv --pdeathsig TERM "$@"); }
 wine() { unlocked wine "$@"; }
 
 # begin_unlocked COMMAND ARGS: the same in the background, as the process $!. A signal to this script alone acts while it
-# waits for such a one, and not while a command runs in the foreground.
+# waits for such a process, and not while a command runs in the foreground.
 begin_unlocked() { (drop_lock && exec setpriv --pdeathsig TERM "$@") & }
 
 pause() {

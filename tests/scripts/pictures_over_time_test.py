@@ -17,6 +17,7 @@ folder=$2
 at_exit() { :; }
 pause() { sleep "$1"; }
 begin_stay() { sleep 2.5 & }
+drive_watched() { wait "$1"; }
 microseconds() { printf '%s\n' "${EPOCHREALTIME/[.,]/}"; }
 drive_leave() {
   touch "$1/$2.png" "$1/$2.txt"
