@@ -2,6 +2,7 @@
 """Tests of the words that follow a script's name. The project's folder is the argument."""
 
 import os
+import pathlib
 import pty
 import re
 import unittest
