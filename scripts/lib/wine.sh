@@ -69,9 +69,12 @@ wine_make_template() {
   WINEDLLOVERRIDES="$no_menus;mscoree,mshtml=" wine wineboot --init </dev/null >"$log" 2>&1 ||
     fail "the Wine prefix cannot be made (see $log)"
   registry=$(mktemp --suffix=.reg)
+  at_exit "rm -f ${registry@Q}"
   { printf '\xff\xfe'; wine_registry | iconv -f UTF-8 -t UTF-16LE; } >"$registry"
   wine regedit /S "$registry" >>"$log" 2>&1 || fail "Wine's registry cannot be written (see $log)"
   rm "$registry"
+  # A program that asks for the volume would have Wine complain that the disk below it cannot be read.
+  ln -s /dev/null "$WINEPREFIX/dosdevices/z::"
   # The symbols of title bars and scroll bars; Debian's Wine does not look where Debian keeps them.
   cp /usr/share/wine/fonts/marlett.ttf "$WINEPREFIX/drive_c/windows/Fonts/" ||
     fail "the font Marlett is not installed: scripts/demo and scripts/test install it"
@@ -222,6 +225,7 @@ display_start() {
   command -v Xvfb >/dev/null || fail "Xvfb is not installed: scripts/demo and scripts/test install it"
   local numbers xvfb_process screen=$((1280 * wine_dpi / 96))x$((1024 * wine_dpi / 96))x24
   numbers=$(mktemp)
+  at_exit "rm -f ${numbers@Q}"
   # It must not hear Ctrl-C, which would end it under the program; and it ends with this script even when
   # nothing of the script is left to end it.
   (drop_lock && exec setsid setpriv --pdeathsig TERM Xvfb -displayfd 3 -screen 0 "$screen" -nolisten tcp) \
