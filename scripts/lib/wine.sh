@@ -73,8 +73,6 @@ wine_make_template() {
   { printf '\xff\xfe'; wine_registry | iconv -f UTF-8 -t UTF-16LE; } >"$registry"
   wine regedit /S "$registry" >>"$log" 2>&1 || fail "Wine's registry cannot be written (see $log)"
   rm "$registry"
-  # A program that asks for the volume would have Wine complain that the disk below it cannot be read.
-  ln -s /dev/null "$WINEPREFIX/dosdevices/z::"
   # The symbols of title bars and scroll bars; Debian's Wine does not look where Debian keeps them.
   cp /usr/share/wine/fonts/marlett.ttf "$WINEPREFIX/drive_c/windows/Fonts/" ||
     fail "the font Marlett is not installed: scripts/demo and scripts/test install it"
@@ -173,6 +171,8 @@ wine_take_over() {
   wine_end
   at_exit wine_leave
   wine_prefix_ready || wine_prepare
+  # The disk below Z:, which the program asks for. Wine would complain of the real one, which no ordinary user may read.
+  ln -sfn /dev/null "$WINEPREFIX/dosdevices/z::"
 }
 
 wine_prefix_ready() { [ -e "$WINEPREFIX/tolvane-ready" ]; }
