@@ -87,6 +87,23 @@ class Stages(unittest.TestCase):
                 stage_{stage} || true''')
             self.assertEqual([targets], said.splitlines(), stage)
 
+    def test_every_suite_of_the_soaks_own_tests_is_in_its_stage_and_in_no_other(self):
+        folder = PROJECT / "tests/soak"
+        entries = re.search(r"tolvane_test\(soak_tests (?:ENTRIES (\S+) )?", (folder / "CMakeLists.txt").read_text())[1] or ""
+        suites = {entries + name for path in folder.glob("*_test.cpp")
+                  for name in re.findall(r"^(?:TEST|TEST_F|INSTANTIATE_TEST_SUITE_P)\((\w+),", path.read_text(), re.M)}
+        self.assertIn(entries + "NumberedLogs", suites)
+        self.assertIn(entries + "Modes", suites)
+        for stage in ("checks", "unit", "sanitizers", "soak", "fuzz"):
+            chosen = self.bash(f'''build_all() {{ :; }}
+                configure_preset() {{ :; }}
+                count_command() {{ :; }}
+                run_ctest() {{ printf '%s\\n' "${{@: -2}}"; }}
+                stage_{stage}''').splitlines()
+            self.assertIn(chosen[0], ("-R", "-E"), stage)
+            ran = {name for name in suites if bool(re.search(chosen[1], name)) == (chosen[0] == "-R")}
+            self.assertEqual(suites if stage == "soak" else set(), ran, stage)
+
     def test_a_whole_run_leaves_three_stages_to_the_fresh_root(self):
         self.assertEqual([stage for stage in STAGES.split() if stage not in ("checks", "unit", "soak")],
                          self.bash("stages_of_whole_run").split())
