@@ -218,7 +218,7 @@ class Options(Place):
                             ("Xvfb", "echo 77 >&3; exec sleep 60"), ("wine", script)):
             self.play(name, words)
         for name in ("wine-prefix-run/drive_c/windows/system32/a.dll", "wine-prefix-run/tolvane-ready",
-                     "windows-x64/simulator/canusbdrv.dll"):
+                     "wine-prefix-run/dosdevices/c:", "windows-x64/simulator/canusbdrv.dll"):
             (self.project / "build" / name).parent.mkdir(parents=True, exist_ok=True)
             (self.project / "build" / name).touch()
 

@@ -38,7 +38,6 @@ class Every(unittest.TestCase):
             left = sorted(path.name for path in pathlib.Path(folder, "out").iterdir())
         self.assertEqual("", done.stderr)
         taken = {name: int(time) for name, time in map(str.split, done.stdout.splitlines())}
-        self.assertLessEqual(set(taken), {"page-00001", "page-00002"})
         self.assertIn("page-00001", taken)
         self.assertEqual(sorted(name + end for name in taken for end in (".png", ".txt")), left)
         for name, time in taken.items():
