@@ -92,8 +92,8 @@ TEST_F(CsvFault, TheOtherChannelIsNotTouchedByAFailedFlush) {
 }
 
 // A remote frame of length eight takes 47 bits where none is stuffed, as with the identifier 084,
-// and its line has all data bytes. No other frame of up to eight bytes brings more text for its bits.
-// The fastest bus has 1 Mbit/s. The channels take turns, so each gets half of the lines.
+// and its line has all data bytes. No other frame of up to eight bytes brings more text for its
+// bits. The fastest bus has 1 Mbit/s. The channels take turns, so each gets half of the lines.
 TEST_F(CsvFault, MinutesOfASaturatedBusOutlastFailingFlushes) {
   constexpr double kMinutes = sizeof(void*) == 8 ? 9.0 : 2.0;
   constexpr double kLinesPerChannel = kMinutes * 60.0 * 1'000'000.0 / 47.0 / 2.0;
