@@ -13,8 +13,6 @@ namespace tolvane::logtool {
 // The writer defines its texts in UTF-16, and a file has them in a code page. Of both the ASCII
 // part is the same in every code page, so a log is known by that.
 
-using platform::IsAscii;
-
 /// Of ASCII alone.
 [[nodiscard]] constexpr char SmallLetter(char byte) {
   return byte >= 'A' && byte <= 'Z' ? static_cast<char>(byte - 'A' + 'a') : byte;
