@@ -38,10 +38,11 @@ target_link_libraries(tolvane_test_headers PRIVATE tolvane_test_options)
 set_target_properties(tolvane_test_headers PROPERTIES TOLVANE_IS_TEST ON)
 target_precompile_headers(tolvane_test_headers PRIVATE <gtest/gtest.h> <filesystem> <fstream>)
 
-# tolvane_test(name SOURCES ... USES ...): one test binary. A ctest entry per case natively; one per binary
-# where the start of a process costs: seconds under Wine, and with sanitizers more than most cases.
+# tolvane_test(name [ENTRIES prefix] SOURCES ... USES ...): one test binary. A ctest entry per case natively, whose name
+# begins with the prefix; one per binary where the start of a process costs: seconds under Wine, and with sanitizers
+# more than most cases.
 function(tolvane_test name)
-  cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "SOURCES;USES")
+  cmake_parse_arguments(PARSE_ARGV 1 arg "" "ENTRIES" "SOURCES;USES")
   add_executable(${name} ${arg_SOURCES})
   target_include_directories(${name} PRIVATE "${CMAKE_SOURCE_DIR}")
   target_link_libraries(${name} PRIVATE ${arg_USES} tolvane_test_options)
@@ -53,7 +54,7 @@ function(tolvane_test name)
   elseif(TOLVANE_SANITIZE)
     add_test(NAME ${name} COMMAND ${name})
   else()
-    gtest_discover_tests(${name} DISCOVERY_TIMEOUT 60)
+    gtest_discover_tests(${name} TEST_PREFIX "${arg_ENTRIES}" DISCOVERY_TIMEOUT 60)
   endif()
 endfunction()
 
@@ -74,6 +75,8 @@ function(tolvane_check folder script)
   find_package(Python3 REQUIRED COMPONENTS Interpreter)
   add_test(NAME ${folder}.${script}
            COMMAND Python3::Interpreter -B "${CMAKE_CURRENT_SOURCE_DIR}/${script}" ${ARGN})
+  # Of a locale that this machine lacks, as one that came by ssh, each bash complains.
+  set_tests_properties(${folder}.${script} PROPERTIES ENVIRONMENT LC_ALL=C.UTF-8)
 endfunction()
 
 # The target `fuzzers` builds all fuzz targets and nothing else.

@@ -18,7 +18,7 @@ constexpr std::int64_t kSetBackUs = 1'000'000;
 LiveSource::LiveSource(std::unique_ptr<GrowingText> text, bool within_line, AtEnd at_end)
     : text_(std::move(text)),
       at_end_(std::move(at_end)),
-      bytes_(kMostBytes),
+      bytes_(kBytes_MAX),
       skips_line_(within_line) {}
 
 LiveSource::~LiveSource() {

@@ -26,7 +26,7 @@ struct LiveCounts {
 class LiveSource : public BusSource {
  public:
   /// A longer line is refused, and at most so many bytes are taken at once.
-  static constexpr std::size_t kMostBytes = 65'536;
+  static constexpr std::size_t kBytes_MAX = 65'536;
 
   using AtEnd = std::function<void(const LiveCounts& counts)>;
 

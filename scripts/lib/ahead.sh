@@ -23,10 +23,13 @@ begin_ahead() {
   done
 }
 
+# can_be_ahead STAGE: one that is chosen, and asks nobody for a password, as nobody could answer it in the background.
+can_be_ahead() { is_chosen "$1" && { [[ " $(stage_groups "$1") " != *" roots "* ]] || rights_unasked; }; }
+
 begin_chain() {
   local step chosen=()
   for step in "$@"; do
-    ! is_chosen "${step#prepare_}" || chosen+=("$step")
+    ! can_be_ahead "${step#prepare_}" || chosen+=("$step")
   done
   [ ${#chosen[@]} -gt 0 ] || return 0
   for step in "${chosen[@]}"; do rm -f "$results/$step".{txt,counts}; done

@@ -6,6 +6,15 @@
 set -euo pipefail
 
 export PATH="${PATH:-/usr/local/sbin:/usr/local/bin:/usr/sbin:/usr/bin:/sbin:/bin}"
+# An ordinary user's has no folder with programs for administrators, as debootstrap: each stands beside a `bin`.
+add_sbin_folders() {
+  local folder folders
+  IFS=: read -ra folders <<<"$PATH"
+  for folder in "${folders[@]}"; do
+    [[ $folder != */bin || :$PATH: == *":${folder%bin}sbin:"* ]] || PATH+=:${folder%bin}sbin
+  done
+}
+add_sbin_folders
 if [ -z "${HOME:-}" ]; then
   HOME=$(getent passwd "$(id -u)" | cut -d: -f6)
   [ -n "$HOME" ] && [ -d "$HOME" ] || HOME=/tmp
@@ -37,14 +46,27 @@ run_python() { "$root/scripts/lib/python-run" "$root/$1" "${@:2}"; }
 
 # as_root COMMAND ARGS: needed only for packages and Debian roots.
 as_root() {
-  if [ "$(id -u)" -eq 0 ]; then
-    "$@"
-  elif command -v sudo >/dev/null; then
-    sudo "$@"
-  else
+  local become_root
+  find_become_root
+  [ ${#become_root[@]} -eq 0 ] || command -v sudo >/dev/null ||
     fail "'$1' needs root rights, and this machine has no sudo: run the script once as root"
-  fi
+  "${become_root[@]}" "$@"
 }
+
+# find_become_root: sets $become_root to the words that stand before a command of root's. A process group in the
+# background of a terminal would be stopped, without a word, when it asks there for a password.
+find_become_root() {
+  local state group terminals_group
+  become_root=()
+  [ "$(id -u)" -ne 0 ] || return 0
+  become_root=(sudo)
+  state=$(cat /proc/self/stat 2>/dev/null) || return 0
+  read -r _ _ group _ _ terminals_group _ <<<"${state##*) }"
+  [[ $terminals_group -le 0 || $terminals_group -eq $group ]] || become_root+=(-n)
+}
+
+# rights_unasked: whether there are root rights without a password.
+rights_unasked() { [ "$(id -u)" -eq 0 ] || sudo -n true 2>/dev/null; }
 
 # need_folder FOLDER ADVICE: makes the folder, or ends the script.
 need_folder() {

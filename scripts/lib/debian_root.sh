@@ -7,16 +7,13 @@
 debian_release=bookworm
 debian_root_path=/usr/local/sbin:/usr/local/bin:/usr/sbin:/usr/bin:/sbin:/bin
 
-debian_root_rights=()
-[ "$(id -u)" -eq 0 ] || debian_root_rights=(sudo)
-
 # debian_root_obstacle: prints why no root can be made or entered here, nothing when it can. Operations that
 # may be forbidden are tried.
 debian_root_obstacle() {
   local said probe
   if [ "$(id -u)" -ne 0 ]; then
     command -v sudo >/dev/null || { echo "it needs root rights, and this machine has no sudo"; return; }
-    said=$(sudo true 2>&1) || { echo "it needs root rights, and sudo says: ${said##*$'\n'}"; return; }
+    said=$(as_root true 2>&1) || { echo "it needs root rights, and sudo says: ${said##*$'\n'}"; return; }
   fi
   [ -e /proc/self/mountinfo ] || { echo "/proc is not mounted here"; return; }
   command -v debootstrap >/dev/null || { echo "debootstrap is not installed"; return; }
@@ -45,20 +42,22 @@ debian_root_make() {
 # debian_root_archive ARCHITECTURE FOLDER ARCHIVE: makes the archive by way of the folder, which is empty
 # before and after.
 debian_root_archive() {
-  local arch=$1 folder=$2 archive=$3 link
+  local arch=$1 folder=$2 archive=$3 link new
   say "making a bare Debian root for $arch, a minute or two; it is kept as $archive"
   # debootstrap fails when the folder's path has a blank in it.
   link=$(mktemp -d)
+  new=$(mktemp "$archive.XXXXXX")
+  at_exit "rm -rf ${link@Q} ${new@Q}"
   ln -s "$folder" "$link/root"
   as_root debootstrap --variant=minbase --arch="$arch" "$debian_release" "$link/root" \
-    >"$debian_root_log" 2>&1 || { rm -r "$link"; return 1; }
+    >"$debian_root_log" 2>&1 || { rm -r "$link" "$new"; return 1; }
   rm -r "$link"
   # The root need not survive a power failure, and packages are installed several times as fast without
   # waiting for the disk.
   as_root tee "$folder/etc/dpkg/dpkg.cfg.d/unsafe-io" <<<force-unsafe-io >/dev/null
   as_root chroot "$folder" /usr/bin/env PATH="$debian_root_path" apt-get clean
-  as_root tar --directory "$folder" --numeric-owner -cf - . >"$archive.new" 2>>"$debian_root_log" &&
-    mv "$archive.new" "$archive" && debian_root_remove "$folder" && mkdir "$folder"
+  as_root tar --directory "$folder" --numeric-owner -cf - . >"$new" 2>>"$debian_root_log" &&
+    mv "$new" "$archive" && debian_root_remove "$folder" && mkdir "$folder"
 }
 
 # debian_root_network FOLDER: gives the root this machine's name resolution and settings for package servers.
@@ -67,8 +66,17 @@ debian_root_network() {
   for file in resolv.conf hosts; do
     [ ! -e "/etc/$file" ] || as_root cp -L "/etc/$file" "$1/etc/$file"
   done
-  apt-config dump | grep -E '^Acquire::(https?::|Check-)' |
-    as_root tee "$1/etc/apt/apt.conf.d/00machine" >/dev/null || true
+  { debian_root_proxies; apt-config dump | grep -E '^Acquire::(https?::|Check-)' || true; } |
+    as_root tee "$1/etc/apt/apt.conf.d/00machine" >/dev/null
+}
+
+# Those of the environment, which is empty in the root. Settings of this machine that follow them are used instead.
+debian_root_proxies() {
+  local scheme proxy
+  for scheme in http https; do
+    proxy=${scheme}_proxy
+    [ -z "${!proxy:-}" ] || printf 'Acquire::%s::Proxy "%s";\n' "$scheme" "${!proxy}"
+  done
 }
 
 debian_root_reason() { first_complaint "$debian_root_log"; }
@@ -82,6 +90,17 @@ debian_root_remove() {
 # Where mounts could not be kept private from the start, the root's own one is seen outside.
 debian_root_unmount() {
   while mountpoint -q "$1"; do as_root umount "$1" || return; done
+}
+
+# debian_root_fetches FOLDER: whether packages can be fetched there; debian_root_reason tells why not. The root's own lists
+# stay as they are.
+debian_root_fetches() {
+  # The script text is for the inner shell.
+  # shellcheck disable=SC2016
+  debian_root_enter "$1" PATH="$debian_root_path" sh -c 'mkdir -p "$1/partial"
+    apt-get -o Dir::State::Lists="$1" -o APT::Update::Error-Mode=any update || code=$?
+    rm -r "$1"
+    exit "${code:-0}"' sh /tmp/lists >"$debian_root_log" 2>&1
 }
 
 # debian_root_install FOLDER PACKAGE...: output goes to the standard output.
@@ -108,7 +127,7 @@ debian_root_enter() {
 # debian_root_start [--number FILE] and as above: does not wait for the command. debian_root_leave ends it. The
 # file gets the number of a process for debian_root_join.
 debian_root_start() {
-  local namespaces=(--mount --pid --fork --kill-child) user=0:0 number=/dev/null paths=() folder
+  local namespaces=(--mount --pid --fork --kill-child) user=0:0 number=/dev/null paths=() folder become_root
   while [[ $1 == --* ]]; do
     case $1 in
       --offline) namespaces+=(--net) ;;
@@ -122,8 +141,9 @@ debian_root_start() {
   shift
   # In a plain chroot, whose root is no mount point, the mounts that are there cannot be made private.
   as_root unshare --mount --propagation private true 2>/dev/null || namespaces+=(--propagation unchanged)
+  find_become_root
   # The root ends with a line on its standard input, or when this script no longer holds the other end.
-  exec {debian_root_hold}> >(exec "${debian_root_rights[@]}" unshare "${namespaces[@]}" \
+  exec {debian_root_hold}> >(exec "${become_root[@]}" unshare "${namespaces[@]}" \
     "$root/scripts/lib/debian-root-init" "$folder" "$user" "$number" "${paths[@]}" -- "$@")
   debian_root_process=$! debian_root_entered=$folder
   at_exit debian_root_leave

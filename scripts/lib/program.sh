@@ -43,10 +43,15 @@ drive_connect() {
     fail "the program did not start a run"
 }
 
-# drive_until_still SECONDS: waits until the page has not changed for so long.
+# drive_begin_still SECONDS: the process $! ends when the page has not changed for so long.
+drive_begin_still() { drive_begin wait-same RTB_MainView "$1"; }
+
+# drive_watched PROCESS: waits for the end of such a process.
+drive_watched() { wait "$1" || fail "the page cannot be watched"; }
+
 drive_until_still() {
-  drive_begin wait-same RTB_MainView "$1"
-  wait "$!" || fail "the page cannot be watched"
+  drive_begin_still "$1"
+  drive_watched "$!"
 }
 
 # drive_end: ends the run and the program.

@@ -15,6 +15,8 @@ fresh_root=$build/fresh-root
 fresh_project="/srv/the project"
 # An ordinary user, who may become root by sudo.
 fresh_user=stranger
+# The one that Debian gives such a user.
+fresh_user_path=/usr/local/bin:/usr/bin:/bin:/usr/local/games:/usr/games
 
 # Those of the root's stages that no other place runs.
 left_to_fresh=()
@@ -29,10 +31,13 @@ stage_fresh() {
   lock_open "$fresh_root.lock"
   lock=$lock_descriptor
   lock_wait "$lock" "$fresh_root.lock" "uses the fresh root too"
-  if debian_root_make "$fresh_root"; then
-    fresh_in_root
-  else
+  if ! debian_root_make "$fresh_root"; then
     skip_fresh "the root cannot be made: $(debian_root_reason)"
+  elif ! debian_root_fetches "$fresh_root"; then
+    debian_root_remove "$fresh_root"
+    skip_fresh "no packages can be fetched there: $(debian_root_reason)"
+  else
+    fresh_in_root
   fi
   exec {lock}>&-
 }
@@ -53,7 +58,8 @@ fresh_in_root() {
   fresh_clone
   fresh_as_root
   fresh_make_user
-  count_command fresh-demo-user fresh_run --user "$fresh_user" "$fresh_project/scripts/demo" --seconds 5
+  count_command fresh-demo-user fresh_run --user "$fresh_user" \
+    PATH="$fresh_user_path" "$fresh_project/scripts/demo" --seconds 5
   count_command fresh-demo-user-page fresh_demo_page
   # A root of their own: what the demo installed would hide what the tests lack. One in which something
   # failed stays.
@@ -143,7 +149,7 @@ fresh_packages_offline() {
     return 1
   fi
   [ "$(grep -vc '^-- ' "$fresh_said")" -eq 1 ] &&
-    tail -n 1 "$fresh_said" | grep -q '^error: the packages above cannot be installed: .*resolv'
+    tail -n 1 "$fresh_said" | grep -qiE '^error: the packages above cannot be installed: .*(resolv|connect)'
 }
 
 # fresh_test STAGE: nothing fails there, and nothing is skipped.

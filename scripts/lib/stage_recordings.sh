@@ -38,10 +38,10 @@ stage_logs() {
   log_case log-xlsx "$car" --times 2 --clock-start 50000 --format xlsx
   # Three files: what the second one's identifiers lose comes in the third. The board's stamps turn
   # negative on the way.
-  local thrice=(--ids 29 --adapter interface --times 17 --speed 20 --clock-start 2100000000)
-  log_case log-29 "$boat" "${thrice[@]}"
+  local on_board=(--ids 29 --adapter interface --times 17 --speed 20 --clock-start 2100000000)
+  log_case log-29 "$boat" "${on_board[@]}"
   log_case log-again-11 "$car" --times 2 --speed 10 --clock-start 50000 --again
   log_case log-again "$boat" --ids 29 --adapter kvaser --times 17 --speed 20 --again
   [ ! -r "$recorded_car" ] || log_case log-recorded "$recorded_car" --times 2 --clock-start 50000
-  [ ! -r "$recorded_boat" ] || log_case log-recorded-29 "$recorded_boat" "${thrice[@]}"
+  [ ! -r "$recorded_boat" ] || log_case log-recorded-29 "$recorded_boat" "${on_board[@]}"
 }

@@ -69,6 +69,7 @@ wine_make_template() {
   WINEDLLOVERRIDES="$no_menus;mscoree,mshtml=" wine wineboot --init </dev/null >"$log" 2>&1 ||
     fail "the Wine prefix cannot be made (see $log)"
   registry=$(mktemp --suffix=.reg)
+  at_exit "rm -f ${registry@Q}"
   { printf '\xff\xfe'; wine_registry | iconv -f UTF-8 -t UTF-16LE; } >"$registry"
   wine regedit /S "$registry" >>"$log" 2>&1 || fail "Wine's registry cannot be written (see $log)"
   rm "$registry"
@@ -170,6 +171,8 @@ wine_take_over() {
   wine_end
   at_exit wine_leave
   wine_prefix_ready || wine_prepare
+  # The disk below Z:, which the program asks for. Wine would complain of the real one, which no ordinary user may read.
+  ln -sfn /dev/null "$WINEPREFIX/dosdevices/z::"
 }
 
 wine_prefix_ready() { [ -e "$WINEPREFIX/tolvane-ready" ]; }
@@ -204,7 +207,7 @@ unlocked() { (drop_lock && exec setpriv --pdeathsig TERM "$@"); }
 wine() { unlocked wine "$@"; }
 
 # begin_unlocked COMMAND ARGS: the same in the background, as the process $!. A signal to this script alone acts while it
-# waits for such a one, and not while a command runs in the foreground.
+# waits for such a process, and not while a command runs in the foreground.
 begin_unlocked() { (drop_lock && exec setpriv --pdeathsig TERM "$@") & }
 
 pause() {
@@ -222,6 +225,7 @@ display_start() {
   command -v Xvfb >/dev/null || fail "Xvfb is not installed: scripts/demo and scripts/test install it"
   local numbers xvfb_process screen=$((1280 * wine_dpi / 96))x$((1024 * wine_dpi / 96))x24
   numbers=$(mktemp)
+  at_exit "rm -f ${numbers@Q}"
   # It must not hear Ctrl-C, which would end it under the program; and it ends with this script even when
   # nothing of the script is left to end it.
   (drop_lock && exec setsid setpriv --pdeathsig TERM Xvfb -displayfd 3 -screen 0 "$screen" -nolisten tcp) \

@@ -29,10 +29,10 @@ std::string HexText(std::uint32_t number) {
 
 /// The size, and the texts of a small one.
 std::string TableText(const Table& table) {
-  constexpr std::size_t kMostShown = 64;
+  constexpr std::size_t kShown_MAX = 64;
   std::string out =
       "table(" + std::to_string(table.rows) + "x" + std::to_string(table.columns) + ")";
-  if (table.texts.size() > kMostShown) return out;
+  if (table.texts.size() > kShown_MAX) return out;
   for (const String& text : table.texts) out += " " + Quoted(text);
   return out;
 }

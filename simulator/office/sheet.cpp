@@ -32,8 +32,8 @@ Area Sheet::Used(const Area& area) const {
 }
 
 bool Sheet::IsWorkable(const Area& area) {
-  constexpr int kMostCells = 1'000'000;
-  return area.Rows() <= kMostCells / area.Columns();
+  constexpr int kCells_MAX = 1'000'000;
+  return area.Rows() <= kCells_MAX / area.Columns();
 }
 
 Cell& Sheet::At(int row, int column) {

@@ -53,7 +53,7 @@ std::size_t WriteCsvLine(const LogRecord& record, std::string_view mark,
 void AppendCsvLine(std::span<const String, LogTable::kColumns> row, bool with_mark,
                    std::string& lines) {
   constexpr std::size_t kFirstByte = 4;
-  const auto append = [&](std::size_t column) { platform::AppendAsciiRun(row[column], lines); };
+  const auto append = [&](std::size_t column) { AppendAsciiRun(row[column], lines); };
   if (row[0].size() < kTimeWidth) lines.append(kTimeWidth - row[0].size(), ' ');
   append(0);
   lines += kCsvGap;

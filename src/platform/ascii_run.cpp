@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <array>
 
-namespace tolvane::platform {
+namespace tolvane {
 
 namespace {
 
@@ -45,4 +45,4 @@ std::size_t AppendAsciiRun(StringView text, std::string& bytes) {
   return run.size();
 }
 
-}  // namespace tolvane::platform
+}  // namespace tolvane

@@ -5,7 +5,7 @@
 
 #include "platform/string.h"
 
-namespace tolvane::platform {
+namespace tolvane {
 
 /// True for the characters that every code page holds as one byte of the same value.
 [[nodiscard]] constexpr bool IsAscii(char16_t character) { return character < 0x80; }
@@ -14,4 +14,4 @@ namespace tolvane::platform {
 /// are almost all ASCII, and reception stops while one is written, so this works in large steps.
 std::size_t AppendAsciiRun(StringView text, std::string& bytes);
 
-}  // namespace tolvane::platform
+}  // namespace tolvane

@@ -44,10 +44,13 @@ ColourWalk::ColourWalk(const ColourRuns& runs, std::int32_t start)
       last_(runs.Runs().end()) {}
 
 void RichTextPage::TakeMemory() {
+  text.clear();
+  colours.Clear();
+  backgrounds.Clear();
   try {
-    text.assign(kMostCharacters, u'\0');
-    colours.TakeMemory(kMostColours);
-    backgrounds.TakeMemory(kMostBackgrounds);
+    text.assign(kCharacters_MAX, u'\0');
+    colours.TakeMemory(kColours_MAX);
+    backgrounds.TakeMemory(kBackgrounds_MAX);
   } catch (const std::bad_alloc&) {
     // The first page tries again.
   }

@@ -68,14 +68,14 @@ class ColourWalk {
 struct RichTextPage {
   // What a page of a run holds at most: the 4,001 rows of an extended table with header and foot,
   // some 50 characters each; a run for each of their bytes and cycles; and the markers.
-  static constexpr std::size_t kMostLines = 4'020;
-  static constexpr std::size_t kMostCharacters = 64 * kMostLines;
-  static constexpr std::size_t kMostColours = 9 * kMostLines;
-  static constexpr std::size_t kMostBackgrounds = 16;
+  static constexpr std::size_t kLines_MAX = 4'020;
+  static constexpr std::size_t kCharacters_MAX = 64 * kLines_MAX;
+  static constexpr std::size_t kColours_MAX = 9 * kLines_MAX;
+  static constexpr std::size_t kBackgrounds_MAX = 16;
 
-  /// Empties the page and has the storage of such a one in memory, so that the first one does not
-  /// find it new to the process, nor moves while it grows. Where memory has run out, the first one
-  /// tries again.
+  /// Empties the page and takes the memory of the largest one, so that the first page of a run
+  /// neither finds it new to the process nor moves while it grows. Where memory has run out, that
+  /// page tries again.
   void TakeMemory();
 
   String text;

@@ -40,7 +40,9 @@ class RichTextView {
   virtual void SelText(StringView text) = 0;
   [[nodiscard]] virtual String SelRTF() const = 0;
 
-  /// True while the user cannot change the content; the program always can.
+  /// True while the user cannot change the content; the program always can. Locked(true) is said
+  /// ahead of a run: a view on a screen then takes the memory of the largest page and lays it out
+  /// once, tens of milliseconds, so that no page of the run has to.
   [[nodiscard]] virtual bool Locked() const = 0;
   virtual void Locked(bool locked) = 0;
 

@@ -5,8 +5,9 @@ usage: check_includes.py ROOT
 
 Templates and headers alone defeat a fence at link time, so the includes themselves are compared
 with the table in floors.txt, and that table with the drawing in ARCHITECTURE.md. Found are:
-includes of a room on a floor above or on the same floor, rooms that are linked with such a room, files
-that include each other (directly or around), Windows where the logic lives, and files on no floor.
+includes of a room on a floor above or on the same floor, rooms that are linked with such a room or with
+one of which they include nothing, files and folders, also outside src/, that include each other
+(directly or around), Windows where the logic lives, and files on no floor.
 """
 
 import pathlib
@@ -22,6 +23,10 @@ WINDOWS_MACRO = re.compile(r"^\s*#.*\b(_WIN32|_WIN64|__MINGW\w*)\b", re.MULTILIN
 WINDOWS_FOLDERS = ("bench/windows/", "src/platform/windows/", "support/", "simulator/", "tools/drive/",
                    "tools/log/windows/",
                    "tests/window/", "tests/platform/windows/", "tests/simulator/", "tests/support/")
+# Headers that the build of a room makes, included by their name alone.
+MADE_HEADERS = {"tolvane_control_ids.h": "platform/windows/resources"}
+# Pairs of a room and one that it is linked with and includes nothing of.
+LINKED_ALONE = {("platform/windows/main_window", "shell")}  # Form1's methods that are defined there
 CHECKED_FOLDERS = ("src", "support", "simulator", "tools", "tests", "bench")
 
 
@@ -62,7 +67,7 @@ def compare_drawing(floors: dict[str, int], drawing: list[set[str]]) -> list[str
 
 
 def room_of(path: str) -> str:
-    """The room of `path`, which is relative to src/."""
+    """The folder of `path`: relative to src/, its room."""
     return path.rpartition("/")[0]
 
 
@@ -98,37 +103,66 @@ def check_floors(sources: dict[str, str], floors: dict[str, int]) -> list[str]:
     return problems
 
 
-def check_uses(builds: dict[str, str], floors: dict[str, int]) -> list[str]:
-    """`builds` maps rooms to their CMakeLists.txt: what a room is linked with lies below it."""
+def includes_of_rooms(sources: dict[str, str]) -> dict[str, set[str]]:
+    """The rooms that each room includes."""
+    included: dict[str, set[str]] = {}
+    for path, text in sources.items():
+        rooms = included.setdefault(room_of(path), set())
+        rooms.update(MADE_HEADERS.get(name, room_of(name)) for _, name in includes_of(text))
+    return included
+
+
+def check_uses(builds: dict[str, str], floors: dict[str, int], sources: dict[str, str]) -> list[str]:
+    """`builds` maps rooms to their CMakeLists.txt: what a room is linked with lies below it, and the
+    room includes something of it."""
     problems = []
+    rooms = includes_of_rooms(sources)
     for room, text in sorted(builds.items()):
+        included = rooms.get(room, set())
         for used in " ".join(re.findall(r"\bUSES ([^)]*)\)", text)).split():
             if floors.get(used, -1) >= floors.get(room, -1):
                 problems.append(f"src/{room}/CMakeLists.txt: the room {room} may not use {used}")
+            elif used not in included and (room, used) not in LINKED_ALONE:
+                problems.append(f"src/{room}/CMakeLists.txt: the room {room} includes nothing of {used}")
+            elif used in included and (room, used) in LINKED_ALONE:
+                problems.append(f"src/{room}: includes {used}, which LINKED_ALONE denies")
     return problems
 
 
-def check_circles(sources: dict[str, str]) -> list[str]:
-    """Chains of includes that come back to where they began, each told once."""
-    graph = {path: [name for mark, name in includes_of(text) if mark == '"' and name in sources]
-             for path, text in sources.items()}
+def circles(graph: dict[str, set[str]], what: str) -> list[str]:
+    """Roads that come back to where they began, each told once. `graph` has all ways on."""
     problems: list[str] = []
     done: set[str] = set()
 
-    def visit(path: str, road: list[str]) -> None:
-        if path in road:
-            circle = road[road.index(path):] + [path]
-            problems.append("files include each other: " + " -> ".join(circle))
+    def visit(node: str, road: list[str]) -> None:
+        if node in road:
+            circle = road[road.index(node):] + [node]
+            problems.append(f"{what} include each other: " + " -> ".join(circle))
             return
-        if path in done:
+        if node in done:
             return
-        for name in graph[path]:
-            visit(name, road + [path])
-        done.add(path)
+        for name in sorted(graph[node]):
+            visit(name, road + [node])
+        done.add(node)
 
-    for path in sorted(graph):
-        visit(path, [])
+    for node in sorted(graph):
+        visit(node, [])
     return problems
+
+
+def check_circles(files: dict[str, str]) -> list[str]:
+    """Files, and folders, that include each other. `files` maps paths relative to the root to their
+    text; an include is relative to the root or to src/."""
+    graph: dict[str, set[str]] = {}
+    folders: dict[str, set[str]] = {}
+    for path, text in sorted(files.items()):
+        names = [name if name in files else "src/" + name
+                 for mark, name in includes_of(text) if mark == '"']
+        graph[path] = {name for name in names if name in files}
+        folders.setdefault(room_of(path), set()).update(room_of(name) for name in graph[path])
+    for folder, others in folders.items():
+        others.discard(folder)
+    return circles(graph, "files") + circles(folders, "folders")
 
 
 def check_windows(files: dict[str, str]) -> list[str]:
@@ -161,7 +195,7 @@ def main(root: pathlib.Path) -> int:
     builds = {path.parent.relative_to(root / "src").as_posix(): path.read_text(encoding="utf-8")
               for path in (root / "src").rglob("CMakeLists.txt")}
     problems = (compare_drawing(floors, drawing) + check_floors(sources, floors) +
-                check_uses(builds, floors) + check_circles(sources) + check_windows(files))
+                check_uses(builds, floors, sources) + check_circles(files) + check_windows(files))
     for problem in problems:
         print(problem)
     print(f"{len(sources)} files of src/ in {len(floors)} rooms, {len(problems)} problems")

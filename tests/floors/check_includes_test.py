@@ -2,6 +2,7 @@
 """Tests of check_includes: each kind of bad include is found, and good ones are not."""
 
 import unittest
+import unittest.mock
 
 import check_includes as check
 
@@ -14,11 +15,17 @@ FLOORS = check.read_floors("""
 """)
 
 
-def floors(**sources: str) -> list[str]:
+def named(sources: dict[str, str]) -> dict[str, str]:
     """Names of sources: `__` for the slash, `_h` for the suffix."""
-    return check.check_floors(
-        {name.replace("__", "/").removesuffix("_h") + ".h": text for name, text in sources.items()},
-        FLOORS)
+    return {name.replace("__", "/").removesuffix("_h") + ".h": text for name, text in sources.items()}
+
+
+def floors(**sources: str) -> list[str]:
+    return check.check_floors(named(sources), FLOORS)
+
+
+def uses(room: str, used: str, **sources: str) -> list[str]:
+    return check.check_uses({room: f"tolvane_room(USES {used})"}, FLOORS, named(sources))
 
 
 class Floors(unittest.TestCase):
@@ -50,12 +57,28 @@ class Floors(unittest.TestCase):
 
 class Uses(unittest.TestCase):
     def test_a_room_is_linked_with_rooms_below_it(self):
-        self.assertEqual([], check.check_uses({"view": "tolvane_room(USES view/tables\n run)\n"}, FLOORS))
+        self.assertEqual([], uses("view", "view/tables\n run", view__a_h='#include "view/tables/t.h"',
+                                  view__b_h='#include "run/x.h"'))
 
     def test_a_room_of_the_same_floor_or_above_is_found(self):
         self.assertEqual(["src/run/CMakeLists.txt: the room run may not use platform",
                           "src/run/CMakeLists.txt: the room run may not use view"],
-                         check.check_uses({"run": "tolvane_room(USES platform view)"}, FLOORS))
+                         uses("run", "platform view", run__x_h='#include "platform/p.h"'))
+
+    def test_a_room_of_which_nothing_is_included_is_found(self):
+        self.assertEqual(["src/view/CMakeLists.txt: the room view includes nothing of view/tables"],
+                         uses("view", "view/tables run", view__a_h='#include "run/x.h"',
+                              view__other__a_h='#include "view/tables/t.h"'))
+
+    def test_a_header_that_a_build_makes_is_of_its_room(self):
+        with unittest.mock.patch.dict(check.MADE_HEADERS, {"made.h": "run"}):
+            self.assertEqual([], uses("view", "run", view__a_h="#include <made.h>"))
+
+    def test_what_is_linked_alone_is_not_included(self):
+        with unittest.mock.patch.object(check, "LINKED_ALONE", {("view", "run")}):
+            self.assertEqual([], uses("view", "run", view__a_h=""))
+            self.assertEqual(["src/view: includes run, which LINKED_ALONE denies"],
+                             uses("view", "run", view__a_h='#include "run/x.h"'))
 
 
 class Circles(unittest.TestCase):
@@ -68,6 +91,19 @@ class Circles(unittest.TestCase):
     def test_two_roads_to_one_file_are_no_circle(self):
         sources = {"a.h": '#include "b.h"\n#include "c.h"', "b.h": '#include "c.h"', "c.h": ""}
         self.assertEqual([], check.check_circles(sources))
+
+    def test_includes_from_src_are_followed(self):
+        sources = {"src/run/a.h": '#include "run/b.h"', "src/run/b.h": '#include "run/a.h"'}
+        self.assertEqual(["files include each other: src/run/a.h -> src/run/b.h -> src/run/a.h"],
+                         check.check_circles(sources))
+
+    def test_folders_that_include_each_other_are_found_outside_src_too(self):
+        for folder in ("src", "tests", "tools", "simulator", "bench"):
+            with self.subTest(folder):
+                sources = {f"{folder}/all.h": f'#include "{folder}/part/a.h"', f"{folder}/parts.h": "",
+                           f"{folder}/part/a.h": "", f"{folder}/part/b.cpp": f'#include "{folder}/parts.h"'}
+                self.assertEqual([f"folders include each other: {folder} -> {folder}/part -> {folder}"],
+                                 check.check_circles(sources))
 
 
 class Windows(unittest.TestCase):

@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-namespace tolvane::platform {
+namespace tolvane {
 namespace {
 
 TEST(AsciiRun, EndsAtTheFirstOtherCharacterWhereverItStands) {
@@ -32,4 +32,4 @@ TEST(AsciiRun, TakesAWholeTextWithEachCharacterAsItsOwnByte) {
 }
 
 }  // namespace
-}  // namespace tolvane::platform
+}  // namespace tolvane

@@ -3,6 +3,7 @@
 argument is the project's folder. What needs a real root is seen in the stages `x86` and `fresh`."""
 
 import pathlib
+import shutil
 import sys
 import unittest
 
@@ -47,6 +48,11 @@ class DebianRoot(PlayedMachine):
         self.remove("debootstrap")
         self.assertEqual(["debootstrap is not installed"], self.obstacle())
 
+    def test_a_tool_of_administrators_is_found_by_a_user(self):
+        (self.folder / "sbin").mkdir()
+        (self.bin / "debootstrap").rename(self.folder / "sbin/debootstrap")
+        self.assertEqual([], self.obstacle())
+
     def test_forbidden_namespaces(self):
         self.play("unshare", "echo 'unshare: unshare failed: Operation not permitted' >&2; exit 1")
         self.assertEqual(["a root cannot be entered here: unshare: unshare failed: Operation not permitted"],
@@ -70,6 +76,32 @@ class DebianRoot(PlayedMachine):
         *options, release, folder = (self.folder / "called").read_text(encoding="utf-8").splitlines()
         self.assertEqual((["--variant=minbase", "--arch=amd64"], "bookworm"), (options, release))
         self.assertNotIn(" ", folder.removeprefix(str(self.folder)))
+
+    def test_the_root_has_the_proxies_of_this_machines_environment_and_of_its_settings(self):
+        for tool in ("cp", "tee"):
+            (self.bin / tool).symlink_to(shutil.which(tool))
+        self.play("apt-config", """echo 'Acquire::http::Proxy "set";'; echo 'APT::Other "1";'""")
+        settings = self.folder / "etc/apt/apt.conf.d"
+        settings.mkdir(parents=True)
+        for environment, first in (({"http_proxy": "a:1", "https_proxy": "b:2"},
+                                    ['Acquire::http::Proxy "a:1";', 'Acquire::https::Proxy "b:2";']),
+                                   ({"http_proxy": ""}, [])):
+            status, said = self.bash('debian_root_network "$HOME"', "packages", "debian_root", **environment)
+            self.assertEqual((0, []), (status, said))
+            self.assertEqual([*first, 'Acquire::http::Proxy "set";'],
+                             (settings / "00machine").read_text(encoding="utf-8").splitlines())
+
+    def test_an_interruption_leaves_no_file(self):
+        self.play("chroot", "exit 0")
+        (self.bin / "tee").symlink_to(shutil.which("tee"))
+        self.play("debootstrap", 'mkdir -p "${!#}/etc/dpkg/dpkg.cfg.d"')
+        # One after the other, the last one first.
+        for tool in ("tar", "debootstrap"):
+            self.play(tool, 'kill "$PPID"; sleep 1')
+            with self.subTest(tool):
+                self.assertEqual(143, self.bash(REASON, "packages", "debian_root")[0])
+                self.assertEqual([], list(self.folder.glob("tmp.*")))
+                self.assertEqual([], list(self.folder.glob("build/roots/*.tar*")))
 
     def test_a_root_is_left_though_what_runs_there_keeps_its_input(self):
         self.play("sudo", 'exec "$@"')

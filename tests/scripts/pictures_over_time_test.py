@@ -17,6 +17,7 @@ folder=$2
 at_exit() { :; }
 pause() { sleep "$1"; }
 begin_stay() { sleep 2.5 & }
+drive_watched() { wait "$1"; }
 microseconds() { printf '%s\n' "${EPOCHREALTIME/[.,]/}"; }
 drive_leave() {
   touch "$1/$2.png" "$1/$2.txt"
@@ -37,7 +38,6 @@ class Every(unittest.TestCase):
             left = sorted(path.name for path in pathlib.Path(folder, "out").iterdir())
         self.assertEqual("", done.stderr)
         taken = {name: int(time) for name, time in map(str.split, done.stdout.splitlines())}
-        self.assertLessEqual(set(taken), {"page-00001", "page-00002"})
         self.assertIn("page-00001", taken)
         self.assertEqual(sorted(name + end for name in taken for end in (".png", ".txt")), left)
         for name, time in taken.items():

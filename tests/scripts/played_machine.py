@@ -34,11 +34,12 @@ class PlayedMachine(unittest.TestCase):
     def remove(self, tool: str) -> None:
         (self.bin / tool).unlink()
 
-    def bash(self, script: str, *libraries: str) -> tuple[int, list[str]]:
-        """Status and what was said."""
+    def bash(self, script: str, *libraries: str, **environment: str) -> tuple[int, list[str]]:
+        """Status and what was said, without a terminal."""
         sources = "".join(f'source "$root/scripts/lib/{library}.sh"\n' for library in libraries)
         done = subprocess.run([shutil.which("bash"), "-c",
                                f'source "{self.folder}/scripts/lib/common.sh"\n{sources}{script}'],
-                              env={"PATH": str(self.bin), "HOME": str(self.folder), "TMPDIR": str(self.folder)},
+                              env={"PATH": str(self.bin), "HOME": str(self.folder), "TMPDIR": str(self.folder)} | environment,
+                              start_new_session=True,
                               stdout=subprocess.PIPE, stderr=subprocess.STDOUT, text=True, timeout=60, check=False)
         return done.returncode, done.stdout.splitlines()

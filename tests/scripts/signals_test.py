@@ -39,6 +39,7 @@ class Signals(unittest.TestCase):
         shutil.copytree(PROJECT / "scripts", self.folder / "scripts")
         self.lock = self.folder / "build/wine-prefix-run.lock"
         for name in ("build/wine-prefix-run/tolvane-ready", "build/wine-prefix-run/drive_c/windows/system32/a.dll",
+                     "build/wine-prefix-run/dosdevices/c:",
                      "build/windows-x64/simulator/a.dll", "build/windows-x64/program/Tolvane.exe",
                      "build/windows-x64/program/qxt100.dll", *(f"tools/{tool}" for tool in TOOLS)):
             (self.folder / name).parent.mkdir(parents=True, exist_ok=True)
@@ -54,6 +55,7 @@ class Signals(unittest.TestCase):
                                   env={"PATH": f"{self.folder}/tools:/usr/bin:/bin", "HOME": str(self.folder)})
         self.assertTrue(any(line.startswith("-- connected; ") for line in process.stdout))
         while not waiting(process.pid):
+            self.assertIsNone(process.poll(), "the demo does not wait")
             time.sleep(0.02)
         return process
 

@@ -16,10 +16,18 @@ import tracked
 PROJECT = pathlib.Path(sys.argv.pop())
 STAGES = "checks unit sanitizers fuzz soak commands wine window replay logs x86 release fresh"
 NO_WINE = {"wine", "wine64", "wine32", "xvfb"}
+# What the end of a process takes at most on a busy machine, in seconds.
+PATIENCE = 30
 X64, X86 = "g++-mingw-w64-x86-64-posix", "g++-mingw-w64-i686-posix"
 NO_WINDOWS = NO_WINE | {X64, X86}
 # The stages that start scripts, each with what starts and counts one.
 COMMAND_STAGES = {"commands": "count_command", "replay": "replay_case", "logs": "log_case"}
+
+# Tells its process.
+TELL_AND_STAY = '''tell_and_stay() {
+    bash -c 'echo $$ >"$0.new"; mv "$0.new" "$0"; exec sleep 1000' "$results/inner"
+}
+'''
 
 
 def run(*arguments: str) -> subprocess.CompletedProcess:
@@ -34,12 +42,12 @@ class Stages(unittest.TestCase):
         self.folder = pathlib.Path(folder.name)
         (self.folder / "scripts").symlink_to(PROJECT / "scripts")
 
-    def start(self, text: str) -> subprocess.Popen:
+    def start(self, text: str, *before: str, **how) -> subprocess.Popen:
         libraries = "".join(f'source "$root/scripts/lib/{name}.sh"\n'
                             for name in ("packages", "compile", "stages", "stage_release", "stage_fresh"))
-        process = subprocess.Popen(["bash", "-c", f'source "{self.folder}/scripts/lib/common.sh"\n{libraries}'
+        process = subprocess.Popen([*before, "bash", "-c", f'source "{self.folder}/scripts/lib/common.sh"\n{libraries}'
                                     f'at_exit stop_running\n{text}'],
-                                   stdout=subprocess.PIPE, stderr=subprocess.STDOUT, text=True)
+                                   stdout=subprocess.PIPE, stderr=subprocess.STDOUT, text=True, **how)
         # A failed test leaves nothing that waits for ever.
         self.addCleanup(process.stdout.close)
         self.addCleanup(process.wait)
@@ -79,6 +87,23 @@ class Stages(unittest.TestCase):
                 stage_{stage} || true''')
             self.assertEqual([targets], said.splitlines(), stage)
 
+    def test_every_suite_of_the_soaks_own_tests_is_in_its_stage_and_in_no_other(self):
+        folder = PROJECT / "tests/soak"
+        entries = re.search(r"tolvane_test\(soak_tests (?:ENTRIES (\S+) )?", (folder / "CMakeLists.txt").read_text())[1] or ""
+        suites = {entries + name for path in folder.glob("*_test.cpp")
+                  for name in re.findall(r"^(?:TEST|TEST_F|INSTANTIATE_TEST_SUITE_P)\((\w+),", path.read_text(), re.M)}
+        self.assertIn(entries + "NumberedLogs", suites)
+        self.assertIn(entries + "Modes", suites)
+        for stage in ("checks", "unit", "sanitizers", "soak", "fuzz"):
+            chosen = self.bash(f'''build_all() {{ :; }}
+                configure_preset() {{ :; }}
+                count_command() {{ :; }}
+                run_ctest() {{ printf '%s\\n' "${{@: -2}}"; }}
+                stage_{stage}''').splitlines()
+            self.assertIn(chosen[0], ("-R", "-E"), stage)
+            ran = {name for name in suites if bool(re.search(chosen[1], name)) == (chosen[0] == "-R")}
+            self.assertEqual(suites if stage == "soak" else set(), ran, stage)
+
     def test_a_whole_run_leaves_three_stages_to_the_fresh_root(self):
         self.assertEqual([stage for stage in STAGES.split() if stage not in ("checks", "unit", "soak")],
                          self.bash("stages_of_whole_run").split())
@@ -101,8 +126,22 @@ class Stages(unittest.TestCase):
                 stage_fresh; echo "$skipped"''').splitlines()
             self.assertEqual(["-- skipped: fresh: no roots here", *(f"ran {stage}" for stage in ran), "1"], said)
 
+    def test_a_root_without_a_way_to_packages_is_skipped(self):
+        said = self.bash("""left_to_fresh=(unit)
+            fresh_obstacle() { :; }
+            debian_root_make() { debian_root_log=$build/root.log; mkdir -p "$1"; }
+            debian_root_remove() { rm -r "$1"; echo removed; }
+            debian_root_enter() { echo "W: old"; echo "E: no way to the server"; return 100; }
+            fresh_clone() { echo cloned; }
+            need_packages() { :; }
+            run_stage() { echo "ran $1"; }
+            stage_fresh; echo "$failed $skipped\"""").splitlines()
+        self.assertEqual(["removed", "-- skipped: fresh: no packages can be fetched there: no way to the server (the whole "
+                          f"output: {self.folder}/build/root.log)", "ran unit", "0 1"], said)
+
     def test_a_stage_begun_ahead_is_told_and_counted_in_its_turn(self):
         said = self.bash('''stages=(window release fresh)
+            rights_unasked() { :; }
             stage_release() { passed=3 skipped=1; }
             stage_fresh() { exit 1; }
             begin_ahead first; begin_ahead window
@@ -136,6 +175,7 @@ class Stages(unittest.TestCase):
 
     def test_chains_are_begun_beside_each_other(self):
         said = self.bash('''stages=(x86 release fresh)
+            rights_unasked() { :; }
             prepare_x86() { touch "$results/prepared"; }
             stage_release() { [ -e "$results/prepared" ]; until [ -e "$results/fresh.begun" ]; do sleep 0.1; done; }
             stage_fresh() { touch "$results/fresh.begun"; until [ -e "$results/release.counts" ]; do sleep 0.1; done; }
@@ -144,24 +184,55 @@ class Stages(unittest.TestCase):
             echo "$failed"''')
         self.assertEqual("0", said.splitlines()[-1])
 
+    def asking_sudo(self) -> str:
+        """A user whose sudo wants a password each time."""
+        return self.played("id", "echo 1000") + self.played("sudo", """
+            if [ "$1" = -n ]; then echo "sudo: a password is required"; exit 1; fi
+            read -rs word </dev/tty && echo "said $word" && exec "$@\"""")
+
+    def test_what_would_ask_for_a_password_is_not_begun_ahead(self):
+        said = self.bash(self.asking_sudo() + """stages=(window x86 release fresh)
+            prepare_x86() { touch "$results/prepared"; }
+            stage_release() { :; }
+            stage_fresh() { :; }
+            begin_ahead first; begin_ahead window
+            collect_stage release
+            wait "${process_ahead[release]}"
+            is_ahead fresh || echo fresh in its turn
+            ls "$results\"""").splitlines()
+        self.assertEqual(["fresh in its turn", "release.counts", "release.txt"], said[-3:])
+
+    def test_a_password_is_asked_for_in_the_foreground_of_a_terminal_alone(self):
+        # In the background the question would stop the process for ever.
+        keyboard, terminal = os.openpty()
+        self.addCleanup(os.close, keyboard)
+        self.addCleanup(os.close, terminal)
+        os.write(keyboard, b"open\n")
+        process = self.start(self.asking_sudo() + """as_root echo a root
+            in_group as_root echo no root || echo refused""", "setsid", "--ctty", stdin=terminal)
+        said = process.communicate(timeout=60)[0].splitlines()
+        self.assertEqual(["said open", "a root", "sudo: a password is required", "refused"], said)
+
     def expect_end_of(self, number: str) -> None:
         """Of the process that a script told before its own end; the system may take it away a moment later."""
         self.assertRegex(number, "^[0-9]+$")
-        deadline = time.monotonic() + 30
+        deadline = time.monotonic() + PATIENCE
         while (is_there := pathlib.Path(f"/proc/{number}").exists()) and time.monotonic() < deadline:
             time.sleep(0.1)
         self.assertFalse(is_there)
 
     def test_the_end_of_the_script_ends_what_was_begun_ahead(self):
-        process = self.start('''stages=(window release)
-            stage_release() { count_command release sleep 1000; }
+        process = self.start(TELL_AND_STAY + '''stages=(window release)
+            stage_release() { count_command release tell_and_stay; }
             begin_ahead first; begin_ahead window
-            until pgrep -P "${process_ahead[release]}" sleep; do :; done''')
+            until [ -e "$results/inner" ]; do sleep 0.1; done
+            cat "$results/inner"''')
         self.expect_end_of(process.communicate(timeout=60)[0].strip())
 
     def test_the_end_of_the_script_ends_a_preparation(self):
-        process = self.start('''stages=(x86 release)
-            prepare_x86() { bash -c 'echo $$ >"$0.new"; mv "$0.new" "$0"; exec sleep 1000' "$results/inner"; }
+        process = self.start(TELL_AND_STAY + '''stages=(x86 release)
+            rights_unasked() { :; }
+            prepare_x86() { tell_and_stay; }
             begin_ahead first; begin_ahead window
             until [ -e "$results/inner" ]; do sleep 0.1; done
             cat "$results/inner"''')
@@ -272,7 +343,7 @@ class Stages(unittest.TestCase):
     def played(self, tool: str, script: str) -> str:
         """What makes a shell find the tool."""
         path = self.folder / "bin" / tool
-        path.parent.mkdir()
+        path.parent.mkdir(exist_ok=True)
         path.write_text(f"#!/bin/bash\n{script}\n", encoding="utf-8")
         path.chmod(0o755)
         return f'PATH="{path.parent}:$PATH"\n'
@@ -306,8 +377,9 @@ class Stages(unittest.TestCase):
 
 
 def running(process: int) -> bool:
-    """A zombie process counts as ended."""
-    for _ in range(100):
+    """Whether it still runs after a while; a zombie process counts as ended."""
+    deadline = time.monotonic() + PATIENCE
+    while time.monotonic() < deadline:
         try:
             os.kill(process, 0)
             if pathlib.Path(f"/proc/{process}/stat").read_text(encoding="utf-8").rsplit(")", 1)[1].split()[0] == "Z":

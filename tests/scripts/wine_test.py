@@ -2,6 +2,7 @@
 """Tests of scripts/lib/wine.sh with a Wine that is played: what keeps Wine's services running, and what a script that
 has Wine's lock waits for. The argument is the project's folder."""
 
+import os
 import pathlib
 import re
 import signal
@@ -48,6 +49,36 @@ class Services(PlayedMachine):
         self.play("wine", 'echo "$WINEDLLOVERRIDES" >>"$HOME/told"; [ "$*" != "wineboot --init" ]')
         self.assertEqual(1, self.bash('wine x; WINEPREFIX=$HOME/prefix wine_make_template', "wine")[0])
         self.assertEqual(["winemenubuilder.exe=d", "winemenubuilder.exe=d;mscoree,mshtml="], self.told())
+
+    def template(self, regedit: str) -> tuple[int, list[str]]:
+        """Makes a template with a Wine whose editor of the registry does this."""
+        self.play("cp", "exit 0")
+        self.play("wineserver", "exit 0")
+        self.play("wine", f"""case $1 in
+            regedit) {regedit} ;;
+        esac""")
+        return self.bash("WINEPREFIX=$HOME/prefix wine_make_template", "wine")
+
+    def test_a_run_never_reads_the_disk_below_z(self):
+        for tool in ("wine", "wineserver"):
+            self.play(tool, "exit 0")
+        prefix = self.folder / "build/wine-prefix-run"
+        (prefix / "dosdevices").mkdir(parents=True)
+        (prefix / "tolvane-ready").touch()
+        for _ in range(2):
+            self.assertEqual(0, self.bash("wine_session_alone", "wine", TOLVANE_DISPLAY=":77")[0])
+            self.assertEqual("/dev/null", os.readlink(prefix / "dosdevices/z::"))
+
+    def test_a_registry_that_is_refused_or_interrupted_leaves_no_file(self):
+        for regedit, status in (("exit 1", 1), ('kill "$PPID"', 143)):
+            self.assertEqual(status, self.template(regedit)[0])
+            self.assertEqual([], list(self.folder.glob("tmp.*")))
+
+    def test_a_display_that_does_not_start_leaves_no_file(self):
+        for tool, script in (("setsid", 'exec "$@"'), ("Xvfb", "exit 1")):
+            self.play(tool, script)
+        self.assertEqual((1, ["error: the X server Xvfb does not start"]), self.bash("display_start", "wine"))
+        self.assertEqual([], list(self.folder.glob("tmp.*")))
 
 
 class Waiting(PlayedMachine):

@@ -49,7 +49,7 @@ void PlayLive(std::string_view text, const CandumpLog& log) {
     }
   }
   const bool ends_in_line = text.empty() || text.back() == '\n';
-  if (text.size() >= LiveSource::kMostBytes || !ends_in_line) return;
+  if (text.size() >= LiveSource::kBytes_MAX || !ends_in_line) return;
   if (counts.frames != std::ssize(log.frames) || counts.refused_lines != log.refused_lines)
     std::abort();
 }

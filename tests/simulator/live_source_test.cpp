@@ -90,7 +90,7 @@ TEST_F(LiveBus, OtherLinesAreLeftOut) {
 }
 
 TEST_F(LiveBus, AnEndlessLineIsRefusedOnceAndWhatFollowsIsRead) {
-  const std::string endless(3 * LiveSource::kMostBytes + 5, 'x');
+  const std::string endless(3 * LiveSource::kBytes_MAX + 5, 'x');
   EXPECT_TRUE(At(0, endless).empty());
   EXPECT_EQ(At(1, " (1.0) can0 124#\n(1.0) can0 123#\n").size(), 1u);
 }

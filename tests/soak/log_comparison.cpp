@@ -12,6 +12,7 @@ LogComparison::LogComparison(const simulator::BenchConfig& config, bool ids29,
     : time_(TimeOfAdapter(config)),
       text_(time_, ids29),
       bus_(config.bus.load),
+      page_(ids29),
       frames_(config.bus.load.frames),
       overruns_(overruns) {}
 
@@ -56,6 +57,7 @@ bool LogComparison::Take(std::string_view record) {
     text_.Append(frame, text);
     if (text == record) {
       Lose(passed);
+      page_.Receive(frame, text_.LineMs());
       return true;
     }
     text_ = before;

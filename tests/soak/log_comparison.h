@@ -7,6 +7,7 @@
 
 #include "simulator/bench_config.h"
 #include "simulator/load_generator.h"
+#include "tests/soak/expected_page.h"
 #include "tests/soak/log_text.h"
 
 namespace tolvane::soak {
@@ -41,6 +42,8 @@ class LogComparison {
   void Add(const std::string& log);
   /// Behind the last log.
   [[nodiscard]] ComparedLogs Result();
+  /// What the frames of the logs so far leave on the page.
+  [[nodiscard]] const ExpectedPage& Page() const { return page_; }
 
  private:
   void CompareRecords(std::string_view records);
@@ -51,6 +54,7 @@ class LogComparison {
   AdapterTime time_;
   LogText text_;
   simulator::LoadGenerator bus_;
+  ExpectedPage page_;
   std::int64_t frames_;
   std::int64_t overruns_;
   std::int64_t of_file_ = 0;  // records of the last file

@@ -27,6 +27,8 @@ class LogText {
   [[nodiscard]] std::string BeginFile();
   /// The record of the next frame, with its line end.
   void Append(const simulator::BusFrame& frame, std::string& text);
+  /// The time of the last frame on the run's time line.
+  [[nodiscard]] std::int64_t LineMs() const { return line_; }
 
  private:
   std::int64_t TimeOf(const simulator::BusFrame& frame);

@@ -39,6 +39,32 @@ TEST(SoakMemory, ARunOfAMinuteHasNotGrown) {
   EXPECT_EQ(use.GrownKb(), 0);
 }
 
+TEST(SoakMemory, AWatchThatEndedEarlyTellsOfNoRun) {
+  constexpr std::int64_t kTwoMinutesUs = 120'000'000;
+  EXPECT_TRUE(ReadMemory(Seconds(125, 30'000)).StayedIn(kTwoMinutesUs));
+  EXPECT_TRUE(ReadMemory(Seconds(116, 30'000)).StayedIn(kTwoMinutesUs));
+  EXPECT_FALSE(ReadMemory(Seconds(115, 30'000)).StayedIn(kTwoMinutesUs));
+  EXPECT_FALSE(ReadMemory("").StayedIn(kTwoMinutesUs));
+  EXPECT_FALSE(ReadMemory(Seconds(1, 30'000)).StayedIn(kTwoMinutesUs));
+  EXPECT_FALSE(ReadMemory("").StayedIn(60'000'000));
+}
+
+TEST(SoakMemory, AWatchThatSawNoMemoryTellsOfNoRun) {
+  EXPECT_FALSE(ReadMemory(Seconds(125, 0)).StayedIn(120'000'000));
+}
+
+TEST(SoakMemory, AWatchThatMissedTheFirstMinutesEndTellsOfNoRun) {
+  EXPECT_FALSE(ReadMemory(Seconds(40, 30'000) + Seconds(60, 30'000, 65)).StayedIn(120'000'000));
+}
+
+TEST(SoakMemory, GrowthIsJudged) {
+  MemoryUse use = ReadMemory(Seconds(125, 30'000));
+  use.most_kb += MemoryUse::kGrowthKb - 1;
+  EXPECT_TRUE(use.StayedIn(120'000'000));
+  ++use.most_kb;
+  EXPECT_FALSE(use.StayedIn(120'000'000));
+}
+
 TEST(SoakMemory, TheWatchTellsWhatAProcessUses) {
   const pid_t child = fork();
   if (child == 0) {

@@ -6,6 +6,7 @@
 #include "tests/soak/number_line.h"
 
 namespace tolvane::soak {
+
 std::string MomentLine(const Moment& moment) {
   return NumberLine(
       {moment.at_us, moment.over_us, moment.waited_us, moment.grown_kb, moment.asleep_us});

@@ -4,11 +4,12 @@
 #include <climits>
 #include <cstdio>
 #include <cstdlib>
-#include <ctime>
 #include <map>
 #include <optional>
 #include <system_error>
 #include <tuple>
+
+#include "tests/soak/taken_names.h"
 
 namespace tolvane::soak {
 namespace {
@@ -43,7 +44,7 @@ std::vector<std::filesystem::path> LogsInOrder(const std::filesystem::path& fold
     std::error_code none;
     for (const auto& entry : std::filesystem::directory_iterator(place, none)) {
       const auto name = NameOf(entry.path());
-      if (name && entry.file_size() > 0) {
+      if (name && !OnlyTakesAName(entry.path())) {
         logs[{name->hour, name->number, name->renamed}] = entry.path();
       }
     }
@@ -75,10 +76,21 @@ std::string FilesByHour(const std::vector<std::filesystem::path>& logs) {
   return text;
 }
 
-std::string HourNow() {
-  const std::time_t now = std::time(nullptr);
+std::vector<std::int64_t> FirstOfHours(const std::vector<std::filesystem::path>& logs) {
+  std::vector<std::int64_t> first;
+  std::string last_hour;
+  for (std::size_t i = 0; i < logs.size(); ++i) {
+    const auto name = NameOf(logs[i]);
+    if (!name || name->hour == last_hour) continue;
+    first.push_back(static_cast<std::int64_t>(i) + 1);
+    last_hour = name->hour;
+  }
+  return first;
+}
+
+std::string HourOf(std::time_t time) {
   char text[16];
-  std::strftime(text, sizeof text, "%y%m%d%H", std::localtime(&now));
+  std::strftime(text, sizeof text, "%y%m%d%H", std::localtime(&time));
   return text;
 }
 

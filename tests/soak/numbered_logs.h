@@ -1,5 +1,7 @@
 #pragma once
 
+#include <cstdint>
+#include <ctime>
 #include <filesystem>
 #include <string>
 #include <utility>
@@ -8,14 +10,18 @@
 namespace tolvane::soak {
 
 /// The csv logs of a folder in the order in which they were written, across the hours of their
-/// names, with those that LastNumbers has moved. A file without a byte only takes a name.
+/// names, with those that LastNumbers has moved, without those that only take a name.
 [[nodiscard]] std::vector<std::filesystem::path> LogsInOrder(const std::filesystem::path& folder);
 
 /// How many logs each hour has, such as "26112217: 412, 26112218: 1938 (939 as number 1000)".
 [[nodiscard]] std::string FilesByHour(const std::vector<std::filesystem::path>& logs);
 
+/// Which of the logs begin an hour, counted from 1.
+[[nodiscard]] std::vector<std::int64_t> FirstOfHours(
+    const std::vector<std::filesystem::path>& logs);
+
 /// The hour as names of logs have it, such as "26112217".
-[[nodiscard]] std::string HourNow();
+[[nodiscard]] std::string HourOf(std::time_t time);
 
 /// Gives each log that has an hour's last number, 1000, a name of its own in a folder beside the
 /// others, before the program writes the next one over it, which it does after a second on a full

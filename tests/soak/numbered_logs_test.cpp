@@ -3,7 +3,11 @@
 #include <gtest/gtest.h>
 #include <unistd.h>
 
+#include <ctime>
 #include <fstream>
+#include <string_view>
+
+#include "tests/soak/taken_names.h"
 
 namespace tolvane::soak {
 namespace {
@@ -15,7 +19,9 @@ class NumberedLogs : public testing::Test {
   NumberedLogs() { std::filesystem::create_directories(folder_); }
   ~NumberedLogs() override { std::filesystem::remove_all(folder_); }
 
-  void Write(const std::string& name) const { std::ofstream(folder_ / name) << name; }
+  void Write(const std::string& name, std::string_view text = "a log") const {
+    std::ofstream(folder_ / name) << text;
+  }
   [[nodiscard]] FileNames Names() const {
     FileNames names;
     for (const auto& path : LogsInOrder(folder_)) names.push_back(path.filename().string());
@@ -38,7 +44,7 @@ TEST_F(NumberedLogs, StandInTheOrderOfTheirHoursAndNumbers) {
 }
 
 TEST_F(NumberedLogs, NamesThatWereTakenAheadAreNoLogs) {
-  std::ofstream(folder_ / "KL26112923-001.csv").close();
+  Write("KL26112923-001.csv", kTakenText);
   Write("KL26112923-002.csv");
   EXPECT_EQ(Names(), FileNames{"KL26112923-002.csv"});
 }
@@ -67,8 +73,17 @@ TEST_F(NumberedLogs, TheProgramsOwnFolderStaysAsSmallAsAnHourHasNumbers) {
   }
 }
 
+TEST_F(NumberedLogs, TellWhichOfThemBeginAnHour) {
+  for (const char* name : {"KL26112922-998.csv", "KL26112922-1000.00001.csv", "KL26112922-1000.csv",
+                           "KL26112923-001.csv", "KL26112923-002.csv", "KL26113000-001.csv"}) {
+    Write(name);
+  }
+  EXPECT_EQ(FirstOfHours(LogsInOrder(folder_)), (std::vector<std::int64_t>{1, 4, 6}));
+  EXPECT_EQ(FirstOfHours({}), std::vector<std::int64_t>{});
+}
+
 TEST(Hours, AreAsNamesOfLogsHaveThem) {
-  const std::string hour = HourNow();
+  const std::string hour = HourOf(std::time(nullptr));
   EXPECT_EQ(hour.size(), 8u);
   EXPECT_EQ(hour.find_first_not_of("0123456789"), std::string::npos);
 }

@@ -1,62 +1,32 @@
 #include "tests/soak/soak_report.h"
 
 #include <algorithm>
-#include <cstdio>
 
 #include "simulator/load_generator.h"
 #include "tests/soak/expected_log.h"
+#include "tests/soak/gap_causes.h"
+#include "tests/soak/lost_frames.h"
+#include "tests/soak/told.h"
 
 namespace tolvane::soak {
 namespace {
 
-using simulator::ReadGap;
-
 constexpr std::size_t kTold = 10;      // gaps that the report tells
 constexpr std::size_t kToldInRow = 3;  // and its row
-constexpr const char* kFlush = "search and flush";
-constexpr const char* kEvents = "events (tick with its paint, clicks)";
-constexpr std::int64_t kNotableUs = 100;
-constexpr std::int64_t kNotableKb = 64;
+constexpr std::int64_t kSecondUs = 1'000'000;
 
-/// A gap, and what the program did in it as far as its reads tell.
-struct CausedGap {
-  ReadGap gap;
-  const char* cause;
+using Lines = std::vector<std::string>;
+
+/// What the evidence says by itself, ahead of any judgement.
+struct Run {
+  explicit Run(const SoakEvidence& evidence);
+
+  std::int64_t frames;      // on the bus
+  std::int64_t last_us;     // the time of the last one, above 0
+  std::int64_t queue;       // frames
+  std::int64_t covered_us;  // by the queue
+  std::vector<CausedGap> gaps;
 };
-
-bool IsFlush(const ReadGap& gap) {
-  return gap.delivered > 0 && gap.delivered % ExpectedLog::kRecordsPerFile == 0;
-}
-
-std::string Number(std::int64_t value) { return std::to_string(value); }
-
-std::string Counted(std::int64_t count, const char* what) {
-  return Number(count) + ' ' + what + (count == 1 ? "" : "s");
-}
-
-std::string Milliseconds(std::int64_t us) {
-  char text[32];
-  std::snprintf(text, sizeof text, "%.1f ms", static_cast<double>(us) / 1000);
-  return text;
-}
-
-std::string Megabytes(std::int64_t kb) {
-  char text[32];
-  std::snprintf(text, sizeof text, "%.1f MB", static_cast<double>(kb) / 1024);
-  return text;
-}
-
-/// Such as "29.4 MB, at most 29.8 MB, 29.5 MB at the end".
-std::string Told(const MemoryUse& memory) {
-  return Megabytes(memory.first_kb) + ", at most " + Megabytes(memory.most_kb) + ", " +
-         Megabytes(memory.last_kb) + " at the end";
-}
-
-std::string LongestOf(const std::vector<ReadGap>& gaps) {
-  if (gaps.empty()) return "none seen";
-  return Milliseconds(gaps.front().us) + " (median of the " + std::to_string(gaps.size()) +
-         " kept: " + Milliseconds(gaps[gaps.size() / 2].us) + ")";
-}
 
 std::int64_t LastFrameUs(const simulator::LoadPlan& plan) {
   simulator::LoadGenerator bus(plan);
@@ -66,144 +36,173 @@ std::int64_t LastFrameUs(const simulator::LoadPlan& plan) {
   return frame.time_us;
 }
 
-/// All gaps that were kept, the longest one first.
-std::vector<CausedGap> ByLength(const BenchRun& run) {
-  std::vector<CausedGap> gaps;
-  for (const ReadGap& gap : run.behind_frame) {
-    gaps.push_back({gap, IsFlush(gap) ? kFlush : "between two frames"});
-  }
-  for (const ReadGap& gap : run.behind_empty_read) gaps.push_back({gap, kEvents});
-  std::ranges::stable_sort(gaps, std::ranges::greater{},
-                           [](const CausedGap& g) { return g.gap.us; });
-  return gaps;
+Run::Run(const SoakEvidence& evidence)
+    : frames(evidence.config.bus.load.frames),
+      last_us(std::max<std::int64_t>(LastFrameUs(evidence.config.bus.load), 1)),
+      queue(evidence.config.canusb.front().adapter.tap.queue),
+      covered_us(queue * last_us / frames),
+      gaps(GapsByLength(evidence.counts, evidence.first_logs)) {}
+
+std::string Number(std::int64_t value) { return std::to_string(value); }
+
+/// Such as "29.4 MB, at most 29.8 MB, 29.5 MB at the end".
+std::string Memory(const MemoryUse& memory) {
+  return Megabytes(memory.first_kb) + ", at most " + Megabytes(memory.most_kb) + ", " +
+         Megabytes(memory.last_kb) + " at the end";
 }
 
-/// Such as "12.9 ms: search and flush, 9.1 ms without a processor".
-std::string Told(const CausedGap& caused, const std::vector<Moment>& moments) {
-  const Moment within = Within(caused.gap, moments);
-  std::string text = Milliseconds(caused.gap.us) + ": " + caused.cause;
-  if (within.waited_us >= kNotableUs) {
-    text += ", " + Milliseconds(within.waited_us) + " without a processor";
-  }
-  if (within.grown_kb >= kNotableKb) {
-    text += ", " + Number(within.grown_kb) + " kB of memory used for the first time";
-  }
-  if (within.asleep_us >= kNotableUs) {
-    text +=
-        ", about " + Milliseconds(within.asleep_us) + " waiting for Wine, the screen or the disk";
-  }
-  return text;
+std::string LongestOf(const std::vector<CausedGap>& gaps) {
+  if (gaps.empty()) return "none seen";
+  return Milliseconds(gaps.front().gap.us) + " (median of the " + std::to_string(gaps.size()) +
+         " kept: " + Milliseconds(gaps[gaps.size() / 2].gap.us) + ")";
 }
 
-/// The longest of the gaps in which the queue may have run full ahead of a loss: what lay in it
-/// then is delivered between the two. Null when none was kept.
-const CausedGap* GapOf(const Loss& loss, const std::vector<CausedGap>& gaps, std::int64_t queue) {
-  const auto gap = std::ranges::find_if(gaps, [&](const CausedGap& caused) {
-    const std::int64_t waited = loss.behind - caused.gap.delivered;
-    return waited >= 0 && waited <= queue;
-  });
-  return gap == gaps.end() ? nullptr : &*gap;
-}
-
-/// With the places on the bus, where the logs tell them.
-std::string Overruns(const BenchRun& run, const ComparedLogs& logs) {
-  return Number(run.dropped) +
-         (run.dropped == 0 ? "" : " at " + Counted(std::ssize(logs.losses), "place"));
-}
-
-/// Where frames were lost and why, the longest losses; nothing when none were.
-std::vector<std::string> ToldLosses(const SoakEvidence& evidence,
-                                    const std::vector<CausedGap>& gaps, std::int64_t queue,
-                                    std::int64_t covered_us) {
-  std::vector<Loss> losses = evidence.logs.losses;
-  if (losses.empty()) return {};
-  const auto long_gaps = std::ranges::count_if(losses, [&](const Loss& loss) {
-    const CausedGap* const caused = GapOf(loss, gaps, queue);
-    return caused != nullptr && caused->gap.us > covered_us;
-  });
-  std::vector<std::string> lines{
-      "lost on the way:            " + Counted(evidence.logs.lost, "frame") + " at " +
-      Counted(std::ssize(losses), "place") + ", " + Number(long_gaps) +
-      " of them behind a gap longer than what the queue covers"};
-  std::ranges::stable_sort(losses, std::ranges::greater{}, &Loss::frames);
-  losses.resize(std::min(losses.size(), kTold));
-  for (const Loss& loss : losses) {
-    const CausedGap* const caused = GapOf(loss, gaps, queue);
-    lines.push_back(
-        "lost behind record " + Number(loss.behind) + ": " + Counted(loss.frames, "frame") + ", " +
-        (caused == nullptr ? "no gap of those that were kept" : Told(*caused, evidence.moments)));
-  }
-  return lines;
+/// With the places on the bus, where the logs tell them, and their causes.
+std::string Overruns(const SoakEvidence& evidence, const Run& run) {
+  std::string text = Number(evidence.counts.dropped);
+  if (evidence.counts.dropped == 0) return text;
+  const std::vector<Loss>& losses = evidence.logs.losses;
+  text += " at " + Counted(std::ssize(losses), "place");
+  const std::string causes = LossesByCause(losses, run.gaps, evidence.moments, run.queue);
+  return causes.empty() ? text : text + " (" + causes + ")";
 }
 
 /// What the logs hold against what the bus said.
-std::string Content(const BenchRun& run, const ComparedLogs& logs) {
+std::string Content(const BenchRun& counts, const ComparedLogs& logs) {
   if (!logs.difference.empty()) return logs.difference;
-  if (logs.lost != run.dropped) {
+  if (logs.lost != counts.dropped) {
     return "the logs pass over " + Counted(logs.lost, "frame") + ", which are not the overruns";
   }
   return logs.lost == 0 ? "as the bus said it" : "as the bus said it but for the overruns";
 }
 
-std::string RowOf(const std::vector<std::string>& cells) {
+std::string Page(const ComparedPage& page) {
+  if (page.difference.empty()) {
+    return Counted(static_cast<std::int64_t>(page.rows), "row") + " equal the last frames";
+  }
+  return Counted(static_cast<std::int64_t>(page.differing), "line") + " of a page of " +
+         Counted(static_cast<std::int64_t>(page.rows), "row") +
+         " not as the last frames, the first: " + page.difference;
+}
+
+std::string Taken(const SoakEvidence& evidence) {
+  const Lines& changed = evidence.changed_names;
+  if (changed.empty()) return Number(evidence.taken) + ", all as they were";
+  return Number(evidence.taken) + ", " + Number(std::ssize(changed)) +
+         " not as they were, the first: " + changed.front();
+}
+
+std::string RowOf(const Lines& cells) {
   std::string row;
   for (const std::string& cell : cells) row += (row.empty() ? "" : " | ") + cell;
   return row;
 }
 
-}  // namespace
-
-std::vector<ReadGap> Flushes(const BenchRun& run) {
-  std::vector<ReadGap> flushes = run.behind_frame;
-  std::erase_if(flushes, [](const ReadGap& gap) { return !IsFlush(gap); });
-  return flushes;
+SoakOutcome Outcome(const SoakEvidence& evidence, const Run& run) {
+  const BenchRun& counts = evidence.counts;
+  const ComparedLogs& logs = evidence.logs;
+  const std::int64_t received = run.frames - counts.dropped;
+  const bool whole = counts.delivered == received && logs.records == received &&
+                     logs.lost == counts.dropped && logs.difference.empty();
+  if (!whole || !evidence.page.difference.empty() || !evidence.changed_names.empty() ||
+      !evidence.memory.StayedIn(run.last_us)) {
+    return SoakOutcome::kFailed;
+  }
+  return counts.dropped == 0 ? SoakOutcome::kPassed : SoakOutcome::kLostAndTold;
 }
 
-SoakVerdict Judge(const SoakEvidence& evidence) {
-  const BenchRun& run = evidence.counts;
-  const ComparedLogs& logs = evidence.logs;
-  const simulator::LoadPlan& load = evidence.config.bus.load;
-  const std::int64_t last_us = std::max<std::int64_t>(LastFrameUs(load), 1);
-  const std::int64_t queue = evidence.config.canusb.front().adapter.tap.queue;
-  const std::int64_t covered_us = queue * last_us / load.frames;
-  const std::vector<CausedGap> gaps = ByLength(run);
+Lines Figures(const SoakEvidence& evidence, const Run& run) {
+  const BenchRun& counts = evidence.counts;
+  const MemoryUse& memory = evidence.memory;
   const auto too_long = std::ranges::count_if(
-      gaps, [covered_us](const CausedGap& caused) { return caused.gap.us > covered_us; });
+      run.gaps, [&run](const CausedGap& caused) { return caused.gap.us > run.covered_us; });
+  return {
+      "frames on the bus:          " + Number(run.frames) + " in " +
+          Number(run.last_us / kSecondUs) + " s, " + Number(run.frames * kSecondUs / run.last_us) +
+          " a second",
+      "delivered:                  " + Number(counts.delivered),
+      "logged:                     " + Number(evidence.logs.records) + " in " +
+          Number(evidence.logs.files) + " files",
+      "overruns, by cause:         " + Overruns(evidence, run),
+      "content, frame by frame:    " + Content(counts, evidence.logs),
+      "page:                       " + Page(evidence.page),
+      "names taken ahead:          " + Taken(evidence),
+      "longest gap between reads:  " + Milliseconds(counts.longest_gap_us) + " of the " +
+          Milliseconds(run.covered_us) + " that the queue covers; " + Number(too_long) +
+          " were longer than that",
+      "queue's high-water mark:    " + Number(counts.high_water) + " of " + Number(run.queue),
+      "memory after a minute:      " + Memory(memory) + "; " + Number(memory.GrownKb()) +
+          " kB of growth, " + Number(MemoryUse::kGrowthKb) + " kB fail; " +
+          (memory.TellsOf(run.last_us) ? "watched for " : "not watched to the end, only for ") +
+          Number(memory.watched_us / kSecondUs) + " s",
+      "longest flush:              " + LongestOf(OfCause(run.gaps, kFlush)),
+      "longest events:             " + LongestOf(OfCause(run.gaps, kEvents)),
+  };
+}
 
-  SoakVerdict verdict{
-      .lines = {"frames on the bus:          " + Number(load.frames) + " in " +
-                    Number(last_us / 1'000'000) + " s, " +
-                    Number(load.frames * 1'000'000 / last_us) + " a second",
-                "delivered:                  " + Number(run.delivered),
-                "logged:                     " + Number(logs.records) + " in " +
-                    Number(logs.files) + " files",
-                "overruns:                   " + Overruns(run, logs),
-                "content, frame by frame:    " + Content(run, logs),
-                "longest gap between reads:  " + Milliseconds(run.longest_gap_us) + " of the " +
-                    Milliseconds(covered_us) + " that the queue covers; " + Number(too_long) +
-                    " were longer than that",
-                "queue's high-water mark:    " + Number(run.high_water) + " of " + Number(queue),
-                "memory after a minute:      " + Told(evidence.memory) + "; " +
-                    Number(evidence.memory.GrownKb()) + " kB of growth, " +
-                    Number(MemoryUse::kGrowthKb) + " kB fail",
-                "longest search and flush:   " + LongestOf(Flushes(run)),
-                "longest events:             " + LongestOf(run.behind_empty_read)},
-      .row = {},
-      .passed = run.delivered == load.frames && logs.records == load.frames && run.dropped == 0 &&
-                logs.difference.empty() && evidence.memory.GrownKb() < MemoryUse::kGrowthKb};
-  for (const std::string& line : ToldLosses(evidence, gaps, queue, covered_us)) {
-    verdict.lines.push_back(line);
+/// The gaps in which the program began an hour of names, in the run's order.
+std::vector<CausedGap> Searches(const Run& run) {
+  std::vector<CausedGap> searches = OfCause(run.gaps, kSearchAndFlush);
+  std::ranges::sort(searches, {}, [](const CausedGap& caused) { return caused.gap.delivered; });
+  return searches;
+}
+
+Lines ToldGaps(const std::vector<CausedGap>& gaps, const std::vector<Moment>& moments) {
+  Lines lines;
+  for (const CausedGap& caused : gaps) {
+    lines.push_back("gap behind frame " + Number(caused.gap.delivered) + ": " +
+                    Told(caused, moments));
+  }
+  return lines;
+}
+
+/// The longest losses; nothing when none were.
+Lines ToldLosses(const SoakEvidence& evidence, const Run& run) {
+  std::vector<Loss> losses = evidence.logs.losses;
+  std::ranges::stable_sort(losses, std::ranges::greater{}, &Loss::frames);
+  losses.resize(std::min(losses.size(), kTold));
+  Lines lines;
+  for (const Loss& loss : losses) {
+    const CausedGap* const gap = GapOf(loss, run.gaps, run.queue);
+    lines.push_back(
+        "lost behind record " + Number(loss.behind) + ": " + Counted(loss.frames, "frame") + ", " +
+        (gap == nullptr ? "no gap of those that were kept" : Told(*gap, evidence.moments)));
+  }
+  return lines;
+}
+
+std::string Row(const SoakEvidence& evidence, const Run& run) {
+  const BenchRun& counts = evidence.counts;
+  std::string searches;
+  for (const CausedGap& search : Searches(run)) {
+    searches += (searches.empty() ? "" : ", ") + Milliseconds(search.gap.us);
   }
   std::string longest;
-  for (std::size_t i = 0; i < std::min(gaps.size(), kTold); ++i) {
-    const std::string told = Told(gaps[i], evidence.moments);
-    verdict.lines.push_back("gap behind frame " + Number(gaps[i].gap.delivered) + ": " + told);
-    if (i < kToldInRow) longest += (i == 0 ? "" : "; ") + told;
+  for (std::size_t i = 0; i < std::min(run.gaps.size(), kToldInRow); ++i) {
+    longest += (i == 0 ? "" : "; ") + Told(run.gaps[i], evidence.moments);
   }
-  verdict.row = RowOf({Told(evidence.memory), Number(queue) + " (" + Milliseconds(covered_us) + ")",
-                       Number(load.frames), Number(run.delivered), Number(logs.records),
-                       Overruns(run, logs), Number(run.high_water), longest});
-  return verdict;
+  return RowOf({Memory(evidence.memory),
+                Number(run.queue) + " (" + Milliseconds(run.covered_us) + ")", Number(run.frames),
+                Number(counts.delivered), Number(evidence.logs.records),
+                Content(counts, evidence.logs), Page(evidence.page), Overruns(evidence, run),
+                Number(counts.high_water), searches, longest});
+}
+
+void Append(const Lines& more, Lines& lines) {
+  lines.insert(lines.end(), more.begin(), more.end());
+}
+
+}  // namespace
+
+SoakVerdict Judge(const SoakEvidence& evidence) {
+  const Run run(evidence);
+  Lines lines = Figures(evidence, run);
+  Append(ToldGaps(Searches(run), evidence.moments), lines);
+  Append(ToldLosses(evidence, run), lines);
+  std::vector<CausedGap> longest = run.gaps;
+  longest.resize(std::min(longest.size(), kTold));
+  Append(ToldGaps(longest, evidence.moments), lines);
+  return {.lines = lines, .row = Row(evidence, run), .outcome = Outcome(evidence, run)};
 }
 
 }  // namespace tolvane::soak

@@ -1,10 +1,12 @@
 #pragma once
 
+#include <cstdint>
 #include <string>
 #include <vector>
 
 #include "simulator/bench_config.h"
 #include "tests/soak/bench_report.h"
+#include "tests/soak/expected_page.h"
 #include "tests/soak/log_comparison.h"
 #include "tests/soak/memory_use.h"
 #include "tests/soak/moments.h"
@@ -16,22 +18,29 @@ struct SoakEvidence {
   simulator::BenchConfig config;
   BenchRun counts;  // of the bench
   ComparedLogs logs;
-  std::vector<Moment> moments;  // of the program's process
-  MemoryUse memory;             // and its memory
+  std::vector<std::int64_t> first_logs;    // those that begin an hour, counted from 1
+  std::int64_t taken = 0;                  // names that were taken ahead
+  std::vector<std::string> changed_names;  // of them, those that did not stay as they were
+  ComparedPage page;                       // at the end of the run
+  std::vector<Moment> moments;             // of the program's process
+  MemoryUse memory;                        // and its memory
+};
+
+enum class SoakOutcome {
+  kPassed,       // every frame of the plan was delivered and is in the logs
+  kLostAndTold,  // all but the overruns, and these alone are missing
+  kFailed,
 };
 
 struct SoakVerdict {
   std::vector<std::string> lines;  // the report
   std::string row;  // its cells for docs/soak.md, from the memory to the longest gaps
-  bool passed;
+  SoakOutcome outcome;
 };
 
-/// Passed when every frame of the plan was delivered and is in the logs, nothing was overrun, and
-/// memory stayed as it was behind the first minute. The longest gaps are told with their causes,
-/// beside the time that the queue covers.
+/// Whatever was lost, the rest must be there, on the page too, no taken name may have been written
+/// over, and memory must have stayed as it was behind the first minute. The longest gaps and the
+/// losses are told with their causes, beside the time that the queue covers.
 [[nodiscard]] SoakVerdict Judge(const SoakEvidence& evidence);
-
-/// Gaps after the frame that filled a log file, in which the program wrote that file.
-[[nodiscard]] std::vector<simulator::ReadGap> Flushes(const BenchRun& run);
 
 }  // namespace tolvane::soak

@@ -30,14 +30,19 @@ Logs WholeLogs() {
 
 /// A run without a fault but for its logs.
 SoakEvidence With(const Logs& logs) {
-  SoakEvidence evidence{.config = simulator::ReadBenchConfig(kBench),
-                        .counts = {.delivered = 20'003,
-                                   .dropped = 0,
-                                   .high_water = 400,
-                                   .longest_gap_us = kCoveredUs / 2},
-                        .logs = {},
-                        .moments = {},
-                        .memory = {.first_kb = 30'000, .most_kb = 30'100, .last_kb = 30'050}};
+  SoakEvidence evidence{
+      .config = simulator::ReadBenchConfig(kBench),
+      .counts = {.delivered = 20'003,
+                 .dropped = 0,
+                 .high_water = 400,
+                 .longest_gap_us = kCoveredUs / 2},
+      .logs = {},
+      .first_logs = {1},
+      .changed_names = {},
+      .page = {.rows = 2'047},
+      .moments = {},
+      .memory = {
+          .first_kb = 30'000, .most_kb = 30'100, .last_kb = 30'050, .watched_us = 3'000'000}};
   LogComparison comparison(evidence.config, false, 0);
   for (const std::string& log : logs) comparison.Add(log);
   evidence.logs = comparison.Result();
@@ -53,12 +58,12 @@ bool Says(const SoakVerdict& verdict, const std::string& text) {
 
 TEST(SoakReport, PassesWhenEveryFrameIsThere) {
   const SoakVerdict verdict = Judge(Faultless());
-  EXPECT_TRUE(verdict.passed);
+  EXPECT_EQ(verdict.outcome, SoakOutcome::kPassed);
   EXPECT_TRUE(Says(verdict, "20003 in 2 files"));
   EXPECT_TRUE(Says(verdict, "as the bus said it"));
   EXPECT_EQ(verdict.row,
             "29.3 MB, at most 29.4 MB, 29.3 MB at the end | 512 (24.6 ms) | 20003 | 20003 | 20003 "
-            "| 0 | 400 | ");
+            "| as the bus said it | 2047 rows equal the last frames | 0 | 400 |  | ");
 }
 
 TEST(SoakReport, ALongGapIsToldBesideWhatTheQueueCoversAndFailsOnlyByItsLoss) {
@@ -66,7 +71,7 @@ TEST(SoakReport, ALongGapIsToldBesideWhatTheQueueCoversAndFailsOnlyByItsLoss) {
   evidence.counts.behind_frame = {{.us = kCoveredUs + 1, .delivered = 20'001}};
   evidence.counts.longest_gap_us = kCoveredUs + 1;
   const SoakVerdict verdict = Judge(evidence);
-  EXPECT_TRUE(verdict.passed);
+  EXPECT_EQ(verdict.outcome, SoakOutcome::kPassed);
   EXPECT_TRUE(Says(verdict, "24.6 ms of the 24.6 ms that the queue covers; 1 were longer"));
 }
 
@@ -92,33 +97,84 @@ TEST(SoakReport, EachOfTheLongestGapsHasItsCause) {
 TEST(SoakReport, MemoryThatGrowsByAMegabyteFails) {
   SoakEvidence evidence = Faultless();
   evidence.memory.most_kb = evidence.memory.first_kb + 1023;
-  EXPECT_TRUE(Judge(evidence).passed);
+  EXPECT_EQ(Judge(evidence).outcome, SoakOutcome::kPassed);
   evidence.memory.most_kb = evidence.memory.first_kb + 1024;
   const SoakVerdict verdict = Judge(evidence);
-  EXPECT_FALSE(verdict.passed);
+  EXPECT_EQ(verdict.outcome, SoakOutcome::kFailed);
   EXPECT_TRUE(Says(verdict, "29.3 MB, at most 30.3 MB, 29.3 MB at the end; 1024 kB of growth"));
 }
 
-TEST(SoakReport, AnOverrunFails) {
+TEST(SoakReport, AMemoryThatWasNotWatchedToTheEndFails) {
   SoakEvidence evidence = Faultless();
-  evidence.counts.dropped = 1;
-  EXPECT_FALSE(Judge(evidence).passed);
+  evidence.config.bus.load.frames = 200'000;
+  evidence.counts.delivered = evidence.logs.records = 200'000;
+  EXPECT_EQ(Judge(evidence).outcome, SoakOutcome::kFailed);
+  EXPECT_TRUE(Says(Judge(evidence), "1024 kB fail; not watched to the end, only for 3 s"));
+  evidence.memory.watched_us = 9'000'000;
+  EXPECT_EQ(Judge(evidence).outcome, SoakOutcome::kPassed);
+  EXPECT_TRUE(Says(Judge(evidence), "1024 kB fail; watched for 9 s"));
 }
 
-TEST(SoakReport, ALossIsToldWithItsPlaceAndTheGapThatLedToIt) {
+TEST(SoakReport, APageWithoutTheLastFramesFails) {
+  SoakEvidence evidence = Faultless();
+  EXPECT_TRUE(Says(Judge(evidence), "page:                       2047 rows equal the last frames"));
+  evidence.page = {.rows = 2'047, .differing = 3, .difference = "line 7: \"\", expected \"1\""};
+  const SoakVerdict verdict = Judge(evidence);
+  EXPECT_EQ(verdict.outcome, SoakOutcome::kFailed);
+  EXPECT_TRUE(
+      Says(verdict, "3 lines of a page of 2047 rows not as the last frames, the first: line 7: "));
+}
+
+TEST(SoakReport, ATakenNameThatWasWrittenOverFails) {
+  SoakEvidence evidence = Faultless();
+  evidence.taken = 900;
+  EXPECT_TRUE(Says(Judge(evidence), "names taken ahead:          900, all as they were"));
+  evidence.changed_names = {"KL26112923-001.csv"};
+  const SoakVerdict verdict = Judge(evidence);
+  EXPECT_EQ(verdict.outcome, SoakOutcome::kFailed);
+  EXPECT_TRUE(Says(verdict, "900, 1 not as they were, the first: KL26112923-001.csv"));
+}
+
+/// The queue ran full twice, and just these frames are missing.
+SoakEvidence WithLosses() {
   SoakEvidence evidence = Faultless();
   evidence.counts.dropped = 42;
+  evidence.counts.delivered -= 42;
+  evidence.logs.records -= 42;
   evidence.logs.lost = 42;
   evidence.logs.losses = {{.behind = 7'000, .frames = 2}, {.behind = 9'512, .frames = 40}};
   evidence.counts.behind_frame = {{.us = 26'000, .delivered = 9'000, .at_us = 1'000'000},
                                   {.us = 1'200, .delivered = 9'400, .at_us = 2'000'000}};
-  const SoakVerdict verdict = Judge(evidence);
-  EXPECT_FALSE(verdict.passed);
+  return evidence;
+}
+
+TEST(SoakReport, ALossThatIsToldWithAllElseWholeHasAnOutcomeOfItsOwn) {
+  EXPECT_EQ(Judge(WithLosses()).outcome, SoakOutcome::kLostAndTold);
+  const auto outcome_with = [](auto change) {
+    SoakEvidence evidence = WithLosses();
+    change(evidence);
+    return Judge(evidence).outcome;
+  };
+  EXPECT_EQ(outcome_with([](SoakEvidence& e) { ++e.counts.delivered; }), SoakOutcome::kFailed);
+  EXPECT_EQ(outcome_with([](SoakEvidence& e) { --e.logs.records; }), SoakOutcome::kFailed);
+  EXPECT_EQ(outcome_with([](SoakEvidence& e) { --e.logs.lost; }), SoakOutcome::kFailed);
+  EXPECT_EQ(outcome_with([](SoakEvidence& e) { ++e.counts.dropped; }), SoakOutcome::kFailed);
+  EXPECT_EQ(outcome_with([](SoakEvidence& e) { e.logs.difference = "x"; }), SoakOutcome::kFailed);
+  EXPECT_EQ(outcome_with([](SoakEvidence& e) { e.page.difference = "x"; }), SoakOutcome::kFailed);
+  EXPECT_EQ(outcome_with([](SoakEvidence& e) { e.memory.most_kb += 1024; }), SoakOutcome::kFailed);
+}
+
+TEST(SoakReport, ALossIsToldWithItsPlaceAndTheGapThatLedToIt) {
+  const SoakVerdict verdict = Judge(WithLosses());
+  const std::string by_cause =
+      "42 at 2 places (40 frames at 1 place: between two frames; 2 frames at 1 place: no gap of "
+      "those that were kept)";
   EXPECT_TRUE(Says(verdict, "as the bus said it but for the overruns"));
-  EXPECT_TRUE(Says(verdict, "42 frames at 2 places, 1 of them behind a gap longer"));
+  EXPECT_TRUE(Says(verdict, "overruns, by cause:         " + by_cause));
   EXPECT_TRUE(Says(verdict, "lost behind record 9512: 40 frames, 26.0 ms: between two frames"));
   EXPECT_TRUE(Says(verdict, "lost behind record 7000: 2 frames, no gap of those that were kept"));
-  EXPECT_NE(verdict.row.find(" | 42 at 2 places | "), std::string::npos);
+  EXPECT_NE(verdict.row.find(" | as the bus said it but for the overruns | "), std::string::npos);
+  EXPECT_NE(verdict.row.find(" | " + by_cause + " | "), std::string::npos);
 }
 
 TEST(SoakReport, LossesThatAreNotTheOverrunsAreTold) {
@@ -131,14 +187,14 @@ TEST(SoakReport, LossesThatAreNotTheOverrunsAreTold) {
 TEST(SoakReport, AFrameNotDeliveredFails) {
   SoakEvidence evidence = Faultless();
   --evidence.counts.delivered;
-  EXPECT_FALSE(Judge(evidence).passed);
+  EXPECT_EQ(Judge(evidence).outcome, SoakOutcome::kFailed);
 }
 
 TEST(SoakReport, AFrameNotLoggedFailsAndIsTold) {
   Logs logs = WholeLogs();
   logs[1].resize(logs[1].rfind('\n', logs[1].size() - 2) + 1);
   const SoakVerdict verdict = Judge(With(logs));
-  EXPECT_FALSE(verdict.passed);
+  EXPECT_EQ(verdict.outcome, SoakOutcome::kFailed);
   EXPECT_TRUE(Says(verdict, "20002 in 2 files"));
   EXPECT_TRUE(Says(verdict, "file 2, record 2:"));
 }
@@ -147,7 +203,7 @@ TEST(SoakReport, AChangedFrameFailsAndIsTold) {
   Logs logs = WholeLogs();
   logs[0][logs[0].find(" , 002 , ") + 3] = '7';
   const SoakVerdict verdict = Judge(With(logs));
-  EXPECT_FALSE(verdict.passed);
+  EXPECT_EQ(verdict.outcome, SoakOutcome::kFailed);
   EXPECT_TRUE(Says(verdict, "file 1, record 2: \"         0 , 702 , 0\", expected"));
 }
 
@@ -155,20 +211,25 @@ TEST(SoakReport, AMissingFileFails) {
   Logs logs = WholeLogs();
   logs.pop_back();
   const SoakVerdict verdict = Judge(With(logs));
-  EXPECT_FALSE(verdict.passed);
+  EXPECT_EQ(verdict.outcome, SoakOutcome::kFailed);
   EXPECT_TRUE(Says(verdict, "there should be 2"));
 }
 
-TEST(SoakReport, TheFlushesAreTheGapsBehindTheFrameThatFilledAFile) {
-  const BenchRun run{.behind_frame = {{.us = 900, .delivered = 40'003},
-                                      {.us = 800, .delivered = 40'002},
-                                      {.us = 700, .delivered = 20'001},
-                                      {.us = 600}},
-                     .behind_empty_read = {{.us = 500, .delivered = 20'001}}};
-  const auto flushes = Flushes(run);
-  ASSERT_EQ(flushes.size(), 2u);
-  EXPECT_EQ(flushes[0].us, 800);
-  EXPECT_EQ(flushes[1].us, 700);
+TEST(SoakReport, AFlushIsTheGapBehindTheFrameThatFilledALogAndTheFirstOfAnHourSearchesToo) {
+  SoakEvidence evidence = Faultless();
+  evidence.counts.behind_frame = {
+      {.us = 900, .delivered = 60'004}, {.us = 850, .delivered = 100'005},
+      {.us = 800, .delivered = 60'003}, {.us = 700, .delivered = 20'001},
+      {.us = 650, .delivered = 40'002}, {.us = 600}};
+  evidence.counts.behind_empty_read = {{.us = 500, .delivered = 20'001}};
+  evidence.first_logs = {1, 5};
+  const SoakVerdict verdict = Judge(evidence);
+  EXPECT_TRUE(Says(verdict, "longest flush:              0.8 ms (median of the 2 kept: 0.7 ms)"));
+  const auto first = std::ranges::find(
+      verdict.lines, std::string("gap behind frame 20001: 0.7 ms: search and flush"));
+  ASSERT_NE(first, verdict.lines.end());
+  EXPECT_EQ(first[1], "gap behind frame 100005: 0.8 ms: search and flush");
+  EXPECT_NE(verdict.row.find(" | 0.7 ms, 0.8 ms | "), std::string::npos) << verdict.row;
 }
 
 TEST(SoakReport, TheLastRunOfABenchReportCounts) {

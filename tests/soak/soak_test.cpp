@@ -69,6 +69,15 @@ BenchRun Counts(const bench_run::BenchProgram& program) {
   return LastRun(program.Report()).value_or(BenchRun{});
 }
 
+/// The page, with LF line ends.
+std::string PageText(const bench_run::BenchProgram& program) {
+  std::string text;
+  for (const char16_t c : program.Page()) {
+    if (c != u'\r') text += static_cast<char>(c);
+  }
+  return text;
+}
+
 class Soak : public testing::TestWithParam<Load> {};
 
 TEST_P(Soak, EveryFrameOfTheBusIsDeliveredAndLogged) {
@@ -90,6 +99,10 @@ TEST_P(Soak, EveryFrameOfTheBusIsDeliveredAndLogged) {
 
   const simulator::BenchConfig config = simulator::ReadBenchConfig(ini);
   ASSERT_EQ(config.problems, std::vector<std::string>{});
+  LogComparison comparison(config, load.ids29, 0);
+  for (const std::string& log : program.Logs()) comparison.Add(log);
+  EXPECT_EQ(comparison.Page().Compare(PageText(program)).difference, "");
+
   ExpectedLog expected(config.bus.load, TimeOfAdapter(config), load.ids29);
   const std::vector<std::string> logs = program.Logs();
   ASSERT_EQ(static_cast<std::int64_t>(logs.size()), expected.Files());

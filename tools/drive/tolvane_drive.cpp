@@ -41,6 +41,8 @@ using Arguments = std::vector<std::wstring>;
 constexpr int kFailed = 1;
 constexpr int kUsage = 2;
 constexpr int kMessageInstead = 3;
+/// A start under Wine on a busy machine, where it runs at the lowest priority.
+constexpr std::chrono::seconds kStartLimit{180};
 
 int Complain(const std::wstring& what) {
   std::fprintf(stderr, "tolvane_drive: %s\n", Utf8(what).c_str());
@@ -66,10 +68,12 @@ int ChooseCommand(const Arguments& arguments) {
 
 int WaitWindow(const Arguments&) {
   std::optional<ShownMessage> message;
-  const bool came = WaitUntil([&] {
-    message = FindMessage(0);
-    return message || Window().Exists();
-  });
+  const bool came = WaitUntil(
+      [&] {
+        message = FindMessage(0);
+        return message || Window().Exists();
+      },
+      kStartLimit);
   if (message) {
     Complain(message->title + L": " + message->text);
     return kMessageInstead;

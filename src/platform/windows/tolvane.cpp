@@ -56,6 +56,105 @@ void TellNoWindow(EventGate& gate, const String& program_folder) {
   ShowStopMessage(box, names, u"ウィンドウを作成できません。", kEndsApp);
 }
 
+/// What the system does for the program without a window.
+struct SystemServices {
+  WindowsSingleInstance single_instance;
+  WindowsSpecialFolders folders;
+  WindowsCodePage code_page;
+  WindowsFileServices files{code_page};
+  WindowsWallClock wall_clock;
+  WindowsAutomationServers automation;
+  WindowsCursors cursors;
+};
+
+/// The main window, not yet created, with what events come by.
+struct WindowParts {
+  WindowParts(HINSTANCE instance, CodePage& code_page)
+      : splash(instance),
+        workers(gate, instance, kViewInterval),
+        window(instance, gate, loop, code_page, splash, workers) {}
+
+  EventGate gate;
+  WindowsEventLoop loop{gate};
+  SplashWindow splash;
+  Form1Window::WorkerWindows workers;
+  Form1Window window;
+};
+
+/// What acts for the created window.
+struct WindowServices {
+  explicit WindowServices(WindowParts& parts)
+      : message_box(parts.gate, parts.window.Hwnd()),
+        clipboard(parts.window.Hwnd()),
+        run_protection(parts.window.Hwnd()) {}
+
+  WindowsMessageBox message_box;
+  WindowsClipboard clipboard;
+  WindowsRunProtection run_protection;
+};
+
+String LibraryOf(const String& system_folder, AdapterKind kind) {
+  return system_folder + u"\\" + String(AdapterTraitsOf(kind).library);
+}
+
+/// The libraries that are loaded by their paths.
+struct Libraries {
+  Libraries(const String& program_folder, const String& system_folder)
+      : qxt100(program_folder + String(SupportLibrary::kFileInFolder)),
+        winmm(system_folder + u"\\winmm.dll"),
+        canusbdrv(LibraryOf(system_folder, AdapterKind::kCanusb)),
+        ifcan(LibraryOf(system_folder, AdapterKind::kInterface)),
+        canlib32(LibraryOf(system_folder, AdapterKind::kKvaser)) {}
+
+  WindowsSupportLibrary qxt100;
+  WindowsTimerResolution winmm;
+  WindowsCanusb canusbdrv;
+  WindowsIfcan ifcan;
+  WindowsCanlib canlib32;
+};
+
+Platform PlatformOf(SystemServices& system, WindowParts& parts, WindowServices& services,
+                    Libraries& libraries) {
+  return {.events = parts.loop,
+          .timers = {.FormBG = parts.workers.FormBG,
+                     .FormBG2 = parts.workers.FormBG2,
+                     .FormBG_29 = parts.workers.FormBG_29,
+                     .FormBG2_29 = parts.workers.FormBG2_29},
+          .qxt100 = libraries.qxt100,
+          .winmm = libraries.winmm,
+          .canusbdrv = libraries.canusbdrv,
+          .IFCan = libraries.ifcan,
+          .canlib32 = libraries.canlib32,
+          .message_box = services.message_box,
+          .files = system.files,
+          .folders = system.folders,
+          .wall_clock = system.wall_clock,
+          .code_page = system.code_page,
+          .automation = system.automation,
+          .clipboard = services.clipboard,
+          .single_instance = system.single_instance,
+          .cursors = system.cursors,
+          .run_protection = services.run_protection};
+}
+
+/// Form1 on its created window, until that is unloaded.
+void RunForm1(const Platform& platform, WindowParts& parts, const String& program_folder,
+              HINSTANCE instance, int show_command) {
+  Form1 form(platform, parts.window.Face(), program_folder);
+  DialogWindows dialogs({instance, parts.gate, parts.loop, parts.window.Hwnd()}, platform.files,
+                        form.device, form.mouseCursor);
+  parts.window.Attach(&dialogs);
+  Form1Binding events(form, dialogs);
+  parts.window.Listen(&events);
+  // What comes in from outside during the start waits for a yield like anything else.
+  parts.gate.Deliver([&form] { form.Form_Load(); });
+  if (!parts.loop.Ended()) {
+    parts.window.Start(show_command);
+    parts.loop.RunUntilEnd();
+  }
+  parts.window.Listen(nullptr);
+}
+
 int Run(HINSTANCE instance, int show_command) {
   PrepareProcess();
   const INITCOMMONCONTROLSEX classes{sizeof(classes), ICC_STANDARD_CLASSES | ICC_WIN95_CLASSES};
@@ -63,71 +162,17 @@ int Run(HINSTANCE instance, int show_command) {
   const Apartment apartment;
   const CallFilter call_filter;
 
-  WindowsSingleInstance single_instance;
-  WindowsSpecialFolders folders;
+  SystemServices system;
   const String program_folder = ExecutableFolder();
-  const String system_folder = folders.System();
-
-  EventGate gate;
-  WindowsEventLoop loop(gate);
-  WindowsCodePage code_page;
-  WindowsFileServices files(code_page);
-  SplashWindow splash(instance);
-  Form1Window::WorkerWindows workers(gate, instance, kViewInterval);
-  Form1Window window(instance, gate, loop, code_page, splash, workers);
-  if (!window.CreateHidden()) {
-    TellNoWindow(gate, program_folder);
+  WindowParts parts(instance, system.code_page);
+  if (!parts.window.CreateHidden()) {
+    TellNoWindow(parts.gate, program_folder);
     return 1;
   }
-
-  WindowsSupportLibrary qxt100(program_folder + String(SupportLibrary::kFileInFolder));
-  WindowsTimerResolution winmm(system_folder + u"\\winmm.dll");
-  const auto library_of = [&system_folder](AdapterKind kind) {
-    return system_folder + u"\\" + String(AdapterTraitsOf(kind).library);
-  };
-  WindowsCanusb canusbdrv(library_of(AdapterKind::kCanusb));
-  WindowsIfcan ifcan(library_of(AdapterKind::kInterface));
-  WindowsCanlib canlib32(library_of(AdapterKind::kKvaser));
-  WindowsMessageBox message_box(gate, window.Hwnd());
-  WindowsWallClock wall_clock;
-  WindowsAutomationServers automation;
-  WindowsClipboard clipboard(window.Hwnd());
-  WindowsCursors cursors;
-  WindowsRunProtection run_protection(window.Hwnd());
-  const Platform platform{.events = loop,
-                          .timers = {.FormBG = workers.FormBG,
-                                     .FormBG2 = workers.FormBG2,
-                                     .FormBG_29 = workers.FormBG_29,
-                                     .FormBG2_29 = workers.FormBG2_29},
-                          .qxt100 = qxt100,
-                          .winmm = winmm,
-                          .canusbdrv = canusbdrv,
-                          .IFCan = ifcan,
-                          .canlib32 = canlib32,
-                          .message_box = message_box,
-                          .files = files,
-                          .folders = folders,
-                          .wall_clock = wall_clock,
-                          .code_page = code_page,
-                          .automation = automation,
-                          .clipboard = clipboard,
-                          .single_instance = single_instance,
-                          .cursors = cursors,
-                          .run_protection = run_protection};
-
-  Form1 form(platform, window.Face(), program_folder);
-  DialogWindows dialogs({instance, gate, loop, window.Hwnd()}, files, form.device,
-                        form.mouseCursor);
-  window.Attach(&dialogs);
-  Form1Binding events(form, dialogs);
-  window.Listen(&events);
-  // What comes in from outside during the start waits for a yield like anything else.
-  gate.Deliver([&form] { form.Form_Load(); });
-  if (!loop.Ended()) {
-    window.Start(show_command);
-    loop.RunUntilEnd();
-  }
-  window.Listen(nullptr);
+  WindowServices services(parts);
+  Libraries libraries(program_folder, system.folders.System());
+  const Platform platform = PlatformOf(system, parts, services, libraries);
+  RunForm1(platform, parts, program_folder, instance, show_command);
   return 0;
 }
 

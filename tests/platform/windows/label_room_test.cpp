@@ -8,7 +8,7 @@
 #include "platform/windows/main_window/form1_layout.h"
 #include "platform/windows/window_parts/window_place.h"
 #include "tests/platform/windows/all_windows_bed.h"
-#include "tests/platform/windows/window_picture.h"
+#include "tests/platform/windows/system/window_picture.h"
 
 namespace tolvane::platform::windows {
 namespace {

@@ -4,6 +4,7 @@
 
 #include "platform/colour_dialog.h"
 #include "platform/event_gate.h"
+#include "platform/windows/system/system_libraries.h"
 #include "platform/windows/system/win32.h"
 
 namespace tolvane::platform::windows {
@@ -20,6 +21,7 @@ class WindowsColourDialog final : public ColourDialog {
 
  private:
   EventGate& gate_;
+  LoadedLibrary<Comdlg32> library_;
   HWND owner_ = nullptr;
   std::array<COLORREF, 16> own_colours_{};  // mixed by the user, kept until the program ends
 };

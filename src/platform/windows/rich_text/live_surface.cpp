@@ -23,7 +23,7 @@ constexpr ScrollKey kScrollKeys[] = {
 String LargestText() {
   String text;
   for (char16_t character = u' '; character <= u'~'; ++character) text += character;
-  for (std::size_t line = 0; line < RichTextPage::kMostLines; ++line) text += u'\n';
+  for (std::size_t line = 0; line < RichTextPage::kLines_MAX; ++line) text += u'\n';
   return text;
 }
 

@@ -145,8 +145,8 @@ void RichEditView::LeavePage() {
   surface_.Hide();
 }
 
-/// A control that cannot take the page stays empty, and the page the face. It is then locked also
-/// when the view is not, as nobody would see what is typed there.
+/// A control that cannot take the page is emptied, and the page stays the face. The control is then
+/// locked also when the view is not, as nobody would see what is typed there.
 void RichEditView::FillControl() {
   if (!live_) return;
   const std::string rtf = ContentRtf();

@@ -13,10 +13,10 @@ namespace tolvane::platform::windows {
 /// RTB_MainView on a rich edit control. The control counts a line end as one character; nobody
 /// outside this class sees that.
 ///
-/// While the view is locked, a swapped page is *live*: it is shown by a surface laid over the
-/// control and stands in the page alone; the control keeps what it held before.
-/// The control gets the page when the lock is taken off or when something needs the control itself;
-/// from then to the next swap the control holds the content. Every message to the control, the
+/// While the view is locked, what the program writes, a swapped page or a text, is *live*: a
+/// surface laid over the control shows it, and the control keeps what it held before. The control
+/// gets the page when the lock is taken off or when something needs the control itself; from then
+/// to the next page or text the control holds the content. Every message to the control, the
 /// program's own included, passes HandleMessage, which answers for its text and fills it before a
 /// message that needs the content.
 ///
@@ -97,7 +97,8 @@ class RichEditView final : public RichTextView {
   std::function<void()> selection_changed_;
   std::function<void(bool)> context_menu_;
   LiveSurface surface_;
-  std::unique_ptr<RichTextPage> page_ = std::make_unique<RichTextPage>();  // as last swapped
+  // As last swapped, or a text that came while the view was locked.
+  std::unique_ptr<RichTextPage> page_ = std::make_unique<RichTextPage>();
   HWND window_ = nullptr;
   Zoom look_zoom_;                   // of the control when the surface took its look
   bool live_ = false;                // the content is `page_`, whatever the control holds

@@ -7,7 +7,7 @@
 
 #include "platform/windows/dialogs/formversion_window.h"
 #include "tests/platform/windows/all_windows_bed.h"
-#include "tests/platform/windows/pump.h"
+#include "tests/platform/windows/system/pump.h"
 
 namespace tolvane::platform::windows {
 namespace {

@@ -16,7 +16,7 @@
 #include "platform/windows/system/text.h"
 #include "tests/platform/windows/all_windows_bed.h"
 #include "tests/platform/windows/dialogs/system_dialog.h"
-#include "tests/platform/windows/pump.h"
+#include "tests/platform/windows/system/pump.h"
 #include "tests/platform/windows/system/scratch_folder.h"
 
 namespace tolvane::platform::windows {

@@ -8,8 +8,8 @@
 
 #include "platform/windows/main_window/form1_layout.h"
 #include "tests/platform/windows/main_window/main_window_bed.h"
-#include "tests/platform/windows/pump.h"
-#include "tests/platform/windows/window_picture.h"
+#include "tests/platform/windows/system/pump.h"
+#include "tests/platform/windows/system/window_picture.h"
 
 namespace tolvane::platform::windows {
 namespace {

@@ -4,7 +4,7 @@
 #include <tolvane_control_ids.h>
 
 #include "platform/windows/system/text.h"
-#include "tests/platform/windows/window_picture.h"
+#include "tests/platform/windows/system/window_picture.h"
 
 namespace tolvane::platform::windows {
 namespace {

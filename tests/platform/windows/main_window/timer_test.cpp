@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "tests/platform/windows/pump.h"
+#include "tests/platform/windows/system/pump.h"
 
 namespace tolvane::platform::windows {
 namespace {

@@ -4,6 +4,7 @@
 #include <iterator>
 #include <string>
 
+#include "tests/platform/windows/rich_text/control_hook.h"
 #include "tests/platform/windows/rich_text/live_page_bed.h"
 
 namespace tolvane::platform::windows {
@@ -12,31 +13,22 @@ namespace {
 /// Counts the messages to a control that change its content or format.
 class CountedChanges {
  public:
-  explicit CountedChanges(HWND control) : control_(control) {
-    SetWindowSubclass(control_, &Count, kNumber, reinterpret_cast<DWORD_PTR>(this));
-  }
-  ~CountedChanges() { RemoveWindowSubclass(control_, &Count, kNumber); }
-  CountedChanges(const CountedChanges&) = delete;
-  CountedChanges& operator=(const CountedChanges&) = delete;
+  explicit CountedChanges(HWND control)
+      : hook_(control, [this](UINT message, LPARAM /*lparam*/) -> std::optional<LRESULT> {
+          if (std::ranges::find(kChanges, message) != std::end(kChanges)) ++count_;
+          return std::nullopt;
+        }) {}
 
   [[nodiscard]] int Count() const { return count_; }
 
  private:
-  static constexpr UINT_PTR kNumber = 18;
+  static constexpr UINT kChanges[] = {
+      WM_SETTEXT,    WM_CUT,           WM_PASTE,         WM_CLEAR,     WM_UNDO,
+      EM_REPLACESEL, EM_SETCHARFORMAT, EM_SETPARAFORMAT, EM_SETTEXTEX, EM_STREAMIN,
+      EM_UNDO,       EM_PASTESPECIAL,  EM_SETTEXTMODE};
 
-  static LRESULT CALLBACK Count(HWND window, UINT message, WPARAM wparam, LPARAM lparam,
-                                UINT_PTR /*id*/, DWORD_PTR object) noexcept {
-    constexpr UINT kChanges[] = {WM_SETTEXT,    WM_CUT,        WM_PASTE,         WM_CLEAR,
-                                 WM_UNDO,       EM_REPLACESEL, EM_SETCHARFORMAT, EM_SETPARAFORMAT,
-                                 EM_SETTEXTEX,  EM_STREAMIN,   EM_UNDO,          EM_PASTESPECIAL,
-                                 EM_SETTEXTMODE};
-    const bool changes = std::ranges::find(kChanges, message) != std::end(kChanges);
-    if (changes) ++reinterpret_cast<CountedChanges*>(object)->count_;
-    return DefSubclassProc(window, message, wparam, lparam);
-  }
-
-  HWND control_;
   int count_ = 0;
+  ControlHook hook_;
 };
 
 class LivePageOverText : public LivePage {

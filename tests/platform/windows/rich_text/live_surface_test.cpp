@@ -2,8 +2,9 @@
 #include <string>
 
 #include "tests/counting/allocations.h"
+#include "tests/platform/windows/rich_text/refused_windows.h"
 #include "tests/platform/windows/rich_text/view_bed.h"
-#include "tests/platform/windows/window_picture.h"
+#include "tests/platform/windows/system/window_picture.h"
 
 namespace tolvane::platform::windows {
 namespace {
@@ -145,6 +146,27 @@ TEST_F(LiveSurfaceTest, LooksAsTheControlDoesWhereTheUserHasZoomed) {
   ASSERT_TRUE(Send(EM_SETZOOM, 3, 2));
   view_.Locked(true);
   EXPECT_EQ(Difference(page, u"zoomed"), 0);
+}
+
+TEST_F(LiveSurfaceTest, ALookThatTheSystemRefusedIsTakenWithTheFirstPage) {
+  RichTextPage page;
+  page.text = u"ID  DLC\r\n1A0  8   01 02\r\n";
+  ASSERT_TRUE(Send(EM_SETZOOM, 3, 2));
+  {
+    const RefusedWindows refused;
+    view_.Locked(true);
+    EXPECT_GT(refused.Count(), 0);
+  }
+  EXPECT_EQ(Difference(page, u"refused"), 0);
+}
+
+TEST_F(LiveSurfaceTest, WithoutALookOfItsZoomAPageIsShownAllTheSame) {
+  ASSERT_TRUE(Send(EM_SETZOOM, 3, 2));
+  const RefusedWindows refused;
+  view_.Locked(true);
+  Swap(u"ID  DLC\r\n1A0  8\r\n");
+  const WindowPicture picture = SurfacePicture();
+  EXPECT_TRUE(picture.Has({0, 0, picture.Width(), picture.Height()}, 0));
 }
 
 TEST_F(LiveSurfaceTest, LooksAsTheControlDoesWithoutScrollBars) {

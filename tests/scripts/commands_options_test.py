@@ -1,100 +1,20 @@
 #!/usr/bin/env python3
-"""Tests of what the scripts say before they install, build or start anything. The project's folder is the
-argument.
-
-Whatever would install, build or start stands here as a program that only leaves a trace."""
+"""Tests of the words that follow a script's name. The project's folder is the argument."""
 
 import os
 import pathlib
 import pty
 import re
-import shutil
-import subprocess
-import sys
-import tempfile
 import unittest
 
-PROJECT = pathlib.Path(sys.argv.pop())
-# Those without a folder are in scripts/.
-SCRIPTS = ("demo", "replay-check", "log-check", "pictures", "build", "package", "test", "bench/compare", "tests/soak/run",
-           "tests/fuzz/run", "tests/live/live_check", "tests/scripts/commands_check")
-WITHOUT_OPTIONS = {"tests/live/live_check", "tests/scripts/commands_check"}
-# Those that start Wine themselves; scripts/test does so in its stages.
-WITH_WINE = ("demo", "replay-check", "log-check", "pictures", "bench/compare", "tests/soak/run", *sorted(WITHOUT_OPTIONS))
+from commands_place import GOOD_LINE, NOBODY, PROJECT, SCRIPTS, WITHOUT_OPTIONS, Place, path_of
+
 MOST_WHOLE = 999_999_999
-HEAVY = ("apt-get", "sudo", "dpkg-query", "cmake", "ninja", "wine", "wineserver", "Xvfb", "convert")
-NOBODY = 65534
 LIVE_USE = re.escape("--log - takes lines from a pipe, as in: candump -L can0 | scripts/demo --log -")
 # What the measuring programs of bench/compare tell.
 FIGURES = ("rows", "regions", "live_tick", "baseline_tick", "first_tick_empty", "first_tick_full", "longest_rows",
            "longest_tick", "longest_compose", "fitting_rows", "fitting_tick", "fitting_compose", "tolvane_start",
            "empty_start", "tolvane_resident", "empty_resident", "flush", "flush_longest", "search", "search_longest")
-GOOD_LINE = "(1502984866.421964) can0 123#0102\n"
-# What bash says on a machine without the locale, which the played `locale` says is there.
-WITHOUT_LOCALE = re.compile(r"^.*: warning: setlocale: .*\(ja_JP\.UTF-8\).*\n", re.MULTILINE)
-
-
-def path_of(name: str) -> str:
-    return name if "/" in name else f"scripts/{name}"
-
-
-class Ended:
-    def __init__(self, done: subprocess.CompletedProcess, trace: pathlib.Path) -> None:
-        self.status, self.said = done.returncode, done.stdout
-        self.errors = WITHOUT_LOCALE.sub("", done.stderr)
-        self.begun = trace.read_text().split() if trace.exists() else []
-
-
-class Place(unittest.TestCase):
-    """A folder with a copy of what the scripts read, and a PATH without anything heavy."""
-
-    def setUp(self):
-        holder = tempfile.TemporaryDirectory()
-        self.addCleanup(holder.cleanup)
-        self.folder = pathlib.Path(holder.name)
-        self.folder.chmod(0o755)
-        self.project = self.folder / "a stranger's project"
-        for part in ("scripts", "tests/window", "tests/traffic"):
-            shutil.copytree(PROJECT / part, self.project / part, ignore=shutil.ignore_patterns("__pycache__"))
-        for name in filter(lambda name: "/" in name, SCRIPTS):
-            (self.project / name).parent.mkdir(parents=True, exist_ok=True)
-            shutil.copy(PROJECT / name, self.project / name)
-        self.tools = self.folder / "tools"
-        self.tools.mkdir()
-        self.trace = self.folder / "trace"
-        for name in HEAVY:
-            self.play(name, f'echo {name} >>"{self.trace}"; exit 1')
-
-    def play(self, name: str, script: str) -> None:
-        tool = self.tools / name
-        tool.write_text(f"#!/bin/sh\n{script}\n")
-        tool.chmod(0o755)
-
-    def play_installed(self) -> None:
-        """All packages and the locale."""
-        self.play("dpkg-query", "printf installed")
-        self.play("locale", "echo ja_JP.utf8")
-
-    def file(self, name: str, content: str | bytes) -> str:
-        path = self.folder / name
-        path.write_bytes(content.encode() if isinstance(content, str) else content)
-        return str(path)
-
-    def run_script(self, name: str, *words: str, environment: dict[str, str] | None = None,
-                   user: int | None = None, stdin: int = subprocess.DEVNULL, closed: bool = False) -> Ended:
-        paths = [str(self.tools), *dict.fromkeys((os.path.dirname(sys.executable), "/usr/bin", "/bin"))]
-        begin = ["bash", "-c", 'exec "$0" "$@" <&-'] if closed else []
-        # A machine has the locale or not: here none has it.
-        told = {"PATH": ":".join(paths), "LOCPATH": str(self.tools)} | (environment or {})
-        done = subprocess.run([*begin, str(self.project / path_of(name)), *words], user=user, cwd=self.folder,
-                              env=told, text=True, timeout=60, stdin=stdin, capture_output=True, check=False)
-        return Ended(done, self.trace)
-
-    def refuses(self, sentence: str, name: str, *words: str, **how) -> None:
-        """One line on the error output, before anything heavy has begun."""
-        ended = self.run_script(name, *words, **how)
-        self.assertRegex(ended.errors, rf"\Aerror: {sentence}\n\Z", (name, words))
-        self.assertEqual((1, "", []), (ended.status, ended.said, ended.begun), (name, words))
 
 
 class Options(Place):
@@ -298,7 +218,7 @@ class Options(Place):
                             ("Xvfb", "echo 77 >&3; exec sleep 60"), ("wine", script)):
             self.play(name, words)
         for name in ("wine-prefix-run/drive_c/windows/system32/a.dll", "wine-prefix-run/tolvane-ready",
-                     "windows-x64/simulator/canusbdrv.dll"):
+                     "wine-prefix-run/dosdevices/c:", "windows-x64/simulator/canusbdrv.dll"):
             (self.project / "build" / name).parent.mkdir(parents=True, exist_ok=True)
             (self.project / "build" / name).touch()
 
@@ -378,15 +298,15 @@ class Options(Place):
             self.assertEqual(1, ended.status)
             self.assertRegex(ended.errors, f"error: {part}: the packages can-utils python3-can cannot be installed\n\\Z")
 
-    def test_the_names_that_earlier_logs_have_taken_are_in_a_folder_of_any_name(self):
+    def test_the_names_that_earlier_logs_have_taken_are_made_in_a_folder_of_any_name(self):
         self.play_wine("exit 1")
         soak = self.project / "build/native/tests/soak/tolvane_soak"
         soak.parent.mkdir(parents=True)
-        soak.write_text("#!/bin/sh\n")
+        soak.write_text("""#!/bin/sh\n[ "$1" != take ] || printf '%s\\n' "$@" >"$0.taken"\n""")
         soak.chmod(0o755)
-        errors = self.run_script("tests/soak/run", "--taken", "2").errors
-        names = sorted(path.name[10:] for path in (self.project / "build/soak/x64-short/program").glob("KL*"))
-        self.assertEqual(["-001.csv", "-002.csv"], sorted(set(names)), errors)
+        errors = self.run_script("tests/soak/run", "--minutes", "3", "--taken", "2").errors
+        self.assertEqual(["take", str(self.project / "build/soak/x64-short"), "3", "2"],
+                         pathlib.Path(f"{soak}.taken").read_text().splitlines(), errors)
         self.assertEqual("error: the program does not start\n", errors)
 
     def test_what_a_measured_tool_complains_of_is_told_where(self):
@@ -415,7 +335,6 @@ class Options(Place):
         for words in ([log, "--ids", "29"], ["--ids", "29", log], ["--ids=29", log, "--adapter=kvaser"]):
             self.refuses(f"{re.escape(log)} is empty; .*", "replay-check", *words)
 
-
     def test_a_command_keeps_its_own_options(self):
         for words in (["true", "--help"], ["--offline", "true", "--offline", "--nonsense"], ["--user", "me", "true"]):
             self.refuses("there is no fresh root: .*", "scripts/lib/fresh-run", *words)
@@ -423,179 +342,6 @@ class Options(Place):
             self.refuses(r"no command is named \(.*\)", f"scripts/lib/{name}")
             self.refuses(r"no such option: --nonsense \(.*\)", f"scripts/lib/{name}", "--nonsense", "true")
             self.assertTrue(self.run_script(f"scripts/lib/{name}", "-h").said.startswith("usage: "), name)
-
-
-class Recordings(Place):
-    def test_what_cannot_be_played_is_refused_at_once(self):
-        bad = {"empty": (self.file("empty", ""), " is empty; .*"),
-               "random": (self.file("random", bytes(range(256)) * 8), ", line 1: this is no frame, .*"),
-               "screen": (self.file("screen", "  can0  123   [2]  01 02\n"), ", line 1: this is candump's output .*")}
-        for path, sentence in bad.values():
-            for words in (("demo", "--log"), ("replay-check",), ("log-check",)):
-                self.refuses(re.escape(path) + sentence, *words, path)
-        for words in (("demo", "--log"), ("replay-check",), ("log-check",)):
-            self.refuses(f"{re.escape(str(self.folder))} is a folder, .*", *words, str(self.folder))
-
-    def test_a_pipe_or_a_device_is_none(self):
-        pipe = self.folder / "pipe"
-        os.mkfifo(pipe)
-        for path in (str(pipe), "/dev/null"):
-            told = f"{path} is a pipe or a device, and a recording is a file"
-            self.refuses(f"{told}; --log - plays the lines of a pipe", "demo", "--log", path)
-            for name in ("replay-check", "log-check"):
-                self.refuses(told, name, path)
-
-    def test_a_name_that_the_bench_cannot_be_told_is_refused(self):
-        for name, reason in ((b"a\nb.log", "holds a line break or another control character"), (b"caf\xe9.log", "is not UTF-8"),
-                             (b"last\n", "holds a line break or another control character")):
-            path = os.fsencode(self.folder) + b"/" + name
-            with open(path, "w", encoding="ascii") as file:
-                file.write(GOOD_LINE)
-            for words in (("demo", "--log"), ("replay-check",), ("log-check",)):
-                for locale in ("C", "C.UTF-8"):
-                    self.refuses(rf"the name of the recording \S*'[^\n]* {reason}: give it another one", *words,
-                                 os.fsdecode(path), environment={"LC_ALL": locale})
-        log = self.file("録音 1.log", GOOD_LINE)
-        for locale in ("C", "C.UTF-8"):
-            self.assertIn("dpkg-query", self.run_script("demo", "--log", log, environment={"LC_ALL": locale}).begun)
-
-    def test_a_missing_one_is_an_error_and_no_skip(self):
-        for words in (("demo", "--log"), ("replay-check",), ("log-check",)):
-            self.refuses("there is no recording gone.log", *words, "gone.log")
-
-    def test_one_that_the_identifiers_leave_empty_is_refused_at_once(self):
-        log = self.file("extended.log", GOOD_LINE.replace("123#", "00000123#"))
-        for words in (("demo", "--ids", "11", "--log"), ("replay-check",), ("log-check",)):
-            self.refuses(".* it needs --ids 29", *words, log)
-        self.refuses(".* it needs --ids 29", "demo", "--log", log, "--ids", "11", environment={"DISPLAY": ":4095"})
-
-    def test_the_demo_takes_what_the_recording_asks_for_unless_told(self):
-        extended = GOOD_LINE.replace("123#", "00000123#")
-        error = GOOD_LINE.replace("123#", "20000123#")
-        for content, words, chosen in (
-                (GOOD_LINE, (), "canusb, with identifiers of 11 bits"),
-                (extended, (), "canusb, with identifiers of 29 bits"),
-                (GOOD_LINE + extended, (), "canusb, with identifiers of 11 and 29 bits"),
-                (GOOD_LINE + error, (), "kvaser, with identifiers of 11 bits"),
-                (GOOD_LINE + error, ("--adapter", "interface", "--ids", "29"), "interface, with identifiers of 29 bits")):
-            log = self.file("bus.log", content)
-            for environment in ({}, {"DISPLAY": ":4095"}):
-                ended = self.run_script("demo", "--log", log, *words, environment=environment)
-                self.assertRegex(ended.said, rf"\A-- .*: \d frames? in .*\n-- on the adapter {chosen}\n")
-                self.assertIn("dpkg-query", ended.begun)
-        self.assertEqual([], [path.name for path in (self.project / "build/recordings").iterdir()])
-
-    def test_identifier_0_alone_has_logs_and_no_page(self):
-        log = self.file("zero.log", GOOD_LINE.replace("123#", "000#"))
-        self.refuses(".* identifier 0 alone, for which the page has no line", "replay-check", log)
-        self.assertIn("dpkg-query", self.run_script("log-check", log).begun)
-
-    def test_one_that_cannot_be_compared_is_refused_at_once(self):
-        log = self.file("remote.log", GOOD_LINE + GOOD_LINE.replace("#0102", "#R"))
-        for name in ("replay-check", "log-check"):
-            self.refuses(f"{re.escape(log)}, line 2: this is a remote frame, .*", name, log)
-
-    def test_a_good_one_is_told_with_its_bad_lines(self):
-        log = self.file("good.log", GOOD_LINE + "?\n")
-        ended = self.run_script("demo", "--log", log)
-        self.assertRegex(ended.said, rf"\A-- {re.escape(log)}: 1 frame in .*; 1 bad line left out, the first is line 2\n")
-        self.assertIn("dpkg-query", ended.begun)
-
-
-class Pages(unittest.TestCase):
-    """What a run leaves is looked at before it is called a success; here a stand-in leaves it."""
-
-    def leaves(self, picture: str, page: str) -> subprocess.CompletedProcess:
-        with tempfile.TemporaryDirectory() as folder:
-            steps = f'''source "$1/scripts/lib/common.sh"
-                source "$1/scripts/lib/unattended.sh"
-                drive() {{ convert -size 64x64 {picture} "bmp:${{2#Z:}}"; printf '%b' '{page}' >"${{6#Z:}}"; }}
-                drive_page "$2"'''
-            return subprocess.run(["bash", "-c", steps, "page", str(PROJECT), folder], text=True, timeout=60,
-                                  capture_output=True, check=False)
-
-    def test_a_window_with_a_page_is_a_success(self):
-        for head in ("ID  DLC  D1 D2 D3 D4 D5 D6 D7 D8", "E    ID    DLC  D1 D2 D3 D4 D5 D6 D7 D8"):
-            done = self.leaves("gradient:red-blue", head + r"\n123  0\n")
-            self.assertEqual((0, ""), (done.returncode, done.stderr))
-
-    def test_a_black_picture_is_none(self):
-        done = self.leaves("xc:black", r"ID  DLC  D1 D2 D3 D4 D5 D6 D7 D8\n123  0\n")
-        self.assertEqual(1, done.returncode)
-        self.assertRegex(done.stderr, "shows no window")
-
-    def test_a_text_without_head_or_lines_is_no_page(self):
-        for page, reason in (("", "shows no page"), (r"hello\nyou\n", "shows no page"),
-                             (r"ID  DLC  D1 D2 D3 D4 D5 D6 D7 D8\n", "has no line")):
-            done = self.leaves("gradient:red-blue", page)
-            self.assertEqual(1, done.returncode, page)
-            self.assertRegex(done.stderr, reason)
-
-
-class Places(Place):
-    def test_a_search_path_for_folders_changes_nothing(self):
-        done = subprocess.run(["scripts/build", "--help"], env={"PATH": "/usr/bin:/bin", "CDPATH": "."}, cwd=self.project,
-                              capture_output=True, text=True, timeout=60, check=False)
-        self.assertEqual((0, ""), (done.returncode, done.stderr))
-
-    def test_a_folder_for_pictures_that_cannot_be_made_is_told(self):
-        out = f"{self.file('file', '')}/out"
-        for name in ("demo", "pictures"):
-            self.refuses(f"the folder {re.escape(out)} cannot be written: name another with --out", name, "--out", out)
-
-    def test_a_release_needs_a_commit(self):
-        self.play_installed()
-        self.refuses("a release is made of a commit, and git says: fatal: not a git repository .*", "package")
-
-    def test_a_folder_for_pictures_is_made_when_the_recording_is_good(self):
-        out = self.folder / "-new"
-        for content, is_made in (("?\n", False), (GOOD_LINE, True)):
-            ended = self.run_script("demo", "--log", self.file("bus.log", content), "--out=-new")
-            self.assertEqual((is_made, is_made), (out.exists(), "dpkg-query" in ended.begun))
-        self.assertNotIn("realpath", ended.errors + self.run_script("pictures", "--out=-new").errors)
-
-    def test_a_project_whose_path_the_bench_cannot_be_told_is_refused(self):
-        for name, reason in ((b"a\nb", "holds a line break or another control character"), (b"caf\xe9", "is not UTF-8"),
-                             (b"last\n", "holds a line break or another control character")):
-            self.project = self.project.rename(os.fsdecode(os.fsencode(self.folder) + b"/" + name))
-            for script in SCRIPTS:
-                self.refuses(rf"the path of the project \S*'[^\n]* {reason}: copy it to another place", script)
-                self.assertEqual(0, self.run_script(script, "--help").status)
-            self.assertFalse((self.project / "build").exists())
-
-    def test_a_warning_of_git_does_not_come_into_a_release(self):
-        self.play_installed()
-        self.play("git", 'echo "warning: odd" >&2; case "$*" in *rev-parse*) echo 4711 ;; *log*) echo 1 ;; esac')
-        script = self.project / "scripts/package"
-        text = script.read_text()
-        self.assertIn("\nlock_alone ", text)
-        script.write_text(text.replace("\nlock_alone ", '\necho "of $commit"; exit\nlock_alone '))
-        self.assertEqual("of 4711\n", self.run_script("package").said)
-
-    def test_a_screen_has_one_of_four_resolutions(self):
-        for name in (*WITH_WINE, "test"):
-            self.refuses("TOLVANE_DPI is 96, 120, 144 or 192, not 'abc'", name, environment={"TOLVANE_DPI": "abc"})
-            self.assertEqual(0, self.run_script(name, "--help", environment={"TOLVANE_DPI": "abc"}).status)
-
-    def test_a_folder_that_cannot_be_written_is_told(self):
-        if os.geteuid() == 0:
-            how = {"user": NOBODY}
-        else:
-            self.project.chmod(0o555)
-            how = {}
-        for name in SCRIPTS:
-            self.refuses(f"the folder {re.escape(str(self.project))}/build cannot be written: copy the project .*",
-                         name, **how)
-
-    def test_a_build_folder_of_another_place_is_told(self):
-        cache = self.project / "build/windows-x64/CMakeCache.txt"
-        cache.parent.mkdir(parents=True)
-        cache.write_text("CMAKE_HOME_DIRECTORY:INTERNAL=/elsewhere\n")
-        for name in SCRIPTS:
-            self.refuses(f"{re.escape(str(self.project))}/build was made for /elsewhere and does not serve here: "
-                         "remove that folder and start again", name)
-        cache.write_text(f"CMAKE_HOME_DIRECTORY:INTERNAL={self.project}\n")
-        self.assertIn("dpkg-query", self.run_script("demo").begun)
 
 
 if __name__ == "__main__":

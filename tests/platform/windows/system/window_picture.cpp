@@ -1,4 +1,4 @@
-#include "tests/platform/windows/window_picture.h"
+#include "tests/platform/windows/system/window_picture.h"
 
 #include "platform/windows/system/file_bytes.h"
 #include "platform/windows/system/file_services.h"
