@@ -27,20 +27,22 @@ class LocalTextStream final : public platform::TextStream {
       const StringView piece = FrontPiece(text, kPiece);
       bytes_.clear();
       code_page_.Encode(piece, bytes_);
-      if (!WriteAscii(bytes_)) return false;
+      if (!Append(bytes_)) return false;
       text.remove_prefix(piece.size());
     }
     return file_ != nullptr;
   }
-  bool WriteAscii(std::string_view text) override {
-    return file_ != nullptr && std::fwrite(text.data(), 1, text.size(), file_) == text.size();
-  }
+  bool WriteAscii(std::string_view text) override { return Append(text); }
   bool Close() override {
     std::FILE* const file = std::exchange(file_, nullptr);
     return file != nullptr && std::fclose(file) == 0;
   }
 
  private:
+  bool Append(std::string_view bytes) {
+    return file_ != nullptr && std::fwrite(bytes.data(), 1, bytes.size(), file_) == bytes.size();
+  }
+
   std::FILE* file_;
   platform::CodePage& code_page_;
   std::string bytes_;

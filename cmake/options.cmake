@@ -51,9 +51,11 @@ if(TOLVANE_SANITIZE)
   target_link_options(tolvane_options INTERFACE ${tolvane_sanitizers})
   # A fuzzer finds its way by what its inputs reach of the program, not of the target alone; no fuzzer runs the tests.
   set(tolvane_uninstrumented "${CMAKE_SOURCE_DIR}/tests/fuzz/uninstrumented.txt")
+  set(tolvane_unguided "${CMAKE_SOURCE_DIR}/tests/fuzz/unguided.txt")
   set(is_fuzzed $<NOT:$<BOOL:$<TARGET_PROPERTY:TOLVANE_IS_TEST>>>)
   foreach(option -fsanitize=fuzzer-no-link -fsanitize-ignorelist=${tolvane_uninstrumented}
-                 -fsanitize-coverage-ignorelist=${tolvane_uninstrumented})
+                 -fsanitize-coverage-ignorelist=${tolvane_uninstrumented}
+                 -fsanitize-coverage-ignorelist=${tolvane_unguided})
     target_compile_options(tolvane_options INTERFACE $<${is_fuzzed}:${option}>)
   endforeach()
   target_link_options(tolvane_options INTERFACE -fsanitize=fuzzer-no-link)

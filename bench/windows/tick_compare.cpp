@@ -1,7 +1,8 @@
 // tick_compare QXT100-DLL ROUNDS: measures the live tick in the program's main window and, in the
 // same run, the rich-edit baseline with the same page; the first tick of a run, over an empty page
-// and over that of the run before; and a tick of the longest page. Prints lines of a name, a tab
-// and a number; times are medians in microseconds, but first_tick_empty happens once.
+// and over that of the run before; and ticks of the longest page and of one that the window shows
+// whole, each beside its composition alone, without the window. Prints lines of a name, a tab and a
+// number; times are medians in microseconds, but first_tick_empty happens once.
 #include <cstdio>
 #include <cstdlib>
 
@@ -18,7 +19,8 @@ namespace {
 using namespace platform::windows;
 
 constexpr std::int16_t kRows = 2000;
-constexpr std::int16_t kMostRows = 4001;
+constexpr std::int16_t kMostRows = CAN_ReadDB29::kArayy_MAX + 1;
+constexpr std::int16_t kFittingRows = 20;
 constexpr int kLiveTicksPerRound = 40;
 
 /// How long `work` takes until the display has what it drew.
@@ -41,25 +43,36 @@ double BaselineTick(HWND like, platform::CodePage& code_page, WindowsEventLoop& 
   return baseline.Shows(page) ? time : 0;
 }
 
-/// In microseconds.
+/// Of a page in the run, in microseconds.
+struct PageTimes {
+  std::vector<double> ticks;
+  std::vector<double> compositions;
+};
+
 struct Times {
   double first_tick_empty = 0;
-  std::vector<double> live_ticks;
-  std::vector<double> compositions;
-  std::vector<double> longest_ticks;
+  PageTimes live;
+  PageTimes longest;
+  PageTimes fitting;
   std::vector<double> first_ticks;
   std::vector<double> baseline_ticks;
 };
+
+void Print(const char* page, PageTimes& times) {
+  std::printf("%s_tick\t%.0f\n", page, Median(times.ticks));
+  std::printf("%s_compose\t%.0f\n", page, Median(times.compositions));
+}
 
 void Print(Times& times, const platform::RichTextPage& page) {
   std::printf("rows\t%d\n", static_cast<int>(kRows));
   std::printf("characters\t%zu\n", page.text.size());
   std::printf("regions\t%zu\n", page.colours.Runs().size());
-  std::printf("live_ticks\t%zu\n", times.live_ticks.size());
-  std::printf("live_tick\t%.0f\n", Median(times.live_ticks));
-  std::printf("live_compose\t%.0f\n", Median(times.compositions));
+  std::printf("live_ticks\t%zu\n", times.live.ticks.size());
+  Print("live", times.live);
   std::printf("longest_rows\t%d\n", static_cast<int>(kMostRows));
-  std::printf("longest_tick\t%.0f\n", Median(times.longest_ticks));
+  Print("longest", times.longest);
+  std::printf("fitting_rows\t%d\n", static_cast<int>(kFittingRows));
+  Print("fitting", times.fitting);
   std::printf("first_tick_empty\t%.0f\n", times.first_tick_empty);
   std::printf("first_tick_full\t%.0f\n", Median(times.first_ticks));
   std::printf("baseline_ticks\t%zu\n", times.baseline_ticks.size());
@@ -67,10 +80,14 @@ void Print(Times& times, const platform::RichTextPage& page) {
 }
 
 template <WorkerKind kKind>
-void TickInTheRun(LiveTick<kKind>& live, std::vector<double>& times) {
+void TickInTheRun(LiveTick<kKind>& live, PageTimes& times) {
   for (int i = 0; i < kLiveTicksPerRound; ++i) {
     live.Receive();
-    times.push_back(DrawnMicroseconds([&live] { live.Tick(); }));
+    times.ticks.push_back(DrawnMicroseconds([&live] { live.Tick(); }));
+  }
+  for (int i = 0; i < kLiveTicksPerRound; ++i) {
+    live.Receive();
+    times.compositions.push_back(Microseconds([&live] { live.Compose(); }));
   }
 }
 
@@ -95,18 +112,16 @@ int Compare(const wchar_t* library, int rounds) {
   platform::RichTextView& view = window.Face().RTB_MainView;
   LiveTick<WorkerKind::FormBG> live(kRows, workers.FormBG, qxt100, loop, view);
   LiveTick<WorkerKind::FormBG_29> longest(kMostRows, workers.FormBG_29, qxt100, loop, view);
+  LiveTick<WorkerKind::FormBG> fitting(kFittingRows, workers.FormBG, qxt100, loop, view);
   loop.YieldToEvents();
 
   Times times;
   times.first_tick_empty = FirstTick(view, live);
   for (int round = 0; round < rounds; ++round) {
     loop.YieldToEvents();
-    TickInTheRun(longest, times.longest_ticks);
-    TickInTheRun(live, times.live_ticks);
-    for (int i = 0; i < kLiveTicksPerRound; ++i) {
-      live.Receive();
-      times.compositions.push_back(DrawnMicroseconds([&live] { live.Compose(); }));
-    }
+    TickInTheRun(fitting, times.fitting);
+    TickInTheRun(longest, times.longest);
+    TickInTheRun(live, times.live);
     view.Locked(false);
     loop.YieldToEvents();
     times.first_ticks.push_back(FirstTick(view, live));

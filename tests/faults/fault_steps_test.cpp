@@ -1,11 +1,7 @@
 // Each operation of each scenario fails once, alone, and each step of the disk in each of its ways.
-// The longest scenarios are left to fault_pairs_test.cpp, which does the same ahead of its pairs.
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <cstdio>
-#include <iterator>
-#include <vector>
 
 #include "tests/faults/step_table.h"
 #include "tests/faults/trial.h"
@@ -30,14 +26,7 @@ TEST_P(FaultSteps, Alone) {
   }
 }
 
-std::vector<Scenario> ShortScenarios() {
-  std::vector<Scenario> scenarios;
-  std::ranges::copy_if(Scenarios(), std::back_inserter(scenarios),
-                       [](const Scenario& scenario) { return scenario.pairs == Pairs::kAll; });
-  return scenarios;
-}
-
-INSTANTIATE_TEST_SUITE_P(Scenarios, FaultSteps, testing::ValuesIn(ShortScenarios()),
+INSTANTIATE_TEST_SUITE_P(Scenarios, FaultSteps, testing::ValuesIn(Scenarios()),
                          [](const auto& scenario) { return scenario.param.name; });
 
 }  // namespace

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <ostream>
+#include <string>
 
 #include "run/number_text.h"
 #include "tests/helpers/installed_program.h"
@@ -188,6 +189,18 @@ Complaints Machine::JudgeRun(bool may_hold_back) const {
   }
   for (const FrameNumber frame : last_) {
     require(session_ended_ || frame < 0 || PageShows(frame), "a frame is missing from the page");
+  }
+  return complaints;
+}
+
+Complaints Machine::JudgeWholeRun(std::span<const Act> acts) const {
+  Complaints complaints = JudgeRun(false);
+  std::int64_t brought = 0;
+  for (const Act& act : acts) brought += act.frames;
+  if (!acts_.empty()) complaints.emplace_back("the run was not begun, or ended early");
+  if (logs_.Accepted() < brought) {
+    complaints.push_back(std::to_string(logs_.Accepted()) + " of " + std::to_string(brought) +
+                         " frames were accepted");
   }
   return complaints;
 }

@@ -72,6 +72,9 @@ class Machine final : private ReadTap {
   /// What is wrong after a run: with the window, and with page and log of what was accepted.
   /// `may_hold_back`: one of its files failed, and what that one held back had no other.
   [[nodiscard]] Complaints JudgeRun(bool may_hold_back) const;
+  /// The same of a run in which nothing failed: also whether it went through all of `acts` and took
+  /// all frames that they brought.
+  [[nodiscard]] Complaints JudgeWholeRun(std::span<const Act> acts) const;
 
   platform::memory::MemoryPlatform memory;
 

@@ -25,11 +25,12 @@ void Append(const Complaints& more, const char* when, Complaints& complaints) {
   for (const std::string& complaint : more) complaints.push_back(when + complaint);
 }
 
-/// A run with a log, and closing.
-void RunAndClose(Machine& machine, const char* when, Complaints& complaints) {
-  machine.Set(kNextLog);
+/// A run with a log, which takes all that its acts bring, and closing.
+void RunAndClose(Machine& machine, WrittenLogs::Form log, const char* when,
+                 Complaints& complaints) {
+  machine.Set(log);
   machine.Run(ShortRun());
-  Append(machine.JudgeRun(false), when, complaints);
+  Append(machine.JudgeWholeRun(ShortRun()), when, complaints);
   machine.Click(&Form1::menu_file_close_Click);
   if (!machine.IsLeft()) Append({"the program cannot be closed"}, when, complaints);
 }
@@ -42,9 +43,7 @@ Trial::Trial(const Scenario& scenario) : scenario_(scenario) {
   std::stringbuf report;
   Machine machine(scenario.setup, {}, nothing, report);
   machine.Start();
-  machine.Set(scenario.log);
-  machine.Run(ShortRun());
-  machine.Click(&Form1::menu_file_close_Click);
+  RunAndClose(machine, scenario.log, "earlier session: ", of_earlier_session_);
   kept_ = KeptBy(machine);
   disk_ = machine.Files();
   for (auto& [path, bytes] : disk_) {
@@ -93,7 +92,7 @@ Complaints Trial::JudgeNextStart(const Machine& machine, const Kept& last, bool 
 }
 
 Complaints Trial::Play(FaultPlan& plan, FaultPlan::Numbers failing, DiskFault disk_fault) const {
-  Complaints complaints;
+  Complaints complaints = of_earlier_session_;
   std::stringbuf report;
   Disk disk;
   Kept last;
@@ -104,7 +103,7 @@ Complaints Trial::Play(FaultPlan& plan, FaultPlan::Numbers failing, DiskFault di
     Append(scenario_.judge(machine, plan), "", complaints);
     is_sure = plan.OnlyWasBusy();
     if (machine.Waits() && !machine.SessionHasEnded()) {
-      RunAndClose(machine, "then: ", complaints);
+      RunAndClose(machine, kNextLog, "then: ", complaints);
       is_sure = true;
     }
     last = KeptBy(machine);
@@ -113,7 +112,7 @@ Complaints Trial::Play(FaultPlan& plan, FaultPlan::Numbers failing, DiskFault di
   Machine next(scenario_.setup, disk, plan, report);
   next.Start();
   Append(JudgeNextStart(next, last, is_sure), "next start: ", complaints);
-  if (next.Waits()) RunAndClose(next, "next start: ", complaints);
+  if (next.Waits()) RunAndClose(next, kNextLog, "next start: ", complaints);
   Append(FaultsOf(report.str()), "wrong call: ", complaints);
   return complaints;
 }

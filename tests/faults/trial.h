@@ -30,6 +30,7 @@ class Trial {
   const Scenario& scenario_;
   Disk disk_;  // as an earlier session left it
   Kept kept_;  // by that session
+  Complaints of_earlier_session_;
 };
 
 }  // namespace tolvane::faults

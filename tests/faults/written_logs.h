@@ -39,6 +39,9 @@ class WrittenLogs {
   void Saved(StringView path, const std::vector<FrameNumber>& frames);
   void ClosedWorkbook();
 
+  /// Frames that the run has taken.
+  [[nodiscard]] FrameNumber Accepted() const { return accepted_; }
+
   /// What is wrong: frames that are missing, and files that were written over later. Frames that
   /// no file holds, because one failed and no other followed it, are missing too unless
   /// `may_hold_back`.

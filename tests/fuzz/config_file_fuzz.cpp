@@ -1,15 +1,18 @@
 // LoadConfigFile on any bytes: it must return one of its results, and the settings that it loaded
 // must be the same after saving and loading again.
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
+#include <memory>
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "config/filesavesystem.h"
 #include "platform/memory/dialogs/message_box.h"
 #include "platform/memory/system/code_page_932.h"
-#include "platform/memory/system/file_system.h"
 #include "platform/memory/system/journal.h"
 #include "tests/fuzz/fuzz_entry.h"
 #include "tests/fuzz/input.h"
@@ -27,8 +30,45 @@ platform::memory::CodePage932& SharedCodePage() {
   return code_page;
 }
 
+/// A disk that holds config.dat and nothing else. The one of the memory platform would take most of
+/// the time with names of folders, which are no input here.
+class OneFile final : public platform::FileServices {
+ public:
+  std::optional<std::string> bytes;
+
+  bool FolderExists(StringView) override { return true; }
+  bool FileExists(StringView path) override { return path == kPath && bytes; }
+  bool DeleteFile(StringView path, bool) override {
+    const bool deleted = FileExists(path);
+    if (deleted) bytes.reset();
+    return deleted;
+  }
+  std::optional<platform::BinaryRead> ReadBinary(StringView path, std::size_t size) override {
+    if (!FileExists(path)) return {};
+    const auto whole = std::as_bytes(std::span(*bytes));
+    const auto read = whole.first(std::min(size, whole.size()));
+    return platform::BinaryRead{.bytes = {read.begin(), read.end()}, .closed = true};
+  }
+  bool WriteBinary(StringView path, std::span<const std::byte> written) override {
+    Require(path == kPath);
+    const std::string tail =
+        bytes && bytes->size() > written.size() ? bytes->substr(written.size()) : "";
+    bytes.emplace(reinterpret_cast<const char*>(written.data()), written.size());
+    *bytes += tail;
+    return true;
+  }
+
+  // Settings need none of these.
+  std::vector<String> FileNames(StringView) override { return {}; }
+  bool CreateFolder(StringView) override { return false; }
+  std::unique_ptr<platform::TextStream> CreateTextFile(StringView, bool, bool) override {
+    return nullptr;
+  }
+  std::optional<std::int32_t> Attributes(StringView) override { return {}; }
+};
+
 struct Machine {
-  explicit Machine(std::string_view config) { files.AddFile(kPath, config); }
+  explicit Machine(std::string_view config) { files.bytes = config; }
 
   std::int32_t Load(bool answer) {
     platform::memory::Journal journal;
@@ -40,14 +80,14 @@ struct Machine {
   }
 
   std::string Saved() {
-    files.Remove(kPath);
+    files.bytes.reset();
     Require(FileSaveSystem::SaveConfigFile(device, files, code_page) ==
             FileSaveSystem::kConfigSaved);
-    return files.Bytes(kPath).value_or("");
+    return files.bytes.value_or("");
   }
 
   platform::CodePage& code_page = SharedCodePage();
-  platform::memory::FileSystem files{code_page};
+  OneFile files;
   ELM327_Info device{u"C:\\Tolvane"};
 };
 

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 #include <cstddef>
-#include <map>
+#include <string_view>
 #include <utility>
 #include <vector>
 
@@ -10,6 +10,7 @@
 #include "platform/byte_text.h"
 #include "platform/memory/rich_text/rtf_reader.h"
 #include "tests/fuzz/input.h"
+#include "tests/fuzz/taking.h"
 #include "tests/helpers/installed_program.h"
 #include "view/page_rtf.h"
 
@@ -86,10 +87,13 @@ std::optional<std::string> NewFile(const Disk& before, const Disk& now) {
 
 }  // namespace
 
-HostileMachine::HostileMachine(const std::string& config, std::optional<std::int32_t> version)
-    : servers(version), form(Platform(), memory.MainWindow(), kFolder) {
+HostileMachine::HostileMachine(const std::string& config,
+                               const std::optional<std::string>& view_list,
+                               std::optional<std::int32_t> version)
+    : servers(version), form(Platform(), memory.MainWindow(), kFolder), view_list_(view_list) {
   InstallProgram(memory);
   memory.files.AddFile(kFolder + u"\\config.dat", config);
+  if (view_list) memory.files.AddFile(kFolder + u"\\lglist.dat", *view_list);
   memory.message_box.Answer(true);
   memory.canusbdrv.serials = {"TV100001"};
   memory.IFCan.ports = {{.number = 1}};
@@ -103,6 +107,14 @@ HostileMachine::HostileMachine(const std::string& config, std::optional<std::int
     form.Form_QueryUnload(Cancel);
     if (Cancel != 1) form.Form_Unload();
   });
+}
+
+void HostileMachine::Start() {
+  form.Form_Load();
+  if (IsLeft()) return;
+  const auto read = platform::memory::ReadRtf(WideText(view_list_.value_or("")));
+  Require(memory.RTB_MainView.Page().text == (read ? read->text : String()));
+  JudgePage();
 }
 
 platform::Platform HostileMachine::Platform() {
@@ -131,7 +143,11 @@ void HostileMachine::Feed(Library& library, Record (BusFrame::*as)() const) {
   memory.qxt100.Advance(1);
   if (bus.empty()) return;
   library.frames.Play({(bus.front().*as)()});
-  if (const auto taken = Taken(bus.front(), form.device)) taken_.push_back(*taken);
+  if (const auto taken = Taken(bus.front(), form.device)) {
+    taken_.push_back(*taken);
+    stamps_.push_back(bus.front().stamp);
+    newest_[taken->id] = *taken;
+  }
   bus.pop_front();
 }
 
@@ -177,7 +193,11 @@ bool HostileMachine::IsLeft() {
 }
 
 void HostileMachine::Tick() {
-  for (auto* timer : TimersOf(memory)) timer->Tick();
+  for (auto* timer : TimersOf(memory)) {
+    const std::int32_t swaps = memory.RTB_MainView.Swaps();
+    timer->Tick();
+    if (memory.RTB_MainView.Swaps() != swaps) JudgeRows();
+  }
 }
 
 void HostileMachine::EndSession() {
@@ -188,6 +208,8 @@ void HostileMachine::EndSession() {
 
 void HostileMachine::Connect() {
   taken_.clear();
+  stamps_.clear();
+  newest_.clear();
   files.Forget();
   servers.Forget();
   form.Bt_Connect_Click();
@@ -228,6 +250,7 @@ void HostileMachine::JudgeCsv() const {
   const JudgedFiles::Logs& logs = files.Seen();
   if (logs.failures == 0 && !session_ended_) {
     Require(logs.frames == taken_);
+    JudgeTimes();
     return;
   }
   std::vector<LoggedFrame> logged = logs.frames;
@@ -242,6 +265,52 @@ void HostileMachine::JudgeCsv() const {
     Require(std::ranges::includes(logged, taken));
   } else {
     Require(logged == taken);
+  }
+}
+
+/// By the timer of a CANUSB, which counts ms, the time line is what has passed since the first
+/// frame, as long as the timer does not start over. Zeros of a file's identifiers may stand ahead
+/// of a time.
+void HostileMachine::JudgeTimes() const {
+  const ELM327_Info& device = form.device;
+  if (device.t_select_Vender != kVenderCanusb || device.t_Timer_Mode != 0 ||
+      device.t_dividend_ratio != 1.0 || stamps_.empty() || stamps_.front() < 0 ||
+      !std::ranges::is_sorted(stamps_)) {
+    return;
+  }
+  for (std::size_t i = 0; i < stamps_.size(); ++i) {
+    const std::string& time = files.Seen().times.at(i);
+    const std::string passed = std::to_string(std::int64_t{stamps_[i]} - stamps_.front());
+    Require(time.ends_with(passed));
+    const std::size_t ahead = time.size() - passed.size();
+    Require(ahead == 0 || time[ahead - 1] == ' ' || time[ahead - 1] == '0');
+  }
+}
+
+/// Each row of a page with identifiers of 11 bits shows the newest frame of its identifier. With 29
+/// bits a frame whose format its adapter does not name may go into a row of another one.
+void HostileMachine::JudgeRows() const {
+  if (form.device.t_msgID_type == kMsgIdType29Bit) return;
+  const std::string page = NarrowText(memory.RTB_MainView.Page().text);
+  std::string_view rest = page;
+  for (bool is_head = true; !rest.empty(); is_head = false) {
+    const std::size_t end = rest.find("\r\n");
+    Require(end != std::string_view::npos);
+    std::string_view row = rest.substr(0, end);
+    rest.remove_prefix(end + 2);
+    if (is_head) continue;
+    if (!row.ends_with("ms")) return;  // the foot of the page
+    const auto newest = newest_.find(TakeNumber<std::uint32_t>(row, 16));
+    Require(newest != newest_.end());
+    TakeText(row, "  ");
+    const std::int32_t length = newest->second.length;
+    Require(TakeNumber<std::int32_t>(row, 10) == (length & 0xFF));
+    TakeText(row, "  ");
+    if (length < 0 || length > 8) continue;
+    for (std::int32_t byte = 0; byte < length; ++byte) {
+      TakeText(row, " ");
+      Require(TakeByte(row) == newest->second.data[static_cast<std::size_t>(byte)]);
+    }
   }
 }
 

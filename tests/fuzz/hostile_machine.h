@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <deque>
 #include <functional>
+#include <map>
 #include <optional>
 #include <string>
 #include <vector>
@@ -20,10 +21,13 @@ namespace tolvane::fuzz {
 /// clicked, what comes while a handler runs waits at the gate, and nothing is clicked behind a box.
 class HostileMachine {
  public:
-  /// `config` lies on the disk as config.dat; `version` is that of the spreadsheet programs.
-  HostileMachine(const std::string& config, std::optional<std::int32_t> version);
+  /// `config` lies on the disk as config.dat, `view_list`, if any, as lglist.dat; `version` is that
+  /// of the spreadsheet programs.
+  HostileMachine(const std::string& config, const std::optional<std::string>& view_list,
+                 std::optional<std::int32_t> version);
 
-  void Start() { form.Form_Load(); }
+  /// The page of lglist.dat is shown, or none when it cannot be read.
+  void Start();
 
   /// The user's click, which is judged when it is one on Bt_Connect or Bt_SaveFile.
   void Click(void (Form1::*handler)());
@@ -55,11 +59,16 @@ class HostileMachine {
   void JudgeRun() const;
   void JudgeLog() const;
   void JudgeCsv() const;
+  void JudgeTimes() const;
+  void JudgeRows() const;
   /// The next frame goes into the library that is asked for one.
   template <typename Library, typename Record>
   void Feed(Library& library, Record (BusFrame::*as)() const);
 
-  std::vector<LoggedFrame> taken_;  // the frames that this run had to take
+  std::optional<std::string> view_list_;
+  std::vector<LoggedFrame> taken_;               // the frames that this run had to take
+  std::vector<std::int32_t> stamps_;             // of each of them
+  std::map<std::uint32_t, LoggedFrame> newest_;  // of each identifier
   bool in_box_ = false;
   bool in_call_ = false;
   bool session_ended_ = false;

@@ -1,38 +1,23 @@
 #include "tests/fuzz/judged_files.h"
 
 #include <algorithm>
-#include <charconv>
 #include <string_view>
-#include <system_error>
 #include <utility>
 
 #include "tests/fuzz/input.h"
+#include "tests/fuzz/taking.h"
 
 namespace tolvane::fuzz {
 namespace {
 
-/// Takes what a number begins with, and its end must be there.
-template <typename Number>
-Number TakeNumber(std::string_view& text, int base) {
-  Number number{};
-  const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number, base);
-  Require(error == std::errc{});
-  text.remove_prefix(static_cast<std::size_t>(end - text.data()));
-  return number;
-}
-
-void TakeText(std::string_view& text, std::string_view expected) {
-  Require(text.starts_with(expected));
-  text.remove_prefix(expected.size());
-}
-
 /// A line such as "      1200 , 1A0 , 2 ,  00,FF" or, with its format, "      1200 , * , 000001A0 ,
 /// 0". Ahead of the time the first one of a file may have zeros of another file's identifiers.
-LoggedFrame ReadRecord(std::string_view line, bool has_format) {
+LoggedFrame ReadRecord(std::string_view line, bool has_format, std::string& time) {
   constexpr std::string_view kGap = " , ";
-  const std::size_t time = line.find(kGap);
-  Require(time != std::string_view::npos);
-  line.remove_prefix(time + kGap.size());
+  const std::size_t end = line.find(kGap);
+  Require(end != std::string_view::npos);
+  time = line.substr(0, end);
+  line.remove_prefix(end + kGap.size());
   if (has_format) {
     Require(line.starts_with("* , ") || line.starts_with("  , "));
     line.remove_prefix(4);
@@ -42,18 +27,14 @@ LoggedFrame ReadRecord(std::string_view line, bool has_format) {
   frame.length = TakeNumber<std::int32_t>(line, 10);
   for (int byte = 0; byte < std::clamp(frame.length, 0, 8); ++byte) {
     TakeText(line, byte == 0 ? " ,  " : ",");
-    Require(line.size() >= 2);
-    std::string_view digits = line.substr(0, 2);
-    frame.data[static_cast<std::size_t>(byte)] = TakeNumber<std::uint8_t>(digits, 16);
-    Require(digits.empty());
-    line.remove_prefix(2);
+    frame.data[static_cast<std::size_t>(byte)] = TakeByte(line);
   }
   Require(line.empty());
   return frame;
 }
 
 /// The records behind a log's head, which any comment may stand in.
-void ReadRecords(std::string_view log, std::vector<LoggedFrame>& frames) {
+void ReadRecords(std::string_view log, JudgedFiles::Logs& logs) {
   constexpr std::string_view kEndOfHead = ",DLC,  D1,D2,D3,D4,D5,D6,D7,D8\r\n";
   constexpr std::string_view kFormat = ", E ,    ID    ";
   const std::size_t head = log.rfind(kEndOfHead);
@@ -63,7 +44,7 @@ void ReadRecords(std::string_view log, std::vector<LoggedFrame>& frames) {
   while (!log.empty()) {
     const std::size_t end = log.find("\r\n");
     Require(end != std::string_view::npos);
-    frames.push_back(ReadRecord(log.substr(0, end), has_format));
+    logs.frames.push_back(ReadRecord(log.substr(0, end), has_format, logs.times.emplace_back()));
     log.remove_prefix(end + 2);
   }
 }
@@ -106,7 +87,7 @@ void JudgedFiles::Note(bool is_whole, StringView path) {
     logs_.whole_since = 0;
     return;
   }
-  ReadRecords(files_.Bytes(path).value_or(""), logs_.frames);
+  ReadRecords(files_.Bytes(path).value_or(""), logs_);
   ++logs_.whole_since;
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <string>
 #include <vector>
 
 #include "platform/memory/system/file_system.h"
@@ -16,6 +17,7 @@ class JudgedFiles final : public platform::FileServices {
   /// What the logs came to since the last Forget.
   struct Logs {
     std::vector<LoggedFrame> frames{};  // in files that were written whole
+    std::vector<std::string> times{};   // of each of them, as it stands in its record
     std::size_t failures = 0;           // files that were not
     std::size_t whole_since = 0;        // files written whole behind the last failure
   };

@@ -1,6 +1,7 @@
-// The whole program on a machine in memory: any settings file, then frames, clicks, ticks, settings
-// and faults in any order, also in the yields of runs, of ticks and of flushes. Judged are the end
-// of each run, its logs against its frames, and the page with its rich text; see HostileMachine.
+// The whole program on a machine in memory: any settings file and any page of an earlier session,
+// then frames, clicks, ticks, settings and faults in any order, also in the yields of runs, of
+// ticks and of flushes. Judged are the end of each run, its logs and the page against its frames,
+// and the page with its rich text; see HostileMachine.
 #include <cstddef>
 #include <cstdint>
 #include <optional>
@@ -55,7 +56,12 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   Input input(data, size);
   const std::uint8_t version = input.Byte();
   const std::string settings = Settings(input);
-  HostileMachine machine(settings,
+  // A page of an earlier session; of no version are all from 20 on.
+  std::optional<std::string> view_list;
+  if (version >= 200 && version < 255) {
+    view_list = input.Bytes(static_cast<std::size_t>(input.Short()));
+  }
+  HostileMachine machine(settings, view_list,
                          version < 20 ? std::optional<std::int32_t>(version) : std::nullopt);
   machine.Start();
   HostileUser(machine, input).Play();

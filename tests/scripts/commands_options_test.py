@@ -13,8 +13,8 @@ MOST_WHOLE = 999_999_999
 LIVE_USE = re.escape("--log - takes lines from a pipe, as in: candump -L can0 | scripts/demo --log -")
 # What the measuring programs of bench/compare tell.
 FIGURES = ("rows", "regions", "live_tick", "baseline_tick", "first_tick_empty", "first_tick_full", "longest_rows",
-           "longest_tick", "tolvane_start", "empty_start", "tolvane_resident", "empty_resident", "flush", "flush_longest",
-           "search", "search_longest")
+           "longest_tick", "longest_compose", "fitting_rows", "fitting_tick", "fitting_compose", "tolvane_start",
+           "empty_start", "tolvane_resident", "empty_resident", "flush", "flush_longest", "search", "search_longest")
 
 
 class Options(Place):
@@ -222,8 +222,8 @@ class Options(Place):
             (self.project / "build" / name).parent.mkdir(parents=True, exist_ok=True)
             (self.project / "build" / name).touch()
 
-    def play_measurements(self, *left_out: str) -> None:
-        told = "".join(rf"{name}\t10\n" for name in FIGURES if name not in left_out)
+    def play_measurements(self, *left_out: str, **others: int) -> None:
+        told = "".join(rf"{name}\t{others.get(name, 10)}\n" for name in FIGURES if name not in left_out)
         self.play_wine(f"printf '{told}'")
 
     def test_the_parts_of_the_window_share_a_session(self):
@@ -233,6 +233,34 @@ class Options(Place):
         self.assertRegex(ended.said, r"\n\| x64 \| whole tick, .*\n\| x64 \| start to window, ")
         self.assertIn("\n| x64 | a flush of 20001 records with eight bytes | 0.01 ms, longest 0.01 ms | at most 3 ms |\n",
                       ended.said)
+
+    def test_what_is_wanted_stands_beside_each_figure_and_what_is_missed_is_marked(self):
+        tick = "whole tick, 10 rows, 10 coloured regions | {} | rich-edit baseline (ours) | {} times as fast | " \
+               "at least 700 times as fast, at most 1.5 ms"
+        start = "start to window, one adapter | {} | an empty window program (ours) | 0.01 ms | {} times as long | " \
+                "at most 1.5 times as long"
+        flush = "a flush of 20001 records with eight bytes | {}, longest 0.01 ms | at most 3 ms"
+        search = "the search for a name behind 900 taken ones | {}, longest 0.01 ms | at most 3 ms"
+        for part, figures, held, missed in (
+                ("ticks", {"live_tick": 1500, "baseline_tick": 1_050_000}, [tick.format("1.50 ms", "1050.00 ms | 700")], []),
+                ("ticks", {"live_tick": 1501, "baseline_tick": 3_002_000}, [], [tick.format("1.50 ms", "3002.00 ms | 2000")]),
+                ("ticks", {"live_tick": 10, "baseline_tick": 6990}, [], [tick.format("0.01 ms", "6.99 ms | 699")]),
+                ("start", {"tolvane_start": 15}, [start.format("0.01 ms", "1.50")], []),
+                ("start", {"tolvane_start": 16}, [], [start.format("0.02 ms", "1.60")]),
+                ("flush", {"flush": 3000, "search": 3001}, [flush.format("3.00 ms")], [search.format("3.00 ms")]),
+                ("flush", {"flush": 3001}, [search.format("0.01 ms")], [flush.format("3.00 ms")])):
+            self.play_measurements(**figures)
+            ended = self.run_script("bench/compare", "--only", part)
+            self.assertEqual((0, ""), (ended.status, ended.errors))
+            for rows, mark in ((held, ""), (missed, ": **missed**")):
+                for row in rows:
+                    self.assertIn(f"\n| x64 | {row}{mark} |\n", ended.said)
+
+    def test_ticks_are_told_in_what_goes_with_the_rows_and_what_with_those_that_are_seen(self):
+        self.play_measurements(longest_rows=4001, longest_tick=2010, longest_compose=1500, fitting_rows=20)
+        self.assertIn("Tick of 4001 rows: 2.01 ms, 1.50 ms to compose them and 0.51 ms to show them; Tick of 20 rows: "
+                      "0.01 ms, 0.01 ms to compose them and 0.00 ms to show them, which the window shows all at once.",
+                      self.run_script("bench/compare", "--only", "ticks").said)
 
     def test_a_figure_that_is_missing_is_a_failure(self):
         for part, name in (("ticks", "regions"), ("ticks", "baseline_tick"), ("ticks", "longest_rows"),
@@ -255,6 +283,9 @@ class Options(Place):
             bench.chmod(0o755)
             ended = self.run_script("bench/compare", "--only", "receive")
             self.assertEqual(status, ended.status, ended.errors)
+            if status == 0:
+                self.assertIn("| 50.0 million a second of processor time | at least 40 million a second of processor time |\n",
+                              ended.said)
         self.assertEqual("error: the figure ReceiveAndLog/canusb_11bit/2047_median is missing in "
                          f"{self.project}/build/compare/receive.csv\n", ended.errors)
 
