@@ -1,5 +1,6 @@
 """The jump of a log's times where the clock of its adapter first starts over, as tools/log/runs/clock_jump.h finds it.
-The table tests/tools/log/log_jumps.inc holds the two together."""
+The table tests/tools/log/log_jumps.inc holds the two together, and adapter_tables_test.py the wraps with
+src/run/adapter_kind.h."""
 
 import math
 from typing import NamedTuple

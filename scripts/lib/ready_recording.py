@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""Makes any recording ready for the bench, which plays the candump log form: what has another form is written anew.
+"""Makes any recording ready for the bench: converts it to the candump log form, unless it has that.
 Prints what the recording contains and what it asks of the run, a word and its value to a line:
 
   say      what it contains
@@ -26,7 +26,6 @@ from counted import counted
 
 HEAD_BYTES = 4096
 WORKBOOKS = (".xls", ".xlsx")
-GZIP = b"\x1f\x8b"  # the first bytes of what is compressed
 NEEDS_PYTHON_CAN = 3
 PROGRESS_FRAMES, PROGRESS_SECONDS = 10_000, 5
 
@@ -83,7 +82,7 @@ def head_of(path: str) -> tuple[bytes, bool]:
     """What it begins with, and whether it is compressed."""
     with rec.opened(path) as file:
         head = file.read(HEAD_BYTES)
-        if not head.startswith(GZIP):
+        if not head.startswith(rec.GZIP):
             return head, False
         file.seek(0)
         try:
@@ -155,7 +154,7 @@ def facts(source, contents: Contents, path: str, converted: str) -> Iterator[tup
 def main() -> int:
     options = argparse.ArgumentParser(description=__doc__, formatter_class=argparse.RawDescriptionHelpFormatter)
     options.add_argument("recording")
-    options.add_argument("converted", help="where it is written anew, if it has another form")
+    options.add_argument("converted", help="the file that it is converted to, if it has another form")
     options.add_argument("--ids", choices=("11", "29", "both"), default="both",
                          help="bits of the run's identifiers, when they are not left to the recording")
     given = options.parse_args()
@@ -174,7 +173,7 @@ def main() -> int:
         print(f"error: {refused}", file=sys.stderr)
         return 1
     except OSError as error:  # what reads has sentences of its own
-        print(f"error: {given.recording} cannot be written anew to {given.converted}: {error.strerror}", file=sys.stderr)
+        print(f"error: {given.recording} cannot be converted to {given.converted}: {error.strerror}", file=sys.stderr)
         return 1
     except foreign_recordings.Missing:
         return NEEDS_PYTHON_CAN

@@ -12,6 +12,9 @@ GOOD_LINE = "a line looks like \"(1502984866.421964) can0 123#0102\", as candump
 ERROR_FRAME = 0x2000_0000
 MAX_STANDARD, MAX_EXTENDED = 0x7FF, 0x1FFF_FFFF
 
+LOG_WORDS = b"Tolvane Ver"  # begin a log of the program
+GZIP = b"\x1f\x8b"  # begins what is compressed
+
 BLANKS = rb"[ \t][ \t\r]*"
 LINE = re.compile(
     rb"\((?P<seconds>\d{1,12})(?:\.(?P<fraction>\d*))?\)" + BLANKS
@@ -25,8 +28,8 @@ FOREIGN_LINES = (
     (re.compile(rb"(?:\([^)]*\)\s+)?[^\s#]+\s+[0-9A-Fa-f]{3,8}\s+\[\d+\]"),
      "is candump's output for the screen"),
     (re.compile(rb"\(\S+\)\s+\S+\s+[0-9A-Fa-f]+##"), "is a frame of the flexible data rate"),
-    (re.compile(rb"\x1f\x8b"), "is the beginning of a compressed file"),
-    (re.compile(rb"Tolvane Ver"), "is the head of a log of the program"),
+    (re.compile(re.escape(GZIP)), "is the beginning of a compressed file"),
+    (re.compile(re.escape(LOG_WORDS)), "is the head of a log of the program"),
 )
 # What a frame that cannot be compared is called.
 NAMES = {"data": "a frame with a length code above 8", "remote": "a remote frame", "error": "an error frame",

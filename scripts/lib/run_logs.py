@@ -10,7 +10,6 @@ import recording as rec
 from clock_jump import ClockJump, wrap_of
 
 RECORDS_PER_FILE = 20_001
-FIRST_WORDS = b"Tolvane Ver"
 NAME = re.compile(r"KL(?P<hour>\d{8})-(?P<number>\d{3,9})\.csv", re.IGNORECASE | re.ASCII)
 # The head is in a code page of Japan, and what is looked for in it is not. Only a settings file brings line ends into
 # a comment, which has fifty characters.
@@ -107,16 +106,8 @@ class Log:
         self.adapter = adapter.decode() if adapter in (b"canusb", b"interface") else "kvaser"
 
     def full(self) -> bool:
-        """The program has then begun another file; the last line ends like all others."""
-        return len(self.lines) - 1 >= RECORDS_PER_FILE
-
-    def frame(self, line: bytes, number: int) -> rec.Frame | None:
-        """None when the line is no record, or one with a length that no recording has."""
-        record = read_record(line, self.marked)
-        if record is None or not 0 <= record.length <= 15:
-            return None
-        return rec.Frame(round(record.milliseconds * 1000), record.identifier, record.extended, record.data, "data",
-                         record.length, number)
+        """The program has then begun another file. A bad line was a record too."""
+        return sum(not is_block(line, self.marked) for line in self.lines) >= RECORDS_PER_FILE
 
     def times(self) -> Iterator[float]:
         return (record.milliseconds for line in self.lines if (record := read_record(line, self.marked)))
@@ -125,15 +116,23 @@ class Log:
         return next(self.times(), None)
 
 
+def frame_of(record: Record, line: int) -> rec.Frame | None:
+    """None of a length that no recording has."""
+    if not 0 <= record.length <= 15:
+        return None
+    return rec.Frame(round(record.milliseconds * 1000), record.identifier, record.extended, record.data, "data",
+                     record.length, line)
+
+
 def is_log(first_bytes: bytes) -> bool:
     """Whether a file begins like a log, by its title or its columns."""
-    return first_bytes.startswith(FIRST_WORDS) or COLUMNS_11 in first_bytes or COLUMNS_29 in first_bytes
+    return first_bytes.startswith(rec.LOG_WORDS) or COLUMNS_11 in first_bytes or COLUMNS_29 in first_bytes
 
 
 def goes_on(log: Log, last: Log, last_time: float | None) -> bool:
-    """Whether a file is of the run whose last file with a record this is, which ends at this time; the first file and None
-    when nothing of the run has a record. A run begins with another head, where the time goes back, and at 0 unless all
-    its times are."""
+    """Whether a file goes on a run. `last` is that run's last file with a record, and `last_time` the time of that record
+    in ms; while no file of the run has a record, its first file and None. It does not go on with another head, with a
+    time before the last one, and with the time 0, unless the last one is 0 too and that file full."""
     if log.head != last.head:
         return False
     first = log.first_time()
@@ -190,11 +189,13 @@ class Run:
 
     def frames_of(self, log: Log) -> Iterator[rec.Frame | rec.BadLine]:
         for number, line in enumerate(log.lines, log.head_lines + 1):
-            frame = log.frame(line, number)
-            if frame is not None:
-                self.last, self.last_time = log, frame.microseconds / 1000
-                if self.clock.follow(self.last_time):
+            record = read_record(line, log.marked)
+            if record is not None:
+                self.last, self.last_time = log, record.milliseconds
+                if self.clock.follow(record.milliseconds):
                     self.clock_place = f"line {number} of {log.path.name}"
+            frame = frame_of(record, number) if record is not None else None
+            if frame is not None:
                 yield frame
             elif not is_block(line, log.marked):
                 yield rec.BadLine(number, line, log.path.name)

@@ -1,6 +1,6 @@
 // Logs of any bytes: tolvane-log comes to an end with a status, what it reads are frames that a bus
 // has, whatever the pieces are in which the bytes come, and such a frame is read again from the
-// line that the writer writes of it.
+// line that the writer writes of it. The gaps that are told of any frames are those that are there.
 #include <array>
 #include <cstddef>
 #include <cstdint>
@@ -12,6 +12,7 @@
 #include "platform/memory/system/code_page_932.h"
 #include "tests/fuzz/fuzz_entry.h"
 #include "tests/fuzz/input.h"
+#include "tests/fuzz/judged_gaps.h"
 #include "tests/tools/log/memory_files.h"
 #include "tools/log/command/command.h"
 #include "tools/log/reading/csv_log.h"
@@ -82,6 +83,20 @@ void JudgeCommand(const MemoryFiles& given, const std::vector<std::string>& opti
   Require(files.texts == given.texts);
 }
 
+/// A frame of each byte: of four identifiers, none or up to 63 ms behind the one ahead. Seen so,
+/// few bytes are messages that come at their times, and stop.
+std::vector<LogFrame> FramesOf(const std::string& bytes) {
+  std::vector<LogFrame> frames;
+  double time = 0.0;
+  for (const char byte : bytes) {
+    const auto number = static_cast<std::uint8_t>(byte);
+    time += number >> 2;
+    frames.push_back(
+        {.time = time, .id = number & 3U, .extended = false, .bytes = 0, .length = 0, .data = {}});
+  }
+  return frames;
+}
+
 }  // namespace
 
 int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
@@ -102,7 +117,9 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     Require(Trace(text, text.size() + 1, whole) == Trace(text, piece, pieces));
     Require(whole.size() == pieces.size());
     for (const LogFrame& frame : whole) JudgeFrame(frame);
+    JudgeGaps(whole, 1.0);
   }
+  JudgeGaps(FramesOf(rest), 1.0 + choice % 8);
   for (const char* const format : {"candump", "asc", "csv"}) {
     JudgeCommand(files, {"convert", "--keep", "--mend-clock", "--to", format});
   }

@@ -1,15 +1,15 @@
 #!/usr/bin/env python3
 """How long lines took to the page: compares when the counted frames were printed (paced.py --sent) with when the page
-first showed them (tolvane_drive follow). Fails when too little was seen, or with a median that no load of the machine
-explains."""
+first showed them (tolvane_drive follow). Fails when too little was seen, or with a median above the limit.
+Single frames may be later: they wait for as long as other work has the processor. A machine that is always busy fails
+with its median; nothing is measured again for it."""
 
 import argparse
 import statistics
 import sys
 
 FEWEST = 100
-LIMIT = 50  # ms, which hold on a calm machine
-MOST = 250
+LIMIT = 50  # ms
 
 
 def sent_times(text: str) -> dict[int, int]:
@@ -45,7 +45,7 @@ def main() -> int:
     late = sum(delay > LIMIT for delay in found)
     print(f"from the line to the page: median {median:.1f} ms, longest {max(found):.1f} ms, "
           f"{late} of {len(found)} above {LIMIT} ms")
-    return 0 if median <= MOST else 1
+    return 0 if median <= LIMIT else 1
 
 
 if __name__ == "__main__":

@@ -24,6 +24,7 @@ drive_leave() {
   printf '%s %s\n' "$2" $(($(microseconds) - began))
 }
 mkdir "$folder/out"
+touch "$folder/out"/page-{00005-before,000123-after,00007.note,0000x}.{png,txt} "$folder/out"/page-{0001,99999,100000}.{png,txt}
 until [ $(($(microseconds) % 1000000 / 100000)) -eq 8 ]; do sleep 0.02; done
 began=$(microseconds)
 stay_with_pictures "$folder/out"
@@ -37,6 +38,10 @@ class Every(unittest.TestCase):
                                   timeout=60, check=True)
             left = sorted(path.name for path in pathlib.Path(folder, "out").iterdir())
         self.assertEqual("", done.stderr)
+        users = {f"page-{name}{end}" for name in ("00005-before", "000123-after", "00007.note", "0000x", "0001")
+                 for end in (".png", ".txt")}
+        self.assertEqual(users, users & set(left), "a user's own file was removed")
+        left = sorted(set(left) - users)
         taken = {name: int(time) for name, time in map(str.split, done.stdout.splitlines())}
         self.assertIn("page-00001", taken)
         self.assertEqual(sorted(name + end for name in taken for end in (".png", ".txt")), left)

@@ -170,9 +170,9 @@ class Logs(Readied):
         for name in ("KL26010509-001.xls", "KL26010509-001.XLSX"):
             self.refuses("is a workbook, and only csv logs are played", self.file(name, b"PK\x03\x04"))
 
-    def test_that_cannot_be_written_anew_are_refused(self):
+    def test_that_cannot_be_converted_are_refused(self):
         self.converted.symlink_to("/dev/full")
-        self.refuses("a.csv cannot be written anew to .*converted: No space left on device",
+        self.refuses("a.csv cannot be converted to .*converted: No space left on device",
                      self.file("a.csv", log("         0 , 123 , 0")))
 
     def test_any_bytes_behind_a_head_are_survived(self):

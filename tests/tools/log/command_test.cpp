@@ -74,7 +74,6 @@ TEST_F(LogCommand, WordsThatAreNotUnderstoodAreToldAndStatusTwo) {
       {{"convert", "--to=asc", "--out=", "a.csv"}, "--out needs the name of a file"},
       {{"info", ""}, "an empty word names no file"},
       {{"convert", "--to", "asc", "a.csv", "--", ""}, "an empty word names no file"},
-      {{"info", "a.csv", "b.csv", "a.csv"}, "this file is named twice: a.csv"},
   };
   for (const auto& [words, refusal] : rows) {
     EXPECT_EQ(Run(words), 2);
@@ -143,6 +142,14 @@ TEST_F(LogCommand, WhereFilesAreMissingIsTold) {
       << messages;
 }
 
+TEST_F(LogCommand, ARunWithoutItsBeginIsToldByConvertToo) {
+  WriteRun();
+  EXPECT_EQ(Run({"convert", "--to", "candump", Path("002"), Path("003")}), 0);
+  EXPECT_EQ(messages, "tolvane-log: 2 frames of 2 files, from " + Path("002") + " to " +
+                          Path("003") +
+                          "\ntolvane-log: they begin at 2.5 ms: those ahead of them are missing\n");
+}
+
 TEST_F(LogCommand, ManyPlacesWhereSomethingIsMissingAreCounted) {
   for (int i = 0; i < 30; ++i) {
     db.csv_DataInput(i, 0x100, 1, kBytes);
@@ -192,7 +199,7 @@ TEST_F(LogCommand, AFileThatBeginsBeforeTheEndOfTheOneAheadIsOfAnotherRun) {
 }
 
 TEST_F(LogCommand, AWorkbookIsToldToBeOne) {
-  for (const char* const path : {"KL26112009-001.xls", "KL26112009-001.xlsx"}) {
+  for (const char* const path : {"KL26112009-001.xls", "KL26112009-001.xlsx", "W.XLSX", "W.Xls"}) {
     log_files.texts[path] = "PK\x03\x04";
     EXPECT_EQ(Run({"info", path}), 1);
     EXPECT_EQ(messages, "tolvane-log: " + std::string(path) +
@@ -218,9 +225,21 @@ TEST_F(LogCommand, AHeadWithAnotherDateGivesNoAbsoluteTime) {
   text.replace(text.find("2026/11/20"), 10, "11/20/2026");
   EXPECT_EQ(Run({"convert", "--to", "candump", Path("001")}), 0);
   EXPECT_EQ(output, "(0.000000) can0 100#00\n(0.001500) can0 200#\n");
-  EXPECT_NE(messages.find("no absolute time, as the head's date is none with the year in front: "
-                          "11/20/2026 9:05:07\n"),
+  EXPECT_NE(messages.find("no absolute time, as the head's date is no day of a calendar with the "
+                          "year in front: 11/20/2026 9:05:07\n"),
             std::string::npos);
+}
+
+TEST_F(LogCommand, ADayThatNoMonthHasIsNoDate) {
+  WriteRun();
+  std::string& text = log_files.texts[Path("001")];
+  text.replace(text.find("2026/11/20"), 10, "2026/02/31");
+  EXPECT_EQ(Run({"convert", "--to", "candump", Path("001")}), 0);
+  EXPECT_EQ(output, "(0.000000) can0 100#00\n(0.001500) can0 200#\n");
+  EXPECT_NE(messages.find("no absolute time, as the head's date is no day of a calendar with the "
+                          "year in front: 2026/02/31 9:05:07\n"),
+            std::string::npos)
+      << messages;
 }
 
 TEST_F(LogCommand, ConvertWritesAFileButNeverOverAnother) {
@@ -254,8 +273,10 @@ TEST_F(LogCommand, ABadLineEndsItWithItsPlaceAndNothingIsLeft) {
   EXPECT_EQ(messages,
             "tolvane-log: " + Path("001") + ":11: this is no record: it begins with no time\n");
   EXPECT_FALSE(log_files.texts.contains("run.log"));
+  log_files.opened = 0;
   EXPECT_EQ(Run({"info", Path("001"), Path("002")}), 1);
   EXPECT_EQ(output, "");
+  EXPECT_EQ(log_files.opened, 3U) << "both to find the run, and the one that the reading ends in";
 }
 
 TEST_F(LogCommand, WhatCouldBeReadIsKeptIfAskedAndTheStatusIsStillOne) {

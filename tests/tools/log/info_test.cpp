@@ -159,6 +159,138 @@ TEST_F(Gaps, AreToldAtTheEdgesOfTheLogToo) {
   EXPECT_EQ(judged.gaps[1].silence.begin, 58'000.0);
 }
 
+/// Gaps of one identifier, those of all left out.
+std::vector<Gap> Own(const JudgedRun& judged, std::uint32_t id) {
+  std::vector<Gap> own;
+  std::ranges::copy_if(judged.gaps, std::back_inserter(own), [&](const Gap& gap) {
+    return gap.identifier != nullptr && gap.identifier->id == id;
+  });
+  return own;
+}
+
+TEST_F(Gaps, OfAFastIdentifierThatStopsForGoodAreItsOwn) {
+  const JudgedRun judged =
+      Judged({{0x100, 10.0}, {0x200, 500.0}}, 20'000.0,
+             [](auto id, double time) { return id == 0x100 && time > 10'000.0; });
+  ASSERT_EQ(judged.gaps.size(), 1U);
+  ASSERT_EQ(Own(judged, 0x100).size(), 1U);
+  EXPECT_EQ(judged.gaps[0].silence.length, 10'000.0);
+  EXPECT_EQ(judged.gaps[0].edge, Gap::Edge::kEnd);
+}
+
+TEST_F(Gaps, OfAFastIdentifierThatStopsForAWhileAreItsOwn) {
+  const JudgedRun judged = Judged(
+      {{0x100, 10.0}, {0x200, 100.0}}, 20'000.0,
+      [](auto id, double time) { return id == 0x100 && time > 10'000.0 && time < 11'000.0; });
+  ASSERT_EQ(judged.gaps.size(), 1U);
+  ASSERT_EQ(Own(judged, 0x100).size(), 1U);
+  EXPECT_EQ(judged.gaps[0].silence.length, 1'000.0);
+  EXPECT_EQ(judged.gaps[0].lost, 99.0);
+}
+
+TEST_F(Gaps, OfIdentifiersThatBeginLaterAreTheirOwn) {
+  const JudgedRun judged =
+      Judged({{0x100, 10.0}, {0x101, 10.0}, {0x700, 200.0}}, 120'000.0,
+             [](auto id, double time) { return id != 0x700 && time < 60'000.0; });
+  ASSERT_EQ(judged.gaps.size(), 2U);
+  for (const std::uint32_t id : {0x100U, 0x101U}) {
+    ASSERT_EQ(Own(judged, id).size(), 1U);
+    EXPECT_EQ(Own(judged, id)[0].edge, Gap::Edge::kBegin);
+    EXPECT_EQ(Own(judged, id)[0].silence.length, 60'000.0);
+  }
+}
+
+// The two that go on are a pause of the bus for each other, and frames at odd times end it early.
+TEST_F(Gaps, AFastIdentifierThatIsMissingMakesNoneOfAllWhoeverEndsThePauses) {
+  const JudgedRun judged = Judged({{0x100, 10.0}, {0x200, 500.0}, {0x201, 700.0}, {0x300, 1.0}},
+                                  60'000.0, [](auto id, double time) {
+                                    const double in_second = std::fmod(time, 1000.0);
+                                    return (id == 0x100 && time > 10'000.0 && time < 50'000.0) ||
+                                           (id == 0x300 && (in_second < 80.0 || in_second > 82.0));
+                                  });
+  ASSERT_FALSE(judged.identifiers[3].regular);
+  ASSERT_EQ(judged.gaps.size(), 1U);
+  EXPECT_EQ(Own(judged, 0x100).size(), 1U);
+}
+
+// Too short for the slow ones to be late by the multiple, and they are missing all the same.
+TEST_F(Gaps, OfAllNeedNotBeLongForTheSlowOnes) {
+  const JudgedRun judged =
+      Judged({{0x100, 10.0}, {0x200, 100.0}, {0x300, 1000.0}, {0x400, 5000.0}}, 60'000.0,
+             [](auto, double time) { return time > 20'300.0 && time < 20'900.0; });
+  ASSERT_EQ(judged.gaps.size(), 1U);
+  EXPECT_EQ(judged.gaps[0].identifier, nullptr);
+  EXPECT_EQ(judged.gaps[0].silence.begin, 20'300.0);
+  EXPECT_EQ(judged.gaps[0].silence.length, 600.0);
+}
+
+// The first that is heard again is one that comes at odd times.
+TEST_F(Gaps, OfAllAreFoundWhoeverIsTheFirstBehindThem) {
+  const JudgedRun judged =
+      Judged({{0x100, 10.0}, {0x200, 1000.0}, {0x300, 1.0}}, 60'000.0, [](auto id, double time) {
+        const double in_second = std::fmod(time, 1000.0);
+        return (time > 20'003.0 && time < 23'995.0) ||
+               (id == 0x300 && in_second > 3.0 && time != 23'995.0);
+      });
+  ASSERT_FALSE(judged.identifiers[2].regular);
+  ASSERT_EQ(judged.gaps.size(), 1U);
+  EXPECT_EQ(judged.gaps[0].identifier, nullptr);
+  EXPECT_EQ(judged.gaps[0].silence.end, 23'995.0);
+  EXPECT_EQ(judged.gaps[0].lost, 403.0);
+}
+
+// The third identifier begins right behind the silence, and later stops for less than that.
+TEST_F(Gaps, OfAllAreNoneOfAnIdentifierThatBeginsBehindThem) {
+  const JudgedRun judged =
+      Judged({{0x300, 100.0}, {0x100, 10.0}, {0x200, 10.0}}, 60'000.0, [](auto id, double time) {
+        return (time > 20'000.0 && time < 24'000.0) ||
+               (id == 0x300 && (time < 24'000.0 || (time > 24'000.0 && time < 26'000.0)));
+      });
+  ASSERT_EQ(Own(judged, 0x300).size(), 2U);
+  EXPECT_EQ(Own(judged, 0x300)[1].silence.begin, 24'000.0);
+  EXPECT_EQ(judged.gaps.size(), 3U);
+}
+
+// 600 ms of the second identifier, of which 401 ms are of all.
+TEST_F(Gaps, OfAllThatAnIdentifierIsMissingInForItsOwnCyclesTooAreToldOnce) {
+  for (double time = 0.0; time <= 60'000.0; time += 1.0) {
+    const bool is_cut = time > 20'000.0 && time < 20'401.0;
+    const bool is_fast = std::fmod(time, 10.0) == 0.0 || time == 20'401.0;
+    const bool is_slow = std::fmod(time, 100.0) == 99.0 && time != 20'499.0;
+    for (const auto& [id, comes] : {std::pair(0x100U, is_fast), std::pair(0x200U, is_slow)}) {
+      if (comes && !is_cut)
+        Add({.time = time, .id = id, .extended = false, .bytes = 0, .length = 0, .data = {}}, 0.0);
+    }
+  }
+  const JudgedRun judged = Judged();
+  ASSERT_EQ(judged.gaps.size(), 1U);
+  EXPECT_EQ(judged.gaps[0].identifier, nullptr);
+  EXPECT_EQ(judged.identifiers[1].lost.gaps, 1U);
+}
+
+// Three in four cycles of the first identifier are its own, and the fourth is a silence of all.
+TEST_F(Gaps, OfAllThatAreNoneForASlowIdentifierHideNoneOfIts) {
+  const JudgedRun judged =
+      Judged({{0x100, 10.0}, {0x200, 500.0}}, 60'000.0, [](auto id, double time) {
+        return id == 0x100 ? std::fmod(time, 130.0) > 30.0 : time > 20'000.0 && time < 24'000.0;
+      });
+  ASSERT_TRUE(judged.identifiers[0].regular);
+  ASSERT_EQ(Own(judged, 0x200).size(), 1U);
+  EXPECT_EQ(Own(judged, 0x200)[0].silence.length, 4'000.0);
+  EXPECT_EQ(judged.identifiers[1].lost.gaps, 1U);
+}
+
+TEST_F(Gaps, OfAllHaveLostNoneOfAnIdentifierThatHadStopped) {
+  const JudgedRun judged =
+      Judged({{0x100, 10.0}, {0x200, 10.0}, {0x300, 10.0}}, 60'000.0, [](auto id, double time) {
+        return (id == 0x200 && time > 10'000.0) || (id == 0x300 && time < 50'000.0) ||
+               (time > 20'000.0 && time < 21'000.0);
+      });
+  ASSERT_EQ(judged.gaps.size(), 3U);
+  EXPECT_EQ(judged.gaps[2].identifier, nullptr);
+  EXPECT_EQ(judged.gaps[2].lost, 100.0);
+}
+
 TEST_F(Gaps, OwnOnesBesideACommonOneAreTold) {
   const JudgedRun judged =
       Judged({{0x100, 10.0}, {0x200, 100.0}}, 60'000.0, [](auto id, double time) {
@@ -264,7 +396,7 @@ TEST_F(Gaps, TwoOfAllTogetherAreNoneOfAnIdentifier) {
 TEST_F(Gaps, AreNotJudgedWhereNoIdentifierIsRegular) {
   const JudgedRun judged = Judged({{0x200, 1.0}}, 60'000.0,
                                   [](auto, double time) { return std::fmod(time, 1000.0) >= 3.0; });
-  EXPECT_FALSE(judged.IsJudged());
+  EXPECT_FALSE(judged.is_judged);
   EXPECT_TRUE(judged.gaps.empty());
 }
 
@@ -471,7 +603,7 @@ TEST_F(Info, ShowsTheLongestOfManyGaps) {
   Flush(1);
   const std::string text = Of({});
   EXPECT_NE(text.find("silent longer than 5 cycles: 100\n"), std::string::npos);
-  EXPECT_TRUE(text.ends_with("  and 50 shorter ones\n")) << text;
+  EXPECT_TRUE(text.ends_with("  and 50 more, none of them longer\n")) << text;
   EXPECT_EQ(text.find(" 1489 "), std::string::npos);
   EXPECT_NE(text.find(" 1509 "), std::string::npos);
 }

@@ -86,6 +86,30 @@ TEST_F(LogRuns, AnEndIsFoundBehindALongBlockOfZeros) {
   EXPECT_EQ(runs.at(0).files[0].ends, 70.0);
 }
 
+// The zeros of most of a channel, ahead of the only record.
+TEST_F(LogRuns, AnEndIsFoundInALongLineThatIsAlone) {
+  Begin29BitRun();
+  RollOverNow();
+  TakeFiles();
+  std::string& text = log_files.texts[Path("001")];
+  for (const std::size_t zeros : {100'000U, 900'000U}) {
+    const std::string before = text;
+    text += std::string(zeros, '0') + "        70 , * , 00000001 , 0\r\n";
+    const auto runs = Runs({Path("001")});
+    EXPECT_EQ(runs.at(0).files[0].begins, 70.0);
+    EXPECT_EQ(runs.at(0).files[0].ends, 70.0) << zeros;
+    text = before;
+  }
+}
+
+TEST_F(LogRuns, AFileThatIsNamedTwiceIsToldAndTakenOnce) {
+  WriteFile({0, 1});
+  TakeFiles();
+  EXPECT_EQ(Runs({Path("001"), Path("001")}, true).size(), 1U);
+  EXPECT_EQ(said, "tolvane-log: " + Path("001") + ": this file is named twice\n");
+  EXPECT_EQ(faults, 1U);
+}
+
 TEST_F(LogRuns, BeginWhereTheHeadSaysSomethingElse) {
   WriteFile({1, 2});
   db.str_bitrate = u"250k bps";

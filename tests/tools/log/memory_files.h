@@ -54,18 +54,20 @@ class TextSink final : public ByteSink {
 class MemoryFiles final : public LogFiles {
  public:
   Opened<ByteSource> Open(const std::string& path) override {
+    ++opened;
     const auto found = texts.find(path);
-    if (found == texts.end()) return {nullptr, "this file cannot be opened: it is not there", {}};
-    return {std::make_unique<TextSource>(found->second, 1'000'000, path == unreadable), {}, {}};
+    if (found == texts.end()) return {nullptr, "this file cannot be opened: it is not there"};
+    return {std::make_unique<TextSource>(found->second, 1'000'000, path == unreadable)};
   }
   Opened<ByteSink> Create(const std::string& path) override {
     const auto [place, is_new] = texts.try_emplace(path);
-    if (!is_new) return {nullptr, kIsThere, {}};
-    return {std::make_unique<TextSink>(place->second), {}, {}};
+    if (!is_new) return {nullptr, kIsThere};
+    return {std::make_unique<TextSink>(place->second)};
   }
   void Remove(const std::string& path) override { texts.erase(path); }
 
   std::map<std::string, std::string> texts;
+  std::size_t opened = 0;  // how often one was
   std::string unreadable;  // the path of the one that fails behind its text
 };
 

@@ -1,7 +1,6 @@
 // The tables that hold tolvane-log and the scripts' reader of logs together.
 #include <gtest/gtest.h>
 
-#include <cstdlib>
 #include <iomanip>
 #include <sstream>
 
@@ -83,17 +82,18 @@ constexpr RunsRow kRuns[] = {
 #include "tests/tools/log/log_runs.inc"
 };
 
-std::vector<long> Times(const std::string& times) {
-  std::vector<long> found;
+/// Each as it is written.
+std::vector<std::string> Times(const std::string& times) {
+  std::vector<std::string> found;
   std::istringstream parts(times);
   for (std::string part; std::getline(parts, part, ',');) {
-    char* behind = nullptr;
-    const long first = std::strtol(part.c_str(), &behind, 10);
-    const std::string rest = behind;
-    const long last = rest.starts_with("..") ? std::stol(rest.substr(2)) : first;
-    const long count = rest.starts_with("*") ? std::stol(rest.substr(1)) : last - first + 1;
-    for (long i = 0; i < count; ++i) {
-      found.push_back(last > first ? first + i : first);
+    if (const std::size_t dots = part.find(".."); dots != std::string::npos) {
+      const long last = std::stol(part.substr(dots + 2));
+      for (long time = std::stol(part); time <= last; ++time) found.push_back(std::to_string(time));
+    } else {
+      const std::size_t star = part.find('*');
+      const std::size_t count = star == std::string::npos ? 1 : std::stoul(part.substr(star + 1));
+      found.insert(found.end(), count, part.substr(0, star));
     }
   }
   return found;
@@ -101,7 +101,11 @@ std::vector<long> Times(const std::string& times) {
 
 std::string Records(const std::string& times) {
   std::ostringstream text;
-  for (const long time : Times(times)) text << std::setw(10) << time << " , 123 , 0\r\n";
+  for (const std::string& time : Times(times)) {
+    const bool is_record = time != "_" && time != "x";
+    if (is_record) text << std::setw(10) << time << " , 123 , 0\r\n";
+    if (!is_record) text << (time == "x" ? "x\r\n" : "\r\n");
+  }
   return text.str();
 }
 
@@ -173,7 +177,7 @@ constexpr JumpRow kJumps[] = {
 TEST(SharedTables, TimesTellTheStatedJumpOfTheClock) {
   for (const JumpRow& row : kJumps) {
     ClockJump clock(row.wrap);
-    for (const long time : Times(row.times)) clock.Follow(static_cast<double>(time));
+    for (const std::string& time : Times(row.times)) clock.Follow(std::stod(time));
     std::ostringstream found;
     if (const auto& jump = clock.TheJump()) {
       found << jump->at << ' ' << jump->jump << ' ' << jump->doubt;

@@ -30,13 +30,18 @@ def record_text(record: run_logs.Record) -> str:
             f"{record.length} {record.data.hex().upper()}")
 
 
-def times(text: str) -> list[int]:
+def times(text: str) -> list[str]:
+    """Each as it is written."""
     found = []
     for part in filter(None, text.split(",")):
         first, _, last = part.partition("..")
-        number, _, count = part.partition("*")
-        found += range(int(first), int(last) + 1) if last else [int(number)] * int(count or 1)
+        time, _, count = part.partition("*")
+        found += map(str, range(int(first), int(last) + 1)) if last else [time] * int(count or 1)
     return found
+
+
+def line_of(time: str) -> str:
+    return {"_": "", "x": "x"}.get(time, f"{time:>10} , 123 , 0") + "\r\n"
 
 
 class Tables(unittest.TestCase):
@@ -81,19 +86,19 @@ class Tables(unittest.TestCase):
         for label, files, stated in table:
             with self.subTest(label):
                 runs: list[list[run_logs.Log]] = []
-                last = last_time = None
+                run = None
                 for file in files.split():
                     name, _, text = file.partition(":")
                     head = HEAD.format(rate="250k" if name.endswith("!") else "500k", columns=COLUMNS[11])
-                    records = "".join(f"{time:>10} , 123 , 0\r\n" for time in times(text))
+                    records = "".join(map(line_of, times(text)))
                     log = self.log(name.rstrip("!"), (head + records).encode("cp932"))
-                    if not runs or not run_logs.goes_on(log, last, last_time):
+                    if run is None or not run_logs.goes_on(log, run.last, run.last_time):
                         runs.append([])
-                        last, last_time = log, None
+                        run = run_logs.Run(str(log.path))
                     runs[-1].append(log)
-                    for last_time in log.times():
-                        last = log
-                self.assertEqual(stated, "|".join(" ".join(log.path.name for log in run) for run in runs))
+                    for _ in run.frames_of(log):  # which keeps what its run's last time is
+                        pass
+                self.assertEqual(stated, "|".join(" ".join(log.path.name for log in logs) for logs in runs))
 
     def test_names_tell_the_stated_hour_and_number(self):
         table = rows("log_names.inc")
@@ -109,7 +114,7 @@ class Tables(unittest.TestCase):
         for label, text, wrap, stated in table:
             with self.subTest(label):
                 clock = clock_jump.ClockJump(wrap)
-                behind = [time for time in times(text) if clock.follow(time)]
+                behind = [time for time in map(float, times(text)) if clock.follow(time)]
                 found = " ".join(f"{value:g}" for value in clock.found) if clock.found else "none"
                 self.assertEqual((stated, int(found != "none")), (found, len(behind)))
 

@@ -82,7 +82,7 @@ class Command {
     if (complaints_.EndReading() || failed_) return false;
     TellWhatBecame(run, reader, result);
     if (!anchor) {
-      Say("no absolute time, as the head's date is none with the year in front: " +
+      Say("no absolute time, as the head's date is no day of a calendar with the year in front: " +
           ToUtf8(outside_.code_page.Decode(run.Head().written)));
     }
     return true;
@@ -91,6 +91,10 @@ class Command {
   void TellWhatBecame(const LogRun& run, const RunReader& reader, const Converted& result) {
     Say(Counted(result.frames, "frame") + " of " + Counted(run.files.size(), "file") + ", from " +
         run.files.front().path + " to " + run.files.back().path);
+    if (!run.IsWholeAtItsBegin()) {
+      Say("they begin at " + NumberText(*run.files.front().begins) +
+          " ms: those ahead of them are missing");
+    }
     for (const std::string& seam : OddSeams(run, reader)) Say(seam);
     if (result.steps_back > 0) {
       Say("with a time before that of the frame ahead: " + Counted(result.steps_back, "frame"));
@@ -120,7 +124,7 @@ class Command {
           "the clock jump of " + NumberText(jump->jump) + " ms behind " + NumberText(jump->at) +
           " ms, right to " + NumberText(jump->doubt) +
           " ms if the bus was not silent there (a silence that ends just there looks the same)");
-      // Dates are reckoned from the end of the first file.
+      // Dates are counted back from the end of the first file.
       const bool is_in_first = run.files.front().ends.value_or(0.0) > jump->at;
       if (!options_.mends_clock) {
         Say(is_in_first ? "absolute times ahead of the jump are too early by its length"

@@ -37,6 +37,8 @@ std::optional<platform::LocalTime> MomentOf(std::string_view written) {
       !numbers.Next(1, 31, time.day)) {
     return {};
   }
+  using namespace std::chrono;
+  if (!(year(time.year) / time.month / time.day).ok()) return {};  // February 31
   if (numbers.AtEnd()) return time;
   if (!numbers.Next(0, 23, time.hour) || !numbers.Next(0, 59, time.minute) ||
       !numbers.Next(0, 59, time.second) || !numbers.AtEnd()) {

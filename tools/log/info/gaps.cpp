@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <tuple>
 #include <utility>
 
 namespace tolvane::logtool {
@@ -9,6 +10,8 @@ namespace tolvane::logtool {
 namespace {
 
 constexpr std::uint64_t kCycles_MIN = 2;
+/// Cycles after which a frame is overdue; a regular one seldom takes more.
+constexpr double kOverdue = 2.0;
 
 JudgedIdentifier Judged(const IdentifierStatistics& statistics, double multiple) {
   const CycleStatistics& cycles = statistics.cycles;
@@ -21,40 +24,75 @@ JudgedIdentifier Judged(const IdentifierStatistics& statistics, double multiple)
   return judged;
 }
 
+/// By begin, those of all ahead of others, then by kind and number.
+bool OfTheirOrder(const Gap& one, const Gap& other) {
+  const auto order = [](const Gap& gap) {
+    return std::tuple(gap.silence.begin, gap.identifier == nullptr ? 0 : gap.identifier->Key() + 1);
+  };
+  return order(one) < order(other);
+}
+
 }  // namespace
 
-GapFinder::GapFinder(const RunStatistics& run, double multiple)
-    : run_(run), multiple_(multiple), last_(run.First()) {
-  std::uint64_t most_frames = 0;
+GapFinder::GapFinder(const RunStatistics& run, double multiple) : run_(run), last_(run.First()) {
   for (const IdentifierStatistics* const statistics : run.Identifiers()) {
-    const JudgedIdentifier judged = Judged(*statistics, multiple);
-    result_.identifiers.push_back(judged);
+    result_.identifiers.push_back(Judged(*statistics, multiple));
+    const JudgedIdentifier& judged = result_.identifiers.back();
     if (!judged.regular) continue;
-    Follower follower{.judged = judged, .last = run.First()};
-    followers_.emplace(statistics->Key(), std::move(follower));
-    frames_per_ms_ += 1.0 / judged.cycle;
-    if (statistics->frames <= most_frames) continue;
-    most_frames = statistics->frames;
-    result_.cycle = judged.cycle;
+    followers_.push_back({.statistics = statistics,
+                          .cycle = judged.cycle,
+                          .limit = multiple * judged.cycle,
+                          .last = run.First()});
   }
+  result_.is_judged = !followers_.empty();
+  std::ranges::stable_sort(followers_, {}, &Follower::cycle);
+  for (const Follower& follower : followers_)
+    places_.emplace(follower.statistics->Key(), places_.size());
 }
 
 void GapFinder::Add(const LogFrame& frame, double ahead) {
   const Moment moment{frame.time, ahead};
-  const Silence silence(std::exchange(last_, moment), moment);
-  if (result_.IsJudged() && silence.length > multiple_ * result_.cycle) {
-    common_ += silence.length;
-    common_gaps_.Add(silence);
+  const Pause pause{std::exchange(last_, moment), moment};
+  if (IsTooLongForOneThatWasSending(pause)) pause_ = pause;
+  const auto place = places_.find(KeyOf(frame.extended, frame.id));
+  if (place == places_.end()) return;
+  Follower& follower = followers_[place->second];
+  if (pause_ && WasSending(follower, pause_->begin)) {
+    const double cycle = follower.last.To(moment) - follower.common;
+    if (cycle > kOverdue * follower.cycle) AddCommon({pause_->begin, pause_->end});
+    pause_.reset();
   }
-  const auto follower = followers_.find(KeyOf(frame.extended, frame.id));
-  if (follower != followers_.end()) Follow(follower->second, moment);
+  Follow(follower, moment);
+}
+
+bool GapFinder::WasSending(const Follower& follower, const Moment& moment) {
+  const double silence = follower.last.To(moment);
+  return follower.edge == Gap::Edge::kNone && silence >= 0.0 &&
+         silence - follower.common <= follower.limit;
+}
+
+bool GapFinder::IsTooLongForOneThatWasSending(const Pause& pause) const {
+  const double length = pause.begin.To(pause.end);
+  for (const Follower& follower : followers_) {
+    if (length <= follower.limit) return false;
+    if (WasSending(follower, pause.begin)) return true;
+  }
+  return false;
+}
+
+void GapFinder::AddCommon(const Silence& silence) {
+  common_gaps_.Add(silence);
+  for (Follower& follower : followers_) {
+    if (silence.length <= follower.cycle) return;
+    if (follower.last.time <= silence.begin) follower.common += silence.length;
+  }
 }
 
 void GapFinder::Follow(Follower& follower, const Moment& moment) {
   const Silence silence(std::exchange(follower.last, moment), moment);
-  const double common = common_ - std::exchange(follower.common, common_);
+  const double common = std::exchange(follower.common, 0.0);
   const Gap::Edge edge = std::exchange(follower.edge, Gap::Edge::kNone);
-  if (silence.length - common <= multiple_ * follower.judged.cycle) return;
+  if (silence.length - common <= follower.limit) return;
   if (edge == Gap::Edge::kNone) {
     follower.gaps.Add(silence);
   } else {
@@ -63,24 +101,32 @@ void GapFinder::Follow(Follower& follower, const Moment& moment) {
 }
 
 void GapFinder::Take(const Follower& follower, const Silence& silence, Gap::Edge edge) {
-  result_.gaps.push_back({follower.judged.statistics, silence,
-                          FramesLostIn(silence.length, follower.judged.cycle), edge});
+  result_.gaps.push_back(
+      {follower.statistics, silence, FramesLostIn(silence.length, follower.cycle), edge});
+}
+
+double GapFinder::LostOfAll(const Silence& silence) const {
+  double frames_per_ms = 0.0;
+  for (const Follower& follower : followers_) {
+    const IdentifierStatistics& its = *follower.statistics;
+    const bool goes_on = its.first.time <= silence.begin && its.last.time >= silence.end;
+    if (goes_on) frames_per_ms += 1.0 / follower.cycle;
+  }
+  return std::round(silence.length * frames_per_ms);
 }
 
 JudgedRun GapFinder::Result() {
   for (const Silence& silence : common_gaps_.Kept()) {
-    result_.gaps.push_back({nullptr, silence, std::round(silence.length * frames_per_ms_)});
+    result_.gaps.push_back({nullptr, silence, LostOfAll(silence)});
   }
   result_.gaps_left_out = common_gaps_.LeftOut();
-  for (const JudgedIdentifier& identifier : result_.identifiers) {
-    if (!identifier.regular) continue;
-    Follower& follower = followers_.at(identifier.statistics->Key());
+  for (Follower& follower : followers_) {
     for (const Silence& silence : follower.gaps.Kept()) Take(follower, silence, Gap::Edge::kNone);
     result_.gaps_left_out += follower.gaps.LeftOut();
     follower.edge = Gap::Edge::kEnd;
     Follow(follower, run_.Last());
   }
-  std::ranges::stable_sort(result_.gaps, {}, [](const Gap& gap) { return gap.silence.begin; });
+  std::ranges::stable_sort(result_.gaps, OfTheirOrder);
   return std::move(result_);
 }
 

@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <optional>
 #include <unordered_map>
 #include <vector>
 
@@ -31,12 +32,10 @@ struct JudgedIdentifier {
 struct JudgedRun {
   std::vector<JudgedIdentifier> identifiers;  // by kind and number
   std::vector<Gap> gaps;                      // by their begin
-  /// Shorter ones that are not among these, of all identifiers or of one, as there are too many.
+  /// Others that are not among these, of all identifiers or of one, as there are too many; no one
+  /// is longer than those of its kind.
   std::uint64_t gaps_left_out = 0;
-  double cycle = 0.0;  // of the regular identifier with most frames, for silences of all
-
-  /// False when no identifier comes regularly: then nothing tells a gap from a silence.
-  [[nodiscard]] bool IsJudged() const { return cycle > 0.0; }
+  bool is_judged = false;  // without a regular identifier nothing tells a gap from a silence
 };
 
 /// Finds the gaps of a run whose statistics are complete, for which its frames come once more: how
@@ -44,8 +43,14 @@ struct JudgedRun {
 ///
 /// A gap is a silence longer than `multiple` times the cycle. Identifiers that come at odd times,
 /// as those of questions and answers do, have none; of a regular one three in four cycles lie
-/// between half and twice the median, both included. One of all identifiers is told once. One of an
-/// identifier is its own where it is longer than that without those of all within it.
+/// between half and twice the median, both included.
+///
+/// A silence of the bus is a gap of all where it is that long for one of the identifiers that were
+/// sending up to it, and the first frame behind it of any of these is overdue, later than twice its
+/// cycle. If that comes at its time, it was a pause, and whoever else is missing is so by itself.
+///
+/// One of all is told once. One of an identifier is its own where it is still that long without
+/// those of all within it that are longer than its cycle: in a shorter one it was not due.
 class GapFinder {
  public:
   // Gaps that are kept; all are counted.
@@ -60,25 +65,38 @@ class GapFinder {
   [[nodiscard]] JudgedRun Result();
 
  private:
+  /// A regular identifier on its way through the run.
   struct Follower {
-    JudgedIdentifier judged;
+    const IdentifierStatistics* statistics;
+    double cycle;
+    double limit;                        // ms; a longer silence is a gap
     Moment last;                         // frame; at first the run's begin
-    double common = 0.0;                 // what common_ was then
+    double common = 0.0;                 // ms of gaps of all since that are longer than its cycle
     Gap::Edge edge = Gap::Edge::kBegin;  // at which the silence is that goes on
     LongestSilences gaps{kOwn_MAX};
   };
 
+  /// Of the bus, from one frame to the next.
+  struct Pause {
+    Moment begin;
+    Moment end;
+  };
+
+  /// Whether it was, up to this moment, and has not sent since.
+  [[nodiscard]] static bool WasSending(const Follower& follower, const Moment& moment);
+  [[nodiscard]] bool IsTooLongForOneThatWasSending(const Pause& pause) const;
+  void AddCommon(const Silence& silence);
   void Follow(Follower& follower, const Moment& moment);
   void Take(const Follower& follower, const Silence& silence, Gap::Edge edge);
+  [[nodiscard]] double LostOfAll(const Silence& silence) const;
 
   const RunStatistics& run_;
-  const double multiple_;
   JudgedRun result_;
-  double frames_per_ms_ = 0.0;  // of all regular identifiers together
   Moment last_;
-  double common_ = 0.0;  // ms of gaps of all so far
+  std::optional<Pause> pause_;  // too long, and none that was sending up to it has come since
   LongestSilences common_gaps_{kCommon_MAX};
-  std::unordered_map<std::uint64_t, Follower> followers_;  // of regular identifiers, by their keys
+  std::vector<Follower> followers_;                        // by their cycles
+  std::unordered_map<std::uint64_t, std::size_t> places_;  // of them, by their keys
 };
 
 }  // namespace tolvane::logtool

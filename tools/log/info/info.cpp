@@ -28,6 +28,7 @@ std::string InfoOf(const std::vector<LogRun>& runs, const InfoWishes& wishes, Lo
     RunReader reader(runs[i], files, complaints, wishes.mends_clock);
     RunStatistics statistics;
     for (LogFrame frame; reader.Next(frame);) statistics.Add(frame, reader.Ahead());
+    if (complaints.EndReading()) return {};
     const JudgedRun judged = JudgedAnew(runs[i], statistics, wishes, files);
     const RunReport report{.run = runs[i],
                            .statistics = statistics,

@@ -16,7 +16,7 @@ struct InfoWishes {
   bool mends_clock = false;
 };
 
-/// Reads runs to their ends and tells of them. Not complete where the complaints end the reading.
+/// Reads runs to their ends and tells of them. Empty where the complaints end the reading.
 [[nodiscard]] std::string InfoOf(const std::vector<LogRun>& runs, const InfoWishes& wishes,
                                  LogFiles& files, platform::CodePage& code_page,
                                  Complaints& complaints);

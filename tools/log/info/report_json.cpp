@@ -158,7 +158,7 @@ std::string JsonOf(const RunReport& report, platform::CodePage& code_page) {
   for (const Gap& gap : report.judged.gaps) gaps.Item(GapJson(gap));
   const LogHead& head = report.run.Head();
   const RunStatistics& run = report.statistics;
-  const bool is_judged = report.judged.IsJudged();
+  const bool is_judged = report.judged.is_judged;
   return Json('{')
       .Member("files", files.Closed())
       .Member("odd_seams", seams.Closed())

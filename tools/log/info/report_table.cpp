@@ -118,7 +118,7 @@ class Table {
   void AddGaps() {
     const std::vector<Gap>& gaps = report_.judged.gaps;
     text_ += "\n  silent longer than " + NumberText(report_.multiple) + " cycles: ";
-    if (!report_.judged.IsJudged()) {
+    if (!report_.judged.is_judged) {
       text_ += "not judged: no identifier comes regularly\n";
       return;
     }
@@ -137,7 +137,7 @@ class Table {
     text_ += "  identifier       from ms         to ms    silent ms         lost\n";
     for (const Gap& gap : shown) AddGap(gap);
     const std::uint64_t left_out = gaps.size() - shown.size() + report_.judged.gaps_left_out;
-    if (left_out > 0) text_ += "  and " + Counted(left_out, "shorter one") + "\n";
+    if (left_out > 0) text_ += "  and " + std::to_string(left_out) + " more, none of them longer\n";
   }
 
   void AddGap(const Gap& gap) {

@@ -25,19 +25,19 @@ class Files final : public LogFiles {
   Opened<ByteSource> Open(const std::string& path) override {
     // A pipe is not opened at all, as that may wait for who writes into it.
     struct stat what {};
-    if (stat(path.c_str(), &what) != 0) return {nullptr, Why("this file cannot be opened"), {}};
-    if (S_ISDIR(what.st_mode)) return {nullptr, kIsFolder, {}};
-    if (!S_ISREG(what.st_mode)) return {nullptr, kIsNoFile, {}};
+    if (stat(path.c_str(), &what) != 0) return {nullptr, Why("this file cannot be opened")};
+    if (S_ISDIR(what.st_mode)) return {nullptr, kIsFolder};
+    if (!S_ISREG(what.st_mode)) return {nullptr, kIsNoFile};
     File file(std::fopen(path.c_str(), "rb"));
-    if (file == nullptr) return {nullptr, Why("this file cannot be opened"), {}};
+    if (file == nullptr) return {nullptr, Why("this file cannot be opened")};
     return {std::make_unique<FileSource>(std::move(file)),
             {},
             FileIdentity{.disk = what.st_dev, .number = what.st_ino}};
   }
   Opened<ByteSink> Create(const std::string& path) override {
     File file(std::fopen(path.c_str(), "wbx"));
-    if (file != nullptr) return {std::make_unique<FileSink>(std::move(file)), {}, {}};
-    return {nullptr, errno == EEXIST ? kIsThere : Why("this file cannot be made"), {}};
+    if (file != nullptr) return {std::make_unique<FileSink>(std::move(file))};
+    return {nullptr, errno == EEXIST ? kIsThere : Why("this file cannot be made")};
   }
   void Remove(const std::string& path) override { static_cast<void>(std::remove(path.c_str())); }
 };

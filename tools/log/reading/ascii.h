@@ -1,9 +1,11 @@
 #pragma once
 
+#include <algorithm>
 #include <array>
 #include <cstddef>
 #include <string_view>
 
+#include "platform/ascii_run.h"
 #include "platform/string.h"
 
 namespace tolvane::logtool {
@@ -11,7 +13,17 @@ namespace tolvane::logtool {
 // The writer defines its texts in UTF-16, and a file has them in a code page. Of both the ASCII
 // part is the same in every code page, so a log is known by that.
 
-[[nodiscard]] constexpr bool IsAscii(char16_t character) { return character < 0x80; }
+/// Of ASCII alone.
+[[nodiscard]] constexpr char SmallLetter(char byte) {
+  return byte >= 'A' && byte <= 'Z' ? static_cast<char>(byte - 'A' + 'a') : byte;
+}
+
+/// Whether texts end alike, but for the size of their letters.
+[[nodiscard]] constexpr bool EndsWith(std::string_view text, std::string_view small_end) {
+  return text.size() >= small_end.size() &&
+         std::ranges::equal(text.substr(text.size() - small_end.size()), small_end, {},
+                            SmallLetter);
+}
 
 /// Up to the first character that is not ASCII.
 [[nodiscard]] constexpr StringView AsciiHead(StringView text) {

@@ -21,8 +21,8 @@ struct FileIdentity {
 template <typename Bytes>
 struct Opened {
   std::unique_ptr<Bytes> bytes;
-  std::string why_not;                   // such as "this is a folder"
-  std::optional<FileIdentity> identity;  // of one to read; none where it is not known
+  std::string why_not = {};                   // such as "this is a folder"
+  std::optional<FileIdentity> identity = {};  // of a source; none where it is not known
 };
 
 /// The files of this machine. Paths are UTF-8, on Linux whatever bytes the system has.

@@ -23,21 +23,17 @@ struct LogName {
   LogPlace place;
 };
 
-char SmallLetter(char byte) {
-  return byte >= 'A' && byte <= 'Z' ? static_cast<char>(byte - 'A' + 'a') : byte;
-}
-
 /// Takes `part` off the front of `text`; false if it is not there.
 bool Takes(std::string_view& text, std::string_view part) {
-  const auto is_same = [](char one, char other) { return SmallLetter(one) == SmallLetter(other); };
-  if (text.size() < part.size() || !std::equal(part.begin(), part.end(), text.begin(), is_same)) {
+  if (!std::ranges::equal(text.substr(0, part.size()), part, {}, SmallLetter, SmallLetter)) {
     return false;
   }
   text.remove_prefix(part.size());
   return true;
 }
 
-/// Takes all digits off the front of `text`, of which there are so many.
+/// Takes all digits off the front of `text`. Empty, with `text` as it was, when there are fewer
+/// than `least` or more than `most` of them, which are nine at the most.
 std::optional<std::uint32_t> TakeNumber(std::string_view& text, std::size_t least,
                                         std::size_t most) {
   const std::size_t length = std::min(text.find_first_not_of("0123456789"), text.size());

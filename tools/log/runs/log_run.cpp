@@ -4,6 +4,7 @@
 #include <string_view>
 #include <utility>
 
+#include "tools/log/reading/ascii.h"
 #include "tools/log/reading/csv_log.h"
 
 namespace tolvane::logtool {
@@ -13,10 +14,12 @@ namespace {
 constexpr std::string_view kIsWorkbook =
     "this is a workbook, and only csv logs are read; have it saved as one";
 
-/// Bytes at a file's end in which its last record is looked for.
-constexpr std::size_t kTail = std::size_t{1} << 16;
+/// Bytes at a file's end in which its last record is looked for, and again where there is none:
+/// ahead of it stand zeros of any length, and behind it bad lines.
+constexpr std::size_t kTails[] = {std::size_t{1} << 16, 2 * LineSource::kLine_MAX,
+                                  16 * LineSource::kLine_MAX};
 
-bool IsWorkbook(std::string_view path) { return path.ends_with(".xls") || path.ends_with(".xlsx"); }
+bool IsWorkbook(std::string_view path) { return EndsWith(path, ".xls") || EndsWith(path, ".xlsx"); }
 
 /// Faults of records are passed over: they are told when the run is read.
 std::optional<double> FirstTime(CsvLog& log) {
@@ -33,10 +36,10 @@ std::optional<double> FirstTime(CsvLog& log) {
   }
 }
 
-/// Of the last record. A file that has a record has one behind its head, so no line of the head is
-/// the last one, whatever a comment looks like.
-std::optional<double> LastTime(ByteSource& bytes, bool with_mark) {
-  if (!bytes.SkipToLast(kTail)) return {};
+/// Of the last record in the last `tail` bytes. A file that has a record has one behind its head,
+/// so no line of the head is the last one, whatever a comment looks like.
+std::optional<double> LastTimeIn(std::size_t tail, ByteSource& bytes, bool with_mark) {
+  if (!bytes.SkipToLast(tail)) return {};
   LineSource lines(bytes);
   std::string_view line;
   std::optional<double> time;
@@ -47,6 +50,13 @@ std::optional<double> LastTime(ByteSource& bytes, bool with_mark) {
     if (ReadRecordLine(line, with_mark, frame, traits) == LineFault::kNone) time = frame.time;
   }
   return time;
+}
+
+std::optional<double> LastTime(ByteSource& bytes, bool with_mark) {
+  for (const std::size_t tail : kTails) {
+    if (const auto time = LastTimeIn(tail, bytes, with_mark)) return time;
+  }
+  return {};
 }
 
 bool IsFull(const std::string& path, LogFiles& files) {
@@ -81,12 +91,14 @@ std::optional<LogFile> LookInto(const std::string& path, LogFiles& files, Compla
   return file;
 }
 
-/// The path by which a file has been named already; null for one that has not.
+/// The path by which a file has been named already; null for one that has not. A file of which the
+/// system tells no identity is known by the same path alone.
 const std::string* EarlierPath(const LogFile& file, const std::vector<LogRun>& runs) {
-  if (!file.identity) return nullptr;
   for (const LogRun& run : runs) {
     for (const LogFile& before : run.files) {
-      if (before.identity == file.identity) return &before.path;
+      if (before.path == file.path || (file.identity && before.identity == file.identity)) {
+        return &before.path;
+      }
     }
   }
   return nullptr;
@@ -112,7 +124,8 @@ std::vector<LogRun> FindRuns(const std::vector<std::string>& paths, LogFiles& fi
     if (complaints.EndReading()) break;
     if (!file) continue;
     if (const std::string* const earlier = EarlierPath(*file, runs); earlier != nullptr) {
-      complaints.Tell(path, 0, "this file is named twice, also as " + *earlier);
+      const std::string other = *earlier == path ? "" : ", also as " + *earlier;
+      complaints.Tell(path, 0, "this file is named twice" + other);
       if (complaints.EndReading()) break;
       continue;
     }

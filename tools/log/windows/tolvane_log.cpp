@@ -42,24 +42,23 @@ class Files final : public LogFiles {
   Opened<ByteSource> Open(const std::string& path) override {
     const DWORD attributes = GetFileAttributesW(window::Wide(path).c_str());
     if (attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0) {
-      return {nullptr, kIsFolder, {}};
+      return {nullptr, kIsFolder};
     }
     // A log may be read while the program still writes the next one.
     FileHandle file(CreateFileW(window::Wide(path).c_str(), GENERIC_READ,
                                 FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
                                 OPEN_EXISTING, FILE_FLAG_SEQUENTIAL_SCAN, nullptr));
-    if (!file) return {nullptr, Why("this file cannot be opened"), {}};
-    if (GetFileType(file.Get()) != FILE_TYPE_DISK) return {nullptr, kIsNoFile, {}};
+    if (!file) return {nullptr, Why("this file cannot be opened")};
+    if (GetFileType(file.Get()) != FILE_TYPE_DISK) return {nullptr, kIsNoFile};
     const auto identity = IdentityOf(file);
     return {std::make_unique<FileSource>(std::move(file)), {}, identity};
   }
   Opened<ByteSink> Create(const std::string& path) override {
     FileHandle file(CreateFileW(window::Wide(path).c_str(), GENERIC_WRITE, FILE_SHARE_READ, nullptr,
                                 CREATE_NEW, FILE_ATTRIBUTE_NORMAL, nullptr));
-    if (file) return {std::make_unique<FileSink>(std::move(file)), {}, {}};
+    if (file) return {std::make_unique<FileSink>(std::move(file))};
     return {nullptr,
-            GetLastError() == ERROR_FILE_EXISTS ? kIsThere : Why("this file cannot be made"),
-            {}};
+            GetLastError() == ERROR_FILE_EXISTS ? kIsThere : Why("this file cannot be made")};
   }
   void Remove(const std::string& path) override { DeleteFileW(window::Wide(path).c_str()); }
 };

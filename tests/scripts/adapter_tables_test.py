@@ -1,6 +1,6 @@
 #!/usr/bin/env python3
-"""Tests that the scripts know the bit rates of the program: the table of src/receive/adapters/bit_rate.h against
-their own. The argument is the project's folder."""
+"""Tests that the scripts know the program's adapters: the tables src/receive/adapters/bit_rate.h and
+src/run/adapter_kind.h against their own. The argument is the project's folder."""
 
 import pathlib
 import re
@@ -11,8 +11,11 @@ import unittest
 PROJECT = pathlib.Path(sys.argv.pop())
 sys.path.insert(0, str(PROJECT / "scripts/lib"))
 
+import clock_jump  # noqa: E402
 import run_logs  # noqa: E402
+
 ROW = re.compile(r'\{u"(\d+)([kM]) bps",\s*([\w.]+),\s*([\w.]+),\s*([\w.]+)\}')
+CLOCK = re.compile(r'\.name = u"([^"]*)",\s*\.timer_wrap = ([\d\']+)')
 KINDS = ("canusb", "interface", "kvaser")
 
 
@@ -47,6 +50,12 @@ class Rates(unittest.TestCase):
                            re.MULTILINE)
         self.assertEqual(rates, sorted(map(int, option[1].split("|"))))
         self.assertEqual(rates, sorted(run_logs.RATES))
+
+    def test_the_wraps_of_the_clocks_are_the_programs(self):
+        rows = CLOCK.findall((PROJECT / "src/run/adapter_kind.h").read_text(encoding="utf-8"))
+        self.assertEqual(len(KINDS), len(rows))
+        wraps = {name.encode("ascii"): int(wrap.replace("'", "")) for name, wrap in rows}
+        self.assertEqual({name: wrap for name, wrap in wraps.items() if name and wrap}, clock_jump.WRAPS)
 
 
 if __name__ == "__main__":

@@ -1,0 +1,119 @@
+#include "tests/fuzz/judged_gaps.h"
+
+#include <algorithm>
+#include <cmath>
+#include <cstdint>
+#include <map>
+
+#include "tests/fuzz/input.h"
+#include "tools/log/info/gaps.h"
+
+namespace tolvane::fuzz {
+
+namespace {
+
+using namespace tolvane::logtool;
+
+/// What is told of one identifier, and its frames.
+struct Told {
+  const JudgedIdentifier* judged = nullptr;
+  std::vector<Moment> moments;
+  std::vector<const Gap*> own;
+};
+
+using ToldOfAll = std::map<std::uint64_t, Told>;
+
+ToldOfAll ByIdentifier(const std::vector<LogFrame>& frames, const JudgedRun& run) {
+  ToldOfAll told;
+  for (const JudgedIdentifier& judged : run.identifiers) {
+    told[judged.statistics->Key()].judged = &judged;
+  }
+  for (const LogFrame& frame : frames) {
+    told.at(KeyOf(frame.extended, frame.id)).moments.push_back({frame.time, 0.0});
+  }
+  for (const Gap& gap : run.gaps) {
+    if (gap.identifier != nullptr) told.at(gap.identifier->Key()).own.push_back(&gap);
+  }
+  return told;
+}
+
+bool IsWithin(const Silence& inner, const Silence& outer) {
+  return inner.begin >= outer.begin && inner.end <= outer.end;
+}
+
+/// A silence between two frames of the run that follow one another, too long for one that came
+/// shortly ahead of it, and behind which an identifier is overdue.
+void JudgeOneOfAll(const Gap& gap, const ToldOfAll& told, double multiple) {
+  const Silence& silence = gap.silence;
+  bool is_too_long = false;
+  bool is_overdue = false;
+  for (const auto& [key, its] : told) {
+    if (!its.judged->regular) continue;
+    is_too_long = is_too_long || silence.length > multiple * its.judged->cycle;
+    for (std::size_t i = 1; i < its.moments.size(); ++i) {
+      const Silence around(its.moments[i - 1], its.moments[i]);
+      Require(!(around.begin > silence.begin && around.begin < silence.end));
+      is_overdue =
+          is_overdue || (IsWithin(silence, around) && around.length > 2 * its.judged->cycle);
+    }
+  }
+  Require(is_too_long && is_overdue);
+  Require(gap.lost >= 0.0 && gap.edge == Gap::Edge::kNone);
+}
+
+void JudgeOwn(const Told& its, double multiple) {
+  for (const Gap* const gap : its.own) {
+    Require(its.judged->regular);
+    Require(gap->silence.length > multiple * its.judged->cycle);
+    Require(gap->lost == std::max(0.0, std::round(gap->silence.length / its.judged->cycle) - 1.0));
+  }
+}
+
+/// Each silence of a regular identifier that is long enough is told as its own, or is not as long
+/// without those of all in it that are longer than its cycle; so the numbers agree where there are
+/// none of all.
+void JudgeThatNoneIsHidden(const Told& its, const std::vector<const Gap*>& of_all,
+                           double multiple) {
+  if (!its.judged->regular) return;
+  const double limit = multiple * its.judged->cycle;
+  std::size_t own = 0;
+  for (std::size_t i = 1; i < its.moments.size(); ++i) {
+    const Silence silence(its.moments[i - 1], its.moments[i]);
+    if (silence.length <= limit) continue;
+    double common = 0.0;
+    for (const Gap* const gap : of_all) {
+      if (IsWithin(gap->silence, silence) && gap->silence.length > its.judged->cycle)
+        common += gap->silence.length;
+    }
+    const bool is_told = std::ranges::any_of(its.own, [&](const Gap* gap) {
+      return gap->silence.begin == silence.begin && gap->silence.end == silence.end;
+    });
+    Require(is_told == (silence.length - common > limit));
+    own += is_told ? 1 : 0;
+  }
+  const auto edges =
+      std::ranges::count_if(its.own, [](const Gap* gap) { return gap->edge != Gap::Edge::kNone; });
+  Require(own + static_cast<std::size_t>(edges) == its.own.size());
+}
+
+}  // namespace
+
+void JudgeGaps(const std::vector<LogFrame>& frames, double multiple) {
+  RunStatistics statistics;
+  for (const LogFrame& frame : frames) statistics.Add(frame, 0.0);
+  GapFinder finder(statistics, multiple);
+  for (const LogFrame& frame : frames) finder.Add(frame, 0.0);
+  const JudgedRun run = finder.Result();
+  const ToldOfAll told = ByIdentifier(frames, run);
+  for (const auto& [key, its] : told) JudgeOwn(its, multiple);
+  // Of frames whose times step back nobody says what lies between them.
+  if (statistics.StepsBack() > 0 || run.gaps_left_out > 0) return;
+  std::vector<const Gap*> of_all;
+  for (const Gap& gap : run.gaps) {
+    if (gap.identifier == nullptr) of_all.push_back(&gap);
+  }
+  for (const Gap* const gap : of_all) JudgeOneOfAll(*gap, told, multiple);
+  for (const auto& [key, its] : told) JudgeThatNoneIsHidden(its, of_all, multiple);
+}
+
+}  // namespace tolvane::fuzz
