@@ -75,7 +75,7 @@ function(tolvane_check folder script)
   find_package(Python3 REQUIRED COMPONENTS Interpreter)
   add_test(NAME ${folder}.${script}
            COMMAND Python3::Interpreter -B "${CMAKE_CURRENT_SOURCE_DIR}/${script}" ${ARGN})
-  # Of a locale that this machine lacks, as one that came by ssh, each bash complains.
+  # Each bash complains of a locale that the machine lacks, such as one that came by ssh.
   set_tests_properties(${folder}.${script} PROPERTIES ENVIRONMENT LC_ALL=C.UTF-8)
 endfunction()
 

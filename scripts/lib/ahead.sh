@@ -51,7 +51,7 @@ work_ahead() {
   for step in "$@"; do
     case $step in
       # In a group of its own, so that a signal does not wait for its end.
-      prepare_*) in_group "$step" || true ;;
+      prepare_*) in_group can_have "$step" || true ;;
       *) stage_ahead "$step" ;;
     esac
   done

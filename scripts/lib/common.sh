@@ -6,7 +6,7 @@
 set -euo pipefail
 
 export PATH="${PATH:-/usr/local/sbin:/usr/local/bin:/usr/sbin:/usr/bin:/sbin:/bin}"
-# An ordinary user's has no folder with programs for administrators, as debootstrap: each stands beside a `bin`.
+# An ordinary user's PATH lacks the folders of administrators' programs, such as debootstrap; each stands beside a `bin`.
 add_sbin_folders() {
   local folder folders
   IFS=: read -ra folders <<<"$PATH"
@@ -54,19 +54,25 @@ as_root() {
 }
 
 # find_become_root: sets $become_root to the words that stand before a command of root's. A process group in the
-# background of a terminal would be stopped, without a word, when it asks there for a password.
+# background of a terminal would be stopped, without a word, when it asks there for a password. sudo takes the
+# environment away, and what fetches packages needs the proxies in it.
 find_become_root() {
-  local state group terminals_group
+  local state group terminals_group proxy proxies=()
   become_root=()
   [ "$(id -u)" -ne 0 ] || return 0
   become_root=(sudo)
-  state=$(cat /proc/self/stat 2>/dev/null) || return 0
-  read -r _ _ group _ _ terminals_group _ <<<"${state##*) }"
-  [[ $terminals_group -le 0 || $terminals_group -eq $group ]] || become_root+=(-n)
+  if state=$(cat /proc/self/stat 2>/dev/null); then
+    read -r _ _ group _ _ terminals_group _ <<<"${state##*) }"
+    [[ $terminals_group -le 0 || $terminals_group -eq $group ]] || become_root+=(-n)
+  fi
+  for proxy in http_proxy https_proxy; do
+    [ -z "${!proxy:-}" ] || proxies+=("$proxy=${!proxy}")
+  done
+  [ ${#proxies[@]} -eq 0 ] || become_root+=(env "${proxies[@]}")
 }
 
-# rights_unasked: whether there are root rights without a password.
-rights_unasked() { [ "$(id -u)" -eq 0 ] || sudo -n true 2>/dev/null; }
+# rights_unasked: whether there are root rights without a password, also once sudo no longer remembers one.
+rights_unasked() { [ "$(id -u)" -eq 0 ] || sudo -k -n true 2>/dev/null; }
 
 # need_folder FOLDER ADVICE: makes the folder, or ends the script.
 need_folder() {

@@ -13,7 +13,9 @@ debian_root_obstacle() {
   local said probe
   if [ "$(id -u)" -ne 0 ]; then
     command -v sudo >/dev/null || { echo "it needs root rights, and this machine has no sudo"; return; }
-    said=$(as_root true 2>&1) || { echo "it needs root rights, and sudo says: ${said##*$'\n'}"; return; }
+    # Once asked, and then in the background, where nobody can answer.
+    said=$(as_root true 2>&1 && sudo -n true 2>&1) ||
+      { echo "it needs root rights, and sudo says: ${said##*$'\n'}"; return; }
   fi
   [ -e /proc/self/mountinfo ] || { echo "/proc is not mounted here"; return; }
   command -v debootstrap >/dev/null || { echo "debootstrap is not installed"; return; }
@@ -46,11 +48,12 @@ debian_root_archive() {
   say "making a bare Debian root for $arch, a minute or two; it is kept as $archive"
   # debootstrap fails when the folder's path has a blank in it.
   link=$(mktemp -d)
-  new=$(mktemp "$archive.XXXXXX")
+  # Whoever makes it holds the lock of its root.
+  new=$archive.new
   at_exit "rm -rf ${link@Q} ${new@Q}"
   ln -s "$folder" "$link/root"
   as_root debootstrap --variant=minbase --arch="$arch" "$debian_release" "$link/root" \
-    >"$debian_root_log" 2>&1 || { rm -r "$link" "$new"; return 1; }
+    >"$debian_root_log" 2>&1 || { rm -r "$link"; return 1; }
   rm -r "$link"
   # The root need not survive a power failure, and packages are installed several times as fast without
   # waiting for the disk.
@@ -70,7 +73,7 @@ debian_root_network() {
     as_root tee "$1/etc/apt/apt.conf.d/00machine" >/dev/null
 }
 
-# Those of the environment, which is empty in the root. Settings of this machine that follow them are used instead.
+# The proxies of the environment, which is empty in the root. Settings of this machine that follow them are used instead.
 debian_root_proxies() {
   local scheme proxy
   for scheme in http https; do
@@ -92,8 +95,8 @@ debian_root_unmount() {
   while mountpoint -q "$1"; do as_root umount "$1" || return; done
 }
 
-# debian_root_fetches FOLDER: whether packages can be fetched there; debian_root_reason tells why not. The root's own lists
-# stay as they are.
+# debian_root_fetches FOLDER: whether packages can be fetched there; debian_root_reason tells why not. The root's own
+# lists stay as they are.
 debian_root_fetches() {
   # The script text is for the inner shell.
   # shellcheck disable=SC2016

@@ -130,9 +130,10 @@ def is_log(first_bytes: bytes) -> bool:
 
 
 def goes_on(log: Log, last: Log, last_time: float | None) -> bool:
-    """Whether a file goes on a run. `last` is that run's last file with a record, and `last_time` the time of that record
-    in ms; while no file of the run has a record, its first file and None. It does not go on with another head, with a
-    time before the last one, and with the time 0, unless the last one is 0 too and that file full."""
+    """Whether a file goes on a run. `last` is that run's last file with a record, and `last_time` the time of that
+    record in ms; while no file of the run has a record, its first file and None. A file with another head does not go
+    on, nor one with a time before the last one, nor one with the time 0: a run begins there. But where the last time
+    is 0 too and that file is full, 0 goes on."""
     if log.head != last.head:
         return False
     first = log.first_time()

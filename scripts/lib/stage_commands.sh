@@ -4,6 +4,6 @@
 
 stage_commands() {
   build_before_commands || return
-  count_command commands timeout 300 "$root/tests/scripts/commands_check"
-  count_command live timeout 300 "$root/tests/live/live_check"
+  count_command commands timeout 900 "$root/tests/scripts/commands_check"
+  count_command live timeout 900 "$root/tests/live/live_check"
 }

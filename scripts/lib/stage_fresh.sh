@@ -15,7 +15,7 @@ fresh_root=$build/fresh-root
 fresh_project="/srv/the project"
 # An ordinary user, who may become root by sudo.
 fresh_user=stranger
-# The one that Debian gives such a user.
+# The PATH that Debian gives an ordinary user.
 fresh_user_path=/usr/local/bin:/usr/bin:/bin:/usr/local/games:/usr/games
 
 # Those of the root's stages that no other place runs.

@@ -204,12 +204,13 @@ stage_soak() {
 }
 
 # can_have COMMAND ARGS: whether it succeeds. It runs in a subshell, so a failure there does not end the other
-# stages, and everything it starts is ended again.
+# stages, and everything it starts is ended again, also behind a signal.
 can_have() {
   (
     # shellcheck disable=SC2034 # for run_at_exit
     at_exit_commands=()
     trap run_at_exit EXIT
+    trap 'exit 143' TERM
     "$@"
   )
 }

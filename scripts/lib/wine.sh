@@ -58,6 +58,8 @@ wine_make_prefix() {
     ! tar -C "$template" --exclude=./drive_c/windows -cf - . | tar -C "$WINEPREFIX" -xf -; then
     fail "the Wine prefix $WINEPREFIX cannot be made"
   fi
+  # The disk below Z:, which the program asks for. Wine would complain of the real one, which no ordinary user may read.
+  ln -sfn /dev/null "$WINEPREFIX/dosdevices/z::"
   touch "$WINEPREFIX/tolvane-ready"
 }
 
@@ -125,8 +127,8 @@ wine_stay() {
 # The program that keeps the services running answers once they have begun. The desktop begins with the first window.
 wine_first_command="start /wait rundll32 user32.dll,GetDesktopWindow && echo begun"
 
-# What a Wine that begins takes at most on a busy machine, in seconds; usually it is a few.
-wine_patience=120
+# What a Wine that begins, or a program there, takes at most on a busy machine, in seconds; usually it is a few.
+wine_patience=180
 
 # wine_await ANSWERS PROCESS: waits for that answer; false when the process ends without it, or it does not come.
 wine_await() {
@@ -171,8 +173,6 @@ wine_take_over() {
   wine_end
   at_exit wine_leave
   wine_prefix_ready || wine_prepare
-  # The disk below Z:, which the program asks for. Wine would complain of the real one, which no ordinary user may read.
-  ln -sfn /dev/null "$WINEPREFIX/dosdevices/z::"
 }
 
 wine_prefix_ready() { [ -e "$WINEPREFIX/tolvane-ready" ]; }

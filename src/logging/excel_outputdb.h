@@ -36,8 +36,9 @@ class Excel_OutputDB {
   /// The most characters, each of them a byte, that a channel's csv text may have. It is reached
   /// only when flushes keep failing or the log format is one that is never flushed; lines that do
   /// not fit are dropped. It is reached soonest on a full bus of remote frames of length eight,
-  /// whose lines have all data bytes: 10,638 lines of 70 bytes a second for each channel take 9
-  /// minutes; in the x86 program 2, where both channels then use 200 MB of the address space.
+  /// whose lines have all data bytes, 64 at most with the 6 zeros of a lost line: 10,638 of them a
+  /// second for each channel take 9 minutes, a little less with length codes above eight; in the
+  /// x86 program 2, where both channels then use 200 MB of the address space.
   static constexpr std::size_t kLogBuilder_MAX =
       std::size_t{sizeof(void*) == 8 ? 384 : 96} * 1024 * 1024;
 

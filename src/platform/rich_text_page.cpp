@@ -44,7 +44,6 @@ ColourWalk::ColourWalk(const ColourRuns& runs, std::int32_t start)
       last_(runs.Runs().end()) {}
 
 void RichTextPage::TakeMemory() {
-  text.clear();
   colours.Clear();
   backgrounds.Clear();
   try {

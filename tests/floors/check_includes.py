@@ -67,7 +67,7 @@ def compare_drawing(floors: dict[str, int], drawing: list[set[str]]) -> list[str
 
 
 def room_of(path: str) -> str:
-    """The folder of `path`: relative to src/, its room."""
+    """The folder of `path`; of a path relative to src/ that is its room."""
     return path.rpartition("/")[0]
 
 

@@ -1,5 +1,5 @@
-"""What the tests of the scripts have in common that look at what a script says before it installs, builds or starts
-anything. The project's folder is the argument.
+"""What tests have in common that look at what a script says before it installs, builds or starts anything. The
+project's folder is the argument.
 
 Whatever would install, build or start stands here as a program that only leaves a trace."""
 

@@ -40,9 +40,21 @@ class DebianRoot(PlayedMachine):
 
     def test_a_user_whom_sudo_serves(self):
         self.play("id", "echo 1000")
-        self.play("sudo", 'exec "$@"')
+        self.play("sudo", '[ "$1" != -n ] || shift; exec "$@"')
         self.play("true", "exit 0")
         self.assertEqual([], self.obstacle())
+
+    def test_a_user_whom_sudo_asks_each_time(self):
+        self.play("id", "echo 1000")
+        self.play("sudo", '[ "$1" != -n ] || { echo "sudo: a password is required"; exit 1; }; exec "$@"')
+        self.play("true", "exit 0")
+        self.assertEqual(["it needs root rights, and sudo says: sudo: a password is required"], self.obstacle())
+
+    def test_sudo_hands_the_proxies_on(self):
+        self.play("id", "echo 1000")
+        self.play("sudo", 'exec env -i PATH="$PATH" "$@"')
+        self.assertEqual((0, ["http://far:3128"]),
+                         self.bash("export http_proxy=http://far:3128\nas_root bash -c 'echo \"$http_proxy\"'"))
 
     def test_a_missing_tool(self):
         self.remove("debootstrap")

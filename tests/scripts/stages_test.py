@@ -184,23 +184,28 @@ class Stages(unittest.TestCase):
             echo "$failed"''')
         self.assertEqual("0", said.splitlines()[-1])
 
-    def asking_sudo(self) -> str:
-        """A user whose sudo wants a password each time."""
-        return self.played("id", "echo 1000") + self.played("sudo", """
-            if [ "$1" = -n ]; then echo "sudo: a password is required"; exit 1; fi
+    def asking_sudo(self, remembers: str = "false") -> str:
+        """A user whose sudo wants a password, each time or unless it remembers one."""
+        return self.played("id", "echo 1000") + self.played("sudo", f"""
+            if [ "$1" != -k ] && {remembers}; then
+              [ "$1" != -n ] || shift
+              exec "$@"
+            fi
+            case $1 in -k | -n) echo "sudo: a password is required"; exit 1 ;; esac
             read -rs word </dev/tty && echo "said $word" && exec "$@\"""")
 
     def test_what_would_ask_for_a_password_is_not_begun_ahead(self):
-        said = self.bash(self.asking_sudo() + """stages=(window x86 release fresh)
-            prepare_x86() { touch "$results/prepared"; }
-            stage_release() { :; }
-            stage_fresh() { :; }
-            begin_ahead first; begin_ahead window
-            collect_stage release
-            wait "${process_ahead[release]}"
-            is_ahead fresh || echo fresh in its turn
-            ls "$results\"""").splitlines()
-        self.assertEqual(["fresh in its turn", "release.counts", "release.txt"], said[-3:])
+        for remembers in ("false", "true"):
+            said = self.bash(self.asking_sudo(remembers) + """stages=(window x86 release fresh)
+                prepare_x86() { touch "$results/prepared"; }
+                stage_release() { :; }
+                stage_fresh() { :; }
+                begin_ahead first; begin_ahead window
+                collect_stage release
+                wait "${process_ahead[release]}"
+                is_ahead fresh || echo fresh in its turn
+                ls "$results\"""").splitlines()
+            self.assertEqual(["fresh in its turn", "release.counts", "release.txt"], said[-3:], remembers)
 
     def test_a_password_is_asked_for_in_the_foreground_of_a_terminal_alone(self):
         # In the background the question would stop the process for ever.
@@ -232,11 +237,12 @@ class Stages(unittest.TestCase):
     def test_the_end_of_the_script_ends_a_preparation(self):
         process = self.start(TELL_AND_STAY + '''stages=(x86 release)
             rights_unasked() { :; }
-            prepare_x86() { tell_and_stay; }
+            prepare_x86() { at_exit 'touch "$results/undone"'; tell_and_stay; }
             begin_ahead first; begin_ahead window
             until [ -e "$results/inner" ]; do sleep 0.1; done
             cat "$results/inner"''')
         self.expect_end_of(process.communicate(timeout=60)[0].strip())
+        self.assertTrue((self.folder / "build/test-results/undone").exists())
 
     def test_a_stage_brings_only_what_it_needs(self):
         for stage, strangers in {"checks": NO_WINDOWS | {"clang", "debootstrap"},
