@@ -42,19 +42,19 @@ bool IsWithin(const Silence& inner, const Silence& outer) {
 }
 
 /// A silence between two frames of the run that follow one another, too long for one that came
-/// shortly ahead of it, and behind which an identifier is overdue.
-void JudgeOneOfAll(const Gap& gap, const ToldOfAll& told, double multiple) {
+/// shortly ahead of it, and behind which an identifier is overdue, be it at the run's end.
+void JudgeOneOfAll(const Gap& gap, const ToldOfAll& told, const Moment& end, double multiple) {
   const Silence& silence = gap.silence;
   bool is_too_long = false;
   bool is_overdue = false;
   for (const auto& [key, its] : told) {
     if (!its.judged->regular) continue;
     is_too_long = is_too_long || silence.length > multiple * its.judged->cycle;
-    for (std::size_t i = 1; i < its.moments.size(); ++i) {
-      const Silence around(its.moments[i - 1], its.moments[i]);
+    for (std::size_t i = 1; i <= its.moments.size(); ++i) {
+      const Silence around(its.moments[i - 1], i < its.moments.size() ? its.moments[i] : end);
       Require(!(around.begin > silence.begin && around.begin < silence.end));
-      is_overdue =
-          is_overdue || (IsWithin(silence, around) && around.length > 2 * its.judged->cycle);
+      is_overdue = is_overdue || (IsWithin(silence, around) &&
+                                  around.length > std::min(2.0, multiple) * its.judged->cycle);
     }
   }
   Require(is_too_long && is_overdue);
@@ -96,6 +96,17 @@ void JudgeThatNoneIsHidden(const Told& its, const std::vector<const Gap*>& of_al
   Require(own + static_cast<std::size_t>(edges) == its.own.size());
 }
 
+/// What the gaps have lost together is what the identifiers have, each frame once.
+void JudgeTheSums(const JudgedRun& run) {
+  double of_gaps = 0.0;
+  for (const Gap& gap : run.gaps) {
+    if (gap.edge == Gap::Edge::kNone) of_gaps += gap.lost;
+  }
+  double of_identifiers = 0.0;
+  for (const JudgedIdentifier& judged : run.identifiers) of_identifiers += judged.lost;
+  Require(of_gaps == of_identifiers || std::abs(of_gaps - of_identifiers) <= 1e-9 * of_identifiers);
+}
+
 }  // namespace
 
 void JudgeGaps(const std::vector<LogFrame>& frames, double multiple) {
@@ -112,8 +123,9 @@ void JudgeGaps(const std::vector<LogFrame>& frames, double multiple) {
   for (const Gap& gap : run.gaps) {
     if (gap.identifier == nullptr) of_all.push_back(&gap);
   }
-  for (const Gap* const gap : of_all) JudgeOneOfAll(*gap, told, multiple);
+  for (const Gap* const gap : of_all) JudgeOneOfAll(*gap, told, statistics.Last(), multiple);
   for (const auto& [key, its] : told) JudgeThatNoneIsHidden(its, of_all, multiple);
+  JudgeTheSums(run);
 }
 
 }  // namespace tolvane::fuzz

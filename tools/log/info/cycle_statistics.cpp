@@ -27,16 +27,6 @@ std::uint64_t CycleStatistics::Between(double low, double high) const {
   return count;
 }
 
-CycleStatistics::Lost CycleStatistics::Above(double limit, double median) const {
-  Lost lost;
-  for (const Row& row : rows_) {
-    if (row.count == 0 || row.Mean() <= limit) continue;
-    lost.gaps += row.count;
-    lost.frames += static_cast<double>(row.count) * FramesLostIn(row.Mean(), median);
-  }
-  return lost;
-}
-
 void CycleStatistics::Grow() {
   const std::vector<Row> old = std::exchange(rows_, std::vector<Row>(rows_.size() * 2));
   for (const Row& row : old) {

@@ -12,11 +12,6 @@ namespace tolvane::logtool {
 /// seconds are told apart, and a log of hours takes no more memory than one of minutes.
 class CycleStatistics {
  public:
-  struct Lost {
-    std::uint64_t gaps = 0;
-    double frames = 0.0;
-  };
-
   /// Not negative, in ms.
   void Add(double cycle) {
     if (count_ == 0 || cycle < least_) least_ = cycle;
@@ -34,8 +29,6 @@ class CycleStatistics {
   [[nodiscard]] double Median() const;
   /// How many lie between, both ends included.
   [[nodiscard]] std::uint64_t Between(double low, double high) const;
-  /// The cycles above `limit`, and the frames of one every `median` that are missing in them.
-  [[nodiscard]] Lost Above(double limit, double median) const;
 
  private:
   /// Empty with a count of 0.

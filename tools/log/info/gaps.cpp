@@ -10,17 +10,16 @@ namespace tolvane::logtool {
 namespace {
 
 constexpr std::uint64_t kCycles_MIN = 2;
-/// Cycles after which a frame is overdue; a regular one seldom takes more.
+/// Cycles after which a frame is overdue, if no fewer are a gap; a regular one seldom takes more.
 constexpr double kOverdue = 2.0;
 
-JudgedIdentifier Judged(const IdentifierStatistics& statistics, double multiple) {
+JudgedIdentifier Judged(const IdentifierStatistics& statistics) {
   const CycleStatistics& cycles = statistics.cycles;
-  JudgedIdentifier judged{.statistics = &statistics, .cycle = 0.0, .regular = false, .lost = {}};
+  JudgedIdentifier judged{.statistics = &statistics, .cycle = 0.0, .regular = false};
   if (cycles.Count() < kCycles_MIN) return judged;
   judged.cycle = cycles.Median();
   judged.regular = judged.cycle > 0.0 &&
                    cycles.Between(judged.cycle / 2, judged.cycle * 2) * 4 >= cycles.Count() * 3;
-  if (judged.regular) judged.lost = cycles.Above(multiple * judged.cycle, judged.cycle);
   return judged;
 }
 
@@ -36,32 +35,30 @@ bool OfTheirOrder(const Gap& one, const Gap& other) {
 
 GapFinder::GapFinder(const RunStatistics& run, double multiple) : run_(run), last_(run.First()) {
   for (const IdentifierStatistics* const statistics : run.Identifiers()) {
-    result_.identifiers.push_back(Judged(*statistics, multiple));
-    const JudgedIdentifier& judged = result_.identifiers.back();
+    result_.identifiers.push_back(Judged(*statistics));
+  }
+  for (JudgedIdentifier& judged : result_.identifiers) {
     if (!judged.regular) continue;
-    followers_.push_back({.statistics = statistics,
-                          .cycle = judged.cycle,
+    followers_.push_back({.judged = &judged,
                           .limit = multiple * judged.cycle,
+                          .overdue = std::min(multiple, kOverdue) * judged.cycle,
                           .last = run.First()});
   }
   result_.is_judged = !followers_.empty();
-  std::ranges::stable_sort(followers_, {}, &Follower::cycle);
+  std::ranges::stable_sort(followers_, {},
+                           [](const Follower& follower) { return follower.judged->cycle; });
   for (const Follower& follower : followers_)
-    places_.emplace(follower.statistics->Key(), places_.size());
+    places_.emplace(follower.judged->statistics->Key(), places_.size());
 }
 
 void GapFinder::Add(const LogFrame& frame, double ahead) {
   const Moment moment{frame.time, ahead};
   const Pause pause{std::exchange(last_, moment), moment};
-  if (IsTooLongForOneThatWasSending(pause)) pause_ = pause;
+  if (IsTooLongForOneThatWasSending(pause)) AddPause(pause);
   const auto place = places_.find(KeyOf(frame.extended, frame.id));
   if (place == places_.end()) return;
   Follower& follower = followers_[place->second];
-  if (pause_ && WasSending(follower, pause_->begin)) {
-    const double cycle = follower.last.To(moment) - follower.common;
-    if (cycle > kOverdue * follower.cycle) AddCommon({pause_->begin, pause_->end});
-    pause_.reset();
-  }
+  Decide(follower, moment);
   Follow(follower, moment);
 }
 
@@ -71,57 +68,92 @@ bool GapFinder::WasSending(const Follower& follower, const Moment& moment) {
          silence - follower.common <= follower.limit;
 }
 
+GapFinder::Pauses::const_iterator GapFinder::PausesOf(const Follower& follower) const {
+  const auto first = std::ranges::find_if(
+      pauses_, [&](const Pause& pause) { return follower.last.To(pause.begin) >= 0.0; });
+  return first != pauses_.end() && WasSending(follower, first->begin) ? first : pauses_.end();
+}
+
 bool GapFinder::IsTooLongForOneThatWasSending(const Pause& pause) const {
   const double length = pause.begin.To(pause.end);
   for (const Follower& follower : followers_) {
     if (length <= follower.limit) return false;
-    if (WasSending(follower, pause.begin)) return true;
+    if (WasSending(follower, pause.begin) || PausesOf(follower) != pauses_.end()) return true;
   }
   return false;
 }
 
+bool GapFinder::IsOverdue(const Follower& follower, const Moment& moment) {
+  return follower.last.To(moment) - follower.common > follower.overdue;
+}
+
+void GapFinder::AddPause(const Pause& pause) {
+  if (pauses_.size() < kPauses_MAX) {
+    pauses_.push_back(pause);
+  } else {
+    pauses_.clear();
+  }
+}
+
+/// By its frame at this moment.
+void GapFinder::Decide(const Follower& follower, const Moment& moment) {
+  const auto first = PausesOf(follower);
+  if (first == pauses_.end()) return;
+  if (!IsOverdue(follower, moment)) return pauses_.clear();
+  const Pauses decided(first, pauses_.cend());
+  pauses_.erase(first, pauses_.end());
+  for (const Pause& pause : decided) AddCommon({pause.begin, pause.end});
+}
+
+void GapFinder::DecideAtTheEnd() {
+  const bool are_overdue = std::ranges::all_of(followers_, [&](const Follower& follower) {
+    return PausesOf(follower) == pauses_.end() || IsOverdue(follower, run_.Last());
+  });
+  if (!are_overdue) return;
+  for (const Pause& pause : pauses_) AddCommon({pause.begin, pause.end});
+}
+
 void GapFinder::AddCommon(const Silence& silence) {
-  common_gaps_.Add(silence);
+  common_gaps_.Add(silence, 0.0);
   for (Follower& follower : followers_) {
-    if (silence.length <= follower.cycle) return;
-    if (follower.last.time <= silence.begin) follower.common += silence.length;
+    if (silence.length <= follower.judged->cycle) return;
+    if (follower.last.time > silence.begin) continue;
+    follower.common += silence.length;
+    if (silence.length > follower.longest_common.length) follower.longest_common = silence;
   }
 }
 
 void GapFinder::Follow(Follower& follower, const Moment& moment) {
   const Silence silence(std::exchange(follower.last, moment), moment);
   const double common = std::exchange(follower.common, 0.0);
+  const Silence longest_common = std::exchange(follower.longest_common, {});
   const Gap::Edge edge = std::exchange(follower.edge, Gap::Edge::kNone);
-  if (silence.length - common <= follower.limit) return;
-  if (edge == Gap::Edge::kNone) {
-    follower.gaps.Add(silence);
+  if (silence.length <= follower.limit) return;
+  const bool is_own = silence.length - common > follower.limit;
+  const double lost = FramesLostIn(silence.length, follower.judged->cycle);
+  if (edge != Gap::Edge::kNone) {
+    if (is_own) result_.gaps.push_back({follower.judged->statistics, silence, lost, edge});
+    return;
+  }
+  ++follower.judged->gaps;
+  follower.judged->lost += lost;
+  if (is_own) {
+    follower.gaps.Add(silence, lost);
   } else {
-    Take(follower, silence, edge);
+    common_gaps_.Lose(longest_common, lost);
   }
-}
-
-void GapFinder::Take(const Follower& follower, const Silence& silence, Gap::Edge edge) {
-  result_.gaps.push_back(
-      {follower.statistics, silence, FramesLostIn(silence.length, follower.cycle), edge});
-}
-
-double GapFinder::LostOfAll(const Silence& silence) const {
-  double frames_per_ms = 0.0;
-  for (const Follower& follower : followers_) {
-    const IdentifierStatistics& its = *follower.statistics;
-    const bool goes_on = its.first.time <= silence.begin && its.last.time >= silence.end;
-    if (goes_on) frames_per_ms += 1.0 / follower.cycle;
-  }
-  return std::round(silence.length * frames_per_ms);
 }
 
 JudgedRun GapFinder::Result() {
-  for (const Silence& silence : common_gaps_.Kept()) {
-    result_.gaps.push_back({nullptr, silence, LostOfAll(silence)});
+  DecideAtTheEnd();
+  for (const auto& [silence, lost] : common_gaps_.TheKept()) {
+    result_.gaps.push_back({nullptr, silence, lost});
   }
   result_.gaps_left_out = common_gaps_.LeftOut();
   for (Follower& follower : followers_) {
-    for (const Silence& silence : follower.gaps.Kept()) Take(follower, silence, Gap::Edge::kNone);
+    for (const auto& [silence, lost] : follower.gaps.TheKept()) {
+      result_.gaps.push_back({follower.judged->statistics, silence, lost});
+    }
     result_.gaps_left_out += follower.gaps.LeftOut();
     follower.edge = Gap::Edge::kEnd;
     Follow(follower, run_.Last());

@@ -17,16 +17,17 @@ struct Gap {
 
   const IdentifierStatistics* identifier;  // null for all of them
   Silence silence;
-  double lost;  // frames that a message of this cycle would have sent
+  double lost;  // frames; of all, those of silences that are told of it alone
   Edge edge = Edge::kNone;
 };
 
 /// An identifier, and what is missing of it.
 struct JudgedIdentifier {
   const IdentifierStatistics* statistics;
-  double cycle;                // median; 0 of fewer than three frames
-  bool regular;                // has a cycle; without one it has no gaps
-  CycleStatistics::Lost lost;  // between its first and its last frame
+  double cycle;            // median; 0 of fewer than three frames
+  bool regular;            // has a cycle; without one it has no gaps
+  std::uint64_t gaps = 0;  // between its first and its last frame
+  double lost = 0.0;       // frames in them
 };
 
 struct JudgedRun {
@@ -47,17 +48,24 @@ struct JudgedRun {
 ///
 /// A silence of the bus is a gap of all where it is that long for one of the identifiers that were
 /// sending up to it, and the first frame behind it of any of these is overdue, later than twice its
-/// cycle. If that comes at its time, it was a pause, and whoever else is missing is so by itself.
+/// cycle; at the end of the log, where all of them are. If one comes at its time, it was a pause,
+/// and whoever else is missing is so by itself. So are silences that frames of others part, which
+/// begin no silence of those that were sending.
 ///
 /// One of all is told once. One of an identifier is its own where it is still that long without
-/// those of all within it that are longer than its cycle: in a shorter one it was not due.
+/// those of all within it that are longer than its cycle: in a shorter one it was not due. What was
+/// lost in it counts there, and else in the longest of all within it, so nothing counts twice.
 class GapFinder {
  public:
   // Gaps that are kept; all are counted.
   static constexpr std::size_t kCommon_MAX = 256;
   static constexpr std::size_t kOwn_MAX = 64;  // of each identifier
+  // Pauses that are undecided. With more of them the bus is one on which others send.
+  static constexpr std::size_t kPauses_MAX = 256;
 
   GapFinder(const RunStatistics& run, double multiple);
+  GapFinder(const GapFinder&) = delete;
+  GapFinder& operator=(const GapFinder&) = delete;
 
   /// As RunStatistics::Add.
   void Add(const LogFrame& frame, double ahead);
@@ -67,11 +75,12 @@ class GapFinder {
  private:
   /// A regular identifier on its way through the run.
   struct Follower {
-    const IdentifierStatistics* statistics;
-    double cycle;
+    JudgedIdentifier* judged;
     double limit;                        // ms; a longer silence is a gap
+    double overdue;                      // ms; a frame behind a longer one is
     Moment last;                         // frame; at first the run's begin
     double common = 0.0;                 // ms of gaps of all since that are longer than its cycle
+    Silence longest_common = {};         // of these
     Gap::Edge edge = Gap::Edge::kBegin;  // at which the silence is that goes on
     LongestSilences gaps{kOwn_MAX};
   };
@@ -81,19 +90,24 @@ class GapFinder {
     Moment begin;
     Moment end;
   };
+  using Pauses = std::vector<Pause>;
 
   /// Whether it was, up to this moment, and has not sent since.
   [[nodiscard]] static bool WasSending(const Follower& follower, const Moment& moment);
+  /// The undecided ones in the silence of one that was sending up to them, to the last.
+  [[nodiscard]] Pauses::const_iterator PausesOf(const Follower& follower) const;
   [[nodiscard]] bool IsTooLongForOneThatWasSending(const Pause& pause) const;
+  [[nodiscard]] static bool IsOverdue(const Follower& follower, const Moment& moment);
+  void AddPause(const Pause& pause);
+  void Decide(const Follower& follower, const Moment& moment);
+  void DecideAtTheEnd();
   void AddCommon(const Silence& silence);
   void Follow(Follower& follower, const Moment& moment);
-  void Take(const Follower& follower, const Silence& silence, Gap::Edge edge);
-  [[nodiscard]] double LostOfAll(const Silence& silence) const;
 
   const RunStatistics& run_;
   JudgedRun result_;
   Moment last_;
-  std::optional<Pause> pause_;  // too long, and none that was sending up to it has come since
+  Pauses pauses_;  // too long, and none that was sending up to them has come since
   LongestSilences common_gaps_{kCommon_MAX};
   std::vector<Follower> followers_;                        // by their cycles
   std::unordered_map<std::uint64_t, std::size_t> places_;  // of them, by their keys

@@ -101,8 +101,8 @@ std::string IdentifierJson(const JudgedIdentifier& identifier) {
       .Member("last_ms", NumberText(its.last.time))
       .Member("cycle_ms", CycleJson(its.cycles))
       .Member("lengths", LengthsJson(its.lengths))
-      .Member("gaps", identifier.regular ? std::to_string(identifier.lost.gaps) : "null")
-      .Member("lost", identifier.regular ? NumberText(identifier.lost.frames) : "null")
+      .Member("gaps", identifier.regular ? std::to_string(identifier.gaps) : "null")
+      .Member("lost", identifier.regular ? NumberText(identifier.lost) : "null")
       .Closed();
 }
 

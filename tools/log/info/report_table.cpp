@@ -109,8 +109,8 @@ class Table {
       name.resize(10, ' ');
       text_ += "  " + name + Padded(std::to_string(its.frames), 11) + cycle(its.cycles.Median()) +
                cycle(its.cycles.Least()) + cycle(its.cycles.Longest()) +
-               Padded(identifier.regular ? std::to_string(identifier.lost.gaps) : "-", 9) +
-               Padded(identifier.regular ? NumberText(identifier.lost.frames) : "-", 9) + "  " +
+               Padded(identifier.regular ? std::to_string(identifier.gaps) : "-", 9) +
+               Padded(identifier.regular ? NumberText(identifier.lost) : "-", 9) + "  " +
                LengthsText(its.lengths) + "\n";
     }
   }

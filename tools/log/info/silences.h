@@ -32,18 +32,26 @@ struct Silence {
 /// The longest of many silences, of equally long ones the first, and how many there were.
 class LongestSilences {
  public:
+  struct Kept {
+    Silence silence;
+    double lost;  // frames
+  };
+
   explicit LongestSilences(std::size_t most) : most_(most) {}
 
-  /// In the order of their begins.
-  void Add(const Silence& silence);
+  void Add(const Silence& silence, double lost);
+  /// So many more, in one that was added.
+  void Lose(const Silence& silence, double lost);
   /// In no order.
-  [[nodiscard]] const std::vector<Silence>& Kept() const { return kept_; }
+  [[nodiscard]] const std::vector<Kept>& TheKept() const { return kept_; }
   [[nodiscard]] std::uint64_t LeftOut() const { return count_ - kept_.size(); }
 
  private:
+  [[nodiscard]] bool IsTooShort(const Silence& silence) const;
+
   std::size_t most_;
   std::uint64_t count_ = 0;
-  std::vector<Silence> kept_;  // a heap with the one on top that goes first
+  std::vector<Kept> kept_;  // a heap with the one on top that goes first
 };
 
 }  // namespace tolvane::logtool
