@@ -150,6 +150,16 @@ TEST_F(LogCommand, ARunWithoutItsBeginIsToldByConvertToo) {
                           "\ntolvane-log: they begin at 2.5 ms: those ahead of them are missing\n");
 }
 
+TEST_F(LogCommand, TheBeginThatIsMissingIsThatOfTheFirstFileWithARecord) {
+  RollOverNow();
+  db.csv_DataInput(5.0, 0x100, 1, kBytes);
+  RollOverNow();
+  TakeFiles();
+  EXPECT_EQ(Run({"convert", "--to", "candump", Path("001"), Path("002")}), 0);
+  EXPECT_NE(messages.find("they begin at 5 ms: those ahead of them are missing"), std::string::npos)
+      << messages;
+}
+
 TEST_F(LogCommand, ManyPlacesWhereSomethingIsMissingAreCounted) {
   for (int i = 0; i < 30; ++i) {
     db.csv_DataInput(i, 0x100, 1, kBytes);

@@ -124,6 +124,15 @@ TEST_F(LogRuns, BeginWhereTheHeadSaysSomethingElse) {
   EXPECT_FALSE(runs[0].IsWholeAtItsBegin());
 }
 
+TEST_F(LogRuns, BehindAFileWithoutARecordMayLackTheirBegin) {
+  WriteFile({});
+  WriteFile({5, 6});
+  TakeFiles();
+  const auto runs = Runs({Path("001"), Path("002")});
+  ASSERT_EQ(runs.size(), 1U);
+  EXPECT_FALSE(runs[0].IsWholeAtItsBegin());
+}
+
 TEST_F(LogRuns, GoOnWhateverMomentTheirFilesWereWrittenAt) {
   WriteFile({0, 1});
   wall_clock.Set({2026, 11, 20, 5, 9, 50, 0});

@@ -92,8 +92,7 @@ class Command {
     Say(Counted(result.frames, "frame") + " of " + Counted(run.files.size(), "file") + ", from " +
         run.files.front().path + " to " + run.files.back().path);
     if (!run.IsWholeAtItsBegin()) {
-      Say("they begin at " + NumberText(*run.files.front().begins) +
-          " ms: those ahead of them are missing");
+      Say("they begin at " + NumberText(*run.Begins()) + " ms: those ahead of them are missing");
     }
     for (const std::string& seam : OddSeams(run, reader)) Say(seam);
     if (result.steps_back > 0) {

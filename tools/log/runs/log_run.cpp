@@ -116,6 +116,12 @@ bool BeginsRun(const LogFile& file, const LogRun& run, LogFiles& files) {
 
 }  // namespace
 
+std::optional<double> LogRun::Begins() const {
+  const auto first =
+      std::ranges::find_if(files, [](const LogFile& file) { return file.begins.has_value(); });
+  return first == files.end() ? std::nullopt : first->begins;
+}
+
 std::vector<LogRun> FindRuns(const std::vector<std::string>& paths, LogFiles& files,
                              Complaints& complaints) {
   std::vector<LogRun> runs;

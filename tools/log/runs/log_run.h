@@ -28,8 +28,10 @@ struct LogRun {
   std::vector<LogFile> files;
 
   [[nodiscard]] const LogHead& Head() const { return files.front().head; }
+  /// The time of the first record; none without one.
+  [[nodiscard]] std::optional<double> Begins() const;
   /// False when the files ahead of these are missing: the first frame of a run has the time 0.
-  [[nodiscard]] bool IsWholeAtItsBegin() const { return files.front().begins.value_or(0.0) == 0.0; }
+  [[nodiscard]] bool IsWholeAtItsBegin() const { return Begins().value_or(0.0) == 0.0; }
 };
 
 /// Looks into files that are in the order of their writing, and tells the runs apart. One begins
