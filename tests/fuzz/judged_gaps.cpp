@@ -49,7 +49,7 @@ void JudgeOneOfAll(const Gap& gap, const ToldOfAll& told, const Moment& end, dou
   bool is_overdue = false;
   for (const auto& [key, its] : told) {
     if (!its.judged->regular) continue;
-    is_too_long = is_too_long || silence.length > multiple * its.judged->cycle;
+    is_too_long = is_too_long || silence.length > multiple * its.judged->slow;
     for (std::size_t i = 1; i <= its.moments.size(); ++i) {
       const Silence around(its.moments[i - 1], i < its.moments.size() ? its.moments[i] : end);
       Require(!(around.begin > silence.begin && around.begin < silence.end));
@@ -58,14 +58,15 @@ void JudgeOneOfAll(const Gap& gap, const ToldOfAll& told, const Moment& end, dou
     }
   }
   Require(is_too_long && is_overdue);
-  Require(gap.lost >= 0.0 && gap.edge == Gap::Edge::kNone);
+  Require(gap.lost.value_or(1.0) > 0.0 && gap.edge == Gap::Edge::kNone);
 }
 
 void JudgeOwn(const Told& its, double multiple) {
   for (const Gap* const gap : its.own) {
     Require(its.judged->regular);
-    Require(gap->silence.length > multiple * its.judged->cycle);
-    Require(gap->lost == std::max(0.0, std::round(gap->silence.length / its.judged->cycle) - 1.0));
+    Require(gap->silence.length > multiple * its.judged->slow);
+    const double lost = std::max(0.0, std::round(gap->silence.length / its.judged->slow) - 1.0);
+    Require(gap->edge == Gap::Edge::kNone ? gap->lost == lost : !gap->lost);
   }
 }
 
@@ -75,7 +76,7 @@ void JudgeOwn(const Told& its, double multiple) {
 void JudgeThatNoneIsHidden(const Told& its, const std::vector<const Gap*>& of_all,
                            double multiple) {
   if (!its.judged->regular) return;
-  const double limit = multiple * its.judged->cycle;
+  const double limit = multiple * its.judged->slow;
   std::size_t own = 0;
   for (std::size_t i = 1; i < its.moments.size(); ++i) {
     const Silence silence(its.moments[i - 1], its.moments[i]);
@@ -100,7 +101,7 @@ void JudgeThatNoneIsHidden(const Told& its, const std::vector<const Gap*>& of_al
 void JudgeTheSums(const JudgedRun& run) {
   double of_gaps = 0.0;
   for (const Gap& gap : run.gaps) {
-    if (gap.edge == Gap::Edge::kNone) of_gaps += gap.lost;
+    if (gap.edge == Gap::Edge::kNone) of_gaps += gap.lost.value_or(0.0);
   }
   double of_identifiers = 0.0;
   for (const JudgedIdentifier& judged : run.identifiers) of_identifiers += judged.lost;

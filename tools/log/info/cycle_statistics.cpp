@@ -6,17 +6,25 @@
 
 namespace tolvane::logtool {
 
-double CycleStatistics::Median() const {
+double CycleStatistics::MedianAbove(double limit) const {
   std::vector<Row> rows;
   std::ranges::copy_if(rows_, std::back_inserter(rows),
-                       [](const Row& row) { return row.count > 0; });
+                       [&](const Row& row) { return row.count > 0 && row.Mean() > limit; });
   std::ranges::sort(rows, {}, &Row::key);
-  std::uint64_t left = (count_ + 1) / 2;
+  std::uint64_t left = (CountAbove(limit) + 1) / 2;
   for (const Row& row : rows) {
     if (row.count >= left) return row.Mean();
     left -= row.count;
   }
   return 0.0;
+}
+
+std::uint64_t CycleStatistics::CountAbove(double limit) const {
+  std::uint64_t count = 0;
+  for (const Row& row : rows_) {
+    if (row.count > 0 && row.Mean() > limit) count += row.count;
+  }
+  return count;
 }
 
 std::uint64_t CycleStatistics::Between(double low, double high) const {

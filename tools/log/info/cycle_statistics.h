@@ -26,7 +26,10 @@ class CycleStatistics {
   [[nodiscard]] double Least() const { return least_; }
   [[nodiscard]] double Longest() const { return longest_; }
   /// The one in the middle, of an even number the shorter one. 0 without any.
-  [[nodiscard]] double Median() const;
+  [[nodiscard]] double Median() const { return MedianAbove(-1.0); }
+  /// Of those longer than `limit`.
+  [[nodiscard]] double MedianAbove(double limit) const;
+  [[nodiscard]] std::uint64_t CountAbove(double limit) const;
   /// How many lie between, both ends included.
   [[nodiscard]] std::uint64_t Between(double low, double high) const;
 

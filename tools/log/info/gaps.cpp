@@ -10,16 +10,33 @@ namespace tolvane::logtool {
 namespace {
 
 constexpr std::uint64_t kCycles_MIN = 2;
+/// More than one in so many cycles is often enough for a rate; a few of a short log are not.
+constexpr std::uint64_t kOfSlowRate = 20;
+constexpr std::uint64_t kOfSlowRate_MIN = 3;
 /// Cycles after which a frame is overdue, if no fewer are a gap; a regular one seldom takes more.
 constexpr double kOverdue = 2.0;
 
-JudgedIdentifier Judged(const IdentifierStatistics& statistics) {
+/// Whether three in four of `count` cycles are like this one; above a limit, of those above it.
+bool AreLike(double cycle, const CycleStatistics& cycles, std::uint64_t count, double limit) {
+  return cycles.Between(std::max(limit, cycle / 2), cycle * 2) * 4 >= count * 3;
+}
+
+/// The cycle of the slower one of two rates; that of the only one.
+double SlowCycle(const CycleStatistics& cycles, double cycle, double multiple) {
+  const double limit = multiple * cycle;
+  const std::uint64_t too_long = cycles.CountAbove(limit);
+  if (too_long < kOfSlowRate_MIN || too_long * kOfSlowRate <= cycles.Count()) return cycle;
+  const double slow = cycles.MedianAbove(limit);
+  return AreLike(slow, cycles, too_long, limit) ? slow : cycle;
+}
+
+JudgedIdentifier Judged(const IdentifierStatistics& statistics, double multiple) {
   const CycleStatistics& cycles = statistics.cycles;
-  JudgedIdentifier judged{.statistics = &statistics, .cycle = 0.0, .regular = false};
+  JudgedIdentifier judged{.statistics = &statistics, .cycle = 0.0, .regular = false, .slow = 0.0};
   if (cycles.Count() < kCycles_MIN) return judged;
   judged.cycle = cycles.Median();
-  judged.regular = judged.cycle > 0.0 &&
-                   cycles.Between(judged.cycle / 2, judged.cycle * 2) * 4 >= cycles.Count() * 3;
+  judged.regular = judged.cycle > 0.0 && AreLike(judged.cycle, cycles, cycles.Count(), 0.0);
+  judged.slow = SlowCycle(cycles, judged.cycle, multiple);
   return judged;
 }
 
@@ -35,13 +52,13 @@ bool OfTheirOrder(const Gap& one, const Gap& other) {
 
 GapFinder::GapFinder(const RunStatistics& run, double multiple) : run_(run), last_(run.First()) {
   for (const IdentifierStatistics* const statistics : run.Identifiers()) {
-    result_.identifiers.push_back(Judged(*statistics));
+    result_.identifiers.push_back(Judged(*statistics, multiple));
   }
   for (JudgedIdentifier& judged : result_.identifiers) {
     if (!judged.regular) continue;
     followers_.push_back({.judged = &judged,
-                          .limit = multiple * judged.cycle,
-                          .overdue = std::min(multiple, kOverdue) * judged.cycle,
+                          .limit = multiple * judged.slow,
+                          .overdue = std::min(multiple, kOverdue) * judged.slow,
                           .last = run.First()});
   }
   result_.is_judged = !followers_.empty();
@@ -130,9 +147,9 @@ void GapFinder::Follow(Follower& follower, const Moment& moment) {
   const Gap::Edge edge = std::exchange(follower.edge, Gap::Edge::kNone);
   if (silence.length <= follower.limit) return;
   const bool is_own = silence.length - common > follower.limit;
-  const double lost = FramesLostIn(silence.length, follower.judged->cycle);
+  const double lost = FramesLostIn(silence.length, follower.judged->slow);
   if (edge != Gap::Edge::kNone) {
-    if (is_own) result_.gaps.push_back({follower.judged->statistics, silence, lost, edge});
+    if (is_own) result_.gaps.push_back({follower.judged->statistics, silence, {}, edge});
     return;
   }
   ++follower.judged->gaps;
@@ -147,7 +164,7 @@ void GapFinder::Follow(Follower& follower, const Moment& moment) {
 JudgedRun GapFinder::Result() {
   DecideAtTheEnd();
   for (const auto& [silence, lost] : common_gaps_.TheKept()) {
-    result_.gaps.push_back({nullptr, silence, lost});
+    result_.gaps.push_back({nullptr, silence, lost > 0.0 ? std::optional(lost) : std::nullopt});
   }
   result_.gaps_left_out = common_gaps_.LeftOut();
   for (Follower& follower : followers_) {

@@ -17,7 +17,9 @@ struct Gap {
 
   const IdentifierStatistics* identifier;  // null for all of them
   Silence silence;
-  double lost;  // frames; of all, those of silences that are told of it alone
+  /// Frames. At an edge of the log nobody knows how many there would have been, and of all those
+  /// count that are in no gap of their own.
+  std::optional<double> lost;
   Edge edge = Edge::kNone;
 };
 
@@ -26,6 +28,7 @@ struct JudgedIdentifier {
   const IdentifierStatistics* statistics;
   double cycle;            // median; 0 of fewer than three frames
   bool regular;            // has a cycle; without one it has no gaps
+  double slow;             // as the cycle, or that of its slower rate
   std::uint64_t gaps = 0;  // between its first and its last frame
   double lost = 0.0;       // frames in them
 };
@@ -44,7 +47,9 @@ struct JudgedRun {
 ///
 /// A gap is a silence longer than `multiple` times the cycle. Identifiers that come at odd times,
 /// as those of questions and answers do, have none; of a regular one three in four cycles lie
-/// between half and twice the median, both included.
+/// between half and twice the median, both included. Where more than one in twenty cycles, and
+/// three of them, are too long, and these are as alike, they are its slower rate, and a gap is
+/// `multiple` times that.
 ///
 /// A silence of the bus is a gap of all where it is that long for one of the identifiers that were
 /// sending up to it, and the first frame behind it of any of these is overdue, later than twice its

@@ -118,7 +118,7 @@ std::string GapJson(const Gap& gap) {
   return json.Member("begin_ms", NumberText(gap.silence.begin))
       .Member("end_ms", NumberText(gap.silence.end))
       .Member("silence_ms", NumberText(gap.silence.length))
-      .Member("lost", NumberText(gap.lost))
+      .Member("lost", gap.lost ? NumberText(*gap.lost) : "null")
       .Member("edge_of_log", std::string(kEdges[static_cast<std::size_t>(gap.edge)]))
       .Closed();
 }

@@ -146,7 +146,7 @@ class Table {
     name.resize(10, ' ');
     text_ += "  " + name + Padded(MsText(gap.silence.begin), 14) +
              Padded(MsText(gap.silence.end), 14) + Padded(MsText(gap.silence.length), 13) + " " +
-             Padded("about " + NumberText(gap.lost), 12);
+             Padded(gap.lost ? "about " + NumberText(*gap.lost) : "-", 12);
     text_ += kEdges[static_cast<std::size_t>(gap.edge)];
     text_ += "\n";
   }
