@@ -77,6 +77,7 @@ void GapFinder::Add(const LogFrame& frame, double ahead) {
   Follower& follower = followers_[place->second];
   Decide(follower, moment);
   Follow(follower, moment);
+  List(follower);
 }
 
 bool GapFinder::WasSending(const Follower& follower, const Moment& moment) {
@@ -91,13 +92,28 @@ GapFinder::Pauses::const_iterator GapFinder::PausesOf(const Follower& follower) 
   return first != pauses_.end() && WasSending(follower, first->begin) ? first : pauses_.end();
 }
 
-bool GapFinder::IsTooLongForOneThatWasSending(const Pause& pause) const {
+// One that has stopped is not looked at again before its next frame; while pauses are undecided,
+// they may yet explain its silence.
+bool GapFinder::IsTooLongForOneThatWasSending(const Pause& pause) {
   const double length = pause.begin.To(pause.end);
-  for (const Follower& follower : followers_) {
-    if (length <= follower.limit) return false;
-    if (WasSending(follower, pause.begin) || PausesOf(follower) != pauses_.end()) return true;
+  const auto was_sending = [&](const Follower* follower) {
+    return WasSending(*follower, pause.begin) || PausesOf(*follower) != pauses_.end();
+  };
+  const auto end = std::ranges::lower_bound(sending_, length, {}, &Follower::limit);
+  const auto first = std::find_if(sending_.begin(), end, was_sending);
+  const bool is_one = first != end;
+  if (pauses_.empty()) {
+    for (Follower* const follower : std::ranges::subrange(sending_.begin(), first))
+      follower->is_listed = false;
+    sending_.erase(sending_.begin(), first);
   }
-  return false;
+  return is_one;
+}
+
+void GapFinder::List(Follower& follower) {
+  if (std::exchange(follower.is_listed, true)) return;
+  sending_.insert(std::ranges::upper_bound(sending_, follower.limit, {}, &Follower::limit),
+                  &follower);
 }
 
 bool GapFinder::IsOverdue(const Follower& follower, const Moment& moment) {

@@ -87,6 +87,7 @@ class GapFinder {
     double common = 0.0;                 // ms of gaps of all since that are longer than its cycle
     Silence longest_common = {};         // of these
     Gap::Edge edge = Gap::Edge::kBegin;  // at which the silence is that goes on
+    bool is_listed = false;              // in sending_
     LongestSilences gaps{kOwn_MAX};
   };
 
@@ -101,8 +102,9 @@ class GapFinder {
   [[nodiscard]] static bool WasSending(const Follower& follower, const Moment& moment);
   /// The undecided ones in the silence of one that was sending up to them, to the last.
   [[nodiscard]] Pauses::const_iterator PausesOf(const Follower& follower) const;
-  [[nodiscard]] bool IsTooLongForOneThatWasSending(const Pause& pause) const;
+  [[nodiscard]] bool IsTooLongForOneThatWasSending(const Pause& pause);
   [[nodiscard]] static bool IsOverdue(const Follower& follower, const Moment& moment);
+  void List(Follower& follower);
   void AddPause(const Pause& pause);
   void Decide(const Follower& follower, const Moment& moment);
   void DecideAtTheEnd();
@@ -114,7 +116,8 @@ class GapFinder {
   Moment last_;
   Pauses pauses_;  // too long, and none that was sending up to them has come since
   LongestSilences common_gaps_{kCommon_MAX};
-  std::vector<Follower> followers_;                        // by their cycles
+  std::vector<Follower> followers_;  // by their cycles
+  std::vector<Follower*> sending_;   // or stopped and not missed yet, by limit
   std::unordered_map<std::uint64_t, std::size_t> places_;  // of them, by their keys
 };
 
