@@ -6,7 +6,7 @@
 set -euo pipefail
 
 export PATH="${PATH:-/usr/local/sbin:/usr/local/bin:/usr/sbin:/usr/bin:/sbin:/bin}"
-# An ordinary user's PATH lacks the folders of administrators' programs, such as debootstrap; each stands beside a `bin`.
+# An ordinary user's PATH lacks the folders of administrators' programs, such as debootstrap; each is beside a `bin`.
 add_sbin_folders() {
   local folder folders
   IFS=: read -ra folders <<<"$PATH"
@@ -81,8 +81,8 @@ need_folder() {
   fi
 }
 
-# path_fault PATH: prints why the simulated bench cannot be told the path, nothing when it can: its file is UTF-8, a line
-# to a path.
+# path_fault PATH: prints why the simulated bench cannot be told the path, nothing when it can: its file is UTF-8, a
+# line to a path.
 path_fault() {
   local LC_ALL=C
   if [[ $1 == *[[:cntrl:]]* ]]; then

@@ -111,8 +111,8 @@ wine_session() {
 }
 
 # wine_stay: Wine's own services and its desktop are there from now until the script ends. Otherwise a program starts
-# them and leaves them its standard output or its error output, so that whoever reads that waits for their end too. False
-# when they do not begin.
+# them and leaves them its standard output or its error output, so that whoever reads that waits for their end too.
+# False when they do not begin.
 wine_stay() {
   local answers
   answers=$(mktemp)
@@ -206,8 +206,8 @@ unlocked() { (drop_lock && exec setpriv --pdeathsig TERM "$@"); }
 
 wine() { unlocked wine "$@"; }
 
-# begin_unlocked COMMAND ARGS: the same in the background, as the process $!. A signal to this script alone acts while it
-# waits for such a process, and not while a command runs in the foreground.
+# begin_unlocked COMMAND ARGS: the same in the background, as the process $!. A signal to this script alone acts while
+# it waits for such a process, and not while a command runs in the foreground.
 begin_unlocked() { (drop_lock && exec setpriv --pdeathsig TERM "$@") & }
 
 pause() {

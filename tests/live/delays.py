@@ -1,8 +1,7 @@
 #!/usr/bin/env python3
 """How long lines took to the page: compares when the counted frames were printed (paced.py --sent) with when the page
-first showed them (tolvane_drive follow). Fails when too little was seen, or with a median above the limit.
-Single frames may be later: they wait for as long as other work has the processor. A machine that is always busy fails
-with its median; nothing is measured again for it."""
+first showed them (tolvane_drive follow). Fails when too little was seen, or when more than a fifth was later than the
+limit: frames wait for as long as other work has the processor, and nothing is measured again for it."""
 
 import argparse
 import statistics
@@ -10,6 +9,7 @@ import sys
 
 FEWEST = 100
 LIMIT = 50  # ms
+LATE = 0.2  # of all, at most
 
 
 def sent_times(text: str) -> dict[int, int]:
@@ -41,11 +41,10 @@ def main() -> int:
     if len(found) < FEWEST:
         print(f"error: the page has shown {len(found)} of the counted frames", file=sys.stderr)
         return 1
-    median = statistics.median(found)
     late = sum(delay > LIMIT for delay in found)
-    print(f"from the line to the page: median {median:.1f} ms, longest {max(found):.1f} ms, "
+    print(f"from the line to the page: median {statistics.median(found):.1f} ms, longest {max(found):.1f} ms, "
           f"{late} of {len(found)} above {LIMIT} ms")
-    return 0 if median <= LIMIT else 1
+    return 0 if late <= LATE * len(found) else 1
 
 
 if __name__ == "__main__":

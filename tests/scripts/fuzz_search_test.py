@@ -16,7 +16,8 @@ for word in "$@"; do
 done
 tell 10
 """
-END = 'kill -TERM "$PPID"; while :; do sleep 0.05; done'
+# When the script has begun all searches and waits for them.
+END = 'sleep 1; kill -TERM "$PPID"; while :; do sleep 0.05; done'
 
 
 class Search(Place):

@@ -114,15 +114,16 @@ class Measurement(unittest.TestCase):
                                  "45000 7E0  8   00 00 00 00 00 00 00 02     11ms\n")
         self.assertEqual([2.0, 9.0], delays.delays(sent, seen))
 
-    def test_a_median_above_50_ms_is_a_failure_and_single_frames_may_be_late(self):
+    def test_a_fifth_of_the_frames_may_be_late_and_no_more(self):
         with tempfile.TemporaryDirectory() as folder:
-            for late, status in ((49, 0), (51, 1)):
+            for late, status in ((20, 0), (21, 1)):
                 sent, seen = pathlib.Path(folder, "sent"), pathlib.Path(folder, "seen")
                 sent.write_text("".join(f"{n} {n * 1_000_000}\n" for n in range(100)), encoding="ascii")
-                seen.write_text("".join(f"{n * 1_000_000 + (51_000 if n < late else 49_000)} 7E0  8   "
-                                        f"{n.to_bytes(8, 'big').hex(' ')} 10ms\n" for n in range(100)), encoding="utf-8")
-                done = subprocess.run([sys.executable, "-B", delays.__file__, sent, seen], capture_output=True, text=True,
-                                      check=False)
+                rows = (f"{n * 1_000_000 + (51_000 if n < late else 49_000)} 7E0  8   {n.to_bytes(8, 'big').hex(' ')} 10ms\n"
+                        for n in range(100))
+                seen.write_text("".join(rows), encoding="utf-8")
+                done = subprocess.run([sys.executable, "-B", delays.__file__, sent, seen], capture_output=True,
+                                      text=True, check=False)
                 self.assertEqual((status, ""), (done.returncode, done.stderr))
                 self.assertIn(f"longest 51.0 ms, {late} of 100 above 50 ms\n", done.stdout)
 
