@@ -103,8 +103,7 @@ bool GapFinder::IsTooLongForOneThatWasSending(const Pause& pause) {
   const auto first = std::find_if(sending_.begin(), end, was_sending);
   const bool is_one = first != end;
   if (pauses_.empty()) {
-    for (Follower* const follower : std::ranges::subrange(sending_.begin(), first))
-      follower->is_listed = false;
+    std::for_each(sending_.begin(), first, [](Follower* follower) { follower->is_listed = false; });
     sending_.erase(sending_.begin(), first);
   }
   return is_one;
