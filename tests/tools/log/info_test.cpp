@@ -436,6 +436,30 @@ TEST_F(Gaps, SilencesThatAreOneInTwentyCyclesAreGapsAndMoreOfThemASlowerRate) {
   }
 }
 
+// Of a short log, they are more than one in twenty cycles, and yet no rate.
+TEST_F(Gaps, AFewSilencesThatAreAlikeAreGaps) {
+  const JudgedRun judged =
+      Judged({{0x100, 10.0}, {0x200, 100.0}}, 5500.0, [](auto id, double time) {
+        const double in_turn = std::fmod(time, 1500.0);
+        return id == 0x200 && time > 500.0 && in_turn > 0.0 && in_turn < 1000.0;
+      });
+  EXPECT_EQ(judged.identifiers[1].gaps, 3U);
+  EXPECT_EQ(judged.identifiers[1].lost, 27.0);
+}
+
+// One that comes at its time decides only what it was sending up to.
+TEST_F(Gaps, OfAllStayUndecidedBehindAPauseOfAnother) {
+  const JudgedRun judged =
+      Judged({{0x100, 10.0}, {0x200, 10.0}, {0x300, 1000.0}}, 60'000.0, [](auto id, double time) {
+        if (id == 0x100) return time > 10'000.0;
+        if (time < 40'000.0) return true;
+        return id == 0x200 && time > 45'000.0 && time < 47'500.0;
+      });
+  ASSERT_EQ(Common(judged).size(), 1U);
+  EXPECT_EQ(Common(judged)[0].silence.begin, 10'000.0);
+  EXPECT_EQ(Common(judged)[0].silence.end, 40'000.0);
+}
+
 // Silences of any length are no rate, however many they are.
 TEST_F(Gaps, ManySilencesThatAreNotAlikeAreGaps) {
   double time = 0.0;

@@ -12,9 +12,12 @@ namespace {
 constexpr std::uint64_t kCycles_MIN = 2;
 /// More than one in so many cycles is often enough for a rate; a few of a short log are not.
 constexpr std::uint64_t kOfSlowRate = 20;
-constexpr std::uint64_t kOfSlowRate_MIN = 3;
+constexpr std::uint64_t kOfSlowRate_MIN = 20;
 /// Cycles after which a frame is overdue, if no fewer are a gap; a regular one seldom takes more.
 constexpr double kOverdue = 2.0;
+/// Part of the silence of one that comes back which pauses of the bus make up at least, where they
+/// explain it.
+constexpr double kMost = 0.9;
 
 /// Whether three in four of `count` cycles are like this one; above a limit, of those above it.
 bool AreLike(double cycle, const CycleStatistics& cycles, std::uint64_t count, double limit) {
@@ -92,8 +95,8 @@ GapFinder::Pauses::const_iterator GapFinder::PausesOf(const Follower& follower) 
   return first != pauses_.end() && WasSending(follower, first->begin) ? first : pauses_.end();
 }
 
-// One that has stopped is not looked at again before its next frame; while pauses are undecided,
-// they may yet explain its silence.
+// One that has stopped, with no pause that may yet explain it, is not looked at again before its
+// next frame.
 bool GapFinder::IsTooLongForOneThatWasSending(const Pause& pause) {
   const double length = pause.begin.To(pause.end);
   const auto was_sending = [&](const Follower* follower) {
@@ -102,10 +105,8 @@ bool GapFinder::IsTooLongForOneThatWasSending(const Pause& pause) {
   const auto end = std::ranges::lower_bound(sending_, length, {}, &Follower::limit);
   const auto first = std::find_if(sending_.begin(), end, was_sending);
   const bool is_one = first != end;
-  if (pauses_.empty()) {
-    std::for_each(sending_.begin(), first, [](Follower* follower) { follower->is_listed = false; });
-    sending_.erase(sending_.begin(), first);
-  }
+  std::for_each(sending_.begin(), first, [](Follower* follower) { follower->is_listed = false; });
+  sending_.erase(sending_.begin(), first);
   return is_one;
 }
 
@@ -131,9 +132,11 @@ void GapFinder::AddPause(const Pause& pause) {
 void GapFinder::Decide(const Follower& follower, const Moment& moment) {
   const auto first = PausesOf(follower);
   if (first == pauses_.end()) return;
-  if (!IsOverdue(follower, moment)) return pauses_.clear();
   const Pauses decided(first, pauses_.cend());
   pauses_.erase(first, pauses_.end());
+  double silent = follower.common;
+  for (const Pause& pause : decided) silent += pause.begin.To(pause.end);
+  if (!IsOverdue(follower, moment) || silent < kMost * follower.last.To(moment)) return;
   for (const Pause& pause : decided) AddCommon({pause.begin, pause.end});
 }
 

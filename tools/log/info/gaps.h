@@ -47,15 +47,16 @@ struct JudgedRun {
 ///
 /// A gap is a silence longer than `multiple` times the cycle. Identifiers that come at odd times,
 /// as those of questions and answers do, have none; of a regular one three in four cycles lie
-/// between half and twice the median, both included. Where more than one in twenty cycles, and
-/// three of them, are too long, and these are as alike, they are its slower rate, and a gap is
-/// `multiple` times that.
+/// between half and twice the median, both included. Where more than one in twenty cycles, and at
+/// least twenty of them, are too long, and these are as alike, they are its slower rate: a gap is
+/// then `multiple` times that, and what was lost is reckoned by that too.
 ///
 /// A silence of the bus is a gap of all where it is that long for one of the identifiers that were
 /// sending up to it, and the first frame behind it of any of these is overdue, later than twice its
-/// cycle; at the end of the log, where all of them are. If one comes at its time, it was a pause,
-/// and whoever else is missing is so by itself. So are silences that frames of others part, which
-/// begin no silence of those that were sending.
+/// cycle or than a smaller `multiple`; at the end of the log, where all of them are. If one comes
+/// at its time, it was a pause, and whoever else is missing is so by itself. Frames of others may
+/// part it, as long as the bus is silent for nine tenths of the time in which the first that comes
+/// back was missing.
 ///
 /// One of all is told once. One of an identifier is its own where it is still that long without
 /// those of all within it that are longer than its cycle: in a shorter one it was not due. What was
@@ -66,7 +67,7 @@ class GapFinder {
   static constexpr std::size_t kCommon_MAX = 256;
   static constexpr std::size_t kOwn_MAX = 64;  // of each identifier
   // Pauses that are undecided. With more of them the bus is one on which others send.
-  static constexpr std::size_t kPauses_MAX = 256;
+  static constexpr std::size_t kPauses_MAX = 16;
 
   GapFinder(const RunStatistics& run, double multiple);
   GapFinder(const GapFinder&) = delete;
