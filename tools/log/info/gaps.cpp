@@ -15,8 +15,8 @@ constexpr std::uint64_t kOfSlowRate = 20;
 constexpr std::uint64_t kOfSlowRate_MIN = 20;
 /// Cycles after which a frame is overdue, if no fewer are a gap; a regular one seldom takes more.
 constexpr double kOverdue = 2.0;
-/// Part of the silence of one that comes back which pauses of the bus make up at least, where they
-/// explain it.
+/// Part that pauses of the bus have at least in the time from the first of them to the frame of one
+/// that comes back, where they are one silence that others part.
 constexpr double kMost = 0.9;
 
 /// Whether three in four of `count` cycles are like this one; above a limit, of those above it.
@@ -134,9 +134,10 @@ void GapFinder::Decide(const Follower& follower, const Moment& moment) {
   if (first == pauses_.end()) return;
   const Pauses decided(first, pauses_.cend());
   pauses_.erase(first, pauses_.end());
-  double silent = follower.common;
+  double silent = 0.0;
   for (const Pause& pause : decided) silent += pause.begin.To(pause.end);
-  if (!IsOverdue(follower, moment) || silent < kMost * follower.last.To(moment)) return;
+  const double whole = decided.front().begin.To(moment);
+  if (!IsOverdue(follower, moment) || silent < kMost * whole) return;
   for (const Pause& pause : decided) AddCommon({pause.begin, pause.end});
 }
 

@@ -55,8 +55,8 @@ struct JudgedRun {
 /// sending up to it, and the first frame behind it of any of these is overdue, later than twice its
 /// cycle or than a smaller `multiple`; at the end of the log, where all of them are. If one comes
 /// at its time, it was a pause, and whoever else is missing is so by itself. Frames of others may
-/// part it, as long as the bus is silent for nine tenths of the time in which the first that comes
-/// back was missing.
+/// part it, as long as the bus is silent for nine tenths of the time up to the first that comes
+/// back.
 ///
 /// One of all is told once. One of an identifier is its own where it is still that long without
 /// those of all within it that are longer than its cycle: in a shorter one it was not due. What was
