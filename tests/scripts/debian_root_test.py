@@ -53,8 +53,8 @@ class DebianRoot(PlayedMachine):
     def test_sudo_hands_the_proxies_on(self):
         self.play("id", "echo 1000")
         self.play("sudo", 'exec env -i PATH="$PATH" "$@"')
-        self.assertEqual((0, ["http://far:3128"]),
-                         self.bash("export http_proxy=http://far:3128\nas_root bash -c 'echo \"$http_proxy\"'"))
+        self.assertEqual((0, ["far:3128"]),
+                         self.bash("export http_proxy=far:3128\nas_root bash -c 'echo \"$http_proxy\"'"))
 
     def test_a_missing_tool(self):
         self.remove("debootstrap")
