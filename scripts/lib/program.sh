@@ -35,7 +35,13 @@ program_start() {
 }
 
 tolvane_drive=$build/windows-x64/tools/tolvane_drive.exe
-drive() { wine "$tolvane_drive" "$@"; }
+# Where it fails by itself it says why and ends with 1 to 3. Any other status is Wine's or a signal's, which say nothing.
+drive() {
+  local status=0
+  wine "$tolvane_drive" "$@" || status=$?
+  [ "$status" -le 3 ] || printf 'tolvane_drive ended with %s\n' "$status" >&2
+  return "$status"
+}
 drive_begin() { begin_unlocked wine "$tolvane_drive" "$@"; }
 
 drive_connect() {
