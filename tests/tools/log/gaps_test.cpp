@@ -274,6 +274,41 @@ TEST_F(Gaps, OfAllAreNoneOfAnIdentifierWhateverStraysIntoThem) {
   }
 }
 
+// They have a cycle of their own then, and would come at their time.
+TEST_F(Gaps, OfAllAreToldThoughStraysAreEvenlyApart) {
+  const JudgedRun judged = Judged({{0x100, 10.0}, {0x200, 100.0}, {0x7DF, 10'000.0}}, 65'000.0,
+                                  [](auto id, double time) {
+                                    return id == 0x7DF ? time < 20'000.0 || time > 40'000.0
+                                                       : time > 10'000.0 && time < 60'000.0;
+                                  });
+  ASSERT_TRUE(judged.identifiers[2].regular);
+  ASSERT_EQ(Common(judged).size(), 4U);
+  EXPECT_EQ(Common(judged)[0].silence.begin, 10'000.0);
+  EXPECT_EQ(Common(judged)[3].silence.end, 60'000.0);
+  EXPECT_EQ(Own(judged, 0x100).size(), 0U);
+  EXPECT_EQ(Own(judged, 0x200).size(), 0U);
+}
+
+// The first one behind the silence has lost one frame, and comes a little early.
+TEST_F(Gaps, OfAllAreToldWhereTheFirstBackIsNotQuiteTwoCyclesLate) {
+  constexpr double kLast = 20'000.0;
+  for (double time = 0.0; time <= 60'000.0; time += 10.0) {
+    const auto add = [&](std::uint32_t id, double at) {
+      Add({.time = at, .id = id, .extended = false, .bytes = 0, .length = 0, .data = {}}, 0.0);
+    };
+    if (time > kLast && time < kLast + 1960.0) continue;
+    const bool is_first_back = time == kLast + 1960.0;
+    if (is_first_back || (std::fmod(time, 1000.0) == 0.0 && time != kLast + 2000.0)) {
+      add(0x300, time);
+    }
+    if (!is_first_back) add(0x100, time);
+  }
+  const JudgedRun judged = Judged();
+  ASSERT_EQ(judged.gaps.size(), 1U);
+  EXPECT_EQ(judged.gaps[0].identifier, nullptr);
+  EXPECT_EQ(judged.gaps[0].silence.end, kLast + 1960.0);
+}
+
 // One that was not there ahead of the silence begins in it, goes on at its times, and so tells that
 // the bus was not silent; what it leaves between its frames is none of all.
 TEST_F(Gaps, OfOneThatIsMissingAreItsOwnWhereAnotherBegins) {
@@ -323,7 +358,7 @@ TEST_F(Gaps, OfAllAreToldWhereNobodyOfBeforeComesBack) {
 // The slow one is not due before the end, and the bus may have waited for it.
 TEST_F(Gaps, OfAllAreNotToldAtTheEndWhereOneIsNotOverdue) {
   const JudgedRun judged =
-      Judged({{0x100, 10.0}, {0x300, 100'000.0}, {0x7DF, 280'000.0}}, 290'000.0,
+      Judged({{0x100, 10.0}, {0x300, 50'000.0}, {0x7DF, 280'000.0}}, 290'000.0,
              [](auto id, double time) { return id == 0x100 && time > 250'000.0; });
   ASSERT_TRUE(judged.identifiers[1].regular);
   ASSERT_EQ(judged.gaps.size(), 1U);

@@ -13,8 +13,11 @@ constexpr std::uint64_t kCycles_MIN = 2;
 /// More than one in so many cycles is often enough for a rate; a few of a short log are not.
 constexpr std::uint64_t kOfSlowRate = 20;
 constexpr std::uint64_t kOfSlowRate_MIN = 20;
-/// Cycles after which a frame is overdue, if no fewer are a gap; a regular one seldom takes more.
-constexpr double kOverdue = 2.0;
+/// Cycles after which a frame is overdue, if no fewer are a gap. With one that was lost it is two,
+/// and either may come some tenths early or late.
+constexpr double kOverdue = 1.5;
+/// With fewer cycles an identifier decides nothing on the bus.
+constexpr std::uint64_t kCyclesThatDecide_MIN = 5;
 /// Part that pauses of the bus have at least in the time from the first of them to the frame of one
 /// that comes back, where they are one silence that others part.
 constexpr double kMost = 0.9;
@@ -62,6 +65,7 @@ GapFinder::GapFinder(const RunStatistics& run, double multiple) : run_(run), las
     followers_.push_back({.judged = &judged,
                           .limit = multiple * judged.slow,
                           .overdue = std::min(multiple, kOverdue) * judged.slow,
+                          .decides = judged.statistics->cycles.Count() >= kCyclesThatDecide_MIN,
                           .last = run.First()});
   }
   result_.is_judged = !followers_.empty();
@@ -78,9 +82,9 @@ void GapFinder::Add(const LogFrame& frame, double ahead) {
   const auto place = places_.find(KeyOf(frame.extended, frame.id));
   if (place == places_.end()) return;
   Follower& follower = followers_[place->second];
-  Decide(follower, moment);
+  if (follower.decides) Decide(follower, moment);
   Follow(follower, moment);
-  List(follower);
+  if (follower.decides) List(follower);
 }
 
 bool GapFinder::WasSending(const Follower& follower, const Moment& moment) {
@@ -143,7 +147,8 @@ void GapFinder::Decide(const Follower& follower, const Moment& moment) {
 
 void GapFinder::DecideAtTheEnd() {
   const bool are_overdue = std::ranges::all_of(followers_, [&](const Follower& follower) {
-    return PausesOf(follower) == pauses_.end() || IsOverdue(follower, run_.Last());
+    return !follower.decides || PausesOf(follower) == pauses_.end() ||
+           IsOverdue(follower, run_.Last());
   });
   if (!are_overdue) return;
   for (const Pause& pause : pauses_) AddCommon({pause.begin, pause.end});

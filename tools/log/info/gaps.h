@@ -52,11 +52,12 @@ struct JudgedRun {
 /// then `multiple` times that, and what was lost is reckoned by that too.
 ///
 /// A silence of the bus is a gap of all where it is that long for one of the identifiers that were
-/// sending up to it, and the first frame behind it of any of these is overdue, later than twice its
-/// cycle or than a smaller `multiple`; at the end of the log, where all of them are. If one comes
-/// at its time, it was a pause, and whoever else is missing is so by itself. Frames of others may
-/// part it, as long as the bus is silent for nine tenths of the time up to the first that comes
-/// back.
+/// sending up to it, and the first frame behind it of any of these is overdue, later than one and a
+/// half of its cycles or than a smaller `multiple`; at the end of the log, where all of them are.
+/// If one comes at its time, it was a pause, and whoever else is missing is so by itself. Frames of
+/// others may part it, as long as the bus is silent for nine tenths of the time up to the first
+/// that comes back. An identifier of fewer than five cycles is one of these others: three frames
+/// that stray into a silence may be evenly apart.
 ///
 /// One of all is told once. One of an identifier is its own where it is still that long without
 /// those of all within it that are longer than its cycle: in a shorter one it was not due. What was
@@ -84,6 +85,7 @@ class GapFinder {
     JudgedIdentifier* judged;
     double limit;                        // ms; a longer silence is a gap
     double overdue;                      // ms; a frame behind a longer one is
+    bool decides;                        // whether a silence was one of the bus
     Moment last;                         // frame; at first the run's begin
     double common = 0.0;                 // ms of gaps of all since that are longer than its cycle
     Silence longest_common = {};         // of these
