@@ -68,9 +68,9 @@ is_ahead() { [ -n "${process_ahead[$1]:-}" ]; }
 # collect_stage STAGE: waits until it has ended, tells what it said, and counts what it counted.
 collect_stage() {
   local p f s
-  until [ -e "$results/$1.counts" ] || [ ! -e "/proc/${process_ahead[$1]}" ]; do sleep 1; done
+  until [ -s "$results/$1.counts" ] || [ ! -e "/proc/${process_ahead[$1]}" ]; do sleep 1; done
   [ ! -e "$results/$1.txt" ] || cat "$results/$1.txt"
-  if [ -e "$results/$1.counts" ]; then
+  if [ -s "$results/$1.counts" ]; then
     read -r p f s <"$results/$1.counts"
     passed=$((passed + p)) failed=$((failed + f)) skipped=$((skipped + s))
   else

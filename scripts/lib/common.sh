@@ -16,7 +16,7 @@ add_sbin_folders() {
 }
 add_sbin_folders
 if [ -z "${HOME:-}" ]; then
-  HOME=$(getent passwd "$(id -u)" | cut -d: -f6)
+  HOME=$(getent passwd "$(id -u)" | cut -d: -f6) || HOME=""
   [ -n "$HOME" ] && [ -d "$HOME" ] || HOME=/tmp
   export HOME
 fi
@@ -65,7 +65,7 @@ find_become_root() {
     read -r _ _ group _ _ terminals_group _ <<<"${state##*) }"
     [[ $terminals_group -le 0 || $terminals_group -eq $group ]] || become_root+=(-n)
   fi
-  for proxy in http_proxy https_proxy; do
+  for proxy in http_proxy https_proxy no_proxy; do
     [ -z "${!proxy:-}" ] || proxies+=("$proxy=${!proxy}")
   done
   [ ${#proxies[@]} -eq 0 ] || become_root+=(env "${proxies[@]}")
@@ -73,6 +73,13 @@ find_become_root() {
 
 # rights_unasked: whether there are root rights without a password, also once sudo no longer remembers one.
 rights_unasked() { [ "$(id -u)" -eq 0 ] || sudo -k -n true 2>/dev/null; }
+
+# commit_obstacle: prints why git finds no commit here, nothing when it does. It may warn though it does, and may advise
+# behind the reason.
+commit_obstacle() {
+  local said
+  said=$(git -C "$root" rev-parse --verify HEAD 2>&1 >/dev/null) || grep -m 1 '^fatal: ' <<<"$said" || echo "$said"
+}
 
 # need_folder FOLDER ADVICE: makes the folder, or ends the script.
 need_folder() {
@@ -130,6 +137,17 @@ run_at_exit() {
   # A second Ctrl-C must not leave half of it running.
   trap '' INT TERM HUP
   for command in "${at_exit_commands[@]}"; do eval "$command" || true; done
+}
+# can_have COMMAND ARGS: whether it succeeds. It runs in a subshell, so a failure there does not end the script, and
+# everything it starts is ended again, also behind a signal.
+can_have() {
+  (
+    at_exit_commands=()
+    trap run_at_exit EXIT
+    trap 'exit 130' INT
+    trap 'exit 143' TERM
+    "$@"
+  )
 }
 # catch_the_end: from here on a signal ends this script by its number, and what was started is undone. Not while files
 # are still read: a trap that comes while bash reads a command substitution ends in a complaint of bash.

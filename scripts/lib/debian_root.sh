@@ -10,22 +10,35 @@ debian_root_path=/usr/local/sbin:/usr/local/bin:/usr/sbin:/usr/bin:/sbin:/bin
 # debian_root_obstacle: prints why no root can be made or entered here, nothing when it can. Operations that
 # may be forbidden are tried.
 debian_root_obstacle() {
-  local said probe
+  local said
   if [ "$(id -u)" -ne 0 ]; then
     command -v sudo >/dev/null || { echo "it needs root rights, and this machine has no sudo"; return; }
+    # Between the lines of other stages nobody would know what the question is for.
+    [ ! -t 2 ] || sudo -n true 2>/dev/null || say "a Debian root needs root rights, so sudo may ask for a password" >&2
     # Once asked, and then in the background, where nobody can answer.
     said=$(as_root true 2>&1 && sudo -n true 2>&1) ||
-      { echo "it needs root rights, and sudo says: ${said##*$'\n'}"; return; }
+      { echo "it needs root rights, and sudo says: $(reason_of "$said")"; return; }
   fi
   [ -e /proc/self/mountinfo ] || { echo "/proc is not mounted here"; return; }
   command -v debootstrap >/dev/null || { echo "debootstrap is not installed"; return; }
   mkdir -p "$build"
-  # A root that shows this machine's own files.
+  can_have debian_root_probe
+}
+
+# reason_of SAID: the last line of what sudo said, which with some settings tells behind it that it told others too.
+reason_of() {
+  local said=${1%$'\n'This incident *}
+  echo "${said##*$'\n'}"
+}
+
+# A root that shows this machine's own files.
+debian_root_probe() {
+  local said probe
   probe=$(mktemp -d "$build/root-probe.XXXXXX")
+  at_exit "debian_root_remove ${probe@Q}"
   mkdir -p "$probe"/{proc,dev/shm,dev/pts}
   said=$(debian_root_enter --bind / "$probe" /usr/bin/true 2>&1) ||
     echo "a root cannot be entered here: ${said##*$'\n'}"
-  debian_root_remove "$probe"
 }
 
 # debian_root_make FOLDER [ARCHITECTURE]: a bare Debian there, for the machine's own architecture if none
@@ -52,7 +65,7 @@ debian_root_archive() {
   new=$archive.new
   at_exit "rm -rf ${link@Q} ${new@Q}"
   ln -s "$folder" "$link/root"
-  as_root debootstrap --variant=minbase --arch="$arch" "$debian_release" "$link/root" \
+  http_proxy=$(debootstrap_proxy) as_root debootstrap --variant=minbase --arch="$arch" "$debian_release" "$link/root" \
     >"$debian_root_log" 2>&1 || { rm -r "$link"; return 1; }
   rm -r "$link"
   # The root need not survive a power failure, and packages are installed several times as fast without
@@ -61,6 +74,14 @@ debian_root_archive() {
   as_root chroot "$folder" /usr/bin/env PATH="$debian_root_path" apt-get clean
   as_root tar --directory "$folder" --numeric-owner -cf - . >"$new" 2>>"$debian_root_log" &&
     mv "$new" "$archive" && debian_root_remove "$folder" && mkdir "$folder"
+}
+
+# It reads no settings of apt, where Debian's installer writes the proxy.
+debootstrap_proxy() {
+  local set=""
+  eval "$(apt-config shell set Acquire::http::Proxy 2>/dev/null || true)"
+  set=${http_proxy:-$set}
+  [ "$set" = DIRECT ] || echo "$set"
 }
 
 # debian_root_network FOLDER: gives the root this machine's name resolution and settings for package servers.

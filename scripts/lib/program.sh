@@ -35,11 +35,11 @@ program_start() {
 }
 
 tolvane_drive=$build/windows-x64/tools/tolvane_drive.exe
-# Where it fails by itself it says why and ends with 1 to 3. Any other status is Wine's or a signal's, which say nothing.
+# It says why it fails; Wine and signals end it without a word.
 drive() {
   local status=0
   wine "$tolvane_drive" "$@" || status=$?
-  [ "$status" -le 3 ] || printf 'tolvane_drive ended with %s\n' "$status" >&2
+  [ "$status" -eq 0 ] || printf 'tolvane_drive ended with %s\n' "$status" >&2
   return "$status"
 }
 drive_begin() { begin_unlocked wine "$tolvane_drive" "$@"; }

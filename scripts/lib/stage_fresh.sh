@@ -48,8 +48,11 @@ skip_fresh() {
   count_skipped "fresh: $1"
   for stage in "${left_to_fresh[@]}"; do
     # shellcheck disable=SC2046 # a list of words
-    need_packages $(stage_groups "$stage")
-    run_stage "$stage"
+    if (need_packages $(stage_groups "$stage")); then
+      run_stage "$stage"
+    else
+      count_failed "$stage: its packages cannot be installed"
+    fi
   done
 }
 
@@ -76,10 +79,9 @@ fresh_in_root() {
 }
 
 fresh_obstacle() {
-  local said
-  said=$(git -C "$root" rev-parse --verify HEAD 2>&1 >/dev/null) ||
-    { echo "this checkout cannot be cloned: ${said##*$'\n'}"; return; }
-  debian_root_obstacle
+  local obstacle
+  obstacle=$(commit_obstacle)
+  if [ -n "$obstacle" ]; then echo "this checkout cannot be cloned: $obstacle"; else debian_root_obstacle; fi
 }
 
 # Nothing of the clone points outside it.

@@ -203,18 +203,6 @@ stage_soak() {
   build_all native soak_tests tolvane_soak benchmarks && run_ctest soak native -j2 -R '^soak\.'
 }
 
-# can_have COMMAND ARGS: whether it succeeds. It runs in a subshell, so a failure there does not end the other
-# stages, and everything it starts is ended again, also behind a signal.
-can_have() {
-  (
-    # shellcheck disable=SC2034 # for run_at_exit
-    at_exit_commands=()
-    trap run_at_exit EXIT
-    trap 'exit 143' TERM
-    "$@"
-  )
-}
-
 # Wine and the X server run from the first stage that needs them to the end of the script. Without Wine's services each
 # of these stages fails.
 services_failed=""

@@ -19,7 +19,7 @@ x86_obstacle() {
   obstacle=$(debian_root_obstacle)
   if [ -n "$obstacle" ]; then
     echo "$obstacle"
-  elif ! runs_32_bit_programs; then
+  elif ! can_have runs_32_bit_programs; then
     echo "this machine runs no 32-bit x86 programs"
   fi
 }
@@ -27,8 +27,9 @@ x86_obstacle() {
 # The smallest program for i386 Linux, which ends with 0: ELF header, one segment, three instructions
 # (mov eax, 1; xor ebx, ebx; int 0x80).
 runs_32_bit_programs() {
-  local program code=0
+  local program
   program=$(mktemp "$build/x86-probe.XXXXXX")
+  at_exit "rm -f ${program@Q}"
   {
     printf '\177ELF\1\1\1\0\0\0\0\0\0\0\0\0\2\0\3\0\1\0\0\0\x54\x80\4\10\x34\0\0\0\0\0\0\0\0\0\0\0'
     printf '\x34\0\x20\0\1\0\0\0\0\0\0\0'
@@ -36,9 +37,7 @@ runs_32_bit_programs() {
     printf '\xb8\1\0\0\0\x31\xdb\xcd\x80'
   } >"$program"
   chmod +x "$program"
-  "$program" 2>/dev/null || code=$?
-  rm "$program"
-  return "$code"
+  "$program" 2>/dev/null
 }
 
 # x86_make_root: false when it cannot be made; x86_reason tells why.

@@ -38,6 +38,12 @@ class DebianRoot(PlayedMachine):
         self.play("sudo", "echo 'We trust you have received'; echo 'sudo: a password is required' >&2; exit 1")
         self.assertEqual(["it needs root rights, and sudo says: sudo: a password is required"], self.obstacle())
 
+    def test_a_user_whom_sudo_refuses_and_reports(self):
+        self.play("id", "echo 1000")
+        self.play("sudo", "echo 'u is not in the sudoers file.'; "
+                          "echo 'This incident has been reported to the administrator.'; exit 1")
+        self.assertEqual(["it needs root rights, and sudo says: u is not in the sudoers file."], self.obstacle())
+
     def test_a_user_whom_sudo_serves(self):
         self.play("id", "echo 1000")
         self.play("sudo", '[ "$1" != -n ] || shift; exec "$@"')
@@ -53,8 +59,8 @@ class DebianRoot(PlayedMachine):
     def test_sudo_hands_the_proxies_on(self):
         self.play("id", "echo 1000")
         self.play("sudo", 'exec env -i PATH="$PATH" "$@"')
-        self.assertEqual((0, ["far:3128"]),
-                         self.bash("export http_proxy=far:3128\nas_root bash -c 'echo \"$http_proxy\"'"))
+        self.assertEqual((0, ["far:3128 near"]),
+                         self.bash("as_root bash -c 'echo \"$http_proxy $no_proxy\"'", http_proxy="far:3128", no_proxy="near"))
 
     def test_a_missing_tool(self):
         self.remove("debootstrap")
@@ -89,6 +95,14 @@ class DebianRoot(PlayedMachine):
         self.assertEqual((["--variant=minbase", "--arch=amd64"], "bookworm"), (options, release))
         self.assertNotIn(" ", folder.removeprefix(str(self.folder)))
 
+    def test_debootstrap_has_the_proxy_of_the_environment_or_of_apts_settings(self):
+        self.play("debootstrap", f'echo "${{http_proxy:-none}}" >"{self.folder}/called"; exit 1')
+        for environment, setting, proxy in ({}, "set:1", "set:1"), ({"http_proxy": "a:1"}, "set:1", "a:1"), \
+                ({}, "DIRECT", "none"), ({}, "", "none"):
+            self.play("apt-config", f"[ -z '{setting}' ] || echo \"$2='{setting}'\"")
+            self.bash(REASON, "packages", "debian_root", **environment)
+            self.assertEqual(proxy, (self.folder / "called").read_text(encoding="utf-8").strip())
+
     def test_the_root_has_the_proxies_of_this_machines_environment_and_of_its_settings(self):
         for tool in ("cp", "tee"):
             (self.bin / tool).symlink_to(shutil.which(tool))
@@ -114,6 +128,13 @@ class DebianRoot(PlayedMachine):
                 self.assertEqual(143, self.bash(REASON, "packages", "debian_root")[0])
                 self.assertEqual([], list(self.folder.glob("tmp.*")))
                 self.assertEqual([], list(self.folder.glob("build/roots/*.tar*")))
+
+    def test_an_interrupted_look_for_obstacles_leaves_no_file(self):
+        for signal, status in ("TERM", 143), ("INT", 130):
+            self.play("unshare", f'case "$*" in *--pid*) kill -{signal} -- -$$; kill -{signal} 0; sleep 5 ;; esac')
+            with self.subTest(signal):
+                self.assertEqual(status, self.bash("at_exit :\nsaid=$(debian_root_obstacle)", "packages", "debian_root")[0])
+                self.assertEqual([], list(self.folder.glob("build/root-probe*")))
 
     def test_a_root_is_left_though_what_runs_there_keeps_its_input(self):
         self.play("sudo", 'exec "$@"')

@@ -126,6 +126,17 @@ class Stages(unittest.TestCase):
                 stage_fresh; echo "$skipped"''').splitlines()
             self.assertEqual(["-- skipped: fresh: no roots here", *(f"ran {stage}" for stage in ran), "1"], said)
 
+    def test_a_stage_left_to_the_root_that_finds_no_packages_fails_and_the_next_one_runs(self):
+        said = self.bash("""left_to_fresh=(checks unit)
+            fresh_obstacle() { echo no roots here; }
+            need_packages() { [[ $* != *foreign* ]] || fail without root rights they cannot be installed; }
+            run_stage() { echo "ran $1"; }
+            stage_fresh; echo "$failed $skipped\"""").splitlines()
+        self.assertEqual(["-- skipped: fresh: no roots here",
+                          "-- failed: checks: its packages cannot be installed", "ran unit", "1 1"],
+                         [line for line in said if not line.startswith("error: ")])
+        self.assertIn("error: without root rights they cannot be installed", said)
+
     def test_a_root_without_a_way_to_packages_is_skipped(self):
         said = self.bash("""left_to_fresh=(unit)
             fresh_obstacle() { :; }

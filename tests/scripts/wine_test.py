@@ -50,8 +50,8 @@ class Services(PlayedMachine):
         self.assertEqual(1, self.bash('wine x; WINEPREFIX=$HOME/prefix wine_make_template', "wine")[0])
         self.assertEqual(["winemenubuilder.exe=d", "winemenubuilder.exe=d;mscoree,mshtml="], self.told())
 
-    def test_the_status_of_a_driver_that_cannot_say_why_it_failed_is_told(self):
-        for status, said in ((53, ["tolvane_drive ended with 53"]), (1, []), (0, [])):
+    def test_the_status_of_a_driver_that_fails_is_told(self):
+        for status, said in ((53, ["tolvane_drive ended with 53"]), (1, ["tolvane_drive ended with 1"]), (0, [])):
             self.play("wine", f"exit {status}")
             self.assertEqual((status, said), self.bash("drive close", "wine", "program"))
 

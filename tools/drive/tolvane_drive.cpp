@@ -84,7 +84,7 @@ int WaitWindow(const Arguments&) {
 int Click(const Arguments& arguments) {
   return Window().Click(ControlId(arguments[1]))
              ? 0
-             : Complain(arguments[1] + L" is absent or disabled");
+             : Complain(arguments[1] + L" is absent or disabled, or does not answer");
 }
 
 int Press(const Arguments& arguments) {
