@@ -14,6 +14,9 @@ namespace {
 
 using namespace tolvane::logtool;
 
+/// An identifier of so many may be one that strays into a silence.
+constexpr std::size_t kFewFrames = 5;
+
 /// What is told of one identifier, and its frames.
 struct Told {
   const JudgedIdentifier* judged = nullptr;
@@ -42,22 +45,28 @@ bool IsWithin(const Silence& inner, const Silence& outer) {
 }
 
 /// A silence between two frames of the run that follow one another, too long for one that came
-/// shortly ahead of it, and behind which an identifier is overdue, be it at the run's end.
+/// shortly ahead of it, and the first one that comes back behind it, be it at the run's end, is not
+/// one that comes at its time.
 void JudgeOneOfAll(const Gap& gap, const ToldOfAll& told, const Moment& end, double multiple) {
   const Silence& silence = gap.silence;
   bool is_too_long = false;
-  bool is_overdue = false;
+  double overdue = HUGE_VAL;      // ms, when the first one is back
+  double at_its_time = HUGE_VAL;  // of those that certainly decide
   for (const auto& [key, its] : told) {
     if (!its.judged->regular) continue;
     is_too_long = is_too_long || silence.length > multiple * its.judged->slow;
     for (std::size_t i = 1; i <= its.moments.size(); ++i) {
       const Silence around(its.moments[i - 1], i < its.moments.size() ? its.moments[i] : end);
       Require(!(around.begin > silence.begin && around.begin < silence.end));
-      is_overdue = is_overdue || (IsWithin(silence, around) &&
-                                  around.length > std::min(2.0, multiple) * its.judged->cycle);
+      if (!IsWithin(silence, around)) continue;
+      if (around.length > std::min(1.5, multiple) * its.judged->slow) {
+        overdue = std::min(overdue, around.end);
+      } else if (its.moments.size() > kFewFrames) {
+        at_its_time = std::min(at_its_time, around.end);
+      }
     }
   }
-  Require(is_too_long && is_overdue);
+  Require(is_too_long && overdue <= at_its_time);
   Require(gap.lost.value_or(1.0) > 0.0 && gap.edge == Gap::Edge::kNone);
 }
 
@@ -89,7 +98,10 @@ void JudgeThatNoneIsHidden(const Told& its, const std::vector<const Gap*>& of_al
     const bool is_told = std::ranges::any_of(its.own, [&](const Gap* gap) {
       return gap->silence.begin == silence.begin && gap->silence.end == silence.end;
     });
-    Require(is_told == (silence.length - common > limit));
+    const bool is_own = silence.length - common > limit;
+    // One of few frames may be back before a silence in which it was missing too is known as one of
+    // all.
+    Require(is_told == is_own || (is_told && its.moments.size() <= kFewFrames));
     own += is_told ? 1 : 0;
   }
   const auto edges =

@@ -166,6 +166,17 @@ TEST_F(Gaps, OfAllNeedNotBeLongForTheSlowOnes) {
   EXPECT_EQ(judged.gaps[0].silence.length, 600.0);
 }
 
+TEST_F(Gaps, OfAllHaveLostFramesOfThoseForWhichTheyAreNoGap) {
+  const JudgedRun judged =
+      Judged({{0x100, 10.0}, {0x200, 100.0}, {0x300, 1000.0}}, 60'000.0,
+             [](auto, double time) { return time > 20'300.0 && time < 21'250.0; });
+  ASSERT_EQ(judged.gaps.size(), 1U);
+  EXPECT_EQ(judged.gaps[0].lost, 94.0 + 9.0 + 1.0);
+  EXPECT_EQ(judged.identifiers[1].gaps, 1U);
+  EXPECT_EQ(judged.identifiers[2].gaps, 0U);
+  EXPECT_EQ(judged.identifiers[2].lost, 1.0);
+}
+
 // The first that is heard again is one that comes at odd times.
 TEST_F(Gaps, OfAllAreFoundWhoeverIsTheFirstBehindThem) {
   const JudgedRun judged =
@@ -178,7 +189,7 @@ TEST_F(Gaps, OfAllAreFoundWhoeverIsTheFirstBehindThem) {
   ASSERT_EQ(judged.gaps.size(), 1U);
   EXPECT_EQ(judged.gaps[0].identifier, nullptr);
   EXPECT_EQ(judged.gaps[0].silence.end, 23'995.0);
-  EXPECT_EQ(judged.gaps[0].lost, 399.0);
+  EXPECT_EQ(judged.gaps[0].lost, 399.0 + 3.0);
 }
 
 // The third identifier begins right behind the silence, and later stops for less than that.
@@ -287,6 +298,38 @@ TEST_F(Gaps, OfAllAreToldThoughStraysAreEvenlyApart) {
   EXPECT_EQ(Common(judged)[3].silence.end, 60'000.0);
   EXPECT_EQ(Own(judged, 0x100).size(), 0U);
   EXPECT_EQ(Own(judged, 0x200).size(), 0U);
+}
+
+// The slow one was there ahead of the silence, and comes at its times.
+TEST_F(Gaps, OfOneThatIsMissingAreItsOwnBesideOneOfFewCycles) {
+  const JudgedRun judged =
+      Judged({{0x100, 10.0}, {0x300, 1000.0}}, 4'800.0,
+             [](auto id, double time) { return id == 0x100 && time > 1'490.0 && time < 3'900.0; });
+  EXPECT_EQ(judged.identifiers[1].statistics->cycles.Count(), 4U);
+  EXPECT_TRUE(Common(judged).empty());
+  EXPECT_EQ(Own(judged, 0x100).at(0).lost, 240.0);
+}
+
+// Another goes on at odd times, and sometimes leaves the bus silent for a moment.
+TEST_F(Gaps, OfOneThatStopsShortlyAheadOfTheEndAreItsOwn) {
+  const double steps[] = {60.0, 7.0, 7.0};
+  std::size_t step = 0;
+  double other = 0.0;
+  for (double time = 0.0; time <= 60'000.0; time += 1.0) {
+    const auto add = [&](std::uint32_t id) {
+      Add({.time = time, .id = id, .extended = false, .bytes = 0, .length = 0, .data = {}}, 0.0);
+    };
+    if (time == other) {
+      add(0x7DF);
+      other += steps[step++ % 3];
+    }
+    if (time <= 59'100.0 && std::fmod(time, 10.0) == 0.0) add(0x100);
+  }
+  const JudgedRun judged = Judged();
+  ASSERT_FALSE(judged.identifiers[1].regular);
+  EXPECT_TRUE(Common(judged).empty());
+  ASSERT_EQ(judged.gaps.size(), 1U);
+  EXPECT_EQ(Own(judged, 0x100).at(0).edge, Gap::Edge::kEnd);
 }
 
 // The first one behind the silence has lost one frame, and comes a little early.
@@ -414,6 +457,22 @@ TEST_F(Gaps, SilencesThatAreOneInTwentyCyclesAreGapsAndMoreOfThemASlowerRate) {
         [&](auto id, double time) { return id == 0x200 && std::fmod(time, 1000.0) >= frames; });
     EXPECT_EQ(judged.identifiers[1].gaps, frames > 19.0 ? 60U : 0U) << frames;
   }
+}
+
+// Those as long as the limit are no gaps, and tell nothing of how alike the gaps are.
+TEST_F(Gaps, CyclesAtTheLimitMakeNoSlowerRate) {
+  double time = 0.0;
+  const auto add = [&](double cycle, int count) {
+    for (int i = 0; i < count; ++i) {
+      time += cycle;
+      Add({.time = time, .id = 1, .extended = false, .bytes = 0, .length = 0, .data = {}}, 0.0);
+    }
+  };
+  add(10.0, 800);
+  add(50.0, 200);
+  add(60.0, 30);
+  add(1000.0, 29);
+  EXPECT_EQ(Judged().identifiers[0].gaps, 59U);
 }
 
 // Of a short log, they are more than one in twenty cycles, and yet no rate.

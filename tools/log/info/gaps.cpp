@@ -16,7 +16,7 @@ constexpr std::uint64_t kOfSlowRate_MIN = 20;
 /// Cycles after which a frame is overdue, if no fewer are a gap. With one that was lost it is two,
 /// and either may come some tenths early or late.
 constexpr double kOverdue = 1.5;
-/// With fewer cycles an identifier decides nothing on the bus.
+/// With fewer cycles an identifier may be one that strays into a silence.
 constexpr std::uint64_t kCyclesThatDecide_MIN = 5;
 /// Part that pauses of the bus have at least in the time from the first of them to the frame of one
 /// that comes back, where they are one silence that others part.
@@ -24,7 +24,8 @@ constexpr double kMost = 0.9;
 
 /// Whether three in four of `count` cycles are like this one; above a limit, of those above it.
 bool AreLike(double cycle, const CycleStatistics& cycles, std::uint64_t count, double limit) {
-  return cycles.Between(std::max(limit, cycle / 2), cycle * 2) * 4 >= count * 3;
+  const double least = std::max(std::nextafter(limit, HUGE_VAL), cycle / 2);
+  return cycles.Between(least, cycle * 2) * 4 >= count * 3;
 }
 
 /// The cycle of the slower one of two rates; that of the only one.
@@ -65,7 +66,7 @@ GapFinder::GapFinder(const RunStatistics& run, double multiple) : run_(run), las
     followers_.push_back({.judged = &judged,
                           .limit = multiple * judged.slow,
                           .overdue = std::min(multiple, kOverdue) * judged.slow,
-                          .decides = judged.statistics->cycles.Count() >= kCyclesThatDecide_MIN,
+                          .is_known = judged.statistics->cycles.Count() >= kCyclesThatDecide_MIN,
                           .last = run.First()});
   }
   result_.is_judged = !followers_.empty();
@@ -82,9 +83,9 @@ void GapFinder::Add(const LogFrame& frame, double ahead) {
   const auto place = places_.find(KeyOf(frame.extended, frame.id));
   if (place == places_.end()) return;
   Follower& follower = followers_[place->second];
-  if (follower.decides) Decide(follower, moment);
+  if (MayDecide(follower)) Decide(follower, moment);
   Follow(follower, moment);
-  if (follower.decides) List(follower);
+  List(follower);
 }
 
 bool GapFinder::WasSending(const Follower& follower, const Moment& moment) {
@@ -97,6 +98,10 @@ GapFinder::Pauses::const_iterator GapFinder::PausesOf(const Follower& follower) 
   const auto first = std::ranges::find_if(
       pauses_, [&](const Pause& pause) { return follower.last.To(pause.begin) >= 0.0; });
   return first != pauses_.end() && WasSending(follower, first->begin) ? first : pauses_.end();
+}
+
+bool GapFinder::MayDecide(const Follower& follower) const {
+  return follower.is_known || (!pauses_.empty() && follower.last.To(pauses_.front().begin) >= 0.0);
 }
 
 // One that has stopped, with no pause that may yet explain it, is not looked at again before its
@@ -138,28 +143,29 @@ void GapFinder::Decide(const Follower& follower, const Moment& moment) {
   if (first == pauses_.end()) return;
   const Pauses decided(first, pauses_.cend());
   pauses_.erase(first, pauses_.end());
-  double silent = 0.0;
-  for (const Pause& pause : decided) silent += pause.begin.To(pause.end);
-  const double whole = decided.front().begin.To(moment);
-  if (!IsOverdue(follower, moment) || silent < kMost * whole) return;
-  for (const Pause& pause : decided) AddCommon({pause.begin, pause.end});
+  if (IsOverdue(follower, moment)) AddCommon(decided, moment);
 }
 
 void GapFinder::DecideAtTheEnd() {
   const bool are_overdue = std::ranges::all_of(followers_, [&](const Follower& follower) {
-    return !follower.decides || PausesOf(follower) == pauses_.end() ||
+    return !MayDecide(follower) || PausesOf(follower) == pauses_.end() ||
            IsOverdue(follower, run_.Last());
   });
-  if (!are_overdue) return;
-  for (const Pause& pause : pauses_) AddCommon({pause.begin, pause.end});
+  if (are_overdue && !pauses_.empty()) AddCommon(pauses_, pauses_.back().end);
+}
+
+void GapFinder::AddCommon(const Pauses& pauses, const Moment& end) {
+  double silent = 0.0;
+  for (const Pause& pause : pauses) silent += pause.begin.To(pause.end);
+  if (silent < kMost * pauses.front().begin.To(end)) return;
+  for (const Pause& pause : pauses) AddCommon({pause.begin, pause.end});
 }
 
 void GapFinder::AddCommon(const Silence& silence) {
   common_gaps_.Add(silence, 0.0);
   for (Follower& follower : followers_) {
-    if (silence.length <= follower.judged->cycle) return;
     if (follower.last.time > silence.begin) continue;
-    follower.common += silence.length;
+    if (silence.length > follower.judged->cycle) follower.common += silence.length;
     if (silence.length > follower.longest_common.length) follower.longest_common = silence;
   }
 }
@@ -169,14 +175,16 @@ void GapFinder::Follow(Follower& follower, const Moment& moment) {
   const double common = std::exchange(follower.common, 0.0);
   const Silence longest_common = std::exchange(follower.longest_common, {});
   const Gap::Edge edge = std::exchange(follower.edge, Gap::Edge::kNone);
-  if (silence.length <= follower.limit) return;
+  const bool is_gap = silence.length > follower.limit;
   const bool is_own = silence.length - common > follower.limit;
-  const double lost = FramesLostIn(silence.length, follower.judged->slow);
   if (edge != Gap::Edge::kNone) {
     if (is_own) result_.gaps.push_back({follower.judged->statistics, silence, {}, edge});
     return;
   }
-  ++follower.judged->gaps;
+  // One of all that is no gap of the identifier may have cost it some frames all the same.
+  if (!is_gap && longest_common.length == 0.0) return;
+  const double lost = FramesLostIn(silence.length, follower.judged->slow);
+  follower.judged->gaps += is_gap ? 1 : 0;
   follower.judged->lost += lost;
   if (is_own) {
     follower.gaps.Add(silence, lost);

@@ -30,7 +30,7 @@ struct JudgedIdentifier {
   bool regular;            // has a cycle; without one it has no gaps
   double slow;             // as the cycle, or that of its slower rate
   std::uint64_t gaps = 0;  // between its first and its last frame
-  double lost = 0.0;       // frames in them
+  double lost = 0.0;       // frames in them, and in those of all that are short for it
 };
 
 struct JudgedRun {
@@ -56,12 +56,14 @@ struct JudgedRun {
 /// half of its cycles or than a smaller `multiple`; at the end of the log, where all of them are.
 /// If one comes at its time, it was a pause, and whoever else is missing is so by itself. Frames of
 /// others may part it, as long as the bus is silent for nine tenths of the time up to the first
-/// that comes back. An identifier of fewer than five cycles is one of these others: three frames
-/// that stray into a silence may be evenly apart.
+/// that comes back, or to the end of the last part where none does. An identifier of fewer than
+/// five cycles that was not there ahead of the silence is one of these others: three frames that
+/// stray into it may be evenly apart.
 ///
 /// One of all is told once. One of an identifier is its own where it is still that long without
 /// those of all within it that are longer than its cycle: in a shorter one it was not due. What was
 /// lost in it counts there, and else in the longest of all within it, so nothing counts twice.
+/// There counts too what those have lost for which it was no gap.
 class GapFinder {
  public:
   // Gaps that are kept; all are counted.
@@ -85,10 +87,10 @@ class GapFinder {
     JudgedIdentifier* judged;
     double limit;                        // ms; a longer silence is a gap
     double overdue;                      // ms; a frame behind a longer one is
-    bool decides;                        // whether a silence was one of the bus
+    bool is_known;                       // from cycles enough
     Moment last;                         // frame; at first the run's begin
     double common = 0.0;                 // ms of gaps of all since that are longer than its cycle
-    Silence longest_common = {};         // of these
+    Silence longest_common = {};         // of all since
     Gap::Edge edge = Gap::Edge::kBegin;  // at which the silence is that goes on
     bool is_listed = false;              // in sending_
     LongestSilences gaps{kOwn_MAX};
@@ -106,11 +108,15 @@ class GapFinder {
   /// The undecided ones in the silence of one that was sending up to them, to the last.
   [[nodiscard]] Pauses::const_iterator PausesOf(const Follower& follower) const;
   [[nodiscard]] bool IsTooLongForOneThatWasSending(const Pause& pause);
+  /// One of few cycles only on silences that began behind its last frame.
+  [[nodiscard]] bool MayDecide(const Follower& follower) const;
   [[nodiscard]] static bool IsOverdue(const Follower& follower, const Moment& moment);
   void List(Follower& follower);
   void AddPause(const Pause& pause);
   void Decide(const Follower& follower, const Moment& moment);
   void DecideAtTheEnd();
+  /// If they are most of the time up to the end.
+  void AddCommon(const Pauses& pauses, const Moment& end);
   void AddCommon(const Silence& silence);
   void Follow(Follower& follower, const Moment& moment);
 
