@@ -332,6 +332,43 @@ TEST_F(Gaps, OfOneThatStopsShortlyAheadOfTheEndAreItsOwn) {
   EXPECT_EQ(Own(judged, 0x100).at(0).edge, Gap::Edge::kEnd);
 }
 
+// A slow one rests, and is told to have lost no more than the silence of all had room for.
+TEST_F(Gaps, OfAllHaveNotLostWhatASlowOneWasMissingAroundThem) {
+  const JudgedRun judged =
+      Judged({{0x100, 10.0}, {0x300, 1000.0}}, 60'000.0, [](auto id, double time) {
+        return id == 0x300 ? time > 18'500.0 && time < 22'500.0
+                           : time > 20'300.0 && time < 20'390.0;
+      });
+  ASSERT_EQ(Common(judged).size(), 1U);
+  EXPECT_EQ(Common(judged)[0].lost, 8.0 + 1.0);
+}
+
+// Others have begun ahead of the second one, and others again behind it.
+TEST_F(Gaps, OfAllAreToldAsOftenAsNobodyOfBeforeComesBack) {
+  const JudgedRun judged =
+      Judged({{0x100, 10.0}, {0x200, 10.0}, {0x300, 10.0}}, 60'000.0, [](auto id, double time) {
+        if (id == 0x100) return time > 20'000.0;
+        return id == 0x200 ? time < 23'000.0 || time > 40'000.0 : time < 43'000.0;
+      });
+  ASSERT_EQ(Common(judged).size(), 2U);
+  EXPECT_EQ(Common(judged)[0].silence.begin, 20'000.0);
+  EXPECT_EQ(Common(judged)[1].silence.end, 43'000.0);
+}
+
+// Four frames right behind one another have a cycle, by which any silence would be too long.
+TEST_F(Gaps, OfABurstMakeNoneOfAll) {
+  for (double time = 0.0; time <= 10'000.0; time += 1.0) {
+    const auto add = [&](std::uint32_t id) {
+      Add({.time = time, .id = id, .extended = false, .bytes = 0, .length = 0, .data = {}}, 0.0);
+    };
+    if (std::fmod(time, 10.0) == 0.0 && time != 5'010.0) add(0x100);
+    if (time > 5'000.0 && time < 5'005.0) add(0x7E8);
+  }
+  const JudgedRun judged = Judged();
+  ASSERT_TRUE(judged.identifiers[1].regular);
+  EXPECT_TRUE(Common(judged).empty());
+}
+
 // The first one behind the silence has lost one frame, and comes a little early.
 TEST_F(Gaps, OfAllAreToldWhereTheFirstBackIsNotQuiteTwoCyclesLate) {
   constexpr double kLast = 20'000.0;

@@ -85,7 +85,7 @@ void GapFinder::Add(const LogFrame& frame, double ahead) {
   Follower& follower = followers_[place->second];
   if (MayDecide(follower)) Decide(follower, moment);
   Follow(follower, moment);
-  List(follower);
+  if (follower.is_known) List(follower);
 }
 
 bool GapFinder::WasSending(const Follower& follower, const Moment& moment) {
@@ -151,7 +151,22 @@ void GapFinder::DecideAtTheEnd() {
     return !MayDecide(follower) || PausesOf(follower) == pauses_.end() ||
            IsOverdue(follower, run_.Last());
   });
-  if (are_overdue && !pauses_.empty()) AddCommon(pauses_, pauses_.back().end);
+  if (!are_overdue) return;
+  // What one identifier was missing from on is one silence, and another identifier may have begun
+  // in between and stopped for another one.
+  std::vector<bool> begins(pauses_.size() + 1, false);
+  begins.back() = true;
+  for (const Follower& follower : followers_) {
+    const auto first = PausesOf(follower);
+    if (follower.is_known) begins[static_cast<std::size_t>(first - pauses_.begin())] = true;
+  }
+  for (auto first = pauses_.begin(); first != pauses_.end();) {
+    auto last = first;
+    do ++last;
+    while (!begins[static_cast<std::size_t>(last - pauses_.begin())]);
+    AddCommon(Pauses(first, last), std::prev(last)->end);
+    first = last;
+  }
 }
 
 void GapFinder::AddCommon(const Pauses& pauses, const Moment& end) {
@@ -166,6 +181,7 @@ void GapFinder::AddCommon(const Silence& silence) {
   for (Follower& follower : followers_) {
     if (follower.last.time > silence.begin) continue;
     if (silence.length > follower.judged->cycle) follower.common += silence.length;
+    follower.every_common += silence.length;
     if (silence.length > follower.longest_common.length) follower.longest_common = silence;
   }
 }
@@ -173,6 +189,7 @@ void GapFinder::AddCommon(const Silence& silence) {
 void GapFinder::Follow(Follower& follower, const Moment& moment) {
   const Silence silence(std::exchange(follower.last, moment), moment);
   const double common = std::exchange(follower.common, 0.0);
+  const double every_common = std::exchange(follower.every_common, 0.0);
   const Silence longest_common = std::exchange(follower.longest_common, {});
   const Gap::Edge edge = std::exchange(follower.edge, Gap::Edge::kNone);
   const bool is_gap = silence.length > follower.limit;
@@ -181,9 +198,13 @@ void GapFinder::Follow(Follower& follower, const Moment& moment) {
     if (is_own) result_.gaps.push_back({follower.judged->statistics, silence, {}, edge});
     return;
   }
-  // One of all that is no gap of the identifier may have cost it some frames all the same.
-  if (!is_gap && longest_common.length == 0.0) return;
-  const double lost = FramesLostIn(silence.length, follower.judged->slow);
+  double lost = FramesLostIn(silence.length, follower.judged->slow);
+  if (!is_gap) {
+    // Those of all within it may have cost it frames all the same, but no more than they had room
+    // for.
+    if (every_common == 0.0) return;
+    lost = std::min(lost, std::ceil(every_common / follower.judged->slow));
+  }
   follower.judged->gaps += is_gap ? 1 : 0;
   follower.judged->lost += lost;
   if (is_own) {

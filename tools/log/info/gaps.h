@@ -51,14 +51,14 @@ struct JudgedRun {
 /// least twenty of them, are too long, and these are as alike, they are its slower rate: a gap is
 /// then `multiple` times that, and what was lost is reckoned by that too.
 ///
-/// A silence of the bus is a gap of all where it is that long for one of the identifiers that were
-/// sending up to it, and the first frame behind it of any of these is overdue, later than one and a
-/// half of its cycles or than a smaller `multiple`; at the end of the log, where all of them are.
-/// If one comes at its time, it was a pause, and whoever else is missing is so by itself. Frames of
-/// others may part it, as long as the bus is silent for nine tenths of the time up to the first
-/// that comes back, or to the end of the last part where none does. An identifier of fewer than
-/// five cycles that was not there ahead of the silence is one of these others: three frames that
-/// stray into it may be evenly apart.
+/// A silence of the bus is a gap of all where it is that long for one of the identifiers, of five
+/// cycles or more, that were sending up to it, and the first frame behind it of any of these is
+/// overdue, later than one and a half of its cycles or than a smaller `multiple`; at the end of the
+/// log, where all of them are. If one comes at its time, it was a pause, and whoever else is
+/// missing is so by itself. Frames of others may part it, as long as the bus is silent for nine
+/// tenths of the time up to the first that comes back, or to the end of the last part where none
+/// does. An identifier of fewer than five cycles that was not there ahead of the silence is one of
+/// these others: three frames that stray into it may be evenly apart.
 ///
 /// One of all is told once. One of an identifier is its own where it is still that long without
 /// those of all within it that are longer than its cycle: in a shorter one it was not due. What was
@@ -90,7 +90,8 @@ class GapFinder {
     bool is_known;                       // from cycles enough
     Moment last;                         // frame; at first the run's begin
     double common = 0.0;                 // ms of gaps of all since that are longer than its cycle
-    Silence longest_common = {};         // of all since
+    double every_common = 0.0;           // ms of all since
+    Silence longest_common = {};         // of these
     Gap::Edge edge = Gap::Edge::kBegin;  // at which the silence is that goes on
     bool is_listed = false;              // in sending_
     LongestSilences gaps{kOwn_MAX};
