@@ -16,7 +16,7 @@ add_sbin_folders() {
 }
 add_sbin_folders
 if [ -z "${HOME:-}" ]; then
-  HOME=$(getent passwd "$(id -u)" | cut -d: -f6) || HOME=""
+  HOME=$(getent passwd "$(id -u)" 2>/dev/null | cut -d: -f6) || HOME=""
   [ -n "$HOME" ] && [ -d "$HOME" ] || HOME=/tmp
   export HOME
 fi

@@ -76,11 +76,12 @@ debian_root_archive() {
     mv "$new" "$archive" && debian_root_remove "$folder" && mkdir "$folder"
 }
 
-# It reads no settings of apt, where Debian's installer writes the proxy.
+# It reads no settings of apt, where Debian's installer writes the proxy. As for apt, what is set there is before
+# the environment's.
 debootstrap_proxy() {
   local set=""
   eval "$(apt-config shell set Acquire::http::Proxy 2>/dev/null || true)"
-  set=${http_proxy:-$set}
+  set=${set:-${http_proxy:-}}
   [ "$set" = DIRECT ] || echo "$set"
 }
 
@@ -121,7 +122,7 @@ debian_root_unmount() {
 debian_root_fetches() {
   # The script text is for the inner shell.
   # shellcheck disable=SC2016
-  debian_root_enter "$1" PATH="$debian_root_path" sh -c 'mkdir -p "$1/partial"
+  debian_root_enter "$1" PATH="$debian_root_path" no_proxy="${no_proxy:-}" sh -c 'mkdir -p "$1/partial"
     apt-get -o Dir::State::Lists="$1" -o APT::Update::Error-Mode=any update || code=$?
     rm -r "$1"
     exit "${code:-0}"' sh /tmp/lists >"$debian_root_log" 2>&1
@@ -133,7 +134,7 @@ debian_root_install() {
   shift
   # The script text is for the inner shell.
   # shellcheck disable=SC2016
-  debian_root_enter "$folder" PATH="$debian_root_path" DEBIAN_FRONTEND=noninteractive \
+  debian_root_enter "$folder" PATH="$debian_root_path" no_proxy="${no_proxy:-}" DEBIAN_FRONTEND=noninteractive \
     sh -c 'apt-get update && apt-get install -y --no-install-recommends "$@" && apt-get clean' sh "$@"
 }
 

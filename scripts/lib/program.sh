@@ -53,7 +53,7 @@ drive_connect() {
 drive_begin_still() { drive_begin wait-same RTB_MainView "$1"; }
 
 # drive_watched PROCESS: waits for the end of such a process.
-drive_watched() { wait "$1" || fail "the page cannot be watched"; }
+drive_watched() { wait "$1" || fail "the page cannot be watched, tolvane_drive ended with $?"; }
 
 drive_until_still() {
   drive_begin_still "$1"

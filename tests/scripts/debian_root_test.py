@@ -95,10 +95,10 @@ class DebianRoot(PlayedMachine):
         self.assertEqual((["--variant=minbase", "--arch=amd64"], "bookworm"), (options, release))
         self.assertNotIn(" ", folder.removeprefix(str(self.folder)))
 
-    def test_debootstrap_has_the_proxy_of_the_environment_or_of_apts_settings(self):
+    def test_debootstrap_has_the_proxy_of_apts_settings_or_of_the_environment(self):
         self.play("debootstrap", f'echo "${{http_proxy:-none}}" >"{self.folder}/called"; exit 1')
-        for environment, setting, proxy in ({}, "set:1", "set:1"), ({"http_proxy": "a:1"}, "set:1", "a:1"), \
-                ({}, "DIRECT", "none"), ({}, "", "none"):
+        for environment, setting, proxy in ({}, "set:1", "set:1"), ({"http_proxy": "a:1"}, "set:1", "set:1"), \
+                ({"http_proxy": "a:1"}, "", "a:1"), ({"http_proxy": "a:1"}, "DIRECT", "none"), ({}, "", "none"):
             self.play("apt-config", f"[ -z '{setting}' ] || echo \"$2='{setting}'\"")
             self.bash(REASON, "packages", "debian_root", **environment)
             self.assertEqual(proxy, (self.folder / "called").read_text(encoding="utf-8").strip())
