@@ -4,6 +4,8 @@
 #include <cmath>
 #include <cstdint>
 #include <map>
+#include <utility>
+#include <vector>
 
 #include "tests/fuzz/input.h"
 #include "tools/log/info/gaps.h"
@@ -44,14 +46,22 @@ bool IsWithin(const Silence& inner, const Silence& outer) {
   return inner.begin >= outer.begin && inner.end <= outer.end;
 }
 
+/// Whether one is back within its own cycle behind that moment, ms, out of a silence that is too
+/// long for it.
+bool IsBackShortlyBehind(double moment, const Silence& around, const Told& its, double multiple) {
+  return around.length > multiple * its.judged->slow && around.end >= moment &&
+         around.end <= moment + its.judged->slow;
+}
+
 /// A silence between two frames of the run that follow one another, too long for one that came
 /// shortly ahead of it, and the first one that comes back behind it, be it at the run's end, is not
-/// one that comes at its time.
+/// one that comes at its time; or two others at least are back shortly behind that.
 void JudgeOneOfAll(const Gap& gap, const ToldOfAll& told, const Moment& end, double multiple) {
   const Silence& silence = gap.silence;
   bool is_too_long = false;
   double overdue = HUGE_VAL;      // ms, when the first one is back
   double at_its_time = HUGE_VAL;  // of those that certainly decide
+  std::vector<std::pair<Silence, const Told*>> around_it;
   for (const auto& [key, its] : told) {
     if (!its.judged->regular) continue;
     is_too_long = is_too_long || silence.length > multiple * its.judged->slow;
@@ -59,6 +69,7 @@ void JudgeOneOfAll(const Gap& gap, const ToldOfAll& told, const Moment& end, dou
       const Silence around(its.moments[i - 1], i < its.moments.size() ? its.moments[i] : end);
       Require(!(around.begin > silence.begin && around.begin < silence.end));
       if (!IsWithin(silence, around)) continue;
+      around_it.emplace_back(around, &its);
       if (around.length > std::min(1.5, multiple) * its.judged->slow) {
         overdue = std::min(overdue, around.end);
       } else if (its.moments.size() > kFewFrames) {
@@ -66,7 +77,10 @@ void JudgeOneOfAll(const Gap& gap, const ToldOfAll& told, const Moment& end, dou
       }
     }
   }
-  Require(is_too_long && overdue <= at_its_time);
+  const auto back = std::ranges::count_if(around_it, [&](const auto& one) {
+    return IsBackShortlyBehind(at_its_time, one.first, *one.second, multiple);
+  });
+  Require(is_too_long && (overdue <= at_its_time || back >= 2));
   Require(gap.lost.value_or(1.0) > 0.0 && gap.edge == Gap::Edge::kNone);
 }
 

@@ -12,12 +12,13 @@ namespace {
 
 /// Statistics of frames that come every so many ms.
 class Gaps : public ::testing::Test {
- protected:
+ public:
   struct Message {
     std::uint32_t id;
     double cycle;
   };
 
+ protected:
   /// From 0 to `end`, in the order of time; not where `is_cut` says so.
   template <typename IsCut>
   JudgedRun Judged(const std::vector<Message>& messages, double end, IsCut is_cut) {
@@ -190,6 +191,106 @@ TEST_F(Gaps, OfAllAreFoundWhoeverIsTheFirstBehindThem) {
   EXPECT_EQ(judged.gaps[0].identifier, nullptr);
   EXPECT_EQ(judged.gaps[0].silence.end, 23'995.0);
   EXPECT_EQ(judged.gaps[0].lost, 399.0 + 3.0);
+}
+
+/// A slow identifier that comes at 21'000.0 as ever, ahead of the others, which may be missing
+/// since 20'000.0.
+const std::vector<Gaps::Message> kWithASlowOne = {
+    {0x300, 1000.0}, {0x100, 10.0}, {0x101, 20.0}, {0x102, 50.0}};
+
+TEST_F(Gaps, OfAllAreFoundBehindASlowOneThatWasJustDue) {
+  const JudgedRun judged = Judged(kWithASlowOne, 60'000.0, [](auto, double time) {
+    return time > 20'000.0 && time < 21'000.0;
+  });
+  ASSERT_EQ(judged.gaps.size(), 1U);
+  EXPECT_EQ(judged.gaps[0].identifier, nullptr);
+  EXPECT_EQ(judged.gaps[0].silence.length, 1'000.0);
+  EXPECT_EQ(judged.gaps[0].lost, 99.0 + 49.0 + 19.0);
+}
+
+// Two of three within one of their cycles, and the third later.
+TEST_F(Gaps, OfAllAreFoundWhereMostAreBackWithinACycle) {
+  const JudgedRun judged = Judged(kWithASlowOne, 60'000.0, [](auto id, double time) {
+    return time > 20'000.0 &&
+           (time < 21'000.0 || (id == 0x100 && time < 21'010.0) ||
+            (id == 0x101 && time < 21'020.0) || (id == 0x102 && time < 21'100.0));
+  });
+  ASSERT_EQ(judged.gaps.size(), 1U);
+  EXPECT_EQ(judged.gaps[0].identifier, nullptr);
+  EXPECT_EQ(judged.gaps[0].lost, 100.0 + 50.0 + 21.0);
+}
+
+TEST_F(Gaps, OfThoseWhoComeBackOneByOneBehindASlowOneAreTheirOwn) {
+  const JudgedRun judged = Judged(kWithASlowOne, 60'000.0, [](auto id, double time) {
+    return time > 20'000.0 && (time < 21'000.0 || (id == 0x100 && time < 21'020.0) ||
+                               (id == 0x101 && time < 21'040.0));
+  });
+  ASSERT_EQ(judged.gaps.size(), 3U);
+  for (const std::uint32_t id : {0x100U, 0x101U, 0x102U}) EXPECT_EQ(Own(judged, id).size(), 1U);
+}
+
+TEST_F(Gaps, OfTwoOfWhomOneIsBackWithASlowOneAreTheirOwn) {
+  const JudgedRun judged =
+      Judged({{0x300, 1000.0}, {0x100, 10.0}, {0x101, 20.0}}, 60'000.0, [](auto id, double time) {
+        return time > 20'000.0 && (time < 21'000.0 || (id == 0x101 && time < 21'040.0));
+      });
+  ASSERT_EQ(judged.gaps.size(), 2U);
+  for (const std::uint32_t id : {0x100U, 0x101U}) EXPECT_EQ(Own(judged, id).size(), 1U);
+}
+
+TEST_F(Gaps, OfOneThatIsBackWithASlowOneAreItsOwn) {
+  const JudgedRun judged = Judged(
+      {{0x300, 1000.0}, {0x100, 10.0}}, 60'000.0,
+      [](auto id, double time) { return id == 0x100 && time > 20'000.0 && time < 21'000.0; });
+  ASSERT_EQ(judged.gaps.size(), 1U);
+  EXPECT_EQ(Own(judged, 0x100).size(), 1U);
+}
+
+TEST_F(Gaps, OfOneThatIsBackWithASlowOneShortlyAheadOfTheEndAreItsOwn) {
+  const JudgedRun judged =
+      Judged({{0x300, 1000.0}, {0x100, 100.0}, {0x101, 100.0}, {0x102, 100.0}}, 21'050.0,
+             [](auto id, double time) {
+               return id != 0x300 && time > 20'000.0 && (time < 21'000.0 || id != 0x100);
+             });
+  ASSERT_EQ(Own(judged, 0x100).size(), 1U);
+  EXPECT_EQ(Own(judged, 0x100)[0].edge, Gap::Edge::kNone);
+}
+
+// Nobody is awaited behind that many frames of others.
+TEST_F(Gaps, OfThoseWhoAreBackBehindVeryManyOthersAreTheirOwn) {
+  const auto is_cut = [](auto id, double time) {
+    return id == 0x7FF ? std::fmod(time, 20'000.0) < 1'000.0 || std::fmod(time, 20'000.0) > 1'090.0
+                       : id != 0x300 && time > 20'000.0 && time < 21'095.0;
+  };
+  const double step = 90.0 / GapFinder::kHeld_MAX;
+  const JudgedRun judged =
+      Judged({{0x300, 1000.0}, {0x100, 100.0}, {0x101, 100.0}, {0x7FF, step}}, 60'000.0, is_cut);
+  EXPECT_EQ(Own(judged, 0x100).size(), 1U);
+  EXPECT_EQ(Own(judged, 0x101).size(), 1U);
+}
+
+// What is looked through for the first pause holds the second, with a slow one behind it as well.
+TEST_F(Gaps, OfAllAreFoundBehindSlowOnesThatFollowOneAnother) {
+  const JudgedRun judged = Judged(
+      {{0x300, 2000.0},
+       {0x301, 670.0},
+       {0x100, 10.0},
+       {0x101, 10.0},
+       {0x200, 150.0},
+       {0x201, 150.0},
+       {0x202, 150.0},
+       {0x203, 150.0},
+       {0x204, 150.0}},
+      60'000.0, [](auto id, double time) {
+        return (time > 18'000.0 && time < 20'000.0) || (time > 20'010.0 && time < 20'100.0) ||
+               (id < 0x200 && time > 20'100.0 && time < 20'130.0) ||
+               (id >= 0x200 && id <= 0x204 && time > 18'000.0 && time < 20'100.0);
+      });
+  ASSERT_EQ(judged.gaps.size(), 2U);
+  EXPECT_EQ(judged.gaps[0].identifier, nullptr);
+  EXPECT_EQ(judged.gaps[0].silence.length, 2'000.0);
+  EXPECT_EQ(judged.gaps[1].identifier, nullptr);
+  EXPECT_EQ(judged.gaps[1].silence.length, 90.0);
 }
 
 // The third identifier begins right behind the silence, and later stops for less than that.

@@ -77,14 +77,35 @@ GapFinder::GapFinder(const RunStatistics& run, double multiple) : run_(run), las
 }
 
 void GapFinder::Add(const LogFrame& frame, double ahead) {
-  const Moment moment{frame.time, ahead};
-  const Pause pause{std::exchange(last_, moment), moment};
+  const Seen seen{KeyOf(frame.extended, frame.id), {frame.time, ahead}};
+  if (!doubt_) {
+    Take(seen);
+    return;
+  }
+  held_.push_back(seen);
+  doubt_->back.Add(seen.key, seen.moment);
+  while (doubt_ && (doubt_->back.IsDecided() || held_.size() >= kHeld_MAX)) Settle();
+}
+
+void GapFinder::Settle() {
+  const Doubt doubt = *std::exchange(doubt_, std::nullopt);
+  if (doubt.back.AreMostBack()) AddCommon(doubt.pauses, doubt.end);
+  while (!held_.empty() && !doubt_) {
+    const Seen seen = held_.front();
+    held_.pop_front();
+    Take(seen);
+  }
+  for (const Seen& seen : held_) doubt_->back.Add(seen.key, seen.moment);
+}
+
+void GapFinder::Take(const Seen& seen) {
+  const Pause pause{std::exchange(last_, seen.moment), seen.moment};
   if (IsTooLongForOneThatWasSending(pause)) AddPause(pause);
-  const auto place = places_.find(KeyOf(frame.extended, frame.id));
+  const auto place = places_.find(seen.key);
   if (place == places_.end()) return;
   Follower& follower = followers_[place->second];
-  if (MayDecide(follower)) Decide(follower, moment);
-  Follow(follower, moment);
+  if (MayDecide(follower)) Decide(follower, seen.moment);
+  Follow(follower, seen.moment);
   if (follower.is_known) List(follower);
 }
 
@@ -142,8 +163,23 @@ void GapFinder::Decide(const Follower& follower, const Moment& moment) {
   const auto first = PausesOf(follower);
   if (first == pauses_.end()) return;
   const Pauses decided(first, pauses_.cend());
+  CommonReturn back = ReturnOfTheMissing(moment);
   pauses_.erase(first, pauses_.end());
-  if (IsOverdue(follower, moment)) AddCommon(decided, moment);
+  if (IsOverdue(follower, moment)) {
+    AddCommon(decided, moment);
+  } else if (back.AreSeveral()) {
+    doubt_ = {decided, moment, std::move(back)};
+  }
+}
+
+CommonReturn GapFinder::ReturnOfTheMissing(const Moment& since) const {
+  CommonReturn back(since);
+  for (const Follower* const follower : sending_) {
+    if (PausesOf(*follower) == pauses_.end()) continue;
+    if (follower->last.To(since) - follower->common <= follower->limit) continue;
+    back.Await(follower->judged->statistics->Key(), follower->judged->slow);
+  }
+  return back;
 }
 
 void GapFinder::DecideAtTheEnd() {
@@ -215,6 +251,7 @@ void GapFinder::Follow(Follower& follower, const Moment& moment) {
 }
 
 JudgedRun GapFinder::Result() {
+  while (doubt_) Settle();
   DecideAtTheEnd();
   for (const auto& [silence, lost] : common_gaps_.TheKept()) {
     result_.gaps.push_back({nullptr, silence, lost > 0.0 ? std::optional(lost) : std::nullopt});

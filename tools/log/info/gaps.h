@@ -2,10 +2,12 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <deque>
 #include <optional>
 #include <unordered_map>
 #include <vector>
 
+#include "tools/log/info/common_return.h"
 #include "tools/log/info/run_statistics.h"
 #include "tools/log/info/silences.h"
 
@@ -55,10 +57,12 @@ struct JudgedRun {
 /// cycles or more, that were sending up to it, and the first frame behind it of any of these is
 /// overdue, later than one and a half of its cycles or than a smaller `multiple`; at the end of the
 /// log, where all of them are. If one comes at its time, it was a pause, and whoever else is
-/// missing is so by itself. Frames of others may part it, as long as the bus is silent for nine
-/// tenths of the time up to the first that comes back, or to the end of the last part where none
-/// does. An identifier of fewer than five cycles that was not there ahead of the silence is one of
-/// these others: three frames that stray into it may be evenly apart.
+/// missing is so by itself; but not where several are missing for that long and most of these come
+/// within one of their cycles behind it: a slow one may be just due. Frames of others may part it,
+/// as long as the bus is silent for nine tenths of the time up to the first that comes back, or to
+/// the end of the last part where none does. An identifier of fewer than five cycles that was not
+/// there ahead of the silence is one of these others: three frames that stray into it may be evenly
+/// apart.
 ///
 /// One of all is told once. One of an identifier is its own where it is still that long without
 /// those of all within it that are longer than its cycle: in a shorter one it was not due. What was
@@ -71,6 +75,8 @@ class GapFinder {
   static constexpr std::size_t kOwn_MAX = 64;  // of each identifier
   // Pauses that are undecided. With more of them the bus is one on which others send.
   static constexpr std::size_t kPauses_MAX = 16;
+  // Frames behind a pause within which those that are missing have to be back.
+  static constexpr std::size_t kHeld_MAX = 1000;
 
   GapFinder(const RunStatistics& run, double multiple);
   GapFinder(const GapFinder&) = delete;
@@ -104,6 +110,21 @@ class GapFinder {
   };
   using Pauses = std::vector<Pause>;
 
+  struct Seen {
+    std::uint64_t key;
+    Moment moment;
+  };
+  /// Ended by one that came at its time, while several are missing.
+  struct Doubt {
+    Pauses pauses;
+    Moment end;
+    CommonReturn back;
+  };
+
+  void Take(const Seen& seen);
+  /// By what is known, and takes what was held, up to the next doubt.
+  void Settle();
+
   /// Whether it was, up to this moment, and has not sent since.
   [[nodiscard]] static bool WasSending(const Follower& follower, const Moment& moment);
   /// The undecided ones in the silence of one that was sending up to them, to the last.
@@ -115,6 +136,7 @@ class GapFinder {
   void List(Follower& follower);
   void AddPause(const Pause& pause);
   void Decide(const Follower& follower, const Moment& moment);
+  [[nodiscard]] CommonReturn ReturnOfTheMissing(const Moment& since) const;
   void DecideAtTheEnd();
   /// If they are most of the time up to the end.
   void AddCommon(const Pauses& pauses, const Moment& end);
@@ -125,6 +147,8 @@ class GapFinder {
   JudgedRun result_;
   Moment last_;
   Pauses pauses_;  // too long, and none that was sending up to them has come since
+  std::optional<Doubt> doubt_;
+  std::deque<Seen> held_;  // none without a doubt
   LongestSilences common_gaps_{kCommon_MAX};
   std::vector<Follower> followers_;  // by their cycles
   std::vector<Follower*> sending_;   // or stopped and not missed yet, by limit
