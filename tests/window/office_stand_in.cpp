@@ -2,8 +2,11 @@
 
 #include <windows.h>
 
+#include <tlhelp32.h>
+
 #include <algorithm>
 #include <fstream>
+#include <string_view>
 
 #include "tools/drive/driven_program.h"
 #include "tools/drive/driven_window.h"
@@ -12,9 +15,11 @@ namespace tolvane::window {
 namespace {
 
 constexpr DWORD kRegistrationLimit = 60000;  // ms
+constexpr DWORD kForcedLimit = 10000;        // ms
+constexpr const wchar_t* kProgram = L"tolvane_office.exe";
 
 bool RunStandIn(const std::wstring& words) {
-  const std::filesystem::path program = OwnFolder() / L"..\\..\\simulator\\tolvane_office.exe";
+  const std::filesystem::path program = OwnFolder() / L"..\\..\\simulator" / kProgram;
   std::wstring line = L"\"" + program.wstring() + L"\" " + words;
   STARTUPINFOW startup{};
   startup.cb = sizeof(startup);
@@ -32,6 +37,27 @@ bool RunStandIn(const std::wstring& words) {
   return code == 0;
 }
 
+void End(DWORD id) {
+  HANDLE process = OpenProcess(PROCESS_TERMINATE | SYNCHRONIZE, FALSE, id);
+  if (process == nullptr) return;
+  TerminateProcess(process, 1);
+  WaitForSingleObject(process, kForcedLimit);
+  CloseHandle(process);
+}
+
+/// A server whose activation got lost waits for ever, with the record of its test's folder open:
+/// the tests behind it would fail too.
+void EndServersThatStayed() {
+  HANDLE list = CreateToolhelp32Snapshot(TH32CS_SNAPPROCESS, 0);
+  if (list == INVALID_HANDLE_VALUE) return;
+  PROCESSENTRY32W entry{};
+  entry.dwSize = sizeof(entry);
+  for (BOOL more = Process32FirstW(list, &entry); more; more = Process32NextW(list, &entry)) {
+    if (std::wstring_view(entry.szExeFile) == kProgram) End(entry.th32ProcessID);
+  }
+  CloseHandle(list);
+}
+
 }  // namespace
 
 OfficeStandIn::OfficeStandIn(const std::filesystem::path& folder, const std::wstring& names)
@@ -42,6 +68,7 @@ OfficeStandIn::OfficeStandIn(const std::filesystem::path& folder, const std::wst
 }
 
 OfficeStandIn::~OfficeStandIn() {
+  EndServersThatStayed();
   RunStandIn(L"/unregister Excel.Application Ket.Application Access.Application");
   SetEnvironmentVariableW(L"TOLVANE_OFFICE_RECORD", nullptr);
   SetEnvironmentVariableW(L"TOLVANE_OFFICE_SCRIPT", nullptr);
