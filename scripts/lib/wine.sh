@@ -42,6 +42,8 @@ wine_registry() {
     printf '"%s"="%s"\r\n' "$name" "$proportional"
   done
   printf '\r\n[HKEY_CURRENT_USER\\Control Panel\\Desktop]\r\n"LogPixels"=dword:%08x\r\n' "$wine_dpi"
+  # A program that crashes says where, and ends; Wine's question about it would wait for ever.
+  printf '\r\n[HKEY_CURRENT_USER\\Software\\Wine\\WineDbg]\r\n"ShowCrashDialog"=dword:00000000\r\n'
   # A bare X server has no window manager to draw a title bar: Wine draws its own. On the display of a user
   # with a window manager this changes.
   printf '\r\n[HKEY_CURRENT_USER\\Software\\Wine\\X11 Driver]\r\n"Managed"="N"\r\n'
