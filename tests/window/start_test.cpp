@@ -5,6 +5,7 @@
 #include "tests/window/control_ids.h"
 #include "tests/window/window_fixture.h"
 #include "tools/drive/text.h"
+#include "tools/drive/what_runs.h"
 
 namespace tolvane::window {
 namespace {
@@ -33,6 +34,17 @@ TEST_F(Start, OneCanusbAdapterIsListedWithItsVersionAndTheWindowWaits) {
   EXPECT_EQ(program_->WaitForEnd(), 0u);
   EXPECT_TRUE(std::filesystem::exists(folder_.Path() / L"config.dat"));
   EXPECT_TRUE(std::filesystem::exists(folder_.Path() / L"lglist.dat"));
+}
+
+// What a test reports whose program does not come.
+TEST_F(Start, TheProgramAndItsWindowAreAmongWhatRuns) {
+  PlugIn(kOneCanusb, {L"canusbdrv.dll"});
+  ASSERT_TRUE(StartProgram().Exists());
+  const std::wstring told = WhatRuns();
+  const std::size_t begin = told.find(L"Tolvane.exe " + std::to_wstring(program_->Id()) + L":");
+  ASSERT_NE(begin, std::wstring::npos) << Utf8(told);
+  const std::wstring line = told.substr(begin, told.find(L'\n', begin) - begin);
+  EXPECT_NE(line.find(L" TolvaneMainWindow \"Tolvane Ver"), std::wstring::npos) << Utf8(line);
 }
 
 TEST_F(Start, SecondInstanceEndsWithoutAWordAndTouchesNoFile) {

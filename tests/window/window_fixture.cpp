@@ -5,6 +5,7 @@
 #include "tests/window/control_ids.h"
 #include "tools/drive/screen_picture.h"
 #include "tools/drive/text.h"
+#include "tools/drive/what_runs.h"
 
 namespace tolvane::window {
 
@@ -54,12 +55,18 @@ void RealProgram::PlugIn(std::string_view ini, const std::vector<const wchar_t*>
 
 DrivenWindow RealProgram::StartProgram() {
   program_.emplace(folder_.Executable());
-  return program_->Started() ? program_->WaitForMainWindow() : DrivenWindow();
+  if (!program_->Started()) return {};
+  const DrivenWindow window = program_->WaitForMainWindow();
+  if (!window.Exists()) ADD_FAILURE() << "no main window came; these run:\n" << Utf8(WhatRuns());
+  return window;
 }
 
 std::optional<ShownMessage> RealProgram::StartToMessage() {
   program_.emplace(folder_.Executable());
-  return program_->Started() ? WaitForMessage(program_->Id()) : std::nullopt;
+  if (!program_->Started()) return std::nullopt;
+  const std::optional<ShownMessage> message = WaitForMessage(program_->Id());
+  if (!message) ADD_FAILURE() << "no message came; these run:\n" << Utf8(WhatRuns());
+  return message;
 }
 
 void RealProgram::Connect(const DrivenWindow& window) {

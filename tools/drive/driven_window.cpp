@@ -9,12 +9,6 @@ namespace {
 constexpr UINT kAnswerLimit = 30000;  // ms
 constexpr DWORD kPollPause = 20;      // ms
 
-std::wstring ClassOf(HWND window) {
-  std::array<wchar_t, 64> name{};
-  const int length = GetClassNameW(window, name.data(), static_cast<int>(name.size()));
-  return {name.data(), static_cast<std::size_t>(length)};
-}
-
 /// Calls `visit` for each window that an enumeration brings, until it returns false.
 template <typename Visitor>
 BOOL CALLBACK VisitWindow(HWND window, LPARAM visitor) {
@@ -22,6 +16,12 @@ BOOL CALLBACK VisitWindow(HWND window, LPARAM visitor) {
 }
 
 }  // namespace
+
+std::wstring ClassOf(HWND window) {
+  std::array<wchar_t, 64> name{};
+  const int length = GetClassNameW(window, name.data(), static_cast<int>(name.size()));
+  return {name.data(), static_cast<std::size_t>(length)};
+}
 
 bool WaitUntil(const std::function<bool()>& condition, std::chrono::milliseconds limit) {
   const auto end = std::chrono::steady_clock::now() + limit;

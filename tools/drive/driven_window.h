@@ -17,6 +17,8 @@ constexpr std::chrono::seconds kDeadline{60};
 /// Asks `condition` again and again until it holds or `limit` has passed; says whether it held.
 bool WaitUntil(const std::function<bool()>& condition, std::chrono::milliseconds limit = kDeadline);
 
+[[nodiscard]] std::wstring ClassOf(HWND window);
+
 /// A visible top-level window of the given class; of any process when `process` is 0.
 [[nodiscard]] HWND FindTopWindow(const wchar_t* window_class, DWORD process = 0);
 [[nodiscard]] std::vector<HWND> TopWindows(const wchar_t* window_class, DWORD process = 0);

@@ -32,6 +32,7 @@
 #include "tools/drive/message_box.h"
 #include "tools/drive/screen_picture.h"
 #include "tools/drive/text.h"
+#include "tools/drive/what_runs.h"
 
 namespace tolvane::window {
 namespace {
@@ -78,7 +79,7 @@ int WaitWindow(const Arguments&) {
     Complain(message->title + L": " + message->text);
     return kMessageInstead;
   }
-  return came ? 0 : Complain(L"no main window came");
+  return came ? 0 : Complain(L"no main window came; these run:\n" + WhatRuns());
 }
 
 int Click(const Arguments& arguments) {
