@@ -66,6 +66,8 @@ TEST_F(OfficeCheck, VersionIsTheNumberInFrontOfThePoint) {
                       {1e300, 7},
                       {2147483647.0, 2147483647},
                       {2147483648.0, 7},
+                      {String(u"99999999"), 99999999},
+                      {String(u"100000000"), 7},
                       {String(u"99999999999"), 7}};
   for (const Row& row : rows) {
     servers.Register(u"Excel.Application", row.version);

@@ -81,6 +81,18 @@ TEST(Late, ASpentCounterOfAMessageThatIsNotStoppedStaysAsItIs) {
   EXPECT_EQ(bed.Colours(), Runs{});
 }
 
+TEST(Late, ACounterOfOneMillisecondStillFalls) {
+  Bed bed;
+  bed.device.t_MsgLateColor_Time = 31;
+  Settle(bed, 0x100);
+  Next(bed, 0x100, kData, 200);
+  bed.Page();
+  for (const std::int32_t counter : {1, -29, -29}) {
+    bed.Page();
+    EXPECT_EQ(bed.highlights->ViewColorlength_dt_timerCounter(0x100), counter);
+  }
+}
+
 TEST(Late, TheSwitchLeavesTheCounterRunning) {
   Bed bed;
   bed.device.t_MsgLateColorEnable = 0;

@@ -57,8 +57,9 @@ class FileSystem::Stream final : public TextStream {
 };
 
 FileSystem::Entry* FileSystem::Find(StringView path) {
-  if (path.size() > kPath_MAX || is_off_) return nullptr;
-  const auto found = entries_.find(Key(path));
+  const String key = Key(path);
+  if (key.size() > kPath_MAX || is_off_) return nullptr;
+  const auto found = entries_.find(key);
   return found == entries_.end() ? nullptr : &found->second;
 }
 

@@ -105,6 +105,9 @@ TEST_F(FileSystemTest, PathsEndAt259CharactersAndNewFoldersAt247) {
   const String base = u"C:\\Logs\\";
   EXPECT_TRUE(WriteText(base + String(259 - base.size(), u'f'), u""));
   EXPECT_FALSE(WriteText(base + String(260 - base.size(), u'f'), u""));
+  const String round_about = base + u"x\\..\\" + String(259 - base.size(), u'g');
+  EXPECT_TRUE(WriteText(round_about, u"")) << "as long as it is taken";
+  EXPECT_TRUE(disk.FileExists(round_about));
   EXPECT_TRUE(disk.CreateFolder(base + String(247 - base.size(), u'd')));
   EXPECT_FALSE(disk.CreateFolder(base + String(248 - base.size(), u'e')));
 }
