@@ -46,17 +46,44 @@ bool IsWithin(const Silence& inner, const Silence& outer) {
   return inner.begin >= outer.begin && inner.end <= outer.end;
 }
 
-/// Whether one is back within its own cycle behind that moment, ms, out of a silence that is too
-/// long for it.
+/// Whether one that is overdue is back within its own cycle behind that moment, ms.
 bool IsBackShortlyBehind(double moment, const Silence& around, const Told& its, double multiple) {
-  return around.length > multiple * its.judged->slow && around.end >= moment &&
+  return around.length > std::min(1.5, multiple) * its.judged->slow && around.end >= moment &&
          around.end <= moment + its.judged->slow;
+}
+
+/// The pauses of the bus that are too long for anyone, whoever was sending then.
+std::vector<Silence> LongPauses(const std::vector<LogFrame>& frames, const ToldOfAll& told,
+                                double multiple) {
+  double least = HUGE_VAL;  // ms
+  for (const auto& [key, its] : told) {
+    if (its.judged->regular) least = std::min(least, multiple * its.judged->slow);
+  }
+  std::vector<Silence> pauses;
+  for (std::size_t i = 1; i < frames.size(); ++i) {
+    const Silence pause({frames[i - 1].time, 0.0}, {frames[i].time, 0.0});
+    if (pause.length > least) pauses.push_back(pause);
+  }
+  return pauses;
+}
+
+/// Whether one that is missing in `around` was sending up to this part of it: up to it there are
+/// little but such pauses.
+bool WasSendingUpTo(const Silence& silence, const Silence& around, const Told& its,
+                    const std::vector<Silence>& pauses, double multiple) {
+  const double before = silence.begin - around.begin;
+  double alive = before;  // ms
+  for (const Silence& pause : pauses) {
+    if (pause.begin >= around.begin && pause.end <= silence.begin) alive -= pause.length;
+  }
+  return alive <= (multiple * its.judged->slow + 0.1 * before) * (1 + 1e-9);
 }
 
 /// A silence between two frames of the run that follow one another, too long for one that came
 /// shortly ahead of it, and the first one that comes back behind it, be it at the run's end, is not
 /// one that comes at its time; or two others at least are back shortly behind that.
-void JudgeOneOfAll(const Gap& gap, const ToldOfAll& told, const Moment& end, double multiple) {
+void JudgeOneOfAll(const Gap& gap, const ToldOfAll& told, const std::vector<Silence>& pauses,
+                   const Moment& end, double multiple) {
   const Silence& silence = gap.silence;
   bool is_too_long = false;
   double overdue = HUGE_VAL;      // ms, when the first one is back
@@ -64,12 +91,15 @@ void JudgeOneOfAll(const Gap& gap, const ToldOfAll& told, const Moment& end, dou
   std::vector<std::pair<Silence, const Told*>> around_it;
   for (const auto& [key, its] : told) {
     if (!its.judged->regular) continue;
-    is_too_long = is_too_long || silence.length > multiple * its.judged->slow;
+    const bool is_missing =
+        its.moments.size() > kFewFrames && silence.length > multiple * its.judged->slow;
     for (std::size_t i = 1; i <= its.moments.size(); ++i) {
       const Silence around(its.moments[i - 1], i < its.moments.size() ? its.moments[i] : end);
       Require(!(around.begin > silence.begin && around.begin < silence.end));
       if (!IsWithin(silence, around)) continue;
       around_it.emplace_back(around, &its);
+      is_too_long =
+          is_too_long || (is_missing && WasSendingUpTo(silence, around, its, pauses, multiple));
       if (around.length > std::min(1.5, multiple) * its.judged->slow) {
         overdue = std::min(overdue, around.end);
       } else if (its.moments.size() > kFewFrames) {
@@ -150,7 +180,10 @@ void JudgeGaps(const std::vector<LogFrame>& frames, double multiple) {
   for (const Gap& gap : run.gaps) {
     if (gap.identifier == nullptr) of_all.push_back(&gap);
   }
-  for (const Gap* const gap : of_all) JudgeOneOfAll(*gap, told, statistics.Last(), multiple);
+  const std::vector<Silence> pauses = LongPauses(frames, told, multiple);
+  for (const Gap* const gap : of_all) {
+    JudgeOneOfAll(*gap, told, pauses, statistics.Last(), multiple);
+  }
   for (const auto& [key, its] : told) JudgeThatNoneIsHidden(its, of_all, multiple);
   JudgeTheSums(run);
 }

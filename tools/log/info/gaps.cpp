@@ -89,7 +89,11 @@ void GapFinder::Add(const LogFrame& frame, double ahead) {
 
 void GapFinder::Settle() {
   const Doubt doubt = *std::exchange(doubt_, std::nullopt);
-  if (doubt.back.AreMostBack()) AddCommon(doubt.pauses, doubt.end);
+  if (doubt.back.AreMostBack()) {
+    AddCommon(doubt.pauses);
+  } else {
+    AreNoSilence(doubt.pauses);
+  }
   while (!held_.empty() && !doubt_) {
     const Seen seen = held_.front();
     held_.pop_front();
@@ -99,14 +103,14 @@ void GapFinder::Settle() {
 }
 
 void GapFinder::Take(const Seen& seen) {
-  const Pause pause{std::exchange(last_, seen.moment), seen.moment};
-  if (IsTooLongForOneThatWasSending(pause)) AddPause(pause);
   const auto place = places_.find(seen.key);
-  if (place == places_.end()) return;
-  Follower& follower = followers_[place->second];
-  if (MayDecide(follower)) Decide(follower, seen.moment);
-  Follow(follower, seen.moment);
-  if (follower.is_known) List(follower);
+  Follower* const follower = place != places_.end() ? &followers_[place->second] : nullptr;
+  const bool is_stray = follower == nullptr || !follower->is_known;
+  AddPause(std::exchange(last_, seen.moment), seen.moment, is_stray);
+  if (follower == nullptr) return;
+  if (MayDecide(*follower, seen.moment)) Decide(*follower, seen.moment);
+  Follow(*follower, seen.moment);
+  if (follower->is_known) List(*follower);
 }
 
 bool GapFinder::WasSending(const Follower& follower, const Moment& moment) {
@@ -121,23 +125,35 @@ GapFinder::Pauses::const_iterator GapFinder::PausesOf(const Follower& follower) 
   return first != pauses_.end() && WasSending(follower, first->begin) ? first : pauses_.end();
 }
 
-bool GapFinder::MayDecide(const Follower& follower) const {
-  return follower.is_known || (!pauses_.empty() && follower.last.To(pauses_.front().begin) >= 0.0);
+bool GapFinder::IsMostlySilent(const Pause& first, const Moment& moment) {
+  return first.silent >= kMost * first.begin.To(moment);
+}
+
+bool GapFinder::IsInASilence(const Follower& follower, const Moment& moment) const {
+  const auto first = PausesOf(follower);
+  return first != pauses_.end() && IsMostlySilent(*first, moment);
+}
+
+bool GapFinder::MayDecide(const Follower& follower, const Moment& moment) const {
+  if (follower.is_known) return true;
+  const auto first = PausesOf(follower);
+  return first != pauses_.end() && std::none_of(pauses_.begin(), first, [&](const Pause& before) {
+           return IsMostlySilent(before, moment);
+         });
 }
 
 // One that has stopped, with no pause that may yet explain it, is not looked at again before its
 // next frame.
-bool GapFinder::IsTooLongForOneThatWasSending(const Pause& pause) {
-  const double length = pause.begin.To(pause.end);
-  const auto was_sending = [&](const Follower* follower) {
-    return WasSending(*follower, pause.begin) || PausesOf(*follower) != pauses_.end();
+std::optional<double> GapFinder::LimitOfOneThatMissesIn(double length, const Moment& begin) {
+  const auto misses = [&](const Follower* follower) {
+    return WasSending(*follower, begin) || IsInASilence(*follower, begin);
   };
   const auto end = std::ranges::lower_bound(sending_, length, {}, &Follower::limit);
-  const auto first = std::find_if(sending_.begin(), end, was_sending);
-  const bool is_one = first != end;
+  const auto first = std::find_if(sending_.begin(), end, misses);
+  const auto limit = first != end ? std::optional((*first)->limit) : std::nullopt;
   std::for_each(sending_.begin(), first, [](Follower* follower) { follower->is_listed = false; });
   sending_.erase(sending_.begin(), first);
-  return is_one;
+  return limit;
 }
 
 void GapFinder::List(Follower& follower) {
@@ -150,65 +166,99 @@ bool GapFinder::IsOverdue(const Follower& follower, const Moment& moment) {
   return follower.last.To(moment) - follower.common > follower.overdue;
 }
 
-void GapFinder::AddPause(const Pause& pause) {
-  if (pauses_.size() < kPauses_MAX) {
-    pauses_.push_back(pause);
-  } else {
-    pauses_.clear();
+void GapFinder::AddPause(const Moment& begin, const Moment& end, bool is_to_a_stray) {
+  const double length = begin.To(end);
+  const auto limit = LimitOfOneThatMissesIn(length, begin);
+  PartSilences(begin, end, limit.has_value() || !is_to_a_stray);
+  if (!limit) return;
+  if (pauses_.size() >= kPauses_MAX) pauses_.erase(pauses_.begin());
+  pauses_.push_back({begin, end, *limit, length, end});
+}
+
+/// By a pause. One that is over has nothing to do with those of others.
+void GapFinder::PartSilences(const Moment& begin, const Moment& end, bool is_of_others) {
+  const double length = begin.To(end);
+  for (Pause& first : pauses_) {
+    if (length <= first.limit || (is_of_others && !IsMostlySilent(first, begin))) continue;
+    first.silent += length;
+    first.last_end = end;
+    ++first.parts;
+  }
+  const auto parted =
+      std::ranges::find_if(pauses_, [](const Pause& first) { return first.parts > kPauses_MAX; });
+  pauses_.erase(parted, pauses_.end());
+}
+
+/// Those that were the last ones.
+void GapFinder::AreNoSilence(const Pauses& pauses) {
+  for (Pause& before : pauses_) {
+    for (auto pause = pauses.rbegin(); pause != pauses.rend(); ++pause) {
+      const double length = pause->begin.To(pause->end);
+      if (length <= before.limit || pause->end.time > before.last_end.time) continue;
+      before.silent -= length;
+      before.last_end = pause->begin;
+    }
   }
 }
 
-/// By its frame at this moment.
+/// By its frame at this moment. Behind a silence that is over it decides nothing.
 void GapFinder::Decide(const Follower& follower, const Moment& moment) {
   const auto first = PausesOf(follower);
-  if (first == pauses_.end()) return;
-  const Pauses decided(first, pauses_.cend());
+  const auto lasting = std::find_if(
+      first, pauses_.cend(), [&](const Pause& pause) { return IsMostlySilent(pause, moment); });
+  const Pauses decided(lasting, pauses_.cend());
   CommonReturn back = ReturnOfTheMissing(moment);
   pauses_.erase(first, pauses_.end());
+  if (decided.empty()) return;
   if (IsOverdue(follower, moment)) {
-    AddCommon(decided, moment);
+    AddCommon(decided);
   } else if (back.AreSeveral()) {
-    doubt_ = {decided, moment, std::move(back)};
+    doubt_ = {decided, std::move(back)};
+  } else {
+    AreNoSilence(decided);
   }
 }
 
 CommonReturn GapFinder::ReturnOfTheMissing(const Moment& since) const {
   CommonReturn back(since);
   for (const Follower* const follower : sending_) {
-    if (PausesOf(*follower) == pauses_.end()) continue;
-    if (follower->last.To(since) - follower->common <= follower->limit) continue;
+    if (!IsOverdue(*follower, since) || !IsInASilence(*follower, since)) continue;
     back.Await(follower->judged->statistics->Key(), follower->judged->slow);
   }
   return back;
 }
 
+// What one identifier was missing from on is one silence, and another identifier may have begun in
+// between and stopped for another one.
 void GapFinder::DecideAtTheEnd() {
-  const bool are_overdue = std::ranges::all_of(followers_, [&](const Follower& follower) {
-    return !MayDecide(follower) || PausesOf(follower) == pauses_.end() ||
-           IsOverdue(follower, run_.Last());
-  });
-  if (!are_overdue) return;
-  // What one identifier was missing from on is one silence, and another identifier may have begun
-  // in between and stopped for another one.
   std::vector<bool> begins(pauses_.size() + 1, false);
-  begins.back() = true;
   for (const Follower& follower : followers_) {
     const auto first = PausesOf(follower);
     if (follower.is_known) begins[static_cast<std::size_t>(first - pauses_.begin())] = true;
   }
-  for (auto first = pauses_.begin(); first != pauses_.end();) {
-    auto last = first;
+  begins.back() = true;
+  for (std::size_t first = 0; first < pauses_.size();) {
+    std::size_t last = first;
     do ++last;
-    while (!begins[static_cast<std::size_t>(last - pauses_.begin())]);
-    AddCommon(Pauses(first, last), std::prev(last)->end);
+    while (!begins[last]);
+    if (begins[first]) DecideAtTheEnd(first, last);
     first = last;
   }
 }
 
-void GapFinder::AddCommon(const Pauses& pauses, const Moment& end) {
-  double silent = 0.0;
-  for (const Pause& pause : pauses) silent += pause.begin.To(pause.end);
-  if (silent < kMost * pauses.front().begin.To(end)) return;
+void GapFinder::DecideAtTheEnd(std::size_t first, std::size_t last) {
+  const bool are_overdue = std::ranges::all_of(followers_, [&](const Follower& follower) {
+    const auto its = static_cast<std::size_t>(PausesOf(follower) - pauses_.cbegin());
+    return its < first || its >= last || !MayDecide(follower, run_.Last()) ||
+           IsOverdue(follower, run_.Last());
+  });
+  const Pauses decided(pauses_.begin() + static_cast<std::ptrdiff_t>(first),
+                       pauses_.begin() + static_cast<std::ptrdiff_t>(last));
+  const Pause& begin = decided.front();
+  if (are_overdue && IsMostlySilent(begin, begin.last_end)) AddCommon(decided);
+}
+
+void GapFinder::AddCommon(const Pauses& pauses) {
   for (const Pause& pause : pauses) AddCommon({pause.begin, pause.end});
 }
 
@@ -235,9 +285,8 @@ void GapFinder::Follow(Follower& follower, const Moment& moment) {
     return;
   }
   double lost = FramesLostIn(silence.length, follower.judged->slow);
-  if (!is_gap) {
-    // Those of all within it may have cost it frames all the same, but no more than they had room
-    // for.
+  if (!is_own) {
+    // Those of all within it may have cost it frames, but no more than they had room for.
     if (every_common == 0.0) return;
     lost = std::min(lost, std::ceil(every_common / follower.judged->slow));
   }

@@ -57,17 +57,17 @@ struct JudgedRun {
 /// cycles or more, that were sending up to it, and the first frame behind it of any of these is
 /// overdue, later than one and a half of its cycles or than a smaller `multiple`; at the end of the
 /// log, where all of them are. If one comes at its time, it was a pause, and whoever else is
-/// missing is so by itself; but not where several are missing for that long and most of these come
-/// within one of their cycles behind it: a slow one may be just due. Frames of others may part it,
-/// as long as the bus is silent for nine tenths of the time up to the first that comes back, or to
-/// the end of the last part where none does. An identifier of fewer than five cycles that was not
-/// there ahead of the silence is one of these others: three frames that stray into it may be evenly
-/// apart.
+/// missing is so by itself; but not where several are overdue and most of these come within one of
+/// their cycles and a thousand frames behind it: a slow one may be just due. Frames of others may
+/// part it, as long as the bus is silent for nine tenths of the time up to the first that comes
+/// back, or to the end of the last part where none does; so may those of one that begins in it. An
+/// identifier of fewer than five cycles that was not there ahead of the silence is one of these
+/// others: three frames that stray into it may be evenly apart.
 ///
 /// One of all is told once. One of an identifier is its own where it is still that long without
 /// those of all within it that are longer than its cycle: in a shorter one it was not due. What was
 /// lost in it counts there, and else in the longest of all within it, so nothing counts twice.
-/// There counts too what those have lost for which it was no gap.
+/// There counts too what those have lost for which it was no gap, but no more than it had room for.
 class GapFinder {
  public:
   // Gaps that are kept; all are counted.
@@ -107,6 +107,12 @@ class GapFinder {
   struct Pause {
     Moment begin;
     Moment end;
+    double limit;  // ms; the least of those for whom it was too long
+    // Of it and those behind it that are longer than that limit; `silent` in ms, without those that
+    // were found to be no silence.
+    double silent;
+    Moment last_end;
+    std::size_t parts = 1;
   };
   using Pauses = std::vector<Pause>;
 
@@ -117,7 +123,6 @@ class GapFinder {
   /// Ended by one that came at its time, while several are missing.
   struct Doubt {
     Pauses pauses;
-    Moment end;
     CommonReturn back;
   };
 
@@ -129,17 +134,25 @@ class GapFinder {
   [[nodiscard]] static bool WasSending(const Follower& follower, const Moment& moment);
   /// The undecided ones in the silence of one that was sending up to them, to the last.
   [[nodiscard]] Pauses::const_iterator PausesOf(const Follower& follower) const;
-  [[nodiscard]] bool IsTooLongForOneThatWasSending(const Pause& pause);
+  /// Whether the bus was silent most of the time since, up to this moment.
+  [[nodiscard]] static bool IsMostlySilent(const Pause& first, const Moment& moment);
+  /// Whether it has not sent since a silence that lasts, up to this moment.
+  [[nodiscard]] bool IsInASilence(const Follower& follower, const Moment& moment) const;
+  /// The least limit of those that were sending up to a pause, or were in a silence, and for whom
+  /// it is too long; empty where it is for none.
+  [[nodiscard]] std::optional<double> LimitOfOneThatMissesIn(double length, const Moment& begin);
   /// One of few cycles only on silences that began behind its last frame.
-  [[nodiscard]] bool MayDecide(const Follower& follower) const;
+  [[nodiscard]] bool MayDecide(const Follower& follower, const Moment& moment) const;
   [[nodiscard]] static bool IsOverdue(const Follower& follower, const Moment& moment);
   void List(Follower& follower);
-  void AddPause(const Pause& pause);
+  void AddPause(const Moment& begin, const Moment& end, bool is_to_a_stray);
+  void PartSilences(const Moment& begin, const Moment& end, bool is_of_others);
+  void AreNoSilence(const Pauses& pauses);
   void Decide(const Follower& follower, const Moment& moment);
   [[nodiscard]] CommonReturn ReturnOfTheMissing(const Moment& since) const;
   void DecideAtTheEnd();
-  /// If they are most of the time up to the end.
-  void AddCommon(const Pauses& pauses, const Moment& end);
+  void DecideAtTheEnd(std::size_t first, std::size_t last);
+  void AddCommon(const Pauses& pauses);
   void AddCommon(const Silence& silence);
   void Follow(Follower& follower, const Moment& moment);
 
