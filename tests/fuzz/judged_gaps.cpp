@@ -67,16 +67,16 @@ std::vector<Silence> LongPauses(const std::vector<LogFrame>& frames, const ToldO
   return pauses;
 }
 
-/// Whether one that is missing in `around` was sending up to this part of it: up to it there are
+/// Whether one that is missing in `around` was sending up to this part of it: to its end there are
 /// little but such pauses.
 bool WasSendingUpTo(const Silence& silence, const Silence& around, const Told& its,
                     const std::vector<Silence>& pauses, double multiple) {
-  const double before = silence.begin - around.begin;
-  double alive = before;  // ms
+  const double missing = silence.end - around.begin;
+  double alive = missing;  // ms
   for (const Silence& pause : pauses) {
-    if (pause.begin >= around.begin && pause.end <= silence.begin) alive -= pause.length;
+    if (pause.begin >= around.begin && pause.end <= silence.end) alive -= pause.length;
   }
-  return alive <= (multiple * its.judged->slow + 0.1 * before) * (1 + 1e-9);
+  return alive <= (multiple * its.judged->slow + 0.1 * missing) * (1 + 1e-9);
 }
 
 /// A silence between two frames of the run that follow one another, too long for one that came

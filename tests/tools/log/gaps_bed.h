@@ -40,6 +40,9 @@ class GapsBed : public ::testing::Test {
     for (const LogFrame& frame : frames) Add(frame, 0.0);
     return Judged();
   }
+  void Add(std::uint32_t id, double time) {
+    Add({.time = time, .id = id, .extended = false, .bytes = 0, .length = 0, .data = {}}, 0.0);
+  }
   void Add(const LogFrame& frame, double ahead) {
     run.Add(frame, ahead);
     added.emplace_back(frame, ahead);

@@ -135,6 +135,19 @@ TEST_F(Gaps, CyclesAtTheLimitMakeNoSlowerRate) {
 }
 
 // Of a short log, they are more than one in twenty cycles, and yet no rate.
+TEST_F(Gaps, TwentySilencesThatAreAlikeAreARate) {
+  for (const int silences : {19, 20}) {
+    run = RunStatistics();
+    added.clear();
+    double time = 0.0;
+    for (int silence = 0; silence < silences; ++silence, time += 90.0) {
+      for (int frame = 0; frame < 15; ++frame, time += 10.0) Add(0x100, time);
+    }
+    Add(0x100, time);
+    EXPECT_EQ(Judged().identifiers[0].gaps, silences == 19 ? 19U : 0U);
+  }
+}
+
 TEST_F(Gaps, AFewSilencesThatAreAlikeAreGaps) {
   const JudgedRun judged =
       Judged({{0x100, 10.0}, {0x200, 100.0}}, 5500.0, [](auto id, double time) {

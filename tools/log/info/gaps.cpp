@@ -125,13 +125,13 @@ GapFinder::Pauses::const_iterator GapFinder::PausesOf(const Follower& follower) 
   return first != pauses_.end() && WasSending(follower, first->begin) ? first : pauses_.end();
 }
 
-bool GapFinder::IsMostlySilent(const Pause& first, const Moment& moment) {
-  return first.silent >= kMost * first.begin.To(moment);
+bool GapFinder::IsMostlySilent(const Pause& first, const Moment& moment, double another) {
+  return first.silent + another >= kMost * first.begin.To(moment);
 }
 
-bool GapFinder::IsInASilence(const Follower& follower, const Moment& moment) const {
+bool GapFinder::IsInASilence(const Follower& follower, const Moment& moment, double another) const {
   const auto first = PausesOf(follower);
-  return first != pauses_.end() && IsMostlySilent(*first, moment);
+  return first != pauses_.end() && IsMostlySilent(*first, moment, another);
 }
 
 bool GapFinder::MayDecide(const Follower& follower, const Moment& moment) const {
@@ -144,13 +144,14 @@ bool GapFinder::MayDecide(const Follower& follower, const Moment& moment) const 
 
 // One that has stopped, with no pause that may yet explain it, is not looked at again before its
 // next frame.
-std::optional<double> GapFinder::LimitOfOneThatMissesIn(double length, const Moment& begin) {
+std::optional<double> GapFinder::LimitOfOneThatMissesIn(const Moment& begin, const Moment& end) {
+  const double length = begin.To(end);
   const auto misses = [&](const Follower* follower) {
-    return WasSending(*follower, begin) || IsInASilence(*follower, begin);
+    return WasSending(*follower, begin) || IsInASilence(*follower, end, length);
   };
-  const auto end = std::ranges::lower_bound(sending_, length, {}, &Follower::limit);
-  const auto first = std::find_if(sending_.begin(), end, misses);
-  const auto limit = first != end ? std::optional((*first)->limit) : std::nullopt;
+  const auto others = std::ranges::lower_bound(sending_, length, {}, &Follower::limit);
+  const auto first = std::find_if(sending_.begin(), others, misses);
+  const auto limit = first != others ? std::optional((*first)->limit) : std::nullopt;
   std::for_each(sending_.begin(), first, [](Follower* follower) { follower->is_listed = false; });
   sending_.erase(sending_.begin(), first);
   return limit;
@@ -168,7 +169,7 @@ bool GapFinder::IsOverdue(const Follower& follower, const Moment& moment) {
 
 void GapFinder::AddPause(const Moment& begin, const Moment& end, bool is_to_a_stray) {
   const double length = begin.To(end);
-  const auto limit = LimitOfOneThatMissesIn(length, begin);
+  const auto limit = LimitOfOneThatMissesIn(begin, end);
   PartSilences(begin, end, limit.has_value() || !is_to_a_stray);
   if (!limit) return;
   if (pauses_.size() >= kPauses_MAX) pauses_.erase(pauses_.begin());
@@ -179,7 +180,7 @@ void GapFinder::AddPause(const Moment& begin, const Moment& end, bool is_to_a_st
 void GapFinder::PartSilences(const Moment& begin, const Moment& end, bool is_of_others) {
   const double length = begin.To(end);
   for (Pause& first : pauses_) {
-    if (length <= first.limit || (is_of_others && !IsMostlySilent(first, begin))) continue;
+    if (length <= first.limit || (is_of_others && !IsMostlySilent(first, end, length))) continue;
     first.silent += length;
     first.last_end = end;
     ++first.parts;

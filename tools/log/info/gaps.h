@@ -134,13 +134,17 @@ class GapFinder {
   [[nodiscard]] static bool WasSending(const Follower& follower, const Moment& moment);
   /// The undecided ones in the silence of one that was sending up to them, to the last.
   [[nodiscard]] Pauses::const_iterator PausesOf(const Follower& follower) const;
-  /// Whether the bus was silent most of the time since, up to this moment.
-  [[nodiscard]] static bool IsMostlySilent(const Pause& first, const Moment& moment);
+  /// Whether the bus was silent most of the time since, up to this moment, at which another pause
+  /// of so many ms may end.
+  [[nodiscard]] static bool IsMostlySilent(const Pause& first, const Moment& moment,
+                                           double another = 0.0);
   /// Whether it has not sent since a silence that lasts, up to this moment.
-  [[nodiscard]] bool IsInASilence(const Follower& follower, const Moment& moment) const;
-  /// The least limit of those that were sending up to a pause, or were in a silence, and for whom
-  /// it is too long; empty where it is for none.
-  [[nodiscard]] std::optional<double> LimitOfOneThatMissesIn(double length, const Moment& begin);
+  [[nodiscard]] bool IsInASilence(const Follower& follower, const Moment& moment,
+                                  double another = 0.0) const;
+  /// The least limit of those that were sending up to a pause, or are in a silence with it, and for
+  /// whom it is too long; empty where it is for none.
+  [[nodiscard]] std::optional<double> LimitOfOneThatMissesIn(const Moment& begin,
+                                                             const Moment& end);
   /// One of few cycles only on silences that began behind its last frame.
   [[nodiscard]] bool MayDecide(const Follower& follower, const Moment& moment) const;
   [[nodiscard]] static bool IsOverdue(const Follower& follower, const Moment& moment);
