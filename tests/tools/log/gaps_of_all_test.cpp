@@ -205,39 +205,6 @@ TEST_F(GapsOfAll, ThoseWhoStoppedLongBeforeAreNotAwaited) {
   EXPECT_EQ(Common(judged)[1].lost, 99.0 + 49.0 + 19.0);
 }
 
-/// What is told of 0x100, which is missing from 20'000.0 to 60'000.0 while others come once each.
-class PartedSilence : public GapsBed {
- protected:
-  JudgedRun Parted(int others, double first, double step) {
-    for (double time = 0.0; time <= 20'000.0; time += 10.0) Add(0x100, time);
-    for (int other = 0; other < others; ++other) {
-      Add(0x400 + static_cast<std::uint32_t>(other), first + other * step);
-    }
-    for (double time = 60'000.0; time <= 80'000.0; time += 10.0) Add(0x100, time);
-    return Judged();
-  }
-};
-
-TEST_F(PartedSilence, IsOfAllInSixteenPartsAndNoMore) {
-  EXPECT_EQ(Common(Parted(15, 21'000.0, 1'000.0)).size(), 16U);
-}
-
-TEST_F(PartedSilence, OfSeventeenPartsIsTheIdentifiersOwn) {
-  const JudgedRun judged = Parted(16, 21'000.0, 1'000.0);
-  EXPECT_TRUE(Common(judged).empty());
-  EXPECT_EQ(Own(judged, 0x100).size(), 1U);
-}
-
-TEST_F(PartedSilence, IsOfAllWhereTheBusWasSilentForNineTenthsOfIt) {
-  EXPECT_EQ(Common(Parted(101, 30'000.0, 40.0)).size(), 2U) << "without 4 of 40 s";
-}
-
-TEST_F(PartedSilence, WhereTheBusWasSilentForLessIsTheIdentifiersOwn) {
-  const JudgedRun judged = Parted(102, 30'000.0, 40.0);
-  EXPECT_TRUE(Common(judged).empty());
-  EXPECT_EQ(Own(judged, 0x100).size(), 1U);
-}
-
 // Each has its time, one behind the other.
 TEST_F(GapsOfAll, ThatNobodyDecidesAreKeptSixteenOf) {
   std::vector<Message> messages;

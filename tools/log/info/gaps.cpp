@@ -129,9 +129,15 @@ bool GapFinder::IsMostlySilent(const Pause& first, const Moment& moment, double 
   return first.silent + another >= kMost * first.begin.To(moment);
 }
 
+GapFinder::Pauses::const_iterator GapFinder::LastingOf(const Follower& follower,
+                                                       const Moment& moment, double another) const {
+  return std::find_if(PausesOf(follower), pauses_.cend(), [&](const Pause& pause) {
+    return WasSending(follower, pause.begin) && IsMostlySilent(pause, moment, another);
+  });
+}
+
 bool GapFinder::IsInASilence(const Follower& follower, const Moment& moment, double another) const {
-  const auto first = PausesOf(follower);
-  return first != pauses_.end() && IsMostlySilent(*first, moment, another);
+  return LastingOf(follower, moment, another) != pauses_.end();
 }
 
 bool GapFinder::MayDecide(const Follower& follower, const Moment& moment) const {
@@ -185,9 +191,7 @@ void GapFinder::PartSilences(const Moment& begin, const Moment& end, bool is_of_
     first.last_end = end;
     ++first.parts;
   }
-  const auto parted =
-      std::ranges::find_if(pauses_, [](const Pause& first) { return first.parts > kPauses_MAX; });
-  pauses_.erase(parted, pauses_.end());
+  std::erase_if(pauses_, [](const Pause& first) { return first.parts > kPauses_MAX; });
 }
 
 /// Those that were the last ones.
@@ -205,16 +209,21 @@ void GapFinder::AreNoSilence(const Pauses& pauses) {
 /// By its frame at this moment. Behind a silence that is over it decides nothing.
 void GapFinder::Decide(const Follower& follower, const Moment& moment) {
   const auto first = PausesOf(follower);
-  const auto lasting = std::find_if(
-      first, pauses_.cend(), [&](const Pause& pause) { return IsMostlySilent(pause, moment); });
+  if (first == pauses_.end()) return;
+  const auto lasting = LastingOf(follower, moment);
   const Pauses decided(lasting, pauses_.cend());
-  CommonReturn back = ReturnOfTheMissing(moment);
-  pauses_.erase(first, pauses_.end());
-  if (decided.empty()) return;
-  if (IsOverdue(follower, moment)) {
+  const bool is_common = !decided.empty() && IsOverdue(follower, moment);
+  std::optional<CommonReturn> back;
+  if (!decided.empty() && !is_common) back = ReturnOfTheMissing(moment);
+  // Those that are over stay for others who may never come back.
+  const auto over = std::find_if(
+      first, lasting, [&](const Pause& pause) { return !WasSending(follower, pause.begin); });
+  pauses_.erase(lasting, pauses_.end());
+  pauses_.erase(first, over);
+  if (is_common) {
     AddCommon(decided);
-  } else if (back.AreSeveral()) {
-    doubt_ = {decided, std::move(back)};
+  } else if (back && back->AreSeveral()) {
+    doubt_ = {decided, *std::move(back)};
   } else {
     AreNoSilence(decided);
   }

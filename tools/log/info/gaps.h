@@ -138,6 +138,9 @@ class GapFinder {
   /// of so many ms may end.
   [[nodiscard]] static bool IsMostlySilent(const Pause& first, const Moment& moment,
                                            double another = 0.0);
+  /// From the first one on that it was sending up to and whose silence lasts.
+  [[nodiscard]] Pauses::const_iterator LastingOf(const Follower& follower, const Moment& moment,
+                                                 double another = 0.0) const;
   /// Whether it has not sent since a silence that lasts, up to this moment.
   [[nodiscard]] bool IsInASilence(const Follower& follower, const Moment& moment,
                                   double another = 0.0) const;

@@ -1,0 +1,60 @@
+#include <cstdint>
+
+#include "tests/tools/log/gaps_bed.h"
+
+namespace tolvane::logtool {
+namespace {
+
+/// What is told of 0x100, which is missing from 20'000.0 to 60'000.0 while others come once each.
+class PartedSilence : public GapsBed {
+ protected:
+  JudgedRun Parted(int others, double first, double step) {
+    for (double time = 0.0; time <= 20'000.0; time += 10.0) Add(0x100, time);
+    for (int other = 0; other < others; ++other) {
+      Add(0x400 + static_cast<std::uint32_t>(other), first + other * step);
+    }
+    for (double time = 60'000.0; time <= 80'000.0; time += 10.0) Add(0x100, time);
+    return Judged();
+  }
+};
+
+TEST_F(PartedSilence, IsOfAllInSixteenPartsAndNoMore) {
+  EXPECT_EQ(Common(Parted(15, 21'000.0, 1'000.0)).size(), 16U);
+}
+
+TEST_F(PartedSilence, OfSeventeenPartsIsTheIdentifiersOwn) {
+  const JudgedRun judged = Parted(16, 21'000.0, 1'000.0);
+  EXPECT_TRUE(Common(judged).empty());
+  EXPECT_EQ(Own(judged, 0x100).size(), 1U);
+}
+
+TEST_F(PartedSilence, IsOfAllWhereTheBusWasSilentForNineTenthsOfIt) {
+  EXPECT_EQ(Common(Parted(101, 30'000.0, 40.0)).size(), 2U) << "without 4 of 40 s";
+}
+
+TEST_F(PartedSilence, WhereTheBusWasSilentForLessIsTheIdentifiersOwn) {
+  const JudgedRun judged = Parted(102, 30'000.0, 40.0);
+  EXPECT_TRUE(Common(judged).empty());
+  EXPECT_EQ(Own(judged, 0x100).size(), 1U);
+}
+
+// Another begins and stops within that silence, and has nine parts of it for itself.
+TEST_F(PartedSilence, OfTooManyPartsHidesNoneOfAnother) {
+  const auto add = [&](std::uint32_t id, double begin, double end, double step) {
+    for (double time = begin; time <= end; time += step) Add(step > 100.0 ? id++ : id, time);
+  };
+  add(0x100, 0.0, 10'000.0, 10.0);
+  add(0x400, 11'000.0, 19'100.0, 900.0);
+  add(0x200, 20'500.0, 20'600.0, 10.0);
+  add(0x500, 22'000.0, 36'000.0, 2'000.0);
+  for (double time = 40'000.0; time <= 60'000.0; time += 10.0) {
+    Add(0x100, time);
+    Add(0x200, time);
+  }
+  const JudgedRun judged = Judged();
+  EXPECT_EQ(Common(judged).size(), 9U);
+  EXPECT_EQ(Own(judged, 0x100).size(), 1U);
+}
+
+}  // namespace
+}  // namespace tolvane::logtool
