@@ -486,18 +486,6 @@ TEST_F(GapsOfAll, OfOneThatIsMissingAreItsOwnWhereAnotherBegins) {
   EXPECT_EQ(judged.identifiers[0].lost, 4999.0);
 }
 
-// More strays than pauses are kept undecided.
-TEST_F(GapsOfAll, AmongVeryManyStraysAreOfTheIdentifiers) {
-  const JudgedRun judged =
-      Judged({{0x100, 10.0}, {0x7DF, 1.0}}, 200'000.0, [](auto id, double time) {
-        return id == 0x100 ? time > 10'000.0 && time < 190'000.0 : std::fmod(time, 300.0) >= 3.0;
-      });
-  ASSERT_FALSE(judged.identifiers[1].regular);
-  ASSERT_EQ(judged.gaps.size(), 1U);
-  EXPECT_EQ(judged.gaps[0].lost, 17'999.0);
-  EXPECT_NE(judged.gaps[0].identifier, nullptr);
-}
-
 TEST_F(GapsOfAll, WithFewCyclesAllAreOverdueBehindAsFew) {
   multiple = 1.5;
   for (const double time : {0.0, 1000.0, 2000.0, 3000.0, 4800.0, 5800.0, 6800.0}) {

@@ -1,3 +1,4 @@
+#include <cmath>
 #include <cstdint>
 
 #include "tests/tools/log/gaps_bed.h"
@@ -54,6 +55,18 @@ TEST_F(PartedSilence, OfTooManyPartsHidesNoneOfAnother) {
   const JudgedRun judged = Judged();
   EXPECT_EQ(Common(judged).size(), 9U);
   EXPECT_EQ(Own(judged, 0x100).size(), 1U);
+}
+
+// More strays than pauses are kept undecided.
+TEST_F(PartedSilence, AmongVeryManyStraysAreOfTheIdentifiers) {
+  const JudgedRun judged =
+      Judged({{0x100, 10.0}, {0x7DF, 1.0}}, 200'000.0, [](auto id, double time) {
+        return id == 0x100 ? time > 10'000.0 && time < 190'000.0 : std::fmod(time, 300.0) >= 3.0;
+      });
+  ASSERT_FALSE(judged.identifiers[1].regular);
+  ASSERT_EQ(judged.gaps.size(), 1U);
+  EXPECT_EQ(judged.gaps[0].lost, 17'999.0);
+  EXPECT_NE(judged.gaps[0].identifier, nullptr);
 }
 
 }  // namespace
