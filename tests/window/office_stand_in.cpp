@@ -2,14 +2,13 @@
 
 #include <windows.h>
 
-#include <tlhelp32.h>
-
 #include <algorithm>
 #include <fstream>
 #include <string_view>
 
 #include "tools/drive/driven_program.h"
 #include "tools/drive/driven_window.h"
+#include "tools/drive/what_runs.h"
 
 namespace tolvane::window {
 namespace {
@@ -48,14 +47,9 @@ void End(DWORD id) {
 /// A server whose activation got lost waits for ever, with the record of its test's folder open:
 /// the tests behind it would fail too.
 void EndServersThatStayed() {
-  HANDLE list = CreateToolhelp32Snapshot(TH32CS_SNAPPROCESS, 0);
-  if (list == INVALID_HANDLE_VALUE) return;
-  PROCESSENTRY32W entry{};
-  entry.dwSize = sizeof(entry);
-  for (BOOL more = Process32FirstW(list, &entry); more; more = Process32NextW(list, &entry)) {
-    if (std::wstring_view(entry.szExeFile) == kProgram) End(entry.th32ProcessID);
+  for (const RunningProgram& program : RunningPrograms()) {
+    if (program.name == kProgram) End(program.id);
   }
-  CloseHandle(list);
 }
 
 }  // namespace

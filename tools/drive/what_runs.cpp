@@ -1,7 +1,6 @@
 #include "tools/drive/what_runs.h"
 
-#include <windows.h>
-
+// After windows.h, which it needs.
 #include <tlhelp32.h>
 
 #include <array>
@@ -37,18 +36,26 @@ std::wstring WindowsOf(DWORD process) {
 
 }  // namespace
 
-std::wstring WhatRuns() {
+std::vector<RunningProgram> RunningPrograms() {
+  std::vector<RunningProgram> programs;
   const HANDLE list = CreateToolhelp32Snapshot(TH32CS_SNAPPROCESS, 0);
-  if (list == INVALID_HANDLE_VALUE) return L"the processes cannot be told";
-  std::wstring told;
+  if (list == INVALID_HANDLE_VALUE) return programs;
   PROCESSENTRY32W entry{};
   entry.dwSize = sizeof(entry);
   for (BOOL more = Process32FirstW(list, &entry); more; more = Process32NextW(list, &entry)) {
-    told += L"  " + std::wstring(entry.szExeFile) + L" " + std::to_wstring(entry.th32ProcessID) +
-            L":" + WindowsOf(entry.th32ProcessID) + L"\n";
+    programs.push_back({entry.th32ProcessID, entry.szExeFile});
   }
   CloseHandle(list);
-  return told;
+  return programs;
+}
+
+std::wstring WhatRuns() {
+  std::wstring told;
+  for (const RunningProgram& program : RunningPrograms()) {
+    told += L"  " + program.name + L" " + std::to_wstring(program.id) + L":" +
+            WindowsOf(program.id) + L"\n";
+  }
+  return told.empty() ? L"the processes cannot be told" : told;
 }
 
 }  // namespace tolvane::window

@@ -218,8 +218,9 @@ void GapFinder::Decide(const Follower& follower, const Moment& moment) {
   // Those that are over stay for others who may never come back.
   const auto over = std::find_if(
       first, lasting, [&](const Pause& pause) { return !WasSending(follower, pause.begin); });
-  pauses_.erase(lasting, pauses_.end());
-  pauses_.erase(first, over);
+  const auto left = lasting - over;
+  const auto behind = pauses_.erase(first, over);
+  pauses_.erase(behind + left, pauses_.end());
   if (is_common) {
     AddCommon(decided);
   } else if (back && back->AreSeveral()) {
