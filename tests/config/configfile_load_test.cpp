@@ -9,6 +9,11 @@
 namespace tolvane {
 namespace {
 
+static_assert(FileSaveSystem::kConfigMissing == -1 && FileSaveSystem::kConfigRefused == -2 &&
+                  FileSaveSystem::kConfigLateError == -3,
+              "each result tells another thing");
+static_assert(FileSaveSystem::kConfigSaveError == -1);
+
 class ConfigLoad : public ConfigTest {
  protected:
   ConfigLoad() {
@@ -115,6 +120,26 @@ TEST_F(ConfigLoad, RefusedFileThatCannotBeDeletedIsAnError) {
   EXPECT_EQ(Load(), FileSaveSystem::kConfigMissing);
   EXPECT_TRUE(files.FileExists(kPath));
   ExpectDefaults();
+}
+
+TEST_F(ConfigLoad, AFieldCountsFromTheVersionThatFirstHeldIt) {
+  device.t_MsgFmtTyp = 1;
+  device.t_Timer_Mode = 1;
+  device.t_Excel_Format = 2;
+  device.t_Excel_soft = 2;
+  device.t_dividend_ratio = 2.5;
+  Save();
+  for (const std::int32_t version : {121, 122}) {
+    SetVersion(version);
+    device.Param_ALL_Clear();
+    message_box.Answer(true);
+    EXPECT_EQ(Load(), FileSaveSystem::kConfigLoaded) << version;
+    EXPECT_EQ(device.t_MsgFmtTyp, 1) << version;
+    EXPECT_EQ(device.t_Timer_Mode, 1) << version;
+    EXPECT_EQ(device.t_Excel_Format, 2) << version;
+    EXPECT_EQ(device.t_Excel_soft, 2) << version;
+    EXPECT_EQ(device.t_dividend_ratio, version == 122 ? 2.5 : 1.0) << version;
+  }
 }
 
 TEST_F(ConfigLoad, VersionDecidesWhetherTheUserIsAsked) {

@@ -41,6 +41,18 @@ TEST_F(CsvAllocation, MemoryTakenAheadHoldsTheLongestLinesOfBothChannels) {
   EXPECT_EQ(counting::Allocations() - before, 0);
 }
 
+TEST_F(CsvAllocation, MemoryTakenAheadHasBeenTouched) {
+  db.csv_TakeMemory();
+  EXPECT_EQ(counting::UntouchedOfLastLarge(), 0U);
+}
+
+TEST_F(CsvAllocation, TakingMemoryThatIsThereLeavesTheLinesInIt) {
+  db.csv_DataInput(1.0, 0x100, 0, kBytes);
+  db.csv_TakeMemory();
+  Flush(1);
+  EXPECT_TRUE(LogBytes(u"001").ends_with("         1 , 100 , 0\r\n"));
+}
+
 /// A machine without memory for the pieces of a channel, or for its builder.
 class CsvWithoutMemory : public CsvAllocation {
  protected:
@@ -80,6 +92,15 @@ TEST_F(CsvWithoutMemory, LinesBeyondABlockComeInTheirOrder) {
   FillAndFail(3);
   Flush(1);
   EXPECT_EQ(LinesInOrder(u"001"), 3 * kChannel);
+}
+
+TEST_F(CsvWithoutMemory, WhatCannotBeTakenAheadIsTakenByTheFirstLine) {
+  counting::RefuseAbove(kLessThanAChannel);
+  db.csv_TakeMemory();
+  counting::RefuseAbove(kAnything);
+  FillAndFail(1);
+  Flush(1);
+  EXPECT_EQ(LinesInOrder(u"001"), kChannel);
 }
 
 TEST_F(CsvWithoutMemory, TextThatCannotBeSetAsideStaysInItsBuilder) {

@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include "logging/csv_line.h"
 #include "logging/log_naming.h"
 #include "tests/helpers/expect_bytes.h"
 #include "tests/logging/log_test.h"
@@ -32,6 +33,16 @@ class CsvFault : public LogTest {
     Flush(1);
   }
 };
+
+TEST_F(CsvFault, ALineComesInWhereTheLongestOneJustFits) {
+  db.LogBuilder_MAX = kCsvLine_MAX;
+  for (const StringView number : {u"001", u"002"}) {
+    db.csv_DataInput(1.0, 0x100, 0, kBytes);
+    db.csv_DataInput(2.0, 0x100, 0, kBytes);  // no room
+    Flush(1);
+    EXPECT_TRUE(SameBytes(Records(number), first));
+  }
+}
 
 TEST_F(CsvFault, RemovedFolderKeepsTheRecordsForTheNextFlush) {
   KeepsTheRecords([&] { files.Remove(u"C:\\Tolvane"); }, [&] { files.AddFolder(u"C:\\Tolvane"); });

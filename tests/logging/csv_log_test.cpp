@@ -157,6 +157,15 @@ TEST_F(CsvLog29, ZerosOfChannelTwoLandInChannelOne) {
                                               "         3 , * , 00000010 , 0\r\n"));
 }
 
+TEST_F(CsvLog29, IdentifierZeroKeepsOneDigitInChannelTwo) {
+  db.Excel_DB_ArayyCh = 2;
+  db.csv_DataInput29(1.0, 0, 0, kBytes, 1);
+  Flush(2);
+  Flush(1);
+  EXPECT_TRUE(SameBytes(LogBytes(u"001"), kHead + kColumns29 + "         1 , * , 0 , 0\r\n"));
+  EXPECT_TRUE(SameBytes(LogBytes(u"002"), kHead + kColumns29 + "0000000"));
+}
+
 TEST_F(CsvLog, WhatCodePage932CannotHoldBecomesQuestionMarks) {
   device.t_LogComment = u"\u00A5\u20AC\U0001F600表";
   StartRun();

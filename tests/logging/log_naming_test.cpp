@@ -122,7 +122,7 @@ TEST_F(LogNaming, YieldsOncePerTakenName) {
   EXPECT_EQ(events.Yields(), 12);
 }
 
-/// Counts how often it is asked for a single file.
+/// Counts how often it is asked for a single file, and how often for all of a folder.
 class AskedFiles final : public platform::memory::FileSystem {
  public:
   using FileSystem::FileSystem;
@@ -130,8 +130,13 @@ class AskedFiles final : public platform::memory::FileSystem {
     ++asked;
     return FileSystem::FileExists(path);
   }
+  std::vector<String> FileNames(StringView stem) override {
+    ++looked;
+    return FileSystem::FileNames(stem);
+  }
 
   int asked = 0;
+  int looked = 0;
 };
 
 TEST_F(LogNaming, ASearchBehindHundredsOfTakenNamesLooksIntoTheFolderOnce) {
@@ -155,6 +160,17 @@ TEST_F(LogNaming, ASearchBehindHundredsOfTakenNamesLooksIntoTheFolderOnce) {
   EXPECT_EQ(found.path, u"C:\\Logs\\KL26112009-700.csv");
   EXPECT_EQ(events.Yields(), 699);
   EXPECT_LT(disk.asked, 20);
+  EXPECT_EQ(disk.looked, 1);
+}
+
+TEST_F(LogNaming, ASearchBehindAFewTakenNamesDoesNotLookIntoTheFolder) {
+  AskedFiles disk(code_page);
+  const String stem = u"C:\\Logs\\KL26112009-";
+  for (std::int32_t number = 1; number <= 7; ++number) {
+    disk.AddFile(stem + String(FileNumberText(number).View()) + u".csv", "");
+  }
+  EXPECT_EQ(FindFreePath(disk, stem, u".csv", 1, &events).number, 8);
+  EXPECT_EQ(disk.looked, 0);
 }
 
 TEST_F(LogNaming, AFileThatComesDuringTheSearchIsTakenToo) {

@@ -67,6 +67,21 @@ TEST_P(SessionEndOutput, ATimeIsFilledUpToTenCharactersAndALongerOneStays) {
                                                     "12345678.25 , 100 , 2 ,  00,1A\r\n"));
 }
 
+TEST_P(SessionEndOutput, BehindEightBytesTheNextLineBegins) {
+  Begin(0);
+  for (const double now_time : {1.0, 2.0}) {
+    if (GetParam() == kLogFormatCsv) {
+      db.csv_DataInput(now_time, 0x100, 8, kBytes);
+    } else {
+      db.Excel_DataInput(now_time, 0x100, 8, kBytes, 0);
+    }
+  }
+  EndSession();
+  EXPECT_TRUE(
+      SameBytes(LogBytes(u"001"), head11_ + "         1 , 100 , 8 ,  00,1A,FF,03,44,55,66,77\r\n"
+                                            "         2 , 100 , 8 ,  00,1A,FF,03,44,55,66,77\r\n"));
+}
+
 TEST_P(SessionEndOutput, RecordsOfTheSecondChannelAreNotLostEither) {
   Begin(0);
   db.Excel_DB_ArayyCh = 2;

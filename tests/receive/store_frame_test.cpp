@@ -126,6 +126,8 @@ TEST_F(Frame11, IdZeroHasRowZeroAndTheLastIdRow2047) {
   EXPECT_EQ(State(0), 3);
   EXPECT_EQ(State(2047), 3);
   EXPECT_EQ(State(2048), 0);
+  EXPECT_EQ(Data(0), kFirst);
+  EXPECT_EQ(Data(2047), kSecond);
 }
 
 TEST_F(Frame11, ReadTimeIsThePcClockWhateverTheTimerMode) {

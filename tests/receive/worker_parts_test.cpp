@@ -6,6 +6,7 @@
 
 #include "receive/adapters/canusb_binding.h"
 #include "receive/receive.h"
+#include "tests/counting/allocations.h"
 #include "tests/receive/run_bench.h"
 
 namespace tolvane {
@@ -48,6 +49,24 @@ TEST(Start, ClearsHighlightsAndLogOfTheRunBefore) {
   EXPECT_EQ(kept.log.Excel_DB_ArayyCounter, 0);
   EXPECT_EQ(kept.log.Excel_DB_ArayyCh, 1);
   EXPECT_EQ(kept.log.str_bitrate, u"");
+}
+
+TEST(Start, TakesTheMemoryOfACsvLogForACsvLogAlone) {
+  const struct {
+    std::int32_t enable, format;
+    std::int64_t blocks_left;
+  } rows[] = {{1, kLogFormatCsv, 0}, {0, kLogFormatCsv, 2}, {1, kLogFormatSpreadsheet, 2}};
+  for (const auto& row : rows) {
+    RunBench bench;
+    bench.device.t_LogSave_Enable = row.enable;
+    bench.device.t_LogSaveFormat = row.format;
+    KeptByFormBG kept(bench);
+    RunOn(kept, bench);
+    const std::int64_t before = counting::Allocations();
+    kept.log.csv_TakeMemory();  // takes what the run did not
+    const std::int64_t taken = counting::Allocations() - before;
+    EXPECT_EQ(taken, row.blocks_left) << row.enable << ' ' << row.format;
+  }
 }
 
 // The flush of a full half yields at a taken name; by then the counter is 0 and the channel still

@@ -159,6 +159,7 @@ TEST(Start, ASecondInstanceShowsNothingAndTouchesNoFile) {
   bench.memory.single_instance.PrevInstance(true);
   bench.form.Form_Load();
   EXPECT_EQ(bench.memory.journal.Lines().front(), "Form1.Unload()");
+  EXPECT_EQ(bench.Noted("FormHelp.Unload").size(), 1U) << "it does not end";
   EXPECT_THAT(bench.Noted("Form2.Visible"), IsEmpty());
   EXPECT_THAT(bench.memory.message_box.Boxes(), IsEmpty());
   EXPECT_THAT(bench.Noted("RTB_MainView"), IsEmpty());

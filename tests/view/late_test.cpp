@@ -90,6 +90,23 @@ TEST(Late, ACounterOfOneMillisecondStillFalls) {
   for (const std::int32_t counter : {1, -29, -29}) {
     bed.Page();
     EXPECT_EQ(bed.highlights->ViewColorlength_dt_timerCounter(0x100), counter);
+    EXPECT_EQ(bed.Colours(), counter > 0 ? Runs({{kCycle, kCycle + 5, counter}}) : Runs{});
+  }
+}
+
+TEST(Late, ACounterThatEndsAtZeroIsNotPaintedAnyMore) {
+  Bed bed;
+  bed.device.t_MsgLateColor_Time = 60;
+  Settle(bed, 0x100);
+  Next(bed, 0x100, kData, 200);
+  bed.Page();
+  bed.Page();
+  EXPECT_EQ(bed.Colours(), (Runs{{kCycle, kCycle + 5, 30}}));
+  for (int i = 0; i < 2; ++i) {
+    bed.Page();
+    EXPECT_EQ(bed.highlights->ViewColorlength_dt_timerCounter(0x100), 0);
+    EXPECT_EQ(bed.highlights->ViewColorlength_dt_end(0x100), 5) << "the region itself stays";
+    EXPECT_EQ(bed.Colours(), Runs{});
   }
 }
 
@@ -132,6 +149,20 @@ TEST(SameStamp, TheInterfaceBoardLetsTheRegionFallOnTheStoredCycle) {
   EXPECT_EQ(bed.highlights->ViewColorlength_dt_timerCounter(0x100), 59970);
   EXPECT_EQ(bed.Colours(), (Runs{{kCycle + kStandardRow, kCycle + kStandardRow + 6, 59970}}));
   EXPECT_EQ(bed.frames->CAN11_ReceivedTime_Delta(0x100), 2000.0);
+}
+
+TEST(SameStamp, ACounterOfOneMillisecondStillFalls) {
+  Bed bed;
+  bed.device.t_select_Vender = kVenderInterface;
+  bed.device.t_MsgLateColor_Time = 31;
+  Settle(bed, 0x100);
+  Next(bed, 0x100, kData, 200);
+  bed.Page();
+  Next(bed, 0x100, kData, 0);
+  for (const std::int32_t counter : {1, -29, -29}) {
+    bed.Page();
+    EXPECT_EQ(bed.highlights->ViewColorlength_dt_timerCounter(0x100), counter);
+  }
 }
 
 TEST(SameStamp, ASpentCounterStandsStillEvenOnAStoppedMessage) {

@@ -40,6 +40,9 @@ TEST(RtfInBlack, WhatTheTableLeavesOpenIsBlack) {
               {"backgrounds", "\\highlight0\\cb1 a", "\\highlight0\\cb1 a"},
               {"longer words", "\\cfx\\cf2\\plainx a", "\\cfx\\cf2\\plainx a"},
               {"no control words", "\\\\cf1 \\'cf1 \\{cf1", "\\\\cf1 \\'cf1 \\{cf1"},
+              {"behind a symbol", "\\{\\cf1 a\\\\\\plain b", "\\{\\cf3 a\\\\\\plain\\cf3 b"},
+              {"the first and last letters", "\\plaina\\plainz\\plainA\\plainZ a",
+               "\\plaina\\plainz\\plainA\\plainZ a"},
               {"data", "\\bin5 \\cf1 \\cf1 a", "\\bin5 \\cf1 \\cf3 a"},
               {"no data", "\\bin0 \\cf1 a", "\\bin0 \\cf3 a"}};
   for (const auto& row : rows) {

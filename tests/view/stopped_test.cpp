@@ -27,14 +27,29 @@ TEST(Stopped, SilenceAboveTheRatioPaintsTheCycleFlatUntilFramesReturn) {
 
 TEST(Stopped, WithoutAStoredCycleTheFlagKeepsItsValue) {
   for (const double stored : {0.0, -100.0}) {
-    Bed bed;
-    bed.Receive(0x100, 8, kData, 1000);
-    bed.frames->CAN11_ReceivedTime_Delta(0x100, stored);
-    bed.frames->CAN11_BlackoutON(0x100, 1);
-    bed.support.now = 1;
-    bed.Page();
-    EXPECT_EQ(bed.frames->CAN11_BlackoutON(0x100), 1);
+    for (const auto flag : {std::uint8_t{0}, std::uint8_t{1}}) {
+      Bed bed;
+      bed.Receive(0x100, 8, kData, 1000);
+      bed.frames->CAN11_ReceivedTime_Delta(0x100, stored);
+      bed.frames->CAN11_BlackoutON(0x100, flag);
+      bed.support.now = 1;
+      bed.Page();
+      EXPECT_EQ(bed.frames->CAN11_BlackoutON(0x100), flag) << stored;
+    }
   }
+}
+
+TEST(Stopped, AMessageIsNotStoppedBeforeItsFirstCycle) {
+  Bed bed;
+  bed.Receive(0x100, 8, kData, 1000);
+  bed.support.now = 100;
+  bed.Page();
+  bed.Receive(0x100, 8, kData, 1100);
+  bed.support.now = 101;
+  bed.Page();
+  EXPECT_EQ(bed.frames->CAN11_ReceivedTime_Delta(0x100), 100.0);
+  EXPECT_EQ(bed.highlights->ViewColorlength_dt_timerCounter(0x100), 0);
+  EXPECT_EQ(bed.Colours(), Runs{});
 }
 
 TEST(Stopped, TheCounterRunsOnBelowZeroWhileTheRegionStaysFresh) {

@@ -43,7 +43,7 @@ class BedTimer final : public platform::Timer {
   [[nodiscard]] std::int32_t Interval() const override { return interval; }
   void OnTick(std::function<void()>) override {}
 
-  std::int32_t interval = 30;
+  std::int32_t interval = kViewInterval;
 
  private:
   TickCalls& calls_;

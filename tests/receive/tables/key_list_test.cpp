@@ -150,6 +150,29 @@ TEST_F(KeyList, SearchFindsExactlyWhatALinearSearchFinds) {
   }
 }
 
+TEST_F(KeyList, SearchLooksFirstWhereItFoundTheKeyBefore) {
+  for (std::int32_t id = 1; id <= 7; ++id) Alloc(id * 2);
+  KeySearch search;
+  ASSERT_EQ(search.Find(*frames_, 14, 0), 6);
+  frames_->CAN29_Received_ID(3, 99);  // in the middle, where a search by halves begins
+  ASSERT_EQ(Find_CAN29_Slot(*frames_, 14, 0), std::nullopt);
+  EXPECT_EQ(search.Find(*frames_, 14, 0), 6);
+}
+
+// Two remote frames of ID 0 put their keys where the blank was found before.
+TEST_F(KeyList, SearchGivesTheFirstOfEqualsThoughItRemembersTheSecond) {
+  for (const bool lower_key : {false, true}) {
+    frames_->Param_ALL_Clear();
+    KeySearch search;
+    if (lower_key) Alloc(-5);
+    Alloc(0x100, 1);
+    ASSERT_EQ(search.Find(*frames_, 0, 0), lower_key ? 2 : 1) << "the blank";
+    Alloc(0);
+    Alloc(0);
+    EXPECT_EQ(search.Find(*frames_, 0, 0), lower_key ? 1 : 0);
+  }
+}
+
 TEST_F(KeyList, KeysStaySortedAndRowsArePermutedWhateverArrives) {
   std::mt19937 random(7);  // NOLINT: the same sequence each time
   std::uniform_int_distribution<std::int32_t> ids(-200, 200);

@@ -82,10 +82,21 @@ TEST_F(InterfaceSearch, HandleZeroIsAHandleAndNoCloseIsLookedAt) {
 }
 
 TEST_F(InterfaceSearch, TakesAll255AndNeverAsksForMore) {
-  for (int n = 1; n <= 256; ++n) memory_.IFCan.ports.push_back({.number = n});
+  for (std::int32_t n = 1; n <= 256; ++n) {
+    memory_.IFCan.ports.push_back({.number = n, .information = {n, n, n, n, n, n, n, n, n}});
+  }
   Run();
   EXPECT_EQ(IfCan_d_.Interface_CAN_FindCount, 255);
-  EXPECT_EQ(IfCan_d_.Interface_CAN_FindNo(255), 255);
+  for (std::int16_t n = 1; n <= 255; ++n) {
+    for (const auto* column :
+         {&IfCan_d_.Interface_CAN_FindNo, &IfCan_d_.IfCAN_info_ulStructLength,
+          &IfCan_d_.IfCAN_info_ulVendorID, &IfCan_d_.IfCAN_info_ulDeviceID,
+          &IfCan_d_.IfCAN_info_ulSubsystemID, &IfCan_d_.IfCAN_info_ulRevisionID,
+          &IfCan_d_.IfCAN_info_ulBoardID, &IfCan_d_.IfCAN_info_ulModelNumber,
+          &IfCan_d_.IfCAN_info_ulChannelNumber, &IfCan_d_.IfCAN_info_ulPhysicalLayer}) {
+      ASSERT_EQ((*column)(n), n);
+    }
+  }
   EXPECT_EQ(CountOf(memory_.journal.Take(), "CanOpenPort(\"IFCAN256\")"), 0);
 }
 

@@ -118,7 +118,11 @@ TEST_F(KvaserSearch, TakesThirtyOf31) {
   for (int i = 0; i < 31; ++i) Plug("Leaf");
   Run();
   EXPECT_EQ(kvCan_d_.Kvaser_FindCount, 30);
-  EXPECT_EQ(kvCan_d_.Kvaser_DevChannel(29), 29);
+  for (std::int16_t i = 0; i < 30; ++i) {
+    EXPECT_EQ(kvCan_d_.Kvaser_DevHandle(i), i);
+    EXPECT_EQ(kvCan_d_.Kvaser_DevChannel(i), i);
+    EXPECT_EQ(kvCan_d_.Kvaser_DevdName(i), u"Leaf");
+  }
   const Lines lines = memory_.journal.Take();
   EXPECT_EQ(CountOf(lines, "canOpenChannel(30, 128)"), 0);
   EXPECT_EQ(CountOf(lines, "canClose(29)"), 1);

@@ -75,5 +75,22 @@ TEST(StringBuilder, TextBeyondABlockOfAnySizeGrowsByOneMore) {
   EXPECT_EQ(builder.Text(), u"12345678") << "only what fits is kept";
 }
 
+TEST(StringBuilder, ATextThatFillsItsBlockTakesNoFurtherOne) {
+  StringBuilder builder(4);
+  builder.Append(u"12");
+  builder.Append(u"34");
+  builder.Append(u"56789");
+  EXPECT_EQ(builder.Text(), u"12345678");
+}
+
+// The library's memory tells what is written behind it, at the latest where it is given back.
+TEST(StringBuilder, WhatDoesNotFitIsNotWrittenBehindTheStorage) {
+  constexpr std::size_t kSmall = 1000;
+  StringBuilder builder(kSmall);
+  builder.Append(String(kSmall - 1, u'a'));
+  builder.Append(String(5 * kSmall, u'b'));
+  EXPECT_EQ(builder.Text(), String(kSmall - 1, u'a') + String(kSmall + 1, u'b'));
+}
+
 }  // namespace
 }  // namespace tolvane

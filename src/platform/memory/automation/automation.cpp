@@ -77,7 +77,7 @@ class AutomationServers::Object final : public platform::AutomationObject {
   static std::string Text(std::int32_t value) { return std::to_string(value); }
   static std::string Text(const String& value) { return '"' + ToUtf8(value) + '"'; }
   static std::string Text(const AutomationTable& value) {
-    if (value.cells.size() == 1) return "table " + Text(value.cells.front());
+    if (value.cells.size() == 1 && value.columns == 1) return "table " + Text(value.cells.front());
     return "table " + std::to_string(value.cells.size() / value.columns) + " x " +
            std::to_string(value.columns);
   }
