@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "tools/log/info/common_return.h"
+#include "tools/log/info/judged_identifier.h"
 #include "tools/log/info/run_statistics.h"
 #include "tools/log/info/silences.h"
 
@@ -25,16 +26,6 @@ struct Gap {
   Edge edge = Edge::kNone;
 };
 
-/// An identifier, and what is missing of it.
-struct JudgedIdentifier {
-  const IdentifierStatistics* statistics;
-  double cycle;            // median; 0 of fewer than three frames
-  bool regular;            // has a cycle; without one it has no gaps
-  double slow;             // as the cycle, or that of its slower rate
-  std::uint64_t gaps = 0;  // between its first and its last frame
-  double lost = 0.0;       // frames in them, and in those of all that are short for it
-};
-
 struct JudgedRun {
   std::vector<JudgedIdentifier> identifiers;  // by kind and number
   std::vector<Gap> gaps;                      // by their begin
@@ -47,11 +38,8 @@ struct JudgedRun {
 /// Finds the gaps of a run whose statistics are complete, for which its frames come once more: how
 /// long a silence has to be is known only then.
 ///
-/// A gap is a silence longer than `multiple` times the cycle. Identifiers that come at odd times,
-/// as those of questions and answers do, have none; of a regular one three in four cycles lie
-/// between half and twice the median, both included. Where more than one in twenty cycles, and at
-/// least twenty of them, are too long, and these are as alike, they are its slower rate: a gap is
-/// then `multiple` times that, and what was lost is reckoned by that too.
+/// A gap is a silence longer than `multiple` times the cycle of a regular identifier, or of its
+/// slower rate; what was lost is reckoned by that too.
 ///
 /// A silence of the bus is a gap of all where it is that long for one of the identifiers, of five
 /// cycles or more, that were sending up to it, and the first frame behind it of any of these is
