@@ -19,6 +19,13 @@ class GapsBed : public ::testing::Test {
     std::uint32_t id;
     double cycle;
   };
+  /// A message that comes from one moment to another, both included.
+  struct Spell {
+    std::uint32_t id;
+    double begin;
+    double end;
+    double cycle = 10.0;
+  };
 
  protected:
   /// From 0 to `end`, in the order of time; not where `is_cut` says so.
@@ -38,6 +45,17 @@ class GapsBed : public ::testing::Test {
     }
     std::ranges::stable_sort(frames, {}, &LogFrame::time);
     for (const LogFrame& frame : frames) Add(frame, 0.0);
+    return Judged();
+  }
+  /// One spell behind the other, in the order of time.
+  JudgedRun Judged(const std::vector<Spell>& spells) {
+    std::vector<std::pair<double, std::uint32_t>> frames;
+    for (const Spell& spell : spells) {
+      for (double time = spell.begin; time <= spell.end; time += spell.cycle)
+        frames.emplace_back(time, spell.id);
+    }
+    std::ranges::stable_sort(frames, {}, &std::pair<double, std::uint32_t>::first);
+    for (const auto& [time, id] : frames) Add(id, time);
     return Judged();
   }
   void Add(std::uint32_t id, double time) {
@@ -72,6 +90,13 @@ inline std::vector<Gap> Common(const JudgedRun& judged) {
   std::ranges::copy_if(judged.gaps, std::back_inserter(common),
                        [](const Gap& gap) { return gap.identifier == nullptr; });
   return common;
+}
+
+/// Begin and end of each.
+inline std::vector<std::pair<double, double>> Ends(const std::vector<Gap>& gaps) {
+  std::vector<std::pair<double, double>> ends;
+  for (const Gap& gap : gaps) ends.emplace_back(gap.silence.begin, gap.silence.end);
+  return ends;
 }
 
 }  // namespace tolvane::logtool

@@ -212,7 +212,7 @@ TEST_F(GapsOfAll, ThatNobodyDecidesAreKeptSixteenOf) {
   const JudgedRun judged = Judged(messages, 4'000.0, [](auto id, double time) {
     return time < id * 200.0 || time > id * 200.0 + 100.0;
   });
-  ASSERT_EQ(Common(judged).size(), GapFinder::kPauses_MAX);
+  ASSERT_EQ(Common(judged).size(), UndecidedPauses::kPauses_MAX);
   EXPECT_EQ(Common(judged).back().silence.end, 3'800.0);
 }
 
@@ -234,8 +234,7 @@ TEST_F(GapsOfAll, AreToldWhateverTheLastPauseIs) {
       Judged({{0x001, 10.0}, {0x010, 10.0}, {0x300, 1'000.0}}, 119'900.0, [](auto id, double time) {
         return id == 0x001 ? time > 10'000.0 : time < 40'000.0 || time > 119'000.0;
       });
-  Add({.time = 119'900.0, .id = 0x7FF, .extended = false, .bytes = 0, .length = 0, .data = {}},
-      0.0);
+  Add(0x7FF, 119'900.0);
   const JudgedRun with_a_stray = Judged();
   ASSERT_EQ(Common(with_a_stray).size(), 1U);
   EXPECT_EQ(Common(with_a_stray)[0].silence.length, 30'000.0);
@@ -303,8 +302,7 @@ TEST_F(GapsOfAll, ThatAnIdentifierIsMissingInForItsOwnCyclesTooAreToldOnce) {
     const bool is_fast = std::fmod(time, 10.0) == 0.0 || time == 20'401.0;
     const bool is_slow = std::fmod(time, 100.0) == 99.0 && time != 20'499.0;
     for (const auto& [id, comes] : {std::pair(0x100U, is_fast), std::pair(0x200U, is_slow)}) {
-      if (comes && !is_cut)
-        Add({.time = time, .id = id, .extended = false, .bytes = 0, .length = 0, .data = {}}, 0.0);
+      if (comes && !is_cut) Add(id, time);
     }
   }
   const JudgedRun judged = Judged();
@@ -336,7 +334,6 @@ TEST_F(GapsOfAll, HaveLostNoneOfAnIdentifierThatHadStopped) {
   EXPECT_EQ(judged.gaps[2].lost, 99.0);
 }
 
-/// Gaps of all.
 // The slow one alone is still sending when the bus falls silent, and all come back together.
 TEST_F(GapsOfAll, WhatAnIdentifierThatHadStoppedHasLostIsItsOwn) {
   const JudgedRun judged =
@@ -401,14 +398,11 @@ TEST_F(GapsOfAll, OfOneThatStopsShortlyAheadOfTheEndAreItsOwn) {
   std::size_t step = 0;
   double other = 0.0;
   for (double time = 0.0; time <= 60'000.0; time += 1.0) {
-    const auto add = [&](std::uint32_t id) {
-      Add({.time = time, .id = id, .extended = false, .bytes = 0, .length = 0, .data = {}}, 0.0);
-    };
     if (time == other) {
-      add(0x7DF);
+      Add(0x7DF, time);
       other += steps[step++ % 3];
     }
-    if (time <= 59'100.0 && std::fmod(time, 10.0) == 0.0) add(0x100);
+    if (time <= 59'100.0 && std::fmod(time, 10.0) == 0.0) Add(0x100, time);
   }
   const JudgedRun judged = Judged();
   ASSERT_FALSE(judged.identifiers[1].regular);
@@ -443,11 +437,8 @@ TEST_F(GapsOfAll, AreToldAsOftenAsNobodyOfBeforeComesBack) {
 // Four frames right behind one another have a cycle, by which any silence would be too long.
 TEST_F(GapsOfAll, OfABurstMakeNoneOfAll) {
   for (double time = 0.0; time <= 10'000.0; time += 1.0) {
-    const auto add = [&](std::uint32_t id) {
-      Add({.time = time, .id = id, .extended = false, .bytes = 0, .length = 0, .data = {}}, 0.0);
-    };
-    if (std::fmod(time, 10.0) == 0.0 && time != 5'010.0) add(0x100);
-    if (time > 5'000.0 && time < 5'005.0) add(0x7E8);
+    if (std::fmod(time, 10.0) == 0.0 && time != 5'010.0) Add(0x100, time);
+    if (time > 5'000.0 && time < 5'005.0) Add(0x7E8, time);
   }
   const JudgedRun judged = Judged();
   ASSERT_TRUE(judged.identifiers[1].regular);
@@ -458,15 +449,12 @@ TEST_F(GapsOfAll, OfABurstMakeNoneOfAll) {
 TEST_F(GapsOfAll, AreToldWhereTheFirstBackIsNotQuiteTwoCyclesLate) {
   constexpr double kLast = 20'000.0;
   for (double time = 0.0; time <= 60'000.0; time += 10.0) {
-    const auto add = [&](std::uint32_t id, double at) {
-      Add({.time = at, .id = id, .extended = false, .bytes = 0, .length = 0, .data = {}}, 0.0);
-    };
     if (time > kLast && time < kLast + 1960.0) continue;
     const bool is_first_back = time == kLast + 1960.0;
     if (is_first_back || (std::fmod(time, 1000.0) == 0.0 && time != kLast + 2000.0)) {
-      add(0x300, time);
+      Add(0x300, time);
     }
-    if (!is_first_back) add(0x100, time);
+    if (!is_first_back) Add(0x100, time);
   }
   const JudgedRun judged = Judged();
   ASSERT_EQ(judged.gaps.size(), 1U);
@@ -489,7 +477,7 @@ TEST_F(GapsOfAll, OfOneThatIsMissingAreItsOwnWhereAnotherBegins) {
 TEST_F(GapsOfAll, WithFewCyclesAllAreOverdueBehindAsFew) {
   multiple = 1.5;
   for (const double time : {0.0, 1000.0, 2000.0, 3000.0, 4800.0, 5800.0, 6800.0}) {
-    Add({.time = time, .id = 1, .extended = false, .bytes = 0, .length = 0, .data = {}}, 0.0);
+    Add(1, time);
   }
   const JudgedRun judged = Judged();
   ASSERT_EQ(judged.gaps.size(), 1U);

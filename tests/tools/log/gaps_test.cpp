@@ -124,7 +124,7 @@ TEST_F(Gaps, CyclesAtTheLimitMakeNoSlowerRate) {
   const auto add = [&](double cycle, int count) {
     for (int i = 0; i < count; ++i) {
       time += cycle;
-      Add({.time = time, .id = 1, .extended = false, .bytes = 0, .length = 0, .data = {}}, 0.0);
+      Add(1, time);
     }
   };
   add(10.0, 800);
@@ -164,7 +164,7 @@ TEST_F(Gaps, ManySilencesThatAreNotAlikeAreGaps) {
   for (int i = 0; i < 1000; ++i) {
     const double silences[] = {60.0, 500.0, 4000.0, 30'000.0};
     time += i % 10 == 9 ? silences[i / 10 % 4] : 10.0;
-    Add({.time = time, .id = 1, .extended = false, .bytes = 0, .length = 0, .data = {}}, 0.0);
+    Add(1, time);
   }
   EXPECT_EQ(Judged().identifiers[0].gaps, 100U);
 }
@@ -175,7 +175,7 @@ TEST_F(Gaps, OfASlowerRateAreLongForThat) {
     time += i < 6000 ? 10.0 : 100.0;
     if (i == 7000) time += 300.0;
     if (i == 7200) time += 500.0;
-    Add({.time = time, .id = 1, .extended = false, .bytes = 0, .length = 0, .data = {}}, 0.0);
+    Add(1, time);
   }
   const JudgedRun judged = Judged();
   ASSERT_EQ(judged.gaps.size(), 1U);
@@ -248,7 +248,7 @@ TEST_F(Gaps, ALoneFrameHasNoCycleAndNoGap) {
 
 TEST_F(Gaps, ATimeThatStepsBackIsNoCycle) {
   for (const double time : {0.0, 10.0, 20.0, 5.0, 15.0}) {
-    Add({.time = time, .id = 1, .extended = false, .bytes = 0, .length = 0, .data = {}}, 0.0);
+    Add(1, time);
   }
   EXPECT_EQ(run.StepsBack(), 1U);
   EXPECT_EQ(Judged().identifiers[0].statistics->cycles.Longest(), 10.0);

@@ -1,5 +1,7 @@
 #include <cmath>
 #include <cstdint>
+#include <utility>
+#include <vector>
 
 #include "tests/tools/log/gaps_bed.h"
 
@@ -67,6 +69,37 @@ TEST_F(PartedSilence, AmongVeryManyStraysAreOfTheIdentifiers) {
   ASSERT_EQ(judged.gaps.size(), 1U);
   EXPECT_EQ(judged.gaps[0].lost, 17'999.0);
   EXPECT_NE(judged.gaps[0].identifier, nullptr);
+}
+
+using EndsOfGaps = std::vector<std::pair<double, double>>;
+
+// 0x700 comes every 5 s as ever, at last behind a pause of 0x200, which then is of that alone.
+// Nobody of before the first one comes back.
+TEST_F(PartedSilence, StaysWhereAFurtherPartWasNone) {
+  const JudgedRun judged = Judged({{0x100, 0.0, 10'000.0},
+                                   {0x200, 10'500.0, 10'600.0},
+                                   {0x200, 15'560.0, 40'000.0},
+                                   {0x700, 10'550.0, 35'550.0, 5'000.0}});
+  EXPECT_EQ(Ends(Common(judged)), (EndsOfGaps{{10'000.0, 10'500.0}}));
+  EXPECT_EQ(Own(judged, 0x200).size(), 2U) << "one until its first frame";
+}
+
+// As ahead, with another pause in which it was no part any more, and none is taken out twice.
+TEST_F(PartedSilence, LosesNothingByAPauseThatWasNoPartOfIt) {
+  const JudgedRun judged = Judged({{0x100, 0.0, 10'000.0},
+                                   {0x200, 10'500.0, 10'600.0},
+                                   {0x200, 10'650.0, 10'700.0},
+                                   {0x200, 15'560.0, 40'000.0},
+                                   {0x700, 10'550.0, 35'550.0, 5'000.0}});
+  EXPECT_EQ(Ends(Common(judged)), (EndsOfGaps{{10'000.0, 10'500.0}}));
+}
+
+// One begins 2 s ahead of the others, and its own pauses are found to be none as often as they
+// come. They are far more than a silence may have parts.
+TEST_F(PartedSilence, IsPartedByNoPauseOfOneThatBeginsInIt) {
+  const JudgedRun judged = Judged(
+      {{0x100, 0.0, 10'000.0}, {0x100, 42'040.0, 60'000.0}, {0x300, 40'000.0, 60'000.0, 100.0}});
+  EXPECT_EQ(Ends(Common(judged)), (EndsOfGaps{{10'000.0, 40'000.0}}));
 }
 
 }  // namespace

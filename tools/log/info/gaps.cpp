@@ -14,10 +14,6 @@ namespace {
 constexpr double kOverdue = 1.5;
 /// With fewer cycles an identifier may be one that strays into a silence.
 constexpr std::uint64_t kCyclesThatDecide_MIN = 5;
-/// Part that pauses of the bus have at least in the time from the first of them to the frame of one
-/// that comes back, where they are one silence that others part.
-constexpr double kMost = 0.9;
-
 /// By begin, those of all ahead of others, then by kind and number.
 bool OfTheirOrder(const Gap& one, const Gap& other) {
   const auto order = [](const Gap& gap) {
@@ -63,7 +59,7 @@ void GapFinder::Settle() {
   if (doubt.back.AreMostBack()) {
     AddCommon(doubt.pauses);
   } else {
-    AreNoSilence(doubt.pauses);
+    pauses_.AreNoSilence(doubt.pauses);
   }
   while (!held_.empty() && !doubt_) {
     const Seen seen = held_.front();
@@ -77,7 +73,7 @@ void GapFinder::Take(const Seen& seen) {
   const auto place = places_.find(seen.key);
   Follower* const follower = place != places_.end() ? &followers_[place->second] : nullptr;
   const bool is_stray = follower == nullptr || !follower->is_known;
-  AddPause(std::exchange(last_, seen.moment), seen.moment, is_stray);
+  AddPause({std::exchange(last_, seen.moment), seen.moment}, is_stray);
   if (follower == nullptr) return;
   if (MayDecide(*follower, seen.moment)) Decide(*follower, seen.moment);
   Follow(*follower, seen.moment);
@@ -90,41 +86,42 @@ bool GapFinder::WasSending(const Follower& follower, const Moment& moment) {
          silence - follower.common <= follower.limit;
 }
 
-GapFinder::Pauses::const_iterator GapFinder::PausesOf(const Follower& follower) const {
-  const auto first = std::ranges::find_if(
-      pauses_, [&](const Pause& pause) { return follower.last.To(pause.begin) >= 0.0; });
-  return first != pauses_.end() && WasSending(follower, first->begin) ? first : pauses_.end();
+std::size_t GapFinder::FirstPauseOf(const Follower& follower) const {
+  const std::size_t first = pauses_.FirstFrom(follower.last);
+  const bool was_sending = first < pauses_.Count() && WasSending(follower, pauses_.At(first).begin);
+  return was_sending ? first : pauses_.Count();
 }
 
-bool GapFinder::IsMostlySilent(const Pause& first, const Moment& moment, double another) {
-  return first.silent + another >= kMost * first.begin.To(moment);
-}
-
-GapFinder::Pauses::const_iterator GapFinder::LastingOf(const Follower& follower,
-                                                       const Moment& moment, double another) const {
-  return std::find_if(PausesOf(follower), pauses_.cend(), [&](const Pause& pause) {
-    return WasSending(follower, pause.begin) && IsMostlySilent(pause, moment, another);
-  });
+std::size_t GapFinder::FirstLastingOf(const Follower& follower, const Moment& moment,
+                                      double another) const {
+  std::size_t place = FirstPauseOf(follower);
+  while (place < pauses_.Count() && !(WasSending(follower, pauses_.At(place).begin) &&
+                                      pauses_.Lasts(place, moment, another))) {
+    ++place;
+  }
+  return place;
 }
 
 bool GapFinder::IsInASilence(const Follower& follower, const Moment& moment, double another) const {
-  return LastingOf(follower, moment, another) != pauses_.end();
+  return FirstLastingOf(follower, moment, another) < pauses_.Count();
 }
 
 bool GapFinder::MayDecide(const Follower& follower, const Moment& moment) const {
   if (follower.is_known) return true;
-  const auto first = PausesOf(follower);
-  return first != pauses_.end() && std::none_of(pauses_.begin(), first, [&](const Pause& before) {
-           return IsMostlySilent(before, moment);
-         });
+  const std::size_t first = FirstPauseOf(follower);
+  if (first == pauses_.Count()) return false;
+  for (std::size_t before = 0; before < first; ++before) {
+    if (pauses_.Lasts(before, moment)) return false;
+  }
+  return true;
 }
 
 // One that has stopped, with no pause that may yet explain it, is not looked at again before its
 // next frame.
-std::optional<double> GapFinder::LimitOfOneThatMissesIn(const Moment& begin, const Moment& end) {
-  const double length = begin.To(end);
+std::optional<double> GapFinder::LimitOfOneThatMissesIn(const Pause& pause) {
+  const double length = pause.Length();
   const auto misses = [&](const Follower* follower) {
-    return WasSending(*follower, begin) || IsInASilence(*follower, end, length);
+    return WasSending(*follower, pause.begin) || IsInASilence(*follower, pause.end, length);
   };
   const auto others = std::ranges::lower_bound(sending_, length, {}, &Follower::limit);
   const auto first = std::find_if(sending_.begin(), others, misses);
@@ -144,60 +141,33 @@ bool GapFinder::IsOverdue(const Follower& follower, const Moment& moment) {
   return follower.last.To(moment) - follower.common > follower.overdue;
 }
 
-void GapFinder::AddPause(const Moment& begin, const Moment& end, bool is_to_a_stray) {
-  const double length = begin.To(end);
-  const auto limit = LimitOfOneThatMissesIn(begin, end);
-  PartSilences(begin, end, limit.has_value() || !is_to_a_stray);
-  if (!limit) return;
-  if (pauses_.size() >= kPauses_MAX) pauses_.erase(pauses_.begin());
-  pauses_.push_back({begin, end, *limit, length, end});
-}
-
-/// By a pause. One that is over has nothing to do with those of others.
-void GapFinder::PartSilences(const Moment& begin, const Moment& end, bool is_of_others) {
-  const double length = begin.To(end);
-  for (Pause& first : pauses_) {
-    if (length <= first.limit || (is_of_others && !IsMostlySilent(first, end, length))) continue;
-    first.silent += length;
-    first.last_end = end;
-    ++first.parts;
-  }
-  std::erase_if(pauses_, [](const Pause& first) { return first.parts > kPauses_MAX; });
-}
-
-/// Those that were the last ones.
-void GapFinder::AreNoSilence(const Pauses& pauses) {
-  for (Pause& before : pauses_) {
-    for (auto pause = pauses.rbegin(); pause != pauses.rend(); ++pause) {
-      const double length = pause->begin.To(pause->end);
-      if (length <= before.limit || pause->end.time > before.last_end.time) continue;
-      before.silent -= length;
-      before.last_end = pause->begin;
-    }
-  }
+void GapFinder::AddPause(const Pause& pause, bool is_to_a_stray) {
+  const auto limit = LimitOfOneThatMissesIn(pause);
+  pauses_.Part(pause, is_to_a_stray && !limit);
+  if (limit) pauses_.Add(pause, *limit);
 }
 
 /// By its frame at this moment. Behind a silence that is over it decides nothing.
 void GapFinder::Decide(const Follower& follower, const Moment& moment) {
-  const auto first = PausesOf(follower);
-  if (first == pauses_.end()) return;
-  const auto lasting = LastingOf(follower, moment);
-  const Pauses decided(lasting, pauses_.cend());
+  const std::size_t first = FirstPauseOf(follower);
+  const std::size_t end = pauses_.Count();
+  if (first == end) return;
+  const std::size_t lasting = FirstLastingOf(follower, moment);
+  const std::vector<Pause> decided = pauses_.Between(lasting, end);
   const bool is_common = !decided.empty() && IsOverdue(follower, moment);
   std::optional<CommonReturn> back;
   if (!decided.empty() && !is_common) back = ReturnOfTheMissing(moment);
-  // Those that are over stay for others who may never come back.
-  const auto over = std::find_if(
-      first, lasting, [&](const Pause& pause) { return !WasSending(follower, pause.begin); });
-  const auto left = lasting - over;
-  const auto behind = pauses_.erase(first, over);
-  pauses_.erase(behind + left, pauses_.end());
+  // Those ahead that it was sending up to are over; the rest it has no say in, and others may.
+  std::size_t not_its = first;
+  while (not_its < lasting && WasSending(follower, pauses_.At(not_its).begin)) ++not_its;
+  pauses_.Drop(lasting, end);
+  pauses_.Drop(first, not_its);
   if (is_common) {
     AddCommon(decided);
   } else if (back && back->AreSeveral()) {
     doubt_ = {decided, *std::move(back)};
   } else {
-    AreNoSilence(decided);
+    pauses_.AreNoSilence(decided);
   }
 }
 
@@ -213,41 +183,38 @@ CommonReturn GapFinder::ReturnOfTheMissing(const Moment& since) const {
 // What one identifier was missing from on is one silence, and another identifier may have begun in
 // between and stopped for another one.
 void GapFinder::DecideAtTheEnd() {
-  std::vector<bool> begins(pauses_.size() + 1, false);
+  std::vector<bool> begins(pauses_.Count() + 1, false);
   for (const Follower& follower : followers_) {
-    const auto first = PausesOf(follower);
-    if (follower.is_known) begins[static_cast<std::size_t>(first - pauses_.begin())] = true;
+    if (follower.is_known) begins[FirstPauseOf(follower)] = true;
   }
   begins.back() = true;
-  for (std::size_t first = 0; first < pauses_.size();) {
-    std::size_t last = first;
-    do ++last;
-    while (!begins[last]);
-    if (begins[first]) DecideAtTheEnd(first, last);
-    first = last;
+  for (std::size_t first = 0; first < pauses_.Count();) {
+    std::size_t end = first;
+    do ++end;
+    while (!begins[end]);
+    if (begins[first]) DecideAtTheEndBetween(first, end);
+    first = end;
   }
 }
 
-void GapFinder::DecideAtTheEnd(std::size_t first, std::size_t last) {
+void GapFinder::DecideAtTheEndBetween(std::size_t first, std::size_t end) {
   const bool are_overdue = std::ranges::all_of(followers_, [&](const Follower& follower) {
-    const auto its = static_cast<std::size_t>(PausesOf(follower) - pauses_.cbegin());
-    return its < first || its >= last || !MayDecide(follower, run_.Last()) ||
+    const std::size_t its = FirstPauseOf(follower);
+    return its < first || its >= end || !MayDecide(follower, run_.Last()) ||
            IsOverdue(follower, run_.Last());
   });
-  const Pauses decided(pauses_.begin() + static_cast<std::ptrdiff_t>(first),
-                       pauses_.begin() + static_cast<std::ptrdiff_t>(last));
-  const Pause& begin = decided.front();
-  if (are_overdue && IsMostlySilent(begin, begin.last_end)) AddCommon(decided);
+  if (are_overdue && pauses_.LastsThroughItsParts(first)) AddCommon(pauses_.Between(first, end));
 }
 
-void GapFinder::AddCommon(const Pauses& pauses) {
-  for (const Pause& pause : pauses) AddCommon({pause.begin, pause.end});
+void GapFinder::AddCommon(const std::vector<Pause>& pauses) {
+  for (const Pause& pause : pauses) AddOneOfAll(pause);
 }
 
-void GapFinder::AddCommon(const Silence& silence) {
+void GapFinder::AddOneOfAll(const Pause& pause) {
+  const Silence silence(pause.begin, pause.end);
   common_gaps_.Add(silence, 0.0);
   for (Follower& follower : followers_) {
-    if (follower.last.time > silence.begin) continue;
+    if (follower.last.To(pause.begin) < 0.0) continue;
     if (silence.length > follower.judged->cycle) follower.common += silence.length;
     follower.every_common += silence.length;
     if (silence.length > follower.longest_common.length) follower.longest_common = silence;

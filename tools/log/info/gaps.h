@@ -11,6 +11,7 @@
 #include "tools/log/info/judged_identifier.h"
 #include "tools/log/info/run_statistics.h"
 #include "tools/log/info/silences.h"
+#include "tools/log/info/undecided_pauses.h"
 
 namespace tolvane::logtool {
 
@@ -61,8 +62,6 @@ class GapFinder {
   // Gaps that are kept; all are counted.
   static constexpr std::size_t kCommon_MAX = 256;
   static constexpr std::size_t kOwn_MAX = 64;  // of each identifier
-  // Pauses that are undecided. With more of them the bus is one on which others send.
-  static constexpr std::size_t kPauses_MAX = 16;
   // Frames behind a pause within which those that are missing have to be back.
   static constexpr std::size_t kHeld_MAX = 1000;
 
@@ -91,26 +90,13 @@ class GapFinder {
     LongestSilences gaps{kOwn_MAX};
   };
 
-  /// Of the bus, from one frame to the next.
-  struct Pause {
-    Moment begin;
-    Moment end;
-    double limit;  // ms; the least of those for whom it was too long
-    // Of it and those behind it that are longer than that limit; `silent` in ms, without those that
-    // were found to be no silence.
-    double silent;
-    Moment last_end;
-    std::size_t parts = 1;
-  };
-  using Pauses = std::vector<Pause>;
-
   struct Seen {
     std::uint64_t key;
     Moment moment;
   };
   /// Ended by one that came at its time, while several are missing.
   struct Doubt {
-    Pauses pauses;
+    std::vector<Pause> pauses;
     CommonReturn back;
   };
 
@@ -120,46 +106,42 @@ class GapFinder {
 
   /// Whether it was, up to this moment, and has not sent since.
   [[nodiscard]] static bool WasSending(const Follower& follower, const Moment& moment);
-  /// The undecided ones in the silence of one that was sending up to them, to the last.
-  [[nodiscard]] Pauses::const_iterator PausesOf(const Follower& follower) const;
-  /// Whether the bus was silent most of the time since, up to this moment, at which another pause
-  /// of so many ms may end.
-  [[nodiscard]] static bool IsMostlySilent(const Pause& first, const Moment& moment,
-                                           double another = 0.0);
-  /// From the first one on that it was sending up to and whose silence lasts.
-  [[nodiscard]] Pauses::const_iterator LastingOf(const Follower& follower, const Moment& moment,
-                                                 double another = 0.0) const;
+  /// The place of the first undecided pause in the silence of one that was sending up to it; all
+  /// from there on are in it. Behind the last one where there is none.
+  [[nodiscard]] std::size_t FirstPauseOf(const Follower& follower) const;
+  /// The place of the first of these that it was sending up to and whose silence lasts.
+  [[nodiscard]] std::size_t FirstLastingOf(const Follower& follower, const Moment& moment,
+                                           double another = 0.0) const;
   /// Whether it has not sent since a silence that lasts, up to this moment.
   [[nodiscard]] bool IsInASilence(const Follower& follower, const Moment& moment,
                                   double another = 0.0) const;
   /// The least limit of those that were sending up to a pause, or are in a silence with it, and for
   /// whom it is too long; empty where it is for none.
-  [[nodiscard]] std::optional<double> LimitOfOneThatMissesIn(const Moment& begin,
-                                                             const Moment& end);
-  /// One of few cycles only on silences that began behind its last frame.
+  [[nodiscard]] std::optional<double> LimitOfOneThatMissesIn(const Pause& pause);
+  /// One of few cycles only on silences that began behind its last frame, where no older one lasts.
   [[nodiscard]] bool MayDecide(const Follower& follower, const Moment& moment) const;
   [[nodiscard]] static bool IsOverdue(const Follower& follower, const Moment& moment);
   void List(Follower& follower);
-  void AddPause(const Moment& begin, const Moment& end, bool is_to_a_stray);
-  void PartSilences(const Moment& begin, const Moment& end, bool is_of_others);
-  void AreNoSilence(const Pauses& pauses);
+  void AddPause(const Pause& pause, bool is_to_a_stray);
   void Decide(const Follower& follower, const Moment& moment);
   [[nodiscard]] CommonReturn ReturnOfTheMissing(const Moment& since) const;
   void DecideAtTheEnd();
-  void DecideAtTheEnd(std::size_t first, std::size_t last);
-  void AddCommon(const Pauses& pauses);
-  void AddCommon(const Silence& silence);
+  void DecideAtTheEndBetween(std::size_t first, std::size_t end);
+  void AddCommon(const std::vector<Pause>& pauses);
+  void AddOneOfAll(const Pause& pause);
   void Follow(Follower& follower, const Moment& moment);
 
   const RunStatistics& run_;
   JudgedRun result_;
   Moment last_;
-  Pauses pauses_;  // too long, and none that was sending up to them has come since
+  UndecidedPauses pauses_;  // none that was sending up to them has come since, but with few cycles
   std::optional<Doubt> doubt_;
   std::deque<Seen> held_;  // none without a doubt
   LongestSilences common_gaps_{kCommon_MAX};
   std::vector<Follower> followers_;  // by their cycles
-  std::vector<Follower*> sending_;   // or stopped and not missed yet, by limit
+  // By limit. Those who have stopped are here up to the next pause that is too long for them and in
+  // no silence of theirs that lasts.
+  std::vector<Follower*> sending_;
   std::unordered_map<std::uint64_t, std::size_t> places_;  // of them, by their keys
 };
 

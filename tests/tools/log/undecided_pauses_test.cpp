@@ -1,0 +1,124 @@
+#include "tools/log/info/undecided_pauses.h"
+
+#include <gtest/gtest.h>
+
+#include <vector>
+
+namespace tolvane::logtool {
+namespace {
+
+Moment At(double time) { return {time, 0.0}; }
+
+Pause Between(double begin, double end) { return {At(begin), At(end)}; }
+
+/// Of a bus on which whoever misses has a limit of 50 ms.
+class PausesOfTheBus : public ::testing::Test {
+ protected:
+  static constexpr double kLimit = 50.0;
+
+  /// As one in which somebody is missing.
+  void Add(double begin, double end, double limit = kLimit) {
+    pauses.Part(Between(begin, end), false);
+    pauses.Add(Between(begin, end), limit);
+  }
+  void AddToAStray(double begin, double end) { pauses.Part(Between(begin, end), true); }
+  [[nodiscard]] std::vector<double> Begins() const {
+    std::vector<double> begins;
+    for (std::size_t place = 0; place < pauses.Count(); ++place)
+      begins.push_back(pauses.At(place).begin.time);
+    return begins;
+  }
+
+  UndecidedPauses pauses;
+};
+
+TEST_F(PausesOfTheBus, LastWhileTheirPartsAreNineTenths) {
+  Add(0.0, 900.0);
+  EXPECT_TRUE(pauses.Lasts(0, At(1'000.0)));
+  EXPECT_FALSE(pauses.Lasts(0, At(1'000.5)));
+  EXPECT_TRUE(pauses.Lasts(0, At(2'000.0), 900.0)) << "with another part of that length";
+  EXPECT_FALSE(pauses.Lasts(0, At(2'000.0), 899.5));
+}
+
+TEST_F(PausesOfTheBus, HaveAsPartsThoseBehindThemThatAreTooLongToo) {
+  Add(0.0, 900.0);
+  AddToAStray(950.0, 1'000.0);
+  EXPECT_FALSE(pauses.Lasts(0, At(1'055.0))) << "50 ms are not";
+  AddToAStray(1'000.0, 1'055.0);
+  EXPECT_TRUE(pauses.Lasts(0, At(1'055.0)));
+  EXPECT_TRUE(pauses.LastsThroughItsParts(0));
+  EXPECT_EQ(Begins(), std::vector<double>{0.0}) << "nobody misses in it";
+}
+
+TEST_F(PausesOfTheBus, ThatAreOverAreNotPartedByThoseOfOthersButByStrays) {
+  Add(0.0, 100.0);
+  Add(200.0, 300.0);
+  EXPECT_TRUE(pauses.Lasts(0, At(100.0)));
+  EXPECT_FALSE(pauses.Lasts(0, At(2'000.0), 1'699.5)) << "the second one is no part";
+  AddToAStray(300.0, 2'000.0);
+  EXPECT_TRUE(pauses.Lasts(0, At(2'000.0)));
+  EXPECT_TRUE(pauses.Lasts(1, At(2'000.0)));
+}
+
+TEST_F(PausesOfTheBus, OfMoreThanSixteenPartsAreNone) {
+  Add(0.0, 10'000.0);
+  double time = 10'000.0;
+  for (std::size_t part = 1; part < UndecidedPauses::kParts_MAX; ++part, time += 60.0)
+    AddToAStray(time, time + 60.0);
+  EXPECT_EQ(pauses.Count(), 1U);
+  AddToAStray(time, time + 60.0);
+  EXPECT_EQ(pauses.Count(), 0U);
+}
+
+TEST_F(PausesOfTheBus, CountNoPartThatWasNoSilence) {
+  Add(0.0, 10'000.0);
+  for (double time = 10'000.0; time < 11'000.0; time += 60.0) {
+    Add(time, time + 60.0);
+    pauses.Drop(1, 2);
+    pauses.AreNoSilence({Between(time, time + 60.0)});
+  }
+  EXPECT_EQ(Begins(), std::vector<double>{0.0});
+  EXPECT_TRUE(pauses.Lasts(0, At(11'100.0)));
+  EXPECT_FALSE(pauses.Lasts(0, At(11'200.0)));
+}
+
+// Between the two something was sent.
+TEST_F(PausesOfTheBus, EndWithTheLastPartThatIsASilence) {
+  Add(0.0, 500.0);
+  Add(600.0, 5'560.0);
+  pauses.Drop(1, 2);
+  EXPECT_TRUE(pauses.LastsThroughItsParts(0));
+  EXPECT_TRUE(pauses.Lasts(0, At(5'560.0)));
+  pauses.AreNoSilence({Between(600.0, 5'560.0)});
+  EXPECT_TRUE(pauses.LastsThroughItsParts(0));
+  EXPECT_FALSE(pauses.Lasts(0, At(5'560.0)));
+  EXPECT_TRUE(pauses.Lasts(0, At(555.0))) << "nothing else is taken out";
+}
+
+TEST_F(PausesOfTheBus, LoseNothingByWhatIsNoPartOfThem) {
+  Add(0.0, 100.0);
+  Add(200.0, 300.0);
+  Add(300.0, 5'000.0);
+  EXPECT_TRUE(pauses.Lasts(0, At(5'000.0)));
+  pauses.Drop(1, 3);
+  pauses.AreNoSilence({Between(200.0, 300.0), Between(300.0, 5'000.0)});
+  EXPECT_TRUE(pauses.LastsThroughItsParts(0));
+  EXPECT_TRUE(pauses.Lasts(0, At(111.0)));
+}
+
+TEST_F(PausesOfTheBus, HaveTheirPlacesInTheOrderOfTime) {
+  Add(0.0, 1'000.0);
+  Add(1'000.0, 2'000.0);
+  Add(3'000.0, 4'000.0);
+  EXPECT_EQ(pauses.FirstFrom(At(0.0)), 0U);
+  EXPECT_EQ(pauses.FirstFrom(At(0.5)), 1U);
+  EXPECT_EQ(pauses.FirstFrom(At(3'000.5)), pauses.Count());
+  const std::vector<Pause> behind = pauses.Between(1, 3);
+  ASSERT_EQ(behind.size(), 2U);
+  EXPECT_EQ(behind[1].begin.time, 3'000.0);
+  pauses.Drop(0, 2);
+  EXPECT_EQ(Begins(), std::vector<double>{3'000.0});
+}
+
+}  // namespace
+}  // namespace tolvane::logtool
