@@ -19,6 +19,11 @@ class PartedSilence : public GapsBed {
     for (double time = 60'000.0; time <= 80'000.0; time += 10.0) Add(0x100, time);
     return Judged();
   }
+  /// One of an identifier of its own at each time.
+  static void AddStrays(std::vector<Spell>& spells, const std::vector<double>& times) {
+    std::uint32_t id = 0x400;
+    for (const double time : times) spells.push_back({id++, time, time});
+  }
 };
 
 TEST_F(PartedSilence, IsOfAllInSixteenPartsAndNoMore) {
@@ -100,6 +105,34 @@ TEST_F(PartedSilence, IsPartedByNoPauseOfOneThatBeginsInIt) {
   const JudgedRun judged = Judged(
       {{0x100, 0.0, 10'000.0}, {0x100, 42'040.0, 60'000.0}, {0x300, 40'000.0, 60'000.0, 100.0}});
   EXPECT_EQ(Ends(Common(judged)), (EndsOfGaps{{10'000.0, 40'000.0}}));
+}
+
+// Six strays part it near its begin, where less than nine tenths were silent for a moment.
+TEST_F(PartedSilence, ThatLastsAgainIsOfAll) {
+  std::vector<Spell> spells = {{0x100, 0.0, 10'000.0}, {0x100, 40'000.0, 60'000.0}};
+  AddStrays(spells, {10'100.0, 10'103.0, 10'105.0, 10'120.0, 10'130.0, 10'190.0});
+  EXPECT_EQ(Ends(Common(Judged(spells))), (EndsOfGaps{{10'000.0, 10'100.0}, {10'190.0, 40'000.0}}));
+}
+
+// As ahead, where the first one behind it is a slow one that is just due, and most are back then.
+TEST_F(PartedSilence, ThatLastsAgainIsOfAllBehindASlowOneThatWasJustDue) {
+  std::vector<Spell> spells = {{0x700, 0.0, 40'000.0, 5'000.0}};
+  for (const std::uint32_t id : {0x100U, 0x101U, 0x102U}) {
+    spells.push_back({id, 0.0, 10'000.0});
+    spells.push_back({id, 15'010.0, 40'000.0});
+  }
+  AddStrays(spells, {10'100.0, 10'103.0, 10'105.0, 10'120.0, 10'130.0, 10'190.0});
+  EXPECT_EQ(Ends(Common(Judged(spells))), (EndsOfGaps{{10'000.0, 10'100.0}, {10'190.0, 15'000.0}}));
+}
+
+// What lasts again are the pauses of one that has begun, and comes at its times.
+TEST_F(PartedSilence, ThatLastsAgainByPausesOfAnotherIsTheIdentifiersOwn) {
+  std::vector<Spell> spells = {
+      {0x100, 0.0, 10'000.0}, {0x100, 11'750.0, 20'000.0}, {0x300, 10'500.0, 20'000.0, 100.0}};
+  AddStrays(spells, {10'200.0, 10'210.0, 10'220.0, 10'230.0, 10'290.0});
+  const JudgedRun judged = Judged(spells);
+  EXPECT_EQ(Ends(Common(judged)), EndsOfGaps{});
+  EXPECT_EQ(Own(judged, 0x100).size(), 1U);
 }
 
 }  // namespace

@@ -106,6 +106,17 @@ TEST_F(PausesOfTheBus, LoseNothingByWhatIsNoPartOfThem) {
   EXPECT_TRUE(pauses.Lasts(0, At(111.0)));
 }
 
+TEST_F(PausesOfTheBus, LastAgainWhereMoreOfTheTimeIsSilent) {
+  EXPECT_FALSE(pauses.OneLastsAgainWith(Between(0.0, 1'000.0)));
+  Add(0.0, 1'000.0);
+  EXPECT_FALSE(pauses.OneLastsAgainWith(Between(1'000.0, 1'060.0))) << "it was never over";
+  EXPECT_FALSE(pauses.OneLastsAgainWith(Between(1'300.0, 1'360.0)));
+  EXPECT_FALSE(pauses.OneLastsAgainWith(Between(1'360.0, 1'410.0))) << "too short for a part";
+  EXPECT_TRUE(pauses.OneLastsAgainWith(Between(1'410.0, 20'000.0)));
+  AddToAStray(1'410.0, 20'000.0);
+  EXPECT_FALSE(pauses.OneLastsAgainWith(Between(20'000.0, 20'060.0))) << "it still does";
+}
+
 TEST_F(PausesOfTheBus, HaveTheirPlacesInTheOrderOfTime) {
   Add(0.0, 1'000.0);
   Add(1'000.0, 2'000.0);

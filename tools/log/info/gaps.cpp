@@ -117,9 +117,14 @@ bool GapFinder::MayDecide(const Follower& follower, const Moment& moment) const 
 }
 
 // One that has stopped, with no pause that may yet explain it, is not looked at again before its
-// next frame.
+// next frame, or before a silence lasts again that may explain it after all.
 std::optional<double> GapFinder::LimitOfOneThatMissesIn(const Pause& pause) {
   const double length = pause.Length();
+  if (pauses_.OneLastsAgainWith(pause)) {
+    for (Follower& follower : followers_) {
+      if (follower.is_known && IsInASilence(follower, pause.end, length)) List(follower);
+    }
+  }
   const auto misses = [&](const Follower* follower) {
     return WasSending(*follower, pause.begin) || IsInASilence(*follower, pause.end, length);
   };

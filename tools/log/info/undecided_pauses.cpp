@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <numeric>
+#include <utility>
 
 namespace tolvane::logtool {
 
@@ -30,6 +31,17 @@ std::size_t UndecidedPauses::FirstFrom(const Moment& moment) const {
 
 bool UndecidedPauses::LastsThroughItsParts(std::size_t place) const {
   return Lasts(place, undecided_[place].parts.back().end);
+}
+
+bool UndecidedPauses::OneLastsAgainWith(const Pause& pause) {
+  const double length = pause.Length();
+  bool lasts_again = false;
+  for (Undecided& begun : undecided_) {
+    if (length <= begun.limit) continue;
+    const bool lasted = std::exchange(begun.lasted, begun.Lasts(pause.end, length));
+    lasts_again = lasts_again || (begun.lasted && !lasted);
+  }
+  return lasts_again;
 }
 
 void UndecidedPauses::Part(const Pause& pause, bool is_to_a_stray_alone) {

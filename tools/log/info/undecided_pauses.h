@@ -40,8 +40,11 @@ class UndecidedPauses {
   }
   /// Whether it does up to the end of its last part.
   [[nodiscard]] bool LastsThroughItsParts(std::size_t place) const;
-  /// To be called with each pause of the bus, ahead of Add. One that is to a stray alone, in which
-  /// nobody is missing, is a part of a silence that is over too: that may last again behind it.
+  /// To be called with each pause of the bus, ahead of Part and Add: whether a silence that was
+  /// over lasts again with it, since more of the time is silent again.
+  [[nodiscard]] bool OneLastsAgainWith(const Pause& pause);
+  /// One that is to a stray alone, in which nobody is missing, is a part of a silence that is over
+  /// too: that may last again behind it.
   void Part(const Pause& pause, bool is_to_a_stray_alone);
   /// With the least limit, in ms, of those for whom it is too long.
   void Add(const Pause& pause, double limit);
@@ -56,6 +59,7 @@ class UndecidedPauses {
     double limit;              // ms
     double silent;             // ms; of all parts
     std::vector<Pause> parts;  // the pause itself, and those behind it
+    bool lasted = true;        // at the last pause that is long enough for a part
 
     [[nodiscard]] bool Lasts(const Moment& moment, double another) const;
   };
