@@ -216,6 +216,17 @@ TEST_F(GapsOfAll, ThatNobodyDecidesAreKeptSixteenOf) {
   EXPECT_EQ(Common(judged).back().silence.end, 3'800.0);
 }
 
+// As those, behind one of thirty times their length.
+TEST_F(GapsOfAll, ThatNobodyDecidesAreTheLongestThatAreKept) {
+  std::vector<Spell> spells = {{0x100, 0.0, 10'000.0}};
+  for (std::uint32_t id = 0; id < 18; ++id)
+    spells.push_back({id, 40'000.0 + id * 3'000.0, 42'000.0 + id * 3'000.0});
+  const JudgedRun judged = Judged(spells);
+  ASSERT_EQ(Common(judged).size(), UndecidedPauses::kPauses_MAX);
+  EXPECT_EQ(Common(judged).front().silence.length, 30'000.0);
+  EXPECT_EQ(Common(judged).back().silence.end, 91'000.0);
+}
+
 // Slow enough to have been there ahead of a silence that nobody came back from, which is long over.
 TEST_F(GapsOfAll, AreFoundWhereASlowOneIsBackThatWasThereAheadOfAnother) {
   const JudgedRun judged = Judged({{0x300, 9'000.0}, {0x001, 10.0}, {0x100, 10.0}, {0x101, 20.0}},

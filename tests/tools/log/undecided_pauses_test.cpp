@@ -106,6 +106,20 @@ TEST_F(PausesOfTheBus, LoseNothingByWhatIsNoPartOfThem) {
   EXPECT_TRUE(pauses.Lasts(0, At(111.0)));
 }
 
+TEST_F(PausesOfTheBus, AreTheLongestThatAreKept) {
+  Add(0.0, 10'000.0, 20'000.0);
+  for (double begin = 20'000.0; begin < 20'000.0 + 15 * 1'000.0; begin += 1'000.0)
+    Add(begin, begin + 100.0, 20'000.0);
+  EXPECT_EQ(pauses.Count(), UndecidedPauses::kPauses_MAX);
+  Add(50'000.0, 50'060.0, 20'000.0);
+  EXPECT_EQ(pauses.Count(), UndecidedPauses::kPauses_MAX);
+  EXPECT_EQ(Begins()[0], 0.0);
+  EXPECT_EQ(Begins()[1], 21'000.0) << "of equal ones the first goes";
+  Add(60'000.0, 60'100.0, 20'000.0);
+  EXPECT_EQ(Begins()[14], 34'000.0);
+  EXPECT_EQ(Begins()[15], 60'000.0) << "and a shorter one ahead of these";
+}
+
 TEST_F(PausesOfTheBus, LastAgainWhereMoreOfTheTimeIsSilent) {
   EXPECT_FALSE(pauses.OneLastsAgainWith(Between(0.0, 1'000.0)));
   Add(0.0, 1'000.0);

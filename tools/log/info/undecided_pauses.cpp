@@ -56,7 +56,10 @@ void UndecidedPauses::Part(const Pause& pause, bool is_to_a_stray_alone) {
 }
 
 void UndecidedPauses::Add(const Pause& pause, double limit) {
-  if (Count() >= kPauses_MAX) undecided_.erase(undecided_.begin());
+  if (Count() >= kPauses_MAX) {
+    undecided_.erase(std::ranges::min_element(
+        undecided_, {}, [](const Undecided& begun) { return begun.parts.front().Length(); }));
+  }
   undecided_.push_back({.limit = limit, .silent = pause.Length(), .parts = {pause}});
 }
 

@@ -22,7 +22,7 @@ struct Pause {
 /// are further parts. It lasts as long as its parts are nine tenths of the time since its begin.
 class UndecidedPauses {
  public:
-  /// Of more the oldest goes.
+  /// Of more the shortest goes, as least is missing in it.
   static constexpr std::size_t kPauses_MAX = 16;
   /// Of more parts the bus is one on which others send, and none of it is a silence.
   static constexpr std::size_t kParts_MAX = 16;
