@@ -254,5 +254,30 @@ TEST_F(Gaps, ATimeThatStepsBackIsNoCycle) {
   EXPECT_EQ(Judged().identifiers[0].statistics->cycles.Longest(), 10.0);
 }
 
+// A pause of the time ahead of the step stands ahead of nothing that comes behind it.
+TEST_F(Gaps, BehindATimeThatStepsBackAreThoseOfAllAgain) {
+  const auto add = [&](std::uint32_t id, double begin, double end) {
+    for (double time = begin; time <= end; time += 10.0) Add(id, time);
+  };
+  add(0x100, 0.0, 10'000.0);
+  add(0x200, 12'000.0, 20'000.0);
+  add(0x200, 5'000.0, 6'000.0);
+  add(0x200, 8'000.0, 9'000.0);
+  const JudgedRun judged = Judged();
+  const std::vector<std::pair<double, double>> again = {{6'000.0, 8'000.0}};
+  EXPECT_EQ(Ends(Common(judged)), again);
+  EXPECT_EQ(Own(judged, 0x200).size(), 1U) << "until its first frame";
+}
+
+TEST_F(Gaps, OfAllStayWhereATimeStepsBackBehindThem) {
+  for (double time = 0.0; time <= 10'000.0; time += 10.0) Add(0x100, time);
+  for (double time = 40'000.0; time <= 60'000.0; time += 10.0) {
+    Add(0x200, time == 50'000.0 ? 49'980.0 : time);
+  }
+  EXPECT_EQ(run.StepsBack(), 1U);
+  const std::vector<std::pair<double, double>> ahead = {{10'000.0, 40'000.0}};
+  EXPECT_EQ(Ends(Common(Judged())), ahead);
+}
+
 }  // namespace
 }  // namespace tolvane::logtool

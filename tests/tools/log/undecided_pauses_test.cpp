@@ -131,6 +131,16 @@ TEST_F(PausesOfTheBus, LastAgainWhereMoreOfTheTimeIsSilent) {
   EXPECT_FALSE(pauses.OneLastsAgainWith(Between(20'000.0, 20'060.0))) << "it still does";
 }
 
+TEST_F(PausesOfTheBus, ThatBeginBehindAStepBackOfTheTimeAreDropped) {
+  Add(0.0, 1'000.0);
+  Add(1'000.0, 2'000.0);
+  Add(2'000.0, 3'000.0);
+  pauses.StepBackTo(At(1'000.0));
+  EXPECT_EQ(Begins(), (std::vector<double>{0.0, 1'000.0}));
+  EXPECT_FALSE(pauses.Lasts(0, At(2'500.0))) << "nor are they parts any more";
+  EXPECT_TRUE(pauses.Lasts(0, At(2'200.0)));
+}
+
 TEST_F(PausesOfTheBus, HaveTheirPlacesInTheOrderOfTime) {
   Add(0.0, 1'000.0);
   Add(1'000.0, 2'000.0);

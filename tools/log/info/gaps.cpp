@@ -73,7 +73,9 @@ void GapFinder::Take(const Seen& seen) {
   const auto place = places_.find(seen.key);
   Follower* const follower = place != places_.end() ? &followers_[place->second] : nullptr;
   const bool is_stray = follower == nullptr || !follower->is_known;
-  AddPause({std::exchange(last_, seen.moment), seen.moment}, is_stray);
+  const Pause pause{std::exchange(last_, seen.moment), seen.moment};
+  if (pause.Length() < 0.0) pauses_.StepBackTo(pause.end);
+  AddPause(pause, is_stray);
   if (follower == nullptr) return;
   if (MayDecide(*follower, seen.moment)) Decide(*follower, seen.moment);
   Follow(*follower, seen.moment);

@@ -17,6 +17,13 @@ bool UndecidedPauses::Undecided::Lasts(const Moment& moment, double another) con
   return silent + another >= kMost * parts.front().begin.To(moment);
 }
 
+template <typename IsOut>
+void UndecidedPauses::Undecided::TakeOut(IsOut is_out) {
+  parts.erase(std::remove_if(parts.begin() + 1, parts.end(), is_out), parts.end());
+  silent = std::accumulate(parts.begin(), parts.end(), 0.0,
+                           [](double sum, const Pause& part) { return sum + part.Length(); });
+}
+
 std::vector<Pause> UndecidedPauses::Between(std::size_t first, std::size_t end) const {
   std::vector<Pause> pauses;
   for (std::size_t place = first; place < end; ++place) pauses.push_back(At(place));
@@ -69,17 +76,18 @@ void UndecidedPauses::Drop(std::size_t first, std::size_t end) {
 }
 
 void UndecidedPauses::AreNoSilence(const std::vector<Pause>& pauses) {
-  const auto is_out = [&](const Pause& part) {
-    return std::ranges::any_of(
-        pauses, [&](const Pause& pause) { return pause.begin.To(part.begin) == 0.0; });
-  };
   for (Undecided& begun : undecided_) {
-    std::vector<Pause>& parts = begun.parts;
-    parts.erase(std::remove_if(parts.begin() + 1, parts.end(), is_out), parts.end());
-    begun.silent =
-        std::accumulate(parts.begin(), parts.end(), 0.0,
-                        [](double sum, const Pause& part) { return sum + part.Length(); });
+    begun.TakeOut([&](const Pause& part) {
+      return std::ranges::any_of(
+          pauses, [&](const Pause& pause) { return pause.begin.To(part.begin) == 0.0; });
+    });
   }
+}
+
+void UndecidedPauses::StepBackTo(const Moment& moment) {
+  const auto is_behind = [&](const Pause& pause) { return moment.To(pause.begin) > 0.0; };
+  std::erase_if(undecided_, [&](const Undecided& begun) { return is_behind(begun.parts.front()); });
+  for (Undecided& begun : undecided_) begun.TakeOut(is_behind);
 }
 
 }  // namespace tolvane::logtool

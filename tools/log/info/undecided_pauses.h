@@ -52,6 +52,9 @@ class UndecidedPauses {
   void Drop(std::size_t first, std::size_t end);
   /// Takes pauses, which are dropped already, out of the silences of which they are further parts.
   void AreNoSilence(const std::vector<Pause>& pauses);
+  /// Drops what begins behind this moment, to which the time has stepped back: it would stand ahead
+  /// of what comes now.
+  void StepBackTo(const Moment& moment);
 
  private:
   /// With the silence that begins with it.
@@ -62,6 +65,9 @@ class UndecidedPauses {
     bool lasted = true;        // at the last pause that is long enough for a part
 
     [[nodiscard]] bool Lasts(const Moment& moment, double another) const;
+    /// Takes out those for which `is_out` holds, never the first.
+    template <typename IsOut>
+    void TakeOut(IsOut is_out);
   };
 
   std::vector<Undecided> undecided_;
