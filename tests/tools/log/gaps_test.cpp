@@ -196,6 +196,18 @@ TEST_F(Gaps, AtTheEdgesOfTheLogNobodyKnowsWhatWasLost) {
   }
 }
 
+// As of a button that was pressed three times, evenly apart by chance.
+TEST_F(Gaps, AtTheEdgesOfTheLogAreNoneOfAnIdentifierOfFewCycles) {
+  for (const double presses : {5.0, 6.0}) {
+    run = {};
+    added.clear();
+    const JudgedRun judged = Judged({{0x100, 0.0, 3'600'000.0, 100.0},
+                                     {0x200, 10'000.0, 9'000.0 + presses * 1'000.0, 1'000.0}});
+    ASSERT_TRUE(judged.identifiers[1].regular);
+    EXPECT_EQ(judged.gaps.size(), presses > 5.0 ? 2U : 0U);
+  }
+}
+
 TEST_F(Gaps, OfOneIdentifierAreToldBesideAnyNumberOfAll) {
   const JudgedRun judged =
       Judged({{0x100, 10.0}, {0x200, 12.5}}, 1'099'990.0, [](auto id, double time) {

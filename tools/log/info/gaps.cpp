@@ -237,7 +237,8 @@ void GapFinder::Follow(Follower& follower, const Moment& moment) {
   const bool is_gap = silence.length > follower.limit;
   const bool is_own = silence.length - common > follower.limit;
   if (edge != Gap::Edge::kNone) {
-    if (is_own) result_.gaps.push_back({follower.judged->statistics, silence, {}, edge});
+    if (is_own && follower.is_known)
+      result_.gaps.push_back({follower.judged->statistics, silence, {}, edge});
     return;
   }
   double lost = FramesLostIn(silence.length, follower.judged->slow);

@@ -40,7 +40,8 @@ struct JudgedRun {
 /// long a silence has to be is known only then.
 ///
 /// A gap is a silence longer than `multiple` times the cycle of a regular identifier, or of its
-/// slower rate; what was lost is reckoned by that too.
+/// slower rate; what was lost is reckoned by that too. With fewer than five cycles it has none at
+/// the edges of the log, where three frames that happen to be evenly apart would have two.
 ///
 /// A silence of the bus is a gap of all where it is that long for one of the identifiers, of five
 /// cycles or more, that were sending up to it, and the first frame behind it of any of these is
