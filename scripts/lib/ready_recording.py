@@ -59,10 +59,14 @@ class RunLogs:
     @property
     def oddities(self) -> str:
         told = []
+        if self.run.begins:
+            told.append(f"it begins at {self.run.begins:.15g} ms, and what the run has ahead of that is not played")
         if self.run.missing:
             told.append(f"files seem to be missing, by the names, {', '.join(self.run.missing)}")
         if self.run.left:
             told.append(self.run.left)
+        if self.run.cut_off:
+            told.append(f"{self.run.cut_off} is full, but no file goes on: the end of the run is missing, or was not written")
         if self.run.clock.found:
             told.append(f"the adapter's clock jumps at {self.run.clock_place} by {self.run.clock.found.jump:g} ms, "
                         "which is played as a silence")

@@ -177,6 +177,8 @@ class Run:
         self.files = 0
         self.missing: list[str] = []
         self.left = ""  # the file that seems to belong to the run and is not played, and why
+        self.cut_off = ""  # the last one, where it is full: the program writes one more at each disconnect
+        self.begins: float | None = None  # the time of the first record
         self.last, self.last_time = self.first, None  # of the last file with a record
         self.clock = ClockJump(wrap_of(self.first.head.adapter))
         self.clock_place = ""  # of the record behind the jump
@@ -192,6 +194,7 @@ class Run:
         for number, line in enumerate(log.lines, log.head_lines + 1):
             record = read_record(line, log.marked)
             if record is not None:
+                self.begins = record.milliseconds if self.begins is None else self.begins
                 self.last, self.last_time = log, record.milliseconds
                 if self.clock.follow(record.milliseconds):
                     self.clock_place = f"line {number} of {log.path.name}"
@@ -202,6 +205,12 @@ class Run:
                 yield rec.BadLine(number, line, log.path.name)
 
     def next(self, log: Log) -> Log | None:
+        follower = self.follower(log)
+        if follower is None and log.full():
+            self.cut_off = log.path.name
+        return follower
+
+    def follower(self, log: Log) -> Log | None:
         name = follower_name(log.path)
         if name is None:
             return None

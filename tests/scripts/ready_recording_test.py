@@ -238,10 +238,28 @@ class Followers(Readied):
 
     def test_that_a_full_log_should_have_and_has_not_are_told(self):
         self.file("KL26010509-001.csv", full())
-        self.assertNotIn("beside it", self.say())
+        cut_off = "; KL26010509-001.csv is full, but no file goes on: the end of the run is missing, or was not written"
+        self.assertTrue(self.say().endswith(" 0 error" + cut_off), self.say())
         for content in (log("         0 , 123 , 0"), log("     20001 , 123 , 0", rate="1M"), b"hello"):
             self.file("KL26010509-002.csv", content)
-            self.assertIn("; KL26010509-002.csv beside it is not played, as it is no log of this run", self.say())
+            self.assertIn("; KL26010509-002.csv beside it is not played, as it is no log of this run" + cut_off, self.say())
+
+    def test_that_are_ahead_of_the_named_one_are_told(self):
+        self.file("KL26010509-001.csv", full())
+        self.file("KL26010509-002.csv", log("     20001 , 123 , 0"))
+        self.assertNotIn("ahead", self.say())
+        for content, begins in ((log("     20001 , 123 , 0"), "20001"), (log("x", " 1234567890.5 , 123 , 0"), "1234567890.5"),
+                                (log("       -30 , 123 , 0"), "-30")):
+            path = self.file("KL26010509-002.csv", content)
+            self.assertIn(f"; it begins at {begins} ms, and what the run has ahead of that is not played", self.facts(path)["say"])
+
+    def test_at_whose_end_one_is_not_full_are_the_whole_run(self):
+        self.file("KL26010509-001.csv", full())
+        for content in (log("     20001 , 123 , 0"), log(), full(begins=20_001, records=20_000)):
+            self.file("KL26010509-002.csv", content)
+            self.assertNotIn("no file goes on", self.say())
+        self.file("KL26010509-002.csv", full(begins=20_001))
+        self.assertIn("; KL26010509-002.csv is full, but no file goes on", self.say())
 
     def test_of_zeros_alone_go_on_behind_one_without_records(self):
         self.file("KL26010509-001.csv", log(*["         0 , 123 , 0"] * 20_001))
@@ -270,7 +288,7 @@ class Followers(Readied):
         self.assertTrue(say.endswith("; files seem to be missing, by the names, between KL26010509-001.csv and "
                                      "KL26010509-003.csv"), say)
         self.file("KL26010509-002.csv", full(begins=20_001))
-        self.assertNotIn("missing", self.facts(str(self.folder / "KL26010509-001.csv"))["say"])
+        self.assertNotIn("by the names", self.say())
 
     def test_of_a_run_whose_times_are_all_zero_are_played(self):
         zeros = [f"{0:>10} , 123 , 0"] * 20_001

@@ -9,6 +9,7 @@ namespace tolvane::logtool {
 namespace {
 
 constexpr std::int64_t kUnix = 1'795'133'107;
+constexpr std::size_t kHeadLines = 8;
 
 class LogCommand : public WrittenLog {
  protected:
@@ -34,6 +35,14 @@ class LogCommand : public WrittenLog {
     RollOverNow();
     Flush(1);
     TakeFiles();
+  }
+
+  /// The file `path` with its first records alone, by another name.
+  void WriteAgain(const std::string& path, const std::string& name, std::size_t records) {
+    const std::string& text = log_files.texts[path];
+    std::size_t end = 0;
+    for (std::size_t line = 0; line < kHeadLines + records; ++line) end = text.find('\n', end) + 1;
+    log_files.texts[name] = text.substr(0, end);
   }
 
   std::vector<std::string> Files(std::vector<std::string> words) const {
@@ -196,6 +205,47 @@ TEST_F(LogCommand, AFullFileWithABadLineIsFull) {
   EXPECT_EQ(Run(Files({"convert", "--keep", "--to", "candump"})), 1);
   EXPECT_TRUE(messages.ends_with("tolvane-log: 29999 frames of 2 files, from " + Path("001") +
                                  " to " + Path("002") + "\n"))
+      << messages;
+}
+
+TEST_F(LogCommand, ARunWhoseLastFileIsFullLacksItsEnd) {
+  for (int i = 0; i < 40'002; ++i) {
+    db.csv_DataInput(i, 0x100, 1, kBytes);
+    RollOver();
+  }
+  Flush(1);
+  TakeFiles();
+  const std::string told =
+      Path("002") +
+      " is full, but no file goes on: the end of the run is missing, or was not written\n";
+  EXPECT_EQ(Run(Files({"convert", "--to", "candump"})), 0);
+  EXPECT_EQ(messages.find("no file goes on"), std::string::npos) << "the last one has no record";
+  const std::vector<std::string> cut_off = {Path("001"), Path("002")};
+  EXPECT_EQ(Run({"convert", "--to", "candump", cut_off[0], cut_off[1]}), 0);
+  EXPECT_NE(messages.find("\ntolvane-log: " + told), std::string::npos) << messages;
+  EXPECT_EQ(Run({"info", cut_off[0], cut_off[1]}), 0);
+  EXPECT_NE(output.find("\n                " + told), std::string::npos) << output;
+  // Another run is no end.
+  WriteAgain(Path("001"), "KL26112009-004.csv", 1);
+  EXPECT_EQ(Run({"info", cut_off[0], cut_off[1], "KL26112009-004.csv"}), 0);
+  EXPECT_NE(output.find("\n                " + told), std::string::npos) << output;
+  EXPECT_NE(output.find("\nrun 2\n  files         1: KL26112009-004.csv\n                between " +
+                        Path("002") + " and KL26112009-004.csv 1 file is missing, by the names\n"),
+            std::string::npos)
+      << output;
+}
+
+TEST_F(LogCommand, TheEndThatIsMissingIsToldBehindManyOtherPlaces) {
+  for (int i = 0; i < 20'012; ++i) {
+    db.csv_DataInput(i, 0x100, 1, kBytes);
+    if (i < 11) RollOverNow();
+    if (i == 20'011) RollOver();
+  }
+  TakeFiles();
+  EXPECT_EQ(Run(Files({"convert", "--to", "candump"})), 0);
+  EXPECT_TRUE(messages.ends_with(
+      "1 more place like these\ntolvane-log: " + Path("012") +
+      " is full, but no file goes on: the end of the run is missing, or was not written\n"))
       << messages;
 }
 

@@ -13,11 +13,13 @@ Japanese Windows writes them.
 info tells of each run: what its head says, its frames, and for each identifier how many there are,
 the cycle and the lengths. Then where frames seem to be missing: where an identifier, or all, were
 silent for longer than some of their cycles. A jump of the adapter's clock is told, and is no silence.
+It also tells where files seem to be missing between others, lines at the end of one, or the end of a
+run.
   --gap N       so many cycles (5)
   --json        for programs
 
-convert writes the files of one run as one, on the standard output. It tells where files seem to be
-missing between others, or lines at the end of one, and how often a time steps back.
+convert writes the files of one run as one, on the standard output. It tells what seems to be missing
+of the files as info does, and how often a time steps back.
   --to FORMAT   candump  as candump -L writes it
                 asc      as log2asc of can-utils writes it
                 csv      a table with the same columns in each line

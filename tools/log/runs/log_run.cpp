@@ -135,7 +135,11 @@ std::vector<LogRun> FindRuns(const std::vector<std::string>& paths, LogFiles& fi
       if (complaints.EndReading()) break;
       continue;
     }
-    if (runs.empty() || BeginsRun(*file, runs.back(), files)) runs.emplace_back();
+    if (runs.empty()) {
+      runs.emplace_back();
+    } else if (BeginsRun(*file, runs.back(), files)) {
+      runs.push_back({.files = {}, .before = runs.back().files.back().path});
+    }
     runs.back().files.push_back(*std::move(file));
   }
   return runs;

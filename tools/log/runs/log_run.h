@@ -26,6 +26,7 @@ struct LogFile {
 /// The files of a run in their order, at least one.
 struct LogRun {
   std::vector<LogFile> files;
+  std::string before = {};  // the last file of the run ahead; empty without one
 
   [[nodiscard]] const LogHead& Head() const { return files.front().head; }
   /// The time of the first record; none without one.

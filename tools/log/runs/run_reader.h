@@ -27,6 +27,10 @@ class RunReader {
   [[nodiscard]] const std::vector<std::uint64_t>& FramesOfFiles() const { return frames_; }
   /// How many lines of each file were bad.
   [[nodiscard]] const std::vector<std::uint64_t>& FaultsOfFiles() const { return faults_; }
+  /// Whether the program began another file behind this one. A bad line was a record too.
+  [[nodiscard]] bool IsFull(std::size_t file) const {
+    return frames_[file] + faults_[file] >= kRecordsOfFullFile;
+  }
   [[nodiscard]] const ClockJump& Clock() const { return clock_; }
   [[nodiscard]] const CsvLog::Mended& WhatWasMended() const { return mended_; }
 

@@ -8,8 +8,9 @@
 
 namespace tolvane::logtool {
 
-/// Where one file of a run follows another as the program does not write them, a sentence each: a
-/// number is missing between them, or the first one is not full. `read` has read all of them.
+/// Where the files are not as the program writes them, a sentence each: a number is missing between
+/// two of them or ahead of the run, one that is not full is followed by another, or a full one is
+/// the last. `read` has read all of them.
 [[nodiscard]] std::vector<std::string> OddSeams(const LogRun& run, const RunReader& read);
 
 }  // namespace tolvane::logtool
