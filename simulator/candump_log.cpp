@@ -13,6 +13,8 @@ constexpr std::size_t kMaxSecondDigits = 12;  // keeps microseconds far from 63 
 constexpr std::size_t kMicrosecondDigits = 6;
 constexpr std::size_t kStandardIdDigits = 3;
 constexpr std::size_t kExtendedIdDigits = 8;
+// A frame that is further back than this is behind a step of the recorder's clock.
+constexpr std::int64_t kOutOfOrderUs_MAX = 1'000'000;
 
 bool IsDigit(char character) { return character >= '0' && character <= '9'; }
 
@@ -157,6 +159,9 @@ CandumpLog ParseCandumpLog(std::string_view text) {
     }
     if (log.frames.empty()) origin_us = frame.time_us;
     const std::int64_t last_us = log.frames.empty() ? 0 : log.frames.back().time_us;
+    if (frame.time_us - origin_us < last_us - kOutOfOrderUs_MAX) {
+      origin_us = frame.time_us - last_us;
+    }
     frame.time_us = std::max(frame.time_us - origin_us, last_us);
     log.frames.push_back(frame);
   }

@@ -17,8 +17,12 @@ namespace tolvane::simulator {
 /// An id of three hexadecimal digits has 11 bits, one of eight digits has 29; eight digits with
 /// 20000000 added are an error frame. `data` is up to eight bytes; `dlc` (9 to F, behind eight
 /// bytes) is a length code above 8. "T" at the end marks a frame that the recorder itself sent.
+///
+/// Times are from the first frame on and never step back: a frame out of order comes with the one
+/// ahead of it. A step of the recorder's clock takes no time, and the frames behind it keep their
+/// pace.
 struct CandumpLog {
-  std::vector<BusFrame> frames;         // times from the first frame on, never stepping back
+  std::vector<BusFrame> frames;
   std::int64_t refused_lines = 0;       // neither a frame nor blank
   std::int64_t first_refused_line = 0;  // counted from 1; 0 without any
 };

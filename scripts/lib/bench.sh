@@ -66,6 +66,22 @@ bench_write() {
 # does not fail when the machine pauses for seconds. What a real queue loses is for tests/soak/run to say.
 bench_bears_pauses() { printf 'queue = 1000000\n' >>"$1"; }
 
+# bench_counts REPORT: sets $delivered and $dropped to the frames of the last run there; 1 without a run.
+bench_counts() {
+  local run
+  run=$(grep ' run ' "$1" | tail -n 1)
+  [[ $run =~ delivered=([0-9]+)\ dropped=([0-9]+) ]] || return 1
+  # shellcheck disable=SC2034 # for whoever calls it
+  delivered=${BASH_REMATCH[1]} dropped=${BASH_REMATCH[2]}
+}
+
+# bench_drops REPORT: says of a recording what the page and the logs of the last run lack.
+bench_drops() {
+  local delivered dropped
+  bench_counts "$1" && [ "$dropped" -gt 0 ] || return 0
+  say "$(counted "$dropped" frame) dropped as the adapter's queue was full; $delivered received"
+}
+
 # bench_judges FILE: fails when the libraries of the bench FILE reported a fault of the program.
 bench_judges() {
   local report=${1%.ini}-report.txt faults

@@ -62,7 +62,12 @@ class Contents:
         sent = f", {self.counts['sent']} sent by the recorder" if self.counts["sent"] else ""
         milliseconds = self.span // 1000
         return (f"{self.name}: {counted(self.frames(), 'frame')} in "
-                f"{milliseconds // 1000}.{milliseconds % 1000:03} s: {kinds}{sent}{self.bad_lines_text()}")
+                f"{milliseconds // 1000}.{milliseconds % 1000:03} s: {kinds}{sent}{self.bad_lines_text()}{self.steps_text()}")
+
+    def steps_text(self) -> str:
+        """For the end of a message; empty without any."""
+        steps = self.time.steps_back
+        return f"; its clock steps back {counted(steps, 'time')}, which takes no time" if steps else ""
 
     def bad_lines_text(self) -> str:
         return rec.left_out_text(self.bad_lines, self.first_bad, self.noun)

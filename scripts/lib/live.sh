@@ -24,10 +24,8 @@ live_begin() {
 
 # live_counts REPORT: says what the adapter made of the lines in its last run.
 live_counts() {
-  local run lines
-  run=$(grep ' run ' "$1" | tail -n 1) && lines=$(grep ' live ' "$1" | tail -n 1) || return 0
-  [[ $run =~ delivered=([0-9]+)\ dropped=([0-9]+) ]] || return 0
-  local delivered=${BASH_REMATCH[1]} dropped=${BASH_REMATCH[2]}
+  local delivered dropped lines
+  bench_counts "$1" && lines=$(grep ' live ' "$1" | tail -n 1) || return 0
   [[ $lines =~ frames=([0-9]+)\ refused_lines=([0-9]+)\ files_passed_over=([0-9]+) ]] || return 0
   local frames=${BASH_REMATCH[1]} refused=${BASH_REMATCH[2]} passed_over=${BASH_REMATCH[3]}
   say "$(counted "$frames" frame) came: $delivered received," \

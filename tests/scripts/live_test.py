@@ -70,12 +70,13 @@ class Feed(unittest.TestCase):
 
 
 class Counts(unittest.TestCase):
-    def told(self, report: str) -> tuple[int, str]:
+    def told(self, report: str, of: str = "live_counts") -> tuple[int, str]:
         with tempfile.NamedTemporaryFile("w", suffix=".txt") as file:
             file.write(report)
             file.flush()
             done = subprocess.run(["bash", "-c", f'source "{PROJECT}/scripts/lib/common.sh"\n'
-                                   f'source "{PROJECT}/scripts/lib/live.sh"\nlive_counts "{file.name}"'],
+                                   f'source "{PROJECT}/scripts/lib/bench.sh"\n'
+                                   f'source "{PROJECT}/scripts/lib/live.sh"\n{of} "{file.name}"'],
                                   capture_output=True, text=True, check=False)
             return done.returncode, done.stdout
 
@@ -92,6 +93,14 @@ class Counts(unittest.TestCase):
         self.assertEqual((0, 2), (status, said.count("\n")))
         self.assertIn("\n-- lines have come faster than the adapter took them: 3 files of them, of 8 MiB each, went unread\n",
                       said)
+
+    def test_of_a_recording_are_what_its_last_run_dropped(self):
+        run = "ifcan run 1 reads=9 delivered={} dropped={} longest_gap_ms=1.000 queue_high_water=7\n"
+        first, drops, none = run.format(1, 9), run.format(4096, 1), run.format(40, 0)
+        self.assertEqual((0, "-- 1 frame dropped as the adapter's queue was full; 4096 received\n"),
+                         self.told(first + drops, "bench_drops"))
+        self.assertEqual((0, ""), self.told(drops + none, "bench_drops"))
+        self.assertEqual((0, ""), self.told("ifcan load\n", "bench_drops"))
 
     def test_are_not_told_of_a_program_that_never_was_on_the_bus(self):
         self.assertEqual((0, ""), self.told("canusbdrv load\n"))

@@ -180,9 +180,15 @@ class Logs(Readied):
             status, out, errors = self.run_on(self.file("a.csv", log("         0 , 123 , 0") + content))
             self.assertEqual((0, ""), (status, errors))
 
-    def test_times_that_step_back_are_taken_as_the_time_before(self):
-        path = self.file("a.csv", log("       100 , 123 , 0", "       200 , 123 , 0", "      -300 , 123 , 0"))
-        self.assertEqual([f"({seconds}) can0 123#" for seconds in ("0.000000", "0.100000", "0.100000")], self.played(path))
+    def test_times_that_step_back_keep_their_pace_behind_the_step(self):
+        times = (100, 200, -3000, -2900, -1900)
+        path = self.file("a.csv", log(*(f"{time:>10} , 123 , 0" for time in times)))
+        self.assertEqual([f"({seconds}) can0 123#" for seconds in ("0.000000", "0.100000", "0.100000", "0.200000", "1.200000")],
+                         self.played(path))
+        self.assertIn(" 0 error; its clock steps back 1 time, which takes no time", self.facts(path)["say"])
+        times = (0, 1000, 0, -1, 900, -1101)
+        path = self.file("a.csv", log(*(f"{time:>10} , 123 , 0" for time in times)))
+        self.assertIn("; its clock steps back 2 times, which takes no time", self.facts(path)["say"])
 
 
 class Progress(Readied):

@@ -45,11 +45,18 @@ class Lines(unittest.TestCase):
 
 class Recordings(unittest.TestCase):
     def test_times_begin_with_the_first_frame_and_never_step_back(self):
-        text = b"\r\n(10.5) c 001#\r\n\n(10.75) c 002#\r\n(9.0) c 003#\n(10.8) c 004#"
+        text = b"\r\n(10.5) c 001#\r\n\n(10.75) c 002#\r\n(9.75) c 003#\n(10.8) c 004#"
         recording = rec.parse("", text)
         self.assertEqual([0, 250_000, 250_000, 300_000], [frame.microseconds for frame in recording.frames])
         self.assertEqual([2, 4, 5, 6], [frame.line for frame in recording.frames])
         self.assertEqual(0, recording.bad_lines)
+
+    # tests/simulator/candump_log_test.cpp has the same.
+    def test_behind_a_clock_that_stepped_back_frames_keep_their_pace(self):
+        seconds = ("9000.0", "9000.5", "8999.499999", "9000.0", "9000.1", "2.0", "2.25")
+        recording = rec.parse("", "".join(f"({time}) c 001#\n" for time in seconds).encode())
+        self.assertEqual([0, 500_000, 500_000, 1_000_001, 1_100_001, 1_100_001, 1_350_001],
+                         [frame.microseconds for frame in recording.frames])
 
     def test_bad_lines_are_counted_from_the_first(self):
         recording = rec.parse("", b"(1.0) c 001#\n\nbad\n(1.1) c 002#\nworse\n")

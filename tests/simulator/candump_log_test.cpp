@@ -79,13 +79,23 @@ TEST(CandumpLog, GoodLinesPlayAndBadOnesAreCountedFromTheFirst) {
   EXPECT_EQ(log.first_refused_line, 3);
 }
 
-TEST(CandumpLog, ATimeThatStepsBackIsTakenAsTheTimeBefore) {
-  const CandumpLog log =
-      ParseCandumpLog("(5.0) c 001#\n(5.2) c 002#\n(5.1) c 003#\n(4.0) c 004#\n(5.3) c 005#");
-  ASSERT_EQ(log.frames.size(), 5u);
-  EXPECT_EQ(log.frames[2].time_us, 200'000);
-  EXPECT_EQ(log.frames[3].time_us, 200'000);
-  EXPECT_EQ(log.frames[4].time_us, 300'000);
+std::vector<std::int64_t> TimesOf(const char* text) {
+  std::vector<std::int64_t> times;
+  for (const BusFrame& frame : ParseCandumpLog(text).frames) times.push_back(frame.time_us);
+  return times;
+}
+
+TEST(CandumpLog, AFrameOutOfOrderComesWithTheOneAheadOfIt) {
+  EXPECT_EQ(TimesOf("(5.0) c 001#\n(6.2) c 002#\n(6.1) c 003#\n(5.2) c 004#\n(6.3) c 005#"),
+            (std::vector<std::int64_t>{0, 1'200'000, 1'200'000, 1'200'000, 1'300'000}));
+}
+
+// tests/scripts/recording_test.py has the same.
+TEST(CandumpLog, BehindAClockThatSteppedBackFramesKeepTheirPace) {
+  EXPECT_EQ(
+      TimesOf("(9000.0) c 001#\n(9000.5) c 002#\n(8999.499999) c 003#\n(9000.0) c 004#\n"
+              "(9000.1) c 005#\n(2.0) c 006#\n(2.25) c 007#"),
+      (std::vector<std::int64_t>{0, 500'000, 500'000, 1'000'001, 1'100'001, 1'100'001, 1'350'001}));
 }
 
 std::shared_ptr<const CandumpLog> Recording(const char* text) {
