@@ -435,5 +435,69 @@ TEST_F(LogCommand, AClockJumpBehindTheFirstFileShiftsTheDatesBehindIt) {
       << messages;
 }
 
+// As StampTurn.IsTakenOutWhereverTheRunBegan has it of the writer.
+class LogOfABoard : public LogCommand {
+ protected:
+  /// A run from the reading 2147000 on, with a frame each 10 ms: the line of its times.
+  void WriteBoard(std::int32_t records_of_file) {
+    db.hardware_information = u"Interface PCI-485120 RevID:1 ch:1";
+    db.csv_DB_Initialize(0, device);
+    for (int i = 0; i < 200; ++i) {
+      double time = i * 10.0;
+      if (i > 48) time -= 3'865'476.0;
+      if (i > 49) time += 2'147'000.0;
+      db.csv_DataInput(time, 0x100, 0, kBytes);
+      if (db.Excel_DB_ArayyCounter == records_of_file) RollOverNow();
+    }
+    Flush(1);
+    TakeFiles();
+  }
+};
+
+TEST_F(LogOfABoard, WhoseStampsTurnNegativeIsMendedWhenAskedFor) {
+  WriteBoard(1'000);
+  const std::string step =
+      "behind 480 ms the time steps back by 3865476 ms, as the board's stamps turn negative there; "
+      "at the frame behind it jumps ahead by 2146998 ms, right to 5 ms; ";
+  EXPECT_EQ(Run(Files({"convert", "--to", "csv"})), 0);
+  EXPECT_NE(messages.find("tolvane-log: " + step + "see --mend-clock\n"), std::string::npos)
+      << messages;
+  EXPECT_NE(messages.find("absolute times ahead of the step back are too late by its length\n"),
+            std::string::npos)
+      << messages;
+  EXPECT_NE(output.find(",-3864986,0x100,"), std::string::npos);
+  EXPECT_EQ(Run(Files({"convert", "--to", "csv", "--mend-clock"})), 0);
+  EXPECT_NE(messages.find("tolvane-log: " + step + "this is taken out of the times\n"),
+            std::string::npos)
+      << messages;
+  EXPECT_EQ(messages.find("absolute times ahead"), std::string::npos) << messages;
+  EXPECT_EQ(messages.find("with a time before"), std::string::npos) << messages;
+  EXPECT_EQ(messages.find("no clock jump to mend"), std::string::npos) << messages;
+  EXPECT_NE(output.find(",480,0x100,0,0,,,,,,,,\n"), std::string::npos);
+  EXPECT_NE(output.find(",490,0x100,0,0,,,,,,,,\n"), std::string::npos) << "the step is exact";
+  EXPECT_NE(output.find(",502,0x100,0,0,,,,,,,,\n"), std::string::npos);
+  EXPECT_NE(output.find("\n2026-11-20 09:05:05.008000,0,"), std::string::npos)
+      << "the last record is as old as the head";
+}
+
+TEST_F(LogOfABoard, HasNoGapWhereItsStampsTurnNegative) {
+  WriteBoard(1'000);
+  EXPECT_EQ(Run(Files({"info"})), 0);
+  EXPECT_NE(output.find("\n                behind 480 ms the time steps back by 3865476 ms"),
+            std::string::npos)
+      << output;
+  EXPECT_EQ(output.find("steps back    "), std::string::npos) << output;
+  EXPECT_NE(output.find("  span          1.992 s\n"), std::string::npos) << output;
+  EXPECT_NE(output.find("silent longer than 5 cycles: none"), std::string::npos) << output;
+}
+
+TEST_F(LogOfABoard, WhoseStampsTurnBehindTheFirstFileHasEarlyDatesBehindThat) {
+  WriteBoard(20);
+  EXPECT_EQ(Run(Files({"convert", "--to", "csv"})), 0);
+  EXPECT_NE(messages.find("absolute times behind the step back are too early by its length\n"),
+            std::string::npos)
+      << messages;
+}
+
 }  // namespace
 }  // namespace tolvane::logtool

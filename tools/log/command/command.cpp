@@ -106,7 +106,7 @@ class Command {
       Say("mended: " + Counted(mended.strays, "stray zero") + " in " +
           Counted(mended.stray_blocks, "block") + " left out");
     }
-    TellClock(run, reader.Clock());
+    TellClock(run, reader);
     if (result.long_lengths > 0) {
       Say("with a length above 8, and eight bytes: " + Counted(result.long_lengths, "frame"));
     }
@@ -116,8 +116,14 @@ class Command {
     }
   }
 
-  void TellClock(const LogRun& run, const ClockJump& clock) {
-    const auto& jump = clock.TheJump();
+  void TellClock(const LogRun& run, const RunReader& reader) {
+    const auto& turn = reader.Stamps().TheTurn();
+    if (turn && !options_.mends_clock) {
+      Say(reader.FileOfTurn() == 0
+              ? "absolute times ahead of the step back are too late by its length"
+              : "absolute times behind the step back are too early by its length");
+    }
+    const auto& jump = reader.Clock().TheJump();
     if (jump) {
       Say(std::string(options_.mends_clock ? "mended: " : "not mended, see --mend-clock: ") +
           "the clock jump of " + NumberText(jump->jump) + " ms behind " + NumberText(jump->at) +
@@ -129,7 +135,7 @@ class Command {
         Say(is_in_first ? "absolute times ahead of the jump are too early by its length"
                         : "absolute times behind the jump are too late by its length");
       }
-    } else if (options_.mends_clock) {
+    } else if (options_.mends_clock && !turn) {
       Say("no clock jump to mend");
     }
   }

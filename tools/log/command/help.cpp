@@ -26,9 +26,11 @@ of the files as info does, and how often a time steps back.
   --out FILE    into a new file
 
 Both:
-  --mend-clock  takes out the jump that the time line of a CANUSB or a board makes where the adapter's
-                clock first starts over, after 60 or 429.491 seconds of its own. A silence of the bus
-                that ends just there looks the same and is taken out too
+  --mend-clock  takes out the jump that the time line of a CANUSB makes where its clock first starts
+                over, after 60 seconds, or a board's after 429.491. A silence of the bus that ends just
+                there looks the same and is taken out too. Of a board whose stamps are microseconds in
+                a signed word it takes out the step back where they turn negative, each 4295 seconds,
+                and the jump behind the first one; nothing but such a silence is at its 429.491 seconds
   --keep        leaves out lines that cannot be read, and files, in place of ending there; without
                 it, a file of --out is then removed again
   --help, --version

@@ -3,18 +3,14 @@
 #include <algorithm>
 #include <cmath>
 
-#include "run/adapter_kind.h"
-
 namespace tolvane::logtool {
 
 namespace {
 
 // A bus that is silent for a moment is no jump. A jump is far longer than all steps ahead of it,
-// and ends right behind the wrap, no later than a few steps.
+// and ends right behind the wrap.
 constexpr std::uint64_t kFrames_MIN = 2;
 constexpr double kTimesTheLongest = 2.0;
-
-double RightBehind(double longest_step) { return 10.0 * longest_step + 100.0; }
 
 bool BeginsWith(std::string_view bytes, StringView ascii) {
   return bytes.size() >= ascii.size() &&
@@ -41,11 +37,16 @@ void ClockJump::Look(double time) {
   ++frames_;
 }
 
+const AdapterTraits* AdapterOf(const LogHead& head) {
+  const auto* const found = std::ranges::find_if(adapter_traits, [&](const AdapterTraits& adapter) {
+    return !adapter.name.empty() && BeginsWith(head.adapter, adapter.name);
+  });
+  return found == adapter_traits.end() ? nullptr : found;
+}
+
 double ClockWrapOf(const LogHead& head) {
-  for (const AdapterTraits& adapter : adapter_traits) {
-    if (!adapter.name.empty() && BeginsWith(head.adapter, adapter.name)) return adapter.timer_wrap;
-  }
-  return 0.0;
+  const AdapterTraits* const adapter = AdapterOf(head);
+  return adapter == nullptr ? 0.0 : adapter->timer_wrap;
 }
 
 }  // namespace tolvane::logtool

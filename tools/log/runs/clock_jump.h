@@ -4,6 +4,7 @@
 #include <limits>
 #include <optional>
 
+#include "run/adapter_kind.h"
 #include "tools/log/reading/log_head.h"
 
 namespace tolvane::logtool {
@@ -45,6 +46,15 @@ class ClockJump {
   bool is_passed_ = false;
   std::optional<Found> found_;
 };
+
+/// A bus that was silent for a moment looks like a jump or a step of the line; how long it may have
+/// been at the most, by the longest step ahead.
+[[nodiscard]] constexpr double RightBehind(double longest_step) {
+  return 10.0 * longest_step + 100.0;
+}
+
+/// The kind of the adapter that a log names; null for one that is not known.
+[[nodiscard]] const AdapterTraits* AdapterOf(const LogHead& head);
 
 /// The wrap of the adapter that a log names, in ms; 0 for one that never wraps, or is not known.
 [[nodiscard]] double ClockWrapOf(const LogHead& head);

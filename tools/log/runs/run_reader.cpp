@@ -8,6 +8,7 @@ RunReader::RunReader(const LogRun& run, LogFiles& files, Complaints& complaints,
       complaints_(complaints),
       mends_clock_(mends_clock),
       clock_(ClockWrapOf(run.Head())),
+      stamps_(HasSignedStamps(run.Head())),
       frames_(run.files.size()),
       faults_(run.files.size()) {}
 
@@ -17,7 +18,8 @@ bool RunReader::Next(LogFrame& frame) {
       case CsvLog::Outcome::kFrame:
         ++frames_[file_];
         clock_.Follow(frame.time);
-        if (mends_clock_) frame.time -= clock_.Ahead();
+        if (stamps_.Follow(frame.time)) file_of_turn_ = file_;
+        if (mends_clock_) frame.time -= AheadOfClock();
         return true;
       case CsvLog::Outcome::kFault:
         ++faults_[file_];

@@ -43,6 +43,9 @@ std::vector<std::string> OddSeams(const LogRun& run, const RunReader& read) {
                     " is full, but no file goes on: the end of the run is missing, or was not "
                     "written");
   }
+  if (const auto& turn = read.Stamps().TheTurn()) {
+    seams.push_back(TextOf(*turn, read.MendsClock()));
+  }
   return seams;
 }
 
