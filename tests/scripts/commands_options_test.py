@@ -5,9 +5,13 @@ import os
 import pathlib
 import pty
 import re
+import sys
 import unittest
 
 from commands_place import GOOD_LINE, NOBODY, PROJECT, SCRIPTS, WITHOUT_OPTIONS, Place, path_of
+
+sys.path.insert(0, str(PROJECT / "scripts/lib"))
+import clock_jump  # noqa: E402
 
 MOST_WHOLE = 999_999_999
 LIVE_USE = re.escape("--log - takes lines from a pipe, as in: candump -L can0 | scripts/demo --log -")
@@ -158,6 +162,10 @@ class Options(Place):
     def test_a_run_ends_by_seconds_or_by_standing_still(self):
         self.refuses("--seconds and --still exclude each other: leave one away", "demo", "--still", "1",
                      "--seconds", "1")
+
+    def test_a_jump_of_a_clock_does_not_end_the_run_of_the_example(self):
+        still = re.search(r"scripts/demo --log KL\d{8}-001\.csv --still (\d+) ", self.run_script("demo", "--help").said)
+        self.assertGreater(int(still[1]), clock_jump.WRAPS[b"CANUSB "] // 1000)
 
     def test_the_vehicle_never_stands_still(self):
         self.refuses("--still needs a recording, --log: the vehicle never stands still", "demo", "--still", "1")
