@@ -56,6 +56,13 @@ class LogCommand : public WrittenLog {
   TextSink message_sink{messages};
 };
 
+/// Of a run whose first file is not full.
+std::string LateDates(const std::string& path) {
+  return "tolvane-log: " + path +
+         " is not full, so its date is that of the disconnect: absolute times are late by the "
+         "silence ahead of that\n";
+}
+
 constexpr const char* kCandump =
     "(1795133106.998000) can0 100#00\n"
     "(1795133106.999500) can0 200#\n"
@@ -130,8 +137,9 @@ TEST_F(LogCommand, ConvertJoinsTheFilesOfARunInTheOrderOfTheirNames) {
   EXPECT_EQ(Run({"convert", Path("003"), Path("002"), "--to", "candump", Path("001")}), 0);
   EXPECT_EQ(output, kCandump);
   EXPECT_EQ(messages, "tolvane-log: 4 frames of 3 files, from " + Path("001") + " to " +
-                          Path("003") + "\ntolvane-log: " + Path("001") +
-                          " has 2 records and is not full, but " + Path("002") + " goes on\n");
+                          Path("003") + "\n" + LateDates(Path("001")) +
+                          "tolvane-log: " + Path("001") + " has 2 records and is not full, but " +
+                          Path("002") + " goes on\n");
 }
 
 TEST_F(LogCommand, WhereFilesAreMissingIsTold) {
@@ -156,7 +164,8 @@ TEST_F(LogCommand, ARunWithoutItsBeginIsToldByConvertToo) {
   EXPECT_EQ(Run({"convert", "--to", "candump", Path("002"), Path("003")}), 0);
   EXPECT_EQ(messages, "tolvane-log: 2 frames of 2 files, from " + Path("002") + " to " +
                           Path("003") +
-                          "\ntolvane-log: they begin at 2.5 ms: those ahead of them are missing\n");
+                          "\ntolvane-log: they begin at 2.5 ms: those ahead of them are missing\n" +
+                          LateDates(Path("002")));
 }
 
 TEST_F(LogCommand, TheBeginThatIsMissingIsThatOfTheFirstFileWithARecord) {
@@ -277,6 +286,27 @@ TEST_F(LogCommand, TheFirstFilesMomentIsThatOfItsLastRecord) {
             "2026-11-20 09:05:06.999500,1.5,0x200,0,0,,,,,,,,\n"
             "2026-11-20 09:05:07.000500,2.5,0x100,0,1,00,,,,,,,\n"
             "2026-11-20 09:05:07.001000,3,0x200,0,0,,,,,,,,\n");
+}
+
+TEST_F(LogCommand, AFileOfTheRunAheadGivesNoMoment) {
+  RollOverNow();
+  wall_clock.Set({2026, 11, 20, 5, 9, 30, 0});
+  db.csv_DataInput(5.0, 0x100, 1, kBytes);
+  RollOverNow();
+  TakeFiles();
+  EXPECT_EQ(Run({"convert", "--to", "csv", Path("001"), Path("002")}), 0);
+  EXPECT_NE(output.find("2026-11-20 09:30:00.000000,5,"), std::string::npos) << output;
+  EXPECT_NE(messages.find(LateDates(Path("002"))), std::string::npos) << messages;
+}
+
+TEST_F(LogCommand, ARunWithoutAbsoluteTimesOrWithoutFramesHasNoneThatAreLate) {
+  WriteRun();
+  std::string& text = log_files.texts[Path("001")];
+  text.replace(text.find("2026/11/20"), 10, "11/20/2026");
+  EXPECT_EQ(Run({"convert", "--to", "candump", Path("001")}), 0);
+  EXPECT_EQ(messages.find("is not full"), std::string::npos) << messages;
+  EXPECT_EQ(Run({"convert", "--to", "candump", Path("003")}), 0);
+  EXPECT_EQ(messages.find("is not full"), std::string::npos) << messages;
 }
 
 TEST_F(LogCommand, AHeadWithAnotherDateOrADayThatNoMonthHasGivesNoAbsoluteTime) {
@@ -411,7 +441,7 @@ TEST_F(LogCommand, TheClockJumpIsMendedWhenAskedFor) {
   EXPECT_EQ(output.find(",60010,"), std::string::npos);
   EXPECT_NE(output.find(",40005,"), std::string::npos);
   EXPECT_NE(messages.find("mended: the clock jump of 20005 ms"), std::string::npos);
-  EXPECT_EQ(messages.find("absolute times"), std::string::npos) << messages;
+  EXPECT_EQ(messages.find("of the jump"), std::string::npos) << messages;
   EXPECT_NE(output.find("\n2026-11-20 09:04:26.905000,0,"), std::string::npos)
       << "the last record is as old as the head in either case";
   EXPECT_EQ(Run(Files({"info", "--mend-clock"})), 0);

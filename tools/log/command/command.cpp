@@ -80,19 +80,26 @@ class Command {
     const Converted result = Convert(reader, *options_.format, anchor, out);
     if (!result.is_written) Fail("the output cannot be written");
     if (complaints_.EndReading() || failed_) return false;
-    TellWhatBecame(run, reader, result);
+    TellWhatBecame(run, reader, result, anchor.has_value());
     if (!anchor) {
       Say("no absolute time, as the head's date is no day of a calendar with the year in front: " +
-          ToUtf8(outside_.code_page.Decode(run.Head().written)));
+          ToUtf8(outside_.code_page.Decode(run.files[run.FirstWithRecord()].head.written)));
     }
     return true;
   }
 
-  void TellWhatBecame(const LogRun& run, const RunReader& reader, const Converted& result) {
+  void TellWhatBecame(const LogRun& run, const RunReader& reader, const Converted& result,
+                      bool has_dates) {
     Say(Counted(result.frames, "frame") + " of " + Counted(run.files.size(), "file") + ", from " +
         run.files.front().path + " to " + run.files.back().path);
     if (!run.IsWholeAtItsBegin()) {
       Say("they begin at " + NumberText(*run.Begins()) + " ms: those ahead of them are missing");
+    }
+    const std::size_t dated = run.FirstWithRecord();
+    if (has_dates && result.frames > 0 && !reader.IsFull(dated)) {
+      Say(run.files[dated].path +
+          " is not full, so its date is that of the disconnect: absolute times are late by the "
+          "silence ahead of that");
     }
     for (const std::string& seam : OddSeams(run, reader)) Say(seam);
     if (result.steps_back > 0) {

@@ -36,8 +36,9 @@ Both:
   --help, --version
 
 Zeros that identifiers of 29 bits have lost to the next file are mended at all times. The absolute
-time is that of the head of the first file, which was written right behind its last record; it is the
-time of this computer's zone. The status is 0, 1 if something could not be read or written, and 2 for
+time is reckoned from the date in the first file, which has whole seconds, in this computer's zone. A
+full file is written right behind its last record; the last one of a run, so the only one too, at the
+disconnect, and absolute times are then late by the silence ahead of that. The status is 0, 1 if something could not be read or written, and 2 for
 words that are not understood.
 
 Other formats: can_logconvert of python3-can makes .blf and .trc of candump or asc, by the names of its

@@ -48,10 +48,11 @@ Converted Convert(RunReader& reader, Format format, const std::optional<TimeAnch
 std::optional<TimeAnchor> AnchorOf(
     const LogRun& run, LogFiles& files, bool mends_clock,
     std::optional<std::int64_t> (*unix_seconds)(const platform::LocalTime& time)) {
-  const auto written = MomentOf(run.Head().written);
+  const LogFile& dated = run.files[run.FirstWithRecord()];
+  const auto written = MomentOf(dated.head.written);
   const auto seconds = written ? unix_seconds(*written) : std::nullopt;
   if (!seconds) return {};
-  const LogRun first_file{{run.files.front()}};
+  const LogRun first_file{{dated}};
   NoSink nobody;  // the faults are told when the file is converted
   Complaints complaints(nobody, true);
   RunReader reader(first_file, files, complaints, mends_clock);

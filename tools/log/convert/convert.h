@@ -23,9 +23,9 @@ struct Converted {
 [[nodiscard]] Converted Convert(RunReader& reader, Format format,
                                 const std::optional<TimeAnchor>& anchor, ByteSink& out);
 
-/// How the moment that the run's first file tells, which is that of its writing, and the last time
-/// in it give the begin of the time line. `unix_seconds` as in Outside. Empty for a head without
-/// such a moment, and where the line would begin before 1970.
+/// How the moment that the run's first file with a record tells, which is that of its writing, and
+/// the last time in it give the begin of the time line. `unix_seconds` as in Outside. Empty for a
+/// head without such a moment, and where the line would begin before 1970.
 [[nodiscard]] std::optional<TimeAnchor> AnchorOf(
     const LogRun& run, LogFiles& files, bool mends_clock,
     std::optional<std::int64_t> (*unix_seconds)(const platform::LocalTime& time));

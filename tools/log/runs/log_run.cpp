@@ -116,11 +116,13 @@ bool BeginsRun(const LogFile& file, const LogRun& run, LogFiles& files) {
 
 }  // namespace
 
-std::optional<double> LogRun::Begins() const {
+std::size_t LogRun::FirstWithRecord() const {
   const auto first =
       std::ranges::find_if(files, [](const LogFile& file) { return file.begins.has_value(); });
-  return first == files.end() ? std::nullopt : first->begins;
+  return first == files.end() ? 0 : static_cast<std::size_t>(first - files.begin());
 }
+
+std::optional<double> LogRun::Begins() const { return files[FirstWithRecord()].begins; }
 
 std::vector<LogRun> FindRuns(const std::vector<std::string>& paths, LogFiles& files,
                              Complaints& complaints) {

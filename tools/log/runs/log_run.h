@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <optional>
 #include <string>
@@ -29,6 +30,9 @@ struct LogRun {
   std::string before = {};  // the last file of the run ahead; empty without one
 
   [[nodiscard]] const LogHead& Head() const { return files.front().head; }
+  /// The place of the first file with a record; 0 without one. Files ahead of it can be of the run
+  /// before.
+  [[nodiscard]] std::size_t FirstWithRecord() const;
   /// The time of the first record; none without one.
   [[nodiscard]] std::optional<double> Begins() const;
   /// False when the files ahead of these are missing: the first frame of a run has the time 0.
