@@ -84,6 +84,8 @@ TEST_F(LogCommand, WordsThatAreNotUnderstoodAreToldAndStatusTwo) {
       {{"convert", "--json", "a.csv"}, "no such option of convert: --json"},
       {{"convert", "a.csv"}, "--to is missing: candump, asc or csv"},
       {{"convert", "--to", "blf", "a.csv"}, "--to is candump, asc or csv, not 'blf'"},
+      {{"convert", "--to", "csv", "--to", "xml", "a.csv"},
+       "--to is candump, asc or csv, not 'xml'"},
       {{"convert", "--to", "asc", "--out"}, "--out needs the name of a file"},
       {{"info", "--gap=0.5", "a.csv"}, "--gap is a number of cycles from 1 to 1000000, not '0.5'"},
       {{"info", "--json=1", "a.csv"}, "no such option of info: --json=1"},
@@ -101,6 +103,11 @@ TEST_F(LogCommand, WordsThatAreNotUnderstoodAreToldAndStatusTwo) {
 TEST_F(LogCommand, BehindTwoHyphensAllWordsAreFiles) {
   EXPECT_EQ(OptionsOf({"info", "a.csv", "--", "--keep", "--gap"}).options->files,
             (std::vector<std::string>{"a.csv", "--keep", "--gap"}));
+  for (const std::string word : {"-h", "--help", "--version"}) {
+    const Options options = OptionsOf({"info", "--", word}).options.value();
+    EXPECT_EQ(options.verb, Verb::kInfo) << word;
+    EXPECT_EQ(options.files, std::vector<std::string>{word});
+  }
 }
 
 TEST_F(LogCommand, AValueMayStandBehindAnEqualsSign) {
@@ -128,8 +135,11 @@ TEST_F(LogCommand, HelpIsGivenWhereverItIsAskedFor) {
 }
 
 TEST_F(LogCommand, TheVersionIsThatOfTheProgram) {
-  EXPECT_EQ(Run({"--version"}), 0);
-  EXPECT_EQ("Tolvane Ver" + output.substr(output.find(' ') + 1), "Tolvane Ver1.23\n");
+  for (const std::vector<std::string>& words :
+       {std::vector<std::string>{"--version"}, {"info", "--version"}, {"convert", "--version"}}) {
+    EXPECT_EQ(Run(words), 0);
+    EXPECT_EQ("Tolvane Ver" + output.substr(output.find(' ') + 1), "Tolvane Ver1.23\n");
+  }
 }
 
 TEST_F(LogCommand, ConvertJoinsTheFilesOfARunInTheOrderOfTheirNames) {

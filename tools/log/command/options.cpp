@@ -16,15 +16,19 @@ class Reader {
   explicit Reader(const std::vector<std::string>& words) : words_(words) {}
 
   ReadOptions Result() {
-    const bool asks = std::ranges::any_of(
-        words_, [](const std::string& word) { return word == "--help" || word == "-h"; });
-    if (asks) return {options_, {}};
-    if (words_.size() == 1 && words_[0] == "--version") return {Of(Verb::kVersion), {}};
+    if (Asks("--help") || Asks("-h")) return {options_, {}};
+    if (Asks("--version")) return {Of(Verb::kVersion), {}};
     if (!ReadVerb() || !ReadWords() || !IsComplete()) return {{}, refusal_};
     return {options_, {}};
   }
 
  private:
+  /// Behind two hyphens words are files.
+  [[nodiscard]] bool Asks(std::string_view option) const {
+    const auto end = std::ranges::find(words_, "--");
+    return std::find(words_.begin(), end, option) != end;
+  }
+
   [[nodiscard]] static Options Of(Verb verb) {
     Options options;
     options.verb = verb;
@@ -94,6 +98,7 @@ class Reader {
 
   [[nodiscard]] bool ReadFormat() {
     const std::string_view value = Value();
+    options_.format.reset();
     if (value == "candump") options_.format = Format::kCandump;
     if (value == "asc") options_.format = Format::kAsc;
     if (value == "csv") options_.format = Format::kCsv;
