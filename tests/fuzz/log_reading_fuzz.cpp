@@ -119,7 +119,9 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     for (const LogFrame& frame : whole) JudgeFrame(frame);
     JudgeGaps(whole, 1.0);
   }
-  JudgeGaps(FramesOf(rest), 1.0 + choice % 8);
+  const std::vector<LogFrame> regular = FramesOf(rest);
+  JudgeGaps(regular, 1.0 + choice % 8);
+  JudgeJumps(regular, piece, 1.0 + choice % 8);
   for (const char* const format : {"candump", "asc", "csv"}) {
     JudgeCommand(files, {"convert", "--keep", "--mend-clock", "--to", format});
   }
