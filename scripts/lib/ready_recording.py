@@ -70,6 +70,9 @@ class RunLogs:
         if self.run.clock.found:
             told.append(f"the adapter's clock jumps at {self.run.clock_place} by {self.run.clock.found.jump:g} ms, "
                         "which is played as a silence")
+        if self.run.stamps.found:
+            told.append(f"the board's stamps turn negative at {self.run.turn_place}: the times step back there, and jump "
+                        f"behind it by {self.run.stamps.found.jump:.15g} ms, which is taken out")
         return "".join(f"; {text}" for text in told)
 
     def frames(self) -> Iterator[rec.Frame | rec.BadLine]:

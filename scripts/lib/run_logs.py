@@ -8,6 +8,7 @@ from typing import NamedTuple
 
 import recording as rec
 from clock_jump import ClockJump, wrap_of
+from stamp_turn import StampTurn, has_signed_stamps
 
 RECORDS_PER_FILE = 20_001
 NAME = re.compile(r"KL(?P<hour>\d{8})-(?P<number>\d{3,9})\.csv", re.IGNORECASE | re.ASCII)
@@ -182,6 +183,8 @@ class Run:
         self.last, self.last_time = self.first, None  # of the last file with a record
         self.clock = ClockJump(wrap_of(self.first.head.adapter))
         self.clock_place = ""  # of the record behind the jump
+        self.stamps = StampTurn(has_signed_stamps(self.first.head.adapter))
+        self.turn_place = ""  # of the record behind the first step
 
     def frames(self) -> Iterator[rec.Frame | rec.BadLine]:
         log: Log | None = self.first
@@ -198,6 +201,9 @@ class Run:
                 self.last, self.last_time = log, record.milliseconds
                 if self.clock.follow(record.milliseconds):
                     self.clock_place = f"line {number} of {log.path.name}"
+                if self.stamps.follow(record.milliseconds):
+                    self.turn_place = f"line {number} of {log.path.name}"
+                record = record._replace(milliseconds=record.milliseconds - self.stamps.ahead)
             frame = frame_of(record, number) if record is not None else None
             if frame is not None:
                 yield frame

@@ -191,6 +191,17 @@ class Logs(Readied):
         self.assertIn("; its clock steps back 2 times, which takes no time", self.facts(path)["say"])
 
 
+    def test_of_a_board_whose_stamps_turn_negative_keep_their_pace(self):
+        times = (0, 10, 20, -3_865_446, -1_717_979, -1_717_969)
+        lines = [f"{time:>10} , 123 , 0" for time in times]
+        path = self.file("a.csv", log(*lines, adapter=INTERFACE))
+        self.assertEqual([f"(0.{n:03}000) can0 123#" for n in (0, 10, 20, 30, 39, 49)], self.played(path))
+        self.assertTrue(self.facts(path)["say"].endswith(
+            " 0 error; the board's stamps turn negative at line 12 of a.csv: the times step back there, and jump behind it by "
+            "2147458 ms, which is taken out"), self.facts(path)["say"])
+        self.assertIn("; its clock steps back 1 time", self.facts(self.file("b.csv", log(*lines)))["say"])
+
+
 class Progress(Readied):
     def test_is_told_now_and_then(self):
         path = self.file("a.csv", full(records=20_001))

@@ -10,6 +10,7 @@
 #include "tools/log/runs/clock_jump.h"
 #include "tools/log/runs/log_order.h"
 #include "tools/log/runs/log_run.h"
+#include "tools/log/runs/stamp_turn.h"
 
 namespace tolvane::logtool {
 namespace {
@@ -185,6 +186,34 @@ TEST(SharedTables, TimesTellTheStatedJumpOfTheClock) {
       found << "none";
     }
     EXPECT_EQ(found.str(), row.jump) << row.label;
+  }
+}
+
+struct TurnRow {
+  const char* label;
+  const char* times;
+  const char* told;
+};
+
+constexpr TurnRow kTurns[] = {
+#include "tests/tools/log/log_turns.inc"
+};
+
+TEST(SharedTables, TimesTellTheStatedStepsOfABoard) {
+  for (const TurnRow& row : kTurns) {
+    StampTurn stamps(true);
+    int behind = 0;
+    for (const std::string& time : Times(row.times)) behind += stamps.Follow(std::stod(time));
+    std::ostringstream found;
+    found << std::setprecision(15);
+    if (const auto& turn = stamps.TheTurn()) {
+      found << turn->at << ' ' << turn->steps << ' ' << turn->jump << ' ' << turn->doubt << ' '
+            << stamps.Ahead();
+    } else {
+      found << "none";
+    }
+    EXPECT_EQ(found.str(), row.told) << row.label;
+    EXPECT_EQ(behind, stamps.TheTurn() ? 1 : 0) << row.label;
   }
 }
 

@@ -12,6 +12,7 @@ TABLES = pathlib.Path(sys.argv.pop())
 sys.path.insert(0, sys.argv.pop())
 import clock_jump  # noqa: E402
 import run_logs  # noqa: E402
+import stamp_turn  # noqa: E402
 
 HEAD = ("Tolvane Ver1.23,,,C,,,,H\r\n\r\n2026/11/20 9:05:07,,,bit rate：,{rate} bps\r\nCANUSB\r\n\r\n\r\n\r\n"
         "  時間[ms] , {columns},DLC,  D1,D2,D3,D4,D5,D6,D7,D8\r\n")
@@ -116,6 +117,18 @@ class Tables(unittest.TestCase):
                 clock = clock_jump.ClockJump(wrap)
                 behind = [time for time in map(float, times(text)) if clock.follow(time)]
                 found = " ".join(f"{value:g}" for value in clock.found) if clock.found else "none"
+                self.assertEqual((stated, int(found != "none")), (found, len(behind)))
+
+    def test_times_tell_the_stated_steps_of_a_board(self):
+        table = rows("log_turns.inc")
+        self.assertGreater(len(table), 10)
+        for label, text, stated in table:
+            with self.subTest(label):
+                stamps = stamp_turn.StampTurn(True)
+                behind = [time for time in map(float, times(text)) if stamps.follow(time)]
+                turn = stamps.found
+                found = (f"{turn.at:.0f} {turn.steps} {turn.jump:.0f} {turn.doubt:.0f} {stamps.ahead:.0f}" if turn
+                         else "none")
                 self.assertEqual((stated, int(found != "none")), (found, len(behind)))
 
 
