@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <sstream>
+
 #include "tests/tools/log/written_log.h"
 #include "tools/log/command/options.h"
 
@@ -132,6 +134,11 @@ TEST_F(LogCommand, HelpIsGivenWhereverItIsAskedFor) {
                                  "can_logconvert", ".blf", ".mf4", ".trc", ".db"}) {
     EXPECT_NE(output.find(told), std::string::npos) << told;
   }
+}
+
+TEST_F(LogCommand, NoLineOfTheHelpIsLong) {
+  std::istringstream lines{std::string(HelpText())};
+  for (std::string line; std::getline(lines, line);) EXPECT_LE(line.size(), 104U) << line;
 }
 
 TEST_F(LogCommand, TheVersionIsThatOfTheProgram) {
