@@ -197,7 +197,7 @@ void JudgeThatPartedOnesAreTold(const ToldOfAll& told, const std::vector<Silence
     std::vector<Silence> parts;
     std::ranges::copy_if(pauses, std::back_inserter(parts),
                          [&](const Silence& pause) { return IsWithin(pause, around); });
-    if (parts.empty()) continue;
+    if (parts.empty() || parts.size() > UndecidedPauses::kParts_MAX) continue;
     const double begin = parts.front().begin;
     double silent = 0.0;
     for (const Silence& part : parts) silent += part.length;

@@ -206,25 +206,25 @@ TEST_F(GapsOfAll, ThoseWhoStoppedLongBeforeAreNotAwaited) {
 }
 
 // Each has its time, one behind the other.
-TEST_F(GapsOfAll, ThatNobodyDecidesAreKeptSixteenOf) {
+TEST_F(GapsOfAll, ThatNobodyDecidesAreKeptThirtyTwoOf) {
   std::vector<Message> messages;
-  for (std::uint32_t id = 0; id < 20; ++id) messages.push_back({id, 10.0});
-  const JudgedRun judged = Judged(messages, 4'000.0, [](auto id, double time) {
+  for (std::uint32_t id = 0; id < 36; ++id) messages.push_back({id, 10.0});
+  const JudgedRun judged = Judged(messages, 7'200.0, [](auto id, double time) {
     return time < id * 200.0 || time > id * 200.0 + 100.0;
   });
   ASSERT_EQ(Common(judged).size(), UndecidedPauses::kPauses_MAX);
-  EXPECT_EQ(Common(judged).back().silence.end, 3'800.0);
+  EXPECT_EQ(Common(judged).back().silence.end, 7'000.0);
 }
 
 // As those, behind one of thirty times their length.
 TEST_F(GapsOfAll, ThatNobodyDecidesAreTheLongestThatAreKept) {
   std::vector<Spell> spells = {{0x100, 0.0, 10'000.0}};
-  for (std::uint32_t id = 0; id < 18; ++id)
+  for (std::uint32_t id = 0; id < 34; ++id)
     spells.push_back({id, 40'000.0 + id * 3'000.0, 42'000.0 + id * 3'000.0});
   const JudgedRun judged = Judged(spells);
   ASSERT_EQ(Common(judged).size(), UndecidedPauses::kPauses_MAX);
   EXPECT_EQ(Common(judged).front().silence.length, 30'000.0);
-  EXPECT_EQ(Common(judged).back().silence.end, 91'000.0);
+  EXPECT_EQ(Common(judged).back().silence.end, 139'000.0);
 }
 
 // Slow enough to have been there ahead of a silence that nobody came back from, which is long over.

@@ -135,5 +135,33 @@ TEST_F(PartedSilence, ThatLastsAgainByPausesOfAnotherIsTheIdentifiersOwn) {
   EXPECT_EQ(Own(judged, 0x100).size(), 1U);
 }
 
+// The parts of the first one are left, and nobody will decide them.
+TEST_F(PartedSilence, IsOfAllThoughOneOfTooManyPartsIsBeforeIt) {
+  std::vector<Spell> spells = {
+      {0x100, 0.0, 10'000.0}, {0x100, 44'000.0, 54'000.0}, {0x100, 84'000.0, 94'000.0}};
+  std::vector<double> strays;
+  for (double time = 12'000.0; time <= 42'000.0; time += 2'000.0) strays.push_back(time);
+  strays.push_back(54'500.0);
+  AddStrays(spells, strays);
+  const JudgedRun judged = Judged(spells);
+  ASSERT_EQ(Common(judged).size(), 2U);
+  EXPECT_EQ(Common(judged)[0].silence.begin, 54'000.0);
+  EXPECT_EQ(Common(judged)[1].silence.begin, 54'500.0);
+  EXPECT_EQ(Own(judged, 0x100).size(), 1U);
+}
+
+TEST_F(PartedSilence, ThatIsOverHasNoPartsOfAllWhereAnotherStoppedBefore) {
+  std::vector<Spell> spells = {{0x001, 0.0, 10'000.0},
+                               {0x100, 15'000.0, 30'000.0},
+                               {0x100, 45'000.0, 60'000.0},
+                               {0x200, 32'010.0, 60'000.0}};
+  AddStrays(spells, {31'000.0, 32'000.0});
+  const JudgedRun judged = Judged(spells);
+  ASSERT_EQ(Common(judged).size(), 1U);
+  EXPECT_EQ(Common(judged)[0].silence.begin, 10'000.0);
+  ASSERT_EQ(Own(judged, 0x100).size(), 2U) << "with the one ahead of it";
+  EXPECT_EQ(Own(judged, 0x100)[1].silence.length, 15'000.0);
+}
+
 }  // namespace
 }  // namespace tolvane::logtool

@@ -107,17 +107,40 @@ TEST_F(PausesOfTheBus, LoseNothingByWhatIsNoPartOfThem) {
 }
 
 TEST_F(PausesOfTheBus, AreTheLongestThatAreKept) {
+  constexpr std::size_t kShort = UndecidedPauses::kPauses_MAX - 1;
   Add(0.0, 10'000.0, 20'000.0);
-  for (double begin = 20'000.0; begin < 20'000.0 + 15 * 1'000.0; begin += 1'000.0)
+  for (std::size_t n = 0; n < kShort; ++n) {
+    const double begin = 20'000.0 + static_cast<double>(n) * 1'000.0;
     Add(begin, begin + 100.0, 20'000.0);
+  }
   EXPECT_EQ(pauses.Count(), UndecidedPauses::kPauses_MAX);
-  Add(50'000.0, 50'060.0, 20'000.0);
+  Add(70'000.0, 70'060.0, 20'000.0);
   EXPECT_EQ(pauses.Count(), UndecidedPauses::kPauses_MAX);
   EXPECT_EQ(Begins()[0], 0.0);
   EXPECT_EQ(Begins()[1], 21'000.0) << "of equal ones the first goes";
-  Add(60'000.0, 60'100.0, 20'000.0);
-  EXPECT_EQ(Begins()[14], 34'000.0);
-  EXPECT_EQ(Begins()[15], 60'000.0) << "and a shorter one ahead of these";
+  Add(80'000.0, 80'100.0, 20'000.0);
+  EXPECT_EQ(Begins()[kShort - 1], 50'000.0);
+  EXPECT_EQ(Begins()[kShort], 80'000.0) << "and a shorter one ahead of these";
+}
+
+TEST_F(PausesOfTheBus, ThatLastAreKeptAheadOfLongerOnesThatAreOver) {
+  double begin = 0.0;
+  for (std::size_t n = 0; n < UndecidedPauses::kPauses_MAX; ++n, begin += 20'000.0)
+    Add(begin, begin + 1'000.0 + static_cast<double>(n), 1'000'000.0);
+  Add(begin, begin + 100.0);
+  Add(begin + 100.0, begin + 10'000.0);
+  EXPECT_EQ(Begins()[UndecidedPauses::kPauses_MAX - 2], begin) << "the begin of what goes on";
+  EXPECT_EQ(Begins()[0], 40'000.0);
+}
+
+TEST_F(PausesOfTheBus, AreOfOneSilenceWhereTheyAreItsParts) {
+  Add(0.0, 900.0);
+  Add(900.0, 990.0);
+  Add(5'000.0, 5'100.0);
+  const std::vector<Pause> parts = pauses.PartsBetween(0, 3);
+  ASSERT_EQ(parts.size(), 2U);
+  EXPECT_EQ(parts[1].begin.time, 900.0);
+  EXPECT_EQ(pauses.PartsBetween(2, 3).size(), 1U);
 }
 
 TEST_F(PausesOfTheBus, LastAgainWhereMoreOfTheTimeIsSilent) {
@@ -125,10 +148,17 @@ TEST_F(PausesOfTheBus, LastAgainWhereMoreOfTheTimeIsSilent) {
   Add(0.0, 1'000.0);
   EXPECT_FALSE(pauses.OneLastsAgainWith(Between(1'000.0, 1'060.0))) << "it was never over";
   EXPECT_FALSE(pauses.OneLastsAgainWith(Between(1'300.0, 1'360.0)));
-  EXPECT_FALSE(pauses.OneLastsAgainWith(Between(1'360.0, 1'410.0))) << "too short for a part";
   EXPECT_TRUE(pauses.OneLastsAgainWith(Between(1'410.0, 20'000.0)));
   AddToAStray(1'410.0, 20'000.0);
   EXPECT_FALSE(pauses.OneLastsAgainWith(Between(20'000.0, 20'060.0))) << "it still does";
+}
+
+TEST_F(PausesOfTheBus, DoNotLastAgainWithOneThatIsTooShortForAPart) {
+  Add(0.0, 1'000.0);
+  EXPECT_FALSE(pauses.OneLastsAgainWith(Between(1'118.0, 1'178.0)));
+  AddToAStray(1'118.0, 1'178.0);
+  EXPECT_FALSE(pauses.OneLastsAgainWith(Between(1'178.0, 1'228.0))) << "50 ms";
+  EXPECT_TRUE(pauses.OneLastsAgainWith(Between(1'178.0, 1'230.0)));
 }
 
 TEST_F(PausesOfTheBus, ThatBeginBehindAStepBackOfTheTimeAreDropped) {

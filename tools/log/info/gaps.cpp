@@ -14,6 +14,7 @@ namespace {
 constexpr double kOverdue = 1.5;
 /// With fewer cycles an identifier may be one that strays into a silence.
 constexpr std::uint64_t kCyclesThatDecide_MIN = 5;
+
 /// By begin, those of all ahead of others, then by kind and number.
 bool OfTheirOrder(const Gap& one, const Gap& other) {
   const auto order = [](const Gap& gap) {
@@ -210,7 +211,8 @@ void GapFinder::DecideAtTheEndBetween(std::size_t first, std::size_t end) {
     return its < first || its >= end || !MayDecide(follower, run_.Last()) ||
            IsOverdue(follower, run_.Last());
   });
-  if (are_overdue && pauses_.LastsThroughItsParts(first)) AddCommon(pauses_.Between(first, end));
+  if (are_overdue && pauses_.LastsThroughItsParts(first))
+    AddCommon(pauses_.PartsBetween(first, end));
 }
 
 void GapFinder::AddCommon(const std::vector<Pause>& pauses) {

@@ -30,6 +30,16 @@ std::vector<Pause> UndecidedPauses::Between(std::size_t first, std::size_t end) 
   return pauses;
 }
 
+std::vector<Pause> UndecidedPauses::PartsBetween(std::size_t first, std::size_t end) const {
+  std::vector<Pause> pauses = Between(first, end);
+  std::erase_if(pauses, [&](const Pause& pause) {
+    return std::ranges::none_of(undecided_[first].parts, [&](const Pause& part) {
+      return part.begin.To(pause.begin) == 0.0;
+    });
+  });
+  return pauses;
+}
+
 std::size_t UndecidedPauses::FirstFrom(const Moment& moment) const {
   std::size_t place = 0;
   while (place < Count() && moment.To(At(place).begin) < 0.0) ++place;
@@ -64,8 +74,9 @@ void UndecidedPauses::Part(const Pause& pause, bool is_to_a_stray_alone) {
 
 void UndecidedPauses::Add(const Pause& pause, double limit) {
   if (Count() >= kPauses_MAX) {
-    undecided_.erase(std::ranges::min_element(
-        undecided_, {}, [](const Undecided& begun) { return begun.parts.front().Length(); }));
+    undecided_.erase(std::ranges::min_element(undecided_, {}, [&](const Undecided& begun) {
+      return std::pair(begun.Lasts(pause.end, 0.0), begun.parts.front().Length());
+    }));
   }
   undecided_.push_back({.limit = limit, .silent = pause.Length(), .parts = {pause}});
 }

@@ -19,11 +19,13 @@ struct Pause {
 /// the bus was silent in them. A place among them is a number from 0.
 ///
 /// With each a silence of the bus begins, of which those pauses behind it that are too long as well
-/// are further parts. It lasts as long as its parts are nine tenths of the time since its begin.
+/// are further parts, while it lasts. It lasts as long as its parts are nine tenths of the time
+/// since its begin.
 class UndecidedPauses {
  public:
-  /// Of more the shortest goes, as least is missing in it.
-  static constexpr std::size_t kPauses_MAX = 16;
+  /// Of more one goes whose silence is over, the shortest, as least is missing in it; only where
+  /// none is over, the shortest of those that last.
+  static constexpr std::size_t kPauses_MAX = 32;
   /// Of more parts the bus is one on which others send, and none of it is a silence.
   static constexpr std::size_t kParts_MAX = 16;
 
@@ -31,6 +33,8 @@ class UndecidedPauses {
   [[nodiscard]] const Pause& At(std::size_t place) const { return undecided_[place].parts.front(); }
   /// From a place on, to another one.
   [[nodiscard]] std::vector<Pause> Between(std::size_t first, std::size_t end) const;
+  /// Those of them that are parts of the silence that begins with the first.
+  [[nodiscard]] std::vector<Pause> PartsBetween(std::size_t first, std::size_t end) const;
   /// The place of the first that begins at this moment or later; Count() without one.
   [[nodiscard]] std::size_t FirstFrom(const Moment& moment) const;
 
