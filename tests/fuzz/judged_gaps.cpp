@@ -108,22 +108,22 @@ bool WasSendingUpTo(const Silence& silence, const Silence& around, const Told& i
 
 /// A silence that is too long for one that came shortly ahead of it, and the first one that comes
 /// back behind it, be it at the run's end, is not one that comes at its time; or two others at
-/// least are back shortly behind that.
+/// least are back shortly behind that, one of whom may have been seen first in a later part.
 void JudgeOneOfAll(const Gap& gap, const ToldOfAll& told, const std::vector<Silence>& pauses,
                    const Moment& end, double multiple) {
   const Silence& silence = gap.silence;
   bool is_too_long = false;
   double overdue = HUGE_VAL;      // ms, when the first one is back
   double at_its_time = HUGE_VAL;  // of those that certainly decide
-  std::vector<std::pair<Silence, const Told*>> around_it;
+  std::vector<std::pair<Silence, const Told*>> arounds;
   for (const auto& [key, its] : told) {
     if (!its.judged->regular) continue;
     const bool is_missing = its.Decides() && silence.length > its.Limit(multiple);
     for (std::size_t i = 1; i <= its.moments.size(); ++i) {
       const Silence around(its.moments[i - 1], i < its.moments.size() ? its.moments[i] : end);
       Require(!(around.begin > silence.begin && around.begin < silence.end));
+      arounds.emplace_back(around, &its);
       if (!IsWithin(silence, around)) continue;
-      around_it.emplace_back(around, &its);
       is_too_long =
           is_too_long || (is_missing && WasSendingUpTo(silence, around, its, pauses, multiple));
       if (around.length > its.Overdue(multiple)) {
@@ -133,7 +133,7 @@ void JudgeOneOfAll(const Gap& gap, const ToldOfAll& told, const std::vector<Sile
       }
     }
   }
-  const auto back = std::ranges::count_if(around_it, [&](const auto& one) {
+  const auto back = std::ranges::count_if(arounds, [&](const auto& one) {
     return IsBackShortlyBehind(at_its_time, one.first, *one.second, multiple);
   });
   Require(is_too_long && (overdue <= at_its_time || back >= 2));
