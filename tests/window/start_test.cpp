@@ -11,7 +11,6 @@ namespace tolvane::window {
 namespace {
 
 constexpr const wchar_t* kTitle = L"Tolvane Ver1.23";
-constexpr const wchar_t* kSplashClass = L"TolvaneSplash";
 
 using Start = RealProgram;
 

@@ -136,6 +136,7 @@ TEST_F(Surroundings, TheForegroundPassesFromTheSplashToTheMainWindow) {
   HWND main = nullptr;
   bool had_it = false;
   bool gave_it_away = false;
+  bool splash_was_seen = false;
   EXPECT_TRUE(WaitUntil([&] {
     // Checked without pauses for a while, since it may last only a few milliseconds.
     for (const ULONGLONG end = GetTickCount64() + 100; GetTickCount64() < end;) {
@@ -144,10 +145,12 @@ TEST_F(Surroundings, TheForegroundPassesFromTheSplashToTheMainWindow) {
       const bool has_it = ProcessOf(GetForegroundWindow()) == program_->Id();
       gave_it_away = gave_it_away || (had_it && !has_it);
       had_it = had_it || has_it;
+      splash_was_seen = splash_was_seen || FindTopWindow(kSplashClass, program_->Id()) != nullptr;
     }
     main = FindTopWindow(kMainWindowClass, program_->Id());
     return main != nullptr;
   }));
+  EXPECT_TRUE(splash_was_seen);
   EXPECT_TRUE(had_it);
   EXPECT_FALSE(gave_it_away);
   EXPECT_TRUE(WaitUntil([&] { return GetForegroundWindow() == main; }));

@@ -11,6 +11,7 @@
 namespace tolvane::window {
 
 constexpr const wchar_t* kMainWindowClass = L"TolvaneMainWindow";
+constexpr const wchar_t* kSplashClass = L"TolvaneSplash";
 
 /// One process of the real program, started in a folder of its own. The process ends with the
 /// object, by force if it does not end by itself.

@@ -111,7 +111,7 @@ TEST_F(OtherWindowsClosing, TheVersionGoesByCloseAndEscapeAndStaysLoaded) {
   }
 }
 
-TEST_F(OtherWindowsClosing, TheMainWindowsEndUnloadsThoseThatStayedLoaded) {
+TEST_F(OtherWindowsClosing, UnloadTakesThoseThatStayedLoaded) {
   const HWND dialog = windows_.OpenSettings(0);
   const HWND help = AllWindows::OpenHelp(dialog, id::Img_Help_Setting);
   AllWindows::Close(dialog);

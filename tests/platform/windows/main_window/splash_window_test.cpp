@@ -55,7 +55,7 @@ TEST_F(SplashTest, IsNotSeenOnceItIsHiddenAndStaysActiveUntilItMakesWay) {
   EXPECT_TRUE(CanBeSeen());
 }
 
-TEST_F(SplashTest, DoesNotCloseByTheKeyboard) {
+TEST_F(SplashTest, DoesNotCloseWhereItIsAskedTo) {
   SendMessageW(splash_.Hwnd(), WM_CLOSE, 0, 0);
   EXPECT_NE(splash_.Hwnd(), nullptr);
 }

@@ -41,6 +41,17 @@ TEST_F(Files, TellsFoldersFromFiles) {
   EXPECT_FALSE(files_.Attributes(folder_ / u"nothing").has_value());
 }
 
+TEST_F(Files, TellsAFolderWithAFurtherAttributeAsOne) {
+  // Wine hides names with a dot; on a disk that keeps no attributes for it, nothing else can be
+  // hidden.
+  const String hidden = folder_ / u".hidden";
+  ASSERT_TRUE(files_.CreateFolder(hidden));
+  ASSERT_TRUE(SetFileAttributesW(Wide(hidden), FILE_ATTRIBUTE_HIDDEN));
+  EXPECT_TRUE(files_.FolderExists(hidden));
+  EXPECT_FALSE(files_.FileExists(hidden));
+  EXPECT_EQ(files_.Attributes(hidden), 18);
+}
+
 TEST_F(Files, TellsTheNamesThatBeginAlikeInOneFolder) {
   ASSERT_TRUE(folder_.Put(u"KL1-002.csv", "x"));
   ASSERT_TRUE(folder_.Put(u"kl1-001.CSV", "x"));
