@@ -22,7 +22,7 @@ def wrap_of(adapter: bytes) -> float:
 
 
 def right_behind(longest_step: float) -> float:
-    """How long the bus may have been silent at a jump or a step, at the most, by the longest step ahead."""
+    """How long the bus may have been silent at a jump, at the most, by the longest step ahead."""
     return 10 * longest_step + 100
 
 

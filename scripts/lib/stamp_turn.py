@@ -4,11 +4,12 @@ The table tests/tools/log/log_turns.inc holds the two together."""
 import math
 from dataclasses import dataclass
 
-from clock_jump import WRAPS, right_behind
+from clock_jump import WRAPS
 
 BOARD = b"Interface "
 HIGHEST_READING, WORD = (2**31 - 1) // 1000, 2**32 // 1000  # ms
 STEP_BACK = WORD - WRAPS[BOARD]
+SILENCE_MAX = 60_000  # ms, over the turn
 
 
 @dataclass
@@ -30,7 +31,7 @@ class StampTurn:
         self.found: Found | None = None
         self.ahead = 0.0  # how far the times are
         self.last: float | None = None
-        self.longest_step, self.origin_most, self.origin_distance = 0.0, 0.0, 0.0
+        self.origin_most, self.origin_distance = 0.0, 0.0
 
     def follow(self, time: float) -> bool:
         """To be called with the time of each frame in order. True at the one behind the first step back."""
@@ -40,10 +41,8 @@ class StampTurn:
         step = 0.0 if self.last is None else time - self.last
         if self.origin_most > 0:
             self.take_jump(step)
-        elif step < 0 and 0 <= step + STEP_BACK <= right_behind(self.longest_step):
+        elif step < 0 and 0 <= step + STEP_BACK <= SILENCE_MAX:
             self.take_step(step + STEP_BACK)
-        else:
-            self.longest_step = max(self.longest_step, step)
         self.last = time
         return not turned and self.found is not None
 

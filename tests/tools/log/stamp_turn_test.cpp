@@ -103,16 +103,31 @@ TEST(StampTurn, IsTakenOutEachTimeTheStampsGoRound) {
 }
 
 TEST(StampTurn, ASilenceOverItStays) {
-  // 80 ms over the turn, and 300 behind it.
-  std::vector<double> moments = MomentsEvery(10.0, 1'000.0);
-  moments.push_back(1'070.0);
-  moments.push_back(1'370.0);
-  const double origin = kHalfWord - 1'000.0;
-  StampTurn turn(true);
-  for (const double time : LoggedByABoard(moments, origin)) turn.Follow(time);
-  EXPECT_EQ(turn.TheTurn()->at, 990.0);
-  EXPECT_LE(turn.TheTurn()->doubt, 41.0);
-  ExpectMended(moments, LoggedByABoard(moments, origin));
+  for (const double silence : {80.0, 400.0, 59'990.0}) {
+    // And 300 ms behind it.
+    std::vector<double> moments = MomentsEvery(10.0, 1'000.0);
+    moments.push_back(990.0 + silence);
+    moments.push_back(1'290.0 + silence);
+    const std::vector<double> times = LoggedByABoard(moments, kHalfWord - 1'000.0);
+    const StampTurn turn = TurnOf(times);
+    ASSERT_TRUE(turn.TheTurn()) << silence;
+    EXPECT_EQ(turn.TheTurn()->at, 990.0);
+    EXPECT_LE(turn.TheTurn()->doubt, silence / 2.0 + 1.0);
+    ASSERT_NO_FATAL_FAILURE(ExpectMended(moments, times)) << silence;
+  }
+}
+
+TEST(StampTurn, IsNoneOfABoardThatIsReset) {
+  for (const double silence : {0.0, 70'000.0, 500'000.0}) {
+    std::vector<double> moments = MomentsEvery(1'000.0, 1'000'000.0);
+    for (const double moment : MomentsEvery(1'000.0, 600'000.0)) {
+      moments.push_back(1'000'000.0 + silence + moment);
+    }
+    for (const double moment : MomentsEvery(1'000.0, 5'000.0)) moments.push_back(moment);
+    const std::vector<double> times = LoggedByABoard(moments, 1.0);
+    EXPECT_LT(times[times.size() - 5], times[times.size() - 6]) << "the line steps back";
+    EXPECT_FALSE(TurnOf(times).TheTurn()) << silence;
+  }
 }
 
 TEST(StampTurn, OfALogWithoutItsBeginIsASecondOneWithoutAJump) {
@@ -132,8 +147,9 @@ TEST(StampTurn, IsNoneOfOtherStepsBack) {
   EXPECT_TRUE(is_found({0, 10, 20, 30 - step}));
   EXPECT_TRUE(is_found({0, 10, 20, 20 - step}));
   EXPECT_FALSE(is_found({0, 10, 20, 19 - step})) << "a board has no such stamps";
-  EXPECT_TRUE(is_found({0, 10, 20, 220 - step}));
-  EXPECT_FALSE(is_found({0, 10, 20, 221 - step})) << "nor is it known where the bus was silent";
+  EXPECT_TRUE(is_found({0, 10, 20, 60'020 - step}));
+  EXPECT_FALSE(is_found({0, 10, 20, 60'021 - step})) << "a silence of more than a minute";
+  EXPECT_FALSE(is_found({0, 1'000'000, 1'000'000 + 60'001 - step})) << "however long others were";
   EXPECT_FALSE(is_found({0, 10, 20, 10}));
   EXPECT_FALSE(is_found({20 - step}));
   EXPECT_FALSE(is_found(MomentsEvery(10.0, 3'000'000.0)));

@@ -47,8 +47,8 @@ class ClockJump {
   std::optional<Found> found_;
 };
 
-/// A bus that was silent for a moment looks like a jump or a step of the line; how long it may have
-/// been at the most, by the longest step ahead.
+/// A bus that was silent for a moment looks like a jump; how long it may have been at the most, by
+/// the longest step ahead.
 [[nodiscard]] constexpr double RightBehind(double longest_step) {
   return 10.0 * longest_step + 100.0;
 }

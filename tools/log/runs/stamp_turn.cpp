@@ -17,6 +17,9 @@ namespace {
 constexpr double kHighestReading = std::numeric_limits<std::int32_t>::max() / 1000;  // ms, whole
 constexpr double kWord = (std::int64_t{1} << 32) / 1000;
 constexpr double kWrap = AdapterTraitsOf(AdapterKind::kInterface).timer_wrap;
+// A bus that is silent for longer over the turn hides it: a board that is reset steps back too, by
+// any length.
+constexpr double kSilence_MAX = 60'000;  // ms
 
 std::string MsText(double ms) { return ToUtf8(DecimalText(ms)) + " ms"; }
 
@@ -30,10 +33,8 @@ bool StampTurn::Look(double time) {
   const double distance = step + StepBack();
   if (origin_most_ > 0.0) {
     TakeJump(step);
-  } else if (step < 0.0 && distance >= 0.0 && distance <= RightBehind(longest_step_)) {
+  } else if (step < 0.0 && distance >= 0.0 && distance <= kSilence_MAX) {
     TakeStep(distance);
-  } else {
-    longest_step_ = std::max(longest_step_, step);
   }
   has_last_ = true;
   last_ = time;

@@ -16,6 +16,10 @@ namespace tolvane::logtool {
 /// O the last time ahead of the first such step is the highest reading less O, and less a part of
 /// the frames' distance there; so O is known to that distance, and by O the line jumps ahead at the
 /// frame behind the step, once.
+///
+/// The distance of the two frames at the step, which it is less by, is a minute at the most: any
+/// other step back, as that of a board that is reset, is none of these. Times of a division ratio
+/// other than 1 step back by another length.
 class StampTurn {
  public:
   struct Found {
@@ -44,7 +48,6 @@ class StampTurn {
   bool has_steps_;
   bool has_last_ = false;
   double last_ = 0.0;
-  double longest_step_ = 0.0;
   double origin_most_ = 0.0;      // what the first reading can have been; 0 where none is to come
   double origin_distance_ = 0.0;  // and so much less
   double ahead_ = 0.0;
