@@ -35,9 +35,10 @@ bench_install_alone() {
 # bench_write FILE LOG [TIMES [SPEED]]: the bench of the options above, on the recording LOG, or on the
 # synthetic vehicle when LOG is empty, or on the live bus of live.sh when it is "-". The recording is played
 # TIMES times over (1; 0 without end), bus time running SPEED times as fast (1). The bus has the rate of the option,
-# or 500 kbit/s.
+# or 500 kbit/s. What the libraries have reported of an earlier bench there goes.
 bench_write() {
   local file=$1 log=$2 times=${3:-1} speed=${4:-1} section format
+  rm -f -- "${file%.ini}-report.txt"
   case ${opt[adapter]:-canusb} in
     canusb) section="canusb 1" ;;
     interface) section="interface 1" ;;
