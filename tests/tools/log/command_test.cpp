@@ -12,6 +12,7 @@ namespace {
 
 constexpr std::int64_t kUnix = 1'795'133'107;
 constexpr std::size_t kHeadLines = 8;
+constexpr const char* kHourAhead = "KL26112008-001.csv";
 
 class LogCommand : public WrittenLog {
  protected:
@@ -58,11 +59,18 @@ class LogCommand : public WrittenLog {
   TextSink message_sink{messages};
 };
 
-/// Of a run whose first file is not full.
+/// Of a run whose only file with a record is not full.
 std::string LateDates(const std::string& path) {
   return "tolvane-log: " + path +
          " is not full, so its date is that of the disconnect: absolute times are late by the "
          "silence ahead of that\n";
+}
+
+/// Of a run with others behind such a one.
+std::string DatesThatMayBeLate(const std::string& path) {
+  return "tolvane-log: " + path +
+         " is not full, though others go on, so its date may be later than its last record: "
+         "absolute times may be late by that\n";
 }
 
 constexpr const char* kCandump =
@@ -130,8 +138,9 @@ TEST_F(LogCommand, HelpIsGivenWhereverItIsAskedFor) {
     EXPECT_TRUE(output.starts_with("usage: tolvane-log info ")) << output;
     EXPECT_EQ(messages, "");
   }
-  for (const char* const told : {"--gap", "--json", "--to", "--out", "--mend-clock", "--keep",
-                                 "can_logconvert", ".blf", ".mf4", ".trc", ".db"}) {
+  for (const char* const told :
+       {"--gap", "--json", "--to", "--out", "--mend-clock", "--keep", "can_logconvert", ".blf",
+        ".mf4", ".trc", ".db", "longer than a minute", "first file with a record"}) {
     EXPECT_NE(output.find(told), std::string::npos) << told;
   }
 }
@@ -154,7 +163,7 @@ TEST_F(LogCommand, ConvertJoinsTheFilesOfARunInTheOrderOfTheirNames) {
   EXPECT_EQ(Run({"convert", Path("003"), Path("002"), "--to", "candump", Path("001")}), 0);
   EXPECT_EQ(output, kCandump);
   EXPECT_EQ(messages, "tolvane-log: 4 frames of 3 files, from " + Path("001") + " to " +
-                          Path("003") + "\n" + LateDates(Path("001")) +
+                          Path("003") + "\n" + DatesThatMayBeLate(Path("001")) +
                           "tolvane-log: " + Path("001") + " has 2 records and is not full, but " +
                           Path("002") + " goes on\n");
 }
@@ -482,14 +491,26 @@ TEST_F(LogCommand, AClockJumpBehindTheFirstFileShiftsTheDatesBehindIt) {
       << messages;
 }
 
+TEST_F(LogCommand, AClockJumpBehindAFileOfTheRunAheadIsInTheOneWithTheDate) {
+  for (int i = 1; i <= 4000; ++i) db.csv_DataInput(i * 10, 0x100, 0, kBytes);
+  for (int i = 1; i <= 10; ++i) db.csv_DataInput(60'000 + i * 10, 0x100, 0, kBytes);
+  Flush(1);
+  TakeFiles();
+  WriteAgain(Path("001"), kHourAhead, 0);
+  EXPECT_EQ(Run(Files({"convert", "--to", "csv"})), 0);
+  EXPECT_NE(messages.find("absolute times ahead of the jump are too early by its length\n"),
+            std::string::npos)
+      << messages;
+}
+
 // As StampTurn.IsTakenOutWhereverTheRunBegan has it of the writer.
 class LogOfABoard : public LogCommand {
  protected:
   /// A run from the reading 2147000 on, with a frame each 10 ms: the line of its times.
-  void WriteBoard(std::int32_t records_of_file) {
+  void WriteBoard(std::int32_t records_of_file, int first = 0) {
     db.hardware_information = u"Interface PCI-485120 RevID:1 ch:1";
     db.csv_DB_Initialize(0, device);
-    for (int i = 0; i < 200; ++i) {
+    for (int i = first; i < 200; ++i) {
       double time = i * 10.0;
       if (i > 48) time -= 3'865'476.0;
       if (i > 49) time += 2'147'000.0;
@@ -542,6 +563,15 @@ TEST_F(LogOfABoard, WhoseStampsTurnBehindTheFirstFileHasEarlyDatesBehindThat) {
   WriteBoard(20);
   EXPECT_EQ(Run(Files({"convert", "--to", "csv"})), 0);
   EXPECT_NE(messages.find("absolute times behind the step back are too early by its length\n"),
+            std::string::npos)
+      << messages;
+}
+
+TEST_F(LogOfABoard, WhoseStampsTurnBehindAFileOfTheRunAheadHasLateDatesAheadOfThat) {
+  WriteBoard(1'000, 1);
+  WriteAgain(Path("001"), kHourAhead, 0);
+  EXPECT_EQ(Run(Files({"convert", "--to", "csv"})), 0);
+  EXPECT_NE(messages.find("absolute times ahead of the step back are too late by its length\n"),
             std::string::npos)
       << messages;
 }

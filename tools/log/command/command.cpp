@@ -98,8 +98,11 @@ class Command {
     const std::size_t dated = run.FirstWithRecord();
     if (has_dates && result.frames > 0 && !reader.IsFull(dated)) {
       Say(run.files[dated].path +
-          " is not full, so its date is that of the disconnect: absolute times are late by the "
-          "silence ahead of that");
+          (run.HasRecordBehind(dated)
+               ? " is not full, though others go on, so its date may be later than its last "
+                 "record: absolute times may be late by that"
+               : " is not full, so its date is that of the disconnect: absolute times are late by "
+                 "the silence ahead of that"));
     }
     for (const std::string& seam : OddSeams(run, reader)) Say(seam);
     if (result.steps_back > 0) {
@@ -124,9 +127,11 @@ class Command {
   }
 
   void TellClock(const LogRun& run, const RunReader& reader) {
+    // Dates are counted back from the end of the first file with a record.
+    const std::size_t dated = run.FirstWithRecord();
     const auto& turn = reader.Stamps().TheTurn();
     if (turn && !options_.mends_clock) {
-      Say(reader.FileOfTurn() == 0
+      Say(reader.FileOfTurn() == dated
               ? "absolute times ahead of the step back are too late by its length"
               : "absolute times behind the step back are too early by its length");
     }
@@ -136,10 +141,9 @@ class Command {
           "the clock jump of " + NumberText(jump->jump) + " ms behind " + NumberText(jump->at) +
           " ms, right to " + NumberText(jump->doubt) +
           " ms if the bus was not silent there (a silence that ends just there looks the same)");
-      // Dates are counted back from the end of the first file.
-      const bool is_in_first = run.files.front().ends.value_or(0.0) > jump->at;
+      const bool is_in_dated = run.files[dated].ends.value_or(0.0) > jump->at;
       if (!options_.mends_clock) {
-        Say(is_in_first ? "absolute times ahead of the jump are too early by its length"
+        Say(is_in_dated ? "absolute times ahead of the jump are too early by its length"
                         : "absolute times behind the jump are too late by its length");
       }
     } else if (options_.mends_clock && !turn) {

@@ -30,17 +30,21 @@ Both:
                 over, after 60 seconds, or a board's after 429.491. A silence of the bus that ends just
                 there looks the same and is taken out too. Of a board whose stamps are microseconds in
                 a signed word, as those of the simulated one, it takes out the step back where they
-                turn negative, each 4295 seconds, and the jump behind the first; at 429.491 seconds
-                such a board has no jump, and only a silence can look like one
+                turn negative, each 4295 seconds, and the jump ahead at the frame behind the first, if
+                the bus was not silent for longer than a minute there; any other step back stays, and
+                so do the negative times of a log that begins behind it. At 429.491 seconds such a
+                board has no jump, and only a silence can look like one. All this takes the division
+                ratio 1
   --keep        leaves out lines that cannot be read, and files, in place of ending there; without
                 it, a file of --out is then removed again
   --help, --version
 
 Zeros that identifiers of 29 bits have lost to the next file are mended at all times. The absolute
-time is reckoned from the date in the first file, which has whole seconds, in this computer's zone. A
-full file is written right behind its last record; the last one of a run, so the only one too, at the
-disconnect, and absolute times are then late by the silence ahead of that. The status is 0, 1 if
-something could not be read or written, and 2 for words that are not understood.
+time is reckoned from the date in the first file with a record, which has whole seconds, in this
+computer's zone. A full file is written right behind its last record; the last one of a run, so the only
+one too, at the disconnect, and absolute times are then late by the silence ahead of that. A time that
+is negative is written as 0, but in the column ms of csv. The status is 0, 1 if something could not be
+read or written, and 2 for words that are not understood.
 
 Other formats: can_logconvert of python3-can makes .blf and .trc of candump or asc, by the names of its
 two files; from its version 4.2 on, with asammdf, .mf4 too. It also makes .db, but in Debian's

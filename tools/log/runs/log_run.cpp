@@ -1,6 +1,7 @@
 #include "tools/log/runs/log_run.h"
 
 #include <algorithm>
+#include <span>
 #include <string_view>
 #include <utility>
 
@@ -114,12 +115,17 @@ bool BeginsRun(const LogFile& file, const LogRun& run, LogFiles& files) {
   return !is_first && *file.begins < *last->ends;
 }
 
+bool HasRecord(const LogFile& file) { return file.begins.has_value(); }
+
 }  // namespace
 
 std::size_t LogRun::FirstWithRecord() const {
-  const auto first =
-      std::ranges::find_if(files, [](const LogFile& file) { return file.begins.has_value(); });
+  const auto first = std::ranges::find_if(files, HasRecord);
   return first == files.end() ? 0 : static_cast<std::size_t>(first - files.begin());
+}
+
+bool LogRun::HasRecordBehind(std::size_t place) const {
+  return std::ranges::any_of(std::span(files).subspan(place + 1), HasRecord);
 }
 
 std::optional<double> LogRun::Begins() const { return files[FirstWithRecord()].begins; }

@@ -33,6 +33,8 @@ struct LogRun {
   /// The place of the first file with a record; 0 without one. Files ahead of it can be of the run
   /// before.
   [[nodiscard]] std::size_t FirstWithRecord() const;
+  /// Whether a file behind the one at this place has one.
+  [[nodiscard]] bool HasRecordBehind(std::size_t place) const;
   /// The time of the first record; none without one.
   [[nodiscard]] std::optional<double> Begins() const;
   /// False when the files ahead of these are missing: the first frame of a run has the time 0.
