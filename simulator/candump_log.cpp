@@ -1,6 +1,7 @@
 #include "simulator/candump_log.h"
 
 #include <algorithm>
+#include <optional>
 #include <utility>
 
 #include "simulator/values.h"
@@ -13,7 +14,7 @@ constexpr std::size_t kMaxSecondDigits = 12;  // keeps microseconds far from 63 
 constexpr std::size_t kMicrosecondDigits = 6;
 constexpr std::size_t kStandardIdDigits = 3;
 constexpr std::size_t kExtendedIdDigits = 8;
-// A frame that is further back than this is behind a step of the recorder's clock.
+// Two frames in a row that are further back than this are behind a step of the recorder's clock.
 constexpr std::int64_t kOutOfOrderUs_MAX = 1'000'000;
 
 bool IsDigit(char character) { return character >= '0' && character <= '9'; }
@@ -133,6 +134,27 @@ bool ParseDirection(std::string_view word, BusFrame& frame) {
   return word.empty() || word == "R" || word == "T";
 }
 
+/// Of one frame after the other, by the times of their lines.
+class TimeSinceFirst {
+ public:
+  std::int64_t Of(std::int64_t time_us) {
+    if (!origin_us_) origin_us_ = time_us;
+    if (far_back_us_ && IsFarBack(time_us)) origin_us_ = *far_back_us_ - last_us_;
+    far_back_us_ = IsFarBack(time_us) ? std::optional(time_us) : std::nullopt;
+    last_us_ = std::max(time_us - *origin_us_, last_us_);
+    return last_us_;
+  }
+
+ private:
+  [[nodiscard]] bool IsFarBack(std::int64_t time_us) const {
+    return time_us - *origin_us_ < last_us_ - kOutOfOrderUs_MAX;
+  }
+
+  std::optional<std::int64_t> origin_us_;
+  std::int64_t last_us_ = 0;
+  std::optional<std::int64_t> far_back_us_;  // the time of the frame ahead, if it is that
+};
+
 }  // namespace
 
 bool ParseCandumpLine(std::string_view text, BusFrame& frame) {
@@ -146,7 +168,7 @@ bool ParseCandumpLine(std::string_view text, BusFrame& frame) {
 
 CandumpLog ParseCandumpLog(std::string_view text) {
   CandumpLog log;
-  std::int64_t origin_us = 0;
+  TimeSinceFirst time;
   for (std::int64_t number = 1; !text.empty(); ++number) {
     const std::size_t end = std::min(text.find('\n'), text.size());
     const std::string_view line = Trim(text.substr(0, end));
@@ -157,12 +179,7 @@ CandumpLog ParseCandumpLog(std::string_view text) {
       if (log.refused_lines++ == 0) log.first_refused_line = number;
       continue;
     }
-    if (log.frames.empty()) origin_us = frame.time_us;
-    const std::int64_t last_us = log.frames.empty() ? 0 : log.frames.back().time_us;
-    if (frame.time_us - origin_us < last_us - kOutOfOrderUs_MAX) {
-      origin_us = frame.time_us - last_us;
-    }
-    frame.time_us = std::max(frame.time_us - origin_us, last_us);
+    frame.time_us = time.Of(frame.time_us);
     log.frames.push_back(frame);
   }
   return log;

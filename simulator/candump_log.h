@@ -19,8 +19,9 @@ namespace tolvane::simulator {
 /// bytes) is a length code above 8. "T" at the end marks a frame that the recorder itself sent.
 ///
 /// Times are from the first frame on and never step back: a frame out of order comes with the one
-/// ahead of it. A step of the recorder's clock takes no time, and the frames behind it keep their
-/// pace.
+/// ahead of it, however far back one alone is. A step of the recorder's clock takes no time, and
+/// the frames behind it keep their pace: it is one where two frames in a row are more than a second
+/// before the one ahead of them.
 struct CandumpLog {
   std::vector<BusFrame> frames;
   std::int64_t refused_lines = 0;       // neither a frame nor blank

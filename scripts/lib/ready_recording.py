@@ -70,9 +70,11 @@ class RunLogs:
         if self.run.clock.found:
             told.append(f"the adapter's clock jumps at {self.run.clock_place} by {self.run.clock.found.jump:g} ms, "
                         "which is played as a silence")
-        if self.run.stamps.found:
-            told.append(f"the board's stamps turn negative at {self.run.turn_place}: the times step back there, and jump "
-                        f"behind it by {self.run.stamps.found.jump:.15g} ms, which is taken out")
+        if turn := self.run.stamps.found:
+            jump = f", and jump behind it by {turn.jump:.15g} ms, right to {turn.doubt:.15g} ms" if turn.jump else ""
+            times = f" {turn.steps} times, first" if turn.steps > 1 else ""
+            told.append(f"the board's stamps turn negative{times} at {self.run.turn_place}: the times step back there{jump}, "
+                        "which is taken out")
         return "".join(f"; {text}" for text in told)
 
     def frames(self) -> Iterator[rec.Frame | rec.BadLine]:

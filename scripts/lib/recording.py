@@ -38,7 +38,7 @@ NAMES = {"data": "a frame with a length code above 8", "remote": "a remote frame
 
 # Of a recording with a single frame, which comes once a second, in µs.
 LONE_PASS = 1_000_000
-OUT_OF_ORDER_MAX = 1_000_000  # µs; a frame that is further back is behind a step of the recorder's clock
+OUT_OF_ORDER_MAX = 1_000_000  # µs; two frames in a row that are further back are behind a step of the recorder's clock
 
 
 class Refused(Exception):
@@ -120,21 +120,27 @@ def frames_of_lines(lines: Iterable[bytes]) -> Iterator[Frame | BadLine]:
 
 class TimeSinceFirst:
     """Of one frame after the other, in µs: it begins with the first one and never steps back. A frame out of order comes
-    with the one ahead of it. A step of the recorder's clock takes no time, and the frames behind it keep their pace."""
+    with the one ahead of it, however far back one alone is. A step of the recorder's clock takes no time, and the frames
+    behind it keep their pace."""
 
     def __init__(self) -> None:
         self.origin: int | None = None
         self.last = 0
+        self.far_back: int | None = None  # what the frame ahead tells, if it is further back than one out of order
         self.steps_back = 0
 
     def of(self, frame: Frame) -> int:
         if self.origin is None:
             self.origin = frame.microseconds
-        if frame.microseconds - self.origin < self.last - OUT_OF_ORDER_MAX:
-            self.origin = frame.microseconds - self.last
+        if self.far_back is not None and self.is_far_back(frame):
+            self.origin = self.far_back - self.last
             self.steps_back += 1
+        self.far_back = frame.microseconds if self.is_far_back(frame) else None
         self.last = max(frame.microseconds - self.origin, self.last)
         return self.last
+
+    def is_far_back(self, frame: Frame) -> bool:
+        return frame.microseconds - self.origin < self.last - OUT_OF_ORDER_MAX
 
 
 def parse(name: str, text: bytes) -> Recording:

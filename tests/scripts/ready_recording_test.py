@@ -186,10 +186,15 @@ class Logs(Readied):
         self.assertEqual([f"({seconds}) can0 123#" for seconds in ("0.000000", "0.100000", "0.100000", "0.200000", "1.200000")],
                          self.played(path))
         self.assertIn(" 0 error; its clock steps back 1 time, which takes no time", self.facts(path)["say"])
-        times = (0, 1000, 0, -1, 900, -1101)
+        times = (0, 1000, 0, -1, -1, 900, -1101, -1001)
         path = self.file("a.csv", log(*(f"{time:>10} , 123 , 0" for time in times)))
         self.assertIn("; its clock steps back 2 times, which takes no time", self.facts(path)["say"])
 
+    def test_one_time_that_is_far_back_alone_moves_no_other(self):
+        times = (0, 10, 20, 5000, 5010, 3000, 5020, 5030)
+        path = self.file("a.csv", log(*(f"{time:>10} , 123 , 0" for time in times)))
+        self.assertEqual([f"({max(times[:n + 1]) / 1000:.6f}) can0 123#" for n in range(len(times))], self.played(path))
+        self.assertTrue(self.facts(path)["say"].endswith(" 0 error"), self.facts(path)["say"])
 
     def test_of_a_board_whose_stamps_turn_negative_keep_their_pace(self):
         times = (0, 10, 20, -3_865_446, -1_717_979, -1_717_969)
@@ -198,8 +203,14 @@ class Logs(Readied):
         self.assertEqual([f"(0.{n:03}000) can0 123#" for n in (0, 10, 20, 30, 39, 49)], self.played(path))
         self.assertTrue(self.facts(path)["say"].endswith(
             " 0 error; the board's stamps turn negative at line 12 of a.csv: the times step back there, and jump behind it by "
-            "2147458 ms, which is taken out"), self.facts(path)["say"])
+            "2147458 ms, right to 5 ms, which is taken out"), self.facts(path)["say"])
         self.assertIn("; its clock steps back 1 time", self.facts(self.file("b.csv", log(*lines)))["say"])
+        path = self.file("a.csv", log(*lines[:4], adapter=INTERFACE))
+        self.assertTrue(self.facts(path)["say"].endswith("line 12 of a.csv: the times step back there, which is taken out"),
+                        self.facts(path)["say"])
+        times = (0, 10, 20, -3_865_446, -1_717_979, 2_576_960, -1_288_506)
+        path = self.file("a.csv", log(*(f"{time:>10} , 123 , 0" for time in times), adapter=INTERFACE))
+        self.assertIn("; the board's stamps turn negative 2 times, first at line 12 of a.csv: ", self.facts(path)["say"])
 
 
 class Progress(Readied):

@@ -33,6 +33,11 @@ def frame_text(frame: rec.Frame) -> str:
             f"{frame.kind} {frame.length} {frame.data.ljust(8, bytes(1)).hex().upper()}")
 
 
+def times_of(*seconds: str) -> list[int]:
+    recording = rec.parse("", "".join(f"({time}) c 001#\n" for time in seconds).encode())
+    return [frame.microseconds for frame in recording.frames]
+
+
 class Lines(unittest.TestCase):
     def test_each_shared_line_is_the_stated_frame_or_refused(self):
         rows = shared_lines()
@@ -51,12 +56,17 @@ class Recordings(unittest.TestCase):
         self.assertEqual([2, 4, 5, 6], [frame.line for frame in recording.frames])
         self.assertEqual(0, recording.bad_lines)
 
-    # tests/simulator/candump_log_test.cpp has the same.
+    # tests/simulator/candump_log_test.cpp has these three too.
     def test_behind_a_clock_that_stepped_back_frames_keep_their_pace(self):
-        seconds = ("9000.0", "9000.5", "8999.499999", "9000.0", "9000.1", "2.0", "2.25")
-        recording = rec.parse("", "".join(f"({time}) c 001#\n" for time in seconds).encode())
-        self.assertEqual([0, 500_000, 500_000, 1_000_001, 1_100_001, 1_100_001, 1_350_001],
-                         [frame.microseconds for frame in recording.frames])
+        self.assertEqual([0, 500_000, 500_000, 600_000, 1_200_001, 1_200_001, 1_200_001, 1_450_001], times_of(
+            "9000.0", "9000.5", "8999.399999", "8999.499999", "9000.1", "2.0", "1.5", "2.25"))
+
+    def test_a_frame_that_is_far_back_alone_moves_no_other(self):
+        self.assertEqual([0, 5_000_000, 5_000_000, 5_000_000, 5_000_000, 5_500_000, 5_500_000], times_of(
+            "9000.0", "9005.0", "2.0", "9004.0", "9003.9", "9005.5", "8000.0"))
+
+    def test_each_of_two_steps_in_a_row_takes_no_time(self):
+        self.assertEqual([0, 0, 0, 500_000], times_of("9000.0", "100.0", "2.0", "2.5"))
 
     def test_bad_lines_are_counted_from_the_first(self):
         recording = rec.parse("", b"(1.0) c 001#\n\nbad\n(1.1) c 002#\nworse\n")

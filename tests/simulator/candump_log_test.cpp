@@ -90,12 +90,24 @@ TEST(CandumpLog, AFrameOutOfOrderComesWithTheOneAheadOfIt) {
             (std::vector<std::int64_t>{0, 1'200'000, 1'200'000, 1'200'000, 1'300'000}));
 }
 
-// tests/scripts/recording_test.py has the same.
+// tests/scripts/recording_test.py has these three too.
 TEST(CandumpLog, BehindAClockThatSteppedBackFramesKeepTheirPace) {
-  EXPECT_EQ(
-      TimesOf("(9000.0) c 001#\n(9000.5) c 002#\n(8999.499999) c 003#\n(9000.0) c 004#\n"
-              "(9000.1) c 005#\n(2.0) c 006#\n(2.25) c 007#"),
-      (std::vector<std::int64_t>{0, 500'000, 500'000, 1'000'001, 1'100'001, 1'100'001, 1'350'001}));
+  EXPECT_EQ(TimesOf("(9000.0) c 001#\n(9000.5) c 002#\n(8999.399999) c 003#\n(8999.499999) c 004#\n"
+                    "(9000.1) c 005#\n(2.0) c 006#\n(1.5) c 007#\n(2.25) c 008#"),
+            (std::vector<std::int64_t>{0, 500'000, 500'000, 600'000, 1'200'001, 1'200'001,
+                                       1'200'001, 1'450'001}));
+}
+
+TEST(CandumpLog, AFrameThatIsFarBackAloneMovesNoOther) {
+  EXPECT_EQ(TimesOf("(9000.0) c 001#\n(9005.0) c 002#\n(2.0) c 003#\n(9004.0) c 004#\n"
+                    "(9003.9) c 005#\n(9005.5) c 006#\n(8000.0) c 007#"),
+            (std::vector<std::int64_t>{0, 5'000'000, 5'000'000, 5'000'000, 5'000'000, 5'500'000,
+                                       5'500'000}));
+}
+
+TEST(CandumpLog, EachOfTwoStepsInARowTakesNoTime) {
+  EXPECT_EQ(TimesOf("(9000.0) c 001#\n(100.0) c 002#\n(2.0) c 003#\n(2.5) c 004#"),
+            (std::vector<std::int64_t>{0, 0, 0, 500'000}));
 }
 
 std::shared_ptr<const CandumpLog> Recording(const char* text) {
