@@ -251,6 +251,23 @@ TEST_F(Gaps, AJumpOfTheClockIsInNoCycleAndNoSilence) {
   EXPECT_EQ(judged.identifiers[0].gaps, 0U);
 }
 
+TEST_F(Gaps, StandInTheOrderInWhichTheyCameWhateverTheClockTold) {
+  const auto add = [&](double begin, double end, double ahead) {
+    for (double time = begin; time <= end; time += 10.0) {
+      const double told = time + ahead;
+      Add({.time = told, .id = 0x100, .extended = false, .bytes = 0, .length = 0, .data = {}},
+          ahead);
+    }
+  };
+  add(0.0, 10'000.0, 0.0);
+  add(12'000.0, 20'000.0, 0.0);
+  add(20'010.0, 22'000.0, -1'000'000.0);
+  add(25'000.0, 30'000.0, -1'000'000.0);
+  const std::vector<std::pair<double, double>> ends = {{10'000.0, 12'000.0},
+                                                       {-978'000.0, -975'000.0}};
+  EXPECT_EQ(Ends(Judged().gaps), ends);
+}
+
 TEST_F(Gaps, ALoneFrameHasNoCycleAndNoGap) {
   const JudgedRun judged =
       Judged({{0x100, 10.0}, {0x200, 1e6}}, 60'000.0, [](auto, auto) { return false; });

@@ -18,7 +18,8 @@ constexpr std::uint64_t kCyclesThatDecide_MIN = 5;
 /// By begin, those of all ahead of others, then by kind and number.
 bool OfTheirOrder(const Gap& one, const Gap& other) {
   const auto order = [](const Gap& gap) {
-    return std::tuple(gap.silence.begin, gap.identifier == nullptr ? 0 : gap.identifier->Key() + 1);
+    return std::tuple(gap.silence.passed,
+                      gap.identifier == nullptr ? 0 : gap.identifier->Key() + 1);
   };
   return order(one) < order(other);
 }

@@ -132,7 +132,7 @@ class Table {
       std::ranges::stable_sort(shown, std::ranges::greater(),
                                [](const Gap& gap) { return gap.silence.length; });
       shown.resize(kGaps_MAX);
-      std::ranges::stable_sort(shown, {}, [](const Gap& gap) { return gap.silence.begin; });
+      std::ranges::stable_sort(shown, {}, [](const Gap& gap) { return gap.silence.passed; });
     }
     text_ += "  identifier       from ms         to ms    silent ms         lost\n";
     for (const Gap& gap : shown) AddGap(gap);

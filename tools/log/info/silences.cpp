@@ -7,7 +7,9 @@ namespace tolvane::logtool {
 
 namespace {
 
-std::tuple<double, double> Rank(const Silence& silence) { return {silence.length, -silence.begin}; }
+std::tuple<double, double> Rank(const Silence& silence) {
+  return {silence.length, -silence.passed};
+}
 
 bool StaysLonger(const LongestSilences::Kept& one, const LongestSilences::Kept& other) {
   return Rank(one.silence) > Rank(other.silence);
@@ -29,7 +31,7 @@ void LongestSilences::Add(const Silence& silence, double lost) {
 void LongestSilences::Lose(const Silence& silence, double lost) {
   if (kept_.size() == most_ && IsTooShort(silence)) return;
   const auto kept =
-      std::ranges::find(kept_, silence.begin, [](const Kept& one) { return one.silence.begin; });
+      std::ranges::find(kept_, silence.passed, [](const Kept& one) { return one.silence.passed; });
   if (kept != kept_.end()) kept->lost += lost;
 }
 

@@ -22,11 +22,12 @@ struct Moment {
 struct Silence {
   Silence() = default;
   Silence(const Moment& from, const Moment& to)
-      : begin(from.time), end(to.time), length(from.To(to)) {}
+      : begin(from.time), end(to.time), length(from.To(to)), passed(Moment().To(from)) {}
 
   double begin = 0.0;
   double end = 0.0;
   double length = 0.0;
+  double passed = 0.0;  // since the time line's 0: its place among others
 };
 
 /// The longest of many silences, of equally long ones the first, and how many there were.
