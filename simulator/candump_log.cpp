@@ -16,6 +16,8 @@ constexpr std::size_t kStandardIdDigits = 3;
 constexpr std::size_t kExtendedIdDigits = 8;
 // Two frames in a row that are further back than this are behind a step of the recorder's clock.
 constexpr std::int64_t kOutOfOrderUs_MAX = 1'000'000;
+// Behind thirty years of recording no further step is followed: the sums stay far from 63 bits.
+constexpr std::int64_t kSpanUs_MAX = 1'000'000'000'000'000;
 
 bool IsDigit(char character) { return character >= '0' && character <= '9'; }
 
@@ -139,7 +141,8 @@ class TimeSinceFirst {
  public:
   std::int64_t Of(std::int64_t time_us) {
     if (!origin_us_) origin_us_ = time_us;
-    if (far_back_us_ && IsFarBack(time_us)) origin_us_ = *far_back_us_ - last_us_;
+    if (far_back_us_ && IsFarBack(time_us) && last_us_ <= kSpanUs_MAX)
+      origin_us_ = *far_back_us_ - last_us_;
     far_back_us_ = IsFarBack(time_us) ? std::optional(time_us) : std::nullopt;
     last_us_ = std::max(time_us - *origin_us_, last_us_);
     return last_us_;

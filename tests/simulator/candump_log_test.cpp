@@ -2,10 +2,12 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <iomanip>
 #include <memory>
 #include <sstream>
 #include <string>
+#include <string_view>
 
 #include "tests/simulator/frames.h"
 
@@ -79,7 +81,7 @@ TEST(CandumpLog, GoodLinesPlayAndBadOnesAreCountedFromTheFirst) {
   EXPECT_EQ(log.first_refused_line, 3);
 }
 
-std::vector<std::int64_t> TimesOf(const char* text) {
+std::vector<std::int64_t> TimesOf(std::string_view text) {
   std::vector<std::int64_t> times;
   for (const BusFrame& frame : ParseCandumpLog(text).frames) times.push_back(frame.time_us);
   return times;
@@ -108,6 +110,16 @@ TEST(CandumpLog, AFrameThatIsFarBackAloneMovesNoOther) {
 TEST(CandumpLog, EachOfTwoStepsInARowTakesNoTime) {
   EXPECT_EQ(TimesOf("(9000.0) c 001#\n(100.0) c 002#\n(2.0) c 003#\n(2.5) c 004#"),
             (std::vector<std::int64_t>{0, 0, 0, 500'000}));
+}
+
+TEST(CandumpLog, ManyStepsOfAThousandYearsAreFollowedAsLongAsTheirSumIsATime) {
+  std::string text;
+  for (int step = 0; step < 20; ++step) {
+    text += step % 2 == 0 ? "(0.0) c 001#\n(0.5) c 001#\n" : "(999999999999.0) c 001#\n";
+  }
+  const std::vector<std::int64_t> times = TimesOf(text);
+  EXPECT_TRUE(std::ranges::is_sorted(times));
+  EXPECT_EQ(times.back(), 999'999'999'999'000'000);
 }
 
 std::shared_ptr<const CandumpLog> Recording(const char* text) {
