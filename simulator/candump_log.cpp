@@ -14,8 +14,6 @@ constexpr std::size_t kMaxSecondDigits = 12;  // keeps microseconds far from 63 
 constexpr std::size_t kMicrosecondDigits = 6;
 constexpr std::size_t kStandardIdDigits = 3;
 constexpr std::size_t kExtendedIdDigits = 8;
-// Two frames in a row that are further back than this are behind a step of the recorder's clock.
-constexpr std::int64_t kOutOfOrderUs_MAX = 1'000'000;
 // Behind thirty years of recording no further step is followed: the sums stay far from 63 bits.
 constexpr std::int64_t kSpanUs_MAX = 1'000'000'000'000'000;
 

@@ -9,6 +9,9 @@
 
 namespace tolvane::simulator {
 
+/// Lines of two channels may be a little out of order, µs; a clock that is set back steps by more.
+constexpr std::int64_t kOutOfOrderUs_MAX = 1'000'000;
+
 /// A recording in the candump log form, one frame to a line:
 ///
 ///   line  = "(" seconds ["." fraction] ")" blanks channel blanks frame [blanks ("R" | "T")]

@@ -8,13 +8,6 @@
 
 namespace tolvane::simulator {
 
-namespace {
-
-/// Lines of two channels may be a little out of order; a clock is set back by more.
-constexpr std::int64_t kSetBackUs = 1'000'000;
-
-}  // namespace
-
 LiveSource::LiveSource(std::unique_ptr<GrowingText> text, bool within_line, AtEnd at_end)
     : text_(std::move(text)),
       at_end_(std::move(at_end)),
@@ -62,7 +55,7 @@ bool LiveSource::Next(BusFrame& frame) {
 
 std::int64_t LiveSource::Stamp(std::int64_t line_us) {
   const std::int64_t at_once = now_us_ - line_us;
-  const bool begins = last_line_us_ == INT64_MAX || line_us < last_line_us_ - kSetBackUs;
+  const bool begins = last_line_us_ == INT64_MAX || line_us < last_line_us_ - kOutOfOrderUs_MAX;
   shift_us_ = begins ? at_once : std::min(shift_us_, at_once);
   last_line_us_ = line_us;
   last_us_ = std::max(line_us + shift_us_, last_us_);

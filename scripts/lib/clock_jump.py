@@ -21,11 +21,6 @@ def wrap_of(adapter: bytes) -> float:
     return next((wrap for name, wrap in WRAPS.items() if adapter.startswith(name)), math.inf)
 
 
-def right_behind(longest_step: float) -> float:
-    """How long the bus may have been silent at a jump, at the most, by the longest step ahead."""
-    return 10 * longest_step + 100
-
-
 class ClockJump:
     def __init__(self, wrap: float) -> None:
         self.wrap = wrap
@@ -41,7 +36,7 @@ class ClockJump:
         behind = time - self.wrap
         self.passed = behind >= 0
         if (self.passed and self.frames >= FRAMES_MIN and step > TIMES_THE_LONGEST * self.longest_step
-                and behind <= right_behind(self.longest_step)):
+                and behind <= 10 * self.longest_step + 100):
             doubt = max(0.0, min(behind, self.last_step)) / 2
             self.found = Found(self.last, step - behind + math.floor(doubt), math.ceil(doubt))
         self.frames += 1

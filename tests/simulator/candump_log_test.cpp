@@ -112,7 +112,14 @@ TEST(CandumpLog, EachOfTwoStepsInARowTakesNoTime) {
             (std::vector<std::int64_t>{0, 0, 0, 500'000}));
 }
 
-TEST(CandumpLog, ManyStepsOfAThousandYearsAreFollowedAsLongAsTheirSumIsATime) {
+TEST(CandumpLog, BehindThirtyYearsOfItNoStepIsFollowed) {
+  EXPECT_EQ(TimesOf("(0.0) c 001#\n(1000000000.0) c 001#\n(1.0) c 001#\n(1.5) c 001#").back(),
+            1'000'000'000'500'000);
+  EXPECT_EQ(TimesOf("(0.0) c 001#\n(1000000000.1) c 001#\n(1.0) c 001#\n(1.5) c 001#").back(),
+            1'000'000'000'100'000);
+}
+
+TEST(CandumpLog, TimesThatGoBackAndForthWithoutEndStayTimes) {
   std::string text;
   for (int step = 0; step < 20; ++step) {
     text += step % 2 == 0 ? "(0.0) c 001#\n(0.5) c 001#\n" : "(999999999999.0) c 001#\n";

@@ -443,7 +443,7 @@ TEST_F(LogCommand, WhatWasMendedIsTold) {
                          "tolvane-log: mended: 12 stray zeros in 1 block left out\n"
                          "tolvane-log: no clock jump to mend\n"
                          "tolvane-log: with a length above 8, and eight bytes: 1 frame\n"
-                         "tolvane-log: with a time before the first, written as that: 1 frame\n"))
+                         "tolvane-log: with a negative time, written as 0: 1 frame\n"))
       << messages;
 }
 

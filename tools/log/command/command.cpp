@@ -121,8 +121,7 @@ class Command {
       Say("with a length above 8, and eight bytes: " + Counted(result.long_lengths, "frame"));
     }
     if (result.negative_times > 0) {
-      Say("with a time before the first, written as that: " +
-          Counted(result.negative_times, "frame"));
+      Say("with a negative time, written as 0: " + Counted(result.negative_times, "frame"));
     }
   }
 

@@ -30,7 +30,7 @@ Both:
                 over, after 60 seconds, or a board's after 429.491. A silence of the bus that ends just
                 there looks the same and is taken out too. Of a board whose stamps are microseconds in
                 a signed word, as those of the simulated one, it takes out the step back where they
-                turn negative, each 4295 seconds, and the jump ahead at the frame behind the first, if
+                turn negative, every 4295 seconds, and the jump ahead at the frame behind the first, if
                 the bus was not silent for longer than a minute there; any other step back stays, and
                 so do the negative times of a log that begins behind it. At 429.491 seconds such a
                 board has no jump, and only a silence can look like one. All this takes the division

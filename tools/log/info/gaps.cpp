@@ -15,7 +15,7 @@ constexpr double kOverdue = 1.5;
 /// With fewer cycles an identifier may be one that strays into a silence.
 constexpr std::uint64_t kCyclesThatDecide_MIN = 5;
 
-/// By begin, those of all ahead of others, then by kind and number.
+/// By the time up to them, those of all ahead of others, then by kind and number.
 bool OfTheirOrder(const Gap& one, const Gap& other) {
   const auto order = [](const Gap& gap) {
     return std::tuple(gap.silence.passed,

@@ -29,7 +29,7 @@ struct Gap {
 
 struct JudgedRun {
   std::vector<JudgedIdentifier> identifiers;  // by kind and number
-  std::vector<Gap> gaps;                      // by their begin
+  std::vector<Gap> gaps;                      // by the time from the first frame on
   /// Others that are not among these, of all identifiers or of one, as there are too many; no one
   /// is longer than those of its kind.
   std::uint64_t gaps_left_out = 0;

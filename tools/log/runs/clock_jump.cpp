@@ -12,6 +12,9 @@ namespace {
 constexpr std::uint64_t kFrames_MIN = 2;
 constexpr double kTimesTheLongest = 2.0;
 
+/// How long the bus may have been silent at a jump, at the most, ms, by the longest step ahead.
+constexpr double RightBehind(double longest_step) { return 10.0 * longest_step + 100.0; }
+
 bool BeginsWith(std::string_view bytes, StringView ascii) {
   return bytes.size() >= ascii.size() &&
          std::equal(ascii.begin(), ascii.end(), bytes.begin(), [](char16_t character, char byte) {

@@ -47,12 +47,6 @@ class ClockJump {
   std::optional<Found> found_;
 };
 
-/// A bus that was silent for a moment looks like a jump; how long it may have been at the most, by
-/// the longest step ahead.
-[[nodiscard]] constexpr double RightBehind(double longest_step) {
-  return 10.0 * longest_step + 100.0;
-}
-
 /// The kind of the adapter that a log names; null for one that is not known.
 [[nodiscard]] const AdapterTraits* AdapterOf(const LogHead& head);
 

@@ -17,8 +17,7 @@ namespace {
 constexpr double kHighestReading = std::numeric_limits<std::int32_t>::max() / 1000;  // ms, whole
 constexpr double kWord = (std::int64_t{1} << 32) / 1000;
 constexpr double kWrap = AdapterTraitsOf(AdapterKind::kInterface).timer_wrap;
-// A bus that is silent for longer over the turn hides it: a board that is reset steps back too, by
-// any length.
+// A bus that is silent for longer over the turn hides it: a board that is reset steps back too.
 constexpr double kSilence_MAX = 60'000;  // ms
 
 std::string MsText(double ms) { return ToUtf8(DecimalText(ms)) + " ms"; }
