@@ -69,18 +69,21 @@ Disk DiskOf(const platform::memory::FileSystem& files) {
   return disk;
 }
 
+void RequireKept(const Disk& before, const Disk& now) {
+  for (const auto& [path, old] : before) {
+    const auto kept = now.find(path);
+    Require(kept != now.end() && kept->second == old);
+  }
+}
+
 /// The bytes of the one file that came, if any; all others are what they were.
 std::optional<std::string> NewFile(const Disk& before, const Disk& now) {
+  RequireKept(before, now);
   std::optional<std::string> bytes;
-  for (const auto& [path, old] : before) Require(now.contains(path));
   for (const auto& [path, content] : now) {
-    const auto old = before.find(path);
-    if (old != before.end()) {
-      Require(old->second == content);
-    } else {
-      Require(!bytes);
-      bytes = content;
-    }
+    if (before.contains(path)) continue;
+    Require(!bytes);
+    bytes = content;
   }
   return bytes;
 }
@@ -321,8 +324,13 @@ void HostileMachine::Snapshot() {
   const platform::RichTextPage page = memory.RTB_MainView.Page();
   const std::size_t boxes = memory.message_box.Boxes().size();
   const std::int32_t format = form.device.t_SaveFormat;
+  const int place = ++snapshots_;
   form.Bt_SaveFile_Click();
   if (session_ended_) return;  // behind the box, and closing has its own files
+  if (place != snapshots_) {   // others came in its yields, and were judged themselves
+    RequireKept(before, DiskOf(memory.files));
+    return;
+  }
   const auto written = NewFile(before, DiskOf(memory.files));
   const bool is_said = memory.message_box.Boxes().at(boxes).text == u"保存しました";
   Require(written.has_value() ==

@@ -72,6 +72,7 @@ class HostileMachine {
   bool in_box_ = false;
   bool in_call_ = false;
   bool session_ended_ = false;
+  int snapshots_ = 0;  // so far
 };
 
 }  // namespace tolvane::fuzz
