@@ -8,6 +8,7 @@
 #include "platform/memory/system/support_library.h"
 #include "receive/tables/time_line.h"
 #include "run/adapter_kind.h"
+#include "tests/tools/log/moments.h"
 
 namespace tolvane::logtool {
 namespace {
@@ -29,12 +30,6 @@ std::vector<double> Logged(const std::vector<double>& moments, double origin) {
   return times;
 }
 
-std::vector<double> Every(double cycle, double end) {
-  std::vector<double> moments;
-  for (double moment = 0.0; moment < end; moment += cycle) moments.push_back(moment);
-  return moments;
-}
-
 ClockJump Followed(const std::vector<double>& times) {
   ClockJump clock(kWrap);
   for (const double time : times) clock.Follow(time);
@@ -44,7 +39,7 @@ ClockJump Followed(const std::vector<double>& times) {
 TEST(ClockJump, IsTakenOutToItsDoubtWhereverTheRunBegan) {
   for (const double cycle : {1.0, 3.0, 10.0, 70.0}) {
     for (const double origin : {59'990.0, 30'000.0, 12'345.0, 1'000.0}) {
-      const std::vector<double> moments = Every(cycle, 200'000.0);
+      const std::vector<double> moments = MomentsEvery(cycle, 200'000.0);
       const std::vector<double> times = Logged(moments, origin);
       ASSERT_EQ(times.back() - moments.back(), origin) << "the writer jumps by its first reading";
       ClockJump clock(kWrap);
@@ -61,11 +56,11 @@ TEST(ClockJump, IsTakenOutToItsDoubtWhereverTheRunBegan) {
 }
 
 TEST(ClockJump, OfAClockThatBeganAtZeroIsNone) {
-  EXPECT_FALSE(Followed(Logged(Every(10.0, 200'000.0), 0.0)).TheJump());
+  EXPECT_FALSE(Followed(Logged(MomentsEvery(10.0, 200'000.0), 0.0)).TheJump());
 }
 
 TEST(ClockJump, IsNoneWhereTheLineGoesOnWithoutASteps) {
-  EXPECT_FALSE(Followed(Every(10.0, 200'000.0)).TheJump());
+  EXPECT_FALSE(Followed(MomentsEvery(10.0, 200'000.0)).TheJump());
 }
 
 TEST(ClockJump, ABusThatIsOftenSilentIsLeftAlone) {
@@ -82,7 +77,7 @@ TEST(ClockJump, ALogThatBeginsLaterHasNoneAtItsFirstFrame) {
 }
 
 TEST(ClockJump, HappensOnce) {
-  std::vector<double> times = Logged(Every(10.0, 100'000.0), 30'000.0);
+  std::vector<double> times = Logged(MomentsEvery(10.0, 100'000.0), 30'000.0);
   ClockJump clock(kWrap);
   for (const double time : times) clock.Follow(time);
   const double jump = clock.Ahead();
@@ -101,7 +96,7 @@ TEST(ClockJump, OfAnUnknownAdapterIsNotLookedFor) {
   EXPECT_EQ(wrap_of("Kvaser Leaf"), 0.0);
   EXPECT_EQ(wrap_of("CANUS"), 0.0);
   ClockJump clock(0.0);
-  for (const double time : Every(10.0, 1'000.0)) clock.Follow(time);
+  for (const double time : MomentsEvery(10.0, 1'000.0)) clock.Follow(time);
   clock.Follow(1e9);
   EXPECT_FALSE(clock.TheJump());
 }

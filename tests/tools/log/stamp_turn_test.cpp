@@ -11,6 +11,7 @@
 #include "receive/adapters/interface_binding.h"
 #include "receive/tables/time_line.h"
 #include "run/adapter_kind.h"
+#include "tests/tools/log/moments.h"
 
 namespace tolvane::logtool {
 namespace {
@@ -43,12 +44,6 @@ std::vector<double> LoggedByABoard(const std::vector<double>& moments, double or
     times.push_back(line.Message_Time);
   }
   return times;
-}
-
-std::vector<double> MomentsEvery(double cycle, double end) {
-  std::vector<double> moments;
-  for (double moment = 0.0; moment < end; moment += cycle) moments.push_back(moment);
-  return moments;
 }
 
 StampTurn TurnOf(const std::vector<double>& times) {

@@ -11,6 +11,10 @@ namespace {
 /// Part that pauses have at least in the time of a silence, where they are one that others part.
 constexpr double kMost = 0.9;
 
+bool BeginTogether(const Pause& one, const Pause& other) {
+  return one.begin.To(other.begin) == 0.0;
+}
+
 }  // namespace
 
 bool UndecidedPauses::Undecided::Lasts(const Moment& moment, double another) const {
@@ -33,9 +37,8 @@ std::vector<Pause> UndecidedPauses::Between(std::size_t first, std::size_t end) 
 std::vector<Pause> UndecidedPauses::PartsBetween(std::size_t first, std::size_t end) const {
   std::vector<Pause> pauses = Between(first, end);
   std::erase_if(pauses, [&](const Pause& pause) {
-    return std::ranges::none_of(undecided_[first].parts, [&](const Pause& part) {
-      return part.begin.To(pause.begin) == 0.0;
-    });
+    return std::ranges::none_of(undecided_[first].parts,
+                                [&](const Pause& part) { return BeginTogether(part, pause); });
   });
   return pauses;
 }
@@ -90,7 +93,7 @@ void UndecidedPauses::AreNoSilence(const std::vector<Pause>& pauses) {
   for (Undecided& begun : undecided_) {
     begun.TakeOut([&](const Pause& part) {
       return std::ranges::any_of(
-          pauses, [&](const Pause& pause) { return pause.begin.To(part.begin) == 0.0; });
+          pauses, [&](const Pause& pause) { return BeginTogether(part, pause); });
     });
   }
 }
