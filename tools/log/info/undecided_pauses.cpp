@@ -92,8 +92,8 @@ void UndecidedPauses::Drop(std::size_t first, std::size_t end) {
 void UndecidedPauses::AreNoSilence(const std::vector<Pause>& pauses) {
   for (Undecided& begun : undecided_) {
     begun.TakeOut([&](const Pause& part) {
-      return std::ranges::any_of(
-          pauses, [&](const Pause& pause) { return BeginTogether(part, pause); });
+      return std::ranges::any_of(pauses,
+                                 [&](const Pause& pause) { return BeginTogether(part, pause); });
     });
   }
 }
